@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: MIT
+#include "shell/files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace fennel {
+
+namespace {
+
+FailureKind kindOf(int error)
+{
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+        return FailureKind::NotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return FailureKind::NoPermission;
+    case ENOSPC:
+    case EDQUOT:
+        return FailureKind::NoSpace;
+    default:
+        return FailureKind::Io;
+    }
+}
+
+Failure systemFailure(const char* verb, const QString& path, int error)
+{
+    return {kindOf(error), "Cannot " + std::string(verb) + " " + path.toStdString() + ": " +
+                               std::strerror(error) + "."};
+}
+
+// A file descriptor that closes itself.
+class Descriptor {
+public:
+    Descriptor(const QString& path, int flags, mode_t mode = 0666)
+        : m_fd(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, mode))
+    {
+    }
+    ~Descriptor()
+    {
+        if (m_fd >= 0)
+            ::close(m_fd);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    [[nodiscard]] int fd() const { return m_fd; }
+
+private:
+    int m_fd;
+};
+
+Result<void> writeAll(const QString& path, int flags, const QByteArray& bytes, bool sync)
+{
+    const Descriptor file(path, flags);
+    if (file.fd() < 0)
+        return systemFailure("write", path, errno);
+    qsizetype done = 0;
+    while (done < bytes.size()) {
+        const ssize_t n =
+            ::write(file.fd(), bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
+        if (n < 0 && errno != EINTR)
+            return systemFailure("write", path, errno);
+        if (n > 0)
+            done += n;
+    }
+    if (sync && ::fsync(file.fd()) != 0)
+        return systemFailure("write", path, errno);
+    return {};
+}
+
+void syncFolder(const QString& folder)
+{
+    const Descriptor file(folder, O_RDONLY | O_DIRECTORY);
+    if (file.fd() >= 0)
+        ::fsync(file.fd());
+}
+
+// What a chain of links ends in; the path itself if it is no link.
+QString linkTarget(const QString& path)
+{
+    std::error_code error;
+    const auto real = std::filesystem::weakly_canonical(path.toStdString(), error);
+    return error ? path : QString::fromStdString(real.string());
+}
+
+} // namespace
+
+Result<void> DiskFiles::write(const QString& path, const QByteArray& bytes)
+{
+    return writeAll(path, O_WRONLY | O_CREAT | O_TRUNC, bytes, false);
+}
+
+Result<void> DiskFiles::append(const QString& path, const QByteArray& bytes)
+{
+    return writeAll(path, O_WRONLY | O_CREAT | O_APPEND, bytes, false);
+}
+
+Result<void> DiskFiles::overwriteStart(const QString& path, const QByteArray& bytes)
+{
+    return writeAll(path, O_WRONLY | O_CREAT, bytes, false);
+}
+
+Result<void> DiskFiles::copy(const QString& source, const QString& target)
+{
+    const Result<QByteArray> bytes = readBytes(source);
+    return bytes ? write(target, *bytes) : Result<void>(bytes.failure());
+}
+
+Result<void> DiskFiles::rename(const QString& source, const QString& target)
+{
+    const QByteArray from = QFile::encodeName(source);
+    const QByteArray to = QFile::encodeName(target);
+    if (::rename(from.constData(), to.constData()) == 0)
+        return {};
+    if (errno != EXDEV)
+        return systemFailure("rename", source, errno);
+    if (Result<void> moved = replaceWhole(source, target); !moved)
+        return moved;
+    return remove(source);
+}
+
+Result<void> DiskFiles::remove(const QString& path)
+{
+    if (::unlink(QFile::encodeName(path).constData()) == 0 || errno == ENOENT)
+        return {};
+    return systemFailure("delete", path, errno);
+}
+
+Result<void> DiskFiles::removeFolder(const QString& path)
+{
+    std::error_code error;
+    std::filesystem::remove_all(QFile::encodeName(path).toStdString(), error);
+    if (error)
+        return systemFailure("delete", path, error.value());
+    return {};
+}
+
+Result<void> DiskFiles::makeFolder(const QString& path)
+{
+    std::error_code error;
+    const QString bare = path.endsWith(QLatin1Char('/')) && path.size() > 1 ? path.chopped(1) : path;
+    std::filesystem::create_directories(QFile::encodeName(bare).toStdString(), error);
+    if (!error && FolderExists(path))
+        return {};
+    return systemFailure("make the folder", path, error ? error.value() : ENOTDIR);
+}
+
+Result<void> DiskFiles::copyFolder(const QString& source, const QString& target)
+{
+    if (Result<void> made = makeFolder(target); !made)
+        return made;
+    const QStringList names = QDir(source).entryList(QDir::Files | QDir::Hidden);
+    for (const QString& name : names) {
+        if (Result<void> copied = copy(withSeparator(source) + name, withSeparator(target) + name);
+            !copied)
+            return copied;
+    }
+    return {};
+}
+
+Result<void> DiskFiles::replaceWhole(const QString& source, const QString& target)
+{
+    const Result<QByteArray> bytes = readBytes(source);
+    if (!bytes)
+        return bytes.failure();
+    const QString real = linkTarget(target);
+    if (FolderExists(real))
+        return systemFailure("write", target, EISDIR);
+    const QString beside = folderPart(real) + QStringLiteral(".") + namePart(real) +
+                           QStringLiteral(".%1.new").arg(::getpid());
+    struct stat old = {};
+    const bool existed = ::stat(QFile::encodeName(real).constData(), &old) == 0;
+    if (existed && ::access(QFile::encodeName(real).constData(), W_OK) != 0)
+        return systemFailure("write", target, errno);
+    Result<void> done = writeAll(beside, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, *bytes, true);
+    if (done && existed && ::chmod(QFile::encodeName(beside).constData(), old.st_mode & 07777) != 0)
+        done = systemFailure("set the permissions of", beside, errno);
+    if (done && existed &&
+        ::chown(QFile::encodeName(beside).constData(), old.st_uid, old.st_gid) != 0 &&
+        errno != EPERM)
+        done = systemFailure("set the owner of", beside, errno);
+    if (done &&
+        ::rename(QFile::encodeName(beside).constData(), QFile::encodeName(real).constData()) != 0)
+        done = systemFailure("replace", target, errno);
+    if (!done) {
+        ::unlink(QFile::encodeName(beside).constData());
+        return done;
+    }
+    syncFolder(folderPart(real));
+    return {};
+}
+
+bool FileExists(const QString& path)
+{
+    return QFileInfo(path).isFile();
+}
+
+bool FolderExists(const QString& path)
+{
+    return QFileInfo(path).isDir();
+}
+
+qint64 fileSize(const QString& path)
+{
+    return QFileInfo(path).size();
+}
+
+Result<QByteArray> readBytes(const QString& path, qint64 limit)
+{
+    QFile file(path);
+    errno = 0;
+    if (!file.open(QIODevice::ReadOnly))
+        return systemFailure("read", path, errno != 0 ? errno : EISDIR);
+    const QByteArray bytes = file.read(limit + 1);
+    if (file.error() != QFileDevice::NoError)
+        return systemFailure("read", path, errno != 0 ? errno : EIO);
+    if (bytes.size() > limit)
+        return Failure{FailureKind::TooLarge, path.toStdString() + " is larger than " +
+                                                  std::to_string(limit) + " bytes."};
+    return bytes;
+}
+
+QString shortForm(const QString& path)
+{
+    const QFileInfo info(path);
+    const QString canonical = info.canonicalFilePath();
+    return canonical.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : canonical;
+}
+
+QString withSeparator(const QString& path)
+{
+    return path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
+}
+
+QString folderPart(const QString& path)
+{
+    return path.left(path.lastIndexOf(QLatin1Char('/')) + 1);
+}
+
+QString namePart(const QString& path)
+{
+    return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+}
+
+bool fitsPattern(const QString& name, const QString& pattern)
+{
+    const QString expression =
+        QRegularExpression::escape(pattern)
+            .replace(QLatin1String("\\?"), QLatin1String("."))
+            .replace(QLatin1String("\\*"), QLatin1String(".*"));
+    const QRegularExpression regex(QRegularExpression::anchoredPattern(expression),
+                                   QRegularExpression::CaseInsensitiveOption |
+                                       QRegularExpression::DotMatchesEverythingOption);
+    return regex.match(name).hasMatch();
+}
+
+QStringList filesLike(const QString& folder, const QString& pattern)
+{
+    QStringList found;
+    const QStringList names =
+        QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name | QDir::IgnoreCase);
+    for (const QString& name : names) {
+        if (fitsPattern(name, pattern))
+            found.append(name);
+    }
+    return found;
+}
+
+QStringList numberedFiles(const QString& folder, const QString& pattern)
+{
+    const QStringList fitting = filesLike(folder, pattern);
+    const qsizetype place = pattern.indexOf(QLatin1String("??"));
+    if (place < 0)
+        return fitting;
+    QStringList found;
+    for (int number = 0; number < 100; ++number) {
+        const QString digits = QString::number(100 + number).right(2);
+        for (const QString& name : fitting) {
+            if (QStringView(name).mid(place, 2) == digits)
+                found.append(name);
+        }
+    }
+    return found;
+}
+
+} // namespace fennel

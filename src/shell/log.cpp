@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "shell/log.h"
+
+#include <QFile>
+
+#include <cerrno>
+
+namespace fennel {
+
+void Log::start(const QString& path)
+{
+    m_path = path;
+    m_on = true;
+    QFile::remove(path);
+}
+
+void Log::setPendingError(int number, const QString& source, const QString& description)
+{
+    m_number = number;
+    m_source = source;
+    m_description = description;
+}
+
+QString Log::WriteLog(const QString& text)
+{
+    const int systemError = errno;
+    if (!m_on)
+        return text;
+    QString line = text;
+    if (text.compare(QLatin1String("ERR"), Qt::CaseInsensitive) == 0) {
+        const int lastError = m_number == 0 ? 0 : systemError;
+        line = QStringLiteral("   ERROR %1 :%2 : %3 : %4")
+                   .arg(QString::number(m_number), m_source, m_description,
+                        QString::number(lastError));
+        setPendingError(0, {}, {});
+    }
+    QFile file(m_path);
+    if (file.open(QIODevice::Append))
+        file.write(line.toUtf8() + "\r\n");
+    return text;
+}
+
+} // namespace fennel

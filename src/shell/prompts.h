@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// Every question and message to the user goes through this interface. The window's own shows Qt's
+// dialogs; tests answer from a queue.
+#pragma once
+
+#include <QColor>
+#include <QString>
+
+#include <optional>
+
+namespace fennel {
+
+// Kinds of message, by the numbers that the rest of the program uses for them.
+enum class MessageType { Ok = 0, OkCancel = 1, YesNoCancel = 3, YesNo = 4, Stop = 16 };
+enum class Answer { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+
+struct FileQuestion {
+    QString folder; // where the dialog starts; empty means the home folder
+    QString title;
+    QString filter;       // pairs "caption|patterns|", patterns separated by ";"
+    QString proposedName; // for saving only
+    bool picture = false; // show a preview of the chosen picture
+};
+
+class Prompts {
+public:
+    virtual ~Prompts() = default;
+    // Shows the text until a button is pressed; closing the box is Cancel, No or Ok, whichever the
+    // type has.
+    virtual Answer ShowMessage(const QString& text, MessageType type, const QString& title) = 0;
+    // Both return the chosen path, or an empty string for a cancelled dialog.
+    virtual QString openFile(const FileQuestion& question) = 0;
+    virtual QString saveFile(const FileQuestion& question) = 0;
+    virtual QString ChooseFolder(const QString& title) = 0;
+    // The typed text, or nothing if cancelled.
+    virtual std::optional<QString> input(const QString& prompt, const QString& title,
+                                         const QString& initial) = 0;
+    virtual std::optional<QColor> colour(const QColor& initial) = 0;
+
+    Answer ShowMessage(const QString& text) { return ShowMessage(text, MessageType::Ok, {}); }
+};
+
+} // namespace fennel

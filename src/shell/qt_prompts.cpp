@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+#include "shell/qt_prompts.h"
+
+#include "shell/files.h"
+#include "shell/run_state.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDir>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace fennel {
+
+namespace {
+
+QMessageBox::StandardButtons buttonsOf(MessageType type)
+{
+    switch (type) {
+    case MessageType::OkCancel:
+        return QMessageBox::Ok | QMessageBox::Cancel;
+    case MessageType::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case MessageType::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    default:
+        return QMessageBox::Ok;
+    }
+}
+
+QMessageBox::Icon iconOf(MessageType type)
+{
+    switch (type) {
+    case MessageType::Stop:
+        return QMessageBox::Critical;
+    case MessageType::Ok:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::Question;
+    }
+}
+
+QString startFolder(const FileQuestion& question)
+{
+    return FolderExists(question.folder) ? question.folder : QDir::homePath();
+}
+
+} // namespace
+
+QString qtFilter(const QString& filter)
+{
+    const QStringList parts = filter.split(QLatin1Char('|'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString caption = parts[i];
+        caption = caption.left(caption.indexOf(QLatin1Char('('))).trimmed();
+        QStringList patterns;
+        for (QString pattern : parts[i + 1].split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+            if (pattern == QLatin1String("*.*"))
+                pattern = QStringLiteral("*");
+            patterns.append(pattern);
+            if (pattern != pattern.toUpper())
+                patterns.append(pattern.toUpper());
+        }
+        filters.append(caption + QStringLiteral(" (") + patterns.join(QLatin1Char(' ')) +
+                       QLatin1Char(')'));
+    }
+    return filters.join(QStringLiteral(";;"));
+}
+
+QWidget* QtPrompts::parent() const
+{
+    QWidget* active = QApplication::activeModalWidget();
+    return active != nullptr ? active : m_parent;
+}
+
+Answer QtPrompts::ShowMessage(const QString& text, MessageType type, const QString& title)
+{
+    QMessageBox box(iconOf(type), title.isEmpty() ? programTitle() : title, text, buttonsOf(type),
+                    parent());
+    box.setTextFormat(Qt::PlainText);
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    case QMessageBox::Cancel:
+        return Answer::Cancel;
+    default:
+        return Answer::Ok;
+    }
+}
+
+QString QtPrompts::openFile(const FileQuestion& question)
+{
+    return QFileDialog::getOpenFileName(parent(), question.title, startFolder(question),
+                                        qtFilter(question.filter));
+}
+
+QString QtPrompts::saveFile(const FileQuestion& question)
+{
+    return QFileDialog::getSaveFileName(parent(), question.title,
+                                        QDir(startFolder(question)).filePath(question.proposedName),
+                                        qtFilter(question.filter));
+}
+
+QString QtPrompts::ChooseFolder(const QString& title)
+{
+    return QFileDialog::getExistingDirectory(
+        parent(), title.isEmpty() ? QStringLiteral("Choose folder...") : title, QDir::homePath());
+}
+
+std::optional<QString> QtPrompts::input(const QString& prompt, const QString& title,
+                                        const QString& initial)
+{
+    bool accepted = false;
+    const QString text = QInputDialog::getText(parent(), title.isEmpty() ? programTitle() : title,
+                                               prompt, QLineEdit::Normal, initial, &accepted);
+    return accepted ? std::optional(text) : std::nullopt;
+}
+
+std::optional<QColor> QtPrompts::colour(const QColor& initial)
+{
+    const QColor chosen = QColorDialog::getColor(initial, parent());
+    return chosen.isValid() ? std::optional(chosen) : std::nullopt;
+}
+
+} // namespace fennel

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// What one run of the program knows of itself and of the gfxboot that is open. Paths are absolute
+// and canonical; folders end in "/" where the comment says so.
+#pragma once
+
+#include <QString>
+
+namespace fennel {
+
+inline constexpr int noFlash = 32; // CurrentFlashChar while no drive is chosen: a blank
+
+// The name that marks a gfxboot made from the template and never saved.
+inline const QString unsavedGfxName = QStringLiteral("@ZUK-MOSA@.gz");
+
+struct RunState {
+    QString AppPath;   // folder of the executable, no separator at the end
+    QString ToolsPath; // AppPath + "/Tools/"
+    QString LogsPath;  // AppPath + "/LOGs/"; made at start, nothing writes into it
+    QString ToolNConvert;
+    QString ToolCpio;
+    QString ToolQemu;
+    QString Tool7Zip;
+    QString ToolListUsb;
+    QString ToolMkFont;
+    bool LoggingOn = false;
+    QString CurrentLang; // four digits, such as "0409"
+
+    QString WorkspaceRoot; // ends in "/"; everything in it is removed at exit
+    QString Workspace;     // ends in "/"; the extracted members of the open gfxboot
+    QString GfxPath;       // the open message file
+    QString GfxFolderName; // names the Workspace folder
+    QString GfxFileName;   // as shown in the title and the status line
+    bool GfxOpened = false;
+    bool GfxHasCfg = false; // Workspace holds gfxboot.cfg
+    bool GfxHasZuk = false; // Workspace holds ZUK0000.CFG
+    bool GfxIsGz = false;   // opened from gzip, and written so
+    int gfxboot_var = 1;    // generation 1, 2 or 3
+    int ObjectCount = 1;    // boot-screen objects: 1 with nothing open, 4 or 40
+    QString BackFile;       // the background now shown
+    int BackWidth = 0;      // pixels of back.jpg
+    int BackHeight = 0;
+    double PreviewScale = 1.0; // displayed pixels per boot-screen pixel
+
+    int CurrentFlashChar = noFlash; // letter of the chosen drive
+    int CurrentFlashDisk = -1;      // its physical disk number; -1 unknown, 0 never booted
+    bool InterfaceReady = true;     // false while the code itself changes controls
+};
+
+// The version shown to people, as "major.minor.revision" with the revision padded to two digits.
+QString versionText();
+// "FENNEL-GFX": the title of the window and the name of the settings store.
+QString programTitle();
+
+} // namespace fennel

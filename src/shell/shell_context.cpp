@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#include "shell/shell_context.h"
+
+namespace fennel {
+
+bool Shell::toolThere(const QString& tool) const
+{
+    if (FileExists(tool))
+        return true;
+    prompts.ShowMessage(tool + QStringLiteral(" not found!"));
+    return false;
+}
+
+bool Shell::told(const Result<void>& result) const
+{
+    if (result)
+        return true;
+    prompts.ShowMessage(QString::fromStdString(result.failure().text), MessageType::Stop,
+                        QStringLiteral("ERROR"));
+    return false;
+}
+
+} // namespace fennel

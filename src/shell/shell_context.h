@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// What nearly every procedure of the program uses, in one bundle that is passed as an argument. The
+// referenced objects outlive it; main or a test owns them.
+#pragma once
+
+#include "shell/files.h"
+#include "shell/log.h"
+#include "shell/prompts.h"
+#include "shell/run_state.h"
+#include "shell/tool_runner.h"
+
+namespace fennel {
+
+struct Shell {
+    RunState& run;
+    Log& log;
+    Files& files;
+    Prompts& prompts;
+    ToolRunner& tools;
+
+    QString WriteLog(const QString& text) const { return log.WriteLog(text); }
+    // True if the tool is there; otherwise the user is shown its path and " not found!".
+    [[nodiscard]] bool toolThere(const QString& tool) const;
+    // Shows a failure's sentence; true if there was none.
+    bool told(const Result<void>& result) const;
+};
+
+} // namespace fennel

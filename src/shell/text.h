@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// Text as it stands in files, and numbers as people type them.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringView>
+
+namespace fennel {
+
+struct TextFile {
+    QString text;
+    bool TextIsUtf8 = false; // the file began with the mark EF BB BF
+};
+
+// UTF-8 if the bytes begin with its mark (which is dropped), otherwise code page 1251. Every byte
+// string decodes: bytes that UTF-8 does not allow become U+FFFD, and 0x98, which code page 1251
+// leaves open, becomes U+0098.
+TextFile decodeText(const QByteArray& bytes);
+// The way back. Characters that code page 1251 lacks become "?".
+QByteArray encodeText(const QString& text, bool utf8);
+
+QString fromCp1251(const QByteArray& bytes);
+QByteArray toCp1251(const QString& text);
+
+// Reads a file as decodeText does; a file that cannot be read gives an empty text.
+TextFile FileReadAll(const QString& path);
+
+// The decimal number at the start of a text, as in "14 px" = 14 and "12abc" = 12. Blanks, tabs and
+// line ends are skipped wherever they stand ("12 13" = 1213). Without a number the result is 0.
+double leadingNumber(QStringView text);
+
+// leadingNumber() cut to a whole number, or, if the text begins with "0x" in either case, the
+// hexadecimal number behind it up to the first character that is no digit, its last six digits.
+// The same text gives the same number everywhere: level files, lists, gfxboot.cfg, menus. Decimal
+// numbers are kept within +-2147483647.
+qint64 numberFromText(QStringView text);
+
+// To the nearest integer, ties to even: 0.5 -> 0, 1.5 -> 2, 2.5 -> 2.
+int roundToEven(double value);
+
+// "0x" and six upper-case digits, the last six of a longer number.
+QString hexText(qint64 value);
+
+} // namespace fennel

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "support/test_shell.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QFileInfo>
+
+using namespace fennel;
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+TEST(Files, ReplacesThroughALinkAndKeepsPermissions)
+{
+    TestShell t;
+    const QString target = t.file(u"real"_s, "old");
+    ASSERT_TRUE(QFile::setPermissions(target, QFileDevice::ReadOwner | QFileDevice::WriteOwner));
+    const QString link = t.path(u"link"_s);
+    ASSERT_TRUE(QFile::link(target, link));
+    const QString source = t.file(u"new file"_s, "new");
+
+    EXPECT_TRUE(t.files.replaceWhole(source, link).ok());
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_EQ(bytesOf(target), "new");
+    EXPECT_EQ(QFile::permissions(target) & QFileDevice::ReadOther, 0);
+}
+
+TEST(Files, TellsWhyAReplacementFailed)
+{
+    TestShell t;
+    const QString source = t.file(u"new"_s, "new");
+    ASSERT_TRUE(t.files.makeFolder(t.path(u"folder"_s)).ok());
+    const Result<void> onFolder = t.files.replaceWhole(source, t.path(u"folder"_s));
+    ASSERT_FALSE(onFolder.ok());
+    EXPECT_NE(onFolder.failure().text.find("folder"), std::string::npos);
+    const Result<void> nowhere = t.files.replaceWhole(source, t.path(u"gone/x"_s));
+    ASSERT_FALSE(nowhere.ok());
+    EXPECT_EQ(nowhere.failure().kind, FailureKind::NotFound);
+}
+
+TEST(Files, NumberedPatternsComeInNumericOrderAndIgnoreCase)
+{
+    TestShell t;
+    for (const auto& name : {u"back_10.jpg"_s, u"BACK_02.JPG"_s, u"back_aa.jpg"_s, u"back.jpg"_s})
+        t.member(name, "x");
+    EXPECT_EQ(numberedFiles(t.run.Workspace, u"back_??.jpg"_s),
+              (QStringList{u"BACK_02.JPG"_s, u"back_10.jpg"_s}));
+    EXPECT_TRUE(fitsPattern(u"a(1).x"_s, u"a(?).*"_s));
+    EXPECT_FALSE(fitsPattern(u"ab"_s, u"a"_s));
+}

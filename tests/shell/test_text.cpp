@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "shell/text.h"
+
+#include <gtest/gtest.h>
+
+using namespace fennel;
+using namespace Qt::StringLiterals;
+
+TEST(Number, ReadsTheSameTextTheSameWayEverywhere)
+{
+    const std::pair<const char*, qint64> cases[] = {
+        {"12abc", 12},       {"abc", 0},         {"", 0},
+        {" 12 13", 1213},    {"-5", -5},         {"14 px", 14},
+        {"0xff00", 0xff00},  {"0XFF", 255},      {" 0x1234567", 0x234567},
+        {"0xff # red", 255}, {"0x", 0},          {"14.5", 14},
+        {"1.2.3", 1},        {"--5", 0},         {"99999999999999", 2147483647},
+        {"- 7", -7},         {"0xFFGG00", 0xff}, {"+8", 8},
+    };
+    for (const auto& [text, number] : cases)
+        EXPECT_EQ(numberFromText(QString::fromLatin1(text)), number) << text;
+    EXPECT_EQ(numberFromText(QString(1'000'000, QLatin1Char('9'))), 0);
+    EXPECT_EQ(hexText(0xff00), u"0x00FF00"_s);
+    EXPECT_EQ(hexText(0x1234567), u"0x234567"_s);
+    EXPECT_EQ(roundToEven(0.5), 0);
+    EXPECT_EQ(roundToEven(1.5), 2);
+    EXPECT_EQ(roundToEven(-2.5), -2);
+}
+
+TEST(Text, KeepsEveryByteOfCodePage1251)
+{
+    QByteArray all;
+    for (int i = 1; i < 256; ++i)
+        all.append(static_cast<char>(i));
+    EXPECT_EQ(toCp1251(fromCp1251(all)), all);
+    EXPECT_EQ(fromCp1251("\xCF\xCB\xC0\xCD"), u"ПЛАН"_s);
+    EXPECT_EQ(toCp1251(u"\u4e00"_s), "?");
+}
+
+TEST(Text, TellsTheMarkFromTheText)
+{
+    const TextFile marked = decodeText("\xEF\xBB\xBF\xD0\x9F");
+    EXPECT_TRUE(marked.TextIsUtf8);
+    EXPECT_EQ(marked.text, u"П"_s);
+    EXPECT_EQ(encodeText(marked.text, true), "\xEF\xBB\xBF\xD0\x9F");
+    EXPECT_FALSE(decodeText("\xEF\xBB").TextIsUtf8);
+}

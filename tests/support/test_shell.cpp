@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "support/test_shell.h"
+
+#include <gtest/gtest.h>
+
+namespace fennel::test {
+
+namespace {
+Failure fullDisk(const QString& path)
+{
+    return {FailureKind::NoSpace, "Cannot write " + path.toStdString() + ": No space left."};
+}
+} // namespace
+
+Result<void> FaultyFiles::write(const QString& path, const QByteArray& bytes)
+{
+    if (!fails())
+        return DiskFiles::write(path, bytes);
+    // A full disk takes a part of the bytes.
+    (void)DiskFiles::write(path, bytes.left(bytes.size() / 2));
+    return fullDisk(path);
+}
+
+Result<void> FaultyFiles::append(const QString& path, const QByteArray& bytes)
+{
+    return fails() ? fullDisk(path) : DiskFiles::append(path, bytes);
+}
+
+Result<void> FaultyFiles::overwriteStart(const QString& path, const QByteArray& bytes)
+{
+    return fails() ? fullDisk(path) : DiskFiles::overwriteStart(path, bytes);
+}
+
+Result<void> FaultyFiles::copy(const QString& source, const QString& target)
+{
+    // The write inside counts as the step.
+    return DiskFiles::copy(source, target);
+}
+
+Result<void> FaultyFiles::rename(const QString& source, const QString& target)
+{
+    return fails() ? fullDisk(target) : DiskFiles::rename(source, target);
+}
+
+Result<void> FaultyFiles::remove(const QString& path)
+{
+    return fails() ? fullDisk(path) : DiskFiles::remove(path);
+}
+
+Result<void> FaultyFiles::removeFolder(const QString& path)
+{
+    return fails() ? fullDisk(path) : DiskFiles::removeFolder(path);
+}
+
+Result<void> FaultyFiles::makeFolder(const QString& path)
+{
+    return fails() ? fullDisk(path) : DiskFiles::makeFolder(path);
+}
+
+Result<void> FaultyFiles::copyFolder(const QString& source, const QString& target)
+{
+    return DiskFiles::copyFolder(source, target);
+}
+
+Result<void> FaultyFiles::replaceWhole(const QString& source, const QString& target)
+{
+    return fails() ? fullDisk(target) : DiskFiles::replaceWhole(source, target);
+}
+
+TestShell::TestShell()
+{
+    const QString folder = QStringLiteral(FENNEL_BIN_DIR "/Tools/");
+    run.AppPath = m_folder.path();
+    run.ToolsPath = folder;
+    run.ToolNConvert = folder + QStringLiteral("nconvert/nconvert_bridge");
+    run.ToolCpio = folder + QStringLiteral("CPIO/cpio_bridge");
+    run.Tool7Zip = folder + QStringLiteral("7-Zip/7zip_bridge");
+    run.ToolQemu = folder + QStringLiteral("QEMU/QEMU_bridge");
+    run.ToolListUsb = folder + QStringLiteral("ListUsb/ListUsbDrives");
+    run.ToolMkFont = folder + QStringLiteral("MakeFont/mkfnt_bridge");
+    run.WorkspaceRoot = m_folder.filePath(QStringLiteral("root/"));
+    run.GfxFolderName = QStringLiteral("message");
+    run.Workspace = run.WorkspaceRoot + QStringLiteral("message/");
+    EXPECT_TRUE(DiskFiles().makeFolder(run.Workspace).ok());
+}
+
+QString TestShell::file(const QString& name, const QByteArray& bytes)
+{
+    const QString where = path(name);
+    EXPECT_TRUE(DiskFiles().write(where, bytes).ok());
+    return where;
+}
+
+QString TestShell::member(const QString& name, const QByteArray& bytes)
+{
+    const QString where = run.Workspace + name;
+    EXPECT_TRUE(DiskFiles().write(where, bytes).ok());
+    return where;
+}
+
+QByteArray bytesOf(const QString& path)
+{
+    const Result<QByteArray> bytes = readBytes(path);
+    EXPECT_TRUE(bytes.ok()) << path.toStdString();
+    return bytes ? *bytes : QByteArray();
+}
+
+} // namespace fennel::test
