@@ -15,6 +15,8 @@
 
 namespace fennel {
 
+namespace fs = std::filesystem;
+
 namespace {
 
 FailureKind kindOf(int error)
@@ -87,6 +89,29 @@ void syncFolder(const QString& folder)
         ::fsync(file.fd());
 }
 
+// Makes the folder `target` and runs `step` (which returns an errno) on each plain file of `source`
+// and its place in `target`.
+template <class Step>
+Result<void> forEachFile(const QString& source, const QString& target, Step step)
+{
+    std::error_code error;
+    const fs::path to = QFile::encodeName(target).toStdString();
+    fs::create_directories(to, error);
+    fs::directory_iterator files(QFile::encodeName(source).toStdString(), error);
+    if (error)
+        return systemFailure("read", source, error.value());
+    for (const fs::directory_entry& file : files) {
+        if (!file.is_regular_file(error))
+            continue;
+        const int failed = step(file.path(), to / file.path().filename());
+        if (failed != 0)
+            return systemFailure(
+                "write", withSeparator(target) + QFile::decodeName(file.path().filename().c_str()),
+                failed);
+    }
+    return {};
+}
+
 // What a chain of links ends in; the path itself if it is no link.
 QString linkTarget(const QString& path)
 {
@@ -150,24 +175,28 @@ Result<void> DiskFiles::removeFolder(const QString& path)
 Result<void> DiskFiles::makeFolder(const QString& path)
 {
     std::error_code error;
-    const QString bare = path.endsWith(QLatin1Char('/')) && path.size() > 1 ? path.chopped(1) : path;
+    const QString bare =
+        path.endsWith(QLatin1Char('/')) && path.size() > 1 ? path.chopped(1) : path;
     std::filesystem::create_directories(QFile::encodeName(bare).toStdString(), error);
     if (!error && FolderExists(path))
         return {};
     return systemFailure("make the folder", path, error ? error.value() : ENOTDIR);
 }
 
+Result<void> DiskFiles::moveFiles(const QString& source, const QString& target)
+{
+    return forEachFile(source, target, [](const fs::path& from, const fs::path& to) {
+        return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+    });
+}
+
 Result<void> DiskFiles::copyFolder(const QString& source, const QString& target)
 {
-    if (Result<void> made = makeFolder(target); !made)
-        return made;
-    const QStringList names = QDir(source).entryList(QDir::Files | QDir::Hidden);
-    for (const QString& name : names) {
-        if (Result<void> copied = copy(withSeparator(source) + name, withSeparator(target) + name);
-            !copied)
-            return copied;
-    }
-    return {};
+    return forEachFile(source, target, [](const fs::path& from, const fs::path& to) {
+        std::error_code error;
+        fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
+        return error.value();
+    });
 }
 
 Result<void> DiskFiles::replaceWhole(const QString& source, const QString& target)
@@ -227,8 +256,8 @@ Result<QByteArray> readBytes(const QString& path, qint64 limit)
     if (file.error() != QFileDevice::NoError)
         return systemFailure("read", path, errno != 0 ? errno : EIO);
     if (bytes.size() > limit)
-        return Failure{FailureKind::TooLarge, path.toStdString() + " is larger than " +
-                                                  std::to_string(limit) + " bytes."};
+        return Failure{FailureKind::TooLarge,
+                       path.toStdString() + " is larger than " + std::to_string(limit) + " bytes."};
     return bytes;
 }
 
@@ -256,10 +285,9 @@ QString namePart(const QString& path)
 
 bool fitsPattern(const QString& name, const QString& pattern)
 {
-    const QString expression =
-        QRegularExpression::escape(pattern)
-            .replace(QLatin1String("\\?"), QLatin1String("."))
-            .replace(QLatin1String("\\*"), QLatin1String(".*"));
+    const QString expression = QRegularExpression::escape(pattern)
+                                   .replace(QLatin1String("\\?"), QLatin1String("."))
+                                   .replace(QLatin1String("\\*"), QLatin1String(".*"));
     const QRegularExpression regex(QRegularExpression::anchoredPattern(expression),
                                    QRegularExpression::CaseInsensitiveOption |
                                        QRegularExpression::DotMatchesEverythingOption);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Everything that the program changes in the file system goes through Files, so that a test can make
-// any single step fail. Reading needs no such layer and stands here as plain functions.
+// Everything that the program changes in the file system goes through Files, so that a test can
+// make any single step fail. Reading needs no such layer and stands here as plain functions.
 #pragma once
 
 #include "shell/result.h"
@@ -31,7 +31,9 @@ public:
     virtual Result<void> removeFolder(const QString& path) = 0;
     // Makes the folder and its parents. An existing folder is no failure.
     virtual Result<void> makeFolder(const QString& path) = 0;
-    // Copies the plain files of a folder (members live flat, without sub-folders).
+    // Copies, or moves, the plain files of a folder (members live flat, without sub-folders), over
+    // files of the same name. Names are taken as bytes, whatever their encoding.
+    virtual Result<void> moveFiles(const QString& source, const QString& target) = 0;
     virtual Result<void> copyFolder(const QString& source, const QString& target) = 0;
     // Puts the file `source` at `target` so that at every moment the target is the whole old or the
     // whole new file: a copy beside the target is written, synced, given the old file's permissions
@@ -49,6 +51,7 @@ public:
     Result<void> remove(const QString& path) override;
     Result<void> removeFolder(const QString& path) override;
     Result<void> makeFolder(const QString& path) override;
+    Result<void> moveFiles(const QString& source, const QString& target) override;
     Result<void> copyFolder(const QString& source, const QString& target) override;
     Result<void> replaceWhole(const QString& source, const QString& target) override;
 };

@@ -27,7 +27,8 @@ private:
     QWidget* m_parent = nullptr;
 };
 
-// "JPG files|*.jpg;*.jpeg|All|*|" as the text that Qt's file dialog takes. Patterns fit in any case.
+// "JPG files|*.jpg;*.jpeg|All|*|" as the text that Qt's file dialog takes. Patterns fit in any
+// case.
 QString qtFilter(const QString& filter);
 
 } // namespace fennel

@@ -13,10 +13,10 @@ namespace fennel {
 class ToolRunner {
 public:
     virtual ~ToolRunner() = default;
-    // `commandLine`: the tool's path, its arguments, and last the suffix ",0". Nothing goes through a
-    // shell. The result says whether the tool could be started, ended by itself and was not killed by
-    // a signal; a tool that runs longer than the limit is ended. The failure's text holds the last
-    // lines of the tool's standard error. An exit code other than 0 is no failure.
+    // `commandLine`: the tool's path, its arguments, and last the suffix ",0". Nothing goes through
+    // a shell. The result says whether the tool could be started, ended by itself and was not
+    // killed by a signal; a tool that runs longer than the limit is ended. The failure's text holds
+    // the last lines of the tool's standard error. An exit code other than 0 is no failure.
     virtual Result<void> RunToolAndWait(const QStringList& commandLine) = 0;
     // The same with standard output and standard error written into a file.
     virtual Result<void> runIntoFile(const QStringList& commandLine, const QString& outputFile) = 0;

@@ -33,7 +33,8 @@ void ScriptedPrompts::expectFolder(const QString& path)
 
 void ScriptedPrompts::expectInput(std::optional<QString> text)
 {
-    m_queue.push_back({Expected::Input, text.value_or(QString()), Answer::Ok, text.has_value(), {}});
+    m_queue.push_back(
+        {Expected::Input, text.value_or(QString()), Answer::Ok, text.has_value(), {}});
 }
 
 void ScriptedPrompts::expectColour(std::optional<QColor> colour)

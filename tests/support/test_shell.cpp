@@ -59,7 +59,12 @@ Result<void> FaultyFiles::makeFolder(const QString& path)
 
 Result<void> FaultyFiles::copyFolder(const QString& source, const QString& target)
 {
-    return DiskFiles::copyFolder(source, target);
+    return fails() ? fullDisk(target) : DiskFiles::copyFolder(source, target);
+}
+
+Result<void> FaultyFiles::moveFiles(const QString& source, const QString& target)
+{
+    return fails() ? fullDisk(target) : DiskFiles::moveFiles(source, target);
 }
 
 Result<void> FaultyFiles::replaceWhole(const QString& source, const QString& target)

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#include "container/archive_tools.h"
+
+#include "container/member_list.h"
+#include "shell/text.h"
+
+namespace fennel {
+
+namespace {
+
+const QString suffix = QStringLiteral(",0");
+const QString sevenZipLog = QStringLiteral("#7zip.log");
+const QString testing = QStringLiteral("Testing     ");
+
+// The reason that a run left no file: what the runner found, else what the tool said.
+Failure reasonOf(const Shell& shell, const Result<void>& ran, const QString& missing)
+{
+    if (!ran)
+        return ran.failure();
+    const QString said = shell.tools.lastErrorOutput();
+    return {FailureKind::ToolFailed, (said.isEmpty() ? missing : said).toStdString()};
+}
+
+Failure toolMissing()
+{
+    return {FailureKind::ToolFailed, {}};
+}
+
+// The name behind the last "Testing     " of the report. Lines end at a line end or at a comma.
+QString testedName(const QString& report)
+{
+    QString name;
+    QString lines = report;
+    lines.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    lines.replace(QLatin1Char(','), QLatin1Char('\n'));
+    for (const QString& line : lines.split(QLatin1Char('\n'))) {
+        if (line.startsWith(testing))
+            name = line.mid(testing.size()).trimmed();
+    }
+    return name;
+}
+
+} // namespace
+
+Result<void> CpioInfoExtract(const Shell& shell, const QString& archive, const QString& folder)
+{
+    const QString& tool = shell.run.ToolCpio;
+    if (!shell.toolThere(tool))
+        return toolMissing();
+    const QString list = withSeparator(folder) + memberListName;
+    if (Result<void> removed = shell.files.remove(list); !removed)
+        return removed;
+    Result<void> ran = shell.tools.RunToolAndWait(
+        {tool, QStringLiteral("INFO"), archive, folder, memberListName, suffix});
+    if (!FileExists(list))
+        return reasonOf(shell, ran, archive + QStringLiteral(" is no cpio archive."));
+    ran = shell.tools.RunToolAndWait(
+        {tool, QStringLiteral("EXTR"), archive, folder, memberListName, suffix});
+    if (!ran || !shell.tools.lastErrorOutput().isEmpty())
+        return reasonOf(shell, ran, {});
+    return {};
+}
+
+Result<void> CpioAssemble(const Shell& shell, const QString& archive, const QString& folder)
+{
+    const QString& tool = shell.run.ToolCpio;
+    if (!shell.toolThere(tool))
+        return toolMissing();
+    if (Result<void> removed = shell.files.remove(archive); !removed)
+        return removed;
+    const Result<void> ran = shell.tools.RunToolAndWait(
+        {tool, QStringLiteral("ASSM"), archive, folder, memberListName, suffix});
+    if (!FileExists(archive))
+        return reasonOf(shell, ran, QStringLiteral("CPIO Error"));
+    return ran;
+}
+
+Result<QString> SevenZipExtract(const Shell& shell, const QString& file, const QString& folder)
+{
+    const QString& tool = shell.run.Tool7Zip;
+    if (!shell.toolThere(tool))
+        return QString();
+    const QString log = withSeparator(folder) + sevenZipLog;
+    if (Result<void> removed = shell.files.remove(log); !removed)
+        return removed.failure();
+    Result<void> ran = shell.tools.RunToolAndWait(
+        {tool, QStringLiteral("INFO"), file, folder, sevenZipLog, suffix});
+    QString name;
+    if (FileExists(log))
+        name = testedName(FileReadAll(log).text);
+    if (name.isEmpty())
+        return ran ? Result<QString>(QString()) : Result<QString>(ran.failure());
+    ran = shell.tools.RunToolAndWait(
+        {tool, QStringLiteral("EXTR"), file, folder, sevenZipLog, suffix});
+    if (!ran || !shell.tools.lastErrorOutput().isEmpty())
+        return reasonOf(shell, ran, {});
+    return name;
+}
+
+Result<QString> SevenZipPack(const Shell& shell, const QString& input, const QString& outputFolder,
+                             const QString& outputName)
+{
+    const QString& tool = shell.run.Tool7Zip;
+    if (!shell.toolThere(tool))
+        return toolMissing();
+    const QString standard = withSeparator(outputFolder) + QStringLiteral("#message.gz");
+    const QString output =
+        outputName.isEmpty() ? standard : withSeparator(outputFolder) + outputName;
+    if (Result<void> removed = shell.files.remove(output); !removed)
+        return removed.failure();
+    const Result<void> ran =
+        shell.tools.RunToolAndWait({tool, QStringLiteral("ASSM"), input, output, suffix});
+    if (!FileExists(output))
+        return reasonOf(shell, ran, QStringLiteral("7-Zip Error"));
+    return standard;
+}
+
+} // namespace fennel

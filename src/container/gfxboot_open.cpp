@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "container/gfxboot_open.h"
+
+#include "container/archive_tools.h"
+
+#include <QImageReader>
+#include <QTemporaryDir>
+
+#include <array>
+
+namespace fennel {
+
+namespace {
+
+using Step = OpenHost::Step;
+constexpr std::array<Step, 9> fillSteps = {Step::Menus,       Step::Members, Step::Config,
+                                           Step::Backgrounds, Step::Fonts,   Step::Stage,
+                                           Step::Generation,  Step::Tabs,    Step::Logos};
+
+// Unwraps and extracts `path` into an empty folder.
+Result<bool> extract(const Shell& shell, const QString& path, const QString& folder)
+{
+    const Result<QString> inner = SevenZipExtract(shell, path, folder);
+    if (!inner)
+        return inner.failure();
+    const bool wrapped = !inner->isEmpty();
+    const QString archive = wrapped ? withSeparator(folder) + *inner : path;
+    const Result<void> extracted = CpioInfoExtract(shell, archive, folder);
+    // A tool that is missing was told; what an earlier run left in the folder may still serve.
+    if (!extracted && !extracted.failure().text.empty())
+        return extracted.failure();
+    return wrapped;
+}
+
+// Everything is extracted beside the Workspace first, so that a broken file spoils nothing.
+Result<bool> fillFolder(const Shell& shell, const QString& path, const QString& folder)
+{
+    const QTemporaryDir staging(shell.run.WorkspaceRoot + QStringLiteral("#open-XXXXXX"));
+    if (!staging.isValid())
+        return Failure{FailureKind::Io, "Cannot make a folder in " +
+                                            shell.run.WorkspaceRoot.toStdString() + ": " +
+                                            staging.errorString().toStdString()};
+    Result<bool> wrapped = extract(shell, path, staging.path());
+    if (!wrapped)
+        return wrapped;
+    if (Result<void> delivered = shell.files.moveFiles(staging.path(), folder); !delivered)
+        return delivered.failure();
+    return wrapped;
+}
+
+void showFailure(const Shell& shell, const std::string& reason)
+{
+    QString text = QStringLiteral(
+        "ERROR. File back.jpg not found!\n"
+        "              This is really a \"gfxboot message\"-file?\n"
+        "\n"
+        "\"Gfxboot message\" is a cpio-archive, but additionally it can be compressed with gZip.\n"
+        "You can specify only those variants!");
+    if (!reason.empty())
+        text += QStringLiteral("\n\n") + QString::fromStdString(reason);
+    shell.prompts.ShowMessage(text);
+}
+
+void setRunState(const Shell& shell, const QString& path, const QString& folder, bool wrapped)
+{
+    RunState& run = shell.run;
+    run.GfxIsGz = wrapped;
+    run.GfxPath = path;
+    run.Workspace = folder;
+    run.GfxFolderName = namePart(path);
+    run.GfxFileName = namePart(path);
+    run.GfxOpened = true;
+    run.BackFile = folder + QStringLiteral("back.jpg");
+    run.GfxHasCfg = FileExists(folder + QStringLiteral("gfxboot.cfg"));
+    run.GfxHasZuk = FileExists(folder + QStringLiteral("ZUK0000.CFG"));
+    run.gfxboot_var = run.GfxHasZuk ? 3 : run.GfxHasCfg ? 2 : 1;
+    run.ObjectCount = run.GfxHasZuk ? 40 : 4;
+}
+
+void measureBack(const Shell& shell)
+{
+    const QSize size = QImageReader(shell.run.BackFile).size();
+    constexpr int limit = 32767;
+    const bool readable = size.isValid() && size.width() <= limit && size.height() <= limit;
+    shell.run.BackWidth = readable ? size.width() : fallbackBackWidth;
+    shell.run.BackHeight = readable ? size.height() : fallbackBackHeight;
+    if (!readable)
+        shell.prompts.ShowMessage(QStringLiteral("%1 is not a picture that can be shown.\n"
+                                                 "The screen counts as %2x%3 until it is changed.")
+                                      .arg(namePart(shell.run.BackFile))
+                                      .arg(fallbackBackWidth)
+                                      .arg(fallbackBackHeight));
+}
+
+void fillAll(const Shell& shell, OpenHost& host)
+{
+    host.hideObjects();
+    measureBack(shell);
+    host.fill(Step::Pictures);
+    if (shell.run.GfxHasZuk) {
+        host.fill(Step::Levels);
+        shell.run.BackFile = backgroundFile(shell.run.Workspace, host.chosenBackground());
+    }
+    for (const Step step : fillSteps) {
+        if (step != Step::Logos || shell.run.GfxHasZuk)
+            host.fill(step);
+    }
+    host.fill(Step::Show);
+}
+
+} // namespace
+
+QString backgroundFile(const QString& workspace, qint64 number)
+{
+    const QString digits = QString::number(100 + number).right(2);
+    const QString path = workspace + QStringLiteral("back_%1.jpg").arg(digits);
+    return FileExists(path) ? path : workspace + QStringLiteral("back.jpg");
+}
+
+bool gfxboot_open(const Shell& shell, const QString& path, OpenHost& host)
+{
+    shell.WriteLog(QStringLiteral("gfxboot_open -----v\n"));
+    host.openBegins();
+    const QString folder = shell.run.WorkspaceRoot + namePart(path) + QLatin1Char('/');
+    const Result<bool> wrapped = fillFolder(shell, path, folder);
+    const bool opened = wrapped && FileExists(folder + QStringLiteral("back.jpg"));
+    if (opened) {
+        setRunState(shell, path, folder, *wrapped);
+        fillAll(shell, host);
+        shell.WriteLog(QStringLiteral("gfxboot_open -----^"));
+    } else {
+        showFailure(shell, wrapped ? std::string() : wrapped.failure().text);
+    }
+    host.openEnds(opened);
+    return opened;
+}
+
+} // namespace fennel

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// Turns a message file into the open gfxboot of the run.
+#pragma once
+
+#include "shell/shell_context.h"
+
+namespace fennel {
+
+// What happens on screen while a gfxboot is opened. The window implements it.
+class OpenHost {
+public:
+    // The lists and the rest of the window are filled in this order.
+    enum class Step {
+        Pictures,
+        Levels, // generation 3 only
+        Menus,
+        Members,
+        Config,
+        Backgrounds,
+        Fonts,
+        Stage,
+        Generation,
+        Tabs,
+        Logos, // generation 3 only
+        Show,
+    };
+
+    virtual ~OpenHost() = default;
+    // The window is disabled, shows the busy pointer and an empty stage.
+    virtual void openBegins() = 0;
+    virtual void hideObjects() = 0;
+    virtual void fill(Step step) = 0;
+    // Number of the background that the parameters choose; asked after Step::Levels.
+    [[nodiscard]] virtual int chosenBackground() const = 0;
+    // The window is enabled again, whatever happened.
+    virtual void openEnds(bool opened) = 0;
+};
+
+// The path is in short form. True if the gfxboot is now open; otherwise the user was told why, and
+// the run state still names the gfxboot that was open before, whose files are untouched.
+bool gfxboot_open(const Shell& shell, const QString& path, OpenHost& host);
+
+// Path of the background with this number: "back_NN.jpg", or "back.jpg" if there is no such file.
+QString backgroundFile(const QString& workspace, qint64 number);
+
+// The size that a background counts with if its picture cannot be read.
+inline constexpr int fallbackBackWidth = 800;
+inline constexpr int fallbackBackHeight = 600;
+
+} // namespace fennel

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "container/member_catalogue.h"
+
+#include "shell/files.h"
+#include "shell/text.h"
+
+#include <QFile>
+#include <QStringDecoder>
+
+#include <sys/stat.h>
+
+namespace fennel {
+
+namespace {
+
+const QString requiredMembers = QStringLiteral("|init|16x16.fnt|ZUK0000.CFG|back.jpg|");
+
+constexpr std::array<MemberPattern, 8> endings = {{
+    {"*.jpg", MemberKind::Picture},
+    {"*.pcx", MemberKind::Picture},
+    {"*.fnt", MemberKind::Font},
+    {"*.txt", MemberKind::Text},
+    {"*.cfg", MemberKind::Text},
+    {"*.tr", MemberKind::Text},
+    {"*.hlp", MemberKind::Text},
+    {"*.mod", MemberKind::Sound},
+}};
+
+template <std::size_t N>
+const MemberPattern* fitting(const std::array<MemberPattern, N>& patterns, const QString& name)
+{
+    for (const MemberPattern& entry : patterns) {
+        if (fitsPattern(name, QString::fromLatin1(entry.pattern)))
+            return &entry;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+MemberKind memberKind(const QString& name)
+{
+    const MemberPattern* entry = fitting(memberPatterns, name);
+    if (entry == nullptr)
+        entry = fitting(endings, name);
+    return entry == nullptr ? MemberKind::Unknown : entry->kind;
+}
+
+bool IsRequiredMember(const QString& name)
+{
+    return requiredMembers.contains(QLatin1Char('|') + name + QLatin1Char('|'));
+}
+
+MemberName memberName(const QByteArray& bytes)
+{
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    QString text = utf8(bytes);
+    if (utf8.hasError())
+        text = fromCp1251(bytes);
+    return {bytes, text};
+}
+
+std::vector<MemberName> memberNames(const QByteArray& list)
+{
+    std::vector<MemberName> names;
+    for (QByteArray line : list.split('\n')) {
+        line.replace('\r', "");
+        if (!line.isEmpty())
+            names.push_back(memberName(line));
+    }
+    return names;
+}
+
+qint64 memberSize(const QString& folder, const QByteArray& name)
+{
+    struct stat info = {};
+    const QByteArray path = QFile::encodeName(folder) + name;
+    if (::stat(path.constData(), &info) != 0 || !S_ISREG(info.st_mode))
+        return -1;
+    return info.st_size;
+}
+
+} // namespace fennel

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "container/member_list.h"
+
+#include "container/member_catalogue.h"
+
+namespace fennel {
+
+namespace {
+
+// Moves every known member of `old` to the result, in catalogue order. The search is on the raw
+// text: a name is also found, and taken out, as the end of a longer name on a line.
+QByteArray takeKnownMembers(const QString& folder, const QString& addedPattern, QByteArray& old)
+{
+    QByteArray known;
+    for (const MemberPattern& entry : memberPatterns) {
+        for (const QString& name : filesLike(folder, QString::fromLatin1(entry.pattern))) {
+            const QByteArray line = name.toUtf8() + "\r\n";
+            if (old.contains(line)) {
+                known += line;
+                old.replace(line, "");
+            } else if (!addedPattern.isEmpty() && fitsPattern(name, addedPattern)) {
+                known += line;
+            }
+        }
+    }
+    return known;
+}
+
+} // namespace
+
+Result<void> RebuildMemberList(const Shell& shell, const QString& addedPattern)
+{
+    const QString& folder = shell.run.Workspace;
+    const QString path = folder + memberListName;
+    const Result<QByteArray> list = readBytes(path);
+    if (!list) {
+        const Failure lost{FailureKind::NotFound, "Gfxboot info is lost!"};
+        shell.prompts.ShowMessage(QString::fromStdString(lost.text));
+        return lost;
+    }
+    QByteArray old = *list;
+    QByteArray names = takeKnownMembers(folder, addedPattern, old);
+    for (const MemberName& name : memberNames(old)) {
+        if (memberSize(folder, name.bytes) >= 0)
+            names += name.bytes + "\r\n";
+    }
+    const QString fresh = folder + QStringLiteral("#.lst.new");
+    Result<void> done = shell.files.write(fresh, names);
+    if (done)
+        done = shell.files.rename(fresh, path);
+    (void)shell.told(done);
+    return done;
+}
+
+void MemberListFill(const Shell& shell, ListRows& list)
+{
+    shell.WriteLog(QStringLiteral("     2_GFXBOOT_in_ListView"));
+    list.columns = columnsFrom(QStringLiteral("File|Length|"));
+    list.rows.clear();
+    const Result<QByteArray> names = readBytes(shell.run.Workspace + memberListName);
+    if (!names)
+        return;
+    for (const MemberName& name : memberNames(*names)) {
+        ListRow row;
+        const qint64 size = memberSize(shell.run.Workspace, name.bytes);
+        row.tag = fileTag(name.text);
+        row.cells = {{name.text, {}, {}, {}, false},
+                     {QString::number(std::max<qint64>(size, 0)), {}, {}, {}, false}};
+        if (memberKind(name.text) == MemberKind::Picture)
+            row.iconFile = shell.run.Workspace + name.text;
+        list.rows.push_back(row);
+    }
+}
+
+} // namespace fennel

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// The file "#.lst" of the Workspace: the only record of which files are members and in which order.
+#pragma once
+
+#include "shell/list_rows.h"
+#include "shell/shell_context.h"
+
+namespace fennel {
+
+inline const QString memberListName = QStringLiteral("#.lst");
+
+// Rewrites "#.lst": known members first, in catalogue order, the others behind them in the order
+// they had; names without a file drop out. A file that was no member becomes one only if it fits
+// `addedPattern` (a name or pattern, empty for none). Without "#.lst" the user is told "Gfxboot
+// info is lost!" and the result is a failure whose text was already shown.
+Result<void> RebuildMemberList(const Shell& shell, const QString& addedPattern);
+
+// The rows of the list "Gfxboot": one per line of "#.lst" with its length in bytes.
+void MemberListFill(const Shell& shell, ListRows& list);
+
+} // namespace fennel
