@@ -112,6 +112,12 @@ Result<void> forEachFile(const QString& source, const QString& target, Step step
     return {};
 }
 
+// A "/" at the end would make the system follow a link.
+QString withoutSeparator(const QString& path)
+{
+    return path.endsWith(QLatin1Char('/')) && path.size() > 1 ? path.chopped(1) : path;
+}
+
 // What a chain of links ends in; the path itself if it is no link.
 QString linkTarget(const QString& path)
 {
@@ -175,8 +181,7 @@ Result<void> DiskFiles::removeFolder(const QString& path)
 Result<void> DiskFiles::makeFolder(const QString& path)
 {
     std::error_code error;
-    const QString bare =
-        path.endsWith(QLatin1Char('/')) && path.size() > 1 ? path.chopped(1) : path;
+    const QString bare = withoutSeparator(path);
     std::filesystem::create_directories(QFile::encodeName(bare).toStdString(), error);
     if (!error && FolderExists(path))
         return {};
@@ -188,6 +193,21 @@ Result<void> DiskFiles::moveFiles(const QString& source, const QString& target)
     return forEachFile(source, target, [](const fs::path& from, const fs::path& to) {
         return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
     });
+}
+
+Result<void> DiskFiles::makePrivateFolder(const QString& path)
+{
+    const QString bare = withoutSeparator(path);
+    if (::mkdir(QFile::encodeName(bare).constData(), 0700) != 0 && errno != EEXIST)
+        return systemFailure("make the folder", path, errno);
+    // The owner is asked of the opened folder, not of the name, which might change in between.
+    const Descriptor folder(bare, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+    struct stat facts = {};
+    if (folder.fd() < 0 || ::fstat(folder.fd(), &facts) != 0 || facts.st_uid != ::geteuid())
+        return systemFailure("use the folder", path, EPERM);
+    if ((facts.st_mode & 07777) != 0700 && ::fchmod(folder.fd(), 0700) != 0)
+        return systemFailure("use the folder", path, errno);
+    return {};
 }
 
 Result<void> DiskFiles::copyFolder(const QString& source, const QString& target)
@@ -239,6 +259,14 @@ bool FileExists(const QString& path)
 bool FolderExists(const QString& path)
 {
     return QFileInfo(path).isDir();
+}
+
+bool isOwnFolder(const QString& path)
+{
+    const QString bare = withoutSeparator(path);
+    struct stat facts = {};
+    return ::lstat(QFile::encodeName(bare).constData(), &facts) == 0 && S_ISDIR(facts.st_mode) &&
+           facts.st_uid == ::geteuid();
 }
 
 qint64 fileSize(const QString& path)

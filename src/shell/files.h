@@ -31,6 +31,10 @@ public:
     virtual Result<void> removeFolder(const QString& path) = 0;
     // Makes the folder and its parents. An existing folder is no failure.
     virtual Result<void> makeFolder(const QString& path) = 0;
+    // Makes a folder that only this user can enter (mode 0700), or makes an existing one of this
+    // user's so. Anything else under that name (another user's folder, a link, a file) is
+    // NoPermission.
+    virtual Result<void> makePrivateFolder(const QString& path) = 0;
     // Copies, or moves, the plain files of a folder (members live flat, without sub-folders), over
     // files of the same name. Names are taken as bytes, whatever their encoding.
     virtual Result<void> moveFiles(const QString& source, const QString& target) = 0;
@@ -52,12 +56,14 @@ public:
     Result<void> removeFolder(const QString& path) override;
     Result<void> makeFolder(const QString& path) override;
     Result<void> moveFiles(const QString& source, const QString& target) override;
+    Result<void> makePrivateFolder(const QString& path) override;
     Result<void> copyFolder(const QString& source, const QString& target) override;
     Result<void> replaceWhole(const QString& source, const QString& target) override;
 };
 
 bool FileExists(const QString& path);   // a plain file, or a link to one
 bool FolderExists(const QString& path); // a folder, or a link to one
+bool isOwnFolder(const QString& path);  // a folder of this user's, and no link
 qint64 fileSize(const QString& path);   // bytes; 0 if there is no such file
 
 // The whole file. `limit` in bytes guards against files that are no members of a boot screen.

@@ -24,6 +24,7 @@ public:
     Result<void> removeFolder(const QString& path) override;
     Result<void> makeFolder(const QString& path) override;
     Result<void> moveFiles(const QString& source, const QString& target) override;
+    Result<void> makePrivateFolder(const QString& path) override;
     Result<void> copyFolder(const QString& source, const QString& target) override;
     Result<void> replaceWhole(const QString& source, const QString& target) override;
 
