@@ -1,5 +1,65 @@
 // SPDX-License-Identifier: MIT
-int main()
+#include "frame/main_window.h"
+#include "shell/build_time.h"
+#include "shell/installed_fonts.h"
+#include "shell/qt_prompts.h"
+#include "shell/single_instance.h"
+#include "shell/startup.h"
+
+#include <QApplication>
+
+using namespace fennel;
+
+namespace {
+
+// Tells that a copy runs already and brings it to the front.
+void yieldToOther(const SingleInstance& instance, Prompts& prompts)
 {
-    return 0;
+    prompts.ShowMessage(QStringLiteral("One copy of %1 is already running").arg(programTitle()),
+                        MessageType::Stop, QStringLiteral("ERROR"));
+    (void)instance.askOtherToRaise(activationToken());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(programTitle());
+    QApplication::setOrganizationName(programTitle());
+    QApplication::setDesktopFileName(QStringLiteral("fennel-gfx"));
+    QApplication::setQuitOnLastWindowClosed(true);
+
+    RunState run;
+    Log log;
+    DiskFiles files;
+    QtPrompts prompts;
+    ProcessToolRunner tools;
+    SingleInstance instance;
+    if (!instance.acquire()) {
+        yieldToOther(instance, prompts);
+        return 0;
+    }
+    SettingsStore store;
+    Workbench workbench({run, log, files, prompts, tools}, store);
+    run.BuildTime = buildTime();
+    const StartInput input{QApplication::applicationDirPath(), QApplication::arguments().mid(1),
+                           run.BuildTime, [] { return installedFontList(); }};
+    if (Form_Initialize(workbench.shell, store, input) == NextStep::EndProcess)
+        return 0;
+    log.WriteLog(QStringLiteral("Form_Load Start"));
+    if (makeWorkspaceRoot(workbench.shell) == NextStep::EndProcess)
+        return 1;
+    MainWindow window(workbench);
+    prompts.setParent(&window);
+    QObject::connect(&instance, &SingleInstance::raiseRequested, &window,
+                     [&window](const QString& token) { raiseWindow(window, token); });
+    log.WriteLog(QStringLiteral("Form_Load End"));
+    int result = 0;
+    if (settingsFileThere(workbench.shell) == NextStep::GoOn) {
+        window.show();
+        result = QApplication::exec();
+    }
+    Form_Unload(workbench.shell);
+    return result;
 }

@@ -42,6 +42,9 @@ struct RunState {
     int BackHeight = 0;
     double PreviewScale = 1.0; // displayed pixels per boot-screen pixel
 
+    int RightPanelWidth = 200;   // of Frame1Vkladki, logical pixels
+    int BottomPanelHeight = 150; // of Frame2Podval
+
     int CurrentFlashChar = noFlash; // letter of the chosen drive
     int CurrentFlashDisk = -1;      // its physical disk number; -1 unknown, 0 never booted
     bool InterfaceReady = true;     // false while the code itself changes controls

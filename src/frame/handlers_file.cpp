@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+// The File menu.
+#include "frame/handlers.h"
+#include "frame/main_window.h"
+#include "frame/menus.h"
+
+#include <QDir>
+
+namespace fennel {
+
+namespace {
+
+void open(MainWindow& window)
+{
+    const Shell& shell = window.shell();
+    if (!shell.run.GfxOpened)
+        shell.prompts.ShowMessage(
+            QStringLiteral("\"Gfxboot message\" (then simply, \"gfxboot\") is a cpio-archive , \n"
+                           "but additionally it can be compressed with gZip.\n"
+                           "\n"
+                           "You can choose any of the variants."));
+    FileQuestion question;
+    question.folder = shell.run.GfxOpened ? folderPart(shell.run.GfxPath) : QDir::homePath();
+    question.title = QStringLiteral("File open....");
+    question.filter = QStringLiteral("All Files (*.*)|*.*|");
+    const QString path = shell.prompts.openFile(question);
+    if (path.isEmpty() || !window.openGfxboot(shortForm(path)))
+        return;
+    window.workbench().lastUsed.LastUsedAdd(shell, path);
+    showLastUsed(window);
+}
+
+void openLastUsed(MainWindow& window, int index)
+{
+    const auto path = window.workbench().lastUsed.clicked(window.shell(), index);
+    if (path)
+        window.openGfxboot(*path);
+}
+
+void clearLastUsed(MainWindow& window)
+{
+    window.workbench().lastUsed.clear();
+    showLastUsed(window);
+}
+
+} // namespace
+
+void showLastUsed(MainWindow& window)
+{
+    const LastUsed& list = window.workbench().lastUsed;
+    std::vector<Menus::Entry> entries;
+    for (int i = 0; i < lastUsedLimit; ++i) {
+        const LastUsed::Entry& entry = list.entries()[static_cast<std::size_t>(i)];
+        if (entry.visible)
+            entries.push_back({i, QString(entry.caption).replace(u'&', QStringLiteral("&&")), true,
+                               std::nullopt, entry.caption});
+    }
+    window.menus().setEntries("mnuFile1", entries);
+    window.menus().setEnabled("mnuFile_LastUsed", list.enabled());
+}
+
+void addFileCommands(MainWindow& window)
+{
+    Commands& commands = window.commands();
+    commands.add("mnuFile_Open", [&window] { open(window); });
+    commands.addArray("mnuFile1", [&window](int index) { openLastUsed(window, index); });
+    commands.add("mnuFile_Clear", [&window] { clearLastUsed(window); });
+    commands.add("mnuFile_Exit", [&window] { window.close(); });
+}
+
+} // namespace fennel

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "frame/layout.h"
+
+#include <algorithm>
+
+namespace fennel {
+
+namespace {
+
+// Room for a scroll bar where the port is smaller than the picture.
+constexpr int scrollBarWidth = 16;
+constexpr int smallestPort = 120;
+
+// The port of the picture in a room: the picture's own size where it fits.
+QSize portSize(const QSize& picture, const QSize& room)
+{
+    const QSize limit = room.expandedTo({smallestPort, smallestPort});
+    QSize port = picture.boundedTo(limit);
+    if (picture.width() > limit.width())
+        port.setHeight(std::min(picture.height() + scrollBarWidth, limit.height()));
+    if (picture.height() > limit.height())
+        port.setWidth(std::min(picture.width() + scrollBarWidth, limit.width()));
+    return port;
+}
+
+} // namespace
+
+int initialRightPanelWidth(int desktopWidth)
+{
+    if (desktopWidth > 1200)
+        return 400;
+    return desktopWidth > 1100 ? 300 : 200;
+}
+
+LayoutResult layoutWindow(const LayoutInput& in)
+{
+    LayoutResult out{};
+    const int bottom = in.bottomVisible ? in.BottomPanelHeight : 0;
+    const int right = in.rightVisible ? in.RightPanelWidth : 0;
+    const QSize room(in.available.width() - right - gutterWidth,
+                     in.available.height() - bottom - splitterWidth);
+    const QSize port = portSize(in.picture, room);
+
+    const int width = std::max(in.MinWindowWidth, port.width() + right + gutterWidth);
+    const int height = port.height() + bottom + splitterWidth;
+    const int inner = width - gutterWidth;
+    out.area = {width, height};
+    out.RightPanelWidth =
+        in.rightVisible ? std::max(in.RightPanelWidth, inner - port.width()) : in.RightPanelWidth;
+    out.picture = QRect(QPoint(0, 0), port);
+    if (in.rightVisible)
+        out.rightPanel = QRect(port.width(), 0, out.RightPanelWidth, port.height());
+    if (in.bottomVisible) {
+        const int besides = in.rightVisible ? out.RightPanelWidth : 0;
+        out.bottomPanel = QRect(0, port.height(), inner - besides, bottom);
+        if (in.rightVisible)
+            out.tools = QRect(inner - besides, port.height(), besides, bottom);
+    }
+    out.verticalSplitter = QRect(width - splitterWidth, 0, splitterWidth, height - splitterWidth);
+    out.horizontalSplitter = QRect(0, height - splitterWidth, width, splitterWidth);
+    out.rightButton = QRect(inner, 0, sideButtonWidth, port.height());
+    return out;
+}
+
+} // namespace fennel

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// Where the areas of the window stand. The preview dictates its own size and the side areas are
+// added to it; the window follows. Plain arithmetic on logical pixels, the origin is the top left
+// corner of the area under the toolbar.
+#pragma once
+
+#include <QRect>
+#include <QSize>
+
+namespace fennel {
+
+inline constexpr int splitterWidth = 4;
+inline constexpr int sideButtonWidth = 12; // ComFrame1, between the areas and the right edge
+inline constexpr int gutterWidth = splitterWidth + sideButtonWidth;
+inline constexpr int minRightPanelWidth = 200;
+inline constexpr int minBottomPanelHeight = 60;
+
+struct LayoutInput {
+    QSize picture;   // Picture1
+    QSize available; // the most that the desktop leaves for this area
+    int RightPanelWidth = 200;
+    int BottomPanelHeight = 150;
+    int MinWindowWidth = 0;
+    bool rightVisible = true;
+    bool bottomVisible = true;
+    bool toolsWanted = true; // the colour tools rather than the message, at the lower right
+};
+
+struct LayoutResult {
+    QSize area;               // what the window must give
+    int RightPanelWidth;      // as asked, or what the narrowest window needs
+    QRect picture;            // the port that shows Picture1; smaller than it on a small desktop
+    QRect rightPanel;         // Frame1Vkladki; empty if hidden, as the following
+    QRect bottomPanel;        // Frame2Podval and, over it, Frame8FontINFO
+    QRect tools;              // Frame5RDPanelTools or Frame7RDMessage
+    QRect verticalSplitter;   // Frame3Vertical
+    QRect horizontalSplitter; // Frame4Horizontal
+    QRect rightButton;        // ComFrame1
+};
+
+LayoutResult layoutWindow(const LayoutInput& input);
+
+// The right panel's width at start: 400, 300 or 200 by the width of the desktop.
+int initialRightPanelWidth(int desktopWidth);
+
+} // namespace fennel

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "frame/main_window.h"
+
+#include "frame/handlers.h"
+#include "frame/menus.h"
+#include "frame/status_bar.h"
+#include "frame/thumbnail_strip.h"
+#include "frame/toolbar.h"
+#include "params/right_panel.h"
+#include "shell/run_state.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+
+namespace fennel {
+
+MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
+{
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowIcon(QIcon(QStringLiteral(":/icons/fennel-gfx.svg")));
+    m_toolbar = new Toolbar(this);
+    addToolBar(m_toolbar);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    buildAreas();
+    addFileCommands(*this);
+    addViewCommands(*this);
+    addHelpCommands(*this);
+    m_menus = std::make_unique<Menus>(*menuBar(), m_commands);
+    m_toolbar->BuildToolbar(m_commands);
+    m_toolbar->setDriveMenu(m_menus->menu(QStringLiteral("mnuFlash")));
+    connectAreas();
+    fillStep(*this, OpenHost::Step::Pictures);
+    fillStep(*this, OpenHost::Step::Tabs);
+    UpdateInterface();
+    ShowBackground();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::setStatus()
+{
+    Status_set(m_workbench.shell, m_workbench.status);
+    for (int number = 1; number <= statusFieldCount; ++number)
+        m_statusBar->setField(number, m_workbench.status.field(number));
+}
+
+void MainWindow::setStatusField(int number, const QString& text)
+{
+    m_workbench.status.field(number) = text;
+    m_statusBar->setField(number, text);
+}
+
+void MainWindow::UpdateToolbar()
+{
+    m_toolbar->UpdateToolbar(m_workbench.shell.run, m_workbench.flags);
+}
+
+void MainWindow::UpdateInterface()
+{
+    const RunState& run = m_workbench.shell.run;
+    m_workbench.shell.WriteLog(QStringLiteral("-UpdateInterface"));
+    setWindowTitle(QStringLiteral("%1 (v. %2). %3")
+                       .arg(programTitle(), versionText(),
+                            run.GfxOpened ? run.GfxFileName
+                                          : QStringLiteral("/Component of @ZUK-MOSA@ project/")));
+    QProgressBar& progress = m_statusBar->progressBar();
+    progress.show();
+    m_statusBar->ProgressBar_reset();
+    m_rightPanel->selectTab(TabConfig);
+    m_workbench.lastUsed.Recreate_LastUsed(m_workbench.shell,
+                                           [&progress](int value) { progress.setValue(value); });
+    showLastUsed(*this);
+    m_menus->update(run, false);
+    UpdateToolbar();
+    progress.hide();
+    setStatus();
+}
+
+void MainWindow::Form_Activate()
+{
+    const Shell& shell = m_workbench.shell;
+    shell.WriteLog(QStringLiteral("Form_Activate Start"));
+    if (!shell.run.GfxOpened) {
+        UpdateInterface();
+        ShowBackground();
+    }
+    shell.WriteLog(QStringLiteral("Form_Activate End"));
+    Q_EMIT activated();
+}
+
+void MainWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        Form_Activate();
+}
+
+// What happens on screen while gfxboot_open works.
+class MainWindow::Opening : public OpenHost {
+public:
+    explicit Opening(MainWindow& window) : m_window(window) {}
+
+    void openBegins() override
+    {
+        m_window.m_workbench.shell.run.InterfaceReady = false;
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        m_window.setEnabled(false);
+    }
+    void hideObjects() override {}
+    void fill(Step step) override { fillStep(m_window, step); }
+    [[nodiscard]] int chosenBackground() const override
+    {
+        return static_cast<int>(
+            m_window.m_workbench.params.ZUKarr.GetLevelValue(0, 99, Layer::Cfg).value_or(0));
+    }
+    void openEnds(bool opened) override
+    {
+        Q_UNUSED(opened)
+        m_window.m_workbench.shell.run.InterfaceReady = true;
+        m_window.setEnabled(true);
+        QGuiApplication::restoreOverrideCursor();
+    }
+
+private:
+    MainWindow& m_window;
+};
+
+bool MainWindow::openGfxboot(const QString& path)
+{
+    Opening host(*this);
+    return gfxboot_open(m_workbench.shell, path, host);
+}
+
+} // namespace fennel

@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+// The areas of the window: how they are made, where they stand, how the splitters move them.
+#include "frame/main_window.h"
+#include "frame/splitter_bar.h"
+#include "frame/status_bar.h"
+#include "frame/thumbnail_strip.h"
+#include "frame/toolbar.h"
+#include "params/right_panel.h"
+
+#include <QLabel>
+#include <QMenuBar>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace fennel {
+
+namespace {
+
+constexpr int largestPanel = 4000;
+
+const QString notZukText = QStringLiteral("This gfxboot is not @ZUK-MOSA@\n"
+                                          "So some features of the FENNEL-GFX (GUI) are disabled\n"
+                                          "\n"
+                                          "You can try to upgrade the selected gfxboot with\n"
+                                          "File / Upgrade gfxboot to @ZUK-MOSA@");
+
+QFrame* messageFrame(QWidget* parent)
+{
+    auto* frame = new QFrame(parent);
+    frame->setObjectName(QStringLiteral("Frame7RDMessage"));
+    frame->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | QFrame::Sunken);
+    auto* label = new QLabel(notZukText, frame);
+    label->setObjectName(QStringLiteral("LabelINFO"));
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignCenter);
+    auto* column = new QVBoxLayout(frame);
+    column->addWidget(label);
+    return frame;
+}
+
+} // namespace
+
+void MainWindow::buildAreas()
+{
+    auto* central = new QWidget(this);
+    m_area = new QWidget(central);
+    m_statusBar = new StatusBar(central);
+    auto* column = new QVBoxLayout(central);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_area, 1);
+    column->addWidget(m_statusBar);
+    setCentralWidget(central);
+
+    m_port = new QScrollArea(m_area);
+    m_port->setFrameStyle(QFrame::NoFrame);
+    m_picture = new QLabel;
+    m_picture->setObjectName(QStringLiteral("Picture1"));
+    m_port->setWidget(m_picture);
+    m_rightPanel = new RightPanel(m_workbench.params, m_area);
+    m_bottomPanel = new ThumbnailStrip(m_area);
+    m_message = messageFrame(m_area);
+    buildSplitters();
+    m_workbench.shell.run.RightPanelWidth = initialRightPanelWidth(screen()->size().width());
+}
+
+void MainWindow::buildSplitters()
+{
+    m_vertical = new SplitterBar(Qt::Vertical, m_area);
+    m_vertical->setObjectName(QStringLiteral("Frame3Vertical"));
+    m_horizontal = new SplitterBar(Qt::Horizontal, m_area);
+    m_horizontal->setObjectName(QStringLiteral("Frame4Horizontal"));
+    m_rightButton = new QToolButton(m_area);
+    m_rightButton->setObjectName(QStringLiteral("ComFrame1"));
+    m_rightButton->setAutoRaise(true);
+    m_rightButton->setFocusPolicy(Qt::NoFocus);
+    m_statusBar->bottomButton().setFocusPolicy(Qt::NoFocus);
+    m_rightPanel->widthSpin().setRange(minRightPanelWidth, largestPanel);
+    m_bottomPanel->heightControl().setRange(minBottomPanelHeight, largestPanel);
+}
+
+void MainWindow::connectAreas()
+{
+    RunState& run = m_workbench.shell.run;
+    connect(m_toolbar, &Toolbar::commandChosen, this, &MainWindow::toolbarCommand);
+    connect(m_rightButton, &QToolButton::clicked, this,
+            [this] { showRightPanel(!m_workbench.flags.rightPanelShown); });
+    connect(&m_statusBar->bottomButton(), &QToolButton::clicked, this,
+            [this] { showBottomPanel(!m_workbench.flags.bottomPanelShown); });
+    connect(&m_rightPanel->widthSpin(), &QSpinBox::valueChanged, this, [this](int value) {
+        setPanelWidth(value);
+        ShowBackground();
+    });
+    connect(&m_bottomPanel->heightControl(), &QSpinBox::valueChanged, this, [this](int value) {
+        setPanelHeight(value);
+        ShowBackground();
+    });
+
+    connect(m_vertical, &SplitterBar::pressed, this,
+            [this, &run] { m_dragStart = run.RightPanelWidth; });
+    connect(m_vertical, &SplitterBar::dragged, this,
+            [this](int distance) { setPanelWidth(m_dragStart + distance); });
+    connect(m_horizontal, &SplitterBar::pressed, this,
+            [this, &run] { m_dragStart = run.BottomPanelHeight; });
+    connect(m_horizontal, &SplitterBar::dragged, this,
+            [this](int distance) { setPanelHeight(m_dragStart + distance); });
+    for (SplitterBar* bar : {m_vertical, m_horizontal})
+        connect(bar, &SplitterBar::released, this, &MainWindow::ShowBackground);
+}
+
+void MainWindow::setPanelWidth(int width)
+{
+    m_workbench.shell.run.RightPanelWidth = std::clamp(width, minRightPanelWidth, largestPanel);
+    LayoutWindow();
+}
+
+void MainWindow::setPanelHeight(int height)
+{
+    m_workbench.shell.run.BottomPanelHeight =
+        std::clamp(height, minBottomPanelHeight, largestPanel);
+    LayoutWindow();
+}
+
+LayoutInput MainWindow::layoutInput() const
+{
+    const RunState& run = m_workbench.shell.run;
+    LayoutInput input;
+    input.picture = m_picture->size();
+    // What the desktop leaves when the window's border, menu, toolbar and status line are taken
+    // off.
+    const QSize border = frameGeometry().size() - size();
+    const QSize desktop = screen()->availableGeometry().size();
+    const int bars =
+        menuBar()->sizeHint().height() + m_toolbar->sizeHint().height() + m_statusBar->height();
+    input.available = {desktop.width() - border.width(), desktop.height() - border.height() - bars};
+    input.RightPanelWidth = run.RightPanelWidth;
+    input.BottomPanelHeight = run.BottomPanelHeight;
+    input.MinWindowWidth = m_toolbar->MinWindowWidth();
+    input.rightVisible = m_workbench.flags.rightPanelShown;
+    input.bottomVisible = m_workbench.flags.bottomPanelShown;
+    return input;
+}
+
+void MainWindow::LayoutWindow()
+{
+    m_workbench.shell.WriteLog(QStringLiteral(" Form.Show "));
+    if (m_laying)
+        return;
+    const QScopedValueRollback<bool> laying(m_laying, true);
+    const LayoutResult layout = layoutWindow(layoutInput());
+    m_workbench.shell.run.RightPanelWidth = layout.RightPanelWidth;
+    const int bars =
+        menuBar()->sizeHint().height() + m_toolbar->sizeHint().height() + m_statusBar->height();
+    setFixedSize(layout.area.width(), layout.area.height() + bars);
+    place(layout);
+}
+
+void MainWindow::place(const LayoutResult& layout)
+{
+    const WindowFlags& flags = m_workbench.flags;
+    m_port->setGeometry(layout.picture);
+    m_rightPanel->setGeometry(layout.rightPanel);
+    m_rightPanel->setVisible(flags.rightPanelShown);
+    m_bottomPanel->setGeometry(layout.bottomPanel);
+    m_bottomPanel->setVisible(flags.bottomPanelShown);
+    m_message->setGeometry(layout.tools);
+    m_message->setVisible(!layout.tools.isEmpty() && m_workbench.shell.run.GfxOpened &&
+                          !m_workbench.shell.run.GfxHasZuk);
+    m_vertical->setGeometry(layout.verticalSplitter);
+    m_horizontal->setGeometry(layout.horizontalSplitter);
+    m_rightButton->setGeometry(layout.rightButton);
+    m_rightButton->setArrowType(flags.rightPanelShown ? Qt::LeftArrow : Qt::RightArrow);
+    m_rightButton->setToolTip(flags.rightPanelShown ? QStringLiteral("Hide Right Panel")
+                                                    : QStringLiteral("Show Right Panel"));
+    QToolButton& bottomButton = m_statusBar->bottomButton();
+    bottomButton.setArrowType(flags.bottomPanelShown ? Qt::UpArrow : Qt::DownArrow);
+    bottomButton.setToolTip(flags.bottomPanelShown ? QStringLiteral("Hide Bottom Panel")
+                                                   : QStringLiteral("Show Bottom Panel"));
+    const QSignalBlocker width(m_rightPanel->widthSpin());
+    m_rightPanel->widthSpin().setValue(m_workbench.shell.run.RightPanelWidth);
+    const QSignalBlocker height(m_bottomPanel->heightControl());
+    m_bottomPanel->heightControl().setValue(m_workbench.shell.run.BottomPanelHeight);
+}
+
+void MainWindow::showRightPanel(bool shown)
+{
+    const QScopedValueRollback<bool> ready(m_workbench.shell.run.InterfaceReady, false);
+    m_workbench.flags.rightPanelShown = shown;
+    UpdateToolbar();
+    ShowBackground();
+    m_picture->setFocus();
+}
+
+void MainWindow::showBottomPanel(bool shown)
+{
+    const QScopedValueRollback<bool> ready(m_workbench.shell.run.InterfaceReady, false);
+    m_workbench.flags.bottomPanelShown = shown;
+    UpdateToolbar();
+    ShowBackground();
+    m_picture->setFocus();
+}
+
+} // namespace fennel

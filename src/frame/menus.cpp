@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+#include "frame/menus.h"
+
+namespace fennel {
+
+namespace {
+
+QString nameOf(const MenuItem& item)
+{
+    return QLatin1String(item.name);
+}
+
+} // namespace
+
+Menus::Menus(QMenuBar& bar, const Commands& commands) : m_commands(commands)
+{
+    for (const MenuItem& item : menuTable())
+        addItem(bar, item);
+}
+
+void Menus::addItem(QMenuBar& bar, const MenuItem& item)
+{
+    const QString name = nameOf(item);
+    if (item.kind == MenuKind::Menu || item.kind == MenuKind::Popup) {
+        auto* menu = new QMenu(QString::fromUtf16(item.caption), &bar);
+        menu->setObjectName(name);
+        menu->setToolTipsVisible(true);
+        m_menus[name] = menu;
+        m_actions[name] = menu->menuAction();
+        QMenu* parent = this->menu(QLatin1String(item.parent));
+        if (parent != nullptr && item.separatorBefore)
+            parent->addSeparator();
+        if (parent != nullptr)
+            parent->addMenu(menu);
+        else if (item.kind == MenuKind::Menu)
+            bar.addMenu(menu);
+        return;
+    }
+    QMenu* parent = this->menu(QLatin1String(item.parent));
+    if (parent != nullptr)
+        addAction(*parent, item);
+}
+
+void Menus::addAction(QMenu& parent, const MenuItem& item)
+{
+    if (item.separatorBefore)
+        parent.addSeparator();
+    const QString name = nameOf(item);
+    auto* action = new QAction(QString::fromUtf16(item.caption), &parent);
+    parent.addAction(action);
+    if (item.kind == MenuKind::Array) {
+        action->setVisible(false);
+        m_arrayEnds[name] = action;
+        return;
+    }
+    action->setObjectName(name);
+    action->setCheckable(item.kind == MenuKind::Check);
+    action->setShortcut(QKeySequence(QLatin1String(item.shortcut)));
+    action->setShortcutContext(Qt::WindowShortcut);
+    m_actions[name] = action;
+    QObject::connect(action, &QAction::triggered, &parent, [this, name] { m_commands.run(name); });
+}
+
+QAction* Menus::action(const QString& name) const
+{
+    const auto found = m_actions.find(name);
+    return found == m_actions.end() ? nullptr : found->second;
+}
+
+QMenu* Menus::menu(const QString& name) const
+{
+    const auto found = m_menus.find(name);
+    return found == m_menus.end() ? nullptr : found->second;
+}
+
+void Menus::setEntries(const char* array, const std::vector<Entry>& entries)
+{
+    const QString name = QLatin1String(array);
+    QAction* end = m_arrayEnds.at(name);
+    auto* parent = qobject_cast<QMenu*>(end->parent());
+    qDeleteAll(m_entries[name]);
+    m_entries[name].clear();
+    for (const Entry& entry : entries) {
+        auto* action = new QAction(entry.caption, parent);
+        action->setObjectName(name + QLatin1Char('_') + QString::number(entry.index));
+        action->setEnabled(entry.enabled && m_commands.has(name));
+        action->setCheckable(entry.checked.has_value());
+        action->setChecked(entry.checked.value_or(false));
+        action->setToolTip(entry.toolTip);
+        // Queued: the command may rebuild the very menu that it was chosen from.
+        QObject::connect(
+            action, &QAction::triggered, parent,
+            [this, name, index = entry.index] { m_commands.runEntry(name, index); },
+            Qt::QueuedConnection);
+        parent->insertAction(end, action);
+        m_entries[name].push_back(action);
+    }
+}
+
+void Menus::update(const RunState& run, bool flashThere)
+{
+    for (const MenuItem& item : menuTable()) {
+        const QString name = nameOf(item);
+        QAction* found = action(name);
+        if (found == nullptr || item.kind == MenuKind::Popup)
+            continue;
+        bool enabled = holds(item.enabled, run, flashThere);
+        if (item.enabled == Enabled::ByOthers)
+            enabled = m_byOthers[name];
+        if (item.kind == MenuKind::Heading)
+            enabled = false;
+        else if (item.kind != MenuKind::Menu)
+            enabled = enabled && m_commands.has(name);
+        found->setEnabled(enabled);
+    }
+    if (QAction* reopen = action(QStringLiteral("mnuFile_ReOpen")))
+        reopen->setText(reopenCaption(run).replace(QLatin1Char('&'), QStringLiteral("&&")));
+}
+
+void Menus::setEnabled(const char* name, bool enabled)
+{
+    const QString key = QLatin1String(name);
+    m_byOthers[key] = enabled;
+    const MenuItem* item = menuItem(key);
+    if (QAction* found = action(key))
+        found->setEnabled(enabled && (item->kind == MenuKind::Menu || m_commands.has(key)));
+}
+
+} // namespace fennel

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// StatusBar1: eight fields, the progress bar over the second, and the button that hides the bottom
+// panel at its right end.
+#pragma once
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QToolButton>
+#include <QWidget>
+
+#include <array>
+
+namespace fennel {
+
+inline constexpr int statusFieldCount = 8;
+
+class StatusBar : public QWidget {
+    Q_OBJECT
+public:
+    explicit StatusBar(QWidget* parent);
+
+    // Fields are counted from 1.
+    void setField(int number, const QString& text);
+    [[nodiscard]] QString field(int number) const;
+
+    // Lays ProgressBar1 over field 2.
+    void ProgressBar_reset();
+    [[nodiscard]] QProgressBar& progressBar() { return *m_progress; }
+    [[nodiscard]] QToolButton& bottomButton() { return *m_bottomButton; }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void layFields();
+
+    std::array<QLabel*, statusFieldCount> m_fields{};
+    QProgressBar* m_progress;
+    QToolButton* m_bottomButton; // ComFrame2
+};
+
+} // namespace fennel

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "frame/thumbnail_strip.h"
+
+#include <QImageReader>
+#include <QMouseEvent>
+
+#include <algorithm>
+
+namespace fennel {
+
+namespace {
+
+constexpr int cellGap = 6;
+constexpr int controlWidth = 54;
+constexpr QSize cellSize(128, 96);
+
+// A small picture of the file; null if it is none. JPEG decodes at a fraction of its size.
+QPixmap thumbnail(const QString& path)
+{
+    QImageReader reader(path);
+    reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (!size.isValid())
+        return {};
+    if (size.width() > cellSize.width() || size.height() > cellSize.height())
+        reader.setScaledSize(size.scaled(cellSize, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    return QPixmap::fromImage(reader.read());
+}
+
+} // namespace
+
+ThumbnailStrip::ThumbnailStrip(QWidget* parent)
+    : QFrame(parent), m_port(new QWidget(this)), m_scroll(new QScrollBar(Qt::Vertical, this)),
+      m_upDown(new QSpinBox(this))
+{
+    setObjectName(QStringLiteral("Frame2Podval"));
+    setFrameStyle(static_cast<int>(QFrame::StyledPanel) | QFrame::Sunken);
+    m_scroll->setObjectName(QStringLiteral("VScroll1"));
+    m_upDown->setObjectName(QStringLiteral("UpDown2"));
+    m_upDown->setToolTip(tr("Height of the bottom panel"));
+    m_upDown->setKeyboardTracking(false);
+    m_upDown->setFocusPolicy(Qt::ClickFocus);
+    connect(m_scroll, &QScrollBar::valueChanged, this, &ThumbnailStrip::place);
+}
+
+void ThumbnailStrip::setFiles(const QString& folder, const QStringList& names)
+{
+    while (m_images.size() > static_cast<std::size_t>(names.size())) {
+        delete m_images.back();
+        m_images.pop_back();
+    }
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        if (m_images.size() <= static_cast<std::size_t>(i)) {
+            auto* image = new QLabel(m_port);
+            image->setObjectName(QStringLiteral("Image1_%1").arg(i));
+            image->setAlignment(Qt::AlignCenter);
+            image->setMouseTracking(true);
+            image->installEventFilter(this);
+            image->show();
+            m_images.push_back(image);
+        }
+        QLabel* image = m_images[static_cast<std::size_t>(i)];
+        const QPixmap picture = thumbnail(folder + names[i]);
+        image->setPixmap(picture);
+        if (picture.isNull())
+            image->setText(names[i]);
+        image->setProperty("member", names[i]);
+        image->setToolTip(names[i]);
+    }
+    m_scroll->setValue(0);
+    place();
+}
+
+void ThumbnailStrip::place()
+{
+    const QSize cell = cellSize + QSize(cellGap, cellGap);
+    const int columns = std::max(1, m_port->width() / cell.width());
+    const int rows = (static_cast<int>(m_images.size()) + columns - 1) / columns;
+    m_scroll->setRange(0, std::max(0, rows * cell.height() + cellGap - m_port->height()));
+    m_scroll->setPageStep(m_port->height());
+    m_scroll->setSingleStep(cell.height() / 2);
+    m_scroll->setVisible(m_scroll->maximum() > 0);
+    for (std::size_t i = 0; i < m_images.size(); ++i) {
+        const int column = static_cast<int>(i) % columns;
+        const int row = static_cast<int>(i) / columns;
+        m_images[i]->setGeometry(cellGap + column * cell.width(),
+                                 cellGap + row * cell.height() - m_scroll->value(),
+                                 cellSize.width(), cellSize.height());
+    }
+}
+
+void ThumbnailStrip::resizeEvent(QResizeEvent* event)
+{
+    QFrame::resizeEvent(event);
+    const QRect inside = contentsRect();
+    const int side = inside.right() - controlWidth;
+    m_upDown->setGeometry(side, inside.top() + 2, controlWidth, m_upDown->sizeHint().height());
+    const int scrollTop = m_upDown->geometry().bottom() + 3;
+    m_scroll->setGeometry(inside.right() - m_scroll->sizeHint().width(), scrollTop,
+                          m_scroll->sizeHint().width(), inside.bottom() - scrollTop);
+    m_port->setGeometry(inside.left(), inside.top(), side - inside.left(), inside.height());
+    place();
+}
+
+bool ThumbnailStrip::eventFilter(QObject* watched, QEvent* event)
+{
+    const QString name = watched->property("member").toString();
+    if (event->type() == QEvent::MouseMove)
+        Q_EMIT hovered(name);
+    if (event->type() == QEvent::MouseButtonRelease) {
+        const Qt::MouseButton button = static_cast<QMouseEvent*>(event)->button();
+        // Queued: a click may rebuild the strip, and with it the label that is told of it.
+        QMetaObject::invokeMethod(
+            this, [this, name, button] { Q_EMIT clicked(name, button); }, Qt::QueuedConnection);
+    }
+    return QFrame::eventFilter(watched, event);
+}
+
+void ThumbnailStrip::wheelEvent(QWheelEvent* event)
+{
+    QCoreApplication::sendEvent(m_scroll, event);
+}
+
+} // namespace fennel

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include "params/list_model.h"
+
+#include <QBrush>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QFont>
+#include <QImageReader>
+
+namespace fennel {
+
+namespace {
+
+constexpr QRgb swatchFrame = 0xff808080;
+
+QImage swatchImage(QRgb colour, QSize size)
+{
+    const int side = std::min(size.width(), size.height());
+    QImage image(side, side, QImage::Format_RGB32);
+    image.fill(swatchFrame);
+    for (int y = 1; y + 1 < side; ++y) {
+        for (int x = 1; x + 1 < side; ++x)
+            image.setPixel(x, y, colour);
+    }
+    return image;
+}
+
+} // namespace
+
+ListModel::ListModel(QSize iconSize, QObject* parent)
+    : QAbstractTableModel(parent), m_iconSize(iconSize)
+{
+}
+
+void ListModel::setRows(const ListRows* rows)
+{
+    beginResetModel();
+    m_rows = rows;
+    endResetModel();
+}
+
+void ListModel::reset()
+{
+    beginResetModel();
+    endResetModel();
+}
+
+void ListModel::refresh()
+{
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+void ListModel::setIconSize(QSize size)
+{
+    m_iconSize = size;
+    m_pictures.clear();
+}
+
+int ListModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() || m_rows == nullptr ? 0 : m_rows->count();
+}
+
+int ListModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() || m_rows == nullptr ? 0 : static_cast<int>(m_rows->columns.size());
+}
+
+const ListRow* ListModel::rowAt(const QModelIndex& index) const
+{
+    return m_rows == nullptr || !index.isValid() ? nullptr : m_rows->row(index.row() + 1);
+}
+
+QVariant ListModel::data(const QModelIndex& index, int role) const
+{
+    const ListRow* row = rowAt(index);
+    if (row == nullptr)
+        return {};
+    const auto column = static_cast<std::size_t>(index.column());
+    const RowCell cell = column < row->cells.size() ? row->cells[column] : RowCell{};
+    switch (role) {
+    case Qt::DisplayRole:
+        return cell.text;
+    case Qt::ToolTipRole:
+        return cell.toolTip.isEmpty() ? QVariant() : QVariant(cell.toolTip);
+    case Qt::ForegroundRole: {
+        const std::optional<QRgb> colour = cell.colour ? cell.colour : row->colour;
+        return colour ? QVariant(QBrush(QColor(*colour))) : QVariant();
+    }
+    case Qt::FontRole: {
+        QFont font;
+        font.setBold(cell.bold || row->bold);
+        return font;
+    }
+    case Qt::CheckStateRole:
+        if (column == 0 && row->checked)
+            return *row->checked ? Qt::Checked : Qt::Unchecked;
+        return {};
+    case Qt::DecorationRole:
+        return column == 0 ? decoration(*row) : QVariant();
+    default:
+        return {};
+    }
+}
+
+QVariant ListModel::decoration(const ListRow& row) const
+{
+    if (!row.iconFile.isEmpty()) {
+        const QImage image = picture(row.iconFile);
+        return image.isNull() ? QVariant() : QVariant(image);
+    }
+    return row.swatch ? QVariant(swatchImage(*row.swatch, m_iconSize)) : QVariant();
+}
+
+QImage ListModel::picture(const QString& path) const
+{
+    const QFileInfo info(path);
+    const QString key = path + QLatin1Char('|') +
+                        QString::number(info.lastModified().toMSecsSinceEpoch()) +
+                        QLatin1Char('|') + QString::number(info.size());
+    const auto found = m_pictures.constFind(key);
+    if (found != m_pictures.constEnd())
+        return *found;
+    QImageReader reader(path);
+    const QSize size = reader.size();
+    if (size.isValid())
+        reader.setScaledSize(size.scaled(m_iconSize, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    const QImage image = size.isValid() ? reader.read() : QImage();
+    m_pictures.insert(key, image);
+    return image;
+}
+
+QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 ||
+        section >= columnCount())
+        return {};
+    return m_rows->columns[section];
+}
+
+Qt::ItemFlags ListModel::flags(const QModelIndex& index) const
+{
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    const ListRow* row = rowAt(index);
+    if (row != nullptr && row->checked && index.column() == 0)
+        flags |= Qt::ItemIsUserCheckable;
+    return flags;
+}
+
+bool ListModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (role != Qt::CheckStateRole)
+        return false;
+    Q_EMIT checkAsked(index.row() + 1, value.toInt() == Qt::Checked);
+    return true;
+}
+
+} // namespace fennel

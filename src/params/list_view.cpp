@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "params/list_view.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+namespace fennel {
+
+namespace {
+constexpr QSize reportIcon(22, 16);
+constexpr QSize largeIcon(144, 108);
+constexpr QSize largeCell(164, 146);
+constexpr int widestColumn = 260;
+} // namespace
+
+ListView::ListView(int number, QWidget* parent)
+    : QStackedWidget(parent), m_model(reportIcon, this), m_report(new QTreeView(this)),
+      m_icons(new QListView(this))
+{
+    setObjectName(QStringLiteral("ListView1_%1").arg(number));
+    m_report->setRootIsDecorated(false);
+    m_report->setUniformRowHeights(true);
+    m_report->setIconSize(reportIcon);
+    m_report->setAllColumnsShowFocus(true);
+    m_report->header()->setHighlightSections(false);
+    m_icons->setViewMode(QListView::IconMode);
+    m_icons->setResizeMode(QListView::Adjust);
+    m_icons->setMovement(QListView::Snap);
+    m_icons->setIconSize(largeIcon);
+    m_icons->setGridSize(largeCell);
+    m_icons->setWordWrap(true);
+    addWidget(m_report);
+    addWidget(m_icons);
+    for (QAbstractItemView* view :
+         {static_cast<QAbstractItemView*>(m_report), static_cast<QAbstractItemView*>(m_icons)})
+        connectView(*view);
+    connect(&m_model, &ListModel::checkAsked, this, &ListView::rowChecked);
+}
+
+void ListView::connectView(QAbstractItemView& view)
+{
+    view.setModel(&m_model);
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setSelectionMode(QAbstractItemView::SingleSelection);
+    view.setSelectionBehavior(QAbstractItemView::SelectRows);
+    view.viewport()->installEventFilter(this);
+    view.installEventFilter(this);
+    connect(view.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this, &view](const QModelIndex& now) {
+                if (!m_silent && now.isValid() && &view == current())
+                    Q_EMIT rowSelected(now.row() + 1, m_rightButton);
+            });
+    connect(&view, &QAbstractItemView::doubleClicked, this,
+            [this](const QModelIndex& index) { Q_EMIT rowActivated(index.row() + 1); });
+}
+
+QAbstractItemView* ListView::current() const
+{
+    return static_cast<QAbstractItemView*>(currentWidget());
+}
+
+void ListView::setRows(const ListRows* rows)
+{
+    const QScopedValueRollback<bool> silent(m_silent, true);
+    const bool icons = rows != nullptr && rows->iconView;
+    m_model.setIconSize(icons ? largeIcon : reportIcon);
+    m_model.setRows(rows);
+    setCurrentWidget(icons ? static_cast<QWidget*>(m_icons) : m_report);
+    setFocusProxy(currentWidget());
+    fitColumns();
+    select(rows == nullptr ? 0 : rows->selected);
+}
+
+void ListView::refresh()
+{
+    m_model.refresh();
+}
+
+void ListView::select(int row)
+{
+    const QScopedValueRollback<bool> silent(m_silent, true);
+    const QModelIndex index = m_model.index(row - 1, 0);
+    current()->setCurrentIndex(index);
+    if (index.isValid())
+        current()->scrollTo(index);
+}
+
+int ListView::selected() const
+{
+    return current()->currentIndex().row() + 1;
+}
+
+void ListView::fitColumns()
+{
+    for (int column = 0; column < m_model.columnCount(); ++column) {
+        m_report->resizeColumnToContents(column);
+        const bool last = column + 1 == m_model.columnCount();
+        if (!last && m_report->columnWidth(column) > widestColumn)
+            m_report->setColumnWidth(column, widestColumn);
+    }
+}
+
+void ListView::reorderItems()
+{
+    m_icons->doItemsLayout();
+}
+
+QRect ListView::rowRect(int row) const
+{
+    const QRect rect = current()->visualRect(m_model.index(row - 1, 0));
+    const QPoint corner = current()->viewport()->mapTo(this, rect.topLeft());
+    return rect.isEmpty() ? QRect() : QRect(corner, rect.size());
+}
+
+bool ListView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress && watched == currentWidget()) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_2) {
+            Q_EMIT keyPressed(key == Qt::Key_Enter ? static_cast<int>(Qt::Key_Return) : key);
+            return true;
+        }
+    }
+    if (event->type() == QEvent::MouseButtonPress && watched == current()->viewport()) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        const QModelIndex index = current()->indexAt(mouse->pos());
+        m_rightButton = mouse->button() == Qt::RightButton;
+        // A press on the row that is selected already moves nothing, but is a click all the same.
+        if (index.isValid() && index.row() + 1 == selected())
+            Q_EMIT rowSelected(index.row() + 1, m_rightButton);
+    }
+    if (event->type() == QEvent::MouseButtonRelease)
+        m_rightButton = false;
+    return QStackedWidget::eventFilter(watched, event);
+}
+
+} // namespace fennel

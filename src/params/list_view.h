@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// ListView1: one list of the workbench, as a report or as large icons. It shows rows and passes on
+// what the user does to them; what that means is decided elsewhere.
+#pragma once
+
+#include "params/list_model.h"
+
+#include <QListView>
+#include <QStackedWidget>
+#include <QTreeView>
+
+namespace fennel {
+
+class ListView : public QStackedWidget {
+    Q_OBJECT
+public:
+    ListView(int number, QWidget* parent);
+
+    // Shows the rows from scratch and selects rows.selected. Null empties the list.
+    void setRows(const ListRows* rows);
+    // Cells changed, rows did not.
+    void refresh();
+    // Rows are counted from 1; 0 selects none. Scrolls the row into view without rowSelected().
+    void select(int row);
+    [[nodiscard]] int selected() const;
+    // "Columns AutoWidth": each column as wide as its widest text.
+    void fitColumns();
+    // "Reorder ITEMs": lays large icons out anew.
+    void reorderItems();
+    // Where a row stands, in this widget's coordinates; empty if it is scrolled away.
+    [[nodiscard]] QRect rowRect(int row) const;
+
+Q_SIGNALS:
+    void rowSelected(int row, bool rightButton);
+    void rowActivated(int row); // double click
+    void rowChecked(int row, bool checked);
+    void keyPressed(int key);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void connectView(QAbstractItemView& view);
+    [[nodiscard]] QAbstractItemView* current() const;
+
+    ListModel m_model;
+    QTreeView* m_report;
+    QListView* m_icons;
+    bool m_silent = false;
+    bool m_rightButton = false;
+};
+
+} // namespace fennel

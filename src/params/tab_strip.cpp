@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "params/tab_strip.h"
+
+#include <QContextMenuEvent>
+
+#include <algorithm>
+
+namespace fennel {
+
+TabStrip::TabStrip(QWidget* parent) : QWidget(parent)
+{
+    setObjectName(QStringLiteral("TabStrip1"));
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+void TabStrip::setTabs(const std::vector<Tab>& tabs)
+{
+    while (m_buttons.size() > tabs.size()) {
+        m_buttons.back()->deleteLater();
+        m_buttons.back()->hide();
+        m_buttons.pop_back();
+    }
+    for (std::size_t i = 0; i < tabs.size(); ++i) {
+        if (i == m_buttons.size()) {
+            auto* button = new QToolButton(this);
+            button->setCheckable(true);
+            button->setAutoRaise(true);
+            const int number = static_cast<int>(i) + 1;
+            button->setObjectName(QStringLiteral("TabStrip1_%1").arg(number));
+            connect(button, &QToolButton::clicked, this, [this, number] {
+                mark(m_marked);
+                Q_EMIT clicked(number);
+            });
+            button->show();
+            m_buttons.push_back(button);
+        }
+        m_buttons[i]->setText(QString(tabs[i].caption).replace(u'&', QStringLiteral("&&")));
+        m_buttons[i]->setToolTip(tabs[i].toolTip);
+    }
+    mark(std::min(m_marked, count()));
+    flow(width(), true);
+    updateGeometry();
+}
+
+void TabStrip::mark(int tab)
+{
+    m_marked = tab;
+    for (int i = 0; i < count(); ++i)
+        m_buttons[static_cast<std::size_t>(i)]->setChecked(i + 1 == tab);
+}
+
+int TabStrip::flow(int width, bool apply) const
+{
+    int x = 0;
+    int y = 0;
+    int line = 0;
+    for (QToolButton* button : m_buttons) {
+        const QSize size = button->sizeHint();
+        if (x > 0 && x + size.width() > width) {
+            x = 0;
+            y += line;
+        }
+        if (apply)
+            button->setGeometry(x, y, size.width(), size.height());
+        x += size.width();
+        line = size.height();
+    }
+    return y + line;
+}
+
+int TabStrip::heightForWidth(int width) const
+{
+    return flow(width, false);
+}
+
+void TabStrip::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    flow(width(), true);
+}
+
+void TabStrip::contextMenuEvent(QContextMenuEvent* event)
+{
+    Q_EMIT menuAsked(event->globalPos());
+}
+
+} // namespace fennel

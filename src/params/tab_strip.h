@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// TabStrip1: tabs in as many lines as their number needs, so that all of them can be seen.
+#pragma once
+
+#include <QToolButton>
+#include <QWidget>
+
+#include <vector>
+
+namespace fennel {
+
+class TabStrip : public QWidget {
+    Q_OBJECT
+public:
+    explicit TabStrip(QWidget* parent);
+
+    struct Tab {
+        QString caption;
+        QString toolTip;
+    };
+    void setTabs(const std::vector<Tab>& tabs);
+    // Tabs are counted from 1; 0 marks none.
+    void mark(int tab);
+    [[nodiscard]] int marked() const { return m_marked; }
+    [[nodiscard]] int count() const { return static_cast<int>(m_buttons.size()); }
+    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+    [[nodiscard]] int heightForWidth(int width) const override;
+
+Q_SIGNALS:
+    void clicked(int tab);
+    void menuAsked(QPoint globalPlace);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    // Places the buttons if `apply`; returns the height that they need.
+    int flow(int width, bool apply) const;
+
+    std::vector<QToolButton*> m_buttons;
+    int m_marked = 0;
+};
+
+} // namespace fennel
