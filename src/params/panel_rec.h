@@ -32,8 +32,8 @@ struct PanelRec {
     qint32 TextParam = 0;
     qint16 TranspParam = 0;
     qint16 FontParam = 0;
-    bool Editable = false;     // has level records; its rows get swatches
-    QString Component;         // "|"-separated masks of the files that belong to it
+    bool Editable = false; // has level records; its rows get swatches
+    QString Component;     // "|"-separated masks of the files that belong to it
     bool Shown = true;
     bool Enabled = true;       // can be selected, gets a tab
     bool Roll = false;         // cannot be moved or sized with the mouse

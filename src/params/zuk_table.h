@@ -10,15 +10,17 @@
 
 namespace fennel {
 
+struct Shell;
+
 inline constexpr int zukFileCount = 16;  // level files 0 to 15
 inline constexpr int zukParamCount = 99; // parameters 1 to 99
 
 struct ZukCell {
-    QString Name;                   // such as s.clock.x
-    std::optional<qint64> DefValue; // none: this version knows no such parameter
-    bool IsHex = false;             // the catalogue wrote the default with 0x
-    QString Comment;                // in the run's language
-    qint32 LevelValue = -1;         // from the file; -1: no record
+    QString Name;                    // such as s.clock.x
+    std::optional<qint64> DefValue;  // none: this version knows no such parameter
+    bool IsHex = false;              // the catalogue wrote the default with 0x
+    QString Comment;                 // in the run's language
+    qint32 LevelValue = -1;          // from the file; -1: no record
     std::optional<qint64> EditValue; // from the lists at the last gathering
     std::optional<qint64> LstValue;  // from the selected menu file
     qint16 TabPos = -1;              // the list that shows it, -1 none
@@ -54,5 +56,13 @@ private:
     }
     std::vector<ZukCell> m_cells;
 };
+
+// "ZUK0004.CFG" for 4.
+QString levelFileName(int file);
+
+// The same, and the user is told if a parameter that the catalogue knows comes out as -1: then the
+// catalogue and the file are of different ages.
+std::optional<qint64> GetLevelValue(const Shell& shell, const ZUKarr& table, int file, int param,
+                                    Layer layer);
 
 } // namespace fennel
