@@ -13,6 +13,9 @@
 
 namespace fennel {
 
+// Cells of a row of an object list.
+enum ObjectColumn { ItemColumn = 0, CfgColumn, LstColumn, CommentColumn };
+
 struct ParamTab {
     QString caption;
     QString toolTip;

@@ -10,6 +10,8 @@
 
 namespace fennel {
 
+struct Shell;
+
 inline constexpr int zukFileCount = 16;  // level files 0 to 15
 inline constexpr int zukParamCount = 99; // parameters 1 to 99
 
@@ -54,5 +56,13 @@ private:
     }
     std::vector<ZukCell> m_cells;
 };
+
+// "ZUK0004.CFG" for 4.
+QString levelFileName(int file);
+
+// The same, and the user is told if a parameter that the catalogue knows comes out as -1: then the
+// catalogue and the file are of different ages.
+std::optional<qint64> GetLevelValue(const Shell& shell, const ZUKarr& table, int file, int param,
+                                    Layer layer);
 
 } // namespace fennel

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "params/level_files.h"
+
+#include "params/object_rows.h"
+#include "shell/shell_context.h"
+#include "shell/text.h"
+
+namespace fennel {
+
+namespace {
+
+constexpr int recordSize = 4;
+
+void forgetFile(ZUKarr& table, int file)
+{
+    for (int param = 1; param <= zukParamCount; ++param) {
+        ZukCell& cell = table.at(file, param);
+        cell.LevelValue = -1;
+        cell.EditValue.reset();
+        cell.TabPos = -1;
+        cell.RowPos = -1;
+    }
+}
+
+QByteArray recordsOf(const ZUKarr& table, int file)
+{
+    QByteArray bytes;
+    for (int param = 1; param <= zukParamCount; ++param) {
+        const std::optional<qint64> value = table.at(file, param).EditValue;
+        if (!value)
+            continue;
+        for (const int shift : {0, 8, 16})
+            bytes.append(static_cast<char>((*value >> shift) & 0xFF));
+        bytes.append(static_cast<char>(param));
+    }
+    return bytes;
+}
+
+// A new level file that stands beside the old one until all are written.
+struct NewFile {
+    QString path;
+    QString temporary;
+};
+
+Result<void> renameAll(Files& files, const std::vector<NewFile>& written)
+{
+    for (const NewFile& file : written) {
+        if (Result<void> renamed = files.rename(file.temporary, file.path); !renamed)
+            return renamed;
+    }
+    return {};
+}
+
+void removeTemporaries(Files& files, const std::vector<NewFile>& written)
+{
+    for (const NewFile& file : written)
+        (void)files.remove(file.temporary);
+}
+
+} // namespace
+
+int levelFileOf(const PanelRec& object)
+{
+    return static_cast<int>(numberFromText(QStringView(object.CfgFile).mid(3)));
+}
+
+void readLevelRecords(const QByteArray& bytes, int file, ZUKarr& table)
+{
+    for (qsizetype i = 0; i + recordSize <= bytes.size(); i += recordSize) {
+        const auto byte = [&](qsizetype k) { return static_cast<unsigned char>(bytes[i + k]); };
+        if (ZUKarr::inRange(file, byte(3)))
+            table.at(file, byte(3)).LevelValue = byte(2) * 65536 + byte(1) * 256 + byte(0);
+    }
+}
+
+void ReadLevelFiles(const Shell& shell, ZUKarr& table)
+{
+    if (!shell.run.GfxHasZuk)
+        return;
+    shell.WriteLog(QStringLiteral(" read ZUKxxxxCFG "));
+    const QString folder = withSeparator(shell.run.Workspace);
+    for (int file = 0; file < zukFileCount; ++file) {
+        forgetFile(table, file);
+        const QString path = folder + levelFileName(file);
+        if (!FileExists(path))
+            continue;
+        const Result<QByteArray> bytes = readBytes(path, levelFileLimit);
+        if (bytes)
+            readLevelRecords(*bytes, file, table);
+        else
+            (void)shell.told(bytes.failure());
+    }
+}
+
+void GatherListValues(const Shell& shell, ParamLists& lists)
+{
+    if (!shell.run.GfxHasZuk)
+        return;
+    for (int tab = FirstObjectTab; tab <= lists.tabCount(); ++tab) {
+        const PanelRec* object = lists.object(lists.objectOfTab(tab));
+        if (!object)
+            continue;
+        const int file = levelFileOf(*object);
+        for (const ListRow& row : lists.list(tab)->rows) {
+            const int param = static_cast<int>(numberFromText(row.tag));
+            if (isParameterRow(row) && ZUKarr::inRange(file, param))
+                lists.ZUKarr.at(file, param).EditValue = numberFromText(row.text(CfgColumn));
+        }
+    }
+}
+
+Result<void> WriteLevelFiles(const Shell& shell, const ZUKarr& table)
+{
+    if (!shell.run.GfxHasZuk)
+        return {};
+    const QString folder = withSeparator(shell.run.Workspace);
+    std::vector<NewFile> written;
+    Result<void> result;
+    for (int file = 0; file < zukFileCount && result; ++file) {
+        const QByteArray bytes = recordsOf(table, file);
+        if (bytes.isEmpty())
+            continue;
+        const QString name = levelFileName(file);
+        written.push_back({folder + name, folder + QLatin1Char('#') + name});
+        result = shell.files.write(written.back().temporary, bytes);
+    }
+    if (result)
+        result = renameAll(shell.files, written);
+    if (!result)
+        removeTemporaries(shell.files, written);
+    return result;
+}
+
+} // namespace fennel

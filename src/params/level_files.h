@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// The level files ZUK0000.CFG to ZUK0015.CFG of the Workspace: from the files into ZUKarr, from the
+// lists into ZUKarr, and from ZUKarr back into the files.
+//
+// A level file is a run of records of 4 bytes without header or count: the value as 24 bits, lowest
+// byte first, then the parameter number, 1 to 99. A colour is the number 0xRRGGBB. Records may
+// stand in any order, the last one of a number wins; number 0 is a filler. What lies behind the
+// last whole record is dropped, and so are records with a number above 99.
+#pragma once
+
+#include "params/param_lists.h"
+#include "shell/result.h"
+
+#include <QByteArray>
+
+namespace fennel {
+
+struct Shell;
+
+// Larger files are not level files: 99 records are 396 bytes, but fillers and repeats are allowed.
+inline constexpr qint64 levelFileLimit = 64LL * 1024 * 1024;
+
+// Number of the level file that an object reads, from its CfgFile; 0 for an object without one.
+int levelFileOf(const PanelRec& object);
+
+// Takes the records of one file into the LevelValue cells of `file`.
+void readLevelRecords(const QByteArray& bytes, int file, ZUKarr& table);
+
+// Empties LevelValue, EditValue, TabPos and RowPos of every cell and reads the files that are
+// there. Does nothing unless GfxHasZuk. A file that cannot be read is told, its cells stay at -1.
+void ReadLevelFiles(const Shell& shell, ZUKarr& table);
+
+// Copies the value cells of the parameter rows of all object lists into EditValue. Does nothing
+// unless GfxHasZuk. Where two lists show the same parameter, they show the same value.
+void GatherListValues(const Shell& shell, ParamLists& lists);
+
+// Writes EditValue, cut to 24 bits, in ascending parameter number. A file without any EditValue
+// stays as it is; every other one is replaced and then holds nothing but what the lists showed. All
+// new contents are written beside the files first and renamed over them when the last one is whole:
+// on a failure before that no file has changed, and every file is whole at any time. The caller has
+// the list of members rebuilt afterwards with the pattern "*.CFG".
+Result<void> WriteLevelFiles(const Shell& shell, const ZUKarr& table);
+
+} // namespace fennel

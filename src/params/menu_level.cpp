@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include "params/menu_level.h"
+
+#include "params/level_files.h"
+#include "params/panel_values.h"
+#include "shell/shell_context.h"
+
+namespace fennel {
+
+namespace {
+
+constexpr int backgroundParam = 99; // number of the background, in file 0
+
+QString backgroundPath(const QString& workspace, qint64 number)
+{
+    const QString folder = withSeparator(workspace);
+    const QString numbered =
+        folder + QStringLiteral("back_%1.jpg").arg(QString::number(100 + number).right(2));
+    return FileExists(numbered) ? numbered : folder + QStringLiteral("back.jpg");
+}
+
+} // namespace
+
+MenuLevelBox menuLevelBox(bool menuSelected, bool checked)
+{
+    if (!menuSelected)
+        return {false, QStringLiteral("Choose current flash drive and lst-menu")};
+    return {true, checked ? QStringLiteral("Uncheck to use ZUKxxxx.CFG data")
+                          : QStringLiteral("Check it to use MenuLevel data over ZUKxxxx.CFG data")};
+}
+
+std::optional<QString> switchMenuLevel(const Shell& shell, ParamLists& lists, bool checked)
+{
+    if (!checked)
+        GatherListValues(shell, lists);
+    RecalcPanelsFromLevels(shell, lists, checked ? Layer::Lst : Layer::Edit);
+    // The value in force on either side: a menu that says nothing of the background keeps it.
+    const auto inForce = [&](Layer layer) {
+        return lists.ZUKarr.GetLevelValue(0, backgroundParam, layer).value_or(-1);
+    };
+    const qint64 ofMenu = inForce(Layer::Lst);
+    const qint64 ofLists = inForce(Layer::Edit);
+    if (ofMenu == ofLists)
+        return std::nullopt;
+    return backgroundPath(shell.run.Workspace, checked ? ofMenu : ofLists);
+}
+
+} // namespace fennel

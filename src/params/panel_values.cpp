@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+#include "params/panel_values.h"
+
+#include "params/level_files.h"
+#include "params/object_table.h"
+#include "shell/shell_context.h"
+#include "shell/text.h"
+
+#include <cstdlib>
+
+namespace fennel {
+
+namespace {
+
+constexpr QRgb white = 0xffffffff;
+constexpr QRgb black = 0xff000000;
+constexpr QRgb grey = 0xff808080;
+constexpr int menuLeft = 253;
+constexpr int menuTop = 170;
+constexpr int menuEntries = 8;
+constexpr int buttonsHeight = 45;
+
+QRgb opaque(qint64 colour)
+{
+    return black | (static_cast<QRgb>(colour) & 0xFFFFFFU);
+}
+
+// The value of a source field: a parameter's, or a constant.
+using ParamValue = std::function<qint64(int)>;
+
+qint64 fromSource(int source, const ParamValue& param)
+{
+    return source > 0 ? param(source) : std::abs(source);
+}
+
+void recalcPanel(PanelRec& panel, const ParamValue& param)
+{
+    panel.Width = clampToI16(fromSource(panel.WidthParam, param));
+    panel.Left = clampToI16(fromSource(panel.LeftParam, param));
+    panel.Height = clampToI16(fromSource(panel.HeightParam, param));
+    panel.Top = clampToI16(fromSource(panel.TopParam, param));
+    panel.BackColor = opaque(fromSource(panel.BackParam, param));
+    panel.TextColor = opaque(fromSource(panel.TextParam, param));
+    panel.Transp = clampToI16(fromSource(panel.TranspParam, param));
+    panel.FontIndex = clampToI16(fromSource(panel.FontParam, param));
+}
+
+// The four values of a spark are two points, A in left and top, B in width and height. The mix of
+// axes is how every earlier version shows sparks, and people have placed theirs by it.
+void pointsToRectangle(PanelRec& panel)
+{
+    const int t = panel.Top;
+    const int l = panel.Left;
+    const int w = panel.Width;
+    const int h = panel.Height;
+    panel.Top = clampToI16(std::min(w, t));
+    panel.Left = clampToI16(std::min(w, l));
+    panel.Width = clampToI16(std::abs(t - w));
+    panel.Height = clampToI16(std::abs(l - h));
+}
+
+struct Look {
+    int transp;
+    QRgb text;
+    QRgb back;
+};
+
+void place(PanelRec& panel, int left, int top, int width, int height, const Look& look)
+{
+    panel.Left = clampToI16(left);
+    panel.Top = clampToI16(top);
+    panel.Width = clampToI16(width);
+    panel.Height = clampToI16(height);
+    panel.Transp = clampToI16(look.transp);
+    panel.TextColor = look.text;
+    panel.BackColor = look.back;
+}
+
+// What generations 1 and 2 place alike, in boot-screen pixels.
+void placeFixed(const RunState& run, ParamLists& lists, double line)
+{
+    const int oneLine = roundToEven(line + 3);
+    place(*lists.object(MenuPanelRow), menuLeft, menuTop, run.BackWidth - menuLeft,
+          roundToEven(line * menuEntries + 3), {255, white, grey});
+    place(*lists.object(MenuBarRow), menuLeft, menuTop, run.BackWidth - menuLeft, oneLine,
+          {70, black, white});
+    place(*lists.object(ButtonsPanelRow), 0, run.BackHeight - buttonsHeight, run.BackWidth,
+          buttonsHeight, {255, white, grey});
+    place(*lists.object(OptionsPanelRow), 263, 480, run.BackWidth - 263, oneLine,
+          {255, white, grey});
+    lists.object(ButtonsPanelRow)->Text =
+        QStringLiteral("F1|Help|F2|Language|English (UK)|F9|Reboot|F10|Poweroff");
+    lists.object(OptionsPanelRow)->Text = QStringLiteral("OptionsPanel");
+}
+
+void placeByCfg(const RunState& run, ParamLists& lists, double line, const CfgLookup& CfgValue)
+{
+    const auto number = [&](QStringView name) { return numberFromText(CfgValue(name)); };
+    const qint64 left = number(u"menu_start_x");
+    for (const int row : {MenuPanelRow, MenuBarRow}) {
+        PanelRec& panel = *lists.object(row);
+        panel.Left = clampToI16(left);
+        panel.Top = clampToI16(number(u"menu_start_y"));
+        panel.Width = clampToI16(run.BackWidth - left);
+    }
+    PanelRec& menu = *lists.object(MenuPanelRow);
+    const auto entries = static_cast<double>(number(u"menu_max_entries"));
+    menu.Height = clampToI16(roundToEven(entries * line + 3));
+    menu.TextColor = opaque(number(u"menu_text_normal"));
+    PanelRec& bar = *lists.object(MenuBarRow);
+    bar.TextColor = opaque(number(u"menu_text_select"));
+    bar.BackColor = opaque(number(u"menu_bar_color"));
+}
+
+} // namespace
+
+void applyGeneration(const Shell& shell, ParamLists& lists, const FontTable& fonts,
+                     const CfgLookup& CfgValue)
+{
+    const int generation = shell.run.gfxboot_var;
+    if (generation == 3) {
+        RecalcPanelsFromLevels(shell, lists, Layer::Cfg);
+        return;
+    }
+    shell.WriteLog(QStringLiteral("     gfxboot_var=%1").arg(generation));
+    if (!lists.object(OptionsPanelRow))
+        return; // nothing is open
+    const double size = fonts.empty() ? 0.0 : fonts.front().Size;
+    const double line = size + 3 + lists.MenuSlit;
+    placeFixed(shell.run, lists, line);
+    if (generation == 2)
+        placeByCfg(shell.run, lists, line, CfgValue);
+}
+
+void RecalcPanelsFromLevels(const Shell& shell, ParamLists& lists, Layer layer)
+{
+    shell.WriteLog(QStringLiteral("     gfxboot_var=3"));
+    for (int row = 0; row < static_cast<int>(lists.PanelArr.size()); ++row) {
+        PanelRec& panel = *lists.object(row);
+        const int file = levelFileOf(panel);
+        recalcPanel(panel, [&](int source) {
+            return GetLevelValue(shell, lists.ZUKarr, file, source, layer).value_or(-1);
+        });
+        if (isSparkle(row))
+            pointsToRectangle(panel);
+    }
+}
+
+bool RecalcPanelFromList(ParamLists& lists, const FontTable& fonts, int tab, int object)
+{
+    PanelRec* panel = lists.object(object);
+    if (!panel || !panel->Enabled)
+        return false;
+    const ParamValue param = [&](int source) { return GetPanelParam(lists, tab, source); };
+    recalcPanel(*panel, param);
+    panel->On = clampToI16(fromSource(panel->OnParam, param));
+    if (isSparkle(object))
+        pointsToRectangle(*panel);
+    const int font = panel->FontIndex;
+    const bool there = font >= 0 && font < static_cast<int>(fonts.size()) &&
+                       !fonts[static_cast<std::size_t>(font)].FontName.isEmpty();
+    if (!there)
+        panel->FontIndex = 0;
+    lists.MenuSlit = clampToI16(GetPanelParam(lists, FirstObjectTab, 40));
+    return true;
+}
+
+qint64 GetPanelParam(const ParamLists& lists, int tab, int id)
+{
+    const ListRows* list = lists.list(tab);
+    if (!list || id < 1)
+        return -1;
+    for (const ListRow& row : list->rows) {
+        if (numberFromText(row.tag) != id)
+            continue;
+        const qint64 value = numberFromText(row.text(CfgColumn));
+        return row.tag.contains(QLatin1String("|x|")) ? value & 0xFFFFFF : value;
+    }
+    return -1;
+}
+
+} // namespace fennel

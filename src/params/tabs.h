@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+// The tabs of the workbench: the five fixed ones, one per boot-screen object, and what changes with
+// the selected tab besides its list.
+#pragma once
+
+#include "params/object_rows.h"
+#include "params/param_lists.h"
+
+#include <QPoint>
+#include <QStringList>
+
+#include <vector>
+
+namespace fennel {
+
+struct RunState;
+struct Shell;
+
+// Makes the tabs anew: the five fixed ones, whose lists stay, and in generation 3 one per Enabled
+// object with its list filled. Sets PanelRec::TabIndex. A current tab that is gone becomes the
+// first.
+void BuildTabs(const Shell& shell, ParamLists& lists, const FillOptions& options);
+
+// The entry of a tab in the menu mnuEdit_ZUK_arr.
+QString tabMenuCaption(const ParamTab& tab);
+
+// True for the tab of the logo.
+bool isLogoTab(const ParamLists& lists, int tab);
+
+// Whether the stage shows the object of a tab that the user leaves.
+bool shownAfterLeaving(const ParamLists& lists, int tab);
+
+// Whether the buttons beside the list and three buttons of the toolbar can be used.
+struct RowButtons {
+    bool UpDown3 = false;
+    bool ComADD = false;
+    bool ComDEL = false;
+    bool ComEdit = false;
+    bool Font_change = false;
+    bool toolbar12 = false; // work on a font
+    bool toolbar13 = false; // work on a text
+    bool toolbar14 = false; // work on a picture
+    bool operator==(const RowButtons&) const = default;
+};
+// After a change to the tab, for the row that its list has selected.
+RowButtons buttonsOfTab(const RunState& run, const ParamLists& lists, int tab);
+// After a click on a row that is not grey.
+RowButtons buttonsOfRow(const RunState& run, const ParamLists& lists, int tab, int row);
+
+// What the strip of thumbnails shows for a tab, by its caption: masks separated by "|".
+QString thumbnailMask(const QString& caption);
+// The members that fit, mask by mask, at most `thumbnailLimit` of each.
+inline constexpr int thumbnailLimit = 100;
+QStringList thumbnailNames(const QString& workspace, const QString& mask);
+// What the status bar says of them.
+QString thumbnailStatus(qsizetype count, const QString& mask);
+
+// "Reorder ITEMs": the places of `count` icons of the given cell size in a list of the given width,
+// from the top left corner of the list, all in the same unit.
+std::vector<QPoint> iconPlaces(int listWidth, int cellWidth, int cellHeight, int count);
+
+} // namespace fennel
