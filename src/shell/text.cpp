@@ -95,6 +95,15 @@ TextFile FileReadAll(const QString& path)
     return bytes ? decodeText(*bytes) : TextFile{};
 }
 
+QStringView trimBlanks(QStringView text)
+{
+    while (text.startsWith(u' '))
+        text = text.mid(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
+
 double leadingNumber(QStringView text)
 {
     QString number;

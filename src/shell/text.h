@@ -26,6 +26,10 @@ QByteArray toCp1251(const QString& text);
 // Reads a file as decodeText does; a file that cannot be read gives an empty text.
 TextFile FileReadAll(const QString& path);
 
+// Without the blanks (U+0020 and nothing else) at both ends. Other white space belongs to the text:
+// a no-break space may be half of a character that is not of code page 1251.
+QStringView trimBlanks(QStringView text);
+
 // The decimal number at the start of a text, as in "14 px" = 14 and "12abc" = 12. Blanks, tabs and
 // line ends are skipped wherever they stand ("12 13" = 1213). Without a number the result is 0.
 double leadingNumber(QStringView text);

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "params/catalogue.h"
+
+#include "shell/text.h"
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Stands behind the "#" that is added to each line: it tells that "#" from the line's own ones.
+constexpr QChar sentinel{u'\a'};
+
+struct CatalogueLine {
+    int id = 0;
+    ZukCell cell; // only the four fields of the catalogue
+};
+
+// A line that begins with ":", as in ":38:s.arrow.color=0X00ff00# - Color".
+CatalogueLine parameterLine(const QString& bare)
+{
+    const QString whole = bare + u'#' + sentinel;
+    const QStringView line = trimBlanks(whole);
+    const qsizetype colon = line.indexOf(u':', 1);
+    const qsizetype equals = line.indexOf(u'=', 1);
+
+    CatalogueLine result;
+    result.id = roundToEven(leadingNumber(line.mid(1)));
+    if (colon >= 0 && equals > colon)
+        result.cell.Name = trimBlanks(line.mid(colon + 1, equals - colon - 1)).toString();
+    // Without "=" the whole line is read, and its colon makes that 0.
+    const QStringView value = trimBlanks(line.mid(equals + 1));
+    result.cell.DefValue = numberFromText(value);
+    result.cell.IsHex = value.startsWith(u"0x", Qt::CaseInsensitive);
+    // Trimmed before the sentinel goes: blanks at the end of a comment are the comment's own.
+    result.cell.Comment = trimBlanks(line.mid(line.indexOf(u'#') + 1)).toString();
+    result.cell.Comment.remove(u"#\a"_s).remove(sentinel);
+    return result;
+}
+
+void takeOver(const ZukCell& from, ZukCell& to)
+{
+    to.Name = from.Name;
+    to.DefValue = from.DefValue;
+    to.IsHex = from.IsHex;
+    to.Comment = from.Comment;
+}
+
+} // namespace
+
+QString CatalogueLanguage(const QString& language)
+{
+    return language == u"0419" ? language : u"0409"_s;
+}
+
+int parseCatalogue(const QString& text, ZUKarr& table)
+{
+    int leftOut = 0;
+    int file = 0;
+    QString clean = text;
+    clean.remove(u'\r').replace(u'\t', u"  "_s);
+    for (QStringView raw : QStringView(clean).split(u'\n')) {
+        while (raw.startsWith(u' '))
+            raw = raw.mid(1);
+        if (raw.startsWith(u'['))
+            file = roundToEven(leadingNumber(raw.mid(4)));
+        if (!raw.startsWith(u':'))
+            continue;
+        const CatalogueLine line = parameterLine(raw.toString());
+        if (ZUKarr::inRange(file, line.id))
+            takeOver(line.cell, table.at(file, line.id));
+        else
+            ++leftOut;
+    }
+    return leftOut;
+}
+
+bool LoadCatalogue(const Shell& shell, ZUKarr& table)
+{
+    const QString path =
+        shell.run.AppPath + u"/data/"_s + CatalogueLanguage(shell.run.CurrentLang) + u"_SETTINGS"_s;
+    const Result<QByteArray> bytes = readBytes(path);
+    if (!bytes)
+        return shell.told(bytes.failure());
+    const int leftOut = parseCatalogue(decodeText(*bytes).text, table);
+    if (leftOut > 0)
+        shell.prompts.ShowMessage(u"%1 lines of %2 name a parameter that cannot be.\n"
+                                  "They are left out."_s.arg(leftOut)
+                                      .arg(path));
+    return true;
+}
+
+} // namespace fennel

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "params/cfg_params.h"
+
+#include "shell/text.h"
+
+#include <algorithm>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const CfgParam* find(QStringView name)
+{
+    const auto* const found = std::find_if(cfgParams.begin(), cfgParams.end(),
+                                           [&](const CfgParam& p) { return p.name == name; });
+    return found == cfgParams.end() ? nullptr : found;
+}
+
+} // namespace
+
+QString CfgDefault(QStringView name)
+{
+    const CfgParam* const param = find(name);
+    return param ? param->defaultValue.toString() : u"0x000000"_s;
+}
+
+QString CfgComment(QStringView name)
+{
+    const CfgParam* const param = find(name);
+    return param ? param->comment.toString()
+                 : u"<== WRONG PARAMETER NAME! \""_s + name.toString() + u'"';
+}
+
+QString CfgKnownName(QStringView text)
+{
+    for (const CfgParam& param : cfgParams) {
+        if (text.contains(param.name))
+            return param.name.toString();
+    }
+    return {};
+}
+
+QString CfgNormalise(QStringView text)
+{
+    const qint64 number = numberFromText(text);
+    return text.trimmed().startsWith(u"0x", Qt::CaseInsensitive) ? hexText(number)
+                                                                 : QString::number(number);
+}
+
+} // namespace fennel
