@@ -33,11 +33,12 @@ bool fits(const std::string& fileName, const std::string& wanted)
     return std::ranges::any_of(endings, [&](const char* end) { return file == wanted + end; });
 }
 
-void searchFolder(const fs::path& folder, const std::string& wanted, std::vector<std::string>& found)
+void searchFolder(const fs::path& folder, const std::string& wanted,
+                  std::vector<std::string>& found)
 {
     std::error_code error;
-    fs::recursive_directory_iterator walk(
-        folder, fs::directory_options::skip_permission_denied, error);
+    fs::recursive_directory_iterator walk(folder, fs::directory_options::skip_permission_denied,
+                                          error);
     for (; !error && walk != fs::recursive_directory_iterator(); walk.increment(error)) {
         std::error_code unreadable;
         if (fits(walk->path().filename().string(), wanted) && walk->is_regular_file(unreadable))

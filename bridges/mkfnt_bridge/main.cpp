@@ -3,10 +3,10 @@
 //
 //   mkfnt_bridge RANGES FONT SIZE SPACE LINE LETTER OUTPUT [,0]
 //
-// RANGES as "0x20-0x7E_0x410-0x451"; FONT a file name without ".ttf", found in fontconfig's folders,
-// or a path; SIZE in pixels; SPACE the width of the blank, LINE and LETTER what is added to the line
-// height and to every advance. On failure there is no output, one sentence on standard error, and
-// the exit code is 1.
+// RANGES as "0x20-0x7E_0x410-0x451"; FONT a file name without ".ttf", found in fontconfig's
+// folders, or a path; SIZE in pixels; SPACE the width of the blank, LINE and LETTER what is added
+// to the line height and to every advance. On failure there is no output, one sentence on standard
+// error, and the exit code is 1.
 #include "font_search.h"
 #include "fonts/char_ranges.h"
 #include "fonts/fnt_codec.h"
@@ -35,10 +35,9 @@ Result<int> wholeNumber(const std::string& text, const char* what, int least, in
     int value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc() || end != text.data() + text.size() || value < least || value > most)
-        return Failure{FailureKind::Malformed, std::string(what) + " \"" + text +
-                                                   "\" is no whole number from " +
-                                                   std::to_string(least) + " to " +
-                                                   std::to_string(most) + "."};
+        return Failure{FailureKind::Malformed,
+                       std::string(what) + " \"" + text + "\" is no whole number from " +
+                           std::to_string(least) + " to " + std::to_string(most) + "."};
     return value;
 }
 

@@ -93,8 +93,8 @@ Result<void> measure(FntFont& font, int lineSpace)
                        "A font height of " + std::to_string(height) + " pixels is too large."};
     if (line > std::numeric_limits<std::int8_t>::max() ||
         line < std::numeric_limits<std::int8_t>::min())
-        return Failure{FailureKind::TooLarge, "A line height of " + std::to_string(line) +
-                                                  " pixels is out of range."};
+        return Failure{FailureKind::TooLarge,
+                       "A line height of " + std::to_string(line) + " pixels is out of range."};
     font.fontHeight = static_cast<std::uint8_t>(height);
     font.baseline = static_cast<std::uint8_t>(-lowest);
     font.lineHeight = static_cast<std::int8_t>(line);

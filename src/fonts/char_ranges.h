@@ -17,10 +17,10 @@ struct CodeRange {
 };
 
 // Tokens stand between "_", "," or blanks; a token is a number or two numbers joined by "-". A
-// number is hexadecimal behind "0x" or "&H" (any case), otherwise decimal, rounded to even; only its
-// leading digits count and a token without any is 0, so an empty one names the character 0. A token
-// whose last is below its first names nothing. Ranges come in the order of the text and may overlap.
-// Malformed: a number below 0 or above `limit`; the failure names the token.
+// number is hexadecimal behind "0x" or "&H" (any case), otherwise decimal, rounded to even; only
+// its leading digits count and a token without any is 0, so an empty one names the character 0. A
+// token whose last is below its first names nothing. Ranges come in the order of the text and may
+// overlap. Malformed: a number below 0 or above `limit`; the failure names the token.
 Result<std::vector<CodeRange>> readCodeRanges(std::string_view text, std::uint32_t limit);
 
 } // namespace fennel

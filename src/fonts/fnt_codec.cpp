@@ -23,8 +23,8 @@ Failure malformed(const char* text)
     return {FailureKind::Malformed, text};
 }
 
-// Takes bits from the low end of each byte first. Behind the end it gives zeros and remembers it, so
-// that a decoder needs to ask only once.
+// Takes bits from the low end of each byte first. Behind the end it gives zeros and remembers it,
+// so that a decoder needs to ask only once.
 class BitReader {
 public:
     BitReader(std::span<const std::uint8_t> bytes, std::size_t start)
@@ -104,7 +104,8 @@ bool representable(const Glyph& glyph)
     if (glyph.code > fntLastCode || glyph.width < 0 || glyph.height < 0 || glyph.width > 255 ||
         glyph.height > 255 || fieldBits(glyph) > widestField)
         return false;
-    const auto area = static_cast<std::size_t>(glyph.width) * static_cast<std::size_t>(glyph.height);
+    const auto area =
+        static_cast<std::size_t>(glyph.width) * static_cast<std::size_t>(glyph.height);
     return glyph.pixels.size() == area &&
            std::ranges::all_of(glyph.pixels, [](std::uint8_t level) { return level <= fullInk; });
 }
@@ -211,7 +212,8 @@ Result<Glyph> decodeGlyph(std::span<const std::uint8_t> file, const FntEntry& en
     glyph.xOffset = bits.takeSigned(field);
     glyph.yOffset = bits.takeSigned(field);
     glyph.advance = bits.takeSigned(field);
-    const auto area = static_cast<std::size_t>(glyph.width) * static_cast<std::size_t>(glyph.height);
+    const auto area =
+        static_cast<std::size_t>(glyph.width) * static_cast<std::size_t>(glyph.height);
     glyph.pixels.reserve(area);
     if (kind == twoColours)
         takeTwoColours(bits, area, glyph.pixels);
@@ -254,7 +256,8 @@ std::optional<std::vector<std::uint8_t>> encodeGlyph(const Glyph& glyph)
     BitWriter bits;
     bits.put(grey ? greys : twoColours, 2);
     bits.put(field - 1, 3);
-    const std::array numbers{glyph.width, glyph.height, glyph.xOffset, glyph.yOffset, glyph.advance};
+    const std::array numbers{glyph.width, glyph.height, glyph.xOffset, glyph.yOffset,
+                             glyph.advance};
     for (const int number : numbers)
         bits.put(static_cast<unsigned>(number), field);
     if (grey) {
@@ -277,8 +280,9 @@ Result<std::vector<std::uint8_t>> encodeFnt(const FntFont& font)
             continue;
         size += fntEntrySize + bits->size();
         if (size > fntSizeLimit)
-            return Failure{FailureKind::TooLarge, "The characters need more than the 512 KiB that a "
-                                                  "font file can hold."};
+            return Failure{FailureKind::TooLarge,
+                           "The characters need more than the 512 KiB that a "
+                           "font file can hold."};
         coded.emplace_back(glyph.code, std::move(*bits));
     }
     if (coded.empty())

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The bitmap font file of the boot screen (".fnt"), read and written. The standard library only: the
-// font bridge, the glyph view and the tests share it. docs/formats/fnt.md describes the bytes.
+// The bitmap font file of the boot screen (".fnt"), read and written. The standard library only:
+// the font bridge, the glyph view and the tests share it. docs/formats/fnt.md describes the bytes.
 //
-// Lengths are pixels. The origin of a glyph is the pen on the baseline, y grows upwards. Nothing in a
-// file is trusted: every number is checked against the bytes that are there.
+// Lengths are pixels. The origin of a glyph is the pen on the baseline, y grows upwards. Nothing in
+// a file is trusted: every number is checked against the bytes that are there.
 #pragma once
 
 #include "shell/result.h"
@@ -43,11 +43,11 @@ struct FntEntry {
 
 struct Glyph {
     std::uint32_t code = 0;
-    int width = 0;   // of the bitmap, 0 to 255
-    int height = 0;  // of the bitmap, 0 to 255
-    int xOffset = 0; // from the pen to the bitmap's left edge
-    int yOffset = 0; // from the baseline up to the bitmap's bottom edge
-    int advance = 0; // of the pen
+    int width = 0;                    // of the bitmap, 0 to 255
+    int height = 0;                   // of the bitmap, 0 to 255
+    int xOffset = 0;                  // from the pen to the bitmap's left edge
+    int yOffset = 0;                  // from the baseline up to the bitmap's bottom edge
+    int advance = 0;                  // of the pen
     std::vector<std::uint8_t> pixels; // width x height levels, rows from the top
 
     bool operator==(const Glyph&) const = default;
