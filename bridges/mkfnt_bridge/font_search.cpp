@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "font_search.h"
+
+#include <fontconfig/fontconfig.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+namespace fennel {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::array endings{"", ".ttf", ".TTF", ".otf", ".OTF", ".ttc", ".TTC"};
+
+std::string lower(std::string text)
+{
+    std::ranges::transform(text, text.begin(), [](unsigned char c) {
+        return static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
+    });
+    return text;
+}
+
+bool fits(const std::string& fileName, const std::string& wanted)
+{
+    if (fileName.size() < wanted.size() || fileName.size() > wanted.size() + 4)
+        return false;
+    const std::string file = lower(fileName);
+    return std::ranges::any_of(endings, [&](const char* end) { return file == wanted + end; });
+}
+
+void searchFolder(const fs::path& folder, const std::string& wanted,
+                  std::vector<std::string>& found)
+{
+    std::error_code error;
+    fs::recursive_directory_iterator walk(folder, fs::directory_options::skip_permission_denied,
+                                          error);
+    for (; !error && walk != fs::recursive_directory_iterator(); walk.increment(error)) {
+        std::error_code unreadable;
+        if (fits(walk->path().filename().string(), wanted) && walk->is_regular_file(unreadable))
+            found.push_back(walk->path().string());
+    }
+}
+
+// Only fontconfig's configuration is loaded: the scan of all installed fonts would cost more than
+// making the font.
+std::string searchFolders(const std::string& name)
+{
+    const std::unique_ptr<FcConfig, decltype(&FcConfigDestroy)> config(FcInitLoadConfig(),
+                                                                       FcConfigDestroy);
+    if (!config)
+        return {};
+    const std::unique_ptr<FcStrList, decltype(&FcStrListDone)> folders(
+        FcConfigGetFontDirs(config.get()), FcStrListDone);
+    std::vector<std::string> found;
+    while (const FcChar8* folder = folders ? FcStrListNext(folders.get()) : nullptr)
+        searchFolder(reinterpret_cast<const char*>(folder), lower(name), found);
+    const auto first = std::ranges::min_element(found);
+    return first == found.end() ? std::string() : *first;
+}
+
+} // namespace
+
+std::string findFontFile(const std::string& name)
+{
+    if (name.find('/') == std::string::npos)
+        return name.empty() ? std::string() : searchFolders(name);
+    for (const char* end : endings) {
+        std::error_code error;
+        if (fs::is_regular_file(name + end, error))
+            return name + end;
+    }
+    return {};
+}
+
+} // namespace fennel

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+// Makes a boot-screen font from a TrueType or OpenType file.
+//
+//   mkfnt_bridge RANGES FONT SIZE SPACE LINE LETTER OUTPUT [,0]
+//
+// RANGES as "0x20-0x7E_0x410-0x451"; FONT a file name without ".ttf", found in fontconfig's
+// folders, or a path; SIZE in pixels; SPACE the width of the blank, LINE and LETTER what is added
+// to the line height and to every advance. On failure there is no output, one sentence on standard
+// error, and the exit code is 1.
+#include "font_search.h"
+#include "fonts/char_ranges.h"
+#include "fonts/fnt_codec.h"
+#include "rasterise.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <span>
+#include <string>
+
+namespace fennel {
+
+namespace {
+
+constexpr std::uint32_t lastUnicode = 0x10FFFF;
+enum Argument { Ranges = 1, Font, Size, Space, Line, Letter, Output, Suffix };
+
+Result<int> wholeNumber(const std::string& text, const char* what, int least, int most)
+{
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size() || value < least || value > most)
+        return Failure{FailureKind::Malformed,
+                       std::string(what) + " \"" + text + "\" is no whole number from " +
+                           std::to_string(least) + " to " + std::to_string(most) + "."};
+    return value;
+}
+
+// Ascending, each code once. U+0000 is what an unreadable token stands for, never a character.
+Result<std::vector<std::uint32_t>> wantedCodes(const std::string& text)
+{
+    Result<std::vector<CodeRange>> ranges = readCodeRanges(text, lastUnicode);
+    if (!ranges)
+        return ranges.failure();
+    std::ranges::sort(*ranges, {}, &CodeRange::first);
+    std::vector<std::uint32_t> codes;
+    std::uint32_t next = 1;
+    for (const CodeRange& range : *ranges) {
+        for (next = std::max(next, range.first); next <= range.last; ++next)
+            codes.push_back(next);
+    }
+    if (codes.empty())
+        return Failure{FailureKind::Malformed, "The list of characters is empty."};
+    return codes;
+}
+
+Result<FontOrder> readOrder(std::span<char*> arguments)
+{
+    FontOrder order;
+    struct Field {
+        Argument place;
+        const char* what;
+        int* value;
+        int least;
+        int most;
+    };
+    const Field fields[] = {
+        {Size, "The size", &order.size, smallestFont, largestFont},
+        {Space, "The space width", &order.spaceWidth, -largestSpacing, largestSpacing},
+        {Line, "The line space", &order.lineSpace, -largestSpacing, largestSpacing},
+        {Letter, "The letter space", &order.letterSpace, -largestSpacing, largestSpacing},
+    };
+    for (const Field& field : fields) {
+        const Result<int> value =
+            wholeNumber(arguments[field.place], field.what, field.least, field.most);
+        if (!value)
+            return value.failure();
+        *field.value = *value;
+    }
+    Result<std::vector<std::uint32_t>> codes = wantedCodes(arguments[Ranges]);
+    if (!codes)
+        return codes.failure();
+    order.codes = std::move(*codes);
+    return order;
+}
+
+// Under another name first, so that a full disk leaves nothing that looks like a font.
+Result<void> writeFile(const std::string& path, const std::vector<std::uint8_t>& bytes)
+{
+    const std::string part = path + "." + std::to_string(::getpid());
+    errno = 0;
+    std::ofstream file(part, std::ios::binary);
+    file.write(reinterpret_cast<const char*>(bytes.data()),
+               static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (file && std::rename(part.c_str(), path.c_str()) == 0)
+        return {};
+    const std::string reason = std::strerror(errno);
+    std::remove(part.c_str());
+    return Failure{FailureKind::Io, "Cannot write " + path + ": " + reason + "."};
+}
+
+Result<void> makeFont(std::span<char*> arguments)
+{
+    const Result<FontOrder> order = readOrder(arguments);
+    if (!order)
+        return order.failure();
+    const std::string path = findFontFile(arguments[Font]);
+    if (path.empty())
+        return Failure{FailureKind::NotFound,
+                       std::string("There is no font file ") + arguments[Font] + "."};
+    const Result<FntFont> font = rasterise(path, *order);
+    if (!font)
+        return font.failure();
+    const Result<std::vector<std::uint8_t>> bytes = encodeFnt(*font);
+    return bytes ? writeFile(arguments[Output], *bytes) : bytes.failure();
+}
+
+} // namespace
+
+} // namespace fennel
+
+int main(int argc, char** argv)
+{
+    using namespace fennel;
+    const std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
+    if (arguments.size() != Suffix && arguments.size() != Suffix + 1) {
+        std::fputs("Arguments: RANGES FONT SIZE SPACE LINE LETTER OUTPUT [,0]\n", stderr);
+        return 1;
+    }
+    const Result<void> made = makeFont(arguments);
+    if (made)
+        return 0;
+    // An output of an earlier run must not pass for this one's.
+    if (std::strcmp(arguments[Output], arguments[Font]) != 0)
+        std::remove(arguments[Output]);
+    std::fprintf(stderr, "%s\n", made.failure().text.c_str());
+    return 1;
+}

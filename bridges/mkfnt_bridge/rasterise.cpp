@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "rasterise.h"
+
+#include <ft2build.h>
+#include FT_FREETYPE_H
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+#include <optional>
+
+namespace fennel {
+
+namespace {
+
+// Embedded bitmaps would mix sizes and looks with the outlines.
+constexpr FT_Int32 loadFlags = FT_LOAD_RENDER | FT_LOAD_NO_BITMAP;
+constexpr unsigned levels = 14;
+constexpr FT_Pos pixel = 64; // FreeType counts in 26.6 fixed point
+constexpr std::uint32_t space = 0x20;
+
+// The library and one face of a file; both go with it.
+class Face {
+public:
+    explicit Face(const std::string& path)
+    {
+        if (FT_Init_FreeType(&m_library) == 0 &&
+            FT_New_Face(m_library, path.c_str(), 0, &m_face) != 0)
+            m_face = nullptr;
+    }
+    ~Face()
+    {
+        if (m_library != nullptr)
+            FT_Done_FreeType(m_library); // takes the face along
+    }
+    Face(const Face&) = delete;
+    Face& operator=(const Face&) = delete;
+    [[nodiscard]] FT_Face get() const { return m_face; }
+
+private:
+    FT_Library m_library = nullptr;
+    FT_Face m_face = nullptr;
+};
+
+std::vector<std::uint8_t> levelsOf(const FT_Bitmap& bitmap)
+{
+    std::vector<std::uint8_t> pixels;
+    pixels.reserve(std::size_t{bitmap.rows} * bitmap.width);
+    for (unsigned y = 0; y < bitmap.rows; ++y) {
+        const unsigned char* row =
+            bitmap.buffer + static_cast<std::ptrdiff_t>(y) * bitmap.pitch; // pitch may be negative
+        for (unsigned x = 0; x < bitmap.width; ++x)
+            pixels.push_back(static_cast<std::uint8_t>(row[x] * levels / 256));
+    }
+    return pixels;
+}
+
+// Nothing for a character that cannot be loaded.
+std::optional<Glyph> glyphOf(FT_Face face, std::uint32_t code)
+{
+    const FT_UInt index = FT_Get_Char_Index(face, code);
+    if (index == 0 || FT_Load_Glyph(face, index, loadFlags) != 0)
+        return std::nullopt;
+    const FT_GlyphSlot slot = face->glyph;
+    Glyph glyph;
+    glyph.code = code;
+    glyph.advance = static_cast<int>((slot->advance.x + pixel / 2) / pixel);
+    if (slot->bitmap.rows == 0 || slot->bitmap.width == 0)
+        return glyph;
+    if (slot->bitmap.pixel_mode != FT_PIXEL_MODE_GRAY)
+        return std::nullopt;
+    glyph.width = static_cast<int>(slot->bitmap.width);
+    glyph.height = static_cast<int>(slot->bitmap.rows);
+    glyph.xOffset = slot->bitmap_left;
+    glyph.yOffset = slot->bitmap_top - glyph.height;
+    glyph.pixels = levelsOf(slot->bitmap);
+    return glyph;
+}
+
+// The box over all glyphs always holds the baseline.
+Result<void> measure(FntFont& font, int lineSpace)
+{
+    int lowest = 0;
+    int highest = 0;
+    for (const Glyph& glyph : font.glyphs) {
+        lowest = std::min(lowest, glyph.yOffset);
+        highest = std::max(highest, glyph.yOffset + glyph.height);
+    }
+    const int height = highest - lowest;
+    const int line = height + usualLineGap + lineSpace;
+    if (height > std::numeric_limits<std::uint8_t>::max())
+        return Failure{FailureKind::TooLarge,
+                       "A font height of " + std::to_string(height) + " pixels is too large."};
+    if (line > std::numeric_limits<std::int8_t>::max() ||
+        line < std::numeric_limits<std::int8_t>::min())
+        return Failure{FailureKind::TooLarge,
+                       "A line height of " + std::to_string(line) + " pixels is out of range."};
+    font.fontHeight = static_cast<std::uint8_t>(height);
+    font.baseline = static_cast<std::uint8_t>(-lowest);
+    font.lineHeight = static_cast<std::int8_t>(line);
+    return {};
+}
+
+Failure unreadable(const std::string& path)
+{
+    return {FailureKind::Malformed, path + " cannot be read as a font."};
+}
+
+} // namespace
+
+Result<FntFont> rasterise(const std::string& path, const FontOrder& order)
+{
+    const Face owner(path);
+    FT_Face face = owner.get();
+    if (face == nullptr)
+        return unreadable(path);
+    if (!FT_IS_SCALABLE(face))
+        return Failure{FailureKind::Unsupported, path + " has no outlines, only bitmaps."};
+    if (face->charmap == nullptr)
+        return Failure{FailureKind::Unsupported, path + " has no table of Unicode characters."};
+    if (FT_Set_Pixel_Sizes(face, 0, static_cast<FT_UInt>(order.size)) != 0)
+        return unreadable(path);
+    FntFont font;
+    for (const std::uint32_t code : order.codes) {
+        std::optional<Glyph> glyph = glyphOf(face, code);
+        if (!glyph)
+            continue;
+        if (code == space)
+            glyph->advance = order.spaceWidth;
+        glyph->advance += order.letterSpace;
+        // Refused glyphs must not count for the height of the font.
+        if (encodeGlyph(*glyph))
+            font.glyphs.push_back(std::move(*glyph));
+    }
+    const Result<void> measured = measure(font, order.lineSpace);
+    return measured ? Result<FntFont>(std::move(font)) : measured.failure();
+}
+
+} // namespace fennel

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "fonts/char_sets.h"
+
+#include "fonts/char_ranges.h"
+#include "fonts/fnt_bytes.h"
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString startingRanges = QStringLiteral("0x20-0x7e_0x0410-0x0451");
+
+// "0x" and the digits without leading zeros. QString::number would cost a string for each of up to
+// 65,535 numbers, and the text is made anew at every click.
+void appendHex(QString& text, unsigned code)
+{
+    text += u"0x";
+    int shift = 12;
+    while (shift > 0 && (code >> shift) == 0)
+        shift -= 4;
+    for (; shift >= 0; shift -= 4)
+        text += QChar(u"0123456789ABCDEF"[(code >> shift) & 0xFU]);
+}
+
+std::size_t endOfRun(const CharSelected& set, std::size_t start)
+{
+    while (start + 1 < set.size() && set[start + 1])
+        ++start;
+    return start;
+}
+
+} // namespace
+
+CharSelected startingCharacters()
+{
+    return *ParseCharacterRanges(startingRanges);
+}
+
+Result<CharSelected> ParseCharacterRanges(const QString& text)
+{
+    const QByteArray plain = text.toLatin1(); // other characters end a number like any letter
+    const std::string_view view(plain.constData(), static_cast<std::size_t>(plain.size()));
+    const auto ranges = readCodeRanges(view, characterCount - 1);
+    if (!ranges)
+        return ranges.failure();
+    CharSelected set;
+    for (const CodeRange& range : *ranges) {
+        for (std::size_t code = range.first; code <= range.last; ++code)
+            set[code] = true;
+    }
+    return set;
+}
+
+QString FormatCharacterRanges(const CharSelected& set)
+{
+    QString text;
+    for (std::size_t code = 1; code < set.size(); ++code) {
+        if (!set[code])
+            continue;
+        if (!text.isEmpty())
+            text += u' ';
+        const std::size_t end = endOfRun(set, code);
+        appendHex(text, static_cast<unsigned>(code));
+        if (end > code) {
+            text += u'-';
+            appendHex(text, static_cast<unsigned>(end));
+        }
+        code = end;
+    }
+    return text;
+}
+
+QString selectedCharacters(const CharSelected& set)
+{
+    QString text;
+    text.reserve(static_cast<qsizetype>(set.count() * 2));
+    for (std::size_t code = 1; code < set.size(); ++code) {
+        if (set[code]) {
+            text += u' ';
+            text += QChar(static_cast<char16_t>(code));
+        }
+    }
+    return text;
+}
+
+bool toggleCharacter(CharSelected& set, int code)
+{
+    if (code <= lastFixedCharacter || code >= characterCount)
+        return false;
+    set.flip(static_cast<std::size_t>(code));
+    return true;
+}
+
+QString ReadFontCharacters(const QByteArray& file)
+{
+    const int count = FontSymbolCount(file);
+    QString text;
+    text.reserve(count * 7);
+    for (int i = 0; i < count; ++i) {
+        if (i > 0)
+            text += u' ';
+        text += u"&H"_s + hexPadded(tableEntry(file, i).code, 4);
+    }
+    return text;
+}
+
+QString rangesOfFont(const QByteArray& file)
+{
+    return ReadFontCharacters(file).replace(u"&H"_s, u"0x"_s).replace(u' ', u',');
+}
+
+QString rangesOfDefault(const QString& defaultFontName)
+{
+    return QString(defaultFontName).remove(u'\t').remove(u' ');
+}
+
+} // namespace fennel

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+#include "fonts/font_dialog.h"
+
+#include "fonts/fnt_bytes.h"
+#include "shell/text.h"
+
+#include <QSet>
+
+#include <algorithm>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString editTitle = u"Font. Edit "_s;
+const QString fromWord = u"from "_s;
+
+int codeOf(int page, int cell)
+{
+    return page * cellCount + cell;
+}
+
+QString cellGlyph(int page, int cell)
+{
+    if (page == 0 && cell < 0x20)
+        return u" "_s;
+    if (page == 0 && cell >= 0x7F && cell <= 0xA0)
+        return {};
+    return QString(QChar(static_cast<char16_t>(codeOf(page, cell))));
+}
+
+QString hexDigits(int value)
+{
+    return QString::number(value, 16).toUpper();
+}
+
+} // namespace
+
+std::vector<FontFile> fontFiles(const QString& fontList)
+{
+    std::vector<FontFile> fonts;
+    QSet<QString> known;
+    const QStringList lines = fontList.split(u'\n', Qt::SkipEmptyParts);
+    for (const QString& line : lines) {
+        const qsizetype arrow = line.lastIndexOf(u'>');
+        const QString file = line.mid(arrow + 1);
+        if (arrow < 0 || !file.contains(u".ttf"_s, Qt::CaseInsensitive))
+            continue;
+        const QString value = line.left(arrow);
+        const QString name = value.left(value.indexOf(u"(TrueType)"_s)).trimmed();
+        if (known.contains(name))
+            continue;
+        known.insert(name);
+        const qsizetype folder = std::max(file.lastIndexOf(u'/'), file.lastIndexOf(u'\\'));
+        fonts.push_back({name, file.mid(folder + 1)});
+    }
+    return fonts;
+}
+
+int placeOfFont(const std::vector<FontFile>& fonts, const QString& fontStyleName)
+{
+    const auto found = std::ranges::find(fonts, fontStyleName, &FontFile::name);
+    return found == fonts.end() ? 0 : static_cast<int>(found - fonts.begin());
+}
+
+QString familyOfName(const QString& name, const QStringList& families)
+{
+    QString family = families.contains(name) ? name : QString();
+    QString candidate = name;
+    for (const QString& word : {u" Bold"_s, u" Italic"_s, u" Обычный"_s}) {
+        candidate.remove(word);
+        if (families.contains(candidate))
+            family = candidate;
+    }
+    if (!family.isEmpty())
+        return family;
+    for (const QString& installed : families) {
+        if (installed.size() > family.size() && name.startsWith(installed + u' '))
+            family = installed;
+    }
+    return family;
+}
+
+QString fontExampleText(const FontFile& font)
+{
+    return u"Font name: "_s + font.name + u"\r\nFont file: "_s + font.fileName;
+}
+
+std::array<PageCell, cellCount> pageCells(int page, const CharSelected& set)
+{
+    std::array<PageCell, cellCount> cells;
+    for (int cell = 0; cell < cellCount; ++cell) {
+        PageCell& shown = cells[static_cast<std::size_t>(cell)];
+        const int code = codeOf(page, cell);
+        shown.glyph = cellGlyph(page, cell);
+        shown.tag = hexPadded(code, 4);
+        shown.hint = cellHint(page, cell);
+        shown.selected = set[static_cast<std::size_t>(code)];
+    }
+    return cells;
+}
+
+QString pageText(int page)
+{
+    QString text;
+    for (int cell = 0; cell < cellCount; ++cell) {
+        text += cellGlyph(page, cell);
+        if (cell % cellColumns == cellColumns - 1)
+            text += u'\n';
+    }
+    return text;
+}
+
+QString pageRange(int page)
+{
+    const QString digits = hexPadded(page, 2);
+    return u"U+"_s + digits + u"00 - U+"_s + digits + u"FF"_s;
+}
+
+QString cellHint(int page, int cell)
+{
+    const int code = codeOf(page, cell);
+    const QString utf8 = code < 0x80
+                             ? hexDigits(cell)
+                             : hexDigits(code / 64 + 192) + u' ' + hexDigits(code % 64 + 128);
+    return u"Unicode: U+"_s + hexPadded(code, 4) + u",  UTF-8: "_s + utf8;
+}
+
+QString viewCaption(int view, int page, double previewScale)
+{
+    switch (view) {
+    case WindowsView:
+        return u"WinFontSize"_s;
+    case ScaledView:
+        return u"Current scale ("_s + QString::number(roundToEven(previewScale * 100)) + u"%)"_s;
+    case PageView:
+        return u"Characters Page\n"_s + pageRange(page);
+    default:
+        return u"Selected Characters"_s;
+    }
+}
+
+double viewFontSize(int view, double size, double previewScale)
+{
+    return view == ScaledView ? size * previewScale : size;
+}
+
+bool offersFromFont(int view, const QString& title)
+{
+    return view == SelectedView && title != addFontTitle();
+}
+
+bool offersDefault(int view)
+{
+    return view == SelectedView;
+}
+
+QString addFontTitle()
+{
+    return u"Font. Add"_s;
+}
+
+QString editFontTitle(const QString& member)
+{
+    return editTitle + member;
+}
+
+QString fromFontCaption(const QString& title)
+{
+    return title.startsWith(editTitle) ? fromWord + title.mid(editTitle.size()) : u"Load from..."_s;
+}
+
+QString fromFontHint(const QString& title)
+{
+    return title.startsWith(editTitle) ? u"Load Character Set "_s + title : title;
+}
+
+QString memberOfCaption(const QString& caption)
+{
+    return caption.mid(fromWord.size());
+}
+
+} // namespace fennel

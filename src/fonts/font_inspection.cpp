@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+#include "fonts/font_inspection.h"
+
+#include "fonts/fnt_bytes.h"
+#include "fonts/font_substitution.h"
+#include "shell/files.h"
+
+#include <algorithm>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString noBitmap = u"---"_s;
+
+QString decimalPadded(int value, int digits)
+{
+    return QString::number(value).rightJustified(digits, u'0').right(digits);
+}
+
+QString headerRow(const QByteArray& file)
+{
+    QString text;
+    for (int i = 0; i < static_cast<int>(fntHeaderSize); ++i) {
+        text += HexByte(byteAt(file, i));
+        if (i == 3 || i == 7)
+            text += u' ';
+    }
+    return text + u"..."_s;
+}
+
+// The character of a row, decoded by the table of the file as it is now.
+std::optional<Glyph> glyphAt(const QByteArray& file, int index)
+{
+    const auto table = readFntTable(asSpan(file));
+    if (!table || index < 0 || static_cast<std::size_t>(index) >= table->size())
+        return std::nullopt;
+    const Result<Glyph> glyph =
+        decodeGlyph(asSpan(file), (*table)[static_cast<std::size_t>(index)]);
+    return glyph ? std::optional<Glyph>(*glyph) : std::nullopt;
+}
+
+} // namespace
+
+void startInspection(FontInspection& inspection, const QString& name, const QByteArray& file)
+{
+    inspection.component = name;
+    inspection.List1 = {
+        u"File name: "_s + name,
+        u"Symbols in set: %1, Fontheight:%2px, Lineheight:%3px"_s.arg(FontSymbolCount(file))
+            .arg(byteAt(file, 8))
+            .arg(byteAt(file, 10))};
+}
+
+QString characterRowText(const QByteArray& file, int index)
+{
+    const auto place =
+        static_cast<qsizetype>(fntHeaderSize + static_cast<std::size_t>(index) * fntEntrySize);
+    const TableEntry entry = tableEntry(file, index);
+    return HexBytes(file, 2, place) + u' ' + HexBytes(file, 3, place + 2) + u'|' +
+           QChar(static_cast<char16_t>(entry.code)) + u"|UTF 0x"_s + hexPadded(entry.code, 4) +
+           u'=' + decimalPadded(entry.code, 4) + u" | chr data="_s +
+           decimalPadded(entry.offset, 5) + u" 0x"_s +
+           QString::number(entry.chrData, 16).toUpper() + u" ==> offset=0x"_s +
+           hexPadded(entry.offset, 4);
+}
+
+void listCharacters(FontInspection& inspection, const QByteArray& file, qint64 fileLength)
+{
+    const int count = FontSymbolCount(file);
+    inspection.List1.append(headerRow(file));
+    inspection.FontBytes = file.left(static_cast<qsizetype>(fntHeaderSize) +
+                                     count * static_cast<qsizetype>(fntEntrySize));
+    inspection.FontOffsets.clear();
+    for (int i = 0; i < count; ++i) {
+        inspection.FontOffsets.push_back(tableEntry(file, i).offset);
+        inspection.List1.append(characterRowText(file, i));
+    }
+    inspection.FontOffsets.push_back(static_cast<int>(std::min<qint64>(fileLength, readLimit)));
+}
+
+QString GetChrBitmap(FontInspection& inspection, const RunState& run, int index)
+{
+    const std::vector<int>& offsets = inspection.FontOffsets;
+    if (index < 1 || static_cast<std::size_t>(index) >= offsets.size())
+        return noBitmap;
+    const int start = offsets[static_cast<std::size_t>(index - 1)];
+    const int end = offsets[static_cast<std::size_t>(index)];
+    const Result<QByteArray> file = readBytes(run.Workspace + inspection.component);
+    inspection.FontBytes = file ? file->left(qsizetype{end} + 1) : QByteArray();
+    const int count = std::min(end - start, shownGlyphBytes);
+    const QString text = HexBytes(inspection.FontBytes, count, start);
+    return end - start > shownGlyphBytes ? text + u"..."_s : text;
+}
+
+CharacterView clickOnCharacter(FontInspection& inspection, const RunState& run, int row)
+{
+    CharacterView view;
+    QString bitmap = noBitmap;
+    if (inspection.List1.value(0).contains(u"16x16"_s))
+        bitmap = GetChrBitmap(inspection, run, row - characterRow + 1);
+    view.message = u"Position in set ="_s + QString::number(row) + u'\n' +
+                   inspection.List1.value(row) + u"\n\nChr bitmap representation:\n"_s + bitmap;
+    if (bitmap == noBitmap)
+        return view;
+    const Result<QByteArray> file = readBytes(run.Workspace + inspection.component);
+    if (const auto header = file ? readFntHeader(asSpan(*file)) : file.failure(); header) {
+        view.header = *header;
+        view.glyph = glyphAt(*file, row - characterRow);
+    }
+    return view;
+}
+
+QString rightClickText(int row)
+{
+    return u"ПЛАН: Вызов PopupMenu для List1("_s + QString::number(row) + u")\nPlanned..."_s;
+}
+
+QString middleClickText()
+{
+    return u"It's roll"_s;
+}
+
+FontSample fontSample(const FontState& fonts, int row, const QStringList& families)
+{
+    const ListRow* shown = fonts.rows.row(row);
+    const int record = shown != nullptr ? recordOfTag(shown->tag) : 0;
+    FontSample sample;
+    if (shown != nullptr && shown->cells.size() > 2)
+        sample.text = shown->cells[2].tag + u'\n';
+    sample.record = fonts.table[static_cast<std::size_t>(record)];
+    const ShownFamily family = shownFamily(sample.record.FontName, families);
+    if (!family.note.isEmpty())
+        sample.text += family.note + u'\n';
+    sample.record.FontName = family.family;
+    sample.text += u" This is an example of the font used."_s;
+    return sample;
+}
+
+OpenInspection openInspection(const FontState& fonts, const RunState& run, int row)
+{
+    if (!run.GfxHasCfg && !run.GfxHasZuk)
+        return {u"Too old version of the gfxboot.\nFonts are not supported"_s, {}};
+    const ListRow* shown = fonts.rows.row(row);
+    if (shown == nullptr || fileOfTag(shown->tag).isEmpty())
+        return {};
+    return {{}, shown->text()};
+}
+
+} // namespace fennel

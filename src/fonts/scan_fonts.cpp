@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: MIT
+#include "fonts/scan_fonts.h"
+
+#include "fonts/fnt_bytes.h"
+#include "fonts/fnt_codec.h"
+#include "fonts/font_inspection.h"
+#include "fonts/font_tag.h"
+#include "shell/files.h"
+#include "shell/text.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QRgb headingColour = 0xff800000;
+constexpr QRgb calculatedColour = 0xff888888;
+constexpr double pointsPerInch = 72.0;
+
+// What one file says of itself.
+struct FontFileFacts {
+    QString name;
+    QByteArray bytes;
+    qint64 length = 0;
+    int entries = 0;
+    int height = 0;
+    int line = 0;
+};
+
+QString trimBlanks(const QString& text)
+{
+    qsizetype from = 0;
+    qsizetype end = text.size();
+    while (from < end && text[from] == u' ')
+        ++from;
+    while (end > from && text[end - 1] == u' ')
+        --end;
+    return text.mid(from, end - from);
+}
+
+FontRecord standardRecord(const QString& defaultFontName)
+{
+    FontRecord record;
+    record.FontHeight = 23;
+    record.LineHeight = 19;
+    record.Symbols = u"175"_s;
+    record.FontName = defaultFontName.isEmpty() ? u"Tahoma"_s : defaultFontName;
+    record.Size = 14.0;
+    return record;
+}
+
+bool fontsSupported(const RunState& run)
+{
+    return run.GfxHasCfg || run.GfxHasZuk;
+}
+
+QString versionText(const RunState& run, bool tagged)
+{
+    QString text = u"Gfxboot version is too old. Font in an unsupported format. "_s;
+    if (run.GfxHasCfg)
+        text = u"Gfxboot v3.3 custom. Supports one font. "_s;
+    if (run.GfxHasZuk)
+        text = u"Gfxboot @ZUK-MOSA@. Multi Font Support. "_s;
+    if (tagged)
+        return text;
+    if (fontsSupported(run))
+        text += u"\nTag @ZUK-MOSA@ is missing. "_s;
+    return text + u"\nThe real font is undefined. Will be shown of calculated font."_s;
+}
+
+void addHeading(FontState& fonts, const RunState& run, const FontFileFacts& file)
+{
+    const int number =
+        AddFontInfoRow(fonts, file.name, {}, {}, run.Workspace + file.name, headingColour);
+    ListRow& row = *fonts.rows.row(number);
+    row.bold = true;
+    for (RowCell& cell : row.cells)
+        cell.bold = true;
+    row.tag.prepend(fileTag(file.name));
+}
+
+// The record as far as it follows from the heights of the file.
+void calculate(FontRecord& record, const FontFileFacts& file, const FontScanSettings& settings)
+{
+    const double inches = pointsPerInch / settings.logPixelsY;
+    record.FontHeight = static_cast<qint16>(file.height);
+    record.LineHeight = static_cast<qint16>(file.line);
+    record.Symbols = QString::number(file.entries);
+    record.FontName = settings.defaultFontName;
+    record.Size = (file.height - 2) * inches;
+    record.LineSpace =
+        static_cast<qint16>(std::max(0, roundToEven((file.line - file.height + 2) * inches)));
+    record.LetterSpace = 0;
+    record.Bold = false;
+    record.Italic = false;
+}
+
+void addFacts(FontState& fonts, FontRecord& record, const RunState& run, const FontFileFacts& file,
+              const FontScanSettings& settings)
+{
+    AddFontInfoRow(fonts, u"Length"_s, QString::number(file.length), u"bytes"_s);
+    if (!fontsSupported(run)) {
+        AddFontInfoRow(fonts, u"Unsupported"_s, u"fnt"_s, u"format"_s);
+        return;
+    }
+    AddFontInfoRow(fonts, u"Set"_s, QString::number(file.entries), u"symbols"_s);
+    AddFontInfoRow(fonts, u"Fontheight"_s, QString::number(file.height), u"px"_s);
+    AddFontInfoRow(fonts, u"Lineheight"_s, QString::number(file.line), u"px"_s);
+    calculate(record, file, settings);
+}
+
+void addCalculatedRows(FontState& fonts, const FontRecord& record)
+{
+    AddFontInfoRow(fonts, {}, u"DEFAULT"_s, record.FontName, {}, calculatedColour);
+    AddFontInfoRow(fonts, {}, u"Calculated Size"_s,
+                   QString::number(record.Size, 'g', std::numeric_limits<double>::digits10) +
+                       u" pt"_s,
+                   {}, calculatedColour);
+    AddFontInfoRow(fonts, {}, u"Calculated LineSpace"_s,
+                   QString::number(record.LineSpace) + u" px"_s, {}, calculatedColour);
+}
+
+void addTagRows(FontState& fonts, FontRecord& record, const FontFileFacts& file)
+{
+    const FoundTag found = findTag(file.bytes);
+    if (!found.found) {
+        AddFontInfoRow(fonts, u"@ZUK-MOSA@"_s, u"tag"_s, u"...MISSING"_s, {}, calculatedColour);
+        addCalculatedRows(fonts, record);
+        return;
+    }
+    const FontTag& tag = found.tag;
+    AddFontInfoRow(fonts, tag.genuine ? u"@ZUK-MOSA@"_s : u"INFO"_s, u"TAG"_s, tag.description);
+    for (const TagItem& item : tag.items)
+        AddFontInfoRow(fonts, {}, item.key, item.value);
+    applyTag(tag, record);
+    if (tag.items.empty())
+        addCalculatedRows(fonts, record);
+}
+
+void scanFile(FontState& fonts, const RunState& run, const FontScanSettings& settings,
+              const FontFileFacts& file)
+{
+    fonts.FontVersionText = versionText(run, hasSignature(file.bytes));
+    FontRecord& record = fonts.table[static_cast<std::size_t>(fonts.FontNumber - firstFontNumber)];
+    addHeading(fonts, run, file);
+    addFacts(fonts, record, run, file, settings);
+    addTagRows(fonts, record, file);
+}
+
+FontFileFacts factsOf(const QString& name, const QString& path, QByteArray bytes)
+{
+    FontFileFacts file;
+    file.name = name;
+    file.length = fileSize(path);
+    file.entries = FontSymbolCount(bytes);
+    file.height = byteAt(bytes, 8);
+    file.line = byteAt(bytes, 10);
+    file.bytes = std::move(bytes);
+    return file;
+}
+
+// The beginning of a file, as far as a font can reach; nothing if it cannot be read.
+std::optional<QByteArray> fontBytes(const QString& path)
+{
+    QFile file(path);
+    if (!FileExists(path) || !file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return file.read(fontReadLimit);
+}
+
+} // namespace
+
+QString fontFileName(int fontNumber)
+{
+    if (fontNumber == firstFontNumber)
+        return u"16x16.fnt"_s;
+    return u"16x16_"_s + QString::number(fontNumber).right(2) + u".fnt"_s;
+}
+
+void ScanFonts(FontState& fonts, const RunState& run, const FontScanSettings& settings,
+               const QString& name, int mode)
+{
+    fonts.inspection.List1.clear();
+    fonts.rows = ListRows{{u"File"_s, u"Value"_s, u"Unit"_s}, {}, 0, false};
+    fonts.table.assign(fontCount, FontRecord());
+    fonts.table[0] = standardRecord(settings.defaultFontName);
+    for (int number = firstFontNumber; number <= lastFontNumber; ++number) {
+        const QString member = fontFileName(number);
+        const QString path = run.Workspace + member;
+        std::optional<QByteArray> bytes = fontBytes(path);
+        if (!bytes)
+            continue;
+        fonts.FontNumber = number;
+        const FontFileFacts file = factsOf(member, path, std::move(*bytes));
+        if (member == name)
+            startInspection(fonts.inspection, member, file.bytes);
+        scanFile(fonts, run, settings, file);
+        if (member == name && mode == fillInspection)
+            listCharacters(fonts.inspection, file.bytes, file.length);
+    }
+}
+
+int AddFontInfoRow(FontState& fonts, const QString& column1, const QString& column2,
+                   const QString& column3, const QString& iconFile, QRgb colour)
+{
+    const QRgb shown = colour == 0 ? fixedRow : colour;
+    ListRow row;
+    for (const QString& text : {column1, column2, column3}) {
+        RowCell cell;
+        cell.text = trimBlanks(text);
+        cell.colour = shown;
+        row.cells.push_back(cell);
+    }
+    row.cells.back().tag = fonts.FontVersionText;
+    row.colour = shown;
+    row.iconFile = iconFile;
+    row.tag = u"|arr"_s + QString::number(fonts.FontNumber).right(2) + u'|';
+    fonts.rows.rows.push_back(std::move(row));
+    return fonts.rows.count();
+}
+
+int recordOfTag(const QString& tag)
+{
+    const qsizetype mark = tag.indexOf(u"|arr"_s);
+    return mark < 0 ? 0 : std::clamp(tag.mid(mark + 4, 2).toInt(), 0, fontCount - 1);
+}
+
+} // namespace fennel
