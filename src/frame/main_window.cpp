@@ -12,10 +12,17 @@
 #include <QEvent>
 #include <QGuiApplication>
 
+// Resources of a static library must be asked for, from outside any namespace.
+static void loadIcons()
+{
+    Q_INIT_RESOURCE(icons);
+}
+
 namespace fennel {
 
 MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
 {
+    loadIcons();
     setObjectName(QStringLiteral("frmMain"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/fennel-gfx.svg")));
     m_toolbar = new Toolbar(this);

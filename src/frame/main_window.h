@@ -13,7 +13,6 @@
 
 #include <memory>
 
-class QFrame;
 class QLabel;
 class QScrollArea;
 class QToolButton;
@@ -76,6 +75,7 @@ private:
     void buildSplitters();
     void connectAreas();
     void place(const LayoutResult& layout);
+    void keepOnScreen();
     void setPanelWidth(int width);
     void setPanelHeight(int height);
     void Form_Activate();
@@ -90,7 +90,7 @@ private:
     QLabel* m_picture;        // Picture1
     RightPanel* m_rightPanel; // Frame1Vkladki
     ThumbnailStrip* m_bottomPanel;
-    QFrame* m_message;          // Frame7RDMessage
+    QWidget* m_message;         // Frame7RDMessage
     SplitterBar* m_vertical;    // Frame3Vertical
     SplitterBar* m_horizontal;  // Frame4Horizontal
     QToolButton* m_rightButton; // ComFrame1

@@ -7,6 +7,7 @@
 #include "frame/toolbar.h"
 #include "params/right_panel.h"
 
+#include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
 #include <QScopedValueRollback>
@@ -28,11 +29,10 @@ const QString notZukText = QStringLiteral("This gfxboot is not @ZUK-MOSA@\n"
                                           "You can try to upgrade the selected gfxboot with\n"
                                           "File / Upgrade gfxboot to @ZUK-MOSA@");
 
-QFrame* messageFrame(QWidget* parent)
+QWidget* messageFrame(QWidget* parent)
 {
-    auto* frame = new QFrame(parent);
+    auto* frame = new QGroupBox(QStringLiteral("INFO"), parent);
     frame->setObjectName(QStringLiteral("Frame7RDMessage"));
-    frame->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | QFrame::Sunken);
     auto* label = new QLabel(notZukText, frame);
     label->setObjectName(QStringLiteral("LabelINFO"));
     label->setWordWrap(true);
@@ -157,6 +157,19 @@ void MainWindow::LayoutWindow()
         menuBar()->sizeHint().height() + m_toolbar->sizeHint().height() + m_statusBar->height();
     setFixedSize(layout.area.width(), layout.area.height() + bars);
     place(layout);
+    keepOnScreen();
+}
+
+// The window grows to the right and downwards; what would leave the desktop moves back in.
+void MainWindow::keepOnScreen()
+{
+    const QRect desktop = screen()->availableGeometry();
+    const QRect frame = frameGeometry();
+    const QPoint wanted(std::min(frame.left(), desktop.right() + 1 - frame.width()),
+                        std::min(frame.top(), desktop.bottom() + 1 - frame.height()));
+    const QPoint place(std::max(wanted.x(), desktop.left()), std::max(wanted.y(), desktop.top()));
+    if (place != frame.topLeft())
+        move(place);
 }
 
 void MainWindow::place(const LayoutResult& layout)

@@ -12,22 +12,11 @@ namespace {
 constexpr int margin = 3;
 constexpr int buttonWidth = 18;
 
-// What each field must hold at least, and the share of the width that is left over. Field 8 is the
-// hint, which takes what it can get.
-struct FieldWidth {
-    const char16_t* sample;
-    int share;
-};
-constexpr std::array<FieldWidth, statusFieldCount> widths = {{
-    {u"W:", 0},
-    {u"no current gfxboot", 3},
-    {u"@ZUK-MOSA@ ", 0},
-    {u"1920x1080, Scale=100%", 0},
-    {u"gfxboot Object", 2},
-    {u"(1024;1024), 1024x1024, Transp.=255", 0},
-    {u"", 3},
-    {u"", 6},
-}};
+// What a field keeps room for, so that the others stand still while its text changes. Fields 7 and
+// 8 share what is left.
+constexpr std::array<const char16_t*, statusFieldCount> samples = {
+    u"W:", u"", u"", u"", u"gfxboot Object", u"", u"", u""};
+constexpr int firstSharing = 6; // from 0
 
 } // namespace
 
@@ -59,6 +48,7 @@ void StatusBar::setField(int number, const QString& text)
         return;
     label->setText(text);
     label->setToolTip(text);
+    layFields();
 }
 
 QString StatusBar::field(int number) const
@@ -66,24 +56,31 @@ QString StatusBar::field(int number) const
     return m_fields.at(static_cast<std::size_t>(number - 1))->text();
 }
 
-void StatusBar::layFields()
+int StatusBar::neededWidth(std::size_t i) const
 {
     const QFontMetrics metrics(font());
-    int left = width() - buttonWidth;
-    int shares = 0;
-    for (const FieldWidth& field : widths) {
-        left -= metrics.horizontalAdvance(QString::fromUtf16(field.sample)) + 4 * margin;
-        shares += field.share;
-    }
+    const int text = metrics.horizontalAdvance(m_fields[i]->text());
+    const int sample = metrics.horizontalAdvance(QString::fromUtf16(samples[i]));
+    return std::max(text, sample) + 4 * margin;
+}
+
+void StatusBar::layFields()
+{
+    const int end = width() - buttonWidth;
     int x = 0;
-    for (std::size_t i = 0; i < widths.size(); ++i) {
-        const int least =
-            metrics.horizontalAdvance(QString::fromUtf16(widths[i].sample)) + 4 * margin;
-        const int field = least + std::max(0, left) * widths[i].share / shares;
-        m_fields[i]->setGeometry(x, 1, std::min(field, width() - buttonWidth - x), height() - 2);
-        x += m_fields[i]->width();
+    for (std::size_t i = 0; i < m_fields.size(); ++i) {
+        const int left = end - x;
+        int field = neededWidth(i);
+        if (i == firstSharing)
+            field =
+                m_fields[i]->text().isEmpty() ? 0 : std::max(left - neededWidth(i + 1), left / 2);
+        else if (i > firstSharing)
+            field = left;
+        field = std::clamp(field, 0, std::max(0, left));
+        m_fields[i]->setGeometry(x, 1, field, height() - 2);
+        x += field;
     }
-    m_bottomButton->setGeometry(width() - buttonWidth, 1, buttonWidth, height() - 2);
+    m_bottomButton->setGeometry(end, 1, buttonWidth, height() - 2);
     ProgressBar_reset();
 }
 

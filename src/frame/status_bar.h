@@ -33,6 +33,7 @@ protected:
 
 private:
     void layFields();
+    [[nodiscard]] int neededWidth(std::size_t i) const;
 
     std::array<QLabel*, statusFieldCount> m_fields{};
     QProgressBar* m_progress;

@@ -17,6 +17,7 @@ RightPanel::RightPanel(ParamLists& lists, QWidget* parent)
       m_stack(new QStackedWidget(this))
 {
     setObjectName(QStringLiteral("Frame1Vkladki"));
+    setTitle(QStringLiteral("         GFXBOOT"));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(margin);

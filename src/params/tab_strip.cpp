@@ -10,9 +10,6 @@ namespace fennel {
 TabStrip::TabStrip(QWidget* parent) : QWidget(parent)
 {
     setObjectName(QStringLiteral("TabStrip1"));
-    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    policy.setHeightForWidth(true);
-    setSizePolicy(policy);
 }
 
 void TabStrip::setTabs(const std::vector<Tab>& tabs)
@@ -40,8 +37,7 @@ void TabStrip::setTabs(const std::vector<Tab>& tabs)
         m_buttons[i]->setToolTip(tabs[i].toolTip);
     }
     mark(std::min(m_marked, count()));
-    flow(width(), true);
-    updateGeometry();
+    layTabs();
 }
 
 void TabStrip::mark(int tab)
@@ -51,7 +47,7 @@ void TabStrip::mark(int tab)
         m_buttons[static_cast<std::size_t>(i)]->setChecked(i + 1 == tab);
 }
 
-int TabStrip::flow(int width, bool apply) const
+int TabStrip::flow(int width) const
 {
     int x = 0;
     int y = 0;
@@ -62,23 +58,22 @@ int TabStrip::flow(int width, bool apply) const
             x = 0;
             y += line;
         }
-        if (apply)
-            button->setGeometry(x, y, size.width(), size.height());
+        button->setGeometry(x, y, size.width(), size.height());
         x += size.width();
         line = size.height();
     }
     return y + line;
 }
 
-int TabStrip::heightForWidth(int width) const
+void TabStrip::layTabs()
 {
-    return flow(width, false);
+    setFixedHeight(flow(width()));
 }
 
 void TabStrip::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    flow(width(), true);
+    layTabs();
 }
 
 void TabStrip::contextMenuEvent(QContextMenuEvent* event)

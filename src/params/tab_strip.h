@@ -23,8 +23,6 @@ public:
     void mark(int tab);
     [[nodiscard]] int marked() const { return m_marked; }
     [[nodiscard]] int count() const { return static_cast<int>(m_buttons.size()); }
-    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
-    [[nodiscard]] int heightForWidth(int width) const override;
 
 Q_SIGNALS:
     void clicked(int tab);
@@ -35,8 +33,9 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
-    // Places the buttons if `apply`; returns the height that they need.
-    int flow(int width, bool apply) const;
+    void layTabs();
+    // Places the buttons; returns the height that they need.
+    int flow(int width) const;
 
     std::vector<QToolButton*> m_buttons;
     int m_marked = 0;

@@ -1,0 +1,36 @@
+# Sourced by run, test and .ci/run: installs the Debian packages that are missing and builds a preset.
+
+fennel_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+
+# What the build needs, and what the tests need beside it.
+build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-base-dev-tools libqt6svg6-dev
+ libdeflate-dev libfontconfig-dev libfreetype-dev libmagick++-dev libgtest-dev libgmock-dev
+ gfxboot-themes fonts-dejavu-core fonts-liberation qt6-qpa-plugins"
+run_packages="xvfb xauth xdotool openbox imagemagick qemu-system-x86"
+test_packages="cpio libarchive-tools p7zip-full gfxboot-dev syslinux syslinux-common mtools
+ qemu-system-x86 imagemagick xvfb openbox xdotool libbenchmark-dev"
+check_packages="clang-format clang-tidy git"
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# install_missing PACKAGE...
+install_missing() {
+    local missing
+    missing=$(for package in "$@"; do
+        dpkg-query -W -f='${db:Status-Abbrev}' "$package" 2>/dev/null | grep -q '^ii' || echo "$package"
+    done)
+    [ -z "$missing" ] && return 0
+    echo "Installing:" $missing
+    as_root apt-get update -qq
+    # shellcheck disable=SC2086
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing
+}
+
+# build_preset PRESET
+build_preset() {
+    cd "$fennel_root" || return 1
+    [ -f "build/$1/build.ninja" ] || cmake --preset "$1" || return 1
+    cmake --build --preset "$1"
+}
