@@ -1,0 +1,277 @@
+// SPDX-License-Identifier: MIT
+#include "container/gzip.h"
+
+#include "container/member_name.h"
+
+#include <libdeflate.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <optional>
+
+namespace fennel {
+
+namespace {
+
+using Bytes = std::span<const std::uint8_t>;
+
+constexpr std::array<std::uint8_t, 3> magic{0x1f, 0x8b, 8}; // the third is the method, deflate
+constexpr std::uint8_t flagCrc = 2;
+constexpr std::uint8_t flagExtra = 4;
+constexpr std::uint8_t flagName = 8;
+constexpr std::uint8_t flagComment = 16;
+constexpr std::uint8_t flagsReserved = 0xe0;
+constexpr std::uint8_t bestCompression = 2;
+constexpr std::uint8_t systemUnix = 3;
+constexpr std::size_t fixedHeader = 10;
+constexpr std::size_t footer = 8;      // checksum and size
+constexpr std::size_t maxRatio = 1032; // of deflate: 258 bytes out of two bits
+constexpr std::size_t smallestGuess = 64 << 10;
+
+struct Release {
+    void operator()(libdeflate_compressor* c) const { libdeflate_free_compressor(c); }
+    void operator()(libdeflate_decompressor* d) const { libdeflate_free_decompressor(d); }
+};
+
+Failure cutShort()
+{
+    return {FailureKind::Malformed, "a gzip file that is cut short"};
+}
+
+Failure noMemory()
+{
+    return {FailureKind::NoSpace, "there is not enough memory"};
+}
+
+std::uint32_t read32(Bytes bytes, std::size_t offset)
+{
+    std::uint32_t value = 0;
+    for (std::size_t i = 4; i-- > 0;)
+        value = value << 8U | bytes[offset + i];
+    return value;
+}
+
+void put32(std::uint8_t* target, std::uint32_t value)
+{
+    for (std::size_t i = 0; i < 4; ++i)
+        target[i] = static_cast<std::uint8_t>(value >> (8 * i) & 0xffU);
+}
+
+struct MemberHeader {
+    std::size_t size = 0;
+    std::uint32_t mtime = 0;
+    std::string name;
+};
+
+// A text up to its NUL; moves `at` behind it. Nothing if there is no NUL.
+std::optional<std::string> readText(Bytes member, std::size_t& at)
+{
+    const auto begin = member.begin() + static_cast<std::ptrdiff_t>(at);
+    const auto end = std::find(begin, member.end(), std::uint8_t{0});
+    if (end == member.end())
+        return std::nullopt;
+    std::string text(begin, end);
+    at += text.size() + 1;
+    return text;
+}
+
+Result<MemberHeader> readHeader(Bytes member)
+{
+    if (member.size() < fixedHeader)
+        return cutShort();
+    const unsigned flags = member[3];
+    if ((flags & flagsReserved) != 0)
+        return Failure{FailureKind::Unsupported, "a gzip file with unknown flags"};
+    MemberHeader header{fixedHeader, read32(member, 4), {}};
+    if ((flags & flagExtra) != 0) {
+        if (member.size() < header.size + 2)
+            return cutShort();
+        header.size += 2U + member[header.size] + (std::size_t{member[header.size + 1]} << 8U);
+    }
+    if (header.size > member.size())
+        return cutShort();
+    for (const std::uint8_t flag : {flagName, flagComment}) {
+        if ((flags & flag) == 0)
+            continue;
+        std::optional<std::string> text = readText(member, header.size);
+        if (!text)
+            return cutShort();
+        if (flag == flagName)
+            header.name = std::move(*text);
+    }
+    header.size += (flags & flagCrc) != 0 ? 2 : 0;
+    if (header.size + footer > member.size())
+        return cutShort();
+    return header;
+}
+
+// How much room the first try gets. The last four bytes of a file with one member are its size; in
+// any other file they are noise, bounded here by what deflate can reach at all.
+std::size_t firstGuess(Bytes member, std::size_t limit)
+{
+    const std::size_t told = read32(member, member.size() - 4);
+    const std::size_t possible = std::min(member.size() * maxRatio, limit);
+    return std::min(std::max(told, smallestGuess), possible);
+}
+
+class Decompressor {
+public:
+    Decompressor(Bytes file, std::size_t limit) : m_rest(file), m_limit(limit) {}
+
+    Result<GzipContents> run()
+    {
+        if (!isGzip(m_rest))
+            return Failure{FailureKind::Malformed, "no gzip file"};
+        if (!m_engine)
+            return noMemory();
+        for (bool first = true; !m_rest.empty(); first = false) {
+            if (!isGzip(m_rest))
+                return padding();
+            Result<MemberHeader> header = readHeader(m_rest);
+            if (!header)
+                return header.failure();
+            if (first) {
+                m_contents.name = std::move(header->name);
+                m_contents.mtime = header->mtime;
+            }
+            if (const Result<void> done = inflate(header->size); !done)
+                return done.failure();
+        }
+        return std::move(m_contents);
+    }
+
+private:
+    Result<GzipContents> padding()
+    {
+        if (std::all_of(m_rest.begin(), m_rest.end(), [](std::uint8_t b) { return b == 0; }))
+            return std::move(m_contents);
+        return Failure{FailureKind::Malformed, "a gzip file with unknown bytes behind its end"};
+    }
+
+    // Appends one member's contents, each try with twice the room of the last.
+    Result<void> inflate(std::size_t headerSize)
+    {
+        const std::size_t start = m_contents.data.size();
+        const Bytes body = m_rest.subspan(headerSize);
+        std::size_t room = firstGuess(m_rest, m_limit - start);
+        for (;;) {
+            m_contents.data.resize(start + room);
+            std::size_t in = 0;
+            std::size_t out = 0;
+            const libdeflate_result result =
+                libdeflate_deflate_decompress_ex(m_engine.get(), body.data(), body.size(),
+                                                 m_contents.data.data() + start, room, &in, &out);
+            if (result == LIBDEFLATE_SUCCESS) {
+                m_contents.data.resize(start + out);
+                return finishMember(headerSize + in, start);
+            }
+            if (result != LIBDEFLATE_INSUFFICIENT_SPACE)
+                return Failure{FailureKind::Malformed, "a gzip file that is damaged or cut short"};
+            if (room == m_limit - start)
+                return Failure{FailureKind::TooLarge, "a gzip file with more than " +
+                                                          std::to_string(m_limit >> 20U) +
+                                                          " MB inside"};
+            room = std::min(std::max(room * 2, smallestGuess), m_limit - start);
+        }
+    }
+
+    Result<void> finishMember(std::size_t footerAt, std::size_t start)
+    {
+        if (m_rest.size() - footerAt < footer)
+            return cutShort();
+        const Bytes data = Bytes(m_contents.data).subspan(start);
+        if (libdeflate_crc32(0, data.data(), data.size()) != read32(m_rest, footerAt))
+            return Failure{FailureKind::Malformed, "a gzip file whose checksum is wrong"};
+        if (read32(m_rest, footerAt + 4) != static_cast<std::uint32_t>(data.size()))
+            return Failure{FailureKind::Malformed, "a gzip file whose stored size is wrong"};
+        m_rest = m_rest.subspan(footerAt + footer);
+        return {};
+    }
+
+    Bytes m_rest;
+    std::size_t m_limit;
+    GzipContents m_contents;
+    std::unique_ptr<libdeflate_decompressor, Release> m_engine{libdeflate_alloc_decompressor()};
+};
+
+std::string lowerEnding(std::string_view name)
+{
+    const std::size_t point = name.rfind('.');
+    std::string ending(point == std::string_view::npos ? "" : name.substr(point));
+    for (char& c : ending)
+        c = (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+    return ending;
+}
+
+bool usable(std::string_view name)
+{
+    // These two are right in a name of our own working files, and wrong as a member of an archive.
+    return name == "#message" || name == "#message.gz" || whyNoMemberName(name).empty();
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+} // namespace
+
+bool isGzip(Bytes file)
+{
+    return file.size() >= magic.size() && std::equal(magic.begin(), magic.end(), file.begin());
+}
+
+Result<std::vector<std::uint8_t>> gzipCompress(Bytes data, std::string_view name,
+                                               std::uint32_t mtime, int level)
+{
+    if (data.size() > maxGzipContents)
+        return Failure{FailureKind::TooLarge, "more than 256 MB to compress"};
+    const std::unique_ptr<libdeflate_compressor, Release> engine{
+        libdeflate_alloc_compressor(level)};
+    if (!engine)
+        return noMemory();
+    const std::size_t bodyAt = fixedHeader + name.size() + 1;
+    const std::size_t bound = libdeflate_deflate_compress_bound(engine.get(), data.size());
+    std::vector<std::uint8_t> file(bodyAt + bound + footer);
+    std::copy(magic.begin(), magic.end(), file.begin());
+    file[3] = flagName;
+    put32(&file[4], mtime);
+    file[8] = bestCompression;
+    file[9] = systemUnix;
+    std::copy(name.begin(), name.end(), file.begin() + fixedHeader);
+    const std::size_t body =
+        libdeflate_deflate_compress(engine.get(), data.data(), data.size(), &file[bodyAt], bound);
+    put32(&file[bodyAt + body], libdeflate_crc32(0, data.data(), data.size()));
+    put32(&file[bodyAt + body + 4], static_cast<std::uint32_t>(data.size()));
+    file.resize(bodyAt + body + footer);
+    return file;
+}
+
+Result<GzipContents> gzipDecompress(Bytes file, std::size_t limit)
+{
+    return Decompressor(file, limit).run();
+}
+
+std::string gzipInnerName(std::string_view storedName, std::string_view archiveName)
+{
+    const std::size_t separator = storedName.find_last_of("/\\");
+    const std::string_view stored = trimmed(
+        separator == std::string_view::npos ? storedName : storedName.substr(separator + 1));
+    if (usable(stored))
+        return std::string(stored);
+    const std::string ending = lowerEnding(archiveName);
+    std::string derived(archiveName);
+    if (!ending.empty() && ending.size() < archiveName.size())
+        derived = std::string(archiveName.substr(0, archiveName.size() - ending.size())) +
+                  (ending == ".tgz" ? ".tar" : "");
+    else
+        derived += '~';
+    const std::string_view plain = trimmed(derived);
+    return usable(plain) ? std::string(plain) : "contents";
+}
+
+} // namespace fennel
