@@ -10,6 +10,10 @@ if(FENNEL_SANITIZE)
         -fsanitize=${FENNEL_SANITIZE} -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
     target_link_options(fennel_options INTERFACE -fsanitize=${FENNEL_SANITIZE})
 endif()
+if(FENNEL_FUZZ)
+    # Without it libFuzzer sees only the branches of the fuzz target itself.
+    target_compile_options(fennel_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # fennel_bridge(NAME FOLDER SOURCES...): a tool program, placed in Tools/FOLDER beside the editor.
 function(fennel_bridge name folder)
@@ -36,15 +40,18 @@ endfunction()
 # fennel_link_static(NAME): no dynamic library at all, which halves the time a small program needs to
 # start. Sanitizers need the dynamic ones.
 function(fennel_link_static name)
-    if(FENNEL_DEFLATE_ARCHIVE AND NOT FENNEL_SANITIZE)
+    if(FENNEL_DEFLATE_ARCHIVE AND FENNEL_ZLIB_ARCHIVE AND NOT FENNEL_SANITIZE)
         target_link_options(${name} PRIVATE -static)
     endif()
 endfunction()
 
-# libdeflate is linked as an archive, where there is one, so that the bridges can do without dynamic
-# libraries.
+# The compressors are linked as archives, where there are some, so that the bridges can do without
+# dynamic libraries.
 find_library(FENNEL_DEFLATE_ARCHIVE libdeflate.a)
-if(FENNEL_DEFLATE_ARCHIVE)
+find_library(FENNEL_ZLIB_ARCHIVE libz.a)
+if(FENNEL_DEFLATE_ARCHIVE AND FENNEL_ZLIB_ARCHIVE)
     set_target_properties(PkgConfig::deflate PROPERTIES
         INTERFACE_LINK_LIBRARIES ${FENNEL_DEFLATE_ARCHIVE})
+    set_target_properties(PkgConfig::zlib PROPERTIES
+        INTERFACE_LINK_LIBRARIES ${FENNEL_ZLIB_ARCHIVE})
 endif()

@@ -4,6 +4,7 @@
 #include "container/member_name.h"
 
 #include <libdeflate.h>
+#include <zlib.h>
 
 #include <algorithm>
 #include <array>
@@ -28,6 +29,10 @@ constexpr std::size_t fixedHeader = 10;
 constexpr std::size_t footer = 8;      // checksum and size
 constexpr std::size_t maxRatio = 1032; // of deflate: 258 bytes out of two bits
 constexpr std::size_t smallestGuess = 64 << 10;
+// Below some hundred bytes libdeflate is a few bytes longer than zlib at times: it tries no block
+// of fixed codes for the smallest inputs. Up to this size both are tried, at the cost of a
+// millisecond.
+constexpr std::size_t smallInput = 16 << 10;
 
 struct Release {
     void operator()(libdeflate_compressor* c) const { libdeflate_free_compressor(c); }
@@ -52,10 +57,10 @@ std::uint32_t read32(Bytes bytes, std::size_t offset)
     return value;
 }
 
-void put32(std::uint8_t* target, std::uint32_t value)
+void put32(std::vector<std::uint8_t>& target, std::uint32_t value)
 {
-    for (std::size_t i = 0; i < 4; ++i)
-        target[i] = static_cast<std::uint8_t>(value >> (8 * i) & 0xffU);
+    for (unsigned shift = 0; shift < 32; shift += 8)
+        target.push_back(static_cast<std::uint8_t>(value >> shift & 0xffU));
 }
 
 struct MemberHeader {
@@ -195,6 +200,38 @@ private:
     std::unique_ptr<libdeflate_decompressor, Release> m_engine{libdeflate_alloc_decompressor()};
 };
 
+// zlib's best, cut to `limit` bytes: empty if it needs more.
+std::vector<std::uint8_t> deflateByZlib(Bytes data, std::size_t limit)
+{
+    constexpr int rawStream = -15; // deflate without a header of its own, window of 32 KB
+    constexpr int defaultMemory = 8;
+    z_stream stream{};
+    if (deflateInit2(&stream, Z_BEST_COMPRESSION, Z_DEFLATED, rawStream, defaultMemory,
+                     Z_DEFAULT_STRATEGY) != Z_OK)
+        return {};
+    std::vector<std::uint8_t> body(limit);
+    stream.next_in = const_cast<Bytef*>(data.data()); // zlib's interface; it only reads
+    stream.avail_in = static_cast<uInt>(data.size());
+    stream.next_out = body.data();
+    stream.avail_out = static_cast<uInt>(body.size());
+    const bool fits = deflate(&stream, Z_FINISH) == Z_STREAM_END;
+    body.resize(fits ? stream.total_out : 0);
+    deflateEnd(&stream);
+    return body;
+}
+
+// The deflate stream for the data, as short as we can make it.
+std::vector<std::uint8_t> deflateBody(libdeflate_compressor* engine, Bytes data)
+{
+    std::vector<std::uint8_t> body(libdeflate_deflate_compress_bound(engine, data.size()));
+    body.resize(
+        libdeflate_deflate_compress(engine, data.data(), data.size(), body.data(), body.size()));
+    if (data.size() >= smallInput || body.size() < 2)
+        return body;
+    std::vector<std::uint8_t> shorter = deflateByZlib(data, body.size() - 1);
+    return shorter.empty() ? body : shorter;
+}
+
 std::string lowerEnding(std::string_view name)
 {
     const std::size_t point = name.rfind('.');
@@ -234,20 +271,18 @@ Result<std::vector<std::uint8_t>> gzipCompress(Bytes data, std::string_view name
         libdeflate_alloc_compressor(level)};
     if (!engine)
         return noMemory();
-    const std::size_t bodyAt = fixedHeader + name.size() + 1;
-    const std::size_t bound = libdeflate_deflate_compress_bound(engine.get(), data.size());
-    std::vector<std::uint8_t> file(bodyAt + bound + footer);
-    std::copy(magic.begin(), magic.end(), file.begin());
-    file[3] = flagName;
-    put32(&file[4], mtime);
-    file[8] = bestCompression;
-    file[9] = systemUnix;
-    std::copy(name.begin(), name.end(), file.begin() + fixedHeader);
-    const std::size_t body =
-        libdeflate_deflate_compress(engine.get(), data.data(), data.size(), &file[bodyAt], bound);
-    put32(&file[bodyAt + body], libdeflate_crc32(0, data.data(), data.size()));
-    put32(&file[bodyAt + body + 4], static_cast<std::uint32_t>(data.size()));
-    file.resize(bodyAt + body + footer);
+    const std::vector<std::uint8_t> body = deflateBody(engine.get(), data);
+    std::vector<std::uint8_t> file(magic.begin(), magic.end());
+    file.reserve(fixedHeader + name.size() + 1 + body.size() + footer);
+    file.push_back(flagName);
+    put32(file, mtime);
+    file.push_back(bestCompression);
+    file.push_back(systemUnix);
+    file.insert(file.end(), name.begin(), name.end());
+    file.push_back(0);
+    file.insert(file.end(), body.begin(), body.end());
+    put32(file, libdeflate_crc32(0, data.data(), data.size()));
+    put32(file, static_cast<std::uint32_t>(data.size()));
     return file;
 }
 
