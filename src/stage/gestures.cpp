@@ -21,6 +21,13 @@ QString hexDigits(QRgb colour)
     return QString::number(colour & 0xffffffU, 16).toUpper().rightJustified(6, u'0');
 }
 
+// Both corners belong to the box. (QRect::normalized moves an upside-down box by one.)
+QRect boxOf(QPoint a, QPoint b)
+{
+    return {QPoint(std::min(a.x(), b.x()), std::min(a.y(), b.y())),
+            QPoint(std::max(a.x(), b.x()), std::max(a.y(), b.y()))};
+}
+
 } // namespace
 
 QString StageGestures::toolTip(QPoint at) const
@@ -288,7 +295,7 @@ void StageGestures::backgroundMoved(const StageMouse& mouse)
         host.refreshStatus();
     if (m_target == Target::Background && (mouse.buttons & Qt::LeftButton) && !m_dragging) {
         m_selTo = mouse.at;
-        m_stage.setOverlay({{}, QRect(m_selFrom, m_selTo)});
+        m_stage.setOverlay({{}, boxOf(m_selFrom, m_selTo)});
     }
 }
 

@@ -37,7 +37,10 @@ void Stage::tellOnce(const Failure& failure)
     if (what == m_told)
         return;
     m_told = what;
-    m_data.shell.prompts.ShowMessage(QString::fromStdString(failure.text));
+    // The user knows the background by its own name, not by that of the work file.
+    QString text = QString::fromStdString(failure.text);
+    text.replace(run().WorkspaceRoot + scaledBackName, run().BackFile);
+    m_data.shell.prompts.ShowMessage(text);
 }
 
 void Stage::loadScaledBack()

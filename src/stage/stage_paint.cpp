@@ -149,8 +149,7 @@ void Stage::paintOverlay(QPainter& painter) const
             return;
         painter.save();
         painter.setCompositionMode(QPainter::CompositionMode_Difference);
-        const QRect box = band->normalized();
-        for (const QRect& side : QRegion(box) - box.adjusted(1, 1, -1, -1))
+        for (const QRect& side : QRegion(*band) - band->adjusted(1, 1, -1, -1))
             painter.fillRect(side, Qt::white);
         painter.restore();
     };

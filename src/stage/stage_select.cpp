@@ -113,8 +113,7 @@ void Stage::changedOutline(const std::optional<QRect>& band) const
 {
     if (!band)
         return;
-    const QRect box = band->normalized();
-    for (const QRect& side : QRegion(box) - box.adjusted(1, 1, -1, -1))
+    for (const QRect& side : QRegion(*band) - band->adjusted(1, 1, -1, -1))
         changed(side);
 }
 
