@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "stage/background.h"
+
+#include "shell/text.h"
+
+#include <QImageReader>
+#include <QPainter>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Failure failure(FailureKind kind, const QString& text)
+{
+    return {kind, text.toStdString()};
+}
+
+Failure tooLarge(const QString& path, QSize size)
+{
+    return failure(
+        FailureKind::TooLarge,
+        u"%1: %2x%3 pixels are too many to show"_s.arg(path).arg(size.width()).arg(size.height()));
+}
+
+QImage onBlack(const QImage& image)
+{
+    if (!image.hasAlphaChannel())
+        return image.convertToFormat(QImage::Format_RGB32);
+    QImage flat(image.size(), QImage::Format_RGB32);
+    flat.fill(Qt::black);
+    QPainter painter(&flat);
+    painter.drawImage(QRect(QPoint(), image.size()), image);
+    return flat;
+}
+
+} // namespace
+
+bool backSizeAllowed(QSize size)
+{
+    return size.width() <= maxBackSide && size.height() <= maxBackSide &&
+           qint64{size.width()} * size.height() <= maxBackPixels;
+}
+
+Result<void> makeScaledBack(const Shell& shell, const ResizeJpgCall& resize)
+{
+    const RunState& run = shell.run;
+    if (!FileExists(run.BackFile))
+        return failure(FailureKind::NotFound, u"File %1 not found"_s.arg(run.BackFile));
+    const QString target = run.WorkspaceRoot + scaledBackName;
+    if (run.PreviewScale == 1.0) {
+        if (Result<void> removed = shell.files.remove(target); !removed)
+            return removed;
+        return shell.files.copy(run.BackFile, target);
+    }
+    const QSize size(std::max(1, roundToEven(run.BackWidth * run.PreviewScale)),
+                     std::max(1, roundToEven(run.BackHeight * run.PreviewScale)));
+    if (!backSizeAllowed(size))
+        return tooLarge(run.BackFile, size);
+    resize(size.width(), size.height(), run.BackFile, target);
+    return {};
+}
+
+Result<void> checkPicture(const QString& path)
+{
+    if (!FileExists(path))
+        return failure(FailureKind::NotFound, u"File %1 not found"_s.arg(path));
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    if (!reader.canRead())
+        return failure(FailureKind::Malformed, u"%1: %2"_s.arg(path, reader.errorString()));
+    const QSize size = reader.size();
+    if (size.isValid() && !backSizeAllowed(size))
+        return tooLarge(path, size);
+    return {};
+}
+
+Result<QImage> loadPicture(const QString& path)
+{
+    if (const Result<void> checked = checkPicture(path); !checked)
+        return checked.failure();
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    QImage image = reader.read();
+    if (image.isNull())
+        return failure(FailureKind::Malformed, u"%1: %2"_s.arg(path, reader.errorString()));
+    // Some formats tell their size only with the picture.
+    if (!backSizeAllowed(image.size()))
+        return tooLarge(path, image.size());
+    image.setDevicePixelRatio(1);
+    return onBlack(image);
+}
+
+} // namespace fennel

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include "stage/colour.h"
+
+#include <algorithm>
+
+namespace fennel {
+
+std::array<int, 3> colourParts(QRgb colour)
+{
+    return {qRed(colour), qGreen(colour), qBlue(colour)};
+}
+
+QRgb colourOfParts(const std::array<int, 3>& parts)
+{
+    const auto part = [](int value) { return std::clamp(value, 0, 255); };
+    return qRgb(part(parts[0]), part(parts[1]), part(parts[2]));
+}
+
+QString partText(int value)
+{
+    return QString::number(std::clamp(value, 0, 255), 16).toUpper().rightJustified(2, u'0');
+}
+
+int partAfterKey(int value, int key)
+{
+    if (key == Qt::Key_Down)
+        return std::min(value + 1, 255);
+    if (key == Qt::Key_Up)
+        return std::max(value - 1, 0);
+    return value;
+}
+
+QRgb contrastColour(QRgb colour)
+{
+    return colour ^ 0x00ffffffU;
+}
+
+int transparencyShown(int transp)
+{
+    return std::clamp(transp, 0, 255);
+}
+
+ColourControls colourControlsFor(const PanelRec& rec)
+{
+    return {rec.BackParam >= 1, rec.TranspParam >= 1};
+}
+
+} // namespace fennel

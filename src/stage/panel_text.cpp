@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include "stage/panel_text.h"
+
+#include "shell/text.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <array>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QRgb keyColour = qRgb(255, 255, 100);
+constexpr QRgb wordColour = qRgb(250, 250, 230);
+constexpr double smallestFont = 5;   // points: below, nobody could read it
+constexpr double largestFont = 2000; // points: a font file may claim any size
+constexpr int lowerRowItem = 4;
+
+// A button of the bar: the key that hides it, and the place of its two items. `gone` is the item
+// that moves it to the second place when hidden; -1: it never moves.
+struct ButtonPlace {
+    QLatin1StringView key;
+    int x;
+    int xWhenGone;
+    int gone;
+    bool fromRight;
+};
+constexpr std::array<ButtonPlace, buttonItems> buttons = {{
+    {"hide_help"_L1, 10, 10, -1, false},
+    {"hide_help"_L1, 33, 33, -1, false},
+    {"hide_lang"_L1, 83, 10, 0, false},
+    {"hide_lang"_L1, 108, 33, 0, false},
+    {"hide_lang"_L1, 108, 33, 0, false},
+    {"hide_reboot"_L1, 223, 125, 8, true},
+    {"hide_reboot"_L1, 197, 91, 8, true},
+    {"hide_poweroff"_L1, 125, 125, -1, true},
+    {"hide_poweroff"_L1, 91, 91, -1, true},
+}};
+
+bool isItem(int item)
+{
+    return item >= 0 && item < buttonItems;
+}
+
+// Appends the output lines of one source line.
+void wrapLine(QStringView line, int limit, const MeasureText& measure, QString& out)
+{
+    // Most lines fit: one measure instead of one for each word.
+    qsizetype start = 0;
+    while (start < line.size() && measure(line.mid(start)) >= limit) {
+        qsizetype cut = -1;
+        qsizetype blank = line.indexOf(u' ', start);
+        while (blank >= 0 && measure(line.mid(start, blank - start)) < limit) {
+            cut = blank;
+            blank = line.indexOf(u' ', blank + 1);
+        }
+        if (cut < 0)
+            cut = blank;
+        if (cut < 0)
+            break; // one word, however wide
+        out.append(line.mid(start, cut - start)).append(u'|');
+        start = cut + 1;
+    }
+    out.append(line.mid(start)).append(u'|');
+}
+
+TextPiece buttonPiece(const TextJob& job, int item, const QString& line, const StageScale& scale,
+                      const ButtonVisible& visible)
+{
+    const double row = item == lowerRowItem ? job.size + 3 : 0;
+    return {line,
+            {scale.shown(ButtonX(item, job.backWidth, visible)),
+             roundToEven((row + 1) * scale.factor())},
+            line.startsWith(u'F') ? keyColour : wordColour};
+}
+
+} // namespace
+
+QString hideKey(int item)
+{
+    return isItem(item) ? QString(buttons[static_cast<std::size_t>(item)].key) : QString();
+}
+
+int ButtonX(int item, int backWidth, const ButtonVisible& visible)
+{
+    if (!isItem(item))
+        return 0;
+    const ButtonPlace& place = buttons[static_cast<std::size_t>(item)];
+    const int x = place.gone < 0 || visible(place.gone) ? place.x : place.xWhenGone;
+    return place.fromRight ? backWidth - x : x;
+}
+
+QString onOffCaption(int item, bool visible)
+{
+    constexpr std::array<QLatin1StringView, 4> keys = {"F1"_L1, "F2"_L1, "F9"_L1, "F10"_L1};
+    if (item < 1 || item > 7 || item % 2 == 0)
+        return {};
+    const QLatin1StringView key = keys[static_cast<std::size_t>(item / 2)];
+    return (visible ? u"Hide "_s : u"Show "_s) + key + u" button"_s;
+}
+
+QString WrapPanelText(const QString& text, int limit, const MeasureText& measure)
+{
+    QString out;
+    for (const QStringView line : QStringView(text).split(u'|'))
+        wrapLine(line, limit, measure, out);
+    return out;
+}
+
+int usableFont(const FontTable& fonts, qint64 wanted)
+{
+    const bool known = wanted >= 0 && wanted < static_cast<qint64>(fonts.size()) &&
+                       !fonts[static_cast<std::size_t>(wanted)].FontName.isEmpty();
+    return known ? static_cast<int>(wanted) : 0;
+}
+
+QFont panelFont(const FontRecord& record, const StageScale& scale)
+{
+    QFont font;
+    if (!record.FontName.isEmpty())
+        font.setFamily(record.FontName);
+    font.setBold(record.Bold);
+    font.setItalic(record.Italic);
+    const double points = std::clamp(record.Size * scale.factor(), smallestFont, largestFont);
+    font.setPixelSize(std::max(1, roundToEven(points * 96 / 72)));
+    return font;
+}
+
+std::vector<TextPiece> layOutText(const TextJob& job, const StageScale& scale,
+                                  const MeasureText& measure, const ButtonVisible& visible)
+{
+    QString text = job.text;
+    text.remove(u'\r').replace(u'\n', u'|');
+    const QStringList lines = WrapPanelText(text, job.width, measure).split(u'|');
+    std::vector<TextPiece> pieces;
+    for (int i = 0; i < static_cast<int>(lines.size()); ++i) {
+        const QString& line = lines[i];
+        if (line.isEmpty())
+            continue;
+        if (job.index == ButtonsRow) {
+            if (isItem(i) && visible(i))
+                pieces.push_back(buttonPiece(job, i, line, scale, visible));
+            continue;
+        }
+        const double y = i * (job.size + 3 + job.spacing) + job.offset.y();
+        pieces.push_back(
+            {line, {scale.shown(job.offset.x()), roundToEven(y * scale.factor())}, job.colour});
+    }
+    return pieces;
+}
+
+} // namespace fennel

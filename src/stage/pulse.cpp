@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include "stage/pulse.h"
+
+#include "shell/text.h"
+
+#include <algorithm>
+
+namespace fennel {
+
+int pulsePhase(qint64 elapsedMs)
+{
+    return static_cast<int>((std::max<qint64>(0, elapsedMs) / pulseStepMs) % pulsePhases);
+}
+
+QRgb markerColour(int phase)
+{
+    const double t = (200.0 - phase) * phase / 10000.0;
+    return qRgb(roundToEven(221 + 26 * t), roundToEven(141 + 86 * t), roundToEven(26 - 19 * t));
+}
+
+QRgb frameColour(int phase)
+{
+    const int grey = phase / 50 * 50;
+    return qRgb(grey, grey, grey);
+}
+
+} // namespace fennel

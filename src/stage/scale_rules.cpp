@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "stage/scale_rules.h"
+
+#include "shell/text.h"
+
+#include <algorithm>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double largestFill = 200;
+constexpr double smallestFill = 1;
+constexpr int rightPanelGap = 4; // between the picture and the panel beside it
+
+QString sizeText(QSize size)
+{
+    return u"%1x%2"_s.arg(size.width()).arg(size.height());
+}
+
+} // namespace
+
+bool menuScaleAccepted(QSize picture, double scale, int percent)
+{
+    return picture.width() * percent > scale * 39900 && picture.height() * percent > scale * 29900;
+}
+
+ScaleAnswer customScaleAnswer(QSize picture, double scale, double percent)
+{
+    if (!(percent >= 1 && percent <= 200))
+        return ScaleAnswer::Ignored;
+    const bool small =
+        picture.width() * percent < scale * 19900 || picture.height() * percent < scale * 14900;
+    return small ? ScaleAnswer::TooSmall : ScaleAnswer::Accepted;
+}
+
+QString customScalePrompt(QSize screen, QSize background, double scale, QSize picture)
+{
+    return u"Screen size: "_s + sizeText(screen) + u"\nReal background size: "_s +
+           sizeText(background) + u"\nCurrent scale: "_s + QString::number(scale * 100, 'f', 2) +
+           u"%\nScreen background size: "_s + sizeText(picture) + u"\nEnter your scale (1-100%) "_s;
+}
+
+QString scaleStatus(int backWidth, int backHeight, double scale)
+{
+    return sizeText({backWidth, backHeight}) + u", Scale="_s +
+           QString::number(roundToEven(scale * 100)) + u'%';
+}
+
+FillResult fillScale(const FillRoom& room, int backWidth, int backHeight)
+{
+    const int right = room.workArea.x() + room.workArea.width();
+    const int bottom = room.workArea.y() + room.workArea.height();
+    const double across = (right - room.rightPanel) * 100.0 / backWidth;
+    const int height = bottom - room.chromeHeight - room.frameHeight - room.toolbar -
+                       room.bottomPanel - room.statusBar;
+    const double down = height * 100.0 / backHeight;
+    const double percent = std::max(smallestFill, std::min({across, largestFill, down}));
+    FillResult result;
+    result.scale = percent / 100;
+    result.rightPanel = room.workArea.width() - roundToEven(backWidth * result.scale) -
+                        rightPanelGap - room.frameWidth;
+    return result;
+}
+
+int backgroundNumber(const QString& path)
+{
+    return static_cast<int>(numberFromText(path.right(6)));
+}
+
+} // namespace fennel

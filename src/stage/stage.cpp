@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+#include "stage/stage.h"
+
+#include "stage/panel_text.h"
+
+#include <algorithm>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize emptyStage(400, 300); // before the first background
+
+} // namespace
+
+Stage::Stage(const StageData& data) : m_data(data), m_background(emptyStage, QImage::Format_RGB32)
+{
+    m_background.fill(Qt::black);
+}
+
+int Stage::rows() const
+{
+    return static_cast<int>(std::min(m_panels.size(), m_data.PanelArr.size()));
+}
+
+bool Stage::isRow(int index) const
+{
+    return index >= 0 && index < rows();
+}
+
+void Stage::changed(const QRect& area) const
+{
+    if (repaint && !area.isEmpty())
+        repaint(area);
+}
+
+// Rules that no visibility of a record or a tab overrides.
+bool Stage::mayShow(int index) const
+{
+    if (index == ButtonsRow || index == OptionsRow) {
+        if (run().GfxHasZuk)
+            return false; // the enhanced engine has no such objects
+    }
+    return index != OptionsRow || host().CfgValue(u"boot_show"_s) != u'0';
+}
+
+bool Stage::isFrozen(int index) const
+{
+    return index == OptionsRow && run().GfxHasCfg && host().CfgValue(u"boot_show"_s).isEmpty();
+}
+
+void Stage::adoptPanels()
+{
+    HideAllPanels();
+    ShowMarker(-1, -1);
+    SelectedPanel = -1;
+    ColourPanel = -1;
+    LogoIndex = 0;
+    m_panels.resize(std::max(m_panels.size(), m_data.PanelArr.size()));
+    for (StagePanel& panel : m_panels)
+        panel = StagePanel();
+    while (m_order.size() < m_panels.size())
+        m_order.push_back(static_cast<int>(m_order.size()));
+}
+
+void Stage::setMenuEntries(const QString& entries)
+{
+    if (rows() <= MenuBarRow)
+        return;
+    const qsizetype bar = entries.indexOf(u'|');
+    record(MenuBarRow).Text = entries.left(bar);
+    record(MenuPanelRow).Text = bar < 0 ? QString() : u' ' + entries.mid(bar + 1);
+    redraw(MenuPanelRow);
+}
+
+void Stage::setLogos(std::vector<QImage> logos)
+{
+    m_logos = std::move(logos);
+    if (LogoIndex >= logoCount())
+        LogoIndex = 0;
+    if (isRow(LogoRow))
+        m_panels[LogoRow].stale = true;
+}
+
+void Stage::showLogo(int number)
+{
+    if (number < 0 || number >= logoCount() || !isRow(LogoRow))
+        return;
+    LogoIndex = number;
+    raisePanel(LogoRow);
+    DrawPanel(LogoRow);
+}
+
+void Stage::HideAllPanels()
+{
+    for (StagePanel& panel : m_panels) {
+        if (panel.visible)
+            changed(panel.rect);
+        panel.visible = false;
+    }
+}
+
+void Stage::place(int index)
+{
+    const PanelRec& rec = record(index);
+    StagePanel& panel = m_panels[at(index)];
+    panel.fill = rec.BackColor;
+    setPanelRect(index, scale().shown(rec));
+    if (panel.visible && rec.Enabled)
+        raisePanel(index);
+}
+
+void Stage::ApplyPanel(int index)
+{
+    if (!isRow(index))
+        return;
+    place(index);
+    if (record(index).Shown)
+        DrawPanel(index);
+}
+
+void Stage::RefreshPanels()
+{
+    HideAllPanels();
+    for (int i = 0; i < rows(); ++i) {
+        const PanelRec& rec = record(i);
+        StagePanel& panel = m_panels[at(i)];
+        place(i);
+        panel.stale = panel.stale || (rec.Shown && !isFrozen(i));
+        panel.plain = false;
+        setVisible(i, !rec.OnlySelected);
+    }
+    const int object = host().objectOfCurrentTab();
+    if (isRow(object) && record(object).OnlySelected)
+        setVisible(object, true);
+}
+
+// Pictures are drawn when a panel is first seen, so a hidden object costs nothing.
+void Stage::setVisible(int index, bool visible)
+{
+    StagePanel& panel = m_panels[at(index)];
+    const bool seen = visible && mayShow(index) && (!isFrozen(index) || panel.drawn);
+    if (seen && panel.stale && !isFrozen(index))
+        render(index);
+    if (panel.visible == seen)
+        return;
+    panel.visible = seen;
+    changed(panel.rect);
+}
+
+void Stage::showPanel(int index, bool visible)
+{
+    if (isRow(index))
+        setVisible(index, visible);
+}
+
+void Stage::DrawPanel(int index)
+{
+    if (!isRow(index) || isFrozen(index))
+        return;
+    StagePanel& panel = m_panels[at(index)];
+    panel.plain = false;
+    panel.stale = true;
+    panel.fill = record(index).BackColor;
+    if (panel.visible)
+        changed(panel.rect);
+    setVisible(index, record(index).Shown);
+}
+
+void Stage::redraw(int index)
+{
+    if (!isMenuRow(index)) {
+        DrawPanel(index);
+        return;
+    }
+    DrawPanel(MenuPanelRow);
+    DrawPanel(MenuBarRow);
+}
+
+void Stage::raisePanel(int index)
+{
+    const auto found = std::find(m_order.begin(), m_order.end(), index);
+    if (found == m_order.end() || !isRow(index))
+        return;
+    std::rotate(found, found + 1, m_order.end());
+    if (panel(index).visible)
+        changed(panel(index).rect);
+}
+
+void Stage::setPanelRect(int index, const QRect& rect)
+{
+    StagePanel& panel = m_panels[at(index)];
+    if (panel.rect == rect)
+        return;
+    if (panel.visible)
+        changed(panel.rect);
+    panel.rect = rect;
+    if (panel.visible)
+        changed(rect);
+}
+
+void Stage::setPlain(int index)
+{
+    m_panels[at(index)].plain = true;
+    changed(panel(index).rect);
+}
+
+int Stage::panelAt(QPoint point) const
+{
+    for (auto i = m_order.rbegin(); i != m_order.rend(); ++i) {
+        if (isRow(*i) && panel(*i).visible && record(*i).Enabled && panel(*i).rect.contains(point))
+            return *i;
+    }
+    return -1;
+}
+
+bool Stage::ButtonVisible(int item) const
+{
+    return !run().GfxHasCfg || host().CfgValue(hideKey(item)) == u'0';
+}
+
+double Stage::menuPitch() const
+{
+    const int font = isRow(MenuPanelRow) ? record(MenuPanelRow).FontIndex : 0;
+    const std::size_t known = at(usableFont(m_data.FontTable, font));
+    const double size = known < m_data.FontTable.size() ? m_data.FontTable[known].Size : 0;
+    return linePitch(size, m_data.MenuSlit);
+}
+
+} // namespace fennel

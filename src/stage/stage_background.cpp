@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+// The background comes to its scale, and the panels with it.
+#include "stage/scale_rules.h"
+#include "stage/stage.h"
+
+#include <QFileInfo>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int sizeStatus = 4;
+
+} // namespace
+
+void Stage::setBackground(const QImage& picture)
+{
+    if (picture.isNull())
+        return;
+    m_background = picture.convertToFormat(QImage::Format_RGB32);
+    for (StagePanel& panel : m_panels)
+        panel.stale = true;
+    if (pictureChanged)
+        pictureChanged();
+    changed(QRect(QPoint(), pictureSize()));
+}
+
+// ShowBackground runs at every move of a splitter; the same broken file is told once.
+void Stage::tellOnce(const Failure& failure)
+{
+    const QFileInfo file(run().BackFile);
+    const QString what =
+        u"%1|%2|%3"_s.arg(run().BackFile, file.lastModified().toString(Qt::ISODateWithMs))
+            .arg(run().PreviewScale);
+    if (what == m_told)
+        return;
+    m_told = what;
+    // The user knows the background by its own name, not by that of the work file.
+    QString text = QString::fromStdString(failure.text);
+    text.replace(run().WorkspaceRoot + scaledBackName, run().BackFile);
+    m_data.shell.prompts.ShowMessage(text);
+}
+
+void Stage::loadScaledBack()
+{
+    // The claimed size is looked at before any tool gets to decode the file.
+    if (const Result<void> checked = checkPicture(run().BackFile); !checked)
+        return tellOnce(checked.failure());
+    if (const Result<void> made = makeScaledBack(m_data.shell, m_data.ResizeJpg); !made)
+        return tellOnce(made.failure());
+    const QString scaled = run().WorkspaceRoot + scaledBackName;
+    if (!FileExists(scaled))
+        return; // the tool runner has told why
+    const Result<QImage> picture = loadPicture(scaled);
+    if (!picture)
+        return tellOnce(picture.failure());
+    m_told.clear();
+    setBackground(*picture);
+}
+
+void Stage::rememberBackground()
+{
+    if (run().GfxHasZuk && !host().menuLevelShown())
+        host().setBackgroundNumber(backgroundNumber(run().BackFile));
+}
+
+void Stage::ShowBackground()
+{
+    m_data.shell.WriteLog(u" Picture1.Show "_s);
+    host().prepareBackground();
+    if (FileExists(run().BackFile)) {
+        if (run().GfxOpened) {
+            host().setStatus(sizeStatus,
+                             scaleStatus(run().BackWidth, run().BackHeight, run().PreviewScale));
+        }
+        loadScaledBack();
+        rememberBackground();
+    }
+    host().layOutWindow();
+    ShowMarker(-1, -1);
+    RefreshPanels();
+    raisePanel(SelectedPanel);
+    if (SelectedPanel == MenuPanelRow)
+        raisePanel(MenuBarRow); // the bar never goes under its menu
+    ShowMarker(SelectedPanel, 0);
+    changed(QRect(QPoint(), pictureSize()));
+}
+
+void Stage::replaceMenu()
+{
+    for (const int index : {MenuPanelRow, MenuBarRow}) {
+        const QRect rect = scale().shown(record(index));
+        showPanel(index, false);
+        raisePanel(index);
+        setPanelRect(index, {rect.x(), rect.y(), std::max(0, pictureSize().width() - rect.x()),
+                             rect.height()});
+    }
+    ShowMarker(-1, -1);
+    redraw(MenuPanelRow);
+    ShowMarker(SelectedPanel, 0);
+}
+
+void Stage::ApplyScale()
+{
+    ShowBackground();
+    if (rows() >= 2 && run().gfxboot_var != 3)
+        replaceMenu();
+    host().scaleApplied();
+}
+
+} // namespace fennel

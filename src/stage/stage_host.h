@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+// What the stage asks of the window around it: rows, tabs, status line, menus. The frame implements
+// it; a test answers what it likes.
+#pragma once
+
+#include <QPoint>
+#include <QString>
+
+namespace fennel {
+
+// Indices are rows of PanelArr, tabs count from 1, positions are shown pixels of Picture1. Calls
+// may come back into the stage (a selected tab activates its object); none is made while the stage
+// is half changed.
+class StageHost {
+public:
+    virtual ~StageHost() = default;
+
+    // The record of the object holds what the stage shows. To be written to the rows of its tab:
+    // Left, Top, Width, Height, each if a parameter sets it. Generation 3 only.
+    virtual void PanelParamsToRow(int index) = 0;
+    // The value that the row of parameter `id` of a tab shows, -1 without such a row.
+    virtual qint64 GetPanelParam(int tab, int id) = 0;
+    virtual QString CfgValue(const QString& name) = 0; // of gfxboot.cfg
+    virtual void SetCfgValue(const QString& name, const QString& value) = 0;
+    // The background in use goes to parameter 99 of level file 0 and to its row. Generation 3 only.
+    virtual void setBackgroundNumber(int number) = 0;
+
+    [[nodiscard]] virtual int objectOfCurrentTab() = 0; // -1: a tab without object
+    // Selects the tab of the object and rebuilds its page. Generation 3 only.
+    virtual void selectTabOf(int index) = 0;
+    // CheckFromMenu is on: the stage shows what a menu file imposes.
+    [[nodiscard]] virtual bool menuLevelShown() = 0;
+    // How many of the two pipettes are on; above 0 the mouse picks a colour and nothing else.
+    [[nodiscard]] virtual int pipettesOn() = 0;
+    // Fill and transparency of the object go to the sliders; -1: no object. In generation 3 each
+    // control is enabled if a parameter stands behind it.
+    virtual void showColourControls(int index) = 0;
+
+    // Panels 4, 5 and 6 of the status line are the stage's.
+    virtual void setStatus(int panel, const QString& text) = 0;
+    virtual void refreshStatus() = 0;                 // the status line's own update
+    virtual void panelMenu(int index, QPoint at) = 0; // mnupopup; index 0 to 2
+    virtual void backgroundMenu(QPoint at) = 0;       // mnu_Context_picture1
+    virtual void setOnOffCaption(int item, const QString& caption) = 0; // mnupopup_OnOff
+
+    // Before a new background: the window gets its least width, an open value editor is committed.
+    virtual void prepareBackground() = 0;
+    // After it: window, splitters and their buttons are laid out around the picture.
+    virtual void layOutWindow() = 0;
+    // After a change of scale: ranges of the spin controls, thumbnails.
+    virtual void scaleApplied() = 0;
+    virtual void beep(double hertz, int milliseconds) = 0;
+};
+
+} // namespace fennel

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+// How one panel is drawn into its picture, and how the stage is put together from the pictures.
+#include "stage/blend.h"
+#include "stage/panel_text.h"
+#include "stage/pulse.h"
+#include "stage/stage.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+namespace fennel {
+
+namespace {
+
+constexpr int menuTab = FirstObjectTab; // the tab of MenuPanel
+constexpr int menuSlitParam = 40;
+constexpr std::array<int, 4> captionItems = {1, 3, 5, 7};
+
+} // namespace
+
+void Stage::readMenuSlit()
+{
+    if (run().GfxHasZuk)
+        m_data.MenuSlit = static_cast<int>(host().GetPanelParam(menuTab, menuSlitParam));
+}
+
+int Stage::chooseFont(int index)
+{
+    PanelRec& rec = record(index);
+    const qint64 wanted = rec.FontParam > 0 ? host().GetPanelParam(rec.TabIndex, rec.FontParam)
+                                            : -qint64{rec.FontParam};
+    rec.FontIndex = static_cast<qint16>(usableFont(m_data.FontTable, wanted));
+    return rec.FontIndex;
+}
+
+void Stage::updateOnOffCaptions()
+{
+    for (const int item : captionItems)
+        host().setOnOffCaption(item, onOffCaption(item, ButtonVisible(item)));
+}
+
+// Only the part on the background is drawn: a panel of any size costs at most one screen.
+void Stage::render(int index)
+{
+    StagePanel& panel = m_panels[at(index)];
+    panel.stale = false;
+    panel.drawn = true;
+    const QRect seen = panel.rect & QRect(QPoint(), pictureSize());
+    if (seen.isEmpty()) {
+        panel.picture = QImage();
+        return;
+    }
+    panel.pictureAt = seen.topLeft() - panel.rect.topLeft();
+    blendPanel(m_background, seen, panel.fill, blendAlpha(record(index).Transp), panel.picture);
+    if (record(index).Text.isEmpty() && index != LogoRow)
+        return;
+    QPainter painter(&panel.picture);
+    painter.translate(-panel.pictureAt);
+    drawContents(index, painter);
+}
+
+void Stage::drawContents(int index, QPainter& painter)
+{
+    const PanelRec& rec = record(index);
+    const QRect& rect = panel(index).rect;
+    if (index == LogoRow && LogoIndex >= 0 && LogoIndex < logoCount()) {
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(QRect(QPoint(), rect.size()), m_logos[at(LogoIndex)]);
+    }
+    const std::size_t font = at(chooseFont(index));
+    readMenuSlit();
+    if (rec.Text.isEmpty() || font >= m_data.FontTable.size())
+        return;
+    const FontRecord& fontRecord = m_data.FontTable[font];
+    const QFont face = panelFont(fontRecord, scale());
+    const QFontMetrics metrics(face);
+    TextJob job{index, rec.Text, rec.TextColor, fontRecord.Size,
+                0,     QPoint(), rect.width(),  run().BackWidth};
+    job.spacing = index == MenuPanelRow ? m_data.MenuSlit : 0;
+    painter.setFont(face);
+    const auto measure = [&](QStringView text) {
+        return double(metrics.horizontalAdvance(text.toString()));
+    };
+    const auto visible = [this](int item) { return ButtonVisible(item); };
+    for (const TextPiece& piece : layOutText(job, scale(), measure, visible)) {
+        painter.setPen(QColor(piece.colour));
+        painter.drawText(piece.at + QPoint(0, metrics.ascent()), piece.text);
+    }
+    if (index == ButtonsRow)
+        updateOnOffCaptions();
+}
+
+void Stage::paintPanel(QPainter& painter, const StagePanel& panel, const QRegion& part) const
+{
+    const QRect drawn(panel.rect.topLeft() + panel.pictureAt, panel.picture.size());
+    for (const QRect& area : part) {
+        if (panel.plain || panel.picture.isNull() || !drawn.contains(area))
+            painter.fillRect(area, QColor(panel.fill));
+        if (panel.plain || panel.picture.isNull())
+            continue;
+        const QRect known = area & drawn & panel.rect;
+        painter.drawImage(known.topLeft(), panel.picture, known.translated(-drawn.topLeft()));
+    }
+}
+
+// Every panel covers what lies under it, so from the top down each pixel is painted once.
+void Stage::paint(QPainter& painter, const QRegion& dirty) const
+{
+    QRegion bare = dirty & QRect(QPoint(), pictureSize());
+    for (auto i = m_order.rbegin(); i != m_order.rend() && !bare.isEmpty(); ++i) {
+        if (!isRow(*i) || !panel(*i).visible || !bare.intersects(panel(*i).rect))
+            continue;
+        paintPanel(painter, panel(*i), bare & panel(*i).rect);
+        bare -= panel(*i).rect;
+    }
+    for (const QRect& area : bare)
+        painter.drawImage(area.topLeft(), m_background, area);
+    if (pulses())
+        paintFrame(painter, bare);
+    if (m_markerOn)
+        painter.fillRect(m_marker, QColor(markerColour(m_phase)));
+    paintOverlay(painter);
+}
+
+// One pixel outside the selected panel.
+QRegion Stage::frameRegion() const
+{
+    if (!isRow(SelectedPanel))
+        return {};
+    const QRect& inner = panel(SelectedPanel).rect;
+    return QRegion(inner.adjusted(-1, -1, 1, 1)) - inner;
+}
+
+void Stage::paintFrame(QPainter& painter, const QRegion& bare) const
+{
+    for (const QRect& area : bare& frameRegion())
+        painter.fillRect(area, QColor(frameColour(m_phase)));
+}
+
+// Inverted, so that a band is seen on every ground.
+void Stage::paintOverlay(QPainter& painter) const
+{
+    const auto outline = [&painter](const std::optional<QRect>& band) {
+        if (!band)
+            return;
+        painter.save();
+        painter.setCompositionMode(QPainter::CompositionMode_Difference);
+        for (const QRect& side : QRegion(*band) - band->adjusted(1, 1, -1, -1))
+            painter.fillRect(side, Qt::white);
+        painter.restore();
+    };
+    outline(m_overlay.resizeBand);
+    outline(m_overlay.freeBand);
+}
+
+} // namespace fennel

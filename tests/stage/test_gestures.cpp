@@ -1,0 +1,340 @@
+// SPDX-License-Identifier: MIT
+// The mouse and the keys in each generation: limits, what is stored, what is written.
+#include "stage_fixture.h"
+
+using namespace fennel;
+using namespace fennel::test;
+
+namespace {
+
+StageMouse left(QPoint at)
+{
+    return {at, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier};
+}
+
+StageMouse held(QPoint at)
+{
+    return {at, Qt::NoButton, Qt::LeftButton, Qt::NoModifier};
+}
+
+StageMouse up(QPoint at, Qt::MouseButton button = Qt::LeftButton)
+{
+    return {at, button, Qt::NoButton, Qt::NoModifier};
+}
+
+} // namespace
+
+TEST_F(StageTest, DragInGenerationThreeWritesRowsOnTheWay)
+{
+    openZuk();
+    mouse.press(left({30, 40}));
+    EXPECT_TRUE(mouse.Dragging());
+    EXPECT_FALSE(run().InterfaceReady);
+    EXPECT_EQ(stage.SelectedPanel, 5);
+    EXPECT_EQ(host.tabObject, 5);
+    EXPECT_EQ(host.colours, 5);
+    EXPECT_FALSE(stage.markerVisible());
+    mouse.move(held({130, 90}));
+    EXPECT_EQ(rec(5).Left, 120);
+    EXPECT_EQ(rec(5).Top, 80);
+    EXPECT_EQ(host.rows, (std::vector<int>{5}));
+    EXPECT_EQ(host.status[6], u"(120;80), width 72x22, Transp.=255"_s);
+    mouse.move(held({5000, 5000}));
+    EXPECT_EQ(stage.panel(5).rect, QRect(728, 578, 72, 22)) << "wholly on the picture";
+    mouse.move(held({-100, -100}));
+    mouse.release(up({-100, -100}));
+    EXPECT_EQ(rec(5).Left, 0);
+    EXPECT_EQ(rec(5).Top, 0);
+    EXPECT_TRUE(run().InterfaceReady);
+    EXPECT_EQ(stage.marker(), QRect(67, 17, 7, 7));
+    EXPECT_TRUE(host.cfg.empty());
+}
+
+TEST_F(StageTest, StoredLengthsAtHalfScale)
+{
+    openZuk();
+    run().PreviewScale = 0.5;
+    stage.setBackground(placePicture({400, 300}));
+    setPlace(5, 101, 31, 72, 22);
+    stage.RefreshPanels();
+    drag({55, 20}, {55, 20});
+    EXPECT_EQ(rec(5).Left, 101) << "a click changes no number";
+    drag({55, 20}, {65, 20});
+    EXPECT_EQ(rec(5).Left, 120) << "shown at 60";
+    EXPECT_EQ(rec(5).Top, 31);
+}
+
+TEST_F(StageTest, FixedSidesNeverMove)
+{
+    openZuk();
+    host.tabObject = 8;
+    stage.RefreshPanels();
+    stage.raisePanel(8);
+    drag({90, 70}, {300, 300});
+    EXPECT_EQ(stage.panel(8).rect, QRect(80, 60, 640, 480));
+    rec(5).LeftParam = -20;
+    stage.raisePanel(5);
+    drag({30, 40}, {200, 100});
+    EXPECT_EQ(stage.panel(5).rect.topLeft(), QPoint(20, 90)) << "only vertically";
+}
+
+TEST_F(StageTest, MenuAndBarMoveTogether)
+{
+    openZuk();
+    drag({110, 210}, {160, 250}); // the bar
+    EXPECT_EQ(stage.panel(0).rect, QRect(150, 240, 500, 140));
+    EXPECT_EQ(stage.panel(1).rect, QRect(150, 240, 500, 24));
+    EXPECT_EQ(rec(0).Left, 150);
+    EXPECT_EQ(rec(0).Top, 240);
+    EXPECT_TRUE(std::find(host.rows.begin(), host.rows.end(), 0) != host.rows.end());
+    drag({160, 370}, {760, 600}); // the menu
+    EXPECT_EQ(stage.panel(1).rect, QRect(300, 460, 500, 24)) << "the menu stays on the picture";
+    EXPECT_EQ(stage.stacking().back(), 1);
+}
+
+TEST_F(StageTest, OldMenusReachTheRightEdgeAndWriteTheCfg)
+{
+    openOld(2);
+    mouse.press(left({300, 180}));
+    mouse.move(held({100, 100}));
+    EXPECT_EQ(host.cfg[u"menu_start_x"_s], u"53"_s) << "while the mouse moves";
+    mouse.move(held({1000, 1000}));
+    EXPECT_EQ(stage.panel(1).rect.x(), 800) << "only the left edge must stay";
+    mouse.move(held({200, 200}));
+    mouse.release(up({200, 200}));
+    EXPECT_EQ(stage.panel(0).rect, QRect(153, 190, 647, 163));
+    EXPECT_EQ(rec(0).Left, 153);
+    EXPECT_EQ(rec(1).Top, 190);
+    EXPECT_EQ(rec(0).Width, 647);
+    EXPECT_EQ(host.cfg[u"menu_start_x"_s], u"153"_s);
+    EXPECT_EQ(host.cfg[u"menu_start_y"_s], u"190"_s);
+    EXPECT_TRUE(host.rows.empty());
+}
+
+TEST_F(StageTest, LeftEdgeBeyondTheBackgroundIsNotStored)
+{
+    openOld();
+    drag({300, 180}, {5000, 180});
+    EXPECT_EQ(rec(1).Left, 799) << "BackWidth - 1";
+}
+
+TEST_F(StageTest, RollsAreNeitherSelectedNorMoved)
+{
+    openOld();
+    drag({100, 570}, {200, 300});
+    EXPECT_EQ(stage.SelectedPanel, -1);
+    EXPECT_EQ(stage.panel(2).rect, QRect(0, 555, 800, 45));
+    EXPECT_TRUE(run().InterfaceReady);
+    shell.prompts.expectMessage(u"It's roll. Call DblClick"_s);
+    mouse.press({{100, 570}, Qt::MiddleButton, Qt::MiddleButton, Qt::NoModifier});
+    mouse.release(up({100, 570}, Qt::MiddleButton));
+    mouse.press({{300, 180}, Qt::MiddleButton, Qt::MiddleButton, Qt::NoModifier});
+    mouse.release(up({300, 180}, Qt::MiddleButton));
+    EXPECT_EQ(shell.prompts.texts.size(), 1) << "no message on other panels";
+}
+
+TEST_F(StageTest, MenusOfTheRightButton)
+{
+    openOld(2);
+    const auto right = [this](QPoint at) {
+        mouse.press({at, Qt::RightButton, Qt::RightButton, Qt::NoModifier});
+        mouse.release(up(at, Qt::RightButton));
+    };
+    right({100, 570}); // buttons
+    right({300, 300}); // menu
+    right({300, 490}); // options line: none
+    right({10, 10});
+    EXPECT_EQ(host.menus, (std::vector<int>{2, 0, -1}));
+    run().GfxHasCfg = false;
+    right({300, 300});
+    EXPECT_EQ(host.menus.size(), 3U);
+}
+
+TEST_F(StageTest, PipetteKeepsTheMouseFromPanels)
+{
+    openZuk();
+    stage.ActivatePanel(22);
+    host.pipettes = 1;
+    drag({30, 40}, {200, 200});
+    drag(stage.marker().center(), {600, 500});
+    EXPECT_EQ(stage.SelectedPanel, 22);
+    EXPECT_EQ(stage.panel(5).rect, QRect(20, 30, 72, 22));
+    EXPECT_EQ(stage.panel(22).rect, QRect(200, 400, 300, 40));
+    mouse.move({{30, 40}, Qt::NoButton, Qt::NoButton, Qt::NoModifier});
+    EXPECT_EQ(mouse.cursor(), StageCursor::Picker);
+    mouse.move({{10, 590}, Qt::NoButton, Qt::NoButton, Qt::NoModifier});
+    EXPECT_EQ(host.status[5], u"Background1"_s);
+}
+
+TEST_F(StageTest, MarkerPullsThePanel)
+{
+    openZuk();
+    stage.ActivatePanel(22);
+    const QPoint corner = stage.marker().center(); // (498, 438)
+    mouse.press(left(corner));
+    EXPECT_FALSE(stage.markerVisible());
+    EXPECT_EQ(stage.overlay().resizeBand, QRect(200, 400, 303, 43));
+    mouse.move(held(corner + QPoint(50, 20)));
+    EXPECT_TRUE(stage.panel(22).plain);
+    EXPECT_EQ(stage.panel(22).rect, QRect(200, 400, 353, 63)) << "live, 3 larger";
+    EXPECT_EQ(host.rows.size(), 1U);
+    EXPECT_EQ(mouse.cursor(), StageCursor::Resize);
+    mouse.release(up(corner + QPoint(50, 20)));
+    EXPECT_EQ(rec(22).Width, 350);
+    EXPECT_EQ(rec(22).Height, 60);
+    EXPECT_EQ(stage.panel(22).rect, QRect(200, 400, 350, 60));
+    EXPECT_FALSE(stage.panel(22).plain);
+    EXPECT_FALSE(stage.overlay().resizeBand);
+    EXPECT_EQ(stage.marker(), QRect(545, 455, 7, 7));
+    drag(stage.marker().center(), {0, 0});
+    EXPECT_EQ(rec(22).Width, 0) << "2 less 3 is no size";
+    EXPECT_EQ(rec(22).Height, 0);
+}
+
+TEST_F(StageTest, LogoShowsAMarkerThatPullsNothing)
+{
+    openZuk();
+    rec(4).WidthParam = -120;
+    rec(4).HeightParam = -60;
+    stage.ActivatePanel(4);
+    drag(stage.marker().center(), {790, 300});
+    EXPECT_EQ(stage.panel(4).rect, QRect(650, 20, 120, 60));
+    EXPECT_EQ(rec(4).Width, 120);
+    EXPECT_EQ(rec(4).Height, 60);
+    EXPECT_TRUE(stage.markerVisible());
+}
+
+TEST_F(StageTest, MenuHeightSnapsAndIsWrittenAsEntries)
+{
+    openOld(2);
+    stage.ActivatePanel(0);
+    const QPoint corner = stage.marker().center();
+    mouse.press(left(corner));
+    mouse.move(held(corner + QPoint(-200, 68))); // 163 + 68 + 3 rows live
+    EXPECT_EQ(stage.panel(0).rect, QRect(253, 170, 550, 234)) << "the height only";
+    EXPECT_EQ(stage.panel(1).rect.width(), 550);
+    mouse.release(up(corner + QPoint(-200, 68)));
+    EXPECT_EQ(stage.panel(0).rect, QRect(253, 170, 547, 240)) << "231 / 20 rounds to 12 entries";
+    EXPECT_EQ(host.cfg[u"menu_max_entries"_s], u"12"_s);
+    EXPECT_EQ(rec(0).Height, 240);
+    EXPECT_EQ(rec(1).Width, 547);
+    drag(stage.marker().center(), {0, 0});
+    EXPECT_EQ(host.cfg[u"menu_max_entries"_s], u"1"_s);
+    EXPECT_EQ(stage.panel(0).rect.height(), 20);
+}
+
+TEST_F(StageTest, MenuWidthCanBePulledInGenerationThree)
+{
+    openZuk();
+    stage.ActivatePanel(1);
+    drag(stage.marker().center(), stage.marker().center() + QPoint(-100, 0));
+    EXPECT_EQ(rec(1).Width, 400);
+    EXPECT_EQ(rec(0).Width, 400);
+    EXPECT_EQ(stage.panel(0).rect, QRect(100, 200, 400, 140));
+    EXPECT_EQ(rec(1).Height, 24);
+    EXPECT_EQ(host.cfg.count(u"menu_max_entries"_s), 0U);
+}
+
+TEST_F(StageTest, DoubleClickStepsTheLogoOnItsTab)
+{
+    openZuk();
+    stage.setLogos({QImage(4, 4, QImage::Format_RGB32), QImage(4, 4, QImage::Format_RGB32),
+                    QImage(4, 4, QImage::Format_RGB32)});
+    const auto twice = [this](QPoint at, Qt::KeyboardModifiers keys) {
+        mouse.doubleClick({at, Qt::LeftButton, Qt::LeftButton, keys});
+        mouse.release({at, Qt::LeftButton, Qt::NoButton, keys});
+    };
+    twice({700, 50}, Qt::NoModifier);
+    EXPECT_EQ(stage.LogoIndex, 0) << "another tab is open";
+    host.tabObject = 4;
+    twice({700, 50}, Qt::NoModifier);
+    EXPECT_EQ(stage.LogoIndex, 1);
+    twice({700, 50}, Qt::ShiftModifier);
+    twice({700, 50}, Qt::ShiftModifier);
+    EXPECT_EQ(stage.LogoIndex, 2);
+    twice({30, 40}, Qt::NoModifier);
+    EXPECT_EQ(stage.LogoIndex, 2) << "not on Time";
+    EXPECT_FALSE(mouse.Dragging());
+    stage.setLogos({});
+    twice({700, 50}, Qt::NoModifier);
+    EXPECT_EQ(stage.LogoIndex, 0);
+}
+
+TEST_F(StageTest, BackgroundTellsItsPixelAndDrawsTheMeasuringBand)
+{
+    openZuk();
+    mouse.move({{10, 580}, Qt::NoButton, Qt::NoButton, Qt::NoModifier});
+    EXPECT_EQ(host.status[6], u"(10;580) RGB=0x0A444E"_s);
+    EXPECT_EQ(host.status[5], u"Background0"_s);
+    mouse.press(left({10, 580}));
+    mouse.move(held({19, 530}));
+    EXPECT_EQ(host.refreshes, 1) << "19 + 530 = 549";
+    EXPECT_TRUE(stage.overlay().freeBand);
+    EXPECT_EQ(painted().pixel(10, 580), qRgb(245, 187, 177)) << "inverted";
+    mouse.release(up({19, 530}));
+    mouse.press(left({10, 580}));
+    EXPECT_FALSE(stage.overlay().freeBand) << "a press clears it";
+    mouse.release(up({10, 580}));
+    mouse.move({{-5, 9000}, Qt::NoButton, Qt::NoButton, Qt::NoModifier});
+    EXPECT_EQ(mouse.cursor(), StageCursor::Background);
+}
+
+TEST_F(StageTest, ArrowsMoveByBootPixelsAtAnyScale)
+{
+    openZuk();
+    run().PreviewScale = 0.5;
+    stage.setBackground(placePicture({400, 300}));
+    stage.RefreshPanels();
+    stage.ActivatePanel(5);
+    EXPECT_TRUE(mouse.key(Qt::Key_Right, Qt::NoModifier));
+    EXPECT_TRUE(mouse.key(Qt::Key_Right, Qt::NoModifier));
+    EXPECT_TRUE(mouse.key(Qt::Key_Right, Qt::NoModifier));
+    EXPECT_EQ(rec(5).Left, 23);
+    EXPECT_TRUE(mouse.key(Qt::Key_Down, Qt::ShiftModifier));
+    EXPECT_EQ(rec(5).Top, 40);
+    EXPECT_EQ(stage.panel(5).rect, QRect(12, 20, 36, 11));
+    for (int i = 0; i < 10; ++i)
+        mouse.key(Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_EQ(rec(5).Left, 0);
+    EXPECT_EQ(host.rows.back(), 5);
+    EXPECT_FALSE(mouse.key(Qt::Key_A, Qt::NoModifier));
+    EXPECT_TRUE(mouse.key(Qt::Key_Escape, Qt::NoModifier));
+    EXPECT_EQ(stage.SelectedPanel, -1);
+    EXPECT_FALSE(mouse.key(Qt::Key_Left, Qt::NoModifier));
+}
+
+TEST_F(StageTest, EscapeTakesAGestureBack)
+{
+    openOld(2);
+    mouse.press(left({300, 180}));
+    mouse.move(held({400, 300}));
+    EXPECT_TRUE(mouse.key(Qt::Key_Escape, Qt::NoModifier));
+    EXPECT_FALSE(mouse.Dragging());
+    EXPECT_EQ(stage.panel(0).rect, QRect(253, 170, 547, 163));
+    EXPECT_EQ(rec(1).Left, 253);
+    EXPECT_EQ(host.cfg[u"menu_start_x"_s], u"253"_s);
+    mouse.move(held({500, 500}));
+    mouse.release(up({500, 500}));
+    EXPECT_EQ(stage.panel(0).rect.x(), 253);
+    stage.ActivatePanel(0);
+    mouse.press(left(stage.marker().center()));
+    mouse.move(held({500, 590}));
+    mouse.key(Qt::Key_Escape, Qt::NoModifier);
+    EXPECT_EQ(stage.panel(0).rect, QRect(253, 170, 547, 163));
+    EXPECT_EQ(host.cfg[u"menu_max_entries"_s], u"8"_s);
+    EXPECT_EQ(stage.SelectedPanel, 0);
+    EXPECT_TRUE(run().InterfaceReady);
+}
+
+TEST_F(StageTest, TwoButtonsInOneGestureLeaveNothingHanging)
+{
+    openZuk();
+    mouse.press(left({30, 40}));
+    mouse.press({{30, 40}, Qt::RightButton, Qt::LeftButton | Qt::RightButton, Qt::NoModifier});
+    mouse.release({{35, 40}, Qt::RightButton, Qt::LeftButton, Qt::NoModifier});
+    mouse.move(held({90, 90}));
+    EXPECT_EQ(stage.panel(5).rect.x(), 20) << "a release ends the drag";
+    mouse.release(up({90, 90}));
+    EXPECT_FALSE(mouse.Dragging());
+    EXPECT_TRUE(run().InterfaceReady);
+}

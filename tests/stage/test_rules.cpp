@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+// Blending, geometry, scales, pulse and colours as plain functions.
+#include "stage/blend.h"
+#include "stage/colour.h"
+#include "stage/geometry.h"
+#include "stage/pulse.h"
+#include "stage/scale_rules.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace fennel;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+PanelRec recAt(int left, int top, int width, int height)
+{
+    PanelRec rec;
+    rec.Left = static_cast<qint16>(left);
+    rec.Top = static_cast<qint16>(top);
+    rec.Width = static_cast<qint16>(width);
+    rec.Height = static_cast<qint16>(height);
+    return rec;
+}
+
+} // namespace
+
+TEST(Blend, EveryBackgroundAndAlphaRoundsToTheNearest)
+{
+    // All 256 values in each channel, on a width that is no multiple of any vector.
+    QImage background(259, 1, QImage::Format_RGB32);
+    for (int x = 0; x < 259; ++x)
+        background.setPixel(x, 0, qRgb(x % 256, 255 - x % 256, (x * 7) % 256));
+    const QRgb fill = qRgb(3, 128, 251);
+    for (int a = 0; a <= 255; ++a) {
+        QImage out;
+        blendPanel(background, QRect(1, 0, 258, 1), fill, a, out);
+        for (int x = 0; x < 258; ++x) {
+            const QRgb from = background.pixel(x + 1, 0);
+            const auto mixed = [a](int b, int f) {
+                return static_cast<int>(std::lround((b * double(a) + f * (255.0 - a)) / 255.0));
+            };
+            const QRgb want =
+                qRgb(mixed(qRed(from), 3), mixed(qGreen(from), 128), mixed(qBlue(from), 251));
+            ASSERT_EQ(out.pixel(x, 0), want) << "a " << a << " x " << x;
+        }
+    }
+}
+
+TEST(Blend, AlphaIsHeldWithinAByte)
+{
+    EXPECT_EQ(blendAlpha(-3), 0);
+    EXPECT_EQ(blendAlpha(256), 255);
+    EXPECT_EQ(blendAlpha(32767), 255);
+}
+
+TEST(Geometry, RectanglesAtEveryScale)
+{
+    // 253, 170, 547, 163 times the scale, ties to even.
+    const PanelRec rec = recAt(253, 170, 547, 163);
+    EXPECT_EQ(StageScale(0.33).shown(rec), QRect(83, 56, 181, 54));
+    EXPECT_EQ(StageScale(0.5).shown(rec), QRect(126, 85, 274, 82)); // 126.5, 273.5, 81.5
+    EXPECT_EQ(StageScale(0.75).shown(rec), QRect(190, 128, 410, 122));
+    EXPECT_EQ(StageScale(1.0).shown(rec), QRect(253, 170, 547, 163));
+    EXPECT_EQ(StageScale(1.5).shown(rec), QRect(380, 255, 820, 244)); // 379.5, 820.5, 244.5
+    EXPECT_EQ(StageScale(2.0).shown(rec), QRect(506, 340, 1094, 326));
+    EXPECT_EQ(StageScale(0.5).shown(recAt(-10, 5, -4, 0)), QRect(-5, 2, 0, 0));
+}
+
+TEST(Geometry, StoredLengths)
+{
+    const StageScale half(0.5);
+    EXPECT_EQ(half.stored(60, 100, 0, 799), 120);
+    EXPECT_EQ(half.stored(50, 101, 0, 799), 101) << "101 is shown at 50 already";
+    EXPECT_EQ(half.stored(-7, 0, 0, 799), 0);
+    EXPECT_EQ(half.stored(500, 0, 0, 799), 799);
+    EXPECT_EQ(StageScale(0.01).stored(4000, 0, 0, 1000000), 32767);
+}
+
+TEST(Geometry, MarkerAndBandCorners)
+{
+    EXPECT_EQ(markerRect(QRect(100, 50, 200, 40)), QRect(295, 85, 7, 7));
+    const ResizeBand band = bandAround(QRect(100, 50, 200, 40));
+    EXPECT_EQ(band.right, 303);
+    EXPECT_EQ(band.bottom, 93);
+}
+
+TEST(Geometry, DraggingStopsAtTheEdges)
+{
+    PanelRec rec = recAt(0, 0, 100, 50);
+    const StageScale full(1);
+    const QRect panel(10, 10, 100, 50);
+    const auto zuk = dragLimits(5, rec, panel, 300, {800, 600}, 3, full);
+    EXPECT_EQ(limitedPlace({-5, -9}, zuk), QPoint(0, 0));
+    EXPECT_EQ(limitedPlace({790, 590}, zuk), QPoint(700, 550));
+    const auto old = dragLimits(1, rec, panel, 300, {800, 600}, 1, full);
+    EXPECT_EQ(limitedPlace({900, 590}, old), QPoint(800, 300)) << "left edge only; menu's height";
+    rec.LeftParam = -80;
+    rec.TopParam = 0;
+    const auto fixed = dragLimits(8, rec, panel, 300, {400, 300}, 3, StageScale(0.5));
+    EXPECT_EQ(limitedPlace({5, 5}, fixed), QPoint(40, 5)) << "a constant stays, scaled";
+    const auto wide = dragLimits(5, rec, QRect(0, 0, 900, 50), 0, {800, 600}, 3, full);
+    EXPECT_EQ(wide.picture.width() - wide.inside, -100) << "wider than the picture";
+}
+
+TEST(Geometry, PullingMovesOnlyFreeSides)
+{
+    PanelRec rec = recAt(0, 0, 100, 50);
+    const QRect panel(200, 100, 100, 50);
+    const auto pull = [&](int index, int generation, QPoint to) {
+        const ResizeLimits limits =
+            resizeLimits(index, rec, panel.topLeft(), {50, 60}, {800, 600}, generation);
+        const ResizeBand band = pulledBand(bandAround(panel), to, limits);
+        return QPoint(band.right, band.bottom);
+    };
+    EXPECT_EQ(pull(22, 3, {400, 300}), QPoint(303, 153)) << "no parameter, no size";
+    rec.WidthParam = 4;
+    EXPECT_EQ(pull(22, 3, {400, 300}), QPoint(400, 153));
+    rec.HeightParam = -24;
+    EXPECT_EQ(pull(22, 3, {0, 300}), QPoint(202, 153));
+    rec.HeightParam = 5;
+    EXPECT_EQ(pull(22, 3, {9999, 9999}), QPoint(799, 599));
+    EXPECT_EQ(pull(0, 2, {400, 0}), QPoint(303, 62)) << "old menus: height only, from the menu";
+    EXPECT_EQ(pull(1, 3, {0, 300}), QPoint(52, 300));
+}
+
+TEST(Geometry, MenuHeightSnapsToEntries)
+{
+    const double pitch = linePitch(14, 3);
+    EXPECT_EQ(pitch, 20);
+    const StageScale half(0.5);
+    EXPECT_EQ(menuEntries(84, pitch, half), 8); // 8.4
+    EXPECT_EQ(menuEntries(86, pitch, half), 9); // 8.6
+    EXPECT_EQ(menuEntries(0, pitch, half), 1);
+    EXPECT_EQ(menuHeight(9, pitch, half), 90);
+    EXPECT_EQ(menuHeight(3, pitch, StageScale(0.33)), 20); // 19.8
+    EXPECT_EQ(linePitch(14, -30), 1) << "a slit from a broken file";
+}
+
+TEST(Geometry, NextPanelWalksRoundEnabledRows)
+{
+    PanelArr panels(5);
+    for (const std::size_t off : {0U, 3U})
+        panels[off].Enabled = false;
+    EXPECT_EQ(nextPanel(panels, -1, false), 1);
+    EXPECT_EQ(nextPanel(panels, 2, false), 4);
+    EXPECT_EQ(nextPanel(panels, 4, false), 1);
+    EXPECT_EQ(nextPanel(panels, 1, true), 4);
+    for (PanelRec& rec : panels)
+        rec.Enabled = false;
+    EXPECT_EQ(nextPanel(panels, 2, false), -1);
+    EXPECT_EQ(nextPanel({}, -1, true), -1);
+}
+
+TEST(ScaleRules, WhatIsAccepted)
+{
+    EXPECT_TRUE(menuScaleAccepted({800, 600}, 1, 50));
+    EXPECT_FALSE(menuScaleAccepted({790, 590}, 1, 50));
+    EXPECT_TRUE(menuScaleAccepted({400, 300}, 0.5, 50)) << "relative to the picture now shown";
+    EXPECT_FALSE(menuScaleAccepted({800, 590}, 1, 50)) << "both sides count";
+    EXPECT_EQ(customScaleAnswer({1024, 768}, 1, 150), ScaleAnswer::Accepted);
+    EXPECT_EQ(customScaleAnswer({1024, 768}, 1, 0.5), ScaleAnswer::Ignored);
+    EXPECT_EQ(customScaleAnswer({1024, 768}, 1, 200.5), ScaleAnswer::Ignored);
+    EXPECT_EQ(customScaleAnswer({1024, 768}, 1, std::nan("")), ScaleAnswer::Ignored);
+    EXPECT_EQ(customScaleAnswer({800, 600}, 1, 24), ScaleAnswer::TooSmall);
+    EXPECT_EQ(customScaleAnswer({800, 600}, 1, 25), ScaleAnswer::Accepted);
+}
+
+TEST(ScaleRules, Texts)
+{
+    EXPECT_EQ(scaleStatus(800, 600, 1), u"800x600, Scale=100%"_s);
+    EXPECT_EQ(scaleStatus(1024, 768, 0.375), u"1024x768, Scale=38%"_s);
+    EXPECT_EQ(customScalePrompt({1920, 1080}, {800, 600}, 0.375, {300, 225}),
+              u"Screen size: 1920x1080\nReal background size: 800x600\nCurrent scale: 37.50%\n"
+              "Screen background size: 300x225\nEnter your scale (1-100%) "_s);
+    EXPECT_EQ(backgroundNumber(u"/w/back_07.jpg"_s), 7);
+    EXPECT_EQ(backgroundNumber(u"/w/back_30.jpg"_s), 30);
+    EXPECT_EQ(backgroundNumber(u"/w/back.jpg"_s), 0);
+    EXPECT_EQ(backgroundNumber({}), 0);
+}
+
+TEST(ScaleRules, FillTakesTheTighterSide)
+{
+    FillRoom room;
+    room.workArea = QRect(0, 0, 1920, 1080);
+    room.rightPanel = 320;
+    room.bottomPanel = 100;
+    room.toolbar = 40;
+    room.statusBar = 20;
+    room.chromeHeight = 50;
+    room.frameHeight = 8;
+    room.frameWidth = 8;
+    // Across (1920 - 320) / 800 = 200 %, down 862 / 600 = 143.67 %.
+    const FillResult fill = fillScale(room, 800, 600);
+    EXPECT_NEAR(fill.scale, 862.0 / 600, 1e-9);
+    EXPECT_EQ(fill.rightPanel, 1920 - 1149 - 4 - 8);
+    EXPECT_EQ(fillScale(room, 100, 100).scale, 2.0);
+    room.workArea = QRect(0, 0, 300, 100);
+    EXPECT_EQ(fillScale(room, 800, 600).scale, 0.01) << "no room at all";
+}
+
+TEST(Pulse, RunsFromOrangeToYellowAndBack)
+{
+    EXPECT_EQ(markerColour(0), qRgb(221, 141, 26));
+    EXPECT_EQ(markerColour(100), qRgb(247, 227, 7));
+    EXPECT_EQ(markerColour(50), qRgb(240, 206, 12)); // t = 0.75: 240.5, 205.5, 11.75
+    EXPECT_EQ(markerColour(150), markerColour(50));
+    EXPECT_EQ(markerColour(200), markerColour(0));
+    EXPECT_EQ(frameColour(99), qRgb(50, 50, 50));
+    EXPECT_EQ(frameColour(200), qRgb(200, 200, 200));
+    EXPECT_EQ(pulsePhase(-1), 0);
+    EXPECT_EQ(pulsePhase(qint64{pulseStepMs} * 201), 0);
+    EXPECT_EQ(pulsePhase(qint64{pulseStepMs} * 402 - 1), 200);
+}
+
+TEST(Colour, SlidersAndKeys)
+{
+    EXPECT_EQ(colourParts(qRgb(1, 2, 3)), (std::array<int, 3>{1, 2, 3}));
+    EXPECT_EQ(colourOfParts({300, -1, 7}), qRgb(255, 0, 7));
+    EXPECT_EQ(partText(10), u"0A"_s);
+    EXPECT_EQ(partAfterKey(255, Qt::Key_Down), 255);
+    EXPECT_EQ(partAfterKey(7, Qt::Key_Up), 6);
+    EXPECT_EQ(contrastColour(qRgb(255, 255, 255)), qRgb(0, 0, 0));
+    EXPECT_EQ(transparencyShown(300), 255);
+    PanelRec rec;
+    rec.TranspParam = -255;
+    rec.BackParam = 6;
+    EXPECT_TRUE(colourControlsFor(rec).fill);
+    EXPECT_FALSE(colourControlsFor(rec).transparency);
+}
