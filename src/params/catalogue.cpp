@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "params/catalogue.h"
 
+#include "container/template.h"
 #include "shell/text.h"
 
 namespace fennel {
@@ -48,11 +49,6 @@ void takeOver(const ZukCell& from, ZukCell& to)
 }
 
 } // namespace
-
-QString CatalogueLanguage(const QString& language)
-{
-    return language == u"0419" ? language : u"0409"_s;
-}
 
 int parseCatalogue(const QString& text, ZUKarr& table)
 {

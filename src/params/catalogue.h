@@ -11,10 +11,6 @@
 
 namespace fennel {
 
-// The language whose catalogue is used: "0409" (English) or "0419" (Russian) as they are, English
-// for every other text, the empty one included.
-QString CatalogueLanguage(const QString& language);
-
 // Fills Name, DefValue, IsHex and Comment of the cells that the text has a line for; a later line
 // for the same cell wins, cells without a line stay as they are. Nothing in the text is an error,
 // except a line whose section is not 0 to 15 or whose id is not 1 to 99: it is left out, and the

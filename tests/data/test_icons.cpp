@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <QColor>
+#include <QFile>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QSvgRenderer>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString folder = QStringLiteral(FENNEL_DATA_DIR "/icons/");
+
+QStringList drawn()
+{
+    QStringList names;
+    for (const int id : {1, 2, 3, 5, 6, 7, 8, 10, 11, 12, 13, 14, 15, 16, 18, 19, 21, 37, 38, 49})
+        names << QString::number(id);
+    for (const auto& kind :
+         {u"engine"_s, u"font"_s, u"picture"_s, u"text"_s, u"level"_s, u"sound"_s, u"unknown"_s})
+        names << u"member-"_s + kind;
+    return names;
+}
+
+QString textOf(const QString& name)
+{
+    QFile file(folder + name);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QImage render(const QString& name, int side)
+{
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    QSvgRenderer renderer(folder + name + u".svg"_s);
+    EXPECT_TRUE(renderer.isValid()) << name.toStdString();
+    renderer.render(&painter);
+    return image;
+}
+
+int coveredPixels(const QImage& image)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            count += qAlpha(image.pixel(x, y)) > 128 ? 1 : 0;
+    return count;
+}
+
+// Relative luminance and contrast ratio as the Web Content Accessibility Guidelines define them.
+double luminance(const QColor& colour)
+{
+    const auto linear = [](double value) {
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other)
+{
+    const auto [low, high] = std::minmax({luminance(one), luminance(other)});
+    return (high + 0.05) / (low + 0.05);
+}
+
+} // namespace
+
+TEST(Icons, EachIsInTheResourceFileAndDrawsAtBothSizes)
+{
+    const QString list = textOf(u"icons.qrc"_s);
+    EXPECT_TRUE(list.contains(u"prefix=\"/icons\""));
+    EXPECT_TRUE(list.contains(u"<file>fennel-gfx.svg</file>"));
+    for (const QString& name : drawn()) {
+        SCOPED_TRACE(name.toStdString());
+        EXPECT_TRUE(list.contains(u"<file>"_s + name + u".svg</file>"_s));
+        for (const int side : {16, 24}) {
+            const int covered = coveredPixels(render(name, side));
+            EXPECT_GT(covered, side * side / 12) << "too little to see at " << side;
+            EXPECT_LT(covered, side * side * 9 / 10) << "a block at " << side;
+        }
+    }
+}
+
+TEST(Icons, StatePicturesDifferFromTheirOthers)
+{
+    for (const auto& [one, other] :
+         {std::pair{u"7"_s, u"37"_s}, {u"8"_s, u"38"_s}, {u"19"_s, u"49"_s}})
+        EXPECT_NE(render(one, 16), render(other, 16)) << one.toStdString();
+}
+
+TEST(Icons, EveryColourStandsOutFromLightAndDarkThemes)
+{
+    static const QRegularExpression colour(u"#[0-9a-f]{6}"_s);
+    for (const QString& name : drawn()) {
+        auto matches = colour.globalMatch(textOf(name + u".svg"_s));
+        ASSERT_TRUE(matches.hasNext()) << name.toStdString();
+        while (matches.hasNext()) {
+            const QString code = matches.next().captured();
+            // 3 to 1 is what graphics that carry meaning need.
+            EXPECT_GE(contrast(QColor(code), Qt::white), 3) << code.toStdString();
+            EXPECT_GE(contrast(QColor(code), QColor(0x2b, 0x2b, 0x2b)), 3) << code.toStdString();
+        }
+    }
+}

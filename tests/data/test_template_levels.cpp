@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "data/template_parts.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QRect>
+
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Records = QMap<int, int>;
+
+Records records(const TemplateParts& parts, const QString& name)
+{
+    Records out;
+    const QByteArray bytes = parts.members[name];
+    EXPECT_EQ(bytes.size() % 4, 0);
+    for (qsizetype at = 0; at + 4 <= bytes.size(); at += 4) {
+        const auto byte = [&](qsizetype i) { return static_cast<uchar>(bytes[at + i]); };
+        EXPECT_GE(byte(3), 1) << name.toStdString();
+        EXPECT_LE(byte(3), 99) << name.toStdString();
+        EXPECT_TRUE(out.isEmpty() || byte(3) > out.lastKey()) << "numbers ascend";
+        out[byte(3)] = byte(0) | byte(1) << 8 | byte(2) << 16;
+    }
+    return out;
+}
+
+// What the lists of the objects show, file by file; "x" marks colours and key codes.
+const QMap<QString, QStringList> shown{
+    {u"ZUK0000.CFG"_s,
+     {u"39|40|41|42|43|46x|47|48x|54"_s, u"39|42|43|54|56x|57|58x"_s, u"30|32|33"_s,
+      u"01|02|03|06x|08x|09"_s, u"11|12|13|14|16x|18x"_s, u"22|23|24|26x|28x|29"_s,
+      u"19|20|66x|67|68x|69|79"_s, u"31|34|35|38x|75x|76x|77|99"_s}},
+    {u"ZUK0002.CFG"_s, {u"01|02|03|04|05|06x|07|08x|09|19"_s}},
+    {u"ZUK0003.CFG"_s,
+     {u"01|02|03|19|20x|21x|22x|23x|24x|25x|26x|27x|28x|29x|30x|31x|32x|33x|34x|35x|36x|37x|38x|99"_s}},
+    {u"ZUK0004.CFG"_s, {u"01|02|03|04|05|06x|07|18|19|20|21x|22x|23|24|37|38"_s}},
+    {u"ZUK0005.CFG"_s, {u"01|02|03|04|05|17|18|19|21x|22x|23|24|36|37|38"_s}},
+    {u"ZUK0006.CFG"_s, {u"01|02|03|08x|09|38"_s}},
+    {u"ZUK0007.CFG"_s, {u"01|02|03|04|05|06x|07|08x|09|11|22x"_s}},
+    {u"ZUK0008.CFG"_s, {u"01|02|03|04|05|11|12|13|18|19|99"_s}},
+    {u"ZUK0015.CFG"_s, {u"01|02|03|06x|07|08x|09|17x"_s}},
+};
+
+} // namespace
+
+TEST(TemplateLevels, KnownBytesStandAsTheyMust)
+{
+    const TemplateParts parts = templateParts();
+    const QByteArray base = parts.members[u"ZUK0000.CFG"_s];
+    EXPECT_EQ(base.left(16).toHex(' ').toUpper(),
+              "01 00 00 01 3B 01 00 02 5A 00 00 03 42 30 18 06");
+    EXPECT_EQ(base.right(4).toHex(), "01000063");
+    EXPECT_EQ(parts.members[u"ZUK0001.CFG"_s], QByteArray(80, '\0'));
+    EXPECT_EQ(parts.members[u"ZUK0006.CFG"_s].size(), 24);
+    EXPECT_EQ(records(parts, u"ZUK0006.CFG"_s),
+              (Records{{1, 1}, {2, 110}, {3, 205}, {8, 0xFB5944}, {9, 3}, {38, 0}}));
+}
+
+TEST(TemplateLevels, EveryParameterThatAListShowsHasARecordAndNoOtherHas)
+{
+    const TemplateParts parts = templateParts();
+    for (auto file = shown.begin(); file != shown.end(); ++file) {
+        QMap<int, bool> expected;
+        for (const QString& id : file.value().join(u'|').split(u'|'))
+            expected[QString(id).remove(u'x').toInt()] = true;
+        EXPECT_EQ(records(parts, file.key()).keys(), expected.keys()) << file.key().toStdString();
+    }
+}
+
+TEST(TemplateLevels, ObjectsLieOnTheBackground)
+{
+    const TemplateParts parts = templateParts();
+    const QRect screen(0, 0, 800, 600);
+    const Records base = records(parts, u"ZUK0000.CFG"_s);
+    const QSize logo = QImage::fromData(parts.members[u"Logo_msk.jpg"_s]).size();
+    // Time, date and menu have heights that no parameter sets.
+    EXPECT_TRUE(screen.contains(QRect(base[2], base[3], 72, 22)));
+    EXPECT_TRUE(screen.contains(QRect(base[12], base[13], 72, 22)));
+    EXPECT_TRUE(screen.contains(QRect(base[22], base[23], base[24], 24)));
+    EXPECT_TRUE(screen.contains(QRect(base[42], base[43], base[54], 140)));
+    EXPECT_TRUE(screen.contains(QRect(QPoint(base[32], base[33]), logo)));
+    for (const auto& name : {u"ZUK0002.CFG"_s, u"ZUK0004.CFG"_s, u"ZUK0005.CFG"_s, u"ZUK0007.CFG"_s,
+                             u"ZUK0008.CFG"_s}) {
+        const Records object = records(parts, name);
+        EXPECT_TRUE(screen.contains(QRect(object[2], object[3], object[4], object[5])))
+            << name.toStdString();
+    }
+    const Records info = records(parts, u"ZUK0015.CFG"_s);
+    EXPECT_TRUE(screen.contains(QRect(info[2], info[3], 575, 375)));
+    const Records glass = records(parts, u"ZUK0003.CFG"_s);
+    EXPECT_TRUE(screen.contains(QRect(glass[2], glass[3], 100, 30)));
+}
+
+TEST(TemplateLevels, EffectsNameTheirPicturesAndCutThemEvenly)
+{
+    const TemplateParts parts = templateParts();
+    const Records bee = records(parts, u"ZUK0008.CFG"_s);
+    EXPECT_EQ(bee[99], 3) << "ani_03.jpg";
+    EXPECT_EQ(records(parts, u"ZUK0003.CFG"_s)[99], 2) << "glass_02.jpg";
+    const QSize strip = QImage::fromData(parts.members[u"ani_03.jpg"_s]).size();
+    EXPECT_EQ(strip.width() % bee[18], 0);
+    EXPECT_EQ(strip.height(), bee[19]);
+}

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "data/template_parts.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray dataFile(const QString& name)
+{
+    return fileBytes(QStringLiteral(FENNEL_BIN_DIR "/data/") + name);
+}
+
+// The segments of a JPEG up to the scan: marker and contents.
+QMap<int, QByteArray> segments(const QByteArray& jpeg)
+{
+    QMap<int, QByteArray> out;
+    qsizetype at = 2;
+    while (at + 4 <= jpeg.size() && static_cast<uchar>(jpeg[at]) == 0xff) {
+        const int marker = static_cast<uchar>(jpeg[at + 1]);
+        const int length = static_cast<uchar>(jpeg[at + 2]) << 8 | static_cast<uchar>(jpeg[at + 3]);
+        out[marker] = jpeg.mid(at + 4, length - 2);
+        if (marker == 0xda)
+            break;
+        at += 2 + length;
+    }
+    return out;
+}
+
+QSize pictureSize(const TemplateParts& parts, const QString& name)
+{
+    return QImage::fromData(parts.members[name], "jpeg").size();
+}
+
+} // namespace
+
+TEST(TemplateMessage, HoldsItsMembersInOrderInsideGzip)
+{
+    const TemplateParts parts = templateParts();
+    const QStringList expected{
+        u"init"_s,        u"16x16.fnt"_s,    u"ZUK0001.CFG"_s,  u"ZUK0000.CFG"_s,
+        u"ZUK0002.CFG"_s, u"ZUK0003.CFG"_s,  u"ZUK0004.CFG"_s,  u"ZUK0005.CFG"_s,
+        u"ZUK0006.CFG"_s, u"ZUK0007.CFG"_s,  u"ZUK0008.CFG"_s,  u"ZUK0015.CFG"_s,
+        u"back.jpg"_s,    u"Logo_msk.jpg"_s, u"ZUK_Read.txt"_s, u"RLineDef.txt"_s,
+        u"Logo_00.jpg"_s, u"glass_02.jpg"_s, u"ani_03.jpg"_s,   u"ani_03_msk.jpg"_s};
+    EXPECT_EQ(parts.order, expected);
+    // Magic, deflate, flag FNAME; the name stands behind ten bytes of header.
+    EXPECT_TRUE(parts.gzip.startsWith("\x1f\x8b\x08\x08"));
+    EXPECT_EQ(parts.gzip.mid(10, 9), QByteArray("#message\0", 9));
+    EXPECT_EQ(parts.archive.size() % 512, 0);
+    EXPECT_EQ(parts.archive.left(4).toHex(), "c771ed1e") << "device 7917";
+}
+
+TEST(TemplateMessage, UpgradeFilesAreTheMembersWithZeroBytesBehind)
+{
+    const TemplateParts parts = templateParts();
+    EXPECT_EQ(dataFile(u"INIT"_s), parts.members[u"init"_s] + QByteArray(3, '\0'));
+    EXPECT_EQ(dataFile(u"16X16.FNT"_s), parts.members[u"16x16.fnt"_s] + QByteArray(2, '\0'));
+    EXPECT_TRUE(dataFile(u"LICENSES"_s).contains("GNU General Public License, version 2"));
+}
+
+TEST(TemplateMessage, TheFontEndsWithItsTagAndHoldsNoOther)
+{
+    const QByteArray font = templateParts().members[u"16x16.fnt"_s];
+    const QByteArray tag =
+        "TAG@ZUK-MOSA@:>Created by the Fennel-GFX(GUI) using the MKBLFONT utility"
+        "\tthis is the DEFAULT font|Tahoma\t|size\t14 px|space\t4 px"
+        "|letter space\t0 px|line space\t0 px";
+    EXPECT_EQ(font.left(4).toHex(), "068e82d2");
+    EXPECT_TRUE(font.endsWith(tag));
+    // A reader takes the first one that it meets, among the glyphs too.
+    EXPECT_EQ(font.indexOf("TAG"), font.size() - tag.size());
+}
+
+TEST(TemplateMessage, EveryPictureIsAJpegThatBoots)
+{
+    const TemplateParts parts = templateParts();
+    for (const QString& name : parts.order.filter(u".jpg"_s)) {
+        SCOPED_TRACE(name.toStdString());
+        const auto found = segments(parts.members[name]);
+        ASSERT_TRUE(found.contains(0xc0)) << "baseline";
+        const QByteArray frame = found[0xc0];
+        ASSERT_EQ(frame.size(), 6 + 3 * 3) << "three components";
+        EXPECT_EQ(frame[0], 8) << "bits per sample";
+        EXPECT_EQ(frame[7], 0x22) << "the first plane in full";
+        EXPECT_EQ(frame[10], 0x11) << "the others halved both ways";
+        EXPECT_EQ(frame[13], 0x11);
+        EXPECT_FALSE(found.contains(0xdd)) << "restart markers";
+        EXPECT_FALSE(found.contains(0xe1)) << "EXIF";
+        EXPECT_EQ(found[0xda].size(), 4 + 2 * 3) << "one scan for all planes";
+    }
+}
+
+TEST(TemplateMessage, PicturesAndTheirMasksHaveTheSizesOfTheirObjects)
+{
+    const TemplateParts parts = templateParts();
+    EXPECT_EQ(pictureSize(parts, u"back.jpg"_s), QSize(800, 600));
+    EXPECT_EQ(pictureSize(parts, u"Logo_00.jpg"_s), pictureSize(parts, u"Logo_msk.jpg"_s));
+    EXPECT_EQ(pictureSize(parts, u"ani_03.jpg"_s), pictureSize(parts, u"ani_03_msk.jpg"_s));
+    EXPECT_EQ(pictureSize(parts, u"glass_02.jpg"_s), QSize(100, 30));
+}
+
+TEST(TemplateMessage, TextsAreLinesOfAsciiThatEndInCrLf)
+{
+    const TemplateParts parts = templateParts();
+    for (const QString& name : {u"ZUK_Read.txt"_s, u"RLineDef.txt"_s}) {
+        SCOPED_TRACE(name.toStdString());
+        const QByteArray text = parts.members[name];
+        EXPECT_TRUE(text.endsWith("\r\n"));
+        EXPECT_EQ(text.count('\n'), text.count("\r\n"));
+        EXPECT_EQ(text.count('\r'), text.count('\n'));
+        // The font of the boot screen has no more than this for everybody.
+        EXPECT_TRUE(std::ranges::all_of(
+            text, [](char c) { return c == '\r' || c == '\n' || (c >= ' ' && c <= '~'); }));
+    }
+}
