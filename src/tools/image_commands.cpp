@@ -22,7 +22,7 @@ QString askForPicture(const Shell& shell, const QString& filter)
     question.title = u"File open...."_s;
     question.filter = filter;
     question.picture = true;
-    const QString file = shell.prompts.openFile(question);
+    QString file = shell.prompts.openFile(question);
     if (file.isEmpty())
         shell.prompts.ShowMessage(canceledMessage);
     return file;
