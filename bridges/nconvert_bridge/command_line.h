@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// The command lines that the picture bridge understands:
+//
+//   nconvert_bridge OPTIONS -o FILE SOURCE ,0
+//   nconvert_bridge OPTIONS -clipboard -o FILE ,0
+//
+// The options may stand in any order; the suffix may be missing.
+#pragma once
+
+#include "shell/result.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace fennel::nconvert {
+
+enum class OutputFormat { Jpeg, Xpm, Gif, Ico };
+
+// -truecolors, -rexifthumb and -rmeta are taken and need no mention here: a JPEG of this bridge
+// always has true colours and never any thumbnail or metadata.
+struct Job {
+    OutputFormat format = OutputFormat::Jpeg; // -out
+    std::string output;                       // -o
+    std::string source;                       // empty only with -clipboard
+    bool overwrite = false; // without it a file that stands at `output` is kept and the run fails
+    bool clipboard = false; // the picture is the file clipboardName beside the output
+    int blur = 0;           // percent, 0 none
+    int colours = 0;        // at most so many, 0 as many as the format holds
+    int dpi = 72;
+    int quality = 85; // JPEG, 1 to 100
+    bool resize = false;
+    int width = 0; // pixels; 0 for one of the two keeps the picture's proportions
+    int height = 0;
+};
+
+// Where the editor leaves the picture that it took from the clipboard: only the program that owns a
+// window can ask the window system for it.
+inline constexpr char clipboardName[] = "~clipboard.png";
+
+Result<Job> parseCommandLine(const std::vector<std::string>& arguments);
+
+// The file to read: the source, or the clipboard's.
+std::string sourceOf(const Job& job);
+
+} // namespace fennel::nconvert

@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: MIT
+#include "picture_reader.h"
+
+#include "magick_work.h"
+#include "picture_kind.h"
+#include "tools/picture_limits.h"
+#include "wholeness.h"
+
+#include <QBuffer>
+#include <QColorSpace>
+#include <QImageReader>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace fennel::nconvert {
+
+namespace {
+
+// While one lives, Qt's decoders are listened to: some of them return what they have of a cut off
+// file and only warn.
+class DamageWatch {
+public:
+    DamageWatch() : m_before(qInstallMessageHandler(&DamageWatch::hear)) { heard.clear(); }
+    ~DamageWatch() { qInstallMessageHandler(m_before); }
+    Q_DISABLE_COPY_MOVE(DamageWatch)
+    // The warning that tells of missing data; empty if there was none.
+    [[nodiscard]] static QString damage() { return heard; }
+
+private:
+    static void hear(QtMsgType, const QMessageLogContext&, const QString& text)
+    {
+        if (text.contains(QLatin1String("premature end"), Qt::CaseInsensitive) ||
+            text.contains(QLatin1String("pixels missing")))
+            heard = text;
+    }
+    QtMessageHandler m_before;
+    static inline QString heard;
+};
+
+const char* qtFormat(PictureKind kind)
+{
+    switch (kind) {
+    case PictureKind::Jpeg:
+        return "jpeg";
+    case PictureKind::Png:
+        return "png";
+    case PictureKind::Bmp:
+        return "bmp";
+    case PictureKind::Gif:
+        return "gif";
+    case PictureKind::Ico:
+        return "ico";
+    case PictureKind::Xpm:
+        return "xpm";
+    default:
+        return nullptr;
+    }
+}
+
+const char* magickFormat(PictureKind kind)
+{
+    switch (kind) {
+    case PictureKind::Tiff:
+        return "TIFF";
+    case PictureKind::Webp:
+        return "WEBP";
+    case PictureKind::Pcx:
+        return "PCX";
+    case PictureKind::Tga:
+        return "TGA";
+    default:
+        return nullptr;
+    }
+}
+
+std::string_view viewOf(const QByteArray& bytes)
+{
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+Failure damagedPicture(const QString& reason)
+{
+    return {FailureKind::Malformed,
+            "The picture is damaged or cut off" +
+                (reason.isEmpty() ? std::string() : " (" + reason.toStdString() + ")") + "."};
+}
+
+bool isWhole(std::string_view bytes, PictureKind kind, QSize size)
+{
+    if (kind == PictureKind::Bmp)
+        return bmpIsWhole(bytes, size.width(), size.height());
+    return kind != PictureKind::Gif || gifIsWhole(bytes);
+}
+
+void chooseLargestFrame(QImageReader& reader)
+{
+    int best = 0;
+    qint64 bestArea = 0;
+    for (int i = 0; i < reader.imageCount() && reader.jumpToImage(i); ++i) {
+        const QSize size = reader.size();
+        const qint64 area = qint64{size.width()} * size.height();
+        if (area > bestArea) {
+            bestArea = area;
+            best = i;
+        }
+    }
+    reader.jumpToImage(best);
+}
+
+// The reader of GIFs tells the size of the first frame, but makes a picture of the whole screen.
+QSize storedSize(const QImageReader& reader, const QByteArray& bytes, PictureKind kind)
+{
+    return kind == PictureKind::Gif ? gifScreenSize(viewOf(bytes)) : reader.size();
+}
+
+Result<QImage> readWithQt(const QByteArray& bytes, PictureKind kind, const Job& job)
+{
+    constexpr int bytesPerPixel = 8; // 16 bits a channel
+    QImageReader::setAllocationLimit(static_cast<int>(maxPicturePixels * bytesPerPixel >> 20) + 1);
+    QBuffer device;
+    device.setData(bytes);
+    device.open(QIODevice::ReadOnly);
+    QImageReader reader(&device, qtFormat(kind));
+    reader.setAutoDetectImageFormat(false);
+    reader.setAutoTransform(true);
+    if (kind == PictureKind::Ico)
+        chooseLargestFrame(reader);
+    const QSize stored = storedSize(reader, bytes, kind);
+    if (!stored.isValid())
+        return damagedPicture(reader.errorString());
+    if (Result<void> fits = checkPictureSize("The picture", stored.width(), stored.height()); !fits)
+        return fits.failure();
+    if (!isWhole(viewOf(bytes), kind, stored))
+        return damagedPicture({});
+    if (kind == PictureKind::Jpeg) {
+        const bool turned =
+            reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+        const Result<QSize> size = wantedSize(job, turned ? stored.transposed() : stored);
+        if (!size)
+            return size.failure();
+        // The decoder works before the turn.
+        reader.setScaledSize(turned ? size->transposed() : *size);
+    }
+    const DamageWatch watch;
+    QImage picture = reader.read();
+    if (!DamageWatch::damage().isEmpty())
+        return damagedPicture(DamageWatch::damage());
+    if (picture.isNull())
+        return damagedPicture(reader.errorString());
+    return picture;
+}
+
+// Photographs carry the colour space of their camera. Only those of JPEGs are taken: what other
+// formats say is usually an awkward way to say sRGB, and shadows would suffer.
+void convertToSrgb(QImage& picture)
+{
+    const QColorSpace space = picture.colorSpace();
+    if (space.isValid() && space != QColorSpace(QColorSpace::SRgb))
+        picture.convertToColorSpace(QColorSpace::SRgb);
+}
+
+// Premultiplied colours are the colours on black.
+QImage onBlack(QImage picture)
+{
+    if (!picture.hasAlphaChannel())
+        return picture.convertToFormat(QImage::Format_RGB32);
+    picture.convertTo(QImage::Format_ARGB32_Premultiplied);
+    picture.reinterpretAsFormat(QImage::Format_RGB32);
+    return picture.convertToFormat(QImage::Format_RGB888);
+}
+
+} // namespace
+
+Result<QSize> wantedSize(const Job& job, QSize upright)
+{
+    if (!job.resize)
+        return upright;
+    const auto follow = [](int given, int of, int other) {
+        const double value = std::round(static_cast<double>(given) * other / of);
+        return static_cast<int>(std::clamp(value, 1.0, maxPictureSide + 1.0));
+    };
+    QSize size(job.width, job.height);
+    if (size.height() == 0)
+        size.setHeight(follow(size.width(), upright.width(), upright.height()));
+    if (size.width() == 0)
+        size.setWidth(follow(size.height(), upright.height(), upright.width()));
+    if (Result<void> fits = checkPictureSize("The resized picture", size.width(), size.height());
+        !fits)
+        return fits.failure();
+    return size;
+}
+
+Result<QImage> readPicture(const QByteArray& bytes, const Job& job)
+{
+    const PictureKind kind = pictureKind(viewOf(bytes), sourceOf(job));
+    if (kind == PictureKind::Unknown)
+        return Failure{FailureKind::Unsupported, "This is no picture of a known format."};
+    Result<QImage> read = magickFormat(kind) != nullptr
+                              ? decodeWithMagick(bytes, magickFormat(kind))
+                              : readWithQt(bytes, kind, job);
+    if (!read)
+        return read;
+    QImage picture = onBlack(std::move(*read));
+    if (kind == PictureKind::Jpeg)
+        convertToSrgb(picture);
+    const Result<QSize> size = wantedSize(job, picture.size());
+    if (!size)
+        return size.failure();
+    if (picture.size() != *size)
+        picture = picture.scaled(*size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    if (picture.isNull())
+        return Failure{FailureKind::TooLarge, "There is not enough memory for the picture."};
+    return picture;
+}
+
+} // namespace fennel::nconvert

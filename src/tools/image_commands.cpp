@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "tools/image_commands.h"
+
+#include "shell/text.h"
+
+#include <algorithm>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString canceledMessage = u"Canceled by user"_s;
+
+// On Windows the name has a blank at its end, which the file system there drops.
+const QString resizedName = u"tmp.jpg"_s;
+
+QString askForPicture(const Shell& shell, const QString& filter)
+{
+    FileQuestion question;
+    question.title = u"File open...."_s;
+    question.filter = filter;
+    question.picture = true;
+    QString file = shell.prompts.openFile(question);
+    if (file.isEmpty())
+        shell.prompts.ShowMessage(canceledMessage);
+    return file;
+}
+
+// A length in pixels, a signed 16-bit number. No answer counts as `none`.
+int askForLength(const Shell& shell, const QString& text, const QString& proposed, int none)
+{
+    constexpr double least = -32768;
+    constexpr double most = 32767;
+    const std::optional<QString> answer = shell.prompts.input(text, {}, proposed);
+    return answer ? roundToEven(std::clamp(leadingNumber(*answer), least, most)) : none;
+}
+
+const QString resizedMessage = u"The resulting image is placed in the Clipboard\n"
+                               "You can:\n"
+                               "1. Save the clipboard as jpg-file\n"
+                               "   Tools/NConvert/Save Clipboard as jpg...\n"
+                               "2. Or set it as background \n"
+                               "   Edit/Set Clipboard as background"_s;
+
+} // namespace
+
+void mnuT_NConvert_Clipboard(const Shell& shell, const PictureClipboard& clipboard)
+{
+    FileQuestion question;
+    question.title = u"Save Clipboard image as..."_s;
+    question.filter = u"jpg-files (*.jpg)|*.jpg|"_s;
+    question.proposedName = clipboardJpgName;
+    QString chosen = shell.prompts.saveFile(question);
+    if (chosen.isEmpty())
+        return;
+    if (!chosen.endsWith(u".jpg"_s, Qt::CaseInsensitive))
+        chosen += u".jpg"_s;
+    if (!shell.toolThere(shell.run.ToolNConvert))
+        return;
+    const QString output = shell.run.WorkspaceRoot + clipboardJpgName;
+    // Other than PictureFromClipboard() on purpose: a little smaller.
+    const ToolOutcome outcome =
+        runClipboardTool(shell,
+                         {u"-out"_s, u"jpeg"_s, u"-overwrite"_s, u"-clipboard"_s, u"-q"_s, u"80"_s,
+                          u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-o"_s, output},
+                         clipboard);
+    if (!outcome.made)
+        showToolMessage(shell, emptyClipboardMessage, outcome.reason);
+    else if (shell.told(shell.files.replaceWhole(output, chosen)))
+        shell.told(shell.files.remove(output));
+}
+
+void mnuT_NConvert_Convert(const Shell& shell)
+{
+    const QString file = askForPicture(
+        shell, u"NonJPG Files |*.bmp;*.png;*.pcx;*.gif;*.tif;*.tga;*.cur;*.jpeg;*.ico|"_s);
+    if (!file.isEmpty())
+        CreateJpg(shell, file);
+}
+
+void mnuT_NConvert_Crop(const Shell& shell)
+{
+    const QString file = askForPicture(shell, u"jpg-files (*.jpg)|*.jpg|"_s);
+    if (!file.isEmpty())
+        shell.prompts.ShowMessage(file + u"\nЗапланировано...\nPlanned..."_s);
+}
+
+void mnuT_NConvert_Resize(const Shell& shell, PictureClipboard& clipboard)
+{
+    const QString file = askForPicture(shell, u"jpg-files (*.jpg)|*.jpg|"_s);
+    if (file.isEmpty())
+        return;
+    const int width = askForLength(shell, u"Enter new width (0=Cancel)"_s, u"800"_s, 0);
+    const int height =
+        width < 1 ? -1 : askForLength(shell, u"Enter new height (0=Cancel)"_s, u"600"_s, -1);
+    // A height of 0 goes on: it follows from the width.
+    if (width < 1 || height < 0) {
+        shell.prompts.ShowMessage(canceledMessage);
+        return;
+    }
+    const QString output = shell.run.WorkspaceRoot + resizedName;
+    if (!ResizeJpg(shell, width, height, file, output))
+        return;
+    const QImage picture(output);
+    if (picture.isNull()) {
+        shell.prompts.ShowMessage(namePart(output) + u" cannot be loaded."_s);
+        return;
+    }
+    clipboard.setPicture(picture);
+    shell.prompts.ShowMessage(resizedMessage);
+    shell.told(shell.files.rename(output, shell.run.WorkspaceRoot + clipboardJpgName));
+}
+
+} // namespace fennel

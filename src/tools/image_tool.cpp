@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: MIT
+#include "tools/image_tool.h"
+
+#include "tools/picture_limits.h"
+
+#include <QBuffer>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString toolErrorMessage = u"Perhaps nconvert error..."_s;
+
+// The name with another ending; a name without one gets it.
+QString withEnding(const QString& path, const QString& ending)
+{
+    const qsizetype dot = path.lastIndexOf(u'.');
+    const bool inName = dot > path.lastIndexOf(u'/');
+    return (inName ? path.left(dot) : path) + ending;
+}
+
+bool isSameFile(const QString& one, const QString& other)
+{
+    return FileExists(one) && shortForm(one) == shortForm(other);
+}
+
+// Uncompressed, since it is read once and then removed.
+Result<void> handOver(const Shell& shell, const QImage& picture)
+{
+    constexpr int noCompression = 100;
+    if (Result<void> fits = checkPictureSize("The picture", picture.width(), picture.height());
+        !fits)
+        return fits;
+    QByteArray bytes;
+    QBuffer device(&bytes);
+    device.open(QIODevice::WriteOnly);
+    if (!picture.save(&device, "png", noCompression))
+        return Failure{FailureKind::Io, "The picture of the clipboard cannot be stored."};
+    return shell.files.write(shell.run.WorkspaceRoot + clipboardHandoverName, bytes);
+}
+
+} // namespace
+
+ToolOutcome runPictureTool(const Shell& shell, const QStringList& arguments, const QString& output)
+{
+    if (Result<void> removed = shell.files.remove(output); !removed)
+        return {false, QString::fromStdString(removed.failure().text)};
+    const Result<void> run = shell.tools.RunToolAndWait(QStringList{shell.run.ToolNConvert} +
+                                                        arguments + QStringList{u",0"_s});
+    const QString reason =
+        run ? shell.tools.lastErrorOutput() : QString::fromStdString(run.failure().text);
+    return {FileExists(output), reason};
+}
+
+ToolOutcome runClipboardTool(const Shell& shell, const QStringList& arguments,
+                             const PictureClipboard& clipboard)
+{
+    const QString output = shell.run.WorkspaceRoot + clipboardJpgName;
+    const QImage picture = clipboard.picture();
+    if (picture.isNull()) {
+        const Result<void> removed = shell.files.remove(output);
+        return {false, removed ? QString() : QString::fromStdString(removed.failure().text)};
+    }
+    ToolOutcome outcome;
+    if (const Result<void> handed = handOver(shell, picture)) {
+        outcome = runPictureTool(shell, arguments, output);
+    } else {
+        (void)shell.files.remove(output);
+        outcome.reason = QString::fromStdString(handed.failure().text);
+    }
+    (void)shell.files.remove(shell.run.WorkspaceRoot + clipboardHandoverName);
+    return outcome;
+}
+
+void showToolMessage(const Shell& shell, const QString& text, const QString& reason)
+{
+    shell.prompts.ShowMessage(reason.isEmpty() ? text : text + u'\n' + reason);
+}
+
+bool BackToXpm(const Shell& shell)
+{
+    if (!FileExists(shell.run.BackFile))
+        return false;
+    shell.WriteLog(u"      ncovert.back_2_XPM"_s);
+    if (!shell.toolThere(shell.run.ToolNConvert))
+        return false;
+    const QString output = shell.run.WorkspaceRoot + splashXpmName;
+    const ToolOutcome outcome = runPictureTool(
+        shell,
+        {u"-overwrite"_s, u"-blur"_s, u"25"_s, u"-colors"_s, u"14"_s, u"-out"_s, u"xpm"_s,
+         u"-resize"_s, u"640"_s, u"480"_s, u"-dpi"_s, u"72"_s, u"-o"_s, output, shell.run.BackFile},
+        output);
+    if (!outcome.made)
+        showToolMessage(shell, toolErrorMessage, outcome.reason);
+    return outcome.made;
+}
+
+bool XpmToGif(const Shell& shell)
+{
+    shell.WriteLog(u"      ncovert.XPM_2_JPG"_s);
+    if (!shell.toolThere(shell.run.ToolNConvert))
+        return false;
+    const QString output = shell.run.WorkspaceRoot + splashGifName;
+    const ToolOutcome outcome = runPictureTool(shell,
+                                               {u"-overwrite"_s, u"-out"_s, u"gif"_s, u"-o"_s,
+                                                output, shell.run.WorkspaceRoot + splashXpmName},
+                                               output);
+    if (!outcome.made)
+        showToolMessage(shell, toolErrorMessage, outcome.reason);
+    return outcome.made;
+}
+
+bool CreateIco(const Shell& shell, const QString& folder, const QString& name)
+{
+    shell.WriteLog(u"      ncovert.create_ico: "_s + name);
+    if (!shell.toolThere(shell.run.ToolNConvert))
+        return false;
+    QString icon = name;
+    icon.replace(u".jpg"_s, u".ico"_s, Qt::CaseInsensitive);
+    const QString output = shell.run.WorkspaceRoot + icon;
+    const QString source = shortForm(withSeparator(folder) + name);
+    if (isSameFile(source, output))
+        return false;
+    return runPictureTool(shell,
+                          {u"-overwrite"_s, u"-out"_s, u"ico"_s, u"-colors"_s, u"256"_s,
+                           u"-resize"_s, u"32"_s, u"32"_s, u"-o"_s, output, source},
+                          output)
+        .made;
+}
+
+bool CreateJpg(const Shell& shell, const QString& file)
+{
+    shell.WriteLog(u"      ncovert.create_jpg: "_s + file);
+    const QString target = withEnding(file, u".jpg"_s);
+    if (FileExists(target)) {
+        shell.prompts.ShowMessage(u"Jpg file already exist!\n"_s + target);
+        return false;
+    }
+    if (!shell.toolThere(shell.run.ToolNConvert))
+        return false;
+    const QString output = shell.run.WorkspaceRoot + convertedJpgName;
+    const ToolOutcome outcome =
+        runPictureTool(shell,
+                       {u"-out"_s, u"jpeg"_s, u"-truecolors"_s, u"-q"_s, u"85"_s, u"-dpi"_s,
+                        u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s, u"-o"_s, output, shortForm(file)},
+                       output);
+    if (!outcome.made) {
+        showToolMessage(shell, toolErrorMessage, outcome.reason);
+        return false;
+    }
+    return shell.told(shell.files.rename(output, target)) && FileExists(target);
+}
+
+bool PictureFromClipboard(const Shell& shell, const PictureClipboard& clipboard)
+{
+    shell.WriteLog(u"      ncovert.Pict_from_Clipboard"_s);
+    if (!shell.toolThere(shell.run.ToolNConvert))
+        return false;
+    const ToolOutcome outcome =
+        runClipboardTool(shell,
+                         {u"-out"_s, u"jpeg"_s, u"-overwrite"_s, u"-clipboard"_s, u"-q"_s, u"85"_s,
+                          u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s, u"-o"_s,
+                          shell.run.WorkspaceRoot + clipboardJpgName},
+                         clipboard);
+    if (!outcome.made)
+        showToolMessage(shell, emptyClipboardMessage, outcome.reason);
+    return outcome.made;
+}
+
+bool ResizeJpg(const Shell& shell, int width, int height, const QString& source,
+               const QString& target)
+{
+    shell.WriteLog(u"      ncovert.resize: "_s + source);
+    if (!shell.toolThere(shell.run.ToolNConvert))
+        return false;
+    ToolOutcome outcome;
+    if (isSameFile(source, target))
+        outcome.reason = u"A picture cannot be resized into its own file: "_s + source;
+    else
+        outcome = runPictureTool(shell,
+                                 {u"-out"_s, u"jpeg"_s, u"-overwrite"_s, u"-resize"_s,
+                                  QString::number(width), QString::number(height), u"-q"_s, u"85"_s,
+                                  u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s, u"-o"_s,
+                                  target, source},
+                                 target);
+    if (!outcome.made)
+        showToolMessage(shell,
+                        toolErrorMessage +
+                            u"\nNconvert is sensitive to certain characters in the path."
+                            u"\nFor example \"#\", \"&\", \"$\""_s,
+                        outcome.reason);
+    return outcome.made;
+}
+
+void FileEditPlanned(const Shell& shell, const QString& name, const QString& folder)
+{
+    Q_UNUSED(folder)
+    shell.prompts.ShowMessage(u"Вы хотите изменить Size файла: "_s + name);
+    shell.prompts.ShowMessage(
+        u"Запланированы действия...Crop/Resize/Waterproof/Brightness\nPlanned...\n"_s);
+}
+
+} // namespace fennel

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// The command lines of the picture tool (ToolNConvert), one routine for each way in which it is
+// used. The editor itself decodes and scales no picture here: a file that breaks a decoder ends the
+// tool and not the editor.
+//
+// A routine removes an old output before the run and judges the run by the file that is there
+// afterwards. What the tool said on standard error is put below the message.
+#pragma once
+
+#include "shell/shell_context.h"
+
+#include <QImage>
+#include <QString>
+#include <QStringList>
+
+namespace fennel {
+
+// The clipboard of the window system, or a test's own.
+class PictureClipboard {
+public:
+    virtual ~PictureClipboard() = default;
+    [[nodiscard]] virtual QImage picture() const = 0; // null if it holds none
+    virtual void setPicture(const QImage& picture) = 0;
+};
+
+// Work files, all directly in WorkspaceRoot.
+inline const QString splashXpmName = QStringLiteral("~splash.xpm");
+inline const QString splashGifName = QStringLiteral("~splash.gif");
+inline const QString convertedJpgName = QStringLiteral("~jpg.jpg");
+inline const QString clipboardJpgName = QStringLiteral("Clipboard.jpg");
+// How a picture of the clipboard reaches the tool, which has no window to ask for it: the option
+// -clipboard reads this file in the folder of its output. It is removed after the run.
+inline const QString clipboardHandoverName = QStringLiteral("~clipboard.png");
+
+// The shown background as a splash image: XPM, 640x480, at most 14 colours. Without a background
+// nothing happens, no log line either.
+bool BackToXpm(const Shell& shell);
+// The splash image as a GIF for viewing.
+bool XpmToGif(const Shell& shell);
+// An icon of 32x32 pixels of the picture `name` in `folder`; in WorkspaceRoot, under the same name
+// with the ending ".ico".
+bool CreateIco(const Shell& shell, const QString& folder, const QString& name);
+// A JPEG beside the picture `file`, under its name with the ending "jpg"; an existing one is kept
+// and the user told. The source stays.
+bool CreateJpg(const Shell& shell, const QString& file);
+// The clipboard's picture as Clipboard.jpg.
+bool PictureFromClipboard(const Shell& shell, const PictureClipboard& clipboard);
+// The picture `source` as a JPEG of width x height pixels; a height of 0 keeps the proportions.
+// Source and target must be two files. True if the target is there.
+bool ResizeJpg(const Shell& shell, int width, int height, const QString& source,
+               const QString& target);
+// A command that is planned and only says so. An empty folder means the Workspace.
+void FileEditPlanned(const Shell& shell, const QString& name, const QString& folder);
+
+struct ToolOutcome {
+    bool made = false; // the output is there and new
+    QString reason;    // what the tool or the system said, may be empty
+};
+
+// Removes an old `output` and runs the tool with `arguments` and the suffix ",0" behind them.
+ToolOutcome runPictureTool(const Shell& shell, const QStringList& arguments, const QString& output);
+
+// The same for a command line with -clipboard: hands the clipboard's picture over before the run.
+ToolOutcome runClipboardTool(const Shell& shell, const QStringList& arguments,
+                             const PictureClipboard& clipboard);
+
+// The message, with a reason in a line below it.
+void showToolMessage(const Shell& shell, const QString& text, const QString& reason);
+
+inline const QString emptyClipboardMessage =
+    QStringLiteral("Perhaps the Clipboard is empty or contains no image data.");
+
+} // namespace fennel
