@@ -106,6 +106,13 @@ Failure unreadable(const std::string& path)
     return {FailureKind::Malformed, path + " cannot be read as a font."};
 }
 
+Failure noGlyph(bool refused)
+{
+    if (refused)
+        return {FailureKind::TooLarge, "At this size and spacing no character fits a font file."};
+    return {FailureKind::NotFound, "The font has none of the characters."};
+}
+
 } // namespace
 
 Result<FntFont> rasterise(const std::string& path, const FontOrder& order)
@@ -121,6 +128,7 @@ Result<FntFont> rasterise(const std::string& path, const FontOrder& order)
     if (FT_Set_Pixel_Sizes(face, 0, static_cast<FT_UInt>(order.size)) != 0)
         return unreadable(path);
     FntFont font;
+    bool refused = false;
     for (const std::uint32_t code : order.codes) {
         std::optional<Glyph> glyph = glyphOf(face, code);
         if (!glyph)
@@ -131,7 +139,11 @@ Result<FntFont> rasterise(const std::string& path, const FontOrder& order)
         // Refused glyphs must not count for the height of the font.
         if (encodeGlyph(*glyph))
             font.glyphs.push_back(std::move(*glyph));
+        else
+            refused = true;
     }
+    if (font.glyphs.empty())
+        return noGlyph(refused);
     const Result<void> measured = measure(font, order.lineSpace);
     return measured ? Result<FntFont>(std::move(font)) : measured.failure();
 }

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+#include "fonts/char_sets.h"
+
+#include "fonts/font_dialog.h"
+#include "fonts/font_substitution.h"
+#include "fonts/unicode_blocks.h"
+
+#include <gtest/gtest.h>
+
+using namespace fennel;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString formatted(const QString& ranges)
+{
+    const Result<CharSelected> set = ParseCharacterRanges(ranges);
+    EXPECT_TRUE(set.ok()) << ranges.toStdString();
+    return set ? FormatCharacterRanges(*set) : QString();
+}
+
+} // namespace
+
+TEST(CharacterRanges, AreReadInEveryFormAndWrittenInOne)
+{
+    const std::pair<QString, QString> cases[] = {
+        {u"0x20-0x7e, 0x0410-0x044f"_s, u"0x20-0x7E 0x410-0x44F"_s},
+        {u"0x20-0x7e_0x0410-0x044f"_s, u"0x20-0x7E 0x410-0x44F"_s},
+        {u"0x41"_s, u"0x41"_s},
+        {u"65-67 &H44"_s, u"0x41-0x44"_s}, // decimal, the other prefix, adjacent codes merge
+        {u"0x43,0x41_0x42"_s, u"0x41-0x43"_s},
+        {u"0x20-0x30-0x40"_s, u"0x20-0x30"_s}, // only what begins behind the first dash counts
+        {u"0x7e-0x20"_s, u""_s},               // last below first
+        {u"abc"_s, u""_s},                     // 0, and U+0000 is never written
+        {u"-"_s, u""_s},
+        {u""_s, u""_s},
+        {u"0x20--0x30"_s, u""_s}, // "-0x30" reads as 0
+        {u"0-0xffff"_s, u"0x1-0xFFFF"_s},
+        {u"64.5 66.5"_s, u"0x40 0x42"_s}, // ties to even
+        {u"0xffff"_s, u"0xFFFF"_s},
+        {u"65abc"_s, u"0x41"_s},
+        {u"Ж0x41"_s, u""_s},
+    };
+    for (const auto& [text, expected] : cases) {
+        EXPECT_EQ(formatted(text), expected) << text.toStdString();
+    }
+    EXPECT_EQ(FormatCharacterRanges(startingCharacters()), u"0x20-0x7E 0x410-0x451"_s);
+}
+
+TEST(CharacterRanges, OutsideThe65536CodesAreToldAndChangeNothing)
+{
+    for (const QString& text : {u"0x20-0xfffff"_s, u"70000"_s, u"0x41,0x10000"_s, u"-5"_s,
+                                u"99999999999999999999999999"_s, u"0xffffffffffffffffff"_s}) {
+        const Result<CharSelected> set = ParseCharacterRanges(text);
+        ASSERT_FALSE(set.ok()) << text.toStdString();
+        EXPECT_EQ(set.failure().kind, FailureKind::Malformed);
+    }
+    const Result<CharSelected> named = ParseCharacterRanges(u"0x41,0x10000"_s);
+    EXPECT_NE(named.failure().text.find("0x10000"), std::string::npos);
+}
+
+TEST(CharacterRanges, EveryOtherCodeComesBackAsItWas)
+{
+    CharSelected set;
+    for (std::size_t code = 1; code < set.size(); code += 2)
+        set[code] = true;
+    EXPECT_EQ(*ParseCharacterRanges(FormatCharacterRanges(set)), set);
+    EXPECT_EQ(selectedCharacters(*ParseCharacterRanges(u"0,0x41,0x416"_s)), u" A Ж"_s);
+}
+
+TEST(CharacterRanges, ComeFromAFontOrFromTheDefaultFontsName)
+{
+    QByteArray font("\x06\x8E\x82\xD2\x03\0\0\0\x0A\x02\x0C", 11);
+    font += QByteArray("\x41\0\0\x02\0\x16\x04\0\x02\0", 10); // U+0041, U+0416, and one cut off
+    EXPECT_EQ(ReadFontCharacters(font), u"&H0041 &H0416 &H0000"_s);
+    EXPECT_EQ(formatted(rangesOfFont(font)), u"0x41 0x416"_s);
+    EXPECT_EQ(ReadFontCharacters({}), QString());
+    EXPECT_EQ(rangesOfDefault(u"DejaVu\tSans Mono"_s), u"DejaVuSansMono"_s);
+    EXPECT_EQ(formatted(rangesOfDefault(u"Tahoma"_s)), QString());
+    EXPECT_EQ(formatted(rangesOfDefault(u"8514 oem"_s)), u"0x2142"_s);
+}
+
+TEST(CharacterCells, AnswerClicksBehindTheLatinRangeOnly)
+{
+    CharSelected set = startingCharacters();
+    for (const int fixed : {0, 0x41, 0x9F, -1, 65536})
+        EXPECT_FALSE(toggleCharacter(set, fixed)) << fixed;
+    EXPECT_EQ(set, startingCharacters());
+    EXPECT_TRUE(toggleCharacter(set, 0xA0));
+    EXPECT_TRUE(toggleCharacter(set, 0x452));
+    EXPECT_EQ(FormatCharacterRanges(set), u"0x20-0x7E 0xA0 0x410-0x452"_s);
+    EXPECT_TRUE(toggleCharacter(set, 0xA0));
+    EXPECT_FALSE(set[0xA0]);
+}
+
+TEST(CharacterPage, ShowsGlyphsHintsAndState)
+{
+    const auto first = pageCells(0, startingCharacters());
+    EXPECT_EQ(first[5].glyph, u" "_s);
+    EXPECT_EQ(first[0x41].glyph, u"A"_s);
+    EXPECT_EQ(first[0x7F].glyph, QString());
+    EXPECT_EQ(first[0xA0].glyph, QString());
+    EXPECT_EQ(first[0xA1].glyph, u"¡"_s);
+    EXPECT_TRUE(first[0x7E].selected);
+    EXPECT_FALSE(first[0x7F].selected);
+    EXPECT_EQ(first[0x0A].hint, u"Unicode: U+000A,  UTF-8: A"_s);
+    EXPECT_EQ(first[0x80].hint, u"Unicode: U+0080,  UTF-8: C2 80"_s);
+    const auto cyrillic = pageCells(4, startingCharacters());
+    EXPECT_EQ(cyrillic[0x10].tag, u"0410"_s);
+    EXPECT_EQ(cyrillic[0x10].hint, u"Unicode: U+0410,  UTF-8: D0 90"_s);
+    EXPECT_EQ(cyrillic[0x7F].glyph, u"ѿ"_s);
+    EXPECT_EQ(cellHint(0x20, 0xAC), u"Unicode: U+20AC,  UTF-8: 142 AC"_s);
+    EXPECT_EQ(pageRange(255), u"U+FF00 - U+FFFF"_s);
+    const QString text = pageText(4);
+    EXPECT_EQ(text.size(), 256 + 8);
+    EXPECT_EQ(text[32], u'\n');
+    EXPECT_EQ(text.back(), u'\n');
+    EXPECT_EQ(pageText(0).size(), 256 + 8 - 34);
+}
+
+// The bounds are those of Unicode's table; a gap or an overlap would be a slip of the pen.
+TEST(UnicodeBlocks, AreThe150InOrder)
+{
+    EXPECT_EQ(blockText(unicodeBlocks.front()), u"U+0000 - U+007F: Basic Latin"_s);
+    EXPECT_EQ(blockText(unicodeBlocks[1]), u"U+0080 - U+00FF: Latin-1 Supplement"_s);
+    EXPECT_EQ(blockText(unicodeBlocks.back()), u"U+FFF0 - U+FFFF: Specials"_s);
+    int last = -1;
+    for (const UnicodeBlock& block : unicodeBlocks) {
+        EXPECT_GT(int{block.first}, last);
+        EXPECT_GT(block.last, block.first);
+        EXPECT_EQ(block.first % 16, 0);
+        EXPECT_EQ(block.last % 16, 15);
+        EXPECT_EQ(pageOfBlock(blockText(block)), block.first / 256);
+        last = block.last;
+    }
+}
+
+TEST(FontDialog, ListsTrueTypeFilesOnceWithTheirStyle)
+{
+    const auto fonts = fontFiles(u"Arial (TrueType)>ARIAL.TTF\nArial Bold (TrueType)>arialbd.ttf\n"
+                                 "Nimbus (TrueType)>n.otf\nArial (TrueType)>x/other.ttf\n"
+                                 "A>B Bold Italic (TrueType)>c:\\Fonts\\b i.Ttf\nbroken line\n"_s);
+    ASSERT_EQ(fonts.size(), 3U);
+    EXPECT_EQ(fonts[0].rowText(), u"Arial > ARIAL.TTF"_s);
+    EXPECT_TRUE(fonts[1].bold());
+    EXPECT_FALSE(fonts[1].italic());
+    EXPECT_EQ(fonts[2].name, u"A>B Bold Italic"_s);
+    EXPECT_EQ(fonts[2].fileName, u"b i.Ttf"_s);
+    EXPECT_TRUE(fonts[2].italic());
+    EXPECT_EQ(placeOfFont(fonts, u"Arial Bold"_s), 1);
+    EXPECT_EQ(placeOfFont(fonts, u"Tahoma"_s), 0);
+    EXPECT_EQ(placeOfFont({}, QString()), 0);
+}
+
+TEST(FontDialog, TakesTheFamilyOutOfAFontsName)
+{
+    const QStringList families{u"DejaVu Sans"_s, u"Arial"_s, u"Arial Black"_s, u"Bold"_s};
+    EXPECT_EQ(familyOfName(u"Arial Bold Italic"_s, families), u"Arial"_s);
+    EXPECT_EQ(familyOfName(u"Arial Обычный"_s, families), u"Arial"_s);
+    EXPECT_EQ(familyOfName(u"Arial Black"_s, families), u"Arial Black"_s);
+    EXPECT_EQ(familyOfName(u"DejaVu Sans Bold Oblique"_s, families), u"DejaVu Sans"_s);
+    EXPECT_EQ(familyOfName(u"Unknown Bold"_s, families), QString());
+}
+
+TEST(FontDialog, NamesItsViewsAndButtons)
+{
+    EXPECT_EQ(viewCaption(WindowsView, 0, 0.5), u"WinFontSize"_s);
+    EXPECT_EQ(viewCaption(ScaledView, 0, 0.625), u"Current scale (62%)"_s);
+    EXPECT_EQ(viewCaption(PageView, 4, 1), u"Characters Page\nU+0400 - U+04FF"_s);
+    EXPECT_EQ(viewCaption(SelectedView, 4, 1), u"Selected Characters"_s);
+    EXPECT_EQ(viewFontSize(ScaledView, 14, 0.5), 7);
+    EXPECT_EQ(viewFontSize(SelectedView, 14, 0.5), 14);
+    const QString title = editFontTitle(u"16x16_02.fnt"_s);
+    EXPECT_EQ(title, u"Font. Edit 16x16_02.fnt"_s);
+    EXPECT_EQ(fromFontCaption(title), u"from 16x16_02.fnt"_s);
+    EXPECT_EQ(memberOfCaption(fromFontCaption(title)), u"16x16_02.fnt"_s);
+    EXPECT_EQ(fromFontHint(title), u"Load Character Set Font. Edit 16x16_02.fnt"_s);
+    EXPECT_EQ(fromFontCaption(addFontTitle()), u"Load from..."_s);
+    EXPECT_FALSE(offersFromFont(SelectedView, addFontTitle()));
+    EXPECT_TRUE(offersFromFont(SelectedView, title));
+    EXPECT_FALSE(offersFromFont(PageView, title));
+    EXPECT_TRUE(offersDefault(SelectedView));
+}
+
+TEST(FontSubstitution, ShowsTheNearestInstalledFamilyAndSaysSo)
+{
+    const QStringList debian{u"DejaVu Sans"_s, u"Liberation Sans"_s, u"Liberation Serif"_s,
+                             u"Liberation Mono"_s};
+    EXPECT_EQ(shownFamily(u"arial"_s, debian).family, u"Liberation Sans"_s);
+    EXPECT_EQ(shownFamily(u"Times New Roman"_s, debian).family, u"Liberation Serif"_s);
+    EXPECT_EQ(shownFamily(u"Courier New"_s, debian).family, u"Liberation Mono"_s);
+    const ShownFamily tahoma = shownFamily(u"Tahoma"_s, debian);
+    EXPECT_EQ(tahoma.family, u"DejaVu Sans"_s);
+    EXPECT_TRUE(tahoma.note.contains(u"Tahoma"_s) && tahoma.note.contains(u"DejaVu Sans"_s));
+    EXPECT_EQ(shownFamily(u"dejavu sans"_s, debian).family, u"DejaVu Sans"_s);
+    EXPECT_EQ(shownFamily(u"DejaVu Sans"_s, debian).note, QString());
+    EXPECT_EQ(shownFamily(u"Nobody's"_s, debian).family, u"Nobody's"_s);
+    EXPECT_FALSE(shownFamily(u"Nobody's"_s, debian).note.isEmpty());
+    EXPECT_EQ(shownFamily({}, debian).note, QString());
+}

@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+#include "fonts/font_making.h"
+
+#include "fonts/fnt_bytes.h"
+#include "fonts/font_judge.h"
+#include "support/test_shell.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+using namespace fennel;
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class FontMaking : public ::testing::Test {
+protected:
+    FontMaking()
+    {
+        choice.family = u"DejaVu Sans"_s;
+        choice.fileName = u"DejaVuSans.ttf"_s;
+        command.row = 1;
+        command.askUser = [this](const FontDialogStart& start) {
+            asked = start;
+            return answer ? std::optional<FontChoice>(choice) : std::nullopt;
+        };
+        command.characters = [this]() -> const CharSelected& { return set; };
+        command.rebuildMemberList = [this](const QString& name) {
+            added.append(name);
+            return rebuilt;
+        };
+        generation(3);
+        shell.member(u"16x16.fnt"_s, "old font 0");
+        rescan();
+    }
+    void generation(int number)
+    {
+        shell.run.gfxboot_var = number;
+        shell.run.GfxHasCfg = number == 2;
+        shell.run.GfxHasZuk = number == 3;
+    }
+    void rescan() { ScanFonts(fonts, shell.run, {u"Verdana"_s, 96}, u"?"_s, keepInspection); }
+    std::optional<FontChange> run() { return ChangeFont(shell.shell, fonts, command); }
+    QByteArray member(const QString& name) { return bytesOf(shell.run.Workspace + name); }
+    bool has(const QString& name) { return FileExists(shell.run.Workspace + name); }
+    // A tool of ours in place of the bridge.
+    void toolIs(const QByteArray& script)
+    {
+        shell.run.ToolMkFont = shell.file(u"tool"_s, "#!/bin/sh\n" + script);
+        QFile::setPermissions(shell.run.ToolMkFont, QFile::ReadOwner | QFile::ExeOwner);
+    }
+
+    TestShell shell;
+    FontState fonts;
+    FontCommand command;
+    FontChoice choice;
+    CharSelected set = startingCharacters();
+    bool answer = true;
+    FontDialogStart asked;
+    QStringList added;
+    Result<void> rebuilt;
+};
+
+} // namespace
+
+TEST_F(FontMaking, OrdersWhatTheToolTakes)
+{
+    choice.fileName = u"TAHOMA.TTF"_s;
+    EXPECT_EQ(fontMakerCommand(shell.shell, set, choice, 96),
+              (QStringList{shell.run.ToolMkFont, u"0x20-0x7E_0x410-0x451"_s, u"TAHOMA"_s, u"19"_s,
+                           u"4"_s, u"0"_s, u"0"_s, shell.run.Workspace + u"#.#nt"_s, u",0"_s}));
+    choice.size = 14.5;
+    EXPECT_EQ(fontMakerCommand(shell.shell, set, choice, 96)[3], u"19"_s);
+    choice.size = 15.5;
+    EXPECT_EQ(fontMakerCommand(shell.shell, {}, choice, 120)[3], u"27"_s); // 16 points: 26.7
+    EXPECT_EQ(fontMakerCommand(shell.shell, {}, choice, 120)[1], QString());
+}
+
+TEST_F(FontMaking, NumbersGrowPastAnyGap)
+{
+    const auto next = [](const QStringList& names) {
+        ListRows rows;
+        for (const QString& name : names) {
+            rows.rows.emplace_back();
+            rows.rows.back().cells.push_back({name, {}, {}, {}, false});
+        }
+        return nextFontName(rows);
+    };
+    EXPECT_EQ(next({}), u"16x16_01.fnt"_s);
+    EXPECT_EQ(next({u"16x16.fnt"_s, u"Length"_s}), u"16x16_01.fnt"_s);
+    EXPECT_EQ(next({u"16x16.fnt"_s, u"16x16_01.fnt"_s, u"Set"_s, u"16x16_03.FNT"_s}),
+              u"16x16_04.fnt"_s);
+    EXPECT_EQ(next({u"16x16_98.fnt"_s}), u"16x16_99.fnt"_s);
+    EXPECT_EQ(next({u"16x16_99.fnt"_s}), QString());
+}
+
+TEST_F(FontMaking, ChangesTheSelectedFontOfGeneration3)
+{
+    shell.member(u"16x16_02.fnt"_s, "old font 2 TAG|Arial\t Bold|size\t12 px");
+    rescan();
+    command.row = fonts.rows.count() - 2; // a row of the second font that is no heading
+    ASSERT_EQ(fonts.rows.row(command.row)->tag, u"|arr02|"_s);
+    while (fileOfTag(fonts.rows.row(command.row)->tag).isEmpty())
+        --command.row;
+    choice.bold = true;
+    const auto change = run();
+    ASSERT_TRUE(change);
+    EXPECT_EQ(asked.title, u"Font. Edit 16x16_02.fnt"_s);
+    EXPECT_EQ(asked.FontStyleName, u"Arial Bold"_s);
+    EXPECT_EQ(asked.wholeSize, 12);
+    EXPECT_EQ(change->component, u"16x16_02.fnt"_s);
+    EXPECT_EQ(member(u"16x16.fnt"_s), "old font 0");
+    EXPECT_FALSE(has(u"#.#nt"_s));
+    const JudgedFont judged = judgedFont(shell.run.Workspace + u"16x16_02.fnt"_s);
+    EXPECT_EQ(judged.glyphs.size(), 161U);
+    EXPECT_EQ(judged.glyphs.at(0x20).advance, 4);
+    EXPECT_TRUE(
+        member(u"16x16_02.fnt"_s)
+            .endsWith("TAG@ZUK-MOSA@:>Created by the Fennel-GFX(GUI) using the MKBLFONT "
+                      "utility|DejaVu Sans\t Bold|size\t14 px|space\t4 px|letter space\t0 px|"
+                      "line space\t0 px"));
+    rescan();
+    EXPECT_EQ(fonts.table[2].FontName, u"DejaVu Sans"_s);
+    EXPECT_TRUE(fonts.table[2].Bold);
+    EXPECT_EQ(fonts.table[2].Size, 14);
+}
+
+TEST_F(FontMaking, KeepsABackupInGeneration2)
+{
+    generation(2);
+    ASSERT_TRUE(run());
+    EXPECT_EQ(member(u"#16x16.#nt"_s), "old font 0");
+    const QByteArray first = member(u"16x16.fnt"_s);
+    choice.size = 20;
+    EXPECT_EQ(run()->component, u"16x16.fnt"_s);
+    EXPECT_EQ(member(u"#16x16.#nt"_s), first);
+    EXPECT_NE(member(u"16x16.fnt"_s), first);
+    EXPECT_FALSE(has(u"#.#nt"_s));
+}
+
+TEST_F(FontMaking, LeavesTheNewFontLyingInGeneration1)
+{
+    generation(1);
+    const auto change = run();
+    ASSERT_TRUE(change);
+    EXPECT_EQ(change->component, QString());
+    EXPECT_TRUE(has(u"#.#nt"_s));
+    EXPECT_EQ(member(u"16x16.fnt"_s), "old font 0");
+}
+
+TEST_F(FontMaking, AddsAFontInEveryGeneration)
+{
+    command.AddFontMode = true;
+    for (const int number : {1, 2, 3}) {
+        generation(number);
+        const auto change = run();
+        ASSERT_TRUE(change);
+        rescan();
+        EXPECT_EQ(change->component, u"16x16_0%1.fnt"_s.arg(number));
+        EXPECT_EQ(added.last(), change->component);
+        EXPECT_EQ(judgedFont(shell.run.Workspace + change->component).glyphs.size(), 161U);
+    }
+    EXPECT_EQ(asked.title, u"Font. Add"_s);
+    EXPECT_EQ(member(u"16x16.fnt"_s), "old font 0");
+}
+
+TEST_F(FontMaking, CancelChangesNothing)
+{
+    answer = false;
+    shell.files.calls = 0;
+    EXPECT_FALSE(run());
+    EXPECT_EQ(shell.files.calls, 0);
+}
+
+// The tool's own reason reaches the user with the program's message.
+TEST_F(FontMaking, TellsWhyTheToolMadeNothing)
+{
+    set.reset();
+    shell.prompts.expectMessage(
+        u"ERROR. File could not be created\nThe list of characters is empty."_s);
+    EXPECT_FALSE(run());
+    set = startingCharacters();
+    choice.fileName = u"NoSuchFont.ttf"_s;
+    shell.prompts.expectMessage(u"There is no font file NoSuchFont."_s);
+    EXPECT_FALSE(run());
+    choice.size = 400;
+    choice.fileName = u"DejaVuSans.ttf"_s;
+    shell.prompts.expectMessage(u"The size \"533\""_s);
+    EXPECT_FALSE(run());
+    EXPECT_EQ(shell.prompts.titles.last(), u"Font creating error"_s);
+    // A tool that writes a file without characters.
+    toolIs("printf '\\006\\216\\202\\322\\0\\0\\0\\0\\012\\002\\014' > \"$7\"\n");
+    shell.prompts.expectMessage(u"ERROR. The character set is empty"_s);
+    EXPECT_FALSE(run());
+    // One that dies in the middle of its output.
+    toolIs("printf '\\006\\216\\202\\322\\001' > \"$7\"\nkill -SEGV $$\n");
+    shell.prompts.expectMessage(u"ERROR. File could not be created\n"_s);
+    EXPECT_FALSE(run());
+    shell.run.ToolMkFont = shell.path(u"missing tool"_s);
+    shell.prompts.expectMessage(shell.run.ToolMkFont + u" not found!"_s);
+    shell.prompts.expectMessage(u"ERROR. File could not be created"_s);
+    EXPECT_FALSE(run());
+    EXPECT_FALSE(has(u"#.#nt"_s));
+    EXPECT_EQ(member(u"16x16.fnt"_s), "old font 0");
+}
+
+// An output of an earlier run must not pass for this one's.
+TEST_F(FontMaking, RemovesAnOldOutputFirst)
+{
+    shell.member(u"#.#nt"_s, "stale font");
+    toolIs("exit 0\n");
+    shell.prompts.expectMessage(u"ERROR. File could not be created"_s);
+    EXPECT_FALSE(run());
+    EXPECT_FALSE(has(u"#.#nt"_s));
+}
+
+// Whatever single step fails, every member is the old one or the new one, and nothing else lies
+// about.
+TEST_F(FontMaking, IsAllOrNothing)
+{
+    for (const int number : {2, 3}) {
+        generation(number);
+        for (const bool add : {false, true}) {
+            command.AddFontMode = add;
+            bool done = false;
+            for (int step = 1; !done && step < 10; ++step) {
+                shell.member(u"16x16.fnt"_s, "old font 0");
+                shell.files.calls = 0;
+                shell.files.failAt = step;
+                shell.prompts.expectMessage(u"ERROR. File could not be created"_s);
+                done = run().has_value();
+                shell.files.failAt = 0;
+                if (!done) {
+                    EXPECT_EQ(member(u"16x16.fnt"_s), "old font 0");
+                    EXPECT_FALSE(has(u"16x16_01.fnt"_s));
+                    EXPECT_FALSE(has(u"#.#nt"_s));
+                }
+            }
+            EXPECT_TRUE(done);
+            shell.prompts.ShowMessage(u"ERROR. File could not be created"_s); // the one too many
+            EXPECT_TRUE(shell.files.remove(shell.run.Workspace + u"16x16_01.fnt"_s).ok());
+        }
+    }
+}
+
+TEST_F(FontMaking, RefusesWhatCouldNotBeKept)
+{
+    command.row = 0;
+    shell.prompts.expectMessage(u"Select the font to be changed first."_s);
+    EXPECT_FALSE(run());
+    command.AddFontMode = true;
+    shell.member(u"16x16_99.fnt"_s, "font");
+    rescan();
+    shell.prompts.expectMessage(u"no number left"_s);
+    EXPECT_FALSE(run());
+    EXPECT_TRUE(asked.title.isEmpty());
+    // A font that cannot be registered does not stay.
+    EXPECT_TRUE(shell.files.remove(shell.run.Workspace + u"16x16_99.fnt"_s).ok());
+    rescan();
+    rebuilt = Failure{FailureKind::Io, "the list is gone"};
+    shell.prompts.expectMessage(u"the list is gone"_s);
+    EXPECT_FALSE(run());
+    EXPECT_FALSE(has(u"16x16_01.fnt"_s));
+}

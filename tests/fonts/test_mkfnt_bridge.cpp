@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "fonts/fnt_bytes.h"
+#include "fonts/fnt_codec.h"
+#include "fonts/font_judge.h"
+#include "support/test_shell.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+using namespace fennel;
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Bridge : public ::testing::Test {
+protected:
+    // Runs the bridge with the arguments before the output's path.
+    ToolRun make(QStringList arguments)
+    {
+        arguments << output << u",0"_s;
+        return runTool(shell.run.ToolMkFont, arguments);
+    }
+    void expectRefused(const QStringList& arguments, const char* reason)
+    {
+        EXPECT_TRUE(DiskFiles().write(output, "of an earlier run").ok());
+        const ToolRun run = make(arguments);
+        EXPECT_EQ(run.exitCode, 1) << arguments.join(u' ').toStdString();
+        EXPECT_TRUE(run.err.contains(reason)) << run.err.constData();
+        EXPECT_EQ(run.err.count('\n'), 1);
+        EXPECT_FALSE(FileExists(output));
+    }
+    FntFont made() { return *decodeFnt(asSpan(bytesOf(output))); }
+
+    TestShell shell;
+    QString output = shell.path(u"out put.fnt"_s);
+};
+
+const QString manyRanges = u"0x20-0x7e_0x370-0x3ff_0x410-0x451_0xfe70-0xfefc"_s;
+
+std::vector<std::uint32_t> manyCodes()
+{
+    std::vector<std::uint32_t> codes;
+    const std::pair<std::uint32_t, std::uint32_t> ranges[] = {
+        {0x20, 0x7e}, {0x370, 0x3ff}, {0x410, 0x451}, {0xfe70, 0xfefc}};
+    for (const auto& [first, last] : ranges) {
+        for (std::uint32_t code = first; code <= last; ++code)
+            codes.push_back(code);
+    }
+    return codes;
+}
+
+} // namespace
+
+// gfxboot-font reads every character as FreeType draws it; only the blank has the ordered width.
+TEST_F(Bridge, WritesWhatFreeTypeDraws)
+{
+    for (const QString& font : {dejaVuSans, liberationBold}) {
+        for (const int size : {9, 14, 19, 40}) {
+            const ToolRun run =
+                make({manyRanges, font, QString::number(size), u"4"_s, u"0"_s, u"0"_s});
+            ASSERT_EQ(run.exitCode, 0) << run.err.constData();
+            const JudgedFont judged = judgedFont(output);
+            auto expected = freeTypeGlyphs(font, size, manyCodes());
+            ASSERT_GT(expected.size(), 200U);
+            expected.at(0x20).advance = 4;
+            ASSERT_EQ(judged.glyphs.size(), expected.size());
+            int lowest = 0;
+            int highest = 0;
+            for (const auto& [code, glyph] : expected) {
+                ASSERT_TRUE(judged.glyphs.contains(code)) << code;
+                EXPECT_EQ(judged.glyphs.at(code), glyph) << code;
+                lowest = std::min(lowest, glyph.yOffset);
+                highest = std::max(highest, glyph.yOffset + glyph.height);
+            }
+            EXPECT_EQ(judged.height, highest - lowest);
+            EXPECT_EQ(judged.baseline, -lowest);
+            EXPECT_EQ(judged.lineHeight, judged.height + 2);
+        }
+    }
+}
+
+TEST_F(Bridge, AppliesSpacings)
+{
+    ASSERT_EQ(make({u"0x20-0x41"_s, u"DejaVuSans"_s, u"19"_s, u"7"_s, u"3"_s, u"-2"_s}).exitCode,
+              0);
+    const auto plain = freeTypeGlyphs(dejaVuSans, 19, {0x21, 0x41});
+    const JudgedFont judged = judgedFont(output);
+    EXPECT_EQ(judged.glyphs.size(), 34U);
+    EXPECT_EQ(judged.glyphs.at(0x20).advance, 5);
+    EXPECT_EQ(judged.glyphs.at(0x41).advance, plain.at(0x41).advance - 2);
+    EXPECT_EQ(judged.glyphs.at(0x21).xOffset, plain.at(0x21).xOffset);
+    EXPECT_EQ(judged.lineHeight, judged.height + 5);
+}
+
+TEST_F(Bridge, FindsAFontByItsNameOrPath)
+{
+    const QStringList rest{u"19"_s, u"4"_s, u"0"_s, u"0"_s};
+    const QString copy = shell.path(u"a #&$ font.TTF"_s);
+    ASSERT_TRUE(QFile::copy(dejaVuSans, copy));
+    QByteArray first;
+    for (const QString& font : {u"DejaVuSans"_s, u"dejavusans"_s, u"DejaVuSans.ttf"_s, dejaVuSans,
+                                dejaVuSans.chopped(4), copy, copy.chopped(4)}) {
+        ASSERT_EQ(make(QStringList{u"0x41"_s, font} + rest).exitCode, 0) << font.toStdString();
+        if (first.isEmpty())
+            first = bytesOf(output);
+        EXPECT_EQ(bytesOf(output), first) << font.toStdString();
+    }
+    EXPECT_FALSE(first.isEmpty());
+}
+
+TEST_F(Bridge, ReadsRangesAsTheEditorDoes)
+{
+    const QStringList rest{u"DejaVuSans"_s, u"19"_s, u"4"_s, u"0"_s, u"0"_s};
+    constexpr std::size_t many = 5000;
+    const std::pair<QString, std::size_t> cases[] = {
+        {u"0x42_65_0x41-0x42"_s, 2}, // mixed, doubled, not in order
+        {u"0x41 0x43,0x45"_s, 3},    // the other separators
+        {u"0x7e-0x20_0x41"_s, 1},    // a range the wrong way round names nothing
+        {u"0x20-0xfffff"_s, many},   // above the editor's limit, within Unicode's
+        {u"0x41_0xfffe"_s, 1},       // a character that the font lacks
+    };
+    for (const auto& [ranges, count] : cases) {
+        ASSERT_EQ(make(QStringList{ranges} + rest).exitCode, 0) << ranges.toStdString();
+        const FntFont font = made();
+        EXPECT_EQ(std::min(font.glyphs.size(), many), count) << ranges.toStdString();
+        EXPECT_TRUE(std::ranges::is_sorted(font.glyphs, {}, &Glyph::code));
+    }
+}
+
+TEST_F(Bridge, RefusesBadArguments)
+{
+    const auto with = [](const char* ranges, const char* size, const char* space = "4",
+                         const char* line = "0", const char* letter = "0") {
+        return QStringList{QString::fromLatin1(ranges), u"DejaVuSans"_s,
+                           QString::fromLatin1(size),   QString::fromLatin1(space),
+                           QString::fromLatin1(line),   QString::fromLatin1(letter)};
+    };
+    for (const char* ranges : {"", "abc", "-", "0x7e-0x20", "0x20--0x30", "0"})
+        expectRefused(with(ranges, "19"), "list of characters is empty");
+    expectRefused(with("0x110000", "19"), "no character with the number");
+    expectRefused(with("-5", "19"), "no character with the number");
+    expectRefused(with("0xe000-0xe010", "19"), "none of the characters");
+    for (const char* size : {"0", "-1", "500", "14.5", "", "x", "19x"})
+        expectRefused(with("0x41", size), "size");
+    expectRefused(with("0x7c", "127"), "line height");
+    expectRefused(with("0x41", "255"), "no character fits");
+    expectRefused(with("0x41", "19", "100000"), "space width");
+    expectRefused(with("0x41", "19", "4", "127"), "line height");
+    expectRefused(with("0x41", "19", "4", "0", "-128"), "letter space");
+    expectRefused(with("0x41", "19", "4", "0", "127"), "no character fits");
+    EXPECT_EQ(make(with("0x41", "1")).exitCode, 0);
+    EXPECT_EQ(make({u"0x41"_s}).exitCode, 1);
+}
+
+TEST_F(Bridge, RefusesWhatIsNoOutlineFont)
+{
+    const QStringList rest{u"19"_s, u"4"_s, u"0"_s, u"0"_s};
+    const QByteArray whole = bytesOf(dejaVuSans);
+    const QByteArray pcf = "\x01"
+                           "fcp";
+    expectRefused(QStringList{u"0x41"_s, shell.file(u"cut.ttf"_s, whole.left(20000))} + rest,
+                  "cut.ttf");
+    expectRefused(QStringList{u"0x41"_s, shell.file(u"empty.ttf"_s, {})} + rest, "cannot be read");
+    expectRefused(QStringList{u"0x41"_s, shell.file(u"x.ttf"_s, pcf)} + rest, "cannot be read");
+    expectRefused(QStringList{u"0x41"_s, u"NoSuchFont"_s} + rest, "no font file NoSuchFont");
+    expectRefused(QStringList{u"0x41"_s, QString()} + rest, "no font file");
+    const QByteArray bdf =
+        "STARTFONT 2.1\nFONT -a-b-medium-r-normal--8-80-75-75-c-80-iso10646-1\n"
+        "SIZE 8 75 75\nFONTBOUNDINGBOX 8 8 0 0\nCHARS 1\nSTARTCHAR A\nENCODING 65\n"
+        "SWIDTH 500 0\nDWIDTH 8 0\nBBX 8 8 0 0\nBITMAP\nFF\n81\n81\n81\n81\n81\n81\n"
+        "FF\nENDCHAR\nENDFONT\n";
+    expectRefused(QStringList{u"0x41"_s, shell.file(u"bitmap.bdf"_s, bdf)} + rest, "no outlines");
+}
+
+TEST_F(Bridge, LeavesNothingWhenTheOutputCannotBeWritten)
+{
+    output = shell.path(u"no folder/out.fnt"_s);
+    const ToolRun run = make({u"0x41"_s, dejaVuSans, u"19"_s, u"4"_s, u"0"_s, u"0"_s});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TRUE(run.err.contains("Cannot write")) << run.err.constData();
+    EXPECT_TRUE(run.err.contains("No such file")) << run.err.constData();
+}
+
+// DejaVu Sans at 100 pixels needs far more than 512 KiB for all that it has.
+TEST_F(Bridge, RefusesAFontTooLargeForTheFormat)
+{
+    expectRefused({u"0x20-0x7e_0x400-0x4ff_0x1e00-0x1fff_0x2200-0x27ff"_s, u"DejaVuSans"_s, u"80"_s,
+                   u"4"_s, u"0"_s, u"0"_s},
+                  "512 KiB");
+}

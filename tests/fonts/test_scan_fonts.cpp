@@ -1,0 +1,281 @@
+// SPDX-License-Identifier: MIT
+#include "fonts/scan_fonts.h"
+
+#include "fonts/fnt_bytes.h"
+#include "fonts/font_dialog.h"
+#include "fonts/font_inspection.h"
+#include "fonts/font_tag.h"
+#include "shell/text.h"
+#include "support/test_shell.h"
+
+#include <gtest/gtest.h>
+
+using namespace fennel;
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray referenceTag =
+    "TAG@ZUK-MOSA@:>Created by the Fennel-GFX(GUI) using the MKBLFONT utility\t"
+    "this is the DEFAULT font|Tahoma\t|size\t14 px|space\t4 px|letter space\t0 px|line space\t0 px";
+
+// A file of 175 characters, U+0020 to U+007E and U+0410 to U+045F, whose header numbers are 23, 4
+// and
+// 19. All glyphs but the blank are an empty one.
+QByteArray referenceFont(const QByteArray& tag)
+{
+    FntFont font{23, 4, 19, {}};
+    for (std::uint32_t code = 0x20; code <= 0x7E; ++code)
+        font.glyphs.push_back({code, 0, 0, 0, 0, code == 0x20 ? 4 : 9, {}});
+    for (std::uint32_t code = 0x410; code <= 0x45F; ++code)
+        font.glyphs.push_back({code, 0, 0, 0, 0, 9, {}});
+    const auto bytes = *encodeFnt(font);
+    return QByteArray(reinterpret_cast<const char*>(bytes.data()),
+                      static_cast<qsizetype>(bytes.size())) +
+           tag;
+}
+
+class FontScan : public ::testing::Test {
+protected:
+    FontScan()
+    {
+        shell.run.GfxHasZuk = true;
+        shell.run.gfxboot_var = 3;
+    }
+    void scan(const QString& name = u"?"_s, int mode = keepInspection)
+    {
+        ScanFonts(fonts, shell.run, {defaultName, 96}, name, mode);
+    }
+    // The three columns of a row, from 1.
+    QString row(int number)
+    {
+        const ListRow* shown = fonts.rows.row(number);
+        return shown == nullptr ? QString()
+                                : shown->text(0) + u'|' + shown->text(1) + u'|' + shown->text(2);
+    }
+    TestShell shell;
+    FontState fonts;
+    QString defaultName = u"Verdana"_s;
+};
+
+} // namespace
+
+TEST_F(FontScan, ShowsTheReferenceFont)
+{
+    // Stored copies end in zero bytes.
+    shell.member(u"16x16.fnt"_s, referenceFont(referenceTag + QByteArray(2, '\0')));
+    scan();
+    const QStringList expected{
+        u"16x16.fnt||"_s,      u"Length|%1|bytes"_s.arg(referenceFont(referenceTag).size() + 2),
+        u"Set|175|symbols"_s,  u"Fontheight|23|px"_s,
+        u"Lineheight|19|px"_s, u"@ZUK-MOSA@|TAG|this is the DEFAULT font"_s,
+        u"|Tahoma|"_s,         u"|size|14 px"_s,
+        u"|space|4 px"_s,      u"|letter space|0 px"_s,
+        u"|line space|0 px"_s};
+    ASSERT_EQ(fonts.rows.count(), expected.size());
+    for (int i = 0; i < expected.size(); ++i)
+        EXPECT_EQ(row(i + 1), expected[i]);
+    const FontRecord& record = fonts.table[0];
+    EXPECT_EQ(record.FontName, u"Tahoma"_s);
+    EXPECT_EQ(record.Size, 14.0);
+    EXPECT_EQ(record.Symbols, u"175"_s);
+    EXPECT_EQ(record.SpaceWidth, 4);
+    EXPECT_EQ(record.LetterSpace, 0);
+    EXPECT_EQ(record.LineSpace, 0);
+    const ListRow& heading = *fonts.rows.row(1);
+    EXPECT_EQ(heading.tag, u"|File: 16x16.fnt||arr00|"_s);
+    EXPECT_TRUE(heading.bold);
+    EXPECT_EQ(heading.colour, std::optional<QRgb>(0xff800000));
+    EXPECT_EQ(heading.iconFile, shell.run.Workspace + u"16x16.fnt"_s);
+    EXPECT_EQ(fonts.rows.row(2)->tag, u"|arr00|"_s);
+    EXPECT_EQ(fonts.rows.row(2)->colour, std::optional<QRgb>(fixedRow));
+    EXPECT_EQ(fonts.FontVersionText, u"Gfxboot @ZUK-MOSA@. Multi Font Support. "_s);
+}
+
+TEST_F(FontScan, CalculatesWhatAFontWithoutTagDoesNotSay)
+{
+    shell.member(u"16x16_07.fnt"_s, referenceFont({}));
+    scan();
+    const FontRecord& record = fonts.table[7];
+    EXPECT_EQ(record.FontName, u"Verdana"_s);
+    EXPECT_EQ(record.Size, 15.75);
+    EXPECT_EQ(record.LineSpace, 0);
+    EXPECT_EQ(fonts.table[1].FontName, QString()); // gaps stay gaps
+    EXPECT_EQ(fonts.table[0].FontName, u"Verdana"_s);
+    EXPECT_EQ(fonts.table[0].Size, 14.0);
+    EXPECT_EQ(row(6), u"@ZUK-MOSA@|tag|...MISSING"_s);
+    EXPECT_EQ(row(7), u"|DEFAULT|Verdana"_s);
+    EXPECT_EQ(row(8), u"|Calculated Size|15.75 pt"_s);
+    EXPECT_EQ(row(9), u"|Calculated LineSpace|0 px"_s);
+    EXPECT_EQ(fonts.rows.row(9)->colour, std::optional<QRgb>(0xff888888));
+    EXPECT_EQ(fonts.rows.row(9)->cells[2].tag,
+              u"Gfxboot @ZUK-MOSA@. Multi Font Support. \nTag @ZUK-MOSA@ is missing. "
+              "\nThe real font is undefined. Will be shown of calculated font."_s);
+    // Line space by 19 - 14 + 2 = 7 pixels of 96 to the inch: 5.25 points.
+    QByteArray low = referenceFont({});
+    low[8] = 14;
+    shell.member(u"16x16_07.fnt"_s, low);
+    defaultName.clear();
+    scan();
+    EXPECT_EQ(fonts.table[7].LineSpace, 5);
+    EXPECT_EQ(fonts.table[0].FontName, u"Tahoma"_s);
+}
+
+TEST_F(FontScan, ReadsEveryKindOfTag)
+{
+    shell.member(u"16x16_01.fnt"_s,
+                 referenceFont("TAG@ZUK-MOSA@:>no tab|Arial\t Bold Italic|Tahoma\t Italic|free "
+                               "line|size\tbig|space\t99999|letter space\t-2.5 px|Size\t3"));
+    shell.member(u"16x16_02.fnt"_s, referenceFont("TAG is here"));
+    shell.member(u"16x16_03.fnt"_s, referenceFont(toCp1251(u"TAGx\tназвание|Шрифт\t Bold"_s)));
+    // A "TAG" by chance among the glyphs hides the real one behind it.
+    shell.member(u"16x16_04.fnt"_s, referenceFont("\x01TAG\xC0|" + referenceTag));
+    scan();
+    const FontRecord& full = fonts.table[1];
+    EXPECT_EQ(full.FontName, u"Size"_s); // keys are exact, and the last family wins
+    EXPECT_FALSE(full.Bold || full.Italic);
+    EXPECT_EQ(full.Size, 0.0);
+    EXPECT_EQ(full.SpaceWidth, 32767);
+    EXPECT_EQ(full.LetterSpace, -2);
+    EXPECT_EQ(row(6), u"@ZUK-MOSA@|TAG|@:>no tab"_s);
+    EXPECT_EQ(row(9), u"||free line"_s);
+    EXPECT_EQ(row(14), u"16x16_02.fnt||"_s);
+    EXPECT_EQ(row(19), u"INFO|TAG|TAG is here"_s);
+    EXPECT_EQ(row(20), u"|DEFAULT|Verdana"_s);
+    EXPECT_EQ(row(28), u"INFO|TAG|название"_s);
+    EXPECT_EQ(fonts.table[3].FontName, u"Шрифт"_s);
+    EXPECT_TRUE(fonts.table[3].Bold);
+    EXPECT_EQ(row(35), u"INFO|TAG|TAGА"_s);
+    EXPECT_EQ(fonts.table[4].FontName, u"Tahoma"_s);
+}
+
+TEST_F(FontScan, SaysWhatOlderGenerationsCannot)
+{
+    shell.member(u"16x16.fnt"_s, referenceFont(referenceTag));
+    shell.run.GfxHasZuk = false;
+    scan();
+    EXPECT_EQ(row(3), u"Unsupported|fnt|format"_s);
+    EXPECT_EQ(row(4), u"@ZUK-MOSA@|TAG|this is the DEFAULT font"_s);
+    EXPECT_EQ(fonts.FontVersionText,
+              u"Gfxboot version is too old. Font in an unsupported format. "_s);
+    EXPECT_EQ(openInspection(fonts, shell.run, 1).message,
+              u"Too old version of the gfxboot.\nFonts are not supported"_s);
+    shell.run.GfxHasCfg = true;
+    scan();
+    EXPECT_EQ(fonts.FontVersionText, u"Gfxboot v3.3 custom. Supports one font. "_s);
+    EXPECT_EQ(openInspection(fonts, shell.run, 1).component, u"16x16.fnt"_s);
+    EXPECT_EQ(openInspection(fonts, shell.run, 2).component, QString());
+    EXPECT_EQ(openInspection(fonts, shell.run, 99).message, QString());
+}
+
+// Nothing of a short or lying file is read beyond its end.
+TEST_F(FontScan, SurvivesEveryShortFile)
+{
+    const QByteArray whole = referenceFont(referenceTag);
+    for (int length = 0; length <= 20; ++length) {
+        shell.member(u"16x16.fnt"_s, whole.left(length));
+        scan(u"16x16.fnt"_s, fillInspection);
+        EXPECT_EQ(row(2), u"Length|%1|bytes"_s.arg(length));
+        for (int click = 0; click < 8; ++click)
+            (void)clickOnCharacter(fonts.inspection, shell.run, click);
+    }
+    shell.member(u"16x16.fnt"_s, QByteArray(30, '\xFF'));
+    scan(u"16x16.fnt"_s, fillInspection);
+    EXPECT_EQ(fonts.inspection.List1.size(), 3 + 65535);
+    EXPECT_EQ(fonts.inspection.FontOffsets.size(), 65536U);
+    const CharacterView far = clickOnCharacter(fonts.inspection, shell.run, 3);
+    EXPECT_FALSE(far.glyph);
+    EXPECT_TRUE(far.message.startsWith(u"Position in set =3\n"_s));
+}
+
+TEST_F(FontScan, ListsTheContentsOfAFile)
+{
+    shell.member(u"16x16.fnt"_s, referenceFont(referenceTag));
+    scan(u"16x16.fnt"_s, fillInspection);
+    const QStringList& rows = fonts.inspection.List1;
+    ASSERT_EQ(rows.size(), 178);
+    EXPECT_EQ(rows[0], u"File name: 16x16.fnt"_s);
+    EXPECT_EQ(rows[1], u"Symbols in set: 175, Fontheight:23px, Lineheight:19px"_s);
+    EXPECT_EQ(rows[2], u"06 8E 82 D2  AF 00 00 00  17 04 13 ..."_s);
+    EXPECT_EQ(rows[3],
+              u"2000 C06E00| |UTF 0x0020=0032 | chr data=00886 0x6EC0 ==> offset=0x0376"_s);
+    EXPECT_EQ(rows[98].left(28), u"1004 "_s + rows[98].mid(5, 6) + u"|А|UTF 0x0410=104"_s);
+    scan(); // any other scan empties the rows and keeps the places
+    EXPECT_TRUE(fonts.inspection.List1.isEmpty());
+    EXPECT_EQ(fonts.inspection.FontOffsets.size(), 176U);
+}
+
+TEST_F(FontScan, AClickShowsTheBitsOfAGlyph)
+{
+    const QByteArray file = referenceFont("TAG");
+    shell.member(u"16x16.fnt"_s, file);
+    scan(u"16x16.fnt"_s, fillInspection);
+    const CharacterView blank = clickOnCharacter(fonts.inspection, shell.run, 3);
+    EXPECT_EQ(blank.message, u"Position in set =3\n"_s + fonts.inspection.List1[3] +
+                                 u"\n\nChr bitmap representation:\n0C008000"_s);
+    ASSERT_TRUE(blank.glyph);
+    EXPECT_EQ(blank.glyph->advance, 4);
+    EXPECT_EQ(blank.header.fontHeight, 23);
+    const CharacterView last = clickOnCharacter(fonts.inspection, shell.run, 177);
+    EXPECT_TRUE(last.message.endsWith(u"544147"_s)) << last.message.toStdString();
+    for (const int row : {-1, 0, 1, 2, 178}) {
+        const CharacterView none = clickOnCharacter(fonts.inspection, shell.run, row);
+        EXPECT_TRUE(none.message.endsWith(u"representation:\n---"_s)) << row;
+        EXPECT_FALSE(none.glyph);
+    }
+    ASSERT_TRUE(shell.files.remove(shell.run.Workspace + u"16x16.fnt"_s).ok());
+    const CharacterView gone = clickOnCharacter(fonts.inspection, shell.run, 3);
+    EXPECT_TRUE(gone.message.endsWith(u"\n00000000"_s));
+    EXPECT_FALSE(gone.glyph);
+}
+
+// A glyph that hangs below the baseline and left of the pen, four screen pixels for one.
+TEST(GlyphPicture, DrawsInkBoxBaselineAndPen)
+{
+    const Glyph glyph{0x6A, 2, 3, -1, -2, 3, {13, 0, 0, 6, 13, 13}};
+    FntHeader header;
+    header.fontHeight = 8;
+    header.baseline = 2;
+    const QImage image = glyphPicture(glyph, header, 8);
+    EXPECT_EQ(image.size(), QSize(4 * 8 + 1, 8 * 8 + 1));
+    EXPECT_EQ(image.pixel(4, 5 * 8 + 4), 0xff000000U);             // top left pixel, full ink
+    EXPECT_EQ(image.pixel(8 + 4, 6 * 8 + 4), qRgb(138, 138, 138)); // 255 - 6 * 255 / 13
+    EXPECT_EQ(image.pixel(8 + 4, 5 * 8 + 4), 0xffffffffU);
+    EXPECT_EQ(image.pixel(2 * 8 + 4, 6 * 8), 0xff2060d0U); // the baseline
+    EXPECT_EQ(image.pixel(8, 4), 0xffd03030U);             // the pen before
+    EXPECT_EQ(image.pixel(4 * 8, 4), 0xffd03030U);         // and after
+    EXPECT_FALSE(glyphPicture({}, {}, 0).isNull());
+}
+
+TEST_F(FontScan, SampleNamesTheFontThatIsShown)
+{
+    shell.member(u"16x16_05.fnt"_s, referenceFont(referenceTag));
+    scan();
+    const FontSample sample = fontSample(fonts, 1, {u"DejaVu Sans"_s});
+    EXPECT_EQ(sample.record.FontName, u"DejaVu Sans"_s);
+    EXPECT_EQ(sample.record.Size, 14);
+    EXPECT_TRUE(sample.text.startsWith(u"Gfxboot @ZUK-MOSA@. Multi Font Support. \n"_s));
+    EXPECT_TRUE(sample.text.endsWith(u"\n This is an example of the font used."_s));
+    EXPECT_TRUE(sample.text.contains(u"DejaVu Sans"_s));
+    EXPECT_EQ(fontSample(fonts, 1, {u"Tahoma"_s}).text,
+              u"Gfxboot @ZUK-MOSA@. Multi Font Support. \n This is an example of the font used."_s);
+    EXPECT_EQ(fontSample(fonts, 0, {u"Verdana"_s}).record.FontName, u"Verdana"_s);
+    EXPECT_EQ(recordOfTag(u"|File: 16x16_05.fnt||arr05|"_s), 5);
+    EXPECT_EQ(recordOfTag(u"|arrx|"_s), 0);
+}
+
+TEST(FontTag, SaysHowTheFontWasMade)
+{
+    FontChoice choice{u"Ta|ho\tma"_s, true, true, 14.5, {}, 4, -1, 2};
+    EXPECT_EQ(
+        fontTagText(choice),
+        u"TAG@ZUK-MOSA@:>Created by the Fennel-GFX(GUI) using the MKBLFONT utility|Ta ho ma\t "
+        "Bold Italic|size\t15 px|space\t4 px|letter space\t2 px|line space\t-1 px"_s);
+    FontRecord record;
+    applyTag(findTag(toCp1251(fontTagText(choice))).tag, record);
+    EXPECT_EQ(record.FontName, u"Ta ho ma"_s);
+    EXPECT_EQ(record.Size, 15);
+    EXPECT_EQ(record.LineSpace, -1);
+    EXPECT_EQ(record.LetterSpace, 2);
+}
