@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// An open gfxboot of generation 3 for the tests of the parameters: every parameter that a list
+// shows has a record and a catalogue line, the logo is 120 by 80, the background 800 by 600.
+#pragma once
+
+#include "params/object_table.h"
+#include "params/panel_values.h"
+#include "params/tabs.h"
+#include "support/test_shell.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QImage>
+
+namespace fennel::test {
+
+class ParamsTest : public testing::Test {
+protected:
+    ParamsTest()
+    {
+        shell.run.GfxOpened = shell.run.GfxHasZuk = true;
+        shell.run.gfxboot_var = 3;
+        shell.run.ObjectCount = 40;
+        shell.run.BackWidth = 800;
+        shell.run.BackHeight = 600;
+        shell.run.GfxFileName = QStringLiteral("boot.gz");
+        fonts[0].FontName = QStringLiteral("Sans");
+        fonts[0].Size = 14;
+        shell.member(QStringLiteral("Logo_msk.jpg"), jpeg(120, 80));
+        for (int file = 0; file < zukFileCount; ++file) {
+            for (int param = 1; param <= zukParamCount; ++param)
+                describe(file, param);
+        }
+        set(1, 1, 0); // no sparkles
+    }
+
+    static QByteArray jpeg(int width, int height)
+    {
+        QImage image(width, height, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        image.save(&buffer, "JPG");
+        return buffer.data();
+    }
+    void describe(int file, int param)
+    {
+        ZukCell& cell = lists.ZUKarr.at(file, param);
+        cell.Name = QStringLiteral("s.test%1.p%2").arg(file).arg(param);
+        cell.Comment = QStringLiteral("comment %1").arg(param);
+        cell.DefValue = 7;
+        cell.LevelValue = param;
+    }
+    void set(int file, int param, int value) { lists.ZUKarr.at(file, param).LevelValue = value; }
+    void build()
+    {
+        FillOptions options;
+        options.opening = true;
+        options.updateEngine = [this] { ++updates; };
+        BuildPanels(shell.shell, lists);
+        applyGeneration(shell.shell, lists, fonts, {});
+        BuildTabs(shell.shell, lists, options);
+    }
+    PanelRec& panel(int row) { return *lists.object(row); }
+    ListRows& listOf(int object) { return *lists.list(panel(object).TabIndex); }
+    // The number of the row with that item; 0 if there is none.
+    int rowNumber(int object, const QString& item)
+    {
+        const ListRows& list = listOf(object);
+        for (int number = 1; number <= list.count(); ++number) {
+            if (list.row(number)->text() == item)
+                return number;
+        }
+        return 0;
+    }
+    ListRow& row(int object, const QString& item)
+    {
+        return *listOf(object).row(rowNumber(object, item));
+    }
+    QString value(int object, const QString& item) { return row(object, item).text(CfgColumn); }
+
+    TestShell shell;
+    ParamLists lists;
+    FontTable fonts{std::size_t{fontCount}};
+    int updates = 0;
+};
+
+} // namespace fennel::test

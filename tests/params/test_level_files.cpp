@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+#include "params_fixture.h"
+
+#include "params/level_files.h"
+#include "params/row_values.h"
+
+#include <QDir>
+
+#include <random>
+
+using namespace fennel;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray quoted = QByteArray::fromHex("01000001 3B010002 5A000003 42301806");
+
+} // namespace
+
+class LevelFiles : public test::ParamsTest {
+protected:
+    int level(int file, int param) { return lists.ZUKarr.at(file, param).LevelValue; }
+    void read() { ReadLevelFiles(shell.shell, lists.ZUKarr); }
+    void saveAll()
+    {
+        GatherListValues(shell.shell, lists);
+        ASSERT_TRUE(WriteLevelFiles(shell.shell, lists.ZUKarr));
+    }
+    QByteArray bytes(const QString& name) { return test::bytesOf(shell.run.Workspace + name); }
+};
+
+TEST_F(LevelFiles, ReadRecordsInAnyOrder)
+{
+    shell.member(u"ZUK0000.CFG"_s, quoted + QByteArray::fromHex("01000063"));
+    shell.member(u"ZUK0002.CFG"_s, QByteArray::fromHex("05000009 06000009 FFFFFF01"));
+    shell.member(u"ZUK0012.CFG"_s, QByteArray::fromHex("0100000A"));
+    lists.ZUKarr.at(0, 5).EditValue = 3;
+    lists.ZUKarr.at(0, 5).LstValue = 4;
+    lists.ZUKarr.at(0, 5).RowPos = 4;
+    read();
+    EXPECT_EQ(level(0, 1), 1);
+    EXPECT_EQ(level(0, 2), 315);
+    EXPECT_EQ(level(0, 3), 90);
+    EXPECT_EQ(level(0, 6), 0x183042);
+    EXPECT_EQ(level(0, 99), 1);
+    EXPECT_EQ(level(2, 9), 6); // the last one wins
+    EXPECT_EQ(level(2, 1), 16777215);
+    EXPECT_EQ(level(12, 10), 1);
+    EXPECT_EQ(level(7, 1), -1); // no file
+    const ZukCell& cell = lists.ZUKarr.at(0, 5);
+    EXPECT_FALSE(cell.EditValue);
+    EXPECT_EQ(cell.LstValue, 4);
+    EXPECT_EQ(cell.RowPos, -1);
+    EXPECT_EQ(cell.DefValue, 7);
+}
+
+TEST_F(LevelFiles, TakeBadBytes)
+{
+    shell.member(u"ZUK0000.CFG"_s, {});
+    shell.member(u"ZUK0001.CFG"_s, "\1\2\1");
+    shell.member(u"ZUK0002.CFG"_s, QByteArray::fromHex("0500000A 0600"));
+    shell.member(u"ZUK0003.CFG"_s, QByteArray(80, '\0'));
+    shell.member(u"ZUK0004.CFG"_s, QByteArray::fromHex("01000064 010000FF 02000001"));
+    std::mt19937 random(1); // NOLINT(bugprone-random-generator-seed): the same bytes each run
+    QByteArray noise(10'000'000, '\0');
+    for (char& c : noise)
+        c = static_cast<char>(random());
+    shell.member(u"ZUK0005.CFG"_s, noise);
+    read();
+    EXPECT_EQ(level(0, 1), -1);
+    EXPECT_EQ(level(1, 1), -1);
+    EXPECT_EQ(level(2, 10), 5);
+    EXPECT_EQ(level(2, 11), -1);
+    EXPECT_EQ(level(3, 1), -1);
+    EXPECT_EQ(level(4, 1), 2);
+    EXPECT_EQ(level(5, 1), level(5, 1) & 0xFFFFFF);
+}
+
+TEST_F(LevelFiles, FallThroughTheLayers)
+{
+    ZukCell& cell = lists.ZUKarr.at(3, 5);
+    cell = {};
+    const auto value = [&](Layer layer) { return lists.ZUKarr.GetLevelValue(3, 5, layer); };
+    cell.LevelValue = 9; // a record, but no catalogue line
+    EXPECT_EQ(value(Layer::Cfg), -1);
+    EXPECT_EQ(value(Layer::Lst), std::nullopt);
+    cell.LevelValue = -1;
+    cell.DefValue = 1;
+    EXPECT_EQ(value(Layer::Cfg), 1);
+    EXPECT_EQ(value(Layer::Lst), 1);
+    cell.LevelValue = 2;
+    EXPECT_EQ(value(Layer::Default), 1);
+    EXPECT_EQ(value(Layer::Edit), 2);
+    cell.EditValue = 3;
+    EXPECT_EQ(value(Layer::Cfg), 2);
+    EXPECT_EQ(value(Layer::Edit), 3);
+    EXPECT_EQ(value(Layer::Lst), 3);
+    cell.LstValue = 4;
+    EXPECT_EQ(value(Layer::Edit), 3);
+    EXPECT_EQ(value(Layer::Lst), 4);
+    for (const auto& [file, param] : {std::pair{-1, 1}, {16, 1}, {0, 0}, {0, 100}, {0, -5}})
+        EXPECT_EQ(lists.ZUKarr.GetLevelValue(file, param, Layer::Edit), -1);
+
+    cell = {};
+    cell.DefValue = -1;
+    shell.prompts.expectMessage(u"Файл: ZUK0003.CFG\nParameter :5: does not exist!\n"_s);
+    EXPECT_EQ(GetLevelValue(shell.shell, lists.ZUKarr, 3, 5, Layer::Cfg), -1);
+    EXPECT_EQ(shell.prompts.titles.last(), u"FENNEL-GFX"_s);
+}
+
+TEST_F(LevelFiles, ComeBackByteForByte)
+{
+    shell.member(u"ZUK0005.CFG"_s, QByteArray::fromHex("FFFFFF01 0200000A"));
+    shell.member(u"ZUK0009.CFG"_s, QByteArray::fromHex("07000002 07"));
+    build();
+    GatherListValues(shell.shell, lists);
+    // A hexadecimal row, written as typed; 255 in it is decimal.
+    setTypedValue(lists, fonts, panel(5).TabIndex, rowNumber(5, u":06:="_s), u"0x183042");
+    setTypedValue(lists, fonts, panel(5).TabIndex, rowNumber(5, u":08:="_s), u"255");
+    setTypedValue(lists, fonts, panel(5).TabIndex, rowNumber(5, u":02:="_s), u"-5");
+    saveAll();
+    const QByteArray base = bytes(u"ZUK0000.CFG"_s);
+    EXPECT_TRUE(base.contains(QByteArray::fromHex("01000001 FBFFFF02 03000003 42301806 FF000008")));
+    EXPECT_TRUE(base.endsWith(QByteArray::fromHex("63000063")));
+    // Parameters that no list shows are gone: 1, 2, 3, 8, 9 and 38 of file 6 stay.
+    EXPECT_EQ(bytes(u"ZUK0006.CFG"_s),
+              QByteArray::fromHex("01000001 02000002 03000003 08000008 09000009 26000026"));
+    EXPECT_FALSE(FileExists(shell.run.Workspace + u"ZUK0001.CFG"_s)); // no sparkle tab
+    EXPECT_EQ(bytes(u"ZUK0009.CFG"_s), QByteArray::fromHex("07000002 07"));
+
+    read();
+    build();
+    saveAll();
+    EXPECT_EQ(bytes(u"ZUK0000.CFG"_s), base);
+}
+
+TEST_F(LevelFiles, AreNeverHalf)
+{
+    build();
+    saveAll();
+    const QDir folder(shell.run.Workspace);
+    const QStringList names = folder.entryList(QDir::Files);
+    setTypedValue(lists, fonts, panel(5).TabIndex, 2, u"1000");
+    GatherListValues(shell.shell, lists);
+    const QByteArray before = bytes(u"ZUK0000.CFG"_s);
+    QByteArray after;
+    int failing = 0;
+    for (bool written = false; !written; ++failing) {
+        ASSERT_LT(failing, 100);
+        shell.files.calls = 0;
+        shell.files.failAt = failing + 1;
+        const Result<void> result = WriteLevelFiles(shell.shell, lists.ZUKarr);
+        written = result.ok();
+        EXPECT_EQ(folder.entryList(QDir::Files), names) << failing;
+        after = bytes(u"ZUK0000.CFG"_s);
+        EXPECT_EQ(after.size(), before.size());
+        if (failing < 9) { // one write for each of the nine files, then the renames
+            EXPECT_EQ(after, before);
+        }
+    }
+    EXPECT_GT(failing, 18);
+    EXPECT_NE(after, before);
+}
+
+TEST_F(LevelFiles, NeedGeneration3)
+{
+    shell.member(u"ZUK0000.CFG"_s, quoted);
+    shell.run.GfxHasZuk = false;
+    lists.ZUKarr.at(0, 1).EditValue = 5;
+    set(0, 1, 44);
+    read();
+    EXPECT_EQ(level(0, 1), 44);
+    EXPECT_TRUE(WriteLevelFiles(shell.shell, lists.ZUKarr));
+    EXPECT_EQ(bytes(u"ZUK0000.CFG"_s), quoted);
+}

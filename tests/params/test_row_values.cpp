@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+// Values typed, dragged and imposed by a menu: rows, objects and the table agree afterwards.
+#include "params_fixture.h"
+
+#include "params/level_files.h"
+#include "params/menu_level.h"
+#include "params/row_values.h"
+
+using namespace fennel;
+using namespace Qt::StringLiterals;
+
+class RowValues : public test::ParamsTest {
+protected:
+    RowValues() { build(); }
+    RowChange type(int object, const QString& item, const QString& text)
+    {
+        return setTypedValue(lists, fonts, panel(object).TabIndex, rowNumber(object, item), text);
+    }
+};
+
+TEST(Typed, IsNeverRefused)
+{
+    const std::pair<const char*, const char*> cases[] = {{"0xff00", "0x00FF00"},
+                                                         {"0X1234567", "0x234567"},
+                                                         {"12abc", "12"},
+                                                         {"abc", "0"},
+                                                         {"", "0"},
+                                                         {"-7", "-7"},
+                                                         {"12 13", "1213"},
+                                                         {"0x", "0x000000"},
+                                                         {"0xGG", "0x0000GG"},
+                                                         {" 0xff", "0x0000FF"}};
+    for (const auto& [typed, stored] : cases)
+        EXPECT_EQ(normaliseTyped(QString::fromLatin1(typed)), QString::fromLatin1(stored));
+    EXPECT_EQ(normaliseTyped(u"0x"_s + QString(1'000'000, u'7')), u"0x777777"_s);
+    EXPECT_FALSE(normaliseTyped(QString(1'000'000, u'9')).isEmpty());
+}
+
+TEST_F(RowValues, ReachRowSwatchAndObject)
+{
+    RowChange change = type(5, u":06:="_s, u"0xff00"_s);
+    EXPECT_EQ(change.objects, std::vector<int>{5});
+    EXPECT_EQ(value(5, u":06:="_s), u"0x00FF00"_s);
+    EXPECT_EQ(row(5, u":06:="_s).swatch, 0xff00ff00);
+    EXPECT_EQ(panel(5).BackColor, 0xff00ff00);
+    type(5, u":06:="_s, u"255"_s);
+    EXPECT_EQ(value(5, u":06:="_s), u"255"_s);
+    EXPECT_FALSE(row(5, u":06:="_s).swatch);
+    type(5, u":02:="_s, u"777"_s);
+    EXPECT_EQ(panel(5).Left, 777);
+    // In no source field: it waits for the save.
+    change = type(24, u":18:="_s, u"9"_s);
+    EXPECT_TRUE(change.objects.empty() && !change.statesPainted);
+    EXPECT_EQ(value(24, u":18:="_s), u"9"_s);
+    // Font 33 is not there, font 12 is.
+    fonts[12].FontName = u"Serif"_s;
+    type(5, u":09:="_s, u"12"_s);
+    EXPECT_EQ(panel(5).FontIndex, 12);
+    for (const QString& missing : {u"33"_s, u"-1"_s, u"100000"_s}) {
+        type(5, u":09:="_s, missing);
+        EXPECT_EQ(panel(5).FontIndex, 0);
+    }
+}
+
+TEST_F(RowValues, ReachBothMenuAndBar)
+{
+    const RowChange change = type(0, u":42:="_s, u"99"_s);
+    EXPECT_EQ(change.objects, (std::vector<int>{0, 1}));
+    EXPECT_EQ(value(1, u":42:="_s), u"99"_s);
+    EXPECT_EQ(panel(1).Left, 99);
+    // The save takes the last list: it must have what was typed in the first.
+    GatherListValues(shell.shell, lists);
+    EXPECT_EQ(lists.ZUKarr.at(0, 42).EditValue, 99);
+    type(0, u":40:="_s, u"8"_s);
+    EXPECT_EQ(lists.MenuSlit, 8);
+}
+
+TEST_F(RowValues, SwitchAnObjectOffAndOn)
+{
+    RowChange change = type(5, u":01:="_s, u"0"_s);
+    EXPECT_TRUE(change.statesPainted);
+    EXPECT_EQ(panel(5).On, 0);
+    for (const ListRow& row : listOf(5).rows) {
+        const QRgb expected = row.text() == u":01:="_s ? 0xff0000ff : 0xffcccccc;
+        EXPECT_EQ(row.colour, expected);
+        for (const RowCell& cell : row.cells)
+            EXPECT_EQ(cell.colour, expected);
+    }
+    type(24, u":01:="_s, u"1"_s);
+    EXPECT_EQ(row(24, u":02:="_s).colour, 0xff0000ff);
+    EXPECT_EQ(row(24, u":18:="_s).colour, 0xff000000);
+}
+
+TEST_F(RowValues, AreForParametersOnly)
+{
+    shell.member(u"Logo_01.jpg"_s, "12345");
+    FillObjectList(shell.shell, lists, 4, {});
+    type(4, u"Logo_01.jpg"_s, u"3"_s);
+    EXPECT_EQ(value(4, u"Logo_01.jpg"_s), u"5"_s);
+    for (const auto& [tab, row] : {std::pair{0, 1}, {2, 1}, {6, 0}, {6, 99}, {99, 1}, {-1, -1}})
+        EXPECT_TRUE(setTypedValue(lists, fonts, tab, row, u"1").objects.empty());
+    EXPECT_EQ(GetPanelParam(lists, panel(5).TabIndex, 55), -1);
+    EXPECT_EQ(GetPanelParam(lists, 99, 1), -1);
+    panel(5).Enabled = false;
+    EXPECT_FALSE(RecalcPanelFromList(lists, fonts, panel(5).TabIndex, 5));
+}
+
+TEST_F(RowValues, ComeFromTheMouse)
+{
+    panel(5).BackColor = 0xff0a0b0c;
+    PanelParamsToRow(lists, 5, QRectF(50, 101, 30, 30), 0.5);
+    EXPECT_EQ(value(5, u":02:="_s), u"100"_s);
+    EXPECT_EQ(value(5, u":03:="_s), u"202"_s);
+    EXPECT_EQ(value(5, u":06:="_s), u"0x0A0B0C"_s);
+    EXPECT_EQ(row(5, u":06:="_s).swatch, 0xff0a0b0c);
+    EXPECT_EQ(panel(5).Left, 100);
+    EXPECT_EQ(panel(5).Width, 72); // fixed
+
+    panel(24).Transp = 40;
+    PanelParamsToRow(lists, 24, QRectF(1, 2, 5, 7), 2); // halves go to the even side
+    EXPECT_EQ(value(24, u":02:="_s), u"0"_s);
+    EXPECT_EQ(value(24, u":04:="_s), u"2"_s);
+    EXPECT_EQ(value(24, u":05:="_s), u"4"_s);
+    EXPECT_EQ(value(24, u":07:="_s), u"40"_s);
+
+    PanelParamsToRow(lists, 1, QRectF(10, 20, 300, 24), 1);
+    for (const int object : {0, 1}) {
+        EXPECT_EQ(value(object, u":42:="_s), u"10"_s);
+        EXPECT_EQ(value(object, u":43:="_s), u"20"_s);
+        EXPECT_EQ(value(object, u":54:="_s), u"300"_s);
+        EXPECT_EQ(panel(object).Width, 300);
+    }
+    EXPECT_EQ(panel(0).Height, 140);
+    PanelParamsToRow(lists, 5, QRectF(0, 0, 1, 1), 0);
+    EXPECT_EQ(panel(5).Left, 100); // no scale, no change
+    EXPECT_FALSE(SetRowValue(lists, 98, u"1"_s, 5));
+}
+
+TEST_F(RowValues, GiveWayToAMenu)
+{
+    lists.ZUKarr.at(0, 2).LstValue = 400;
+    lists.ZUKarr.at(0, 6).LstValue = 0xFF;
+    refreshLstColumn(lists);
+    EXPECT_EQ(row(5, u":02:="_s).text(LstColumn), u"400"_s);
+    EXPECT_EQ(row(5, u":06:="_s).text(LstColumn), u"0xFF"_s);
+    lists.ZUKarr.at(0, 6).LstValue.reset();
+    refreshLstColumn(lists);
+    EXPECT_EQ(row(5, u":06:="_s).text(LstColumn), QString());
+
+    type(5, u":02:="_s, u"50"_s);
+    EXPECT_EQ(switchMenuLevel(shell.shell, lists, true), std::nullopt); // no word of a background
+    EXPECT_EQ(panel(5).Left, 400);
+    EXPECT_EQ(switchMenuLevel(shell.shell, lists, false), std::nullopt);
+    EXPECT_EQ(panel(5).Left, 50);
+
+    type(39, u":99:="_s, u"3"_s);
+    lists.ZUKarr.at(0, 99).LstValue = 102;
+    shell.member(u"back_02.jpg"_s, "x");
+    EXPECT_EQ(switchMenuLevel(shell.shell, lists, true), shell.run.Workspace + u"back_02.jpg"_s);
+    EXPECT_EQ(switchMenuLevel(shell.shell, lists, false), shell.run.Workspace + u"back.jpg"_s);
+}

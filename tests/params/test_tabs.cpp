@@ -1,0 +1,267 @@
+// SPDX-License-Identifier: MIT
+// Tabs, the buttons beside their lists, and what a click means.
+#include "params_fixture.h"
+
+#include "params/list_actions.h"
+
+using namespace fennel;
+using namespace Qt::StringLiterals;
+
+class Tabs : public test::ParamsTest {
+protected:
+    QStringList captions()
+    {
+        QStringList texts;
+        for (std::size_t tab = 1; tab < lists.tabs.size(); ++tab)
+            texts.append(lists.tabs[tab].caption);
+        return texts;
+    }
+    static ListRow coloured(QRgb colour)
+    {
+        ListRow row;
+        row.colour = colour;
+        return row;
+    }
+    static ListRow member(const QString& name)
+    {
+        ListRow row;
+        row.cells.emplace_back().text = name;
+        row.tag = fileTag(name);
+        return row;
+    }
+    DoubleClick twice(int tab, int row = 1)
+    {
+        return onDoubleClick(shell.run, lists, tab, row, false);
+    }
+    void put(int tab, const ListRow& row)
+    {
+        lists.list(tab)->rows = {row};
+        lists.list(tab)->selected = 1;
+    }
+};
+
+TEST_F(Tabs, OfATemplate)
+{
+    const QStringList fixed = {u"Menu"_s, u"Gfxboot"_s, u"Config"_s, u"Background(s)"_s,
+                               u"Font(s)"_s};
+    build();
+    EXPECT_EQ(captions(),
+              fixed +
+                  QStringList({u"MenuPanel"_s, u"MenuBar"_s, u"LOGO"_s, u"Time"_s, u"Date"_s,
+                               u"InfoLine"_s, u"HelpPanel"_s, u"RunLine"_s, u"Glasses"_s,
+                               u"Linear Timer"_s, u"Circular Timer"_s, u"Numerical Timer"_s,
+                               u"WaitPanel"_s, u"Animation"_s, u"InfoPanel"_s, u"@ZUK-MOSA@"_s}));
+    EXPECT_EQ(lists.tabs[15].toolTip, u"Linear Timer settings tab"_s);
+    EXPECT_EQ(lists.tabs[15].object, 24);
+    EXPECT_EQ(tabMenuCaption(lists.tabs[15]), u" - Linear Timer"_s);
+    EXPECT_EQ(panel(0).TabIndex, 6);
+
+    set(1, 1, 2);
+    put(TabGfxboot, member(u"init"_s));
+    lists.CurrentTab = 21;
+    build();
+    EXPECT_EQ(captions().mid(11, 4),
+              QStringList({u"HelpPanel"_s, u"Sparkle №1"_s, u"Sparkle №2"_s, u"RunLine"_s}));
+    EXPECT_EQ(lists.CurrentTab, 21);
+    EXPECT_EQ(lists.list(TabGfxboot)->count(), 1); // fixed lists stay
+
+    shell.run.GfxHasZuk = false;
+    shell.run.gfxboot_var = 2;
+    shell.run.ObjectCount = 4;
+    BuildPanels(shell.shell, lists);
+    BuildTabs(shell.shell, lists, {});
+    EXPECT_EQ(captions(), fixed);
+    EXPECT_EQ(lists.lists.size(), lists.tabs.size());
+    EXPECT_EQ(lists.CurrentTab, 1);
+}
+
+TEST_F(Tabs, LeaveObjectsShownOrNot)
+{
+    set(0, 11, 0);
+    build();
+    EXPECT_TRUE(shownAfterLeaving(lists, panel(0).TabIndex));  // constant -1
+    EXPECT_TRUE(shownAfterLeaving(lists, panel(5).TabIndex));  // on
+    EXPECT_FALSE(shownAfterLeaving(lists, panel(6).TabIndex)); // off
+    EXPECT_FALSE(shownAfterLeaving(lists, panel(7).TabIndex)); // only while selected
+    EXPECT_FALSE(shownAfterLeaving(lists, 2));
+}
+
+TEST_F(Tabs, EnableButtonsForMembers)
+{
+    build();
+    put(TabFonts, member(u"16x16.fnt"_s));
+    put(TabBackgrounds, member(u"back.jpg"_s));
+    put(TabGfxboot, member(u"ZUK_Read.txt"_s));
+    const RowButtons picture = {true, true, true, true, true, true, false, true};
+    const RowButtons words = {true, true, true, true, true, true, true, false};
+    EXPECT_EQ(buttonsOfRow(shell.run, lists, TabBackgrounds, 1), picture);
+    EXPECT_EQ(buttonsOfRow(shell.run, lists, TabGfxboot, 1), words);
+    RowButtons afterChange = picture;
+    afterChange.Font_change = false;
+    EXPECT_EQ(buttonsOfTab(shell.run, lists, TabBackgrounds), afterChange);
+    RowButtons fontOnly;
+    fontOnly.toolbar12 = true;
+    EXPECT_EQ(buttonsOfRow(shell.run, lists, panel(5).TabIndex, 2), fontOnly);
+    shell.run.gfxboot_var = 1;
+    shell.run.GfxHasZuk = false;
+    EXPECT_EQ(buttonsOfRow(shell.run, lists, TabBackgrounds, 1), RowButtons());
+    EXPECT_EQ(buttonsOfTab(shell.run, lists, 99), RowButtons());
+}
+
+TEST_F(Tabs, SkipGreyRows)
+{
+    ListRows list;
+    for (const QRgb colour : {greyRow, blueRow, greyRow, greyRow, blackRow, greyRow})
+        list.rows.push_back(coloured(colour));
+    EXPECT_EQ(selectableRow(list, 2, 5), 2);
+    EXPECT_EQ(selectableRow(list, 3, 2), 5);
+    EXPECT_EQ(selectableRow(list, 4, 5), 2);
+    EXPECT_EQ(selectableRow(list, 6, 5), 2); // around the end
+    EXPECT_EQ(selectableRow(list, 1, 2), 5); // around the start
+    EXPECT_EQ(selectableRow(list, 3, 3), 5);
+    list.rows = {coloured(greyRow), coloured(greyRow)};
+    EXPECT_EQ(selectableRow(list, 1, 2), 0);
+    EXPECT_EQ(selectableRow({}, 1, 0), 0);
+
+    set(0, 1, 0); // the clock is off: the walk ends on its switch
+    build();
+    lists.CurrentRow = 1;
+    const ItemClick click = onItemClick(shell.run, lists, panel(5).TabIndex, 3, false);
+    EXPECT_TRUE(click.skipped);
+    EXPECT_EQ(click.select, 1);
+    EXPECT_EQ(click.buttons, RowButtons());
+}
+
+TEST_F(Tabs, AnswerClicks)
+{
+    build();
+    put(TabFonts, member(u"16x16.fnt"_s));
+    const ItemClick font = onItemClick(shell.run, lists, TabFonts, 1, true);
+    EXPECT_TRUE(font.showFont && font.showPopup && font.buttons.Font_change);
+    put(TabConfig, coloured(blueRow));
+    EXPECT_TRUE(onItemClick(shell.run, lists, TabConfig, 1, false).showCfgStatus);
+    EXPECT_FALSE(onItemClick(shell.run, lists, TabConfig, 1, true).showPopup);
+    EXPECT_EQ(onItemClick(shell.run, lists, 99, 1, true).buttons, RowButtons());
+}
+
+TEST_F(Tabs, AnswerDoubleClicks)
+{
+    shell.member(u"Logo_01.jpg"_s, "1");
+    shell.member(u"glass_01.jpg"_s, "1");
+    shell.member(u"RLineDef.txt"_s, "1");
+    set(6, 1, 0);
+    build();
+    const auto on = [&](int object, const QString& item) {
+        return twice(panel(object).TabIndex, rowNumber(object, item));
+    };
+    EXPECT_EQ(on(4, u"Logo_01.jpg"_s), DoubleClick::ShowLogo);
+    EXPECT_EQ(on(23, u"glass_01.jpg"_s), DoubleClick::OpenPicture);
+    EXPECT_EQ(on(22, u"RLineDef.txt"_s), DoubleClick::ShowText);
+    EXPECT_EQ(on(22, u"FileName"_s), DoubleClick::Nothing);
+    EXPECT_EQ(on(22, u"_____"_s), DoubleClick::SelectFirst);
+    EXPECT_EQ(on(5, u":02:="_s), DoubleClick::EditValue);
+    EXPECT_EQ(on(26, u":02:="_s), DoubleClick::SelectFirst); // grey
+    EXPECT_EQ(onDoubleClick(shell.run, lists, panel(5).TabIndex, 1, true),
+              DoubleClick::RefuseMenuLevel);
+    put(TabMenu, member(u"menu.LST"_s));
+    EXPECT_EQ(twice(TabMenu), DoubleClick::TakeMenu);
+    put(TabBackgrounds, member(u"back_01.jpg"_s));
+    EXPECT_EQ(twice(TabBackgrounds), DoubleClick::ShowBackground);
+    put(TabFonts, member(u"16x16.fnt"_s));
+    EXPECT_EQ(twice(TabFonts), DoubleClick::ShowFont);
+    put(TabGfxboot, member(u"init"_s));
+    EXPECT_EQ(twice(TabGfxboot), DoubleClick::Nothing);
+    put(TabConfig, coloured(blueRow));
+    EXPECT_EQ(twice(TabConfig), DoubleClick::Nothing); // generation 3 shows, but does not edit it
+    EXPECT_EQ(twice(TabConfig, 2), DoubleClick::Nothing);
+
+    shell.run.GfxHasZuk = false;
+    shell.run.gfxboot_var = 1;
+    EXPECT_EQ(twice(TabFonts), DoubleClick::TellOldFonts);
+    EXPECT_EQ(twice(TabBackgrounds), DoubleClick::Nothing);
+    shell.run.gfxboot_var = 2;
+    shell.run.GfxHasCfg = true;
+    EXPECT_EQ(twice(TabConfig), DoubleClick::EditValue);
+    put(TabConfig, coloured(fixedRow));
+    EXPECT_EQ(twice(TabConfig), DoubleClick::Nothing);
+}
+
+TEST_F(Tabs, AnswerKeysAndChecks)
+{
+    EXPECT_EQ(onListKey(TabMenu, Qt::Key_Return), ListKey::TakeMenu);
+    EXPECT_EQ(onListKey(TabConfig, Qt::Key_Enter), ListKey::EditValue);
+    EXPECT_EQ(onListKey(6, Qt::Key_2), ListKey::FlipCheck);
+    EXPECT_EQ(onListKey(TabFonts, Qt::Key_Return), ListKey::Nothing);
+
+    lists.list(TabMenu)->rows = {coloured(blackRow), coloured(blackRow), coloured(blackRow)};
+    EXPECT_EQ(onRowCheck(shell.run, lists, TabMenu, 2), RowCheck::Refuse);
+    EXPECT_EQ(onRowCheck(shell.run, lists, TabMenu, 3), RowCheck::TakeMenu);
+    lists.list(TabConfig)->rows = {coloured(blueRow), coloured(fixedRow)};
+    EXPECT_EQ(onRowCheck(shell.run, lists, TabConfig, 1), RowCheck::Refuse);
+    shell.run.gfxboot_var = 2;
+    EXPECT_EQ(onRowCheck(shell.run, lists, TabConfig, 1), RowCheck::WriteCfg);
+    EXPECT_EQ(onRowCheck(shell.run, lists, TabConfig, 2), RowCheck::Refuse);
+    EXPECT_EQ(onRowCheck(shell.run, lists, TabConfig, 9), RowCheck::Refuse);
+}
+
+TEST_F(Tabs, AnswerButtons)
+{
+    shell.member(u"Logo_01.jpg"_s, "1");
+    build();
+    const int logo = panel(4).TabIndex;
+    EXPECT_EQ(onComADD(lists, TabFonts), AddAction::AddFont);
+    EXPECT_EQ(onComADD(lists, logo), AddAction::AddLogo);
+    EXPECT_EQ(onComADD(lists, panel(23).TabIndex), AddAction::TellPlanned);
+    EXPECT_EQ(onComEdit(lists, TabGfxboot, u"back.jpg"_s), EditAction::TellSpecialTab);
+    EXPECT_EQ(onComEdit(lists, TabGfxboot, u"init"_s), EditAction::EditText);
+    EXPECT_EQ(onComEdit(lists, TabBackgrounds, u"back.jpg"_s), EditAction::EditBackground);
+    EXPECT_EQ(onComEdit(lists, logo, u"Logo_01.jpg"_s), EditAction::EditLogo);
+    EXPECT_EQ(onComEdit(lists, panel(28).TabIndex, u"ani_03.jpg"_s), EditAction::TellPlanned);
+    const int file = rowNumber(4, u"Logo_01.jpg"_s);
+    EXPECT_EQ(onComDEL(lists, logo, file, false), DeleteAction::AskDelete);
+    EXPECT_EQ(onComDEL(lists, logo, file, true), DeleteAction::RefuseRequired);
+    EXPECT_EQ(onComDEL(lists, logo, 1, false), DeleteAction::Nothing);
+    EXPECT_EQ(onComDEL(lists, logo, 0, false), DeleteAction::Nothing);
+}
+
+TEST_F(Tabs, HavePopups)
+{
+    build();
+    const auto indices = [&](int tab) {
+        std::vector<int> found;
+        for (const PopupEntry& entry : tabPopup(shell.run, lists, tab))
+            found.push_back(entry.index);
+        return found;
+    };
+    EXPECT_EQ(indices(TabMenu), (std::vector<int>{0, 102, 112, 113}));
+    EXPECT_EQ(indices(TabGfxboot), (std::vector<int>{0}));
+    EXPECT_EQ(indices(TabBackgrounds), (std::vector<int>{0, 101, 102, 112, 113, 115}));
+    EXPECT_EQ(indices(panel(4).TabIndex), (std::vector<int>{0, 112, 113, 116}));
+    shell.run.gfxboot_var = 1;
+    EXPECT_TRUE(indices(TabMenu).empty());
+    EXPECT_EQ(rowPopup(TabConfig, u"x"_s).size(), 1U);
+    EXPECT_FALSE(rowPopup(TabFonts, u"a.fnt"_s)[0].enabled);
+    const QStringList names = deleteAllNames(lists, TabFonts);
+    EXPECT_EQ(names.size(), 99);
+    EXPECT_EQ(names.first(), u"16x16_01.fnt"_s);
+    EXPECT_EQ(names.last(), u"16x16_99.fnt"_s);
+    EXPECT_EQ(deleteAllNames(lists, panel(4).TabIndex).first(), u"Logo_01.jpg"_s);
+}
+
+TEST_F(Tabs, HaveThumbnailsAndIcons)
+{
+    EXPECT_EQ(thumbnailMask(u"Animation"_s), u"ani_??.jpg|ani_??_msk.jpg"_s);
+    EXPECT_EQ(thumbnailMask(u"Time"_s), u"head*.jpg"_s);
+    for (int i = 0; i < 120; ++i)
+        shell.member(u"head%1.jpg"_s.arg(i), "x");
+    for (const char16_t* name : {u"ani_03_msk.jpg", u"ani_03.jpg", u"ani_00.jpg", u"ani_x.jpg"})
+        shell.member(QString::fromUtf16(name), "x");
+    EXPECT_EQ(thumbnailNames(shell.run.Workspace, u"head*.jpg"_s).size(), 100);
+    EXPECT_EQ(thumbnailNames(shell.run.Workspace, thumbnailMask(u"Animation"_s)),
+              QStringList({u"ani_00.jpg"_s, u"ani_03.jpg"_s, u"ani_03_msk.jpg"_s}));
+    EXPECT_EQ(thumbnailStatus(3, u"*.jpg"_s), u"This gfxboot includes 3 images called *.jpg"_s);
+    // 900 div (200 + 250) = 2 columns
+    EXPECT_EQ(iconPlaces(900, 250, 100, 3),
+              (std::vector<QPoint>{{100, 100}, {550, 100}, {100, 400}}));
+    EXPECT_EQ(iconPlaces(10, 250, 100, 2), (std::vector<QPoint>{{100, 100}, {100, 400}}));
+}
