@@ -87,6 +87,12 @@ void syncFolder(const QString& folder)
         ::fsync(file.fd());
 }
 
+// A "/" at the end would make the system follow a link.
+QString withoutSeparator(const QString& path)
+{
+    return path.endsWith(QLatin1Char('/')) && path.size() > 1 ? path.chopped(1) : path;
+}
+
 // What a chain of links ends in; the path itself if it is no link.
 QString linkTarget(const QString& path)
 {
@@ -150,11 +156,26 @@ Result<void> DiskFiles::removeFolder(const QString& path)
 Result<void> DiskFiles::makeFolder(const QString& path)
 {
     std::error_code error;
-    const QString bare = path.endsWith(QLatin1Char('/')) && path.size() > 1 ? path.chopped(1) : path;
+    const QString bare = withoutSeparator(path);
     std::filesystem::create_directories(QFile::encodeName(bare).toStdString(), error);
     if (!error && FolderExists(path))
         return {};
     return systemFailure("make the folder", path, error ? error.value() : ENOTDIR);
+}
+
+Result<void> DiskFiles::makePrivateFolder(const QString& path)
+{
+    const QString bare = withoutSeparator(path);
+    if (::mkdir(QFile::encodeName(bare).constData(), 0700) != 0 && errno != EEXIST)
+        return systemFailure("make the folder", path, errno);
+    // The owner is asked of the opened folder, not of the name, which might change in between.
+    const Descriptor folder(bare, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+    struct stat facts = {};
+    if (folder.fd() < 0 || ::fstat(folder.fd(), &facts) != 0 || facts.st_uid != ::geteuid())
+        return systemFailure("use the folder", path, EPERM);
+    if ((facts.st_mode & 07777) != 0700 && ::fchmod(folder.fd(), 0700) != 0)
+        return systemFailure("use the folder", path, errno);
+    return {};
 }
 
 Result<void> DiskFiles::copyFolder(const QString& source, const QString& target)
@@ -212,6 +233,14 @@ bool FolderExists(const QString& path)
     return QFileInfo(path).isDir();
 }
 
+bool isOwnFolder(const QString& path)
+{
+    const QString bare = withoutSeparator(path);
+    struct stat facts = {};
+    return ::lstat(QFile::encodeName(bare).constData(), &facts) == 0 && S_ISDIR(facts.st_mode) &&
+           facts.st_uid == ::geteuid();
+}
+
 qint64 fileSize(const QString& path)
 {
     return QFileInfo(path).size();
@@ -227,8 +256,8 @@ Result<QByteArray> readBytes(const QString& path, qint64 limit)
     if (file.error() != QFileDevice::NoError)
         return systemFailure("read", path, errno != 0 ? errno : EIO);
     if (bytes.size() > limit)
-        return Failure{FailureKind::TooLarge, path.toStdString() + " is larger than " +
-                                                  std::to_string(limit) + " bytes."};
+        return Failure{FailureKind::TooLarge,
+                       path.toStdString() + " is larger than " + std::to_string(limit) + " bytes."};
     return bytes;
 }
 
@@ -256,10 +285,9 @@ QString namePart(const QString& path)
 
 bool fitsPattern(const QString& name, const QString& pattern)
 {
-    const QString expression =
-        QRegularExpression::escape(pattern)
-            .replace(QLatin1String("\\?"), QLatin1String("."))
-            .replace(QLatin1String("\\*"), QLatin1String(".*"));
+    const QString expression = QRegularExpression::escape(pattern)
+                                   .replace(QLatin1String("\\?"), QLatin1String("."))
+                                   .replace(QLatin1String("\\*"), QLatin1String(".*"));
     const QRegularExpression regex(QRegularExpression::anchoredPattern(expression),
                                    QRegularExpression::CaseInsensitiveOption |
                                        QRegularExpression::DotMatchesEverythingOption);

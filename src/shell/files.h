@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Everything that the program changes in the file system goes through Files, so that a test can make
-// any single step fail. Reading needs no such layer and stands here as plain functions.
+// Everything that the program changes in the file system goes through Files, so that a test can
+// make any single step fail. Reading needs no such layer and stands here as plain functions.
 #pragma once
 
 #include "shell/result.h"
@@ -31,6 +31,10 @@ public:
     virtual Result<void> removeFolder(const QString& path) = 0;
     // Makes the folder and its parents. An existing folder is no failure.
     virtual Result<void> makeFolder(const QString& path) = 0;
+    // Makes a folder that only this user can enter (mode 0700), or makes an existing one of this
+    // user's so. Anything else under that name (another user's folder, a link, a file) is
+    // NoPermission.
+    virtual Result<void> makePrivateFolder(const QString& path) = 0;
     // Copies the plain files of a folder (members live flat, without sub-folders).
     virtual Result<void> copyFolder(const QString& source, const QString& target) = 0;
     // Puts the file `source` at `target` so that at every moment the target is the whole old or the
@@ -49,12 +53,14 @@ public:
     Result<void> remove(const QString& path) override;
     Result<void> removeFolder(const QString& path) override;
     Result<void> makeFolder(const QString& path) override;
+    Result<void> makePrivateFolder(const QString& path) override;
     Result<void> copyFolder(const QString& source, const QString& target) override;
     Result<void> replaceWhole(const QString& source, const QString& target) override;
 };
 
 bool FileExists(const QString& path);   // a plain file, or a link to one
 bool FolderExists(const QString& path); // a folder, or a link to one
+bool isOwnFolder(const QString& path);  // a folder of this user's, and no link
 qint64 fileSize(const QString& path);   // bytes; 0 if there is no such file
 
 // The whole file. `limit` in bytes guards against files that are no members of a boot screen.

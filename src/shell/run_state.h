@@ -23,7 +23,8 @@ struct RunState {
     QString ToolListUsb;
     QString ToolMkFont;
     bool LoggingOn = false;
-    QString CurrentLang; // four digits, such as "0409"
+    QString CurrentLang;  // four digits, such as "0409"
+    qint64 BuildTime = 0; // seconds since 1970-01-01 00:00:00 GMT
 
     QString WorkspaceRoot; // ends in "/"; everything in it is removed at exit
     QString Workspace;     // ends in "/"; the extracted members of the open gfxboot
@@ -48,6 +49,8 @@ struct RunState {
 
 // The version shown to people, as "major.minor.revision" with the revision padded to two digits.
 QString versionText();
+// versionText() in its usual frame: "FENNEL-GFX (v. 3.3.1011) /Component of ... project/".
+QString windowTitle();
 // "FENNEL-GFX": the title of the window and the name of the settings store.
 QString programTitle();
 

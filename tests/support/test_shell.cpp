@@ -57,6 +57,11 @@ Result<void> FaultyFiles::makeFolder(const QString& path)
     return fails() ? fullDisk(path) : DiskFiles::makeFolder(path);
 }
 
+Result<void> FaultyFiles::makePrivateFolder(const QString& path)
+{
+    return fails() ? fullDisk(path) : DiskFiles::makePrivateFolder(path);
+}
+
 Result<void> FaultyFiles::copyFolder(const QString& source, const QString& target)
 {
     return DiskFiles::copyFolder(source, target);

@@ -23,6 +23,7 @@ public:
     Result<void> remove(const QString& path) override;
     Result<void> removeFolder(const QString& path) override;
     Result<void> makeFolder(const QString& path) override;
+    Result<void> makePrivateFolder(const QString& path) override;
     Result<void> copyFolder(const QString& source, const QString& target) override;
     Result<void> replaceWhole(const QString& source, const QString& target) override;
 

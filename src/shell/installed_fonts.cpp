@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include "shell/installed_fonts.h"
+
+#include "shell/ini_file.h"
+
+#include <QFile>
+
+#include <fontconfig/fontconfig.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace fennel {
+
+namespace {
+
+template <auto destroy>
+struct Destroyer {
+    template <class T>
+    void operator()(T* object) const
+    {
+        destroy(object);
+    }
+};
+using Pattern = std::unique_ptr<FcPattern, Destroyer<FcPatternDestroy>>;
+using ObjectSet = std::unique_ptr<FcObjectSet, Destroyer<FcObjectSetDestroy>>;
+using FontSet = std::unique_ptr<FcFontSet, Destroyer<FcFontSetDestroy>>;
+
+const QString typeMark = QStringLiteral(" (TrueType)");
+
+// Text number `index` of a property; empty if there is none.
+const char* rawText(const FcPattern* pattern, const char* property, int index)
+{
+    FcChar8* text = nullptr;
+    if (FcPatternGetString(pattern, property, index, &text) != FcResultMatch)
+        return "";
+    return reinterpret_cast<const char*>(text);
+}
+
+// The text of a property in English, or its first one.
+QString englishText(const FcPattern* pattern, const char* property, const char* languages)
+{
+    for (int i = 0; *rawText(pattern, languages, i) != '\0'; ++i) {
+        if (QByteArrayView(rawText(pattern, languages, i)) == QByteArrayView("en"))
+            return QString::fromUtf8(rawText(pattern, property, i));
+    }
+    return QString::fromUtf8(rawText(pattern, property, 0));
+}
+
+// The upper half of a face's index numbers the instances of a variable font.
+bool isPlainFace(const FcPattern* pattern)
+{
+    int index = 0;
+    return FcPatternGetInteger(pattern, FC_INDEX, 0, &index) != FcResultMatch ||
+           (static_cast<unsigned>(index) >> 16) == 0;
+}
+
+} // namespace
+
+QString InstalledFont::fullName() const
+{
+    if (style.isEmpty() || style == QLatin1String("Regular"))
+        return family;
+    return family + QLatin1Char(' ') + style;
+}
+
+std::vector<InstalledFont> installedFonts()
+{
+    const Pattern wanted(FcPatternBuild(nullptr, FC_FONTFORMAT, FcTypeString, "TrueType",
+                                        FC_OUTLINE, FcTypeBool, FcTrue, nullptr));
+    const ObjectSet asked(FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, FC_STYLE, FC_STYLELANG,
+                                           FC_FILE, FC_INDEX, nullptr));
+    const FontSet found(FcFontList(nullptr, wanted.get(), asked.get()));
+    std::vector<InstalledFont> fonts;
+    for (int i = 0; found && i < found->nfont; ++i) {
+        const FcPattern* pattern = found->fonts[i];
+        if (isPlainFace(pattern))
+            fonts.push_back({englishText(pattern, FC_FAMILY, FC_FAMILYLANG),
+                             englishText(pattern, FC_STYLE, FC_STYLELANG),
+                             QFile::decodeName(rawText(pattern, FC_FILE, 0))});
+    }
+    return fonts;
+}
+
+QString fontListText(const std::vector<InstalledFont>& fonts)
+{
+    QStringList lines;
+    for (const InstalledFont& font : fonts)
+        lines.append(font.fullName() + typeMark + QLatin1Char('>') + namePart(font.path));
+    lines.sort();
+    lines.removeDuplicates();
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString installedFontList()
+{
+    return fontListText(installedFonts());
+}
+
+QString firstTrueTypeName(const QString& fontList)
+{
+    QStringList lines = fontList.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    lines.sort();
+    for (const QString& line : std::as_const(lines)) {
+        const qsizetype split = line.lastIndexOf(QLatin1Char('>'));
+        const QString file = namePart(line.mid(split + 1));
+        if (split < 0 || !file.contains(QLatin1String(".TTF"), Qt::CaseInsensitive))
+            continue;
+        const QString name = line.left(split);
+        const qsizetype mark = name.indexOf(typeMark);
+        return mark >= 0 ? name.left(mark) : name;
+    }
+    return {};
+}
+
+QString firstRunFontName(const QString& fontList)
+{
+    for (const char* name : {"Arial Unicode MS", "Tahoma", "Arial"}) {
+        if (fontList.contains(QLatin1String(name)))
+            return QString::fromLatin1(name);
+    }
+    return firstTrueTypeName(fontList);
+}
+
+QString DefaultFontName(const Shell& shell, const QString& fontList)
+{
+    if (FileExists(settingsFile(shell.run.AppPath))) {
+        const QString name = IniRead(shell, QStringLiteral("Default Font Name"));
+        if (!fontList.isEmpty() && fontList.contains(name))
+            return name;
+    }
+    return firstTrueTypeName(fontList);
+}
+
+} // namespace fennel

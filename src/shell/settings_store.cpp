@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "shell/settings_store.h"
+
+#include "shell/run_state.h"
+
+#include <QStringList>
+
+namespace fennel {
+
+namespace {
+
+QString fullKey(const QString& section, const QString& key)
+{
+    return section + QLatin1Char('/') + key;
+}
+
+// A value with a comma that somebody typed into the file without quotes is read as a list.
+QString asText(const QVariant& value)
+{
+    return value.toStringList().join(QLatin1String(", "));
+}
+
+} // namespace
+
+SettingsStore::SettingsStore()
+    : m_settings(QSettings::NativeFormat, QSettings::UserScope, programTitle(), programTitle())
+{
+    // Only what this user stored counts, not the defaults of a whole machine.
+    m_settings.setFallbacksEnabled(false);
+}
+
+SettingsStore::SettingsStore(const QString& file) : m_settings(file, QSettings::IniFormat) {}
+
+QString SettingsStore::get(const QString& section, const QString& key,
+                           const QString& fallback) const
+{
+    const QVariant value = m_settings.value(fullKey(section, key));
+    return value.isValid() ? asText(value) : fallback;
+}
+
+void SettingsStore::save(const QString& section, const QString& key, const QString& value)
+{
+    m_settings.setValue(fullKey(section, key), value);
+    m_settings.sync();
+}
+
+void SettingsStore::deleteSection(const QString& section)
+{
+    m_settings.remove(section);
+    m_settings.sync();
+}
+
+void SettingsStore::replaceSection(const QString& section, const Entries& entries)
+{
+    m_settings.remove(section);
+    for (const auto& [key, value] : entries)
+        m_settings.setValue(fullKey(section, key), value);
+    m_settings.sync();
+}
+
+SettingsStore::Entries SettingsStore::listAll(const QString& section) const
+{
+    m_settings.beginGroup(section);
+    QStringList keys = m_settings.childKeys();
+    keys.sort();
+    Entries all;
+    for (const QString& key : std::as_const(keys))
+        all.emplace_back(key, asText(m_settings.value(key)));
+    m_settings.endGroup();
+    return all;
+}
+
+} // namespace fennel

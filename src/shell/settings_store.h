@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// What the program keeps for a user between runs, beside the settings file: texts under a section
+// and a key. It lies where the platform keeps such things (on Linux
+// ~/.config/FENNEL-GFX/FENNEL-GFX.conf). A damaged or unwritable store reads as what is left of it
+// and never fails.
+#pragma once
+
+#include <QSettings>
+#include <QString>
+
+#include <utility>
+#include <vector>
+
+namespace fennel {
+
+inline const QString langsSection = QStringLiteral("Langs"); // key DefaultLang: four hex digits
+inline const QString menuSection = QStringLiteral("Menu");   // keys 0 to 9: files last used
+
+class SettingsStore {
+public:
+    using Entries = std::vector<std::pair<QString, QString>>; // key, value
+
+    SettingsStore();                             // the user's own
+    explicit SettingsStore(const QString& file); // a file in INI format, such as a test's
+
+    [[nodiscard]] QString get(const QString& section, const QString& key,
+                              const QString& fallback = {}) const;
+    // Written to disk before it returns, so that a crash loses nothing.
+    void save(const QString& section, const QString& key, const QString& value);
+    void deleteSection(const QString& section);
+    // The section then holds these entries and no other.
+    void replaceSection(const QString& section, const Entries& entries);
+    // Every key and value of a section, sorted by key.
+    [[nodiscard]] Entries listAll(const QString& section) const;
+
+private:
+    // QSettings reads through a lock of its own and has no const members for groups.
+    mutable QSettings m_settings;
+};
+
+} // namespace fennel

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "shell/status_line.h"
+
+namespace fennel {
+
+namespace {
+
+QString generationText(const RunState& run)
+{
+    if (run.GfxOpened && run.GfxHasZuk)
+        return QStringLiteral("@ZUK-MOSA@");
+    if (run.GfxOpened && run.GfxHasCfg)
+        return QStringLiteral("custom");
+    return QStringLiteral("old version ?");
+}
+
+QString hintText(const RunState& run)
+{
+    if (!run.GfxOpened)
+        return QStringLiteral("Select the gfxboot using File/Open");
+    if (run.CurrentFlashChar == noFlash)
+        return QStringLiteral("Specify the Current Flash Drive using the Flash/Choose");
+    return {};
+}
+
+} // namespace
+
+void Status_set(const Shell& shell, StatusFields& fields)
+{
+    const RunState& run = shell.run;
+    shell.WriteLog(QStringLiteral(" Status.set"));
+    fields.field(1) = QChar(static_cast<char16_t>(run.CurrentFlashChar)) + QLatin1Char(':');
+    fields.field(2) = run.GfxOpened ? run.GfxFileName : QStringLiteral("no current gfxboot");
+    fields.field(3) = generationText(run);
+    if (!run.GfxOpened) {
+        fields.field(4) = QStringLiteral("gfxboot size");
+        fields.field(5) = QStringLiteral("gfxboot Object");
+        fields.field(6) = QStringLiteral("(x;y), WxH, transp");
+        fields.field(7).clear();
+    }
+    fields.field(8) = hintText(run);
+}
+
+QRect ProgressBar_reset(const Shell& shell, const QRect& statusLine, const QRect& secondField)
+{
+    shell.WriteLog(QStringLiteral(" ProgressBar_reset"));
+    return {secondField.left(), statusLine.top() + 1, secondField.width(),
+            std::max(0, statusLine.height() - 2)};
+}
+
+} // namespace fennel
