@@ -336,7 +336,7 @@ QStringList filesLike(const QString& folder, const QString& pattern)
 
 QStringList numberedFiles(const QString& folder, const QString& pattern)
 {
-    const QStringList fitting = filesLike(folder, pattern);
+    QStringList fitting = filesLike(folder, pattern);
     const qsizetype place = pattern.indexOf(QLatin1String("??"));
     if (place < 0)
         return fitting;

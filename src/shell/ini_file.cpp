@@ -29,7 +29,7 @@ bool endsInLineEnd(const QByteArray& bytes)
 
 QString settingsFile(const QString& folder)
 {
-    const QString usual = withSeparator(folder) + settingsFileName;
+    QString usual = withSeparator(folder) + settingsFileName;
     if (FileExists(usual))
         return usual;
     const QStringList others = filesLike(folder, settingsFileName);

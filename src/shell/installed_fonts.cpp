@@ -106,7 +106,7 @@ QString firstTrueTypeName(const QString& fontList)
         const QString file = namePart(line.mid(split + 1));
         if (split < 0 || !file.contains(QLatin1String(".TTF"), Qt::CaseInsensitive))
             continue;
-        const QString name = line.left(split);
+        QString name = line.left(split);
         const qsizetype mark = name.indexOf(typeMark);
         return mark >= 0 ? name.left(mark) : name;
     }

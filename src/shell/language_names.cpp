@@ -188,7 +188,7 @@ QString languageOfLocale(const QString& locale)
     const QString home = language + QLatin1Char('_') + language.toUpper();
     const QString start = language + QLatin1Char('_');
     for (const QString& form : {full, full.section(QLatin1Char('@'), 0, 0), home}) {
-        const QString id =
+        QString id =
             firstId([&](const Language& row) { return form == QLatin1String(row.locale); });
         if (!id.isEmpty())
             return id;

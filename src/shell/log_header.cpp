@@ -19,7 +19,7 @@ constexpr int ruleLength = 72;
 QString firstAssigned(const QStringList& files, const QString& name)
 {
     for (const QString& file : files) {
-        const QString value = assignedValue(FileReadAll(file).text, name);
+        QString value = assignedValue(FileReadAll(file).text, name);
         if (!value.isEmpty())
             return value;
     }
@@ -29,7 +29,7 @@ QString firstAssigned(const QStringList& files, const QString& name)
 QString userLocale()
 {
     for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        const QString value = qEnvironmentVariable(name);
+        QString value = qEnvironmentVariable(name);
         if (!value.isEmpty())
             return value;
     }

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLocalServer>
 #include <QLocalSocket>
 #include <QWidget>
 
@@ -55,17 +56,18 @@ QString activationToken()
 SingleInstance::SingleInstance(QString folder)
     : m_folder(std::move(folder)),
       m_lockPath(withSeparator(m_folder) + programTitle() + QStringLiteral(".lock")),
-      m_socketPath(withSeparator(m_folder) + programTitle() + QStringLiteral(".socket"))
+      m_socketPath(withSeparator(m_folder) + programTitle() + QStringLiteral(".socket")),
+      m_server(std::make_unique<QLocalServer>())
 {
-    m_server.setSocketOptions(QLocalServer::UserAccessOption);
-    connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::onConnection);
+    m_server->setSocketOptions(QLocalServer::UserAccessOption);
+    connect(m_server.get(), &QLocalServer::newConnection, this, &SingleInstance::onConnection);
 }
 
 SingleInstance::~SingleInstance()
 {
     if (!m_acquired)
         return;
-    m_server.close();
+    m_server->close();
     if (m_lock >= 0) {
         ::unlink(QFile::encodeName(m_lockPath).constData());
         ::close(m_lock);
@@ -117,12 +119,12 @@ void SingleInstance::listen()
     if (m_lock < 0)
         return;
     QLocalServer::removeServer(m_socketPath);
-    m_server.listen(m_socketPath);
+    m_server->listen(m_socketPath);
 }
 
 void SingleInstance::onConnection()
 {
-    while (QLocalSocket* socket = m_server.nextPendingConnection()) {
+    while (QLocalSocket* socket = m_server->nextPendingConnection()) {
         connect(socket, &QLocalSocket::disconnected, this, [this, socket] {
             const QByteArray sent = socket->read(longestToken);
             socket->deleteLater();

@@ -5,11 +5,12 @@
 
 #include "shell/files.h"
 
-#include <QLocalServer>
 #include <QObject>
 
+#include <memory>
 #include <optional>
 
+class QLocalServer;
 class QWidget;
 
 namespace fennel {
@@ -50,7 +51,7 @@ private:
     QString m_folder;
     QString m_lockPath;
     QString m_socketPath;
-    QLocalServer m_server;
+    std::unique_ptr<QLocalServer> m_server;
     int m_lock = -1;
     bool m_acquired = false;
 };
