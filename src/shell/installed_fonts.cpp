@@ -125,7 +125,7 @@ QString firstRunFontName(const QString& fontList)
 QString DefaultFontName(const Shell& shell, const QString& fontList)
 {
     if (FileExists(settingsFile(shell.run.AppPath))) {
-        const QString name = IniRead(shell, QStringLiteral("Default Font Name"));
+        QString name = IniRead(shell, QStringLiteral("Default Font Name"));
         if (!fontList.isEmpty() && fontList.contains(name))
             return name;
     }
