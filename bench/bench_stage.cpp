@@ -100,7 +100,7 @@ public:
         fillPanels(size);
         stage.adoptPanels();
         stage.setBackground(picture);
-        stage.setMenuEntries(defaultMenu);
+        stage.setMenuEntries(embeddedMenu);
         stage.RefreshPanels();
     }
 
