@@ -100,7 +100,7 @@ public:
         fillPanels(size);
         stage.adoptPanels();
         stage.setBackground(picture);
-        stage.setMenuEntries(defaultMenu);
+        stage.setMenuEntries(embeddedMenu);
         stage.RefreshPanels();
     }
 
@@ -145,6 +145,16 @@ private:
     }
 };
 
+class PaintCount : public QObject {
+public:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        paints += event->type() == QEvent::Paint;
+        return false;
+    }
+    double paints = 0;
+};
+
 QSize sizeOf(const benchmark::State& state)
 {
     return {static_cast<int>(state.range(0)), static_cast<int>(state.range(1))};
@@ -185,6 +195,8 @@ void DragStep(benchmark::State& state)
     StageSurface surface(scene.stage);
     surface.show();
     QApplication::processEvents();
+    PaintCount count;
+    surface.installEventFilter(&count);
     const auto send = [&surface](QEvent::Type type, QPoint at, Qt::MouseButton button) {
         QMouseEvent event(type, at, at, button, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(&surface, &event);
@@ -204,6 +216,7 @@ void DragStep(benchmark::State& state)
         QApplication::sendEvent(surface.window(), &paint);
         steps.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
     }
+    state.counters["frames_per_step"] = count.paints / static_cast<double>(steps.size());
     std::sort(steps.begin(), steps.end());
     state.counters["median_ms"] = steps[steps.size() / 2];
     state.counters["p99_ms"] = steps[steps.size() * 99 / 100];

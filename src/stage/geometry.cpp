@@ -52,7 +52,7 @@ DragLimits dragLimits(int index, const PanelRec& rec, const QRect& panel, int me
     DragLimits limits;
     limits.picture = picture;
     limits.inside = generation == 3 ? panel.width() : 0;
-    limits.insideHeight = index <= ButtonsRow ? menuPanelHeight : panel.height();
+    limits.insideHeight = index <= ButtonsPanelRow ? menuPanelHeight : panel.height();
     if (rec.LeftParam < 0)
         limits.fixedLeft = scale.shown(-rec.LeftParam);
     if (rec.TopParam < 0)

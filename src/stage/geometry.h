@@ -4,7 +4,7 @@
 // the preview; the origin of both is the top left corner of the background.
 #pragma once
 
-#include "params/panel_rec.h"
+#include "params/object_table.h"
 
 #include <QPoint>
 #include <QRect>
@@ -13,9 +13,6 @@
 #include <optional>
 
 namespace fennel {
-
-// The rows of PanelArr that the stage treats in their own way.
-enum ObjectRow { MenuPanelRow = 0, MenuBarRow = 1, ButtonsRow = 2, OptionsRow = 3, LogoRow = 4 };
 
 constexpr bool isMenuRow(int index)
 {

@@ -154,7 +154,7 @@ void StageGestures::panelMoved(const StageMouse& mouse, int index)
         movePanelTo(index, mouse.at - m_grab);
         if (levels()) {
             storePlace(index);
-            writeRows(index);
+            m_stage.host().PanelParamsToRow(index);
         } else if (isMenuRow(index)) {
             const QRect& menu = m_stage.panel(MenuPanelRow).rect;
             writeMenuStart(m_stage.scale().boot(menu.x()), m_stage.scale().boot(menu.y()));
@@ -223,7 +223,7 @@ void StageGestures::settle(int index)
     if (index == m_stage.SelectedPanel)
         m_stage.redraw(index);
     if (levels())
-        writeRows(index);
+        m_stage.host().PanelParamsToRow(index);
     else
         writeMenuStart(m_stage.record(MenuPanelRow).Left, m_stage.record(MenuPanelRow).Top);
 }
@@ -236,7 +236,7 @@ void StageGestures::panelReleased(const StageMouse& mouse)
     const int index = m_panel;
     const bool roll = m_stage.record(index).Roll;
     const bool menu =
-        mouse.button == Qt::RightButton && index <= ButtonsRow && m_stage.run().GfxHasCfg;
+        mouse.button == Qt::RightButton && index <= ButtonsPanelRow && m_stage.run().GfxHasCfg;
     if (mouse.button == Qt::MiddleButton && roll) {
         m_stage.data().shell.prompts.ShowMessage(rollText);
         stepLogo(mouse.modifiers & Qt::ShiftModifier);
@@ -258,7 +258,7 @@ void StageGestures::doubleClick(const StageMouse& mouse)
         press(mouse); // two quick gestures at the marker are two gestures
         return;
     }
-    if (picking() || m_panel != LogoRow)
+    if (picking() || m_panel != LogoPanelRow)
         return;
     remember(m_panel);
     m_stage.run().InterfaceReady = false;
@@ -271,10 +271,11 @@ void StageGestures::doubleClick(const StageMouse& mouse)
 void StageGestures::stepLogo(bool backwards)
 {
     const int count = m_stage.logoCount();
-    if (m_panel != LogoRow || m_stage.host().objectOfCurrentTab() != LogoRow || count == 0)
+    if (m_panel != LogoPanelRow || m_stage.host().objectOfCurrentTab() != LogoPanelRow ||
+        count == 0)
         return;
     m_stage.LogoIndex = (m_stage.LogoIndex + (backwards ? count - 1 : 1)) % count;
-    m_stage.DrawPanel(LogoRow);
+    m_stage.DrawPanel(LogoPanelRow);
 }
 
 void StageGestures::backgroundMoved(const StageMouse& mouse)
@@ -297,14 +298,6 @@ void StageGestures::backgroundMoved(const StageMouse& mouse)
         m_selTo = mouse.at;
         m_stage.setOverlay({{}, boxOf(m_selFrom, m_selTo)});
     }
-}
-
-void StageGestures::writeRows(int index)
-{
-    m_stage.host().PanelParamsToRow(index);
-    // Both lists of the menu show the same parameters.
-    if (isMenuRow(index) && m_stage.isRow(MenuBarRow - index))
-        m_stage.host().PanelParamsToRow(MenuBarRow - index);
 }
 
 void StageGestures::writeMenuStart(int left, int top)

@@ -85,7 +85,6 @@ private:
 
     void backgroundMoved(const StageMouse& mouse);
     void showPanelStatus(int index);
-    void writeRows(int index);
     void writeMenuStart(int left, int top);
     void writeMenuEntries();
 

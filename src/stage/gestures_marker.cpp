@@ -54,7 +54,7 @@ void StageGestures::markerMoved(const StageMouse& mouse)
     showBand();
     storeSize(index);
     if (levels())
-        writeRows(index);
+        m_stage.host().PanelParamsToRow(index);
     else if (isMenuRow(index))
         writeMenuEntries();
     showPanelStatus(index);
@@ -99,7 +99,7 @@ void StageGestures::markerReleased()
         }
         storeSize(index);
         if (levels())
-            writeRows(index);
+            m_stage.host().PanelParamsToRow(index);
         else if (isMenuRow(index))
             writeMenuEntries();
     }

@@ -141,7 +141,7 @@ std::vector<TextPiece> layOutText(const TextJob& job, const StageScale& scale,
         const QString& line = lines[i];
         if (line.isEmpty())
             continue;
-        if (job.index == ButtonsRow) {
+        if (job.index == ButtonsPanelRow) {
             if (isItem(i) && visible(i))
                 pieces.push_back(buttonPiece(job, i, line, scale, visible));
             continue;

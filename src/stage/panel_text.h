@@ -22,10 +22,6 @@ using MeasureText = std::function<double(QStringView text)>;
 inline constexpr int buttonItems = 9;
 inline const QString buttonBarText =
     QStringLiteral("F1|Help|F2|Language|English (UK)|F9|Reboot|F10|Poweroff");
-// Stands in the menu until a menu file is read: its first entry on the bar, the rest on the menu.
-inline const QString defaultMenu =
-    QStringLiteral("RECALL Menu.lst| BOOT DOS from this flash| BOOT WinXP from hard disk|"
-                   "   Call menu @IMA|   Call menu @MENU1|   Call menu @MENU2|REBOOT|SHUTDOWN PC|");
 
 // The key of gfxboot.cfg that hides the item if it is not "0"; empty for a number that is none.
 QString hideKey(int item);

@@ -39,16 +39,16 @@ void Stage::changed(const QRect& area) const
 // Rules that no visibility of a record or a tab overrides.
 bool Stage::mayShow(int index) const
 {
-    if (index == ButtonsRow || index == OptionsRow) {
+    if (index == ButtonsPanelRow || index == OptionsPanelRow) {
         if (run().GfxHasZuk)
             return false; // the enhanced engine has no such objects
     }
-    return index != OptionsRow || host().CfgValue(u"boot_show"_s) != u'0';
+    return index != OptionsPanelRow || host().CfgValue(u"boot_show"_s) != u'0';
 }
 
 bool Stage::isFrozen(int index) const
 {
-    return index == OptionsRow && run().GfxHasCfg && host().CfgValue(u"boot_show"_s).isEmpty();
+    return index == OptionsPanelRow && run().GfxHasCfg && host().CfgValue(u"boot_show"_s).isEmpty();
 }
 
 void Stage::adoptPanels()
@@ -69,9 +69,9 @@ void Stage::setMenuEntries(const QString& entries)
 {
     if (rows() <= MenuBarRow)
         return;
-    const qsizetype bar = entries.indexOf(u'|');
-    record(MenuBarRow).Text = entries.left(bar);
-    record(MenuPanelRow).Text = bar < 0 ? QString() : u' ' + entries.mid(bar + 1);
+    const MenuTexts texts = menuTexts(entries);
+    record(MenuBarRow).Text = texts.bar;
+    record(MenuPanelRow).Text = texts.menu;
     redraw(MenuPanelRow);
 }
 
@@ -80,17 +80,17 @@ void Stage::setLogos(std::vector<QImage> logos)
     m_logos = std::move(logos);
     if (LogoIndex >= logoCount())
         LogoIndex = 0;
-    if (isRow(LogoRow))
-        m_panels[LogoRow].stale = true;
+    if (isRow(LogoPanelRow))
+        m_panels[LogoPanelRow].stale = true;
 }
 
 void Stage::showLogo(int number)
 {
-    if (number < 0 || number >= logoCount() || !isRow(LogoRow))
+    if (number < 0 || number >= logoCount() || !isRow(LogoPanelRow))
         return;
     LogoIndex = number;
-    raisePanel(LogoRow);
-    DrawPanel(LogoRow);
+    raisePanel(LogoPanelRow);
+    DrawPanel(LogoPanelRow);
 }
 
 void Stage::HideAllPanels()

@@ -15,8 +15,9 @@ class StageHost {
 public:
     virtual ~StageHost() = default;
 
-    // The record of the object holds what the stage shows. To be written to the rows of its tab:
-    // Left, Top, Width, Height, each if a parameter sets it. Generation 3 only.
+    // Left, Top, Width and Height of the record hold what the stage shows, in boot pixels and exact
+    // where the shown pixels are coarser. To be written to the rows, each if a parameter sets it,
+    // for the menu also to those of its bar and the other way round. Generation 3 only.
     virtual void PanelParamsToRow(int index) = 0;
     // The value that the row of parameter `id` of a tab shows, -1 without such a row.
     virtual qint64 GetPanelParam(int tab, int id) = 0;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // How one panel is drawn into its picture, and how the stage is put together from the pictures.
+#include "params/panel_values.h"
 #include "stage/blend.h"
 #include "stage/panel_text.h"
 #include "stage/pulse.h"
@@ -25,7 +26,7 @@ constexpr std::array<int, 4> captionItems = {1, 3, 5, 7};
 void Stage::readMenuSlit()
 {
     if (run().GfxHasZuk)
-        m_data.MenuSlit = static_cast<int>(host().GetPanelParam(menuTab, menuSlitParam));
+        m_data.MenuSlit = clampToI16(host().GetPanelParam(menuTab, menuSlitParam));
 }
 
 int Stage::chooseFont(int index)
@@ -56,7 +57,7 @@ void Stage::render(int index)
     }
     panel.pictureAt = seen.topLeft() - panel.rect.topLeft();
     blendPanel(m_background, seen, panel.fill, blendAlpha(record(index).Transp), panel.picture);
-    if (record(index).Text.isEmpty() && index != LogoRow)
+    if (record(index).Text.isEmpty() && index != LogoPanelRow)
         return;
     QPainter painter(&panel.picture);
     painter.translate(-panel.pictureAt);
@@ -67,7 +68,7 @@ void Stage::drawContents(int index, QPainter& painter)
 {
     const PanelRec& rec = record(index);
     const QRect& rect = panel(index).rect;
-    if (index == LogoRow && LogoIndex >= 0 && LogoIndex < logoCount()) {
+    if (index == LogoPanelRow && LogoIndex >= 0 && LogoIndex < logoCount()) {
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.drawImage(QRect(QPoint(), rect.size()), m_logos[at(LogoIndex)]);
     }
@@ -90,7 +91,7 @@ void Stage::drawContents(int index, QPainter& painter)
         painter.setPen(QColor(piece.colour));
         painter.drawText(piece.at + QPoint(0, metrics.ascent()), piece.text);
     }
-    if (index == ButtonsRow)
+    if (index == ButtonsPanelRow)
         updateOnOffCaptions();
 }
 

@@ -91,7 +91,7 @@ void Stage::ShowMarker(int index, int keep)
 
 bool Stage::pulses() const
 {
-    return m_markerOn && SelectedPanel != ButtonsRow && SelectedPanel != OptionsRow;
+    return m_markerOn && SelectedPanel != ButtonsPanelRow && SelectedPanel != OptionsPanelRow;
 }
 
 void Stage::setPulsePhase(int phase)

@@ -86,7 +86,7 @@ TEST_F(StageTest, MenuAndBarMoveTogether)
     EXPECT_EQ(stage.panel(1).rect, QRect(150, 240, 500, 24));
     EXPECT_EQ(rec(0).Left, 150);
     EXPECT_EQ(rec(0).Top, 240);
-    EXPECT_TRUE(std::find(host.rows.begin(), host.rows.end(), 0) != host.rows.end());
+    EXPECT_EQ(host.rows.back(), 1);
     drag({160, 370}, {760, 600}); // the menu
     EXPECT_EQ(stage.panel(1).rect, QRect(300, 460, 500, 24)) << "the menu stays on the picture";
     EXPECT_EQ(stage.stacking().back(), 1);

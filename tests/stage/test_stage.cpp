@@ -175,11 +175,11 @@ TEST_F(StageTest, TextStaysInItsPanelAndTakesItsColour)
     openOld();
     rec(0).Transp = rec(2).Transp = 0;
     rec(0).TextColor = qRgb(255, 0, 0);
-    stage.setMenuEntries(defaultMenu);
+    stage.setMenuEntries(embeddedMenu);
     rec(2).Text = buttonBarText;
     stage.RefreshPanels();
     EXPECT_EQ(rec(1).Text, u"RECALL Menu.lst"_s);
-    EXPECT_TRUE(rec(0).Text.startsWith(u"  BOOT DOS from this flash| BOOT"));
+    EXPECT_TRUE(rec(0).Text.startsWith(u" | BOOT DOS from this flash| BOOT"));
     const QImage image = painted();
     const auto red = [&](const QRect& area) {
         int count = 0;
@@ -189,7 +189,7 @@ TEST_F(StageTest, TextStaysInItsPanelAndTakesItsColour)
         }
         return count;
     };
-    EXPECT_GT(red({253, 213, 300, 20}), 50) << "second line, one pitch of 20 below the bar";
+    EXPECT_GT(red({253, 213, 300, 20}), 50) << "third line, two pitches of 20 below the first";
     EXPECT_EQ(red({253, 332, 547, 1}), 0);
     EXPECT_EQ(host.captions[1], u"Hide F1 button"_s);
     run().GfxHasCfg = true;
