@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "shell/file_steps.h"
 
-#include <ranges>
-
 namespace fennel {
 
 using namespace Qt::StringLiterals;
@@ -62,7 +60,8 @@ void FileSteps::keep()
 
 void FileSteps::undo()
 {
-    for (const Saved& saved : std::views::reverse(m_saved)) {
+    for (; !m_saved.empty(); m_saved.pop_back()) {
+        const Saved& saved = m_saved.back();
         const Result<void> back = saved.copy.isEmpty()
                                       ? m_shell.files.remove(saved.target)
                                       : m_shell.files.rename(saved.copy, saved.target);
@@ -72,7 +71,6 @@ void FileSteps::undo()
         else
             (void)m_shell.told(back);
     }
-    m_saved.clear();
 }
 
 } // namespace fennel
