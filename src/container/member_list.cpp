@@ -48,6 +48,8 @@ Result<void> RebuildMemberList(const Shell& shell, const QString& addedPattern)
     Result<void> done = shell.files.write(fresh, names);
     if (done)
         done = shell.files.rename(fresh, path);
+    if (!done)
+        (void)shell.files.remove(fresh);
     (void)shell.told(done);
     return done;
 }

@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: MIT
+#include "tools/backgrounds.h"
+
+#include "container/member_list.h"
+#include "shell/text.h"
+#include "tools/picture_import.h"
+
+#include <array>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// back.jpg is kept as back.#pg, which no list takes for a picture.
+QString backupOf(const QString& back)
+{
+    return folderPart(back) + namePart(back).toLower().replace(u".jpg"_s, u".#pg"_s);
+}
+
+// `target` gets the picture; what it was is kept as the shown background's backup.
+bool replaceBack(const Shell& shell, PictureHost& host, FileSteps& steps, const QString& file,
+                 const QString& target)
+{
+    const std::optional<QSize> size = knownSize(shell, target);
+    if (!size)
+        return false;
+    const Waiting waiting(host);
+    const QString backup = backupOf(shell.run.BackFile);
+    // The new file is made from the backup if the background is put onto itself.
+    const QString source = shortForm(file) == shortForm(target) ? backup : shortForm(file);
+    return shell.told(steps.copy(target, backup)) &&
+           importPicture(shell, steps, source, *size, target);
+}
+
+void showImported(PictureHost& host, bool refresh)
+{
+    host.refillBackgrounds();
+    host.ShowBackground();
+    if (refresh)
+        host.UpdateInterface();
+}
+
+bool isThere(const Shell& shell, const QString& path)
+{
+    if (FileExists(path))
+        return true;
+    shell.prompts.ShowMessage(u"File "_s + namePart(path) + u" not found"_s);
+    return false;
+}
+
+struct ScreenMode {
+    int number;
+    QSize size;
+};
+
+constexpr std::array screenModes = {
+    ScreenMode{1, {320, 200}},  ScreenMode{2, {640, 480}},   ScreenMode{3, {800, 600}},
+    ScreenMode{4, {1024, 768}}, ScreenMode{5, {1280, 1024}},
+};
+
+// Nothing if the user cancelled. A number that is no mode gives 0x0, which the tool refuses.
+std::optional<QSize> askForMode(const Shell& shell)
+{
+    const std::optional<QString> answer = shell.prompts.input(
+        u"All Boot Managers (such Grub4DOS) allow VESA-compatible graphics modes only.\n"
+        "   1. 320x200\n"
+        "   2. 640x480\n"
+        "   3. 800x600\n"
+        "   4. 1024x768\n"
+        "   5. 1280x1024\n"
+        "Specify number of graphics mode."_s,
+        u"Gfxboot Resize"_s, u"3"_s);
+    const double number = leadingNumber(answer.value_or(QString()));
+    if (number == 0.0)
+        return std::nullopt;
+    for (const ScreenMode& mode : screenModes) {
+        if (number == mode.number)
+            return mode.size;
+    }
+    return QSize(0, 0);
+}
+
+} // namespace
+
+bool ImportBack(const Shell& shell, PictureHost& host, const QString& file, bool refresh)
+{
+    const QString chosen = file.isEmpty() ? askForPicture(shell) : file;
+    if (chosen.isEmpty() || !shell.run.GfxOpened || !FileExists(shell.run.BackFile))
+        return false;
+    FileSteps steps(shell);
+    if (!replaceBack(shell, host, steps, chosen, shell.run.BackFile))
+        return false;
+    steps.keep();
+    showImported(host, refresh);
+    return true;
+}
+
+void ChangeBackMember(const Shell& shell, PictureHost& host, const QString& name)
+{
+    const QString member = shell.run.Workspace + name;
+    if (!shell.run.GfxHasZuk || !isThere(shell, member) || !isThere(shell, shell.run.BackFile))
+        return;
+    const QString chosen = askForPicture(shell);
+    if (chosen.isEmpty() || !shell.run.GfxOpened)
+        return;
+    FileSteps steps(shell);
+    if (!replaceBack(shell, host, steps, chosen, member))
+        return;
+    steps.keep();
+    showImported(host, false);
+}
+
+void mnuEDIT_ADDBack(const Shell& shell, PictureHost& host)
+{
+    if (!shell.run.GfxHasZuk || !shell.run.GfxOpened)
+        return;
+    const QString first = shell.run.Workspace + u"back.jpg"_s;
+    const QString number =
+        nextNumber(shell, host.backgroundRows(), u"back_??.jpg"_s, u"back.jpg"_s, 101);
+    if (number.isEmpty() || !isThere(shell, first))
+        return;
+    const QString chosen = askForPicture(shell);
+    if (chosen.isEmpty())
+        return;
+    const QString name = u"back_"_s + number + u".jpg"_s;
+    const QString before = shell.run.BackFile;
+    FileSteps steps(shell);
+    // The new member starts as the first background, which gives it the size.
+    bool done = shell.told(steps.copy(first, shell.run.Workspace + name));
+    shell.run.BackFile = shell.run.Workspace + name;
+    done = done && replaceBack(shell, host, steps, chosen, shell.run.BackFile) &&
+           RebuildMemberList(shell, name);
+    if (!done) {
+        shell.run.BackFile = before;
+        return;
+    }
+    steps.keep();
+    host.refillMembers();
+    showImported(host, true);
+}
+
+void mnuEdit_ChangeBack(const Shell& shell, PictureHost& host)
+{
+    ImportBack(shell, host, {}, true);
+}
+
+void mnuEdit_ge_Clipboard(const Shell& shell, PictureHost& host, const PictureClipboard& clipboard)
+{
+    if (PictureFromClipboard(shell, clipboard))
+        ImportBack(shell, host, shell.run.WorkspaceRoot + clipboardJpgName, true);
+}
+
+void mnuEdit_Resize(const Shell& shell, PictureHost& host)
+{
+    if (!shell.run.GfxOpened)
+        return;
+    shell.prompts.ShowMessage(
+        u"It is planned that this menu item will be scaled to all the components\n"
+        "(panels, images, fonts).\n"
+        "Currently offered to scale the background only.\n"
+        "_________________________________\n"
+        "Планируется, что этот пункт меню будет масштабировать все компоненты\n"
+        "(панели, картинки, шрифты).\n"
+        "Пока предлагается масштабировать только фон.\n"_s);
+    const std::optional<QSize> size = askForMode(shell);
+    if (!size || *size == QSize(shell.run.BackWidth, shell.run.BackHeight))
+        return;
+    {
+        const Waiting waiting(host);
+        if (!resizeAll(shell, u"back*.jpg"_s, *size))
+            return;
+    }
+    shell.run.BackWidth = size->width();
+    shell.run.BackHeight = size->height();
+    host.refillMembers();
+    host.refillBackgrounds();
+    host.mnuView_fill();
+}
+
+void mnuEdit_16x9Support(const Shell& shell)
+{
+    shell.prompts.ShowMessage(u"When the gfxboot is used on a wide-screen monitors without \n"
+                              "resolution with the proportion of 16:9 (or 16:10, or ...), we\n"
+                              "can see the geometric distortion of the graphics.\n"
+                              "This occurs because the gfxboot works outside of the operating\n"
+                              "system and has no support from the drivers. The gfxboot can\n"
+                              "use only the VESA-modes.\n"
+                              "To remove distortions, is necessary to stretch the images \n"
+                              "vertically in the process of preparing."_s);
+    shell.prompts.ShowMessage(u"Запланировано...\nPlanned..."_s);
+}
+
+} // namespace fennel

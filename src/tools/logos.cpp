@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#include "tools/logos.h"
+
+#include "container/member_list.h"
+#include "shell/text.h"
+#include "tools/picture_import.h"
+
+#include <algorithm>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString maskName = u"Logo_msk.jpg"_s;
+
+bool maskThere(const Shell& shell)
+{
+    if (FileExists(shell.run.Workspace + maskName))
+        return true;
+    shell.prompts.ShowMessage(u"File Logo_msk.jpg not found"_s);
+    return false;
+}
+
+// `target` becomes the picture in the size of `model`.
+bool makeLogo(const Shell& shell, PictureHost& host, FileSteps& steps, const QString& file,
+              const QString& model, const QString& target)
+{
+    const std::optional<QSize> size = knownSize(shell, model);
+    if (!size)
+        return false;
+    const Waiting waiting(host);
+    return importPicture(shell, steps, shortForm(file), *size, target);
+}
+
+void showLogos(PictureHost& host)
+{
+    host.refillLogos();
+    host.ShowBackground();
+    host.refreshPanels();
+}
+
+// A length in pixels, a signed 16-bit number.
+int lengthFrom(QStringView text)
+{
+    return roundToEven(std::clamp(leadingNumber(text), -32768.0, 32767.0));
+}
+
+// The size that the user types, or nothing to stop.
+std::optional<QSize> askForLogoSize(const Shell& shell, QSize present)
+{
+    const QString proposed = u"%1x%2"_s.arg(present.width()).arg(present.height());
+    QString answer = shell.prompts
+                         .input(u"Specify the dimensions of LOGO.\nFormat:   WIDTH x HEIGHT"_s,
+                                u"LOGO Resize"_s, proposed)
+                         .value_or(QString());
+    answer = answer.toLower().remove(u' ');
+    const qsizetype cross = answer.indexOf(u'x');
+    if (cross < 0 || answer == proposed)
+        return std::nullopt;
+    const QStringView text(answer);
+    return QSize(lengthFrom(text.left(cross)), lengthFrom(text.mid(cross + 1)));
+}
+
+} // namespace
+
+bool ImportLogo(const Shell& shell, PictureHost& host, const QString& file)
+{
+    const QString chosen = file.isEmpty() ? askForPicture(shell) : file;
+    if (chosen.isEmpty() || !maskThere(shell))
+        return false;
+    const QString mask = shell.run.Workspace + maskName;
+    FileSteps steps(shell);
+    if (!makeLogo(shell, host, steps, chosen, mask, mask))
+        return false;
+    steps.keep();
+    return true;
+}
+
+void ChangeLogoMember(const Shell& shell, PictureHost& host, const QString& name)
+{
+    if (!shell.run.GfxHasZuk)
+        return;
+    const QString logo = shell.run.Workspace + name;
+    if (!FileExists(logo)) {
+        shell.prompts.ShowMessage(u"File "_s + name + u" not found"_s);
+        return;
+    }
+    if (!maskThere(shell))
+        return;
+    const QString chosen = askForPicture(shell);
+    FileSteps steps(shell);
+    if (chosen.isEmpty() || !makeLogo(shell, host, steps, chosen, logo, logo))
+        return;
+    steps.keep();
+    showLogos(host);
+}
+
+void mnuEDIT_ADDLogo(const Shell& shell, PictureHost& host)
+{
+    if (!shell.run.GfxHasZuk || !maskThere(shell))
+        return;
+    const QString number = nextNumber(shell, host.logoRows(), u"logo_??.jpg"_s, maskName, 100);
+    if (number.isEmpty())
+        return;
+    const QString chosen = askForPicture(shell);
+    if (chosen.isEmpty())
+        return;
+    const QString& folder = shell.run.Workspace;
+    const QString bare = u"Logo_"_s + number;
+    const QString logo = bare + u".jpg"_s;
+    const QString text = bare + u".txt"_s;
+    const bool newText = !FileExists(folder + text);
+    FileSteps steps(shell);
+    if (!makeLogo(shell, host, steps, chosen, folder + maskName, folder + logo))
+        return;
+    if (newText && !shell.told(steps.write(
+                       folder + text, toCp1251(u"This txt-file is associated with "_s + logo))))
+        return;
+    // One rewriting of "#.lst" takes in the logo, and the text if that is new too.
+    if (!RebuildMemberList(shell, newText ? bare + u".???"_s : logo))
+        return;
+    steps.keep();
+    host.refillMembers();
+    showLogos(host);
+}
+
+void mnuEdit_ResizeLOGO(const Shell& shell, PictureHost& host)
+{
+    const QString mask = shell.run.Workspace + maskName;
+    if (!shell.run.GfxOpened || !maskThere(shell))
+        return;
+    const std::optional<QSize> present = knownSize(shell, mask);
+    const std::optional<QSize> wanted =
+        present ? askForLogoSize(shell, *present) : std::optional<QSize>();
+    if (!wanted)
+        return;
+    {
+        const Waiting waiting(host);
+        if (!resizeAll(shell, u"Logo_*.jpg"_s, *wanted))
+            return;
+    }
+    // A length of 0 has followed from the other one.
+    if (const std::optional<QSize> size = knownSize(shell, mask))
+        host.setLogoSize(*size);
+    host.refillMembers();
+    showLogos(host);
+}
+
+} // namespace fennel

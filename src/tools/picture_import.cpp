@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "tools/picture_import.h"
+
+#include "shell/text.h"
+#include "tools/image_tool.h"
+#include "tools/picture_size.h"
+
+#include <QStandardPaths>
+
+#include <algorithm>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+QString askForPicture(const Shell& shell)
+{
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    FileQuestion question;
+    question.folder = FolderExists(pictures) ? pictures : QString();
+    question.title = u"File open...."_s;
+    question.filter = u"All picture Files |*.jpg;*.bmp;*.png;*.pcx;*.gif;*.tif;*.tga;*.cur;*.jpeg;"
+                      "*.ico|jpg-files (*.jpg)|*.jpg|"_s;
+    question.picture = true;
+    return shell.prompts.openFile(question);
+}
+
+bool importPicture(const Shell& shell, FileSteps& steps, const QString& source, QSize size,
+                   const QString& target)
+{
+    const QString made = shell.run.WorkspaceRoot + namePart(target);
+    if (!ResizeJpg(shell, size.width(), size.height(), source, made))
+        return false;
+    if (shell.told(steps.replace(made, target)))
+        return true;
+    (void)shell.files.remove(made);
+    return false;
+}
+
+std::optional<QSize> knownSize(const Shell& shell, const QString& path)
+{
+    const Result<QSize> size = pictureSize(path);
+    if (size)
+        return *size;
+    (void)shell.told(size.failure());
+    return std::nullopt;
+}
+
+bool resizeAll(const Shell& shell, const QString& pattern, QSize size)
+{
+    const QString& folder = shell.run.Workspace;
+    const QString& side = shell.run.WorkspaceRoot;
+    const QStringList names = filesLike(folder, pattern);
+    // All are made before the first member changes: a broken one among them stops the command here.
+    bool good = std::all_of(names.begin(), names.end(), [&](const QString& name) {
+        return ResizeJpg(shell, size.width(), size.height(), folder + name, side + name);
+    });
+    FileSteps steps(shell);
+    good = good && std::all_of(names.begin(), names.end(), [&](const QString& name) {
+               return shell.told(steps.replace(side + name, folder + name));
+           });
+    if (good)
+        steps.keep();
+    else
+        for (const QString& name : names)
+            (void)shell.files.remove(side + name);
+    return good;
+}
+
+QString nextNumber(const Shell& shell, const QStringList& rows, const QString& pattern,
+                   const QString& apart, int first)
+{
+    constexpr int highest = 199;
+    constexpr qsizetype numberAndEnding = 6; // "07.jpg"
+    int number = first;
+    for (const QString& row : rows) {
+        if (row.compare(apart, Qt::CaseInsensitive) == 0 || !fitsPattern(row, pattern))
+            continue;
+        const int taken = roundToEven(leadingNumber(row.right(numberAndEnding)));
+        number = std::max(number, taken + 100) + 1;
+    }
+    if (number <= highest)
+        return QString::number(number).right(2);
+    shell.prompts.ShowMessage(u"There is no free number left for a new file "_s + pattern);
+    return {};
+}
+
+} // namespace fennel
