@@ -26,7 +26,7 @@ void runTool(benchmark::State& state, const QString& program, const QStringList&
 
 QString bridge()
 {
-    return QStringLiteral(FENNEL_BRIDGES "/MakeFont/mkfnt_bridge");
+    return QStringLiteral(FENNEL_BIN_DIR "/Tools/MakeFont/mkfnt_bridge");
 }
 
 QString rangesOf(bool many)
