@@ -33,14 +33,15 @@ bool isHex(std::string_view text)
 
 double hexNumber(std::string_view digits)
 {
-    double value = 0;
+    constexpr std::uint64_t enough = 0xFFFFFFFF; // above every limit
+    std::uint64_t value = 0;
     for (const char c : digits) {
         const int digit = hexDigit(c);
         if (digit < 0)
             break;
-        value = std::min(value * 16 + digit, hugeNumber);
+        value = std::min(value * 16 + static_cast<std::uint64_t>(digit), enough);
     }
-    return value;
+    return static_cast<double>(value);
 }
 
 double decimalNumber(std::string_view text)
@@ -80,7 +81,9 @@ Failure outside(std::string_view token)
 
 Result<std::vector<CodeRange>> readCodeRanges(std::string_view text, std::uint32_t limit)
 {
+    constexpr std::size_t usualToken = 7; // "0x1234 "
     std::vector<CodeRange> ranges;
+    ranges.reserve(text.size() / usualToken + 1);
     for (std::size_t start = 0; start <= text.size();) {
         const auto from = text.begin() + static_cast<std::ptrdiff_t>(start);
         const auto end = std::find_if(from, text.end(), isSeparator);

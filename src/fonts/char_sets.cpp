@@ -4,6 +4,8 @@
 #include "fonts/char_ranges.h"
 #include "fonts/fnt_bytes.h"
 
+#include <string_view>
+
 namespace fennel {
 
 using namespace Qt::StringLiterals;
@@ -12,16 +14,21 @@ namespace {
 
 const QString startingRanges = QStringLiteral("0x20-0x7e_0x0410-0x0451");
 
-// "0x" and the digits without leading zeros. QString::number would cost a string for each of up to
-// 65,535 numbers, and the text is made anew at every click.
-void appendHex(QString& text, unsigned code)
+// Most characters of a number and the sign before it, as in " 0x1234".
+constexpr std::size_t longestNumber = 7;
+
+// "0x" and the digits without leading zeros, written behind `out`; returns the place behind them. A
+// set can have 32,768 numbers and is written anew at every click, so there is no string for each.
+char16_t* putHex(char16_t* out, std::size_t code)
 {
-    text += u"0x";
+    *out++ = u'0';
+    *out++ = u'x';
     int shift = 12;
     while (shift > 0 && (code >> shift) == 0)
         shift -= 4;
     for (; shift >= 0; shift -= 4)
-        text += QChar(u"0123456789ABCDEF"[(code >> shift) & 0xFU]);
+        *out++ = u"0123456789ABCDEF"[(code >> shift) & 0xFU];
+    return out;
 }
 
 std::size_t endOfRun(const CharSelected& set, std::size_t start)
@@ -55,20 +62,24 @@ Result<CharSelected> ParseCharacterRanges(const QString& text)
 
 QString FormatCharacterRanges(const CharSelected& set)
 {
-    QString text;
+    // Each code gives one number at most.
+    QString text(static_cast<qsizetype>(set.count() * longestNumber), Qt::Uninitialized);
+    auto* const start = reinterpret_cast<char16_t*>(text.data());
+    char16_t* out = start;
     for (std::size_t code = 1; code < set.size(); ++code) {
         if (!set[code])
             continue;
-        if (!text.isEmpty())
-            text += u' ';
         const std::size_t end = endOfRun(set, code);
-        appendHex(text, static_cast<unsigned>(code));
+        if (out != start)
+            *out++ = u' ';
+        out = putHex(out, code);
         if (end > code) {
-            text += u'-';
-            appendHex(text, static_cast<unsigned>(end));
+            *out++ = u'-';
+            out = putHex(out, end);
         }
         code = end;
     }
+    text.truncate(out - start);
     return text;
 }
 

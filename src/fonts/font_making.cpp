@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "fonts/font_making.h"
 
+#include "container/member_list.h"
 #include "fonts/fnt_bytes.h"
 #include "fonts/font_tag.h"
 #include "shell/text.h"
@@ -78,17 +79,17 @@ Result<QString> installChanged(const Shell& shell, const QString& rowText)
     return done ? Result<QString>(component) : done.failure();
 }
 
-// A font that cannot be registered would be lost at the next save, so it does not stay either.
-Result<QString> installAdded(const Shell& shell, const FontCommand& command, const QString& name)
+// A font that cannot be registered would be lost at the next save, so it does not stay either. The
+// failure has no text if the user knows already.
+Result<QString> installAdded(const Shell& shell, const QString& name)
 {
     const QString path = inWorkspace(shell, name);
     const Result<void> moved = shell.files.rename(inWorkspace(shell, newFontFile), path);
     if (!moved)
         return moved.failure();
-    const Result<void> registered = command.rebuildMemberList(name);
-    if (!registered) {
+    if (!RebuildMemberList(shell, name)) {
         (void)shell.files.remove(path);
-        return registered.failure();
+        return Failure{FailureKind::Io, {}};
     }
     return name;
 }
@@ -203,11 +204,12 @@ std::optional<FontChange> ChangeFont(const Shell& shell, const FontState& fonts,
     const ListRow* row = fonts.rows.row(command.row);
     const Result<QString> component =
         command.AddFontMode
-            ? installAdded(shell, command, nextFontName(fonts.rows))
+            ? installAdded(shell, nextFontName(fonts.rows))
             : installChanged(shell, row != nullptr ? row->text().trimmed() : QString());
     if (!component) {
         (void)shell.files.remove(inWorkspace(shell, newFontFile));
-        tellFailure(shell, {FailureKind::Io, component.failure().text});
+        if (!component.failure().text.empty())
+            tellFailure(shell, {FailureKind::Io, component.failure().text});
         return std::nullopt;
     }
     return FontChange{*choice, *component};

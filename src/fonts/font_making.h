@@ -43,7 +43,7 @@ QString nextFontName(const ListRows& fontRows);
 Result<void> BuildFont(const Shell& shell, const CharSelected& set, const FontChoice& choice,
                        int logPixelsY);
 
-// What the commands ask from the window and from the rest of the program.
+// What the commands ask from the window.
 struct FontCommand {
     int row = 0; // selected in the list of fonts, from 1
     bool AddFontMode = false;
@@ -52,8 +52,6 @@ struct FontCommand {
     std::function<std::optional<FontChoice>(const FontDialogStart&)> askUser;
     // The set of characters, read after the dialog.
     std::function<const CharSelected&()> characters;
-    // Brings "#.lst" up to date; a file of that name becomes a member.
-    std::function<Result<void>(const QString&)> rebuildMemberList;
 };
 
 struct FontChange {

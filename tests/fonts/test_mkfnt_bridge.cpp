@@ -5,6 +5,7 @@
 #include "support/test_shell.h"
 
 #include <QFile>
+#include <QtEndian>
 
 #include <gtest/gtest.h>
 
@@ -152,6 +153,27 @@ TEST_F(Bridge, RefusesBadArguments)
     expectRefused(with("0x41", "19", "4", "0", "127"), "no character fits");
     EXPECT_EQ(make(with("0x41", "1")).exitCode, 0);
     EXPECT_EQ(make({u"0x41"_s}).exitCode, 1);
+}
+
+// A collection of one face: the header, and every place in the table of tables moved behind it.
+TEST_F(Bridge, TakesTheFirstFaceOfACollection)
+{
+    QByteArray face = bytesOf(dejaVuSans);
+    constexpr char moved = 16;
+    const int tables = byteAt(face, 4) * 256 + byteAt(face, 5);
+    for (int i = 0; i < tables; ++i) {
+        const int place = 12 + 16 * i + 8;
+        const quint32 offset = qFromBigEndian<quint32>(face.constData() + place) + moved;
+        qToBigEndian(offset, face.data() + place);
+    }
+    const QByteArray head("ttcf\0\1\0\0\0\0\0\1\0\0\0\x10", moved);
+    const QString path = shell.file(u"a collection.ttc"_s, head + face);
+    const QStringList rest{u"19"_s, u"4"_s, u"0"_s, u"0"_s};
+    const ToolRun run = make(QStringList{u"0x41-0x5a"_s, path.chopped(4)} + rest);
+    ASSERT_EQ(run.exitCode, 0) << run.err.constData();
+    const QByteArray collected = bytesOf(output);
+    ASSERT_EQ(make(QStringList{u"0x41-0x5a"_s, dejaVuSans} + rest).exitCode, 0);
+    EXPECT_EQ(collected, bytesOf(output));
 }
 
 TEST_F(Bridge, RefusesWhatIsNoOutlineFont)
