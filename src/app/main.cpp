@@ -15,9 +15,10 @@ namespace {
 // Tells that a copy runs already and brings it to the front.
 void yieldToOther(const SingleInstance& instance, Prompts& prompts)
 {
+    const QString token = activationToken();
+    (void)instance.askOtherToRaise(token);
     prompts.ShowMessage(QStringLiteral("One copy of %1 is already running").arg(programTitle()),
                         MessageType::Stop, QStringLiteral("ERROR"));
-    (void)instance.askOtherToRaise(activationToken());
 }
 
 } // namespace

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
-// What the commands of the window do, one function per menu. Each adds its commands to the window.
+// What the commands of the window do, a file for each menu or area. The add… functions put their
+// commands into the window's table; the others are what commands of different files share.
 #pragma once
 
 #include "container/gfxboot_open.h"
+
+#include <QString>
 
 namespace fennel {
 
@@ -10,10 +13,34 @@ class MainWindow;
 
 void addFileCommands(MainWindow& window);
 void addViewCommands(MainWindow& window);
+void addEditCommands(MainWindow& window);
+void addToolCommands(MainWindow& window);
 void addHelpCommands(MainWindow& window);
+void connectLists(MainWindow& window);
+// Entries of arrays that never change, once the menus stand.
+void showFixedEntries(MainWindow& window);
 
 // One step of filling the window from an opened gfxboot.
 void fillStep(MainWindow& window, OpenHost::Step step);
+// The five fixed tabs and the views of all tabs, as ParamLists has them now.
+void rebuildTabs(MainWindow& window);
+// Fills one of the fixed lists anew and shows it.
+void refillList(MainWindow& window, int tab);
+// After members came or went: #.lst, the lists, the thumbnails. A pattern names what is new.
+void membersChanged(MainWindow& window, const QString& addedPattern);
+// Gives the stage the entries of the chosen menu, and lets it redraw.
+void MenuApply(MainWindow& window);
+
+// Shows a tab with everything that depends on it: stage, thumbnails, buttons.
+void selectTab(MainWindow& window, int tab);
+// Enabled state of the buttons beside the list and of the edit buttons of the toolbar.
+void updateRowButtons(MainWindow& window);
+// Takes the typed value if the value editor is open; closes it without taking the value.
+void commitEditor(MainWindow& window);
+void CloseEditor(MainWindow& window);
+
+// Brings the parameters from the lists into their files.
+bool writeParameters(MainWindow& window);
 
 // Brings the last used list to its menu.
 void showLastUsed(MainWindow& window);

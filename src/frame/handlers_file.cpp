@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: MIT
 // The File menu.
+#include "container/gfx_save.h"
+#include "container/member_list.h"
+#include "container/template.h"
 #include "frame/handlers.h"
 #include "frame/main_window.h"
 #include "frame/menus.h"
+#include "params/cfg_file.h"
+#include "params/level_files.h"
+#include "params/right_panel.h"
 
 #include <QDir>
 
@@ -43,7 +49,51 @@ void clearLastUsed(MainWindow& window)
     showLastUsed(window);
 }
 
+void makeNew(MainWindow& window)
+{
+    const Shell& shell = window.shell();
+    const QString folder = shell.run.WorkspaceRoot + QStringLiteral("~tmp/");
+    if (shell.told(shell.files.removeFolder(folder)) && shell.told(shell.files.makeFolder(folder)) &&
+        WriteResource(shell, folder, QStringLiteral("GFX.GZ")))
+        window.openGfxboot(shortForm(folder + unsavedGfxName));
+}
+
+void saveAs(MainWindow& window)
+{
+    const Shell& shell = window.shell();
+    if (!GfxSaveAs(shell, [&window] { return writeParameters(window); }))
+        return;
+    window.workbench().lastUsed.LastUsedAdd(shell, shell.run.GfxPath);
+    window.UpdateInterface();
+}
+
+void save(MainWindow& window)
+{
+    if (window.shell().run.GfxFileName == unsavedGfxName)
+        saveAs(window);
+    else if (GfxSave(window.shell(), [&window] { return writeParameters(window); }))
+        window.setStatusField(8, QStringLiteral("Saved: ") + window.shell().run.GfxFileName);
+}
+
+void reOpen(MainWindow& window)
+{
+    if (mayReOpen(window.shell()))
+        window.openGfxboot(window.shell().run.GfxPath);
+}
+
 } // namespace
+
+bool writeParameters(MainWindow& window)
+{
+    const Shell& shell = window.shell();
+    ParamLists& lists = window.workbench().params;
+    commitEditor(window);
+    if (!shell.run.GfxHasZuk)
+        return CfgWrite(shell, *lists.list(TabConfig));
+    GatherListValues(shell, lists);
+    return shell.told(WriteLevelFiles(shell, lists.ZUKarr)) &&
+           RebuildMemberList(shell, QStringLiteral("*.CFG")).ok();
+}
 
 void showLastUsed(MainWindow& window)
 {
@@ -63,6 +113,10 @@ void addFileCommands(MainWindow& window)
 {
     Commands& commands = window.commands();
     commands.add("mnuFile_Open", [&window] { open(window); });
+    commands.add("mnuFile_New", [&window] { makeNew(window); });
+    commands.add("mnuFile_Save", [&window] { save(window); });
+    commands.add("mnuFile_SaveAs", [&window] { saveAs(window); });
+    commands.add("mnuFile_ReOpen", [&window] { reOpen(window); });
     commands.addArray("mnuFile1", [&window](int index) { openLastUsed(window, index); });
     commands.add("mnuFile_Clear", [&window] { clearLastUsed(window); });
     commands.add("mnuFile_Exit", [&window] { window.close(); });

@@ -1,36 +1,23 @@
 // SPDX-License-Identifier: MIT
-// Filling the window from an opened gfxboot, step by step, and showing its background.
+// Filling the window from an opened gfxboot, step by step.
 #include "container/member_list.h"
+#include "container/template.h"
 #include "frame/handlers.h"
 #include "frame/main_window.h"
+#include "frame/menus.h"
+#include "frame/stage_link.h"
 #include "frame/thumbnail_strip.h"
+#include "params/cfg_file.h"
+#include "params/level_files.h"
+#include "params/object_table.h"
+#include "params/panel_values.h"
 #include "params/right_panel.h"
-
-#include <QImageReader>
-#include <QLabel>
+#include "params/tabs.h"
+#include "stage/background.h"
 
 namespace fennel {
 
 namespace {
-
-// The five fixed tabs, with nothing in their lists.
-void prepareFixedTabs(ParamLists& params)
-{
-    static constexpr std::array<const char16_t*, 5> captions = {u"Menu", u"Gfxboot", u"Config",
-                                                                u"Background(s)", u"Font(s)"};
-    params.tabs.assign(std::size_t{FirstObjectTab}, {});
-    params.lists.assign(std::size_t{FirstObjectTab}, {});
-    for (std::size_t i = 0; i < captions.size(); ++i)
-        params.tabs[i + 1].caption = QString::fromUtf16(captions[i]);
-}
-
-ListRow plainRow(const QString& text)
-{
-    ListRow row;
-    row.cells = {{text, {}, {}, {}, false}};
-    row.colour = fixedRow;
-    return row;
-}
 
 void fillBackgrounds(const Shell& shell, ListRows& list)
 {
@@ -38,9 +25,8 @@ void fillBackgrounds(const Shell& shell, ListRows& list)
     list = {};
     list.columns = columnsFrom(QStringLiteral("File Name|File Size|"));
     list.iconView = true;
-    const QStringList names = filesLike(shell.run.Workspace, QStringLiteral("back.jpg")) +
-                              numberedFiles(shell.run.Workspace, QStringLiteral("back_??.jpg"));
-    for (const QString& name : names) {
+    for (const QString& name :
+         thumbnailNames(shell.run.Workspace, thumbnailMask(QStringLiteral("Background(s)")))) {
         ListRow row;
         const QString path = shell.run.Workspace + name;
         const QString size = QString::number(fileSize(path));
@@ -52,85 +38,194 @@ void fillBackgrounds(const Shell& shell, ListRows& list)
     }
 }
 
-void fillConfig(const Shell& shell, ListRows& list)
+void fillMenus(const Shell& shell, ListRows& list)
 {
-    shell.WriteLog(QStringLiteral("     3_Config_in_ListView"));
+    shell.WriteLog(QStringLiteral("     1_Menu_in_ListView"));
     list = {};
-    list.columns = columnsFrom(QStringLiteral("Parameter|Value|Comment from the \"gfxboot.cfg\"|"));
-    if (!shell.run.GfxHasCfg)
-        list.rows.push_back(plainRow(QStringLiteral("File \"gfxboot.cfg\" is absent")));
+    list.columns = columnsFrom(QStringLiteral("Menu file|Path|Primary gfxmenu|"));
+    ListRow row;
+    row.tag = QStringLiteral("|Embedded|");
+    row.bold = true;
+    row.colour = blueRow;
+    row.checked = true;
+    row.cells = {{QStringLiteral("Embedded"), {}, {}, {}, false},
+                 {QStringLiteral("menu"), {}, {}, {}, false},
+                 {}};
+    list.rows.push_back(row);
+    list.selected = 1;
 }
 
-void fillFonts(const Shell& shell, ListRows& list)
+void fillFonts(Workbench& bench)
 {
-    shell.WriteLog(QStringLiteral("     5_Fonts_in_ListView"));
-    list = {};
-    list.columns = columnsFrom(QStringLiteral("File|Value|Unit|"));
-    for (const QString& name : filesLike(shell.run.Workspace, QStringLiteral("16x16*.fnt"))) {
-        ListRow row;
-        row.tag = fileTag(name);
-        row.bold = true;
-        row.cells = {{name, {}, {}, {}, false}};
-        list.rows.push_back(row);
+    bench.shell.WriteLog(QStringLiteral("     5_Fonts_in_ListView"));
+    ScanFonts(bench.fonts, bench.shell.run, bench.fontSettings, QStringLiteral("?"),
+              keepInspection);
+    *bench.params.list(TabFonts) = bench.fonts.rows;
+}
+
+void buildObjects(MainWindow& window)
+{
+    Workbench& bench = window.workbench();
+    BuildPanels(bench.shell, bench.params);
+    const ListRows& cfg = *bench.params.list(TabConfig);
+    applyGeneration(bench.shell, bench.params, bench.fonts.table,
+                    [&cfg](QStringView name) { return CfgValue(cfg, name); });
+    window.stageLink().stage().adoptPanels();
+}
+
+void updateEngine(MainWindow& window)
+{
+    const Shell& shell = window.shell();
+    shell.WriteLog(QStringLiteral("         ==> Update INIT and 16x16.fnt"));
+    if (!WriteResource(shell, shell.run.Workspace, QStringLiteral("init")) ||
+        !WriteResource(shell, shell.run.Workspace, QStringLiteral("16x16.fnt")))
+        return;
+    (void)RebuildMemberList(shell, {});
+    MemberListFill(shell, *window.workbench().params.list(TabGfxboot));
+    fillFonts(window.workbench());
+}
+
+void buildObjectTabs(MainWindow& window)
+{
+    FillOptions options;
+    options.opening = true;
+    options.updateEngine = [&window] { updateEngine(window); };
+    BuildTabs(window.shell(), window.workbench().params, options);
+    rebuildTabs(window);
+}
+
+void loadLogos(MainWindow& window)
+{
+    const QString& folder = window.shell().run.Workspace;
+    std::vector<QImage> logos;
+    for (const QString& name : numberedFiles(folder, QStringLiteral("Logo_??.jpg"))) {
+        const Result<QImage> picture = loadPicture(folder + name);
+        logos.push_back(picture ? *picture : QImage());
     }
+    window.stageLink().stage().setLogos(std::move(logos));
+}
+
+void showAll(MainWindow& window)
+{
+    window.UpdateInterface();
+    window.refreshThumbnails();
+    window.ShowBackground();
+    MenuApply(window);
 }
 
 } // namespace
 
+void rebuildTabs(MainWindow& window)
+{
+    window.rightPanel().rebuild();
+    const ParamLists& lists = window.workbench().params;
+    std::vector<Menus::Entry> entries;
+    for (int tab = FirstObjectTab; tab <= lists.tabCount(); ++tab)
+        entries.push_back({tab, tabMenuCaption(lists.tabs[static_cast<std::size_t>(tab)]), true,
+                           false, {}});
+    window.menus().setEntries("mnuEdit_ZUK_arr", entries);
+}
+
+void refillList(MainWindow& window, int tab)
+{
+    Workbench& bench = window.workbench();
+    ListRows& list = *bench.params.list(tab);
+    const int selected = list.selected;
+    switch (tab) {
+    case TabMenu:
+        fillMenus(bench.shell, list);
+        break;
+    case TabGfxboot:
+        MemberListFill(bench.shell, list);
+        break;
+    case TabConfig:
+        ConfigInListView(bench.shell, list);
+        break;
+    case TabBackgrounds:
+        fillBackgrounds(bench.shell, list);
+        break;
+    case TabFonts:
+        fillFonts(bench);
+        break;
+    default: {
+        FillOptions options;
+        options.updateEngine = [&window] { updateEngine(window); };
+        FillObjectList(bench.shell, bench.params, bench.params.objectOfTab(tab), options);
+        break;
+    }
+    }
+    list.selected = std::clamp(selected, list.count() > 0 ? 1 : 0, list.count());
+    window.rightPanel().fillList(tab);
+}
+
+void membersChanged(MainWindow& window, const QString& addedPattern)
+{
+    const Shell& shell = window.shell();
+    (void)RebuildMemberList(shell, addedPattern);
+    const int tab = window.workbench().params.CurrentTab;
+    refillList(window, TabGfxboot);
+    refillList(window, TabBackgrounds);
+    refillList(window, TabFonts);
+    if (tab >= FirstObjectTab)
+        refillList(window, tab);
+    loadLogos(window);
+    window.refreshThumbnails();
+    if (!FileExists(shell.run.BackFile)) {
+        shell.run.BackFile = shell.run.Workspace + QStringLiteral("back.jpg");
+        window.ShowBackground();
+    }
+    updateRowButtons(window);
+}
+
+void MenuApply(MainWindow& window)
+{
+    window.stageLink().stage().setMenuEntries(embeddedMenu);
+}
+
 void fillStep(MainWindow& window, OpenHost::Step step)
 {
     using Step = OpenHost::Step;
-    const Shell& shell = window.shell();
-    ParamLists& params = window.workbench().params;
+    Workbench& bench = window.workbench();
+    ParamLists& params = bench.params;
     switch (step) {
     case Step::Pictures:
-        prepareFixedTabs(params);
+        params.UpgradeChoice = 0;
+        break;
+    case Step::Levels:
+        ReadLevelFiles(bench.shell, params.ZUKarr);
+        break;
+    case Step::Menus:
+        fillMenus(bench.shell, *params.list(TabMenu));
         break;
     case Step::Members:
-        MemberListFill(shell, *params.list(TabGfxboot));
+        MemberListFill(bench.shell, *params.list(TabGfxboot));
         break;
     case Step::Config:
-        fillConfig(shell, *params.list(TabConfig));
+        ConfigInListView(bench.shell, *params.list(TabConfig));
         break;
     case Step::Backgrounds:
-        fillBackgrounds(shell, *params.list(TabBackgrounds));
+        fillBackgrounds(bench.shell, *params.list(TabBackgrounds));
         break;
     case Step::Fonts:
-        fillFonts(shell, *params.list(TabFonts));
+        fillFonts(bench);
+        break;
+    case Step::Stage:
+        bench.shell.WriteLog(QStringLiteral("     Frame2.Preview.Fill"));
+        break;
+    case Step::Generation:
+        buildObjects(window);
         break;
     case Step::Tabs:
-        window.rightPanel().rebuild();
+        buildObjectTabs(window);
+        break;
+    case Step::Logos:
+        bench.shell.WriteLog(QStringLiteral("     ImageListLOGO.Fill"));
+        loadLogos(window);
         break;
     case Step::Show:
-        window.UpdateInterface();
-        window.refreshThumbnails();
-        window.ShowBackground();
-        break;
-    default:
+        showAll(window);
         break;
     }
-}
-
-void MainWindow::refreshThumbnails()
-{
-    const QString& folder = m_workbench.shell.run.Workspace;
-    m_bottomPanel->setFiles(folder, filesLike(folder, QStringLiteral("*.jpg")));
-}
-
-void MainWindow::ShowBackground()
-{
-    const Shell& shell = m_workbench.shell;
-    shell.WriteLog(QStringLiteral(" Picture1.Show "));
-    QSize size(400, 300);
-    QPixmap pixmap;
-    if (shell.run.GfxOpened && FileExists(shell.run.BackFile)) {
-        pixmap = QPixmap(shell.run.BackFile);
-        size = QSize(shell.run.BackWidth, shell.run.BackHeight);
-        setStatusField(4, QStringLiteral("%1x%2, Scale=100%").arg(size.width()).arg(size.height()));
-    }
-    m_picture->setPixmap(pixmap);
-    m_picture->resize(size);
-    LayoutWindow();
 }
 
 } // namespace fennel

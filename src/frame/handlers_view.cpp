@@ -2,8 +2,46 @@
 // The View menu, the panels, and the buttons of the toolbar that no menu has.
 #include "frame/handlers.h"
 #include "frame/main_window.h"
+#include "frame/menus.h"
+#include "frame/stage_link.h"
+#include "stage/scale_commands.h"
+#include "tools/image_tool.h"
+
+#include <QScreen>
 
 namespace fennel {
+
+namespace {
+
+void fillTheScreen(MainWindow& window)
+{
+    Stage& stage = window.stageLink().stage();
+    const auto fill = fillForStage(stage, window.fillRoom());
+    if (!fill)
+        return;
+    window.move(window.screen()->availableGeometry().topLeft());
+    window.shell().run.RightPanelWidth = std::max(fill->rightPanel, minRightPanelWidth);
+    applyFill(stage, *fill);
+}
+
+// Only the two files are made; the view itself stays as it is.
+void toggleSplash(MainWindow& window)
+{
+    QAction* action = window.menus().action(QStringLiteral("mnuView_Splash"));
+    if (action->isChecked() && (!BackToXpm(window.shell()) || !XpmToGif(window.shell())))
+        action->setChecked(false);
+}
+
+void showScales(MainWindow& window)
+{
+    std::vector<Menus::Entry> entries;
+    for (const ScaleEntry& scale : scaleEntries)
+        entries.push_back(
+            {scale.percent, QString::fromUtf16(scale.caption), true, std::nullopt, {}});
+    window.menus().setEntries("mnuView_scale", entries);
+}
+
+} // namespace
 
 void MainWindow::toolbarCommand(int id)
 {
@@ -20,14 +58,25 @@ void MainWindow::toolbarCommand(int id)
 void addViewCommands(MainWindow& window)
 {
     Commands& commands = window.commands();
-    commands.add("Toolbar1_7",
-                 [&window] { window.showRightPanel(!window.workbench().flags.rightPanelShown); });
-    commands.add("Toolbar1_8",
-                 [&window] { window.showBottomPanel(!window.workbench().flags.bottomPanelShown); });
-    commands.add("mnuView_scale1", [&window] {
-        window.shell().run.PreviewScale = 1.0;
-        window.ShowBackground();
+    Stage& stage = window.stageLink().stage();
+    commands.add("Toolbar1_7", [&window] {
+        window.showRightPanel(!window.workbench().flags.rightPanelShown);
     });
+    commands.add("Toolbar1_8", [&window] {
+        window.showBottomPanel(!window.workbench().flags.bottomPanelShown);
+    });
+    commands.add("mnuView_scale1", [&stage] { mnuView_scale1(stage); });
+    commands.add("mnuView_fill", [&window] { fillTheScreen(window); });
+    commands.add("mnuView_custom", [&window, &stage] {
+        mnuView_custom(stage, window.screen()->size());
+    });
+    commands.addArray("mnuView_scale", [&stage](int percent) { mnuView_scale(stage, percent); });
+    commands.add("mnuView_Splash", [&window] { toggleSplash(window); });
+}
+
+void showFixedEntries(MainWindow& window)
+{
+    showScales(window);
 }
 
 } // namespace fennel

@@ -3,11 +3,14 @@
 
 #include "frame/handlers.h"
 #include "frame/menus.h"
+#include "frame/stage_link.h"
 #include "frame/status_bar.h"
 #include "frame/thumbnail_strip.h"
 #include "frame/toolbar.h"
+#include "params/catalogue.h"
 #include "params/right_panel.h"
-#include "shell/run_state.h"
+#include "params/tabs.h"
+#include "stage/stage_surface.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -28,18 +31,24 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     m_toolbar = new Toolbar(this);
     addToolBar(m_toolbar);
     setContextMenuPolicy(Qt::NoContextMenu);
+    m_stageLink = std::make_unique<StageLink>(*this);
     buildAreas();
     addFileCommands(*this);
     addViewCommands(*this);
+    addEditCommands(*this);
+    addToolCommands(*this);
     addHelpCommands(*this);
+    connectLists(*this);
     m_menus = std::make_unique<Menus>(*menuBar(), m_commands);
+    showFixedEntries(*this);
     m_toolbar->BuildToolbar(m_commands);
     m_toolbar->setDriveMenu(m_menus->menu(QStringLiteral("mnuFlash")));
     connectAreas();
-    fillStep(*this, OpenHost::Step::Pictures);
-    fillStep(*this, OpenHost::Step::Tabs);
+    (void)LoadCatalogue(workbench.shell, workbench.params.ZUKarr);
+    BuildTabs(workbench.shell, workbench.params, {});
+    rebuildTabs(*this);
     UpdateInterface();
-    ShowBackground();
+    showWelcome();
 }
 
 MainWindow::~MainWindow() = default;
@@ -73,7 +82,7 @@ void MainWindow::UpdateInterface()
     QProgressBar& progress = m_statusBar->progressBar();
     progress.show();
     m_statusBar->ProgressBar_reset();
-    m_rightPanel->selectTab(TabConfig);
+    selectTab(*this, TabConfig);
     m_workbench.lastUsed.Recreate_LastUsed(m_workbench.shell,
                                            [&progress](int value) { progress.setValue(value); });
     showLastUsed(*this);
@@ -87,10 +96,8 @@ void MainWindow::Form_Activate()
 {
     const Shell& shell = m_workbench.shell;
     shell.WriteLog(QStringLiteral("Form_Activate Start"));
-    if (!shell.run.GfxOpened) {
+    if (!shell.run.GfxOpened)
         UpdateInterface();
-        ShowBackground();
-    }
     shell.WriteLog(QStringLiteral("Form_Activate End"));
     Q_EMIT activated();
 }
@@ -110,15 +117,20 @@ public:
     void openBegins() override
     {
         m_window.m_workbench.shell.run.InterfaceReady = false;
+        CloseEditor(m_window);
+        Stage& stage = m_window.m_stageLink->stage();
+        stage.ShowMarker(-1, -1);
+        stage.SelectedPanel = -1;
+        stage.HideAllPanels();
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
         m_window.setEnabled(false);
     }
-    void hideObjects() override {}
+    void hideObjects() override { m_window.m_stageLink->stage().HideAllPanels(); }
     void fill(Step step) override { fillStep(m_window, step); }
     [[nodiscard]] int chosenBackground() const override
     {
         return static_cast<int>(
-            m_window.m_workbench.params.ZUKarr.GetLevelValue(0, 99, Layer::Cfg).value_or(0));
+            m_window.m_workbench.params.ZUKarr.GetLevelValue(0, backgroundParam, Layer::Cfg).value_or(0));
     }
     void openEnds(bool opened) override
     {

@@ -8,12 +8,12 @@
 #include "frame/layout.h"
 #include "frame/toolbar_table.h"
 #include "frame/workbench.h"
+#include "stage/scale_rules.h"
 
 #include <QMainWindow>
 
 #include <memory>
 
-class QLabel;
 class QScrollArea;
 class QToolButton;
 
@@ -22,6 +22,8 @@ namespace fennel {
 class Menus;
 class RightPanel;
 class SplitterBar;
+class StageLink;
+class StageSurface;
 class StatusBar;
 class ThumbnailStrip;
 class Toolbar;
@@ -41,7 +43,10 @@ public:
     [[nodiscard]] RightPanel& rightPanel() { return *m_rightPanel; }
     [[nodiscard]] ThumbnailStrip& thumbnails() { return *m_bottomPanel; }
     [[nodiscard]] StatusBar& statusFields() { return *m_statusBar; }
-    [[nodiscard]] QScrollArea& port() { return *m_port; }
+    [[nodiscard]] StageLink& stageLink() { return *m_stageLink; }
+    [[nodiscard]] StageSurface& surface() { return *m_picture; }
+    // Everything between toolbar and status line; the value editor floats on it.
+    [[nodiscard]] QWidget& area() { return *m_area; }
 
     // Opens a message file given in short form; true if it is open now.
     bool openGfxboot(const QString& path);
@@ -61,6 +66,10 @@ public:
     // Brings the background in force to the preview, and the window to its size.
     void ShowBackground();
     void refreshThumbnails();
+    // Checks the entry of the selected tab in the menu of the objects.
+    void showObjectMenu();
+    // What the "Fill the screen" calculation needs of the window.
+    [[nodiscard]] FillRoom fillRoom() const;
 
 Q_SIGNALS:
     void activated();
@@ -75,6 +84,7 @@ private:
     void buildSplitters();
     void connectAreas();
     void place(const LayoutResult& layout);
+    void showWelcome();
     void keepOnScreen();
     void setPanelWidth(int width);
     void setPanelHeight(int height);
@@ -83,6 +93,7 @@ private:
 
     Workbench& m_workbench;
     Commands m_commands;
+    std::unique_ptr<StageLink> m_stageLink;
     std::unique_ptr<Menus> m_menus;
     Toolbar* m_toolbar;
     QWidget* m_area;          // everything between toolbar and status bar

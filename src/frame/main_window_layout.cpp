@@ -1,15 +1,20 @@
 // SPDX-License-Identifier: MIT
 // The areas of the window: how they are made, where they stand, how the splitters move them.
 #include "frame/main_window.h"
+#include "frame/menus.h"
 #include "frame/splitter_bar.h"
+#include "frame/stage_link.h"
 #include "frame/status_bar.h"
 #include "frame/thumbnail_strip.h"
 #include "frame/toolbar.h"
 #include "params/right_panel.h"
+#include "params/tabs.h"
+#include "stage/stage_surface.h"
 
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QScrollArea>
@@ -58,8 +63,7 @@ void MainWindow::buildAreas()
 
     m_port = new QScrollArea(m_area);
     m_port->setFrameStyle(QFrame::NoFrame);
-    m_picture = new QLabel;
-    m_picture->setObjectName(QStringLiteral("Picture1"));
+    m_picture = m_stageLink->makeSurface(nullptr);
     m_port->setWidget(m_picture);
     m_rightPanel = new RightPanel(m_workbench.params, m_area);
     m_bottomPanel = new ThumbnailStrip(m_area);
@@ -215,6 +219,63 @@ void MainWindow::showBottomPanel(bool shown)
     UpdateToolbar();
     ShowBackground();
     m_picture->setFocus();
+}
+
+void MainWindow::ShowBackground()
+{
+    m_workbench.shell.WriteLog(QStringLiteral(" Picture1.Show "));
+    if (m_workbench.shell.run.GfxOpened)
+        m_stageLink->stage().ShowBackground();
+    else
+        LayoutWindow();
+}
+
+void MainWindow::showWelcome()
+{
+    QImage picture(400, 300, QImage::Format_RGB32);
+    picture.fill(palette().color(QPalette::Window));
+    QPainter painter(&picture);
+    painter.setPen(palette().color(QPalette::Disabled, QPalette::WindowText));
+    painter.drawText(picture.rect(), static_cast<int>(Qt::AlignCenter),
+                     tr("Open a gfxboot message file (Ctrl+O)\nor make a new one (Ctrl+N)."));
+    painter.end();
+    m_stageLink->stage().setBackground(picture);
+    LayoutWindow();
+}
+
+void MainWindow::refreshThumbnails()
+{
+    const ParamLists& lists = m_workbench.params;
+    const RunState& run = m_workbench.shell.run;
+    if (!run.GfxOpened)
+        return;
+    const QString mask =
+        thumbnailMask(lists.tabs[static_cast<std::size_t>(lists.CurrentTab)].caption);
+    const QStringList names = thumbnailNames(run.Workspace, mask);
+    m_bottomPanel->setFiles(run.Workspace, names);
+    setStatusField(7, thumbnailStatus(names.size(), mask));
+}
+
+void MainWindow::showObjectMenu()
+{
+    const ParamLists& lists = m_workbench.params;
+    for (int tab = FirstObjectTab; tab <= lists.tabCount(); ++tab)
+        m_menus->checkEntry("mnuEdit_ZUK_arr", tab, tab == lists.CurrentTab);
+}
+
+FillRoom MainWindow::fillRoom() const
+{
+    FillRoom room;
+    room.workArea = screen()->availableGeometry();
+    room.rightPanel = m_workbench.flags.rightPanelShown ? m_rightPanel->width() + gutterWidth : 0;
+    room.bottomPanel =
+        m_workbench.flags.bottomPanelShown ? m_bottomPanel->height() + splitterWidth : 0;
+    room.toolbar = m_toolbar->height();
+    room.statusBar = m_statusBar->height();
+    const QSize border = frameGeometry().size() - size();
+    room.chromeHeight = border.height() + menuBar()->height();
+    room.frameWidth = border.width() + gutterWidth;
+    return room;
 }
 
 } // namespace fennel

@@ -126,28 +126,11 @@ constexpr auto items = std::to_array<MenuItem>({
     {"ListView1Popup", "mnu_Context_ListView1Popup", u"", Array},
 });
 
-constexpr auto scales = std::to_array<ScaleEntry>({
-    {33, u"1/3 (33%)"},
-    {50, u"1/2 (50%)"},
-    {66, u"2/3 (66%)"},
-    {75, u"3/4 (75%)"},
-    {90, u"90%"},
-    {125, u"5/4 (125%)"},
-    {133, u"4/3 (133%)"},
-    {150, u"3/2 (150%)"},
-    {200, u"200%"},
-});
-
 } // namespace
 
 std::span<const MenuItem> menuTable()
 {
     return items;
-}
-
-std::span<const ScaleEntry> scaleTable()
-{
-    return scales;
 }
 
 const MenuItem* menuItem(QStringView name)

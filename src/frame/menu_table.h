@@ -51,11 +51,4 @@ bool holds(Enabled rule, const RunState& run, bool flashThere);
 // The caption of mnuFile_ReOpen: the name of the open file, or three points.
 QString reopenCaption(const RunState& run);
 
-// Percentages of the array mnuView_scale, the captions with them.
-struct ScaleEntry {
-    int percent;
-    const char16_t* caption;
-};
-std::span<const ScaleEntry> scaleTable();
-
 } // namespace fennel

@@ -33,6 +33,8 @@ public:
     // index.
     void setEntries(const char* array, const std::vector<Entry>& entries);
 
+    void checkEntry(const char* array, int index, bool checked);
+
     // Sets what can be chosen: the rule of the table holds and there is a command behind it. A menu
     // can be opened if its rule holds. Items that others decide (Enabled::ByOthers) keep their
     // state as long as there is a command.

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Everything that one run of the program holds, owned together. main makes one; a test makes its
-// own, two at once if it likes.
+// Everything that one run of the program holds, owned together. main makes one; a test makes its own,
+// two at once if it likes.
 #pragma once
 
-#include "fonts/font_table.h"
+#include "fonts/char_sets.h"
+#include "fonts/scan_fonts.h"
 #include "frame/toolbar_table.h"
 #include "params/param_lists.h"
 #include "shell/last_used.h"
@@ -17,9 +18,11 @@ struct Workbench {
     Shell shell;
     LastUsed lastUsed;
     ParamLists params;
-    fennel::FontTable FontTable{fontCount};
+    FontState fonts;
+    FontScanSettings fontSettings;
     WindowFlags flags;
     StatusFields status;
+    QString CurrentMenuFile; // a menu file of the Current Flash; empty: the embedded menu
 
     // The shell's parts and the store outlive the workbench.
     Workbench(const Shell& shellParts, SettingsStore& store) : shell(shellParts), lastUsed(store) {}

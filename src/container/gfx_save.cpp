@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "container/gfx_save.h"
+
+#include "container/archive_tools.h"
+#include "container/member_list.h"
+
+#include <QDir>
+
+namespace fennel {
+
+namespace {
+
+const QString canceled = QStringLiteral("Canceled by user");
+const QString archiveName = QStringLiteral("#message");
+
+// The file to deliver, built in the Workspace.
+Result<QString> buildMessage(const Shell& shell)
+{
+    const QString& folder = shell.run.Workspace;
+    const QString archive = folder + archiveName;
+    if (Result<void> assembled = CpioAssemble(shell, archive, folder); !assembled)
+        return assembled.failure();
+    if (!shell.run.GfxIsGz)
+        return archive;
+    return SevenZipPack(shell, archive, folder, {});
+}
+
+// Puts the built file in its place. It stays in the Workspace if that fails.
+Result<void> deliver(const Shell& shell)
+{
+    const Result<QString> built = buildMessage(shell);
+    if (!built)
+        return built.failure();
+    const QString target = folderPart(shell.run.GfxPath) + shell.run.GfxFileName;
+    if (Result<void> moved = shell.files.replaceWhole(*built, target); !moved)
+        return moved;
+    (void)shell.files.remove(*built);
+    return {};
+}
+
+void tellNotSaved(const Shell& shell, const Failure& failure)
+{
+    // A missing tool was told already.
+    if (failure.text.empty())
+        return;
+    shell.prompts.ShowMessage(QStringLiteral("%1 was not saved. The old file is as it was.\n\n%2")
+                                  .arg(shell.run.GfxFileName, QString::fromStdString(failure.text)),
+                              MessageType::Stop, QStringLiteral("ERROR"));
+}
+
+struct SaveTarget {
+    QString folder; // ends in "/"
+    QString name;
+    bool compress = false;
+};
+
+bool mayReplace(const Shell& shell, const SaveTarget& target, const QString& chosen)
+{
+    // The dialog has asked about the chosen name only.
+    const QString path = target.folder + target.name;
+    if (target.name == chosen || !FileExists(path))
+        return true;
+    return shell.prompts.ShowMessage(
+               QStringLiteral("File %1 already exists.\nDo you want to replace it?").arg(path),
+               MessageType::YesNo, QStringLiteral("Saving As...")) == Answer::Yes;
+}
+
+std::optional<SaveTarget> askTarget(const Shell& shell)
+{
+    const RunState& run = shell.run;
+    const bool hasFile = run.GfxFileName != unsavedGfxName && FileExists(run.GfxPath);
+    const QString start = hasFile ? folderPart(run.GfxPath) : QDir::homePath();
+    const QString path = SaveDialog(shell, start, {}, proposedCopyName(run.GfxFileName));
+    if (path.isEmpty())
+        return std::nullopt;
+    const Answer answer =
+        shell.prompts.ShowMessage(QStringLiteral("FENNEL-GFX is able to compress the resulting \n"
+                                                 "file in a gZip archive.\n"
+                                                 "\n"
+                                                 "To do this?"),
+                                  MessageType::YesNoCancel, QStringLiteral("Saving As..."));
+    if (answer == Answer::Cancel)
+        return std::nullopt;
+    const bool compress = answer == Answer::Yes;
+    const SaveTarget target{folderPart(path), savedName(namePart(path), compress), compress};
+    return mayReplace(shell, target, namePart(path)) ? std::optional(target) : std::nullopt;
+}
+
+// Makes the run state and a copy of the Workspace that belong to the target.
+bool adoptTarget(const Shell& shell, const SaveTarget& target)
+{
+    RunState& run = shell.run;
+    const QString workspace = run.WorkspaceRoot + target.name + QLatin1Char('/');
+    if (workspace != run.Workspace && !shell.told(shell.files.copyFolder(run.Workspace, workspace)))
+        return false;
+    run.GfxIsGz = target.compress;
+    run.GfxFileName = target.name;
+    run.GfxFolderName = target.name;
+    run.GfxPath = target.folder + target.name;
+    run.Workspace = workspace;
+    run.BackFile = workspace + QStringLiteral("back.jpg");
+    return true;
+}
+
+} // namespace
+
+QString proposedCopyName(const QString& name)
+{
+    const qsizetype point = name.indexOf(QLatin1Char('.'));
+    return (point < 0 ? name : name.left(point)) + QStringLiteral("New");
+}
+
+QString savedName(const QString& chosen, bool compress)
+{
+    QString name = chosen;
+    name.replace(QLatin1Char(' '), QLatin1Char('_'));
+    if (compress)
+        name += QStringLiteral(".gz");
+    return name.replace(QStringLiteral(".gz.gz"), QStringLiteral(".gz"));
+}
+
+QString SaveDialog(const Shell& shell, const QString& folder, const QString& title,
+                   const QString& proposedName)
+{
+    FileQuestion question;
+    question.folder = folder.isEmpty() ? shell.run.AppPath : folder;
+    question.title = title.isEmpty() ? QStringLiteral("Save gfxboot As...") : title;
+    question.filter = QStringLiteral("All Files (*.*)|*.*|");
+    question.proposedName = proposedName;
+    const QString path = shell.prompts.saveFile(question);
+    if (path.isEmpty())
+        shell.prompts.ShowMessage(canceled);
+    return path;
+}
+
+bool GfxSave(const Shell& shell, const WriteParameters& writeParameters)
+{
+    if (!shell.toolThere(shell.run.ToolCpio))
+        return false;
+    if (!FileExists(shell.run.Workspace + memberListName)) {
+        shell.prompts.ShowMessage(QStringLiteral("Gfxboot info is lost!"));
+        return false;
+    }
+    if (!writeParameters())
+        return false;
+    const Result<void> done = deliver(shell);
+    if (!done)
+        tellNotSaved(shell, done.failure());
+    return done.ok();
+}
+
+bool GfxSaveAs(const Shell& shell, const WriteParameters& writeParameters)
+{
+    const std::optional<SaveTarget> target = askTarget(shell);
+    if (!target)
+        return false;
+    const RunState before = shell.run;
+    if (adoptTarget(shell, *target) && GfxSave(shell, writeParameters))
+        return true;
+    const QString copy = shell.run.Workspace;
+    shell.run = before;
+    if (copy != before.Workspace)
+        (void)shell.files.removeFolder(copy);
+    return false;
+}
+
+bool mayReOpen(const Shell& shell)
+{
+    const QString& path = shell.run.GfxPath;
+    if (!FileExists(path)) {
+        shell.prompts.ShowMessage(
+            QStringLiteral("File %1 is lost!\nMaybe your drive %2 was unplugged.")
+                .arg(path, path.left(2)));
+        return false;
+    }
+    const Answer answer =
+        shell.prompts.ShowMessage(QStringLiteral("Your changes will be lost.\nContinue?"),
+                                  MessageType::YesNo, QStringLiteral("Gfxboot ReOpen"));
+    if (answer != Answer::Yes)
+        shell.prompts.ShowMessage(canceled);
+    return answer == Answer::Yes;
+}
+
+} // namespace fennel

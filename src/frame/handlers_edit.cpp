@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+// The Edit menu, the pop-up menus of the stage, and the thumbnails.
+#include "frame/handlers.h"
+#include "frame/main_window.h"
+#include "frame/stage_link.h"
+#include "frame/thumbnail_strip.h"
+#include "params/cfg_file.h"
+#include "params/right_panel.h"
+#include "stage/panel_text.h"
+
+namespace fennel {
+
+namespace {
+
+void pointAtMembers(MainWindow& window)
+{
+    selectTab(window, TabGfxboot);
+    window.shell().prompts.ShowMessage(
+        QStringLiteral("Double click on item to open a dialogue \n"
+                       "\n"
+                       "\"Change the file\"\n"
+                       "\n"
+                       "Or right mouse button click to bring up the context menu\n"
+                       "\n"
+                       "Or use a special tab for gfxboot component"));
+}
+
+void chooseObjectTab(MainWindow& window, int tab)
+{
+    selectTab(window, tab);
+    window.showObjectMenu();
+    window.stageLink().stage().ActivatePanel(window.stageLink().objectOfCurrentTab());
+}
+
+void onThumbnail(MainWindow& window, const QString& name, Qt::MouseButton button)
+{
+    const Shell& shell = window.shell();
+    if (button == Qt::RightButton) {
+        shell.prompts.ShowMessage(QStringLiteral("ПЛАН: Вызов PopupMenu для %1\n"
+                                                 "Planned: Calling PopupMenu for %1")
+                                      .arg(name),
+                                  MessageType::Ok, QStringLiteral("It's roll"));
+    } else if (button == Qt::MiddleButton) {
+        shell.prompts.ShowMessage(QStringLiteral("It's roll"));
+    } else if (fitsPattern(name, QStringLiteral("back*.jpg"))) {
+        shell.run.BackFile = shell.run.Workspace + name;
+        window.ShowBackground();
+    } else if (fitsPattern(name, QStringLiteral("Logo_??.jpg"))) {
+        window.stageLink().stage().showLogo(static_cast<int>(numberFromText(name.mid(5))));
+    }
+}
+
+// Keys of gfxboot.cfg that hide a function-key button, by the button's place in the bar.
+QString hideKey(int button)
+{
+    switch (button) {
+    case 1:
+        return QStringLiteral("hide_help");
+    case 3:
+        return QStringLiteral("hide_lang");
+    case 5:
+        return QStringLiteral("hide_reboot");
+    default:
+        return QStringLiteral("hide_poweroff");
+    }
+}
+
+void flipButton(MainWindow& window, int button)
+{
+    Stage& stage = window.stageLink().stage();
+    ListRows& list = *window.workbench().params.list(TabConfig);
+    const int number = CfgRow(list, hideKey(button));
+    ListRow* row = list.row(number);
+    if (row == nullptr)
+        return;
+    row->colour = cfgActiveRow;
+    row->cells[CfgValueColumn].text =
+        stage.ButtonVisible(button) ? QStringLiteral("1") : QStringLiteral("0");
+    window.rightPanel().refreshList(TabConfig);
+    window.rightPanel().view(TabConfig)->select(number);
+    stage.DrawPanel(2);
+}
+
+} // namespace
+
+void addEditCommands(MainWindow& window)
+{
+    Commands& commands = window.commands();
+    commands.add("mnuEdit_Replace", [&window] { pointAtMembers(window); });
+    commands.add("mnuEdit_EditCFG", [&window] { chooseObjectTab(window, TabConfig); });
+    commands.add("mnu_Context_picture1_cfg", [&window] { chooseObjectTab(window, TabConfig); });
+    commands.addArray("mnuEdit_ZUK_arr", [&window](int tab) { chooseObjectTab(window, tab); });
+    for (const int button : {1, 3, 5, 7}) {
+        const QByteArray name = "mnupopup_OnOff_" + QByteArray::number(button);
+        commands.add(name.constData(), [&window, button] { flipButton(window, button); });
+    }
+    QObject::connect(&window.thumbnails(), &ThumbnailStrip::clicked, &window,
+                     [&window](const QString& name, Qt::MouseButton button) {
+                         onThumbnail(window, name, button);
+                     });
+    QObject::connect(&window.thumbnails(), &ThumbnailStrip::hovered, &window,
+                     [&window](const QString& name) {
+                         window.setStatusField(
+                             7, QStringLiteral("Gfxboot component: \"%1\"").arg(name));
+                     });
+}
+
+} // namespace fennel

@@ -1,0 +1,394 @@
+// SPDX-License-Identifier: MIT
+// What the user does in the lists at the right: choosing tabs and rows, typing values, files.
+#include "container/member_catalogue.h"
+#include "container/member_list.h"
+#include "frame/handlers.h"
+#include "frame/main_window.h"
+#include "frame/menus.h"
+#include "frame/stage_link.h"
+#include "frame/thumbnail_strip.h"
+#include "frame/toolbar.h"
+#include "params/cfg_file.h"
+#include "params/list_actions.h"
+#include "params/menu_level.h"
+#include "params/panel_values.h"
+#include "params/right_panel.h"
+#include "params/row_values.h"
+#include "params/tabs.h"
+#include "tools/image_tool.h"
+
+namespace fennel {
+
+namespace {
+
+void applyButtons(MainWindow& window, const RowButtons& buttons)
+{
+    RightPanel& panel = window.rightPanel();
+    panel.addButton().setEnabled(buttons.ComADD);
+    panel.deleteButton().setEnabled(buttons.ComDEL);
+    panel.editButton().setEnabled(buttons.ComEdit);
+    panel.rowSpin().setEnabled(buttons.UpDown3);
+    window.toolbar().enableButton(12, buttons.toolbar12);
+    window.toolbar().enableButton(13, buttons.toolbar13);
+    window.toolbar().enableButton(14, buttons.toolbar14);
+}
+
+ListRow* currentRow(MainWindow& window)
+{
+    ParamLists& lists = window.workbench().params;
+    ListRows* list = lists.list(lists.CurrentTab);
+    return list == nullptr ? nullptr : list->row(lists.CurrentRow);
+}
+
+void openEditor(MainWindow& window)
+{
+    const ListRow* row = currentRow(window);
+    if (row == nullptr || row->cells.size() < 2)
+        return;
+    window.rightPanel().openEditor(window.area(), row->text(), row->text(1));
+}
+
+void showMenuAs(MainWindow& window, const std::vector<PopupEntry>& entries, QPoint place)
+{
+    std::vector<Menus::Entry> shown;
+    for (const PopupEntry& entry : entries)
+        shown.push_back({entry.index, QString(entry.caption).replace(u'&', QStringLiteral("&&")),
+                         entry.enabled, std::nullopt, {}});
+    window.menus().setEntries("ListView1Popup", shown);
+    window.menus().menu(QStringLiteral("mnu_Context_ListView1Popup"))->popup(place);
+}
+
+void onRowSelected(MainWindow& window, int tab, int row, bool rightButton)
+{
+    ParamLists& lists = window.workbench().params;
+    const RunState& run = window.shell().run;
+    if (!run.GfxOpened || !run.InterfaceReady || tab != lists.CurrentTab)
+        return;
+    const ItemClick click = onItemClick(run, lists, tab, row, rightButton);
+    lists.CurrentRow = click.select;
+    lists.list(tab)->selected = click.select;
+    if (click.skipped) {
+        window.rightPanel().view(tab)->select(click.select);
+        updateRowButtons(window);
+        return;
+    }
+    applyButtons(window, click.buttons);
+    const ListRow* shown = lists.list(tab)->row(row);
+    if (click.showPopup)
+        showMenuAs(window, rowPopup(tab, shown->text()), QCursor::pos());
+    if (click.showCfgStatus) {
+        window.setStatusField(7, shown->text() + QStringLiteral("=") + shown->text(1));
+        window.setStatusField(8, QStringLiteral("DblClick or ENTER for \"Value\" edit"));
+        CloseEditor(window);
+    }
+}
+
+void showBackgroundMember(MainWindow& window, const QString& name)
+{
+    window.shell().run.BackFile = window.shell().run.Workspace + name;
+    window.ShowBackground();
+}
+
+void showTextMember(MainWindow& window, const QString& name)
+{
+    const int object = window.stageLink().objectOfCurrentTab();
+    PanelRec* panel = window.workbench().params.object(object);
+    if (panel == nullptr)
+        return;
+    panel->Text = FileReadAll(window.shell().run.Workspace + name).text;
+    window.stageLink().stage().DrawPanel(object);
+}
+
+void onRowActivated(MainWindow& window, int tab, int row)
+{
+    ParamLists& lists = window.workbench().params;
+    const Shell& shell = window.shell();
+    const ListRow* shown = lists.list(tab)->row(row);
+    if (shown == nullptr)
+        return;
+    const QString name = fileOfTag(shown->tag);
+    switch (onDoubleClick(shell.run, lists, tab, row, window.stageLink().menuLevelShown())) {
+    case DoubleClick::RefuseMenuLevel:
+        shell.prompts.ShowMessage(overlappedText(), MessageType::Ok,
+                                  QStringLiteral("MenuLevel data"));
+        break;
+    case DoubleClick::SelectFirst:
+        window.rightPanel().view(tab)->select(1);
+        lists.CurrentRow = 1;
+        break;
+    case DoubleClick::ShowText:
+        showTextMember(window, name);
+        break;
+    case DoubleClick::ShowLogo:
+        window.stageLink().stage().showLogo(static_cast<int>(numberFromText(name.mid(5))));
+        break;
+    case DoubleClick::ShowBackground:
+        showBackgroundMember(window, name);
+        break;
+    case DoubleClick::OpenPicture:
+        FileEditPlanned(shell, name, {});
+        break;
+    case DoubleClick::TellOldFonts:
+        shell.prompts.ShowMessage(oldFontsText());
+        break;
+    case DoubleClick::EditValue:
+        openEditor(window);
+        break;
+    default:
+        break;
+    }
+}
+
+void applyChange(MainWindow& window, int tab, const RowChange& change)
+{
+    ParamLists& lists = window.workbench().params;
+    window.rightPanel().refreshList(tab);
+    for (const int object : change.objects) {
+        if (const PanelRec* panel = lists.object(object); panel->TabIndex != tab)
+            window.rightPanel().refreshList(panel->TabIndex);
+        window.stageLink().stage().ApplyPanel(object);
+    }
+    Stage& stage = window.stageLink().stage();
+    stage.ShowMarker(stage.SelectedPanel, 0);
+}
+
+// A changed row of gfxboot.cfg reaches the file and the stage at once.
+void writeCfgRow(MainWindow& window, const QString& name)
+{
+    ParamLists& lists = window.workbench().params;
+    ListRows& list = *lists.list(TabConfig);
+    (void)CfgWrite(window.shell(), list);
+    window.rightPanel().fillList(TabConfig);
+    window.rightPanel().view(TabConfig)->select(lists.CurrentRow);
+    applyGeneration(window.shell(), lists, window.workbench().fonts.table,
+                    [&list](QStringView key) { return CfgValue(list, key); });
+    Q_UNUSED(name)
+    window.stageLink().stage().RefreshPanels();
+}
+
+void onRowChecked(MainWindow& window, int tab, int row, bool checked)
+{
+    ParamLists& lists = window.workbench().params;
+    const RowCheck check = onRowCheck(window.shell().run, lists, tab, row);
+    ListRow* changed = lists.list(tab)->row(row);
+    if (check != RowCheck::WriteCfg || changed == nullptr)
+        return;
+    changed->checked = checked;
+    changed->colour = checkedColour(checked);
+    writeCfgRow(window, changed->text());
+}
+
+void onKey(MainWindow& window, int tab, int key)
+{
+    ParamLists& lists = window.workbench().params;
+    const ListRow* row = currentRow(window);
+    switch (onListKey(tab, key)) {
+    case ListKey::EditValue:
+        if (row != nullptr)
+            onRowActivated(window, tab, lists.CurrentRow);
+        break;
+    case ListKey::FlipCheck:
+        if (row != nullptr && row->checked)
+            onRowChecked(window, tab, lists.CurrentRow, !*row->checked);
+        break;
+    default:
+        break;
+    }
+}
+
+void onDelete(MainWindow& window)
+{
+    ParamLists& lists = window.workbench().params;
+    const Shell& shell = window.shell();
+    const ListRow* row = currentRow(window);
+    const QString name = row == nullptr ? QString() : fileOfTag(row->tag);
+    const int tab = lists.CurrentTab;
+    switch (onComDEL(lists, tab, lists.CurrentRow, IsRequiredMember(name))) {
+    case DeleteAction::RefuseRequired:
+        shell.prompts.ShowMessage(QStringLiteral("File \"%1\" can not be removed.\n"
+                                                 "It is in the \"Required Files\" list\n"
+                                                 "However, you can try to EDIT it.")
+                                      .arg(name),
+                                  MessageType::Ok, QStringLiteral("Required Files"));
+        break;
+    case DeleteAction::AskDelete:
+        if (shell.prompts.ShowMessage(askDeleteText(name), MessageType::YesNo,
+                                      QStringLiteral("DEL")) == Answer::Yes &&
+            shell.told(shell.files.remove(shell.run.Workspace + name)))
+            membersChanged(window, {});
+        break;
+    case DeleteAction::TellPlanned:
+        shell.prompts.ShowMessage(plannedText());
+        break;
+    default:
+        break;
+    }
+}
+
+void deleteAll(MainWindow& window)
+{
+    const Shell& shell = window.shell();
+    if (shell.prompts.ShowMessage(QStringLiteral("Do you really want to delete all files?"),
+                                  MessageType::OkCancel,
+                                  QStringLiteral("Files Deleting")) != Answer::Ok)
+        return;
+    const ParamLists& lists = window.workbench().params;
+    for (const QString& name : deleteAllNames(lists, lists.CurrentTab)) {
+        if (FileExists(shell.run.Workspace + name) &&
+            !shell.told(shell.files.remove(shell.run.Workspace + name)))
+            break;
+    }
+    membersChanged(window, {});
+}
+
+void runPopup(MainWindow& window, int index)
+{
+    Commands& commands = window.commands();
+    ListView* view = window.rightPanel().view(window.workbench().params.CurrentTab);
+    switch (index) {
+    case popupEdit:
+        commands.run(QStringLiteral("ComEdit"));
+        break;
+    case popupDelete:
+        onDelete(window);
+        break;
+    case popupReorder:
+        view->reorderItems();
+        break;
+    case popupFitColumns:
+        view->fitColumns();
+        break;
+    case popupDeleteAll:
+        deleteAll(window);
+        break;
+    case popupAdd:
+        commands.run(QStringLiteral("ComADD"));
+        break;
+    case popupResizeBackgrounds:
+        commands.run(QStringLiteral("mnuEdit_Resize"));
+        break;
+    case popupResizeLogos:
+        commands.run(QStringLiteral("mnuEdit_ResizeLOGO"));
+        break;
+    default:
+        break;
+    }
+}
+
+void onFromMenu(MainWindow& window, bool checked)
+{
+    ParamLists& lists = window.workbench().params;
+    CloseEditor(window);
+    const auto background = switchMenuLevel(window.shell(), lists, checked);
+    if (background) {
+        window.shell().run.BackFile = *background;
+        window.ShowBackground();
+    } else {
+        window.stageLink().stage().RefreshPanels();
+    }
+    window.stageLink().stage().ActivatePanel(lists.objectOfTab(lists.CurrentTab));
+    window.rightPanel().view(lists.CurrentTab)->fitColumns();
+}
+
+} // namespace
+
+void updateRowButtons(MainWindow& window)
+{
+    const ParamLists& lists = window.workbench().params;
+    applyButtons(window, buttonsOfTab(window.shell().run, lists, lists.CurrentTab));
+}
+
+void commitEditor(MainWindow& window)
+{
+    ValueEditor& editor = window.rightPanel().editor();
+    ListRow* row = currentRow(window);
+    if (!editor.isVisible() || row == nullptr)
+        return;
+    Workbench& bench = window.workbench();
+    const QString typed = editor.text();
+    CloseEditor(window);
+    const int tab = bench.params.CurrentTab;
+    if (bench.shell.run.GfxHasZuk) {
+        applyChange(window, tab,
+                    setTypedValue(bench.params, bench.fonts.table, tab, bench.params.CurrentRow,
+                                  typed));
+        return;
+    }
+    row->cells[1].text = normaliseTyped(typed);
+    writeCfgRow(window, row->text());
+}
+
+void CloseEditor(MainWindow& window)
+{
+    ValueEditor& editor = window.rightPanel().editor();
+    if (!editor.isVisible())
+        return;
+    editor.close();
+    ListView* view = window.rightPanel().view(window.workbench().params.CurrentTab);
+    view->select(window.workbench().params.CurrentRow);
+    view->setFocus();
+}
+
+void selectTab(MainWindow& window, int tab)
+{
+    ParamLists& lists = window.workbench().params;
+    Stage& stage = window.stageLink().stage();
+    const int old = lists.CurrentTab;
+    if (old != tab) {
+        CloseEditor(window);
+        if (const int object = lists.objectOfTab(old); object >= 0)
+            stage.showPanel(object, shownAfterLeaving(lists, old));
+        window.rightPanel().selectTab(tab);
+        if (const int object = lists.objectOfTab(tab); object >= 0)
+            stage.showPanel(object, true);
+        window.showObjectMenu();
+        window.refreshThumbnails();
+        window.LayoutWindow();
+        const ListRows* list = lists.list(tab);
+        lists.CurrentRow = list == nullptr ? 0 : list->selected;
+        updateRowButtons(window);
+    }
+}
+
+void connectLists(MainWindow& window)
+{
+    RightPanel& panel = window.rightPanel();
+    QObject::connect(&panel, &RightPanel::tabClicked, &window, [&window](int tab) {
+        selectTab(window, tab);
+        window.stageLink().stage().ActivatePanel(window.stageLink().objectOfCurrentTab());
+        window.rightPanel().view(tab)->setFocus();
+    });
+    QObject::connect(&panel, &RightPanel::rowSelected, &window,
+                     [&window](int tab, int row, bool right) {
+                         onRowSelected(window, tab, row, right);
+                     });
+    QObject::connect(&panel, &RightPanel::rowActivated, &window,
+                     [&window](int tab, int row) { onRowActivated(window, tab, row); });
+    QObject::connect(&panel, &RightPanel::rowChecked, &window,
+                     [&window](int tab, int row, bool checked) {
+                         onRowChecked(window, tab, row, checked);
+                     });
+    QObject::connect(&panel, &RightPanel::keyPressed, &window,
+                     [&window](int tab, int key) { onKey(window, tab, key); });
+    QObject::connect(&panel, &RightPanel::tabMenuAsked, &window,
+                     [&window](int tab, QPoint place) {
+                         const auto entries =
+                             tabPopup(window.shell().run, window.workbench().params, tab);
+                         if (entries.size() >= 2)
+                             showMenuAs(window, entries, place);
+                     });
+    QObject::connect(&panel.editor(), &ValueEditor::committed, &window,
+                     [&window] { commitEditor(window); });
+    QObject::connect(&panel.editor(), &ValueEditor::cancelled, &window,
+                     [&window] { CloseEditor(window); });
+    QObject::connect(&panel.deleteButton(), &QToolButton::clicked, &window,
+                     [&window] { onDelete(window); });
+    QObject::connect(&panel.rowSpin(), &QSpinBox::valueChanged, &window, [&window](int value) {
+        window.shell().prompts.ShowMessage(plannedUpDownText(value));
+    });
+    QObject::connect(&panel.fromMenu(), &QCheckBox::clicked, &window,
+                     [&window](bool checked) { onFromMenu(window, checked); });
+    window.commands().addArray("ListView1Popup", [&window](int index) { runPopup(window, index); });
+}
+
+} // namespace fennel
