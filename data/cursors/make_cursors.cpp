@@ -193,6 +193,7 @@ bool save(const QString& path, const QByteArray& bytes)
 bool saveAnimation(const QString& path, const Drawing& drawing, QPoint hotSpot)
 {
     std::vector<QImage> frames;
+    frames.reserve(frameCount);
     for (int frame = 0; frame < frameCount; ++frame)
         frames.push_back(draw(drawing, double(frame) / frameCount));
     return save(path, aniBytes(frames, hotSpot, ticksPerFrame));

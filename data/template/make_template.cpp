@@ -139,6 +139,7 @@ Result<void> addFiles(const Job& job, Members& members)
 Result<void> writeMessage(const Job& job, const Members& members)
 {
     std::vector<CpioMember> list;
+    list.reserve(memberOrder.size());
     for (const std::string name : memberOrder)
         list.push_back({name, job.seconds, members.at(name)});
     const auto archive = writeCpio(list);

@@ -70,7 +70,9 @@ TEST(TemplateMessage, TheFontEndsWithItsTagAndHoldsNoOther)
         "TAG@ZUK-MOSA@:>Created by the Fennel-GFX(GUI) using the MKBLFONT utility"
         "\tthis is the DEFAULT font|Tahoma\t|size\t14 px|space\t4 px"
         "|letter space\t0 px|line space\t0 px";
-    EXPECT_EQ(font.left(4).toHex(), "068e82d2");
+    EXPECT_EQ(font.left(8).toHex(), "068e82d2af000000") << "175 characters";
+    EXPECT_EQ(font.mid(11, 2).toHex(), "2000") << "the first is the blank";
+    EXPECT_EQ(font.mid(11 + 5 * 174, 2).toHex(), "5f04") << "the last is U+045F";
     EXPECT_TRUE(font.endsWith(tag));
     // A reader takes the first one that it meets, among the glyphs too.
     EXPECT_EQ(font.indexOf("TAG"), font.size() - tag.size());

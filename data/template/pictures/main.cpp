@@ -14,7 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Up to 90 the writer halves the colour planes both ways (4:2:0), the only kind that boots.
+// At this quality the writer halves the colour planes both ways (4:2:0), the only kind that boots;
+// the tests of the template look at the result.
 constexpr int quality = 88;
 
 bool save(const QString& path, const QImage& image)
