@@ -32,6 +32,7 @@ void startMagick()
 {
     static const bool started = [] {
         Magick::InitializeMagick(nullptr);
+        Magick::ResourceLimits::thread(1); // starting threads costs more than a splash image
         return true;
     }();
     Q_UNUSED(started)
