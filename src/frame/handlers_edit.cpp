@@ -6,6 +6,7 @@
 #include "frame/thumbnail_strip.h"
 #include "params/cfg_file.h"
 #include "params/right_panel.h"
+#include "shell/text.h"
 #include "stage/panel_text.h"
 
 namespace fennel {
@@ -98,11 +99,10 @@ void addEditCommands(MainWindow& window)
                      [&window](const QString& name, Qt::MouseButton button) {
                          onThumbnail(window, name, button);
                      });
-    QObject::connect(&window.thumbnails(), &ThumbnailStrip::hovered, &window,
-                     [&window](const QString& name) {
-                         window.setStatusField(
-                             7, QStringLiteral("Gfxboot component: \"%1\"").arg(name));
-                     });
+    QObject::connect(
+        &window.thumbnails(), &ThumbnailStrip::hovered, &window, [&window](const QString& name) {
+            window.setStatusField(7, QStringLiteral("Gfxboot component: \"%1\"").arg(name));
+        });
 }
 
 } // namespace fennel

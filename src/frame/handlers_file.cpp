@@ -53,7 +53,8 @@ void makeNew(MainWindow& window)
 {
     const Shell& shell = window.shell();
     const QString folder = shell.run.WorkspaceRoot + QStringLiteral("~tmp/");
-    if (shell.told(shell.files.removeFolder(folder)) && shell.told(shell.files.makeFolder(folder)) &&
+    if (shell.told(shell.files.removeFolder(folder)) &&
+        shell.told(shell.files.makeFolder(folder)) &&
         WriteResource(shell, folder, QStringLiteral("GFX.GZ")))
         window.openGfxboot(shortForm(folder + unsavedGfxName));
 }

@@ -15,6 +15,7 @@
 #include "params/right_panel.h"
 #include "params/row_values.h"
 #include "params/tabs.h"
+#include "shell/text.h"
 #include "tools/image_tool.h"
 
 namespace fennel {
@@ -52,8 +53,11 @@ void showMenuAs(MainWindow& window, const std::vector<PopupEntry>& entries, QPoi
 {
     std::vector<Menus::Entry> shown;
     for (const PopupEntry& entry : entries)
-        shown.push_back({entry.index, QString(entry.caption).replace(u'&', QStringLiteral("&&")),
-                         entry.enabled, std::nullopt, {}});
+        shown.push_back({entry.index,
+                         QString(entry.caption).replace(u'&', QStringLiteral("&&")),
+                         entry.enabled,
+                         std::nullopt,
+                         {}});
     window.menus().setEntries("ListView1Popup", shown);
     window.menus().menu(QStringLiteral("mnu_Context_ListView1Popup"))->popup(place);
 }
@@ -309,9 +313,9 @@ void commitEditor(MainWindow& window)
     CloseEditor(window);
     const int tab = bench.params.CurrentTab;
     if (bench.shell.run.GfxHasZuk) {
-        applyChange(window, tab,
-                    setTypedValue(bench.params, bench.fonts.table, tab, bench.params.CurrentRow,
-                                  typed));
+        applyChange(
+            window, tab,
+            setTypedValue(bench.params, bench.fonts.table, tab, bench.params.CurrentRow, typed));
         return;
     }
     row->cells[1].text = normaliseTyped(typed);
@@ -358,25 +362,21 @@ void connectLists(MainWindow& window)
         window.stageLink().stage().ActivatePanel(window.stageLink().objectOfCurrentTab());
         window.rightPanel().view(tab)->setFocus();
     });
-    QObject::connect(&panel, &RightPanel::rowSelected, &window,
-                     [&window](int tab, int row, bool right) {
-                         onRowSelected(window, tab, row, right);
-                     });
+    QObject::connect(
+        &panel, &RightPanel::rowSelected, &window,
+        [&window](int tab, int row, bool right) { onRowSelected(window, tab, row, right); });
     QObject::connect(&panel, &RightPanel::rowActivated, &window,
                      [&window](int tab, int row) { onRowActivated(window, tab, row); });
-    QObject::connect(&panel, &RightPanel::rowChecked, &window,
-                     [&window](int tab, int row, bool checked) {
-                         onRowChecked(window, tab, row, checked);
-                     });
+    QObject::connect(
+        &panel, &RightPanel::rowChecked, &window,
+        [&window](int tab, int row, bool checked) { onRowChecked(window, tab, row, checked); });
     QObject::connect(&panel, &RightPanel::keyPressed, &window,
                      [&window](int tab, int key) { onKey(window, tab, key); });
-    QObject::connect(&panel, &RightPanel::tabMenuAsked, &window,
-                     [&window](int tab, QPoint place) {
-                         const auto entries =
-                             tabPopup(window.shell().run, window.workbench().params, tab);
-                         if (entries.size() >= 2)
-                             showMenuAs(window, entries, place);
-                     });
+    QObject::connect(&panel, &RightPanel::tabMenuAsked, &window, [&window](int tab, QPoint place) {
+        const auto entries = tabPopup(window.shell().run, window.workbench().params, tab);
+        if (entries.size() >= 2)
+            showMenuAs(window, entries, place);
+    });
     QObject::connect(&panel.editor(), &ValueEditor::committed, &window,
                      [&window] { commitEditor(window); });
     QObject::connect(&panel.editor(), &ValueEditor::cancelled, &window,

@@ -121,8 +121,8 @@ void rebuildTabs(MainWindow& window)
     const ParamLists& lists = window.workbench().params;
     std::vector<Menus::Entry> entries;
     for (int tab = FirstObjectTab; tab <= lists.tabCount(); ++tab)
-        entries.push_back({tab, tabMenuCaption(lists.tabs[static_cast<std::size_t>(tab)]), true,
-                           false, {}});
+        entries.push_back(
+            {tab, tabMenuCaption(lists.tabs[static_cast<std::size_t>(tab)]), true, false, {}});
     window.menus().setEntries("mnuEdit_ZUK_arr", entries);
 }
 

@@ -59,17 +59,14 @@ void addViewCommands(MainWindow& window)
 {
     Commands& commands = window.commands();
     Stage& stage = window.stageLink().stage();
-    commands.add("Toolbar1_7", [&window] {
-        window.showRightPanel(!window.workbench().flags.rightPanelShown);
-    });
-    commands.add("Toolbar1_8", [&window] {
-        window.showBottomPanel(!window.workbench().flags.bottomPanelShown);
-    });
+    commands.add("Toolbar1_7",
+                 [&window] { window.showRightPanel(!window.workbench().flags.rightPanelShown); });
+    commands.add("Toolbar1_8",
+                 [&window] { window.showBottomPanel(!window.workbench().flags.bottomPanelShown); });
     commands.add("mnuView_scale1", [&stage] { mnuView_scale1(stage); });
     commands.add("mnuView_fill", [&window] { fillTheScreen(window); });
-    commands.add("mnuView_custom", [&window, &stage] {
-        mnuView_custom(stage, window.screen()->size());
-    });
+    commands.add("mnuView_custom",
+                 [&window, &stage] { mnuView_custom(stage, window.screen()->size()); });
     commands.addArray("mnuView_scale", [&stage](int percent) { mnuView_scale(stage, percent); });
     commands.add("mnuView_Splash", [&window] { toggleSplash(window); });
 }

@@ -130,7 +130,8 @@ public:
     [[nodiscard]] int chosenBackground() const override
     {
         return static_cast<int>(
-            m_window.m_workbench.params.ZUKarr.GetLevelValue(0, backgroundParam, Layer::Cfg).value_or(0));
+            m_window.m_workbench.params.ZUKarr.GetLevelValue(0, backgroundParam, Layer::Cfg)
+                .value_or(0));
     }
     void openEnds(bool opened) override
     {

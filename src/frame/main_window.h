@@ -98,7 +98,7 @@ private:
     Toolbar* m_toolbar;
     QWidget* m_area;          // everything between toolbar and status bar
     QScrollArea* m_port;      // holds Picture1
-    QLabel* m_picture;        // Picture1
+    StageSurface* m_picture;  // Picture1
     RightPanel* m_rightPanel; // Frame1Vkladki
     ThumbnailStrip* m_bottomPanel;
     QWidget* m_message;         // Frame7RDMessage

@@ -99,8 +99,7 @@ void Menus::setEntries(const char* array, const std::vector<Entry>& entries)
 
 void Menus::checkEntry(const char* array, int index, bool checked)
 {
-    const QString name =
-        QStringLiteral("%1_%2").arg(QLatin1String(array), QString::number(index));
+    const QString name = QStringLiteral("%1_%2").arg(QLatin1String(array), QString::number(index));
     for (QAction* action : m_entries[QLatin1String(array)]) {
         if (action->objectName() == name)
             action->setChecked(checked);

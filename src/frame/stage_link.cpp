@@ -85,10 +85,9 @@ void StageLink::PanelParamsToRow(int index)
     const PanelRec* object = lists.object(index);
     if (object == nullptr)
         return;
-    const double scale = m_window.shell().run.PreviewScale;
-    const QRectF shown(object->Left * scale, object->Top * scale, object->Width * scale,
-                       object->Height * scale);
-    fennel::PanelParamsToRow(lists, index, shown, scale);
+    // The record is exact where the shown pixels are coarser, so it stands for the shown place.
+    const QRectF place(object->Left, object->Top, object->Width, object->Height);
+    fennel::PanelParamsToRow(lists, index, place, 1.0);
     m_window.rightPanel().refreshList(object->TabIndex);
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Everything that one run of the program holds, owned together. main makes one; a test makes its own,
-// two at once if it likes.
+// Everything that one run of the program holds, owned together. main makes one; a test makes its
+// own, two at once if it likes.
 #pragma once
 
 #include "fonts/char_sets.h"

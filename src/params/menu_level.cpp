@@ -9,8 +9,6 @@ namespace fennel {
 
 namespace {
 
-constexpr int backgroundParam = 99; // number of the background, in file 0
-
 QString backgroundPath(const QString& workspace, qint64 number)
 {
     const QString folder = withSeparator(workspace);
