@@ -19,6 +19,7 @@
 #include <charconv>
 #include <cstdio>
 #include <cstring>
+#include <exception>
 #include <fstream>
 #include <span>
 #include <string>
@@ -133,12 +134,17 @@ int main(int argc, char** argv)
         std::fputs("Arguments: RANGES FONT SIZE SPACE LINE LETTER OUTPUT [,0]\n", stderr);
         return 1;
     }
-    const Result<void> made = makeFont(arguments);
-    if (made)
-        return 0;
+    std::string reason = "The font needs more memory than there is.";
+    try {
+        const Result<void> made = makeFont(arguments);
+        if (made)
+            return 0;
+        reason = made.failure().text;
+    } catch (const std::exception&) { // only the library's own, on want of memory
+    }
     // An output of an earlier run must not pass for this one's.
     if (std::strcmp(arguments[Output], arguments[Font]) != 0)
         std::remove(arguments[Output]);
-    std::fprintf(stderr, "%s\n", made.failure().text.c_str());
+    std::fprintf(stderr, "%s\n", reason.c_str());
     return 1;
 }

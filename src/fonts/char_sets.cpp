@@ -15,7 +15,7 @@ namespace {
 const QString startingRanges = QStringLiteral("0x20-0x7e_0x0410-0x0451");
 
 // Most characters of a number and the sign before it, as in " 0x1234".
-constexpr std::size_t longestNumber = 7;
+constexpr qsizetype longestNumber = 7;
 
 // "0x" and the digits without leading zeros, written behind `out`; returns the place behind them. A
 // set can have 32,768 numbers and is written anew at every click, so there is no string for each.
@@ -63,7 +63,7 @@ Result<CharSelected> ParseCharacterRanges(const QString& text)
 QString FormatCharacterRanges(const CharSelected& set)
 {
     // Each code gives one number at most.
-    QString text(static_cast<qsizetype>(set.count() * longestNumber), Qt::Uninitialized);
+    QString text(static_cast<qsizetype>(set.count()) * longestNumber, Qt::Uninitialized);
     auto* const start = reinterpret_cast<char16_t*>(text.data());
     char16_t* out = start;
     for (std::size_t code = 1; code < set.size(); ++code) {
@@ -86,7 +86,7 @@ QString FormatCharacterRanges(const CharSelected& set)
 QString selectedCharacters(const CharSelected& set)
 {
     QString text;
-    text.reserve(static_cast<qsizetype>(set.count() * 2));
+    text.reserve(static_cast<qsizetype>(set.count()) * 2);
     for (std::size_t code = 1; code < set.size(); ++code) {
         if (set[code]) {
             text += u' ';

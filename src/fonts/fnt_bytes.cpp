@@ -50,10 +50,14 @@ int FontSymbolCount(const QByteArray& file)
     return byteAt(file, 5) * 256 + byteAt(file, 4);
 }
 
+qsizetype entryPlace(int index)
+{
+    return qsizetype{fntHeaderSize} + qsizetype{fntEntrySize} * index;
+}
+
 TableEntry tableEntry(const QByteArray& file, int index)
 {
-    const auto place =
-        static_cast<qsizetype>(fntHeaderSize + fntEntrySize * static_cast<std::size_t>(index));
+    const qsizetype place = entryPlace(index);
     TableEntry entry;
     entry.code = byteAt(file, place + 1) * 256 + byteAt(file, place);
     entry.chrData =

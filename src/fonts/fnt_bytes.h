@@ -34,6 +34,8 @@ struct TableEntry {
     int offset = 0;  // of the glyph: chrData / 32, rounded to even
 };
 TableEntry tableEntry(const QByteArray& file, int index);
+// Where the entry begins in the file.
+qsizetype entryPlace(int index);
 
 inline std::span<const std::uint8_t> asSpan(const QByteArray& bytes)
 {

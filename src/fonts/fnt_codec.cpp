@@ -46,7 +46,7 @@ public:
     int takeSigned(unsigned count)
     {
         const unsigned value = take(count);
-        const unsigned sign = 1U << (count - 1);
+        const unsigned sign = (1U << count) >> 1U;
         return static_cast<int>(value ^ sign) - static_cast<int>(sign);
     }
     [[nodiscard]] bool past() const { return m_past; }

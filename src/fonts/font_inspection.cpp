@@ -56,8 +56,7 @@ void startInspection(FontInspection& inspection, const QString& name, const QByt
 
 QString characterRowText(const QByteArray& file, int index)
 {
-    const auto place =
-        static_cast<qsizetype>(fntHeaderSize + static_cast<std::size_t>(index) * fntEntrySize);
+    const qsizetype place = entryPlace(index);
     const TableEntry entry = tableEntry(file, index);
     return HexBytes(file, 2, place) + u' ' + HexBytes(file, 3, place + 2) + u'|' +
            QChar(static_cast<char16_t>(entry.code)) + u"|UTF 0x"_s + hexPadded(entry.code, 4) +

@@ -27,7 +27,7 @@ QString inWorkspace(const Shell& shell, const QString& name)
 // The tool's own words, for the user; what the runner found wrong if it said nothing.
 QString toolReason(const Shell& shell, const Result<void>& run)
 {
-    const QString said = shell.tools.lastErrorOutput();
+    QString said = shell.tools.lastErrorOutput();
     if (!said.isEmpty())
         return said;
     return run ? QString() : QString::fromStdString(run.failure().text);
