@@ -2,6 +2,7 @@
 #include "fonts/char_ranges.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <string>
 
@@ -17,13 +18,19 @@ bool isSeparator(char c)
     return c == '_' || c == ',' || c == ' ';
 }
 
-int hexDigit(char c)
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    const char lower = static_cast<char>(c | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
+// The value of each hexadecimal digit, -1 for other bytes. A table, since digits and letters come
+// in no order that a branch could foresee, and the dialog reads up to 65,535 numbers at once.
+constexpr std::array<signed char, 256> hexDigits = [] {
+    std::array<signed char, 256> values{};
+    values.fill(-1);
+    for (int i = 0; i < 10; ++i)
+        values[static_cast<std::size_t>('0' + i)] = static_cast<signed char>(i);
+    for (int i = 0; i < 6; ++i) {
+        values[static_cast<std::size_t>('a' + i)] = static_cast<signed char>(10 + i);
+        values[static_cast<std::size_t>('A' + i)] = static_cast<signed char>(10 + i);
+    }
+    return values;
+}();
 
 bool isHex(std::string_view text)
 {
@@ -36,7 +43,7 @@ double hexNumber(std::string_view digits)
     constexpr std::uint64_t enough = 0xFFFFFFFF; // above every limit
     std::uint64_t value = 0;
     for (const char c : digits) {
-        const int digit = hexDigit(c);
+        const int digit = hexDigits[static_cast<unsigned char>(c)];
         if (digit < 0)
             break;
         value = std::min(value * 16 + static_cast<std::uint64_t>(digit), enough);

@@ -4,7 +4,7 @@
 #include "fonts/char_ranges.h"
 #include "fonts/fnt_bytes.h"
 
-#include <string_view>
+#include <algorithm>
 
 namespace fennel {
 
@@ -38,6 +38,17 @@ std::size_t endOfRun(const CharSelected& set, std::size_t start)
     return start;
 }
 
+// A long text is read in pieces of whole tokens: fresh memory for all of it at once would cost more
+// than the reading.
+qsizetype endOfPiece(const QString& text, qsizetype start)
+{
+    constexpr qsizetype usualPiece = 4096;
+    qsizetype end = start + usualPiece;
+    while (end < text.size() && text[end] != u' ' && text[end] != u',' && text[end] != u'_')
+        ++end;
+    return std::min(end, text.size());
+}
+
 } // namespace
 
 CharSelected startingCharacters()
@@ -47,15 +58,19 @@ CharSelected startingCharacters()
 
 Result<CharSelected> ParseCharacterRanges(const QString& text)
 {
-    const QByteArray plain = text.toLatin1(); // other characters end a number like any letter
-    const std::string_view view(plain.constData(), static_cast<std::size_t>(plain.size()));
-    const auto ranges = readCodeRanges(view, characterCount - 1);
-    if (!ranges)
-        return ranges.failure();
     CharSelected set;
-    for (const CodeRange& range : *ranges) {
-        for (std::size_t code = range.first; code <= range.last; ++code)
-            set[code] = true;
+    for (qsizetype start = 0; start <= text.size();) {
+        const qsizetype end = endOfPiece(text, start);
+        const QByteArray piece = QStringView(text).mid(start, end - start).toLatin1();
+        const auto ranges = readCodeRanges(
+            {piece.constData(), static_cast<std::size_t>(piece.size())}, characterCount - 1);
+        if (!ranges)
+            return ranges.failure();
+        for (const CodeRange& range : *ranges) {
+            for (std::size_t code = range.first; code <= range.last; ++code)
+                set[code] = true;
+        }
+        start = end + 1;
     }
     return set;
 }

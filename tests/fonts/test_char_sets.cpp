@@ -65,6 +65,9 @@ TEST(CharacterRanges, EveryOtherCodeComesBackAsItWas)
     for (std::size_t code = 1; code < set.size(); code += 2)
         set[code] = true;
     EXPECT_EQ(*ParseCharacterRanges(FormatCharacterRanges(set)), set);
+    // No token is torn wherever a long text may be cut.
+    for (int blanks = 4070; blanks < 4100; ++blanks)
+        EXPECT_EQ(formatted(QString(blanks, u',') + u"0x410-0x44f,0x20"_s), u"0x20 0x410-0x44F"_s);
     EXPECT_EQ(selectedCharacters(*ParseCharacterRanges(u"0,0x41,0x416"_s)), u" A Ж"_s);
 }
 
