@@ -74,12 +74,10 @@ struct OpenGfxboot {
     }
     void build()
     {
-        FillOptions options;
-        options.opening = true;
         ReadLevelFiles(shell, lists.ZUKarr);
         BuildPanels(shell, lists);
         applyGeneration(shell, lists, fonts, {});
-        BuildTabs(shell, lists, options);
+        BuildTabs(shell, lists, {});
     }
 };
 

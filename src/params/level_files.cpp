@@ -104,7 +104,7 @@ void GatherListValues(const Shell& shell, ParamLists& lists)
         for (const ListRow& row : lists.list(tab)->rows) {
             const int param = static_cast<int>(numberFromText(row.tag));
             if (isParameterRow(row) && ZUKarr::inRange(file, param))
-                lists.ZUKarr.at(file, param).EditValue = numberFromText(row.text(CfgColumn));
+                lists.ZUKarr.at(file, param).EditValue = numberFromText(row.text(LevelColumn));
         }
     }
 }

@@ -54,14 +54,13 @@ DoubleClick onMember(const RunState& run, const ParamLists& lists, int tab, cons
 
 DoubleClick onPlainRow(const RunState& run, int tab, const ListRow& row, int number)
 {
-    if (tab == TabMenu)
-        return number != separatorOfMenus && !row.tag.isEmpty() ? DoubleClick::TakeMenu
-                                                                : DoubleClick::Nothing;
-    // The rows of gfxboot.cfg are told by their texts and need no tag.
-    if (tab == TabConfig)
-        return run.GfxHasCfg && !run.GfxHasZuk ? DoubleClick::EditValue : DoubleClick::Nothing;
-    return tab >= FirstObjectTab && isParameterRow(row) ? DoubleClick::EditValue
-                                                        : DoubleClick::Nothing;
+    if (tab >= FirstObjectTab)
+        return isParameterRow(row) ? DoubleClick::EditValue : DoubleClick::Nothing;
+    if (row.tag.isEmpty())
+        return DoubleClick::Nothing; // comment lines, separators
+    if (tab == TabMenu && number != separatorOfMenus)
+        return DoubleClick::TakeMenu;
+    return tab == TabConfig && !run.GfxHasZuk ? DoubleClick::EditValue : DoubleClick::Nothing;
 }
 
 QString deleteAllMask(const ParamLists& lists, int tab)

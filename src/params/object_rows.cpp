@@ -85,7 +85,7 @@ ListRow parameterRow(const PanelRec& panel, const ZukCell& zuk, const ParamId& i
              row.colour, row.bold),
         cell(zuk.Comment, QStringLiteral("Russian comment"), {}, commentCell, false)};
     if (panel.Editable)
-        row.swatch = swatchOf(row.text(CfgColumn));
+        row.swatch = swatchOf(row.text(LevelColumn));
     return row;
 }
 
@@ -219,27 +219,35 @@ QRgb stateColour(const QString& tag, qint64 enabled)
     return enabled != 0 ? blackRow : greyRow;
 }
 
-void FillObjectList(const Shell& shell, ParamLists& lists, int object, const FillOptions& options)
+ListRows objectList(const Shell& shell, ParamLists& lists, int object, const FillOptions& options)
 {
-    const PanelRec* panel = lists.object(object);
-    if (!panel || panel->Ids.isEmpty() || !lists.list(panel->TabIndex))
-        return;
-    const int tab = panel->TabIndex;
-    shell.WriteLog(QStringLiteral("     %1%2_in_ListView")
-                       .arg(panel->Name, QString::number(tab).rightJustified(3)));
-    const int remembered = options.opening ? 1 : std::max(1, lists.list(tab)->selected);
-
-    // Built aside: the question and the update may look at the lists meanwhile.
     ListRows list;
+    const PanelRec* panel = lists.object(object);
+    if (!panel || panel->Ids.isEmpty())
+        return list;
+    shell.WriteLog(QStringLiteral("     %1%2_in_ListView")
+                       .arg(panel->Name, QString::number(panel->TabIndex).rightJustified(3)));
     list.columns = QStringLiteral(":ID:|CFG data|LST data|Comment").split(QLatin1Char('|'));
     addParameters(shell, lists, *panel, options, list);
     addMembers(shell, *panel, list);
     if (list.rows.empty())
         list.rows.push_back(upgradeNotice());
+    list.selected = 1;
+    return list;
+}
+
+void FillObjectList(const Shell& shell, ParamLists& lists, int object, const FillOptions& options)
+{
+    const PanelRec* panel = lists.object(object);
+    if (!panel || lists.objectOfTab(panel->TabIndex) != object)
+        return;
+    ListRows list = objectList(shell, lists, object, options);
+    ListRows& shown = *lists.list(panel->TabIndex);
+    const int remembered = options.opening ? 1 : std::max(1, shown.selected);
     list.selected = std::min(remembered, list.count());
-    if (tab == lists.CurrentTab)
+    if (panel->TabIndex == lists.CurrentTab)
         lists.CurrentRow = list.selected;
-    *lists.list(tab) = std::move(list);
+    shown = std::move(list);
 }
 
 } // namespace fennel

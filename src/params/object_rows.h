@@ -37,16 +37,20 @@ QRgb stateColour(const QString& tag, qint64 enabled);
 
 struct FillOptions {
     bool opening = false; // the gfxboot is being opened: the first row gets selected
-    // Puts the engine and the standard font of this version into the Workspace. Runs at most once,
-    // after the user agreed to the upgrade.
+    // Puts the engine and the standard font of this version into the Workspace. Runs at most once
+    // after an open, if the user agrees to the upgrade.
     std::function<void()> updateEngine;
 };
 
-// Fills the list of an object (row of PanelArr) whose TabIndex is set. The rows of parameters that
-// the level file lacks are left out; the first of them after an open brings up the question whether
-// to upgrade, and after a Yes they show the catalogue's default. The id list ends at an empty
-// element. Sets TabPos and RowPos of the cells shown, and CurrentRow if the list is the current
-// one.
+// The list of an object (row of PanelArr), whose TabIndex is set; without rows if it lists nothing.
+// The rows of parameters that the level file lacks are left out; the first of them after an open
+// brings up the question whether to upgrade, and after a Yes they show the catalogue's default. The
+// id list ends at an empty element. Sets TabPos and RowPos of the cells shown. The lists themselves
+// are not touched, so that views may show them while the question stands.
+ListRows objectList(const Shell& shell, ParamLists& lists, int object, const FillOptions& options);
+
+// Fills the list of an object again: the same row stays selected, or the last. Sets CurrentRow if
+// the list is the current one.
 void FillObjectList(const Shell& shell, ParamLists& lists, int object, const FillOptions& options);
 
 } // namespace fennel

@@ -173,7 +173,7 @@ qint64 GetPanelParam(const ParamLists& lists, int tab, int id)
     for (const ListRow& row : list->rows) {
         if (numberFromText(row.tag) != id)
             continue;
-        const qint64 value = numberFromText(row.text(CfgColumn));
+        const qint64 value = numberFromText(row.text(LevelColumn));
         return row.tag.contains(QLatin1String("|x|")) ? value & 0xFFFFFF : value;
     }
     return -1;

@@ -14,7 +14,7 @@
 namespace fennel {
 
 // Cells of a row of an object list.
-enum ObjectColumn { ItemColumn = 0, CfgColumn, LstColumn, CommentColumn };
+enum ObjectColumn { ItemColumn = 0, LevelColumn, LstColumn, CommentColumn };
 
 struct ParamTab {
     QString caption;

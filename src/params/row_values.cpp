@@ -24,7 +24,7 @@ int rowOfParam(const ListRows& list, int id)
 
 void storeCell(ListRow& row, const QString& value, bool withSwatch)
 {
-    row.cells[CfgColumn].text = value;
+    row.cells[LevelColumn].text = value;
     if (withSwatch)
         row.swatch = swatchOf(value);
 }
@@ -53,7 +53,7 @@ void actOnRow(ParamLists& lists, const FontTable& fonts, const RowPlace& place, 
     ListRows& list = *lists.list(place.tab);
     const ListRow& row = *list.row(place.row);
     const int object = lists.objectOfTab(place.tab);
-    const qint64 value = numberFromText(row.text(CfgColumn));
+    const qint64 value = numberFromText(row.text(LevelColumn));
     if (row.tag.contains(onOffMark)) {
         PaintRowStates(list, value);
         change.statesPainted = true;
@@ -114,7 +114,7 @@ RowChange OnRowValueChanged(ParamLists& lists, const FontTable& fonts, int tab, 
         if (place.tab == tab)
             continue;
         const bool withSwatch = lists.object(lists.objectOfTab(place.tab))->Editable;
-        storeCell(*lists.list(place.tab)->row(place.row), changed->text(CfgColumn), withSwatch);
+        storeCell(*lists.list(place.tab)->row(place.row), changed->text(LevelColumn), withSwatch);
         actOnRow(lists, fonts, place, change);
     }
     return change;
@@ -148,7 +148,7 @@ void refreshSwatches(ParamLists& lists, int tab)
         return;
     for (ListRow& row : lists.list(tab)->rows) {
         if (isParameterRow(row))
-            row.swatch = swatchOf(row.text(CfgColumn));
+            row.swatch = swatchOf(row.text(LevelColumn));
     }
 }
 

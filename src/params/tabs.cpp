@@ -6,7 +6,7 @@
 #include "shell/shell_context.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <iterator>
 
 namespace fennel {
 
@@ -36,16 +36,13 @@ std::vector<ParamTab> fixedTabs()
     return tabs;
 }
 
-void addObjectTab(ParamLists& lists, int object)
+ParamTab objectTab(const PanelRec& panel, int object)
 {
-    PanelRec& panel = *lists.object(object);
     ParamTab tab;
     tab.caption = objectCaption(panel.Name);
     tab.toolTip = tab.caption + QStringLiteral(" settings tab");
     tab.object = object;
-    lists.tabs.push_back(tab);
-    lists.lists.emplace_back();
-    panel.TabIndex = lists.tabCount();
+    return tab;
 }
 
 QString textOfRow(const ParamLists& lists, int tab, int row)
@@ -74,24 +71,26 @@ void BuildTabs(const Shell& shell, ParamLists& lists, const FillOptions& options
 {
     for (const char* line : {"TabStrip_ListView_ZUKarr", "TabStrip_0", "ZUKarr_0", "ListView_0"})
         shell.WriteLog(QStringLiteral("     ") + QString::fromLatin1(line));
-    lists.tabs = fixedTabs();
-    lists.lists.resize(std::size_t{FirstObjectTab});
-    for (PanelRec& panel : lists.PanelArr)
-        panel.TabIndex = 0;
+    std::vector<ParamTab> tabs = fixedTabs();
+    std::vector<ListRows> objectLists;
     if (shell.run.GfxHasZuk) {
         shell.WriteLog(QStringLiteral("     TabStrip_ListView_ZUKarr -----------------v"));
         for (int row = 0; row < static_cast<int>(lists.PanelArr.size()); ++row) {
-            if (!lists.object(row)->Enabled)
+            PanelRec& panel = *lists.object(row);
+            panel.TabIndex = panel.Enabled ? static_cast<int>(tabs.size()) : 0;
+            if (!panel.Enabled)
                 continue;
-            addObjectTab(lists, row);
-            FillObjectList(shell, lists, row, options);
+            tabs.push_back(objectTab(panel, row));
+            objectLists.push_back(objectList(shell, lists, row, options));
         }
         shell.WriteLog(QStringLiteral("     TabStrip_ListView_ZUKarr -----------------^"));
     }
-    if (lists.CurrentTab > lists.tabCount()) {
+    lists.tabs = std::move(tabs);
+    lists.lists.resize(std::size_t{FirstObjectTab});
+    std::move(objectLists.begin(), objectLists.end(), std::back_inserter(lists.lists));
+    if (!lists.list(lists.CurrentTab))
         lists.CurrentTab = TabMenu;
-        lists.CurrentRow = lists.list(TabMenu)->selected;
-    }
+    lists.CurrentRow = lists.list(lists.CurrentTab)->selected;
 }
 
 QString tabMenuCaption(const ParamTab& tab)
@@ -170,6 +169,7 @@ std::vector<QPoint> iconPlaces(int listWidth, int cellWidth, int cellHeight, int
     const int stepX = std::max(1, gap + cellWidth);
     const int columns = std::max(1, listWidth / stepX);
     std::vector<QPoint> places;
+    places.reserve(static_cast<std::size_t>(std::max(0, count)));
     for (int i = 0; i < count; ++i)
         places.emplace_back(i % columns * stepX + margin,
                             i / columns * (gap + cellHeight) + margin);

@@ -18,7 +18,8 @@ struct Shell;
 
 // Makes the tabs anew: the five fixed ones, whose lists stay, and in generation 3 one per Enabled
 // object with its list filled. Sets PanelRec::TabIndex. A current tab that is gone becomes the
-// first.
+// first. The old lists stand until the last new one is ready; then all elements of
+// ParamLists::lists may have moved, and views have to take them anew before they paint.
 void BuildTabs(const Shell& shell, ParamLists& lists, const FillOptions& options);
 
 // The entry of a tab in the menu mnuEdit_ZUK_arr.

@@ -55,11 +55,14 @@ protected:
     void set(int file, int param, int value) { lists.ZUKarr.at(file, param).LevelValue = value; }
     void build()
     {
-        FillOptions options;
-        options.opening = true;
-        options.updateEngine = [this] { ++updates; };
         BuildPanels(shell.shell, lists);
         applyGeneration(shell.shell, lists, fonts, {});
+        FillOptions options;
+        options.opening = true;
+        options.updateEngine = [this] {
+            ++updates;
+            tabsAtUpdate = lists.tabCount();
+        };
         BuildTabs(shell.shell, lists, options);
     }
     PanelRec& panel(int row) { return *lists.object(row); }
@@ -78,12 +81,13 @@ protected:
     {
         return *listOf(object).row(rowNumber(object, item));
     }
-    QString value(int object, const QString& item) { return row(object, item).text(CfgColumn); }
+    QString value(int object, const QString& item) { return row(object, item).text(LevelColumn); }
 
     TestShell shell;
     ParamLists lists;
     FontTable fonts{std::size_t{fontCount}};
     int updates = 0;
+    int tabsAtUpdate = 0;
 };
 
 } // namespace fennel::test

@@ -121,6 +121,7 @@ TEST_F(ObjectRows, AskOnceForTheUpgrade)
     EXPECT_EQ(shell.prompts.titles.last(), u"Upgrade"_s);
     EXPECT_EQ(lists.UpgradeChoice, 1);
     EXPECT_EQ(updates, 1);
+    EXPECT_EQ(tabsAtUpdate, 5); // what is on screen stays whole while the user is asked
     EXPECT_EQ(value(26, u":09:="_s), u"7"_s);
     EXPECT_EQ(value(26, u":08:="_s), u"0x000007"_s);
     build(); // answered for this gfxboot

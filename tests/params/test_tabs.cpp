@@ -171,7 +171,9 @@ TEST_F(Tabs, AnswerDoubleClicks)
     EXPECT_EQ(twice(TabFonts), DoubleClick::ShowFont);
     put(TabGfxboot, member(u"init"_s));
     EXPECT_EQ(twice(TabGfxboot), DoubleClick::Nothing);
-    put(TabConfig, coloured(blueRow));
+    ListRow known = coloured(blueRow);
+    known.tag = u"menu_start_x"_s;
+    put(TabConfig, known);
     EXPECT_EQ(twice(TabConfig), DoubleClick::Nothing); // generation 3 shows, but does not edit it
     EXPECT_EQ(twice(TabConfig, 2), DoubleClick::Nothing);
 
@@ -182,6 +184,8 @@ TEST_F(Tabs, AnswerDoubleClicks)
     shell.run.gfxboot_var = 2;
     shell.run.GfxHasCfg = true;
     EXPECT_EQ(twice(TabConfig), DoubleClick::EditValue);
+    put(TabConfig, coloured(blueRow)); // a comment line
+    EXPECT_EQ(twice(TabConfig), DoubleClick::Nothing);
     put(TabConfig, coloured(fixedRow));
     EXPECT_EQ(twice(TabConfig), DoubleClick::Nothing);
 }
