@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "machine.h"
+
+#include <QProcessEnvironment>
+
+#include <fcntl.h>
+#include <linux/kvm.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace fennel {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// A comma separates options, so a comma in a name is doubled.
+QString quoted(QString name)
+{
+    return name.replace(u","_s, u",,"_s);
+}
+
+QString driveOption(const OpenDisk& disk)
+{
+    return u"file.driver=%1,file.filename=/dev/fdset/1,format=raw,if=ide,index=0,media=disk,"
+           "snapshot=on"_s.arg(disk.isDevice ? u"host_device"_s : u"file"_s);
+}
+
+QString cardOption(const MachineRequest& request, const QString& bios)
+{
+    const QString card = u"%1,vgamem_mb=%2"_s.arg(request.card).arg(request.videoMiB);
+    return bios.isEmpty() ? card : card + u",romfile="_s + quoted(bios);
+}
+
+} // namespace
+
+QStringList machineArguments(const MachineRequest& request, const MachineParts& parts)
+{
+    QStringList arguments = {
+        u"-name"_s,
+        u"QEMU. Flash Drive - %1:   (press Ctrl+Alt to unlock mouse)"_s.arg(request.letter)};
+    if (parts.kvm)
+        arguments << u"-accel"_s << u"kvm"_s;
+    arguments << u"-accel"_s << u"tcg"_s;
+    arguments << u"-no-user-config"_s << u"-nodefaults"_s << u"-machine"_s << u"pc"_s;
+    arguments << u"-m"_s << QString::number(request.ramMiB);
+    arguments << u"-nic"_s << u"none"_s;
+    arguments << u"-vga"_s << u"none"_s << u"-device"_s << cardOption(request, parts.bios);
+    arguments << u"-add-fd"_s << u"fd=%1,set=1"_s.arg(parts.disk.descriptor);
+    arguments << u"-drive"_s << driveOption(parts.disk);
+    arguments << u"-boot"_s << u"c"_s << u"-display"_s << parts.display;
+    arguments << u"-chardev"_s << u"socket,id=control,fd=%1"_s.arg(parts.control);
+    arguments << u"-mon"_s << u"chardev=control,mode=control"_s;
+    return arguments;
+}
+
+bool kvmWorks()
+{
+    constexpr int knownVersion = 12;
+    const int kvm = ::open("/dev/kvm", O_RDWR | O_CLOEXEC);
+    if (kvm < 0)
+        return false;
+    const bool known = ::ioctl(kvm, KVM_GET_API_VERSION, 0) == knownVersion;
+    const int machine = known ? ::ioctl(kvm, KVM_CREATE_VM, 0) : -1;
+    const int processor = machine >= 0 ? ::ioctl(machine, KVM_CREATE_VCPU, 0) : -1;
+    for (const int descriptor : {processor, machine, kvm}) {
+        if (descriptor >= 0)
+            ::close(descriptor);
+    }
+    return processor >= 0;
+}
+
+QString wantedDisplay()
+{
+    const QString wish = qEnvironmentVariable("FENNEL_QEMU_DISPLAY");
+    if (!wish.isEmpty())
+        return wish;
+    const bool there =
+        !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    return there ? u"gtk"_s : QString();
+}
+
+QString advice(const QString& log)
+{
+    const bool noWindow = log.contains(u"does not accept value 'gtk'") ||
+                          log.contains(u"ui-gtk not found") || log.contains(u"'gtk' is not");
+    if (noWindow)
+        return u"QEMU cannot open a window: install the package qemu-system-gui."_s;
+    if (log.contains(u"gtk initialization failed") || log.contains(u"cannot open display") ||
+        log.contains(u"Could not initialize SDL"))
+        return u"The display cannot be opened: start the editor from the desktop."_s;
+    if (log.contains(u"failed to find romfile"))
+        return u"The video BIOS is lost: choose one in the menu Tools, QEMU."_s;
+    return {};
+}
+
+} // namespace fennel

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+// The machine that the drive is tried in, as arguments of qemu-system-x86_64, and what to make of
+// QEMU's complaints.
+#pragma once
+
+#include "disk.h"
+#include "request.h"
+
+namespace fennel {
+
+struct MachineParts {
+    OpenDisk disk;
+    int control = -1; // our end of QEMU's control socket is the other one
+    QString display;  // value of -display
+    QString bios;     // the video BIOS in force; empty for QEMU's own
+    bool kvm = false;
+};
+
+// One disk that cannot be written, no network, no configuration file of the user's.
+QStringList machineArguments(const MachineRequest& request, const MachineParts& parts);
+
+// Whether /dev/kvm gives this user a virtual machine with a processor in it.
+bool kvmWorks();
+
+// The display that QEMU is to use: the variable FENNEL_QEMU_DISPLAY (such as "none" or "sdl"), or a
+// window where there is a display; empty if there is none.
+QString wantedDisplay();
+
+// What the user can do about the messages in the log; empty if nothing is known.
+QString advice(const QString& log);
+
+} // namespace fennel

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+// QEMU_bridge: boots a drive in qemu-system-x86_64 to see its boot screen. The drive is opened for
+// reading only, and what the guest writes goes to a temporary file. See request.h for the command
+// line. Variables: FENNEL_FLASH_LETTER (for the window's name), FENNEL_QEMU_DISPLAY (QEMU's
+// -display), FENNEL_SYSTEM_ROOT (a folder that stands in for the system's files, so that a disk can
+// be an image file).
+#include "machine.h"
+#include "supervisor.h"
+
+#include "shell/files.h"
+#include "tools/qemu.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+
+namespace fennel {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int refusedCode = 2; // nothing was started
+const QString qemuProgram = QStringLiteral("qemu-system-x86_64");
+
+void say(int log, const QString& text)
+{
+    const QByteArray bytes = text.toUtf8() + '\n';
+    (void)!::write(log, bytes.constData(), static_cast<std::size_t>(bytes.size()));
+}
+
+int refuse(int log, const std::string& text)
+{
+    say(log, QString::fromStdString(text));
+    return refusedCode;
+}
+
+QString biosInForce()
+{
+    const QString own = QFileInfo(u"/proc/self/exe"_s).canonicalFilePath();
+    const QString bios = folderPart(own) + u"vgabios.bin"_s;
+    return FileExists(bios) ? bios : QString();
+}
+
+void sayEnd(int log, const QString& logPath, const QemuEnd& end)
+{
+    if (end.signal != 0)
+        say(log, u"QEMU was ended by signal %1."_s.arg(end.signal));
+    else if (end.code != 0)
+        say(log, u"QEMU ended with code %1."_s.arg(end.code));
+    const Result<QByteArray> text = readBytes(logPath);
+    const QString hint = text ? advice(QString::fromUtf8(*text)) : QString();
+    if (!hint.isEmpty() && end.code != 0)
+        say(log, hint);
+}
+
+int boot(const MachineRequest& request, int log)
+{
+    const QString program = QStandardPaths::findExecutable(qemuProgram);
+    if (program.isEmpty())
+        return refuse(log,
+                      "qemu-system-x86_64 was not found: install the package qemu-system-x86.");
+    MachineParts parts;
+    parts.display = wantedDisplay();
+    if (parts.display.isEmpty())
+        return refuse(log,
+                      "There is no display for QEMU's window: start the editor from a desktop.");
+    const Result<OpenDisk> disk = openDisk(FolderDriveSource::fromEnvironment(), request.disk);
+    if (!disk)
+        return refuse(log, disk.failure().text);
+    std::array<int, 2> pair{};
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, pair.data()) != 0)
+        return refuse(log, "The control socket of QEMU could not be made.");
+    parts.disk = *disk;
+    parts.control = pair[1];
+    parts.bios = biosInForce();
+    parts.kvm = kvmWorks();
+    const QStringList arguments = machineArguments(request, parts);
+    say(log, qemuProgram + u' ' + arguments.join(u' '));
+    const QemuEnd end = superviseQemu(
+        {program, arguments, request.folder, log, parts.disk.descriptor, parts.control, pair[0]});
+    sayEnd(log, request.log, end);
+    return end.signal != 0 ? 1 : end.code;
+}
+
+int openLog(const QString& path)
+{
+    constexpr int flags = O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_NOFOLLOW | O_CLOEXEC;
+    const int log = ::open(QFile::encodeName(path).constData(), flags, 0600);
+    return log >= 0 ? log : STDERR_FILENO;
+}
+
+int run(int argc, char** argv)
+{
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words.append(QFile::decodeName(argv[i]));
+    // A request that is refused is told in the log too, if there is a place for it.
+    const bool placed = words.size() >= 5 && FolderExists(words[3]) && !words[4].contains(u'/');
+    const int log = placed ? openLog(withSeparator(words[3]) + words[4]) : STDERR_FILENO;
+    const Result<MachineRequest> request =
+        machineRequest(words, qEnvironmentVariable(flashLetterVariable));
+    return request ? boot(*request, log) : refuse(log, request.failure().text);
+}
+
+} // namespace
+
+} // namespace fennel
+
+int main(int argc, char** argv)
+{
+    return fennel::run(argc, argv);
+}

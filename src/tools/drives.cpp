@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: MIT
+#include "tools/drives.h"
+
+#include "shell/text.h"
+
+#include <algorithm>
+
+namespace fennel {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int rootIndex = 2;         // C
+constexpr int firstFreeIndex = 3;    // D
+constexpr qsizetype letterPlace = 4; // of an entry's caption
+const QString removableLabel = QStringLiteral("Removable drive");
+
+QChar letterAt(int index)
+{
+    return QChar(static_cast<char16_t>(u'A' + index));
+}
+
+std::size_t at(int index)
+{
+    return static_cast<std::size_t>(index);
+}
+
+QString toolTipOf(const Volume& volume)
+{
+    const QString size = sizeText(volume.size);
+    return size.isEmpty() ? volume.mountFolder : volume.mountFolder + u", "_s + size;
+}
+
+} // namespace
+
+Drives::Drives(const Shell& shell, const DriveSource& source, FlashHost& host)
+    : m_shell(shell), m_source(source), m_host(host)
+{
+    for (int i = 0; i < letterCount; ++i)
+        m_table[at(i)].Letter = letterAt(i);
+}
+
+// The letters of the volumes that are still there; those are taken out of the list.
+Drives::Letters Drives::kept(std::vector<Volume>& volumes) const
+{
+    Letters letters;
+    for (int i = 0; i < letterCount; ++i) {
+        if (!m_letters[at(i)])
+            continue;
+        const auto same = [&](const Volume& volume) {
+            return volume.key == m_letters[at(i)]->key && volume.root == (i == rootIndex);
+        };
+        const auto found = std::find_if(volumes.begin(), volumes.end(), same);
+        if (found == volumes.end())
+            continue;
+        letters[at(i)] = std::move(*found);
+        volumes.erase(found);
+    }
+    return letters;
+}
+
+Drives::Letters Drives::assigned() const
+{
+    std::vector<Volume> volumes = volumesOf(m_source);
+    Letters letters = kept(volumes);
+    const auto firstFree = [&](bool evenJustFreed) {
+        int i = firstFreeIndex;
+        while (i < letterCount && (letters[at(i)] || (m_letters[at(i)] && !evenJustFreed)))
+            ++i;
+        return i;
+    };
+    for (Volume& volume : volumes) {
+        int index = volume.root ? rootIndex : volume.floppy;
+        // A letter that goes and comes in one look would hide that another drive is there.
+        if (index < 0)
+            index = firstFree(false);
+        if (index == letterCount)
+            index = firstFree(true);
+        if (index == letterCount)
+            m_shell.WriteLog(u"     no letter for "_s + volume.mountFolder);
+        else
+            letters[at(index)] = std::move(volume);
+    }
+    return letters;
+}
+
+void Drives::RefreshDriveInfo(bool notify, bool connected)
+{
+    if (m_refreshing)
+        return;
+    refreshFrom(assigned(), notify, connected);
+    if (m_pending)
+        mountsChanged();
+}
+
+void Drives::refreshFrom(const Letters& letters, bool notify, bool connected)
+{
+    m_refreshing = true;
+    m_shell.WriteLog(u" RefreshDriveInfo"_s);
+    m_entries.clear();
+    for (int i = 0; i < letterCount; ++i) {
+        m_host.driveProgress(roundToEven(i * 60.0 / 25.0) + 20, letterAt(i) + QString(u':'));
+        refreshLetter(i, letters, notify, connected);
+    }
+    m_host.driveProgressEnds();
+    m_refreshing = false;
+    m_host.flashChanged();
+}
+
+void Drives::refreshLetter(int index, const Letters& letters, bool notify, bool connected)
+{
+    const std::optional<Volume>& volume = letters[at(index)];
+    DriveRecord now{letterAt(index), volume ? volume->label : QString(),
+                    volume ? kindLabel(volume->kind) : QString(), volume.has_value()};
+    const DriveRecord before = m_table[at(index)];
+    if (notify && now.Present != before.Present) {
+        tell(connected ? now : before, connected);
+        if (!connected && m_shell.run.CurrentFlashChar == 'A' + index)
+            mnuFlash_UnCheckAll();
+    }
+    if (now.DriveKind.trimmed() == removableLabel) {
+        m_entries.push_back({letterAt(index),
+                             u"    "_s + letterAt(index) + u":   "_s + now.VolumeName,
+                             toolTipOf(*volume), m_shell.run.CurrentFlashChar == 'A' + index});
+    }
+    m_table[at(index)] = std::move(now);
+    m_letters[at(index)] = volume;
+}
+
+void Drives::tell(const DriveRecord& record, bool connected) const
+{
+    m_shell.prompts.ShowMessage((connected ? u"Connected drive "_s : u"Disconnected drive "_s) +
+                                record.Letter + u":\nType: "_s + record.DriveKind.trimmed() +
+                                u"\nVolumeName: "_s + record.VolumeName);
+}
+
+void Drives::mountsChanged()
+{
+    m_pending = true;
+    if (m_refreshing)
+        return;
+    while (m_pending) {
+        m_pending = false;
+        notifyChanges();
+    }
+}
+
+// Removals and arrivals are told one after the other, so that each gets its own words.
+void Drives::notifyChanges()
+{
+    const Letters now = assigned();
+    Letters remaining = m_letters;
+    bool gone = false;
+    bool came = false;
+    for (int i = 0; i < letterCount; ++i) {
+        const std::optional<Volume>& before = m_letters[at(i)];
+        const bool stays = before && now[at(i)] && before->key == now[at(i)]->key;
+        gone = gone || (before && !stays);
+        came = came || (now[at(i)] && !stays);
+        remaining[at(i)] = stays ? now[at(i)] : std::nullopt;
+    }
+    if (gone)
+        refreshFrom(remaining, true, false);
+    if (came)
+        refreshFrom(now, true, true);
+    else if (!gone && now != m_letters)
+        refreshFrom(now, false, false);
+}
+
+void Drives::checkEntries()
+{
+    for (FlashEntry& entry : m_entries)
+        entry.checked = m_shell.run.CurrentFlashChar == entry.letter.unicode();
+}
+
+void Drives::mnuFlash_FlashArr(int entry)
+{
+    if (entry < 0 || entry >= static_cast<int>(m_entries.size()))
+        return;
+    const QChar letter = m_entries[at(entry)].caption.at(letterPlace);
+    RunState& run = m_shell.run;
+    if (run.CurrentFlashChar != letter.unicode())
+        m_host.closeQemu();
+    run.CurrentFlashChar = letter.unicode();
+    checkEntries();
+    m_host.flashChanged();
+    run.CurrentFlashDisk = -1;
+    ListUsb(run.CurrentFlashChar, true);
+    if (run.CurrentFlashDisk > 0)
+        m_host.enableQemuStart(true);
+    showMenusOf(letter);
+    if (run.GfxOpened)
+        m_host.refillMenuList();
+}
+
+void Drives::showMenusOf(QChar letter)
+{
+    FlashMenus menus;
+    menus.selectCaption = u"Select MENU from flash drive "_s + letter + u':';
+    const QString folder = folderOf(letter.unicode());
+    if (!folder.isEmpty())
+        menus.entries = filesLike(folder, u"*.lst"_s);
+    menus.anyFile = !menus.entries.isEmpty();
+    if (!menus.anyFile)
+        menus.entries = {u"No \"*.lst\" files"_s};
+    m_host.showFlashMenus(menus);
+}
+
+void Drives::mnuFlash_UnCheckAll()
+{
+    m_host.closeQemu();
+    m_shell.run.CurrentFlashChar = noFlash;
+    checkEntries();
+    m_host.clearMenuFile();
+    m_host.flashChanged();
+    if (m_shell.run.GfxOpened)
+        m_host.refillMenuList();
+    m_host.chooseEmbeddedMenu();
+    m_host.closeQemu();
+}
+
+void Drives::mnuFlash_Choose() const
+{
+    m_shell.prompts.ShowMessage(
+        u"Just select one of the flash drive listed below.\nFor this flash drive (named "
+        "\"Current Flash\") you can run QEMU"_s);
+}
+
+void Drives::mnuFlash_GetINFO()
+{
+    RefreshDriveInfo(false, false);
+    (void)CurrentFlashLabel();
+    ListUsb(noFlash, false);
+}
+
+QString Drives::CurrentFlashLabel() const
+{
+    const int index = m_shell.run.CurrentFlashChar - 'A';
+    return index >= 0 && index < letterCount ? m_table[at(index)].VolumeName : QString();
+}
+
+QString Drives::folderOf(int driveChar) const
+{
+    const int index = driveChar - 'A';
+    if (index < 0 || index >= letterCount || !m_letters[at(index)])
+        return {};
+    return withSeparator(m_source.place(m_letters[at(index)]->mountFolder));
+}
+
+} // namespace fennel

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "tools/process_handle.h"
+
+#include <csignal>
+#include <sys/pidfd.h>
+#include <unistd.h>
+
+namespace fennel {
+
+ProcessHandle::~ProcessHandle()
+{
+    m_notifier.reset();
+    if (m_handle >= 0)
+        ::close(m_handle);
+}
+
+bool ProcessHandle::open(qint64 pid)
+{
+    m_pid = pid;
+    m_handle = pid > 0 ? ::pidfd_open(static_cast<pid_t>(pid), 0) : -1;
+    if (m_handle < 0)
+        return false;
+    // The handle becomes readable when the process ends.
+    m_notifier = std::make_unique<QSocketNotifier>(m_handle, QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &ProcessHandle::onEnd);
+    m_patience.setSingleShot(true);
+    connect(&m_patience, &QTimer::timeout, this, &ProcessHandle::kill);
+    return true;
+}
+
+void ProcessHandle::signalProcess(int number) const
+{
+    if (m_notifier)
+        (void)::pidfd_send_signal(m_handle, number, nullptr, 0);
+}
+
+void ProcessHandle::close(int limitMs)
+{
+    signalProcess(SIGTERM);
+    m_patience.start(limitMs);
+}
+
+void ProcessHandle::kill()
+{
+    signalProcess(SIGKILL);
+}
+
+void ProcessHandle::onEnd()
+{
+    m_patience.stop();
+    m_notifier->setEnabled(false);
+    m_notifier.release()->deleteLater(); // it is the sender
+    Q_EMIT ended();
+}
+
+} // namespace fennel

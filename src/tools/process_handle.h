@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// A running process that is no child of ours, held so that its number cannot come to mean another
+// process.
+#pragma once
+
+#include <QObject>
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <memory>
+
+namespace fennel {
+
+class ProcessHandle : public QObject {
+    Q_OBJECT
+public:
+    using QObject::QObject;
+    ~ProcessHandle() override; // the process goes on
+    // False if there is no such process any more.
+    bool open(qint64 pid);
+    [[nodiscard]] qint64 pid() const { return m_pid; }
+    [[nodiscard]] bool isRunning() const { return m_notifier != nullptr; }
+    // Asks the process to end; what is still there after `limitMs` is killed.
+    void close(int limitMs);
+    void kill();
+
+Q_SIGNALS:
+    void ended();
+
+private:
+    void signalProcess(int number) const;
+    void onEnd();
+
+    qint64 m_pid = 0;
+    int m_handle = -1; // pidfd
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    QTimer m_patience;
+};
+
+} // namespace fennel

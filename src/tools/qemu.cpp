@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+#include "tools/qemu.h"
+
+#include <QProcess>
+
+#include <algorithm>
+
+namespace fennel {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int lookMs = 100;
+constexpr qsizetype shownLines = 10;
+constexpr qsizetype shownCharacters = 1500;
+constexpr qint64 logLimit = 16LL * 1024 * 1024;
+
+QString vgaWord(int mode)
+{
+    if (mode == 1)
+        return u"VGA1"_s;
+    return mode == 2 ? u"VGA2"_s : u"VGAxxx"_s;
+}
+
+QString lastLines(const QString& text)
+{
+    const QStringList lines = text.trimmed().split(u'\n');
+    const qsizetype first = std::max<qsizetype>(0, lines.size() - shownLines);
+    return lines.mid(first).join(u'\n').right(shownCharacters);
+}
+
+} // namespace
+
+QemuRun::QemuRun(const Shell& shell, QemuHost& host, QemuLimits limits, QObject* parent)
+    : QObject(parent), m_shell(shell), m_host(host), m_limits(limits)
+{
+    m_look.setInterval(lookMs);
+    m_limit.setSingleShot(true);
+    connect(&m_look, &QTimer::timeout, this, &QemuRun::lookAtLog);
+    connect(&m_limit, &QTimer::timeout, this, [this] {
+        lookAtLog();
+        if (m_phase != Phase::Starting)
+            return;
+        m_look.stop();
+        m_phase = Phase::Late;
+        tellFailure();
+    });
+}
+
+QemuRun::~QemuRun() = default;
+
+bool QemuRun::mayBoot() const
+{
+    if (m_shell.run.CurrentFlashDisk >= 1)
+        return true;
+    m_shell.prompts.ShowMessage(u"For the safety of your Operating System FENNEL-GFX can\n"
+                                "run QEMU only for removable disks.\n\n"
+                                "Choose one of them as \"Current Flash\" from menu \"Flash\""_s);
+    m_host.enableQemuStart(false);
+    return false;
+}
+
+void QemuRun::RunQemu(int mode)
+{
+    if (!m_shell.toolThere(m_shell.run.ToolQemu) || !mayBoot())
+        return;
+    const RunState& run = m_shell.run;
+    m_arguments = {QString::number(run.CurrentFlashDisk),
+                   vgaWord(mode),
+                   u"RAM256"_s,
+                   run.WorkspaceRoot,
+                   qemuLogName,
+                   u",1"_s};
+    if (m_phase == Phase::Late && logText().contains(qemuRunningLine))
+        m_phase = Phase::Running;
+    if (m_process && m_phase != Phase::Late) {
+        m_host.bringToFront(m_process->pid());
+        return;
+    }
+    closeQemu(); // one that was started and never ran
+    if (!m_shell.told(m_shell.files.remove(run.WorkspaceRoot + qemuLogName)))
+        return;
+    qint64 pid = 0;
+    if (launch(pid))
+        watch(pid);
+}
+
+bool QemuRun::launch(qint64& pid)
+{
+    QProcess process;
+    process.setProgram(m_shell.run.ToolQemu);
+    process.setArguments(m_arguments);
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QLatin1String(flashLetterVariable),
+                       QString(QChar(static_cast<char16_t>(m_shell.run.CurrentFlashChar))));
+    process.setProcessEnvironment(environment);
+    if (process.startDetached(&pid))
+        return true;
+    m_shell.prompts.ShowMessage(namePart(m_shell.run.ToolQemu) + u" could not be started.\n"_s +
+                                process.errorString());
+    return false;
+}
+
+void QemuRun::watch(qint64 pid)
+{
+    m_process = new ProcessHandle(this);
+    connect(m_process, &ProcessHandle::ended, this, &QemuRun::onEnd);
+    m_phase = Phase::Starting;
+    m_look.start();
+    m_limit.start(m_limits.startMs);
+    if (!m_process->open(pid)) // it has ended already
+        onEnd();
+}
+
+void QemuRun::lookAtLog()
+{
+    if (m_phase != Phase::Starting || !logText().contains(qemuRunningLine))
+        return;
+    m_look.stop();
+    m_limit.stop();
+    m_phase = Phase::Running;
+    Q_EMIT started();
+}
+
+void QemuRun::onEnd()
+{
+    lookAtLog();
+    const bool failed = m_phase == Phase::Starting;
+    m_look.stop();
+    m_limit.stop();
+    m_process->deleteLater();
+    m_process = nullptr;
+    m_phase = Phase::None;
+    if (failed)
+        tellFailure();
+    Q_EMIT ended();
+}
+
+void QemuRun::tellFailure()
+{
+    const QString said = lastLines(logText());
+    m_shell.prompts.ShowMessage(u"Strange! It took about 5 seconds, \nand QEMU does not start. \n"
+                                "Perhaps there was an error."_s +
+                                (said.isEmpty() ? QString() : u"\n\n"_s + said));
+}
+
+QString QemuRun::logText() const
+{
+    const Result<QByteArray> bytes = readBytes(m_shell.run.WorkspaceRoot + qemuLogName, logLimit);
+    return bytes ? QString::fromUtf8(*bytes) : QString();
+}
+
+void QemuRun::closeQemu()
+{
+    if (!m_process)
+        return;
+    ProcessHandle* leaving = m_process;
+    m_process = nullptr;
+    m_phase = Phase::None;
+    m_look.stop();
+    m_limit.stop();
+    disconnect(leaving, &ProcessHandle::ended, this, nullptr);
+    connect(leaving, &ProcessHandle::ended, this, &QemuRun::ended);
+    connect(leaving, &ProcessHandle::ended, leaving, &QObject::deleteLater);
+    leaving->close(m_limits.closeMs);
+}
+
+} // namespace fennel

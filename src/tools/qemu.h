@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+// The boot test: the QEMU bridge started with the disk of the Current Flash, watched without
+// waiting for it. One QEMU runs at a time; it is known by its process.
+#pragma once
+
+#include "shell/shell_context.h"
+#include "tools/process_handle.h"
+
+namespace fennel {
+
+// What the boot test needs from the window.
+class QemuHost {
+public:
+    virtual ~QemuHost() = default;
+    virtual void enableQemuStart(bool enabled) = 0; // mnuT_Qemu_Start
+    // Gives the foreground to the window of this process (or of a child of it) where the window
+    // system allows that.
+    virtual void bringToFront(qint64 pid) = 0;
+};
+
+struct QemuLimits {
+    int startMs = 5000; // until a QEMU that does not run is reported
+    int closeMs = 2000; // between the request to end and the end by force
+};
+
+// The last line that the bridge writes to the log once the machine runs.
+inline const QString qemuRunningLine = QStringLiteral("QEMU is running.");
+inline const QString qemuLogName = QStringLiteral("#QEMU.log");
+// Tells the bridge the letter for the window's name.
+inline constexpr char flashLetterVariable[] = "FENNEL_FLASH_LETTER";
+
+class QemuRun : public QObject {
+    Q_OBJECT
+public:
+    // What `shell` refers to and the host outlive this.
+    QemuRun(const Shell& shell, QemuHost& host, QemuLimits limits = {}, QObject* parent = nullptr);
+    // A running QEMU goes on.
+    ~QemuRun() override;
+
+    // Mode 1: Cirrus; 2: standard VGA with 1 MB; any other: standard VGA with 16 MB of video
+    // memory. Returns at once. A start that fails, or is not done within the limit, is told in a
+    // message with the last lines of the log.
+    void RunQemu(int mode);
+    // Asks a running QEMU to end, without waiting for it.
+    void closeQemu();
+
+    [[nodiscard]] bool isRunning() const { return m_process != nullptr; }
+    [[nodiscard]] qint64 processId() const { return m_process ? m_process->pid() : 0; }
+    // The arguments of the last start.
+    [[nodiscard]] const QStringList& QemuArgs() const { return m_arguments; }
+
+Q_SIGNALS:
+    void started(); // the machine runs
+    void ended();   // the process is gone, whoever ended it
+
+private:
+    enum class Phase { None, Starting, Late, Running };
+    [[nodiscard]] bool mayBoot() const;
+    [[nodiscard]] bool launch(qint64& pid);
+    void watch(qint64 pid);
+    void lookAtLog();
+    void onEnd();
+    void tellFailure();
+    [[nodiscard]] QString logText() const;
+
+    Shell m_shell;
+    QemuHost& m_host;
+    QemuLimits m_limits;
+    QStringList m_arguments;
+    ProcessHandle* m_process = nullptr; // a child of this
+    Phase m_phase = Phase::None;
+    QTimer m_look;
+    QTimer m_limit;
+};
+
+} // namespace fennel
