@@ -2,7 +2,10 @@
 #include "tools/process_handle.h"
 
 #include <csignal>
+// This header of glibc 2.36 forgets to say that its functions are C's.
+extern "C" {
 #include <sys/pidfd.h>
+}
 #include <unistd.h>
 
 namespace fennel {
