@@ -83,6 +83,8 @@ void updateEngine(MainWindow& window)
     (void)RebuildMemberList(shell, {});
     MemberListFill(shell, *window.workbench().params.list(TabGfxboot));
     fillFonts(window.workbench());
+    window.rightPanel().fillList(TabGfxboot);
+    window.rightPanel().fillList(TabFonts);
 }
 
 void buildObjectTabs(MainWindow& window)
