@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "menus/menu_list.h"
+
+#include "menus/menu_file.h"
+#include "menus/menu_overlay.h"
+#include "shell/text.h"
+#include "stage/panel_text.h"
+
+namespace fennel {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+ListRow plainRow(const QString& name, const QString& path, const QString& primary)
+{
+    ListRow row;
+    for (const QString& text : {name, path, primary})
+        row.cells.emplace_back().text = text;
+    return row;
+}
+
+ListRow embeddedRow()
+{
+    ListRow row = plainRow(u"Embedded"_s, u"menu"_s, {});
+    row.tag = embeddedTag;
+    row.colour = blueRow;
+    row.bold = true;
+    row.checked = true;
+    for (std::size_t i = 0; i < 2; ++i) {
+        row.cells[i].bold = true;
+        row.cells[i].colour = blueRow;
+    }
+    return row;
+}
+
+// The device in front goes, "(hd0,0)/boot/message" as "/boot/message".
+QString shownPath(const QString& gfxmenu)
+{
+    return gfxmenu.mid(gfxmenu.indexOf(u'/') + 1).replace(u'/', u'\\');
+}
+
+ListRow fileRowOf(const MenuDrive& drive, const QString& name)
+{
+    const Result<QString> text = readMenu(drive, name);
+    ListRow row =
+        plainRow(name, drive.letter + u":\\"_s, text ? shownPath(MenuPrimary(*text)) : QString());
+    row.tag = fileTag(name);
+    row.cells[1].toolTip = drive.folder;
+    if (!text)
+        row.cells[0].toolTip = QString::fromStdString(text.failure().text);
+    else if (!MenuCounts(*text).endsWith(u"/0/0"_s))
+        row.colour = dataMenuRow;
+    return row;
+}
+
+} // namespace
+
+Result<QString> readMenu(const MenuDrive& drive, const QString& name)
+{
+    const QString path = drive.folder + name;
+    const QString root = withSeparator(shortForm(drive.folder));
+    if (!shortForm(path).startsWith(root))
+        return Failure{FailureKind::NoPermission,
+                       path.toStdString() + " is a link that leads out of the drive."};
+    const Result<QByteArray> bytes = readBytes(path, menuSizeLimit);
+    if (!bytes)
+        return bytes.failure();
+    return decodeText(*bytes).text;
+}
+
+void MenuListFill(const Shell& shell, const MenuDrive& drive, ListRows& list)
+{
+    shell.WriteLog(u"     1_Menu_in_ListView"_s);
+    const int kept = list.selected;
+    list.rows.clear();
+    list.columns = columnsFrom(u"Menu file|Path|Primary gfxmenu|"_s);
+    list.rows.push_back(embeddedRow());
+    list.rows.push_back(plainRow(u"__________"_s, u"___"_s, u"__________"_s));
+    if (!drive.folder.isEmpty()) {
+        for (const QString& name : filesLike(drive.folder, u"*.lst"_s))
+            list.rows.push_back(fileRowOf(drive, name));
+    }
+    list.selected = kept >= 1 && kept <= list.count() ? kept : 1;
+}
+
+int menuRow(const ListRows& list, const QString& name)
+{
+    for (int row = 1; row <= list.count(); ++row) {
+        if (!name.isEmpty() && menuOfRow(list, row) == name)
+            return row;
+    }
+    return 0;
+}
+
+QString menuOfRow(const ListRows& list, int row)
+{
+    const ListRow* found = list.row(row);
+    return found ? fileOfTag(found->tag) : QString();
+}
+
+int mnuMenu_fromFlash(const Shell& shell, const ListRows& list, const QString& name)
+{
+    if (shell.run.GfxOpened)
+        return menuRow(list, name);
+    shell.prompts.ShowMessage(u"First, you need to open some gfxboot"_s);
+    return 0;
+}
+
+QString MenuApply(const Shell& shell, const MenuDrive& drive, const QString& CurrentMenuFile,
+                  ZUKarr& table)
+{
+    MenuOverlayClear(table);
+    if (CurrentMenuFile.isEmpty())
+        return defaultMenu;
+    const Result<QString> text = readMenu(drive, CurrentMenuFile);
+    if (!text) {
+        shell.prompts.ShowMessage(QString::fromStdString(text.failure().text));
+        return defaultMenu;
+    }
+    MenuOverlay(*text, shell.run.GfxHasZuk, table);
+    return MenuEntries(*text, shell.run.GfxHasZuk, technicalEntries(table));
+}
+
+} // namespace fennel

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// The first tab: the menus of the Current Flash, and the one that the stage shows.
+#pragma once
+
+#include "params/param_lists.h"
+#include "shell/shell_context.h"
+
+namespace fennel {
+
+// Whose menus are shown. `folder` is what "X:\" stands for, with "/" at its end; both are empty
+// without a Current Flash.
+struct MenuDrive {
+    QString letter;
+    QString folder;
+};
+
+inline const QString embeddedTag = QStringLiteral("|Embedded|");
+inline constexpr QRgb dataMenuRow = qRgb(136, 0, 136); // a menu with bracket titles
+// Above this a *.lst is no menu. Titles of 10 MB still are.
+inline constexpr qint64 menuSizeLimit = 32LL * 1024 * 1024;
+
+// The text of a menu file of the drive. A file that a link leads to outside of the drive is
+// refused.
+Result<QString> readMenu(const MenuDrive& drive, const QString& name);
+
+// Fills the rows: Embedded, a separator, then every *.lst in the root of the drive. The selected
+// row stays selected, 1 if there was none or it is gone. A file that cannot be read has no path.
+void MenuListFill(const Shell& shell, const MenuDrive& drive, ListRows& list);
+
+// Row (from 1) of a menu file, 0 if the list has none.
+int menuRow(const ListRows& list, const QString& name);
+// The file of a row, empty for the Embedded row and the separator.
+QString menuOfRow(const ListRows& list, int row);
+
+// mnuMenu_fromFlash: the row to select and to click on, or 0 after the user was told that no
+// gfxboot is open.
+int mnuMenu_fromFlash(const Shell& shell, const ListRows& list, const QString& name);
+
+// Makes the menu named by CurrentMenuFile (empty: the Embedded one) the one in force: its data
+// titles go to the menu layer of the parameters, its entries are returned for the stage, each
+// followed by a "|". A menu that cannot be read is told, and the Embedded entries stand in.
+QString MenuApply(const Shell& shell, const MenuDrive& drive, const QString& CurrentMenuFile,
+                  ZUKarr& table);
+
+} // namespace fennel
