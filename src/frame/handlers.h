@@ -15,6 +15,7 @@ void addFileCommands(MainWindow& window);
 void addViewCommands(MainWindow& window);
 void addEditCommands(MainWindow& window);
 void addToolCommands(MainWindow& window);
+void addFlashCommands(MainWindow& window);
 void addHelpCommands(MainWindow& window);
 void connectLists(MainWindow& window);
 // Entries of arrays that never change, once the menus stand.
@@ -28,8 +29,12 @@ void rebuildTabs(MainWindow& window);
 void refillList(MainWindow& window, int tab);
 // After members came or went: #.lst, the lists, the thumbnails. A pattern names what is new.
 void membersChanged(MainWindow& window, const QString& addedPattern);
-// Gives the stage the entries of the chosen menu, and lets it redraw.
+// Gives the stage the entries of the menu in force, and the lists what it overrides.
 void MenuApply(MainWindow& window);
+// Makes a menu file of the Current Flash the menu in force; empty: the embedded menu.
+void takeMenu(MainWindow& window, const QString& file);
+// CheckFromMenu: the stage shows what the menu imposes, or the values of the lists again.
+void switchLevels(MainWindow& window, bool fromMenu);
 
 // Shows a tab with everything that depends on it: stage, thumbnails, buttons.
 void selectTab(MainWindow& window, int tab);

@@ -8,9 +8,9 @@
 #include "frame/stage_link.h"
 #include "frame/thumbnail_strip.h"
 #include "frame/toolbar.h"
+#include "menus/menu_list.h"
 #include "params/cfg_file.h"
 #include "params/list_actions.h"
-#include "params/menu_level.h"
 #include "params/panel_values.h"
 #include "params/right_panel.h"
 #include "params/row_values.h"
@@ -120,6 +120,9 @@ void onRowActivated(MainWindow& window, int tab, int row)
         window.rightPanel().view(tab)->select(1);
         lists.CurrentRow = 1;
         break;
+    case DoubleClick::TakeMenu:
+        takeMenu(window, menuOfRow(*lists.list(tab), row));
+        break;
     case DoubleClick::ShowText:
         showTextMember(window, name);
         break;
@@ -157,7 +160,7 @@ void applyChange(MainWindow& window, int tab, const RowChange& change)
 }
 
 // A changed row of gfxboot.cfg reaches the file and the stage at once.
-void writeCfgRow(MainWindow& window, const QString& name)
+void writeCfgRow(MainWindow& window)
 {
     ParamLists& lists = window.workbench().params;
     ListRows& list = *lists.list(TabConfig);
@@ -166,7 +169,6 @@ void writeCfgRow(MainWindow& window, const QString& name)
     window.rightPanel().view(TabConfig)->select(lists.CurrentRow);
     applyGeneration(window.shell(), lists, window.workbench().fonts.table,
                     [&list](QStringView key) { return CfgValue(list, key); });
-    Q_UNUSED(name)
     window.stageLink().stage().RefreshPanels();
 }
 
@@ -175,11 +177,13 @@ void onRowChecked(MainWindow& window, int tab, int row, bool checked)
     ParamLists& lists = window.workbench().params;
     const RowCheck check = onRowCheck(window.shell().run, lists, tab, row);
     ListRow* changed = lists.list(tab)->row(row);
+    if (check == RowCheck::TakeMenu)
+        takeMenu(window, menuOfRow(*lists.list(tab), row));
     if (check != RowCheck::WriteCfg || changed == nullptr)
         return;
     changed->checked = checked;
     changed->colour = checkedColour(checked);
-    writeCfgRow(window, changed->text());
+    writeCfgRow(window);
 }
 
 void onKey(MainWindow& window, int tab, int key)
@@ -190,6 +194,10 @@ void onKey(MainWindow& window, int tab, int key)
     case ListKey::EditValue:
         if (row != nullptr)
             onRowActivated(window, tab, lists.CurrentRow);
+        break;
+    case ListKey::TakeMenu:
+        onRowChecked(window, tab, lists.CurrentRow == 2 ? 1 : lists.CurrentRow, true);
+        window.shell().prompts.ShowMessage(plannedMenuText());
         break;
     case ListKey::FlipCheck:
         if (row != nullptr && row->checked)
@@ -279,21 +287,6 @@ void runPopup(MainWindow& window, int index)
     }
 }
 
-void onFromMenu(MainWindow& window, bool checked)
-{
-    ParamLists& lists = window.workbench().params;
-    CloseEditor(window);
-    const auto background = switchMenuLevel(window.shell(), lists, checked);
-    if (background) {
-        window.shell().run.BackFile = *background;
-        window.ShowBackground();
-    } else {
-        window.stageLink().stage().RefreshPanels();
-    }
-    window.stageLink().stage().ActivatePanel(lists.objectOfTab(lists.CurrentTab));
-    window.rightPanel().view(lists.CurrentTab)->fitColumns();
-}
-
 } // namespace
 
 void updateRowButtons(MainWindow& window)
@@ -319,7 +312,7 @@ void commitEditor(MainWindow& window)
         return;
     }
     row->cells[1].text = normaliseTyped(typed);
-    writeCfgRow(window, row->text());
+    writeCfgRow(window);
 }
 
 void CloseEditor(MainWindow& window)
@@ -387,7 +380,7 @@ void connectLists(MainWindow& window)
         window.shell().prompts.ShowMessage(plannedUpDownText(value));
     });
     QObject::connect(&panel.fromMenu(), &QCheckBox::clicked, &window,
-                     [&window](bool checked) { onFromMenu(window, checked); });
+                     [&window](bool checked) { switchLevels(window, checked); });
     window.commands().addArray("ListView1Popup", [&window](int index) { runPopup(window, index); });
 }
 

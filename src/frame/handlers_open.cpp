@@ -2,6 +2,7 @@
 // Filling the window from an opened gfxboot, step by step.
 #include "container/member_list.h"
 #include "container/template.h"
+#include "frame/flash_link.h"
 #include "frame/handlers.h"
 #include "frame/main_window.h"
 #include "frame/menus.h"
@@ -36,23 +37,6 @@ void fillBackgrounds(const Shell& shell, ListRows& list)
                      {size, {}, {}, {}, false}};
         list.rows.push_back(row);
     }
-}
-
-void fillMenus(const Shell& shell, ListRows& list)
-{
-    shell.WriteLog(QStringLiteral("     1_Menu_in_ListView"));
-    list = {};
-    list.columns = columnsFrom(QStringLiteral("Menu file|Path|Primary gfxmenu|"));
-    ListRow row;
-    row.tag = QStringLiteral("|Embedded|");
-    row.bold = true;
-    row.colour = blueRow;
-    row.checked = true;
-    row.cells = {{QStringLiteral("Embedded"), {}, {}, {}, false},
-                 {QStringLiteral("menu"), {}, {}, {}, false},
-                 {}};
-    list.rows.push_back(row);
-    list.selected = 1;
 }
 
 void fillFonts(Workbench& bench)
@@ -112,7 +96,7 @@ void showAll(MainWindow& window)
     window.UpdateInterface();
     window.refreshThumbnails();
     window.ShowBackground();
-    MenuApply(window);
+    takeMenu(window, window.workbench().CurrentMenuFile);
 }
 
 } // namespace
@@ -135,7 +119,7 @@ void refillList(MainWindow& window, int tab)
     const int selected = list.selected;
     switch (tab) {
     case TabMenu:
-        fillMenus(bench.shell, list);
+        MenuListFill(bench.shell, window.flashLink().menuDrive(), list);
         break;
     case TabGfxboot:
         MemberListFill(bench.shell, list);
@@ -179,11 +163,6 @@ void membersChanged(MainWindow& window, const QString& addedPattern)
     updateRowButtons(window);
 }
 
-void MenuApply(MainWindow& window)
-{
-    window.stageLink().stage().setMenuEntries(embeddedMenu);
-}
-
 void fillStep(MainWindow& window, OpenHost::Step step)
 {
     using Step = OpenHost::Step;
@@ -197,7 +176,7 @@ void fillStep(MainWindow& window, OpenHost::Step step)
         ReadLevelFiles(bench.shell, params.ZUKarr);
         break;
     case Step::Menus:
-        fillMenus(bench.shell, *params.list(TabMenu));
+        MenuListFill(bench.shell, window.flashLink().menuDrive(), *params.list(TabMenu));
         break;
     case Step::Members:
         MemberListFill(bench.shell, *params.list(TabGfxboot));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "frame/main_window.h"
 
+#include "frame/flash_link.h"
 #include "frame/handlers.h"
 #include "frame/menus.h"
 #include "frame/stage_link.h"
@@ -32,15 +33,18 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     addToolBar(m_toolbar);
     setContextMenuPolicy(Qt::NoContextMenu);
     m_stageLink = std::make_unique<StageLink>(*this);
+    m_flashLink = std::make_unique<FlashLink>(*this);
     buildAreas();
     addFileCommands(*this);
     addViewCommands(*this);
     addEditCommands(*this);
     addToolCommands(*this);
+    addFlashCommands(*this);
     addHelpCommands(*this);
     connectLists(*this);
     m_menus = std::make_unique<Menus>(*menuBar(), m_commands);
     showFixedEntries(*this);
+    m_flashLink->showBios();
     m_toolbar->BuildToolbar(m_commands);
     m_toolbar->setDriveMenu(m_menus->menu(QStringLiteral("mnuFlash")));
     connectAreas();
@@ -86,7 +90,8 @@ void MainWindow::UpdateInterface()
     m_workbench.lastUsed.Recreate_LastUsed(m_workbench.shell,
                                            [&progress](int value) { progress.setValue(value); });
     showLastUsed(*this);
-    m_menus->update(run, false);
+    m_flashLink->drives().RefreshDriveInfo(false, false);
+    m_menus->update(run, m_flashLink->flashThere());
     UpdateToolbar();
     progress.hide();
     setStatus();

@@ -21,6 +21,7 @@ namespace fennel {
 
 class Menus;
 class RightPanel;
+class FlashLink;
 class SplitterBar;
 class StageLink;
 class StageSurface;
@@ -44,6 +45,7 @@ public:
     [[nodiscard]] ThumbnailStrip& thumbnails() { return *m_bottomPanel; }
     [[nodiscard]] StatusBar& statusFields() { return *m_statusBar; }
     [[nodiscard]] StageLink& stageLink() { return *m_stageLink; }
+    [[nodiscard]] FlashLink& flashLink() { return *m_flashLink; }
     [[nodiscard]] StageSurface& surface() { return *m_picture; }
     // Everything between toolbar and status line; the value editor floats on it.
     [[nodiscard]] QWidget& area() { return *m_area; }
@@ -94,6 +96,7 @@ private:
     Workbench& m_workbench;
     Commands m_commands;
     std::unique_ptr<StageLink> m_stageLink;
+    std::unique_ptr<FlashLink> m_flashLink;
     std::unique_ptr<Menus> m_menus;
     Toolbar* m_toolbar;
     QWidget* m_area;          // everything between toolbar and status bar

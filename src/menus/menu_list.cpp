@@ -3,8 +3,8 @@
 
 #include "menus/menu_file.h"
 #include "menus/menu_overlay.h"
+#include "params/object_table.h"
 #include "shell/text.h"
-#include "stage/panel_text.h"
 
 namespace fennel {
 
@@ -112,11 +112,11 @@ QString MenuApply(const Shell& shell, const MenuDrive& drive, const QString& Cur
 {
     MenuOverlayClear(table);
     if (CurrentMenuFile.isEmpty())
-        return defaultMenu;
+        return embeddedMenu;
     const Result<QString> text = readMenu(drive, CurrentMenuFile);
     if (!text) {
         shell.prompts.ShowMessage(QString::fromStdString(text.failure().text));
-        return defaultMenu;
+        return embeddedMenu;
     }
     MenuOverlay(*text, shell.run.GfxHasZuk, table);
     return MenuEntries(*text, shell.run.GfxHasZuk, technicalEntries(table));

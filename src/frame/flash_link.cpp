@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include "frame/flash_link.h"
+
+#include "frame/handlers.h"
+#include "frame/main_window.h"
+#include "frame/menus.h"
+#include "frame/status_bar.h"
+#include "params/right_panel.h"
+
+#include <QProcess>
+
+namespace fennel {
+
+FlashLink::FlashLink(MainWindow& window)
+    : m_window(window), m_source(FolderDriveSource::fromEnvironment()),
+      m_drives(window.shell(), m_source, *this), m_qemu(window.shell(), *this),
+      m_bios(biosStates(window.shell().run))
+{
+    QObject::connect(&m_watch, &MountWatch::changed, &window, [this] { m_drives.mountsChanged(); });
+}
+
+MenuDrive FlashLink::menuDrive() const
+{
+    const int letter = m_window.shell().run.CurrentFlashChar;
+    if (letter <= noFlash)
+        return {};
+    return {QString(QChar(static_cast<char16_t>(letter))), m_drives.folderOf(letter)};
+}
+
+void FlashLink::setMonitor(bool on)
+{
+    const bool watching = on && m_watch.start();
+    if (!on)
+        m_watch.stop();
+    m_drives.MonitorOn = watching;
+    m_window.workbench().flags.MonitorOn = watching;
+    m_window.menus().action(QStringLiteral("mnuFlash_Monitor"))->setChecked(watching);
+    m_window.UpdateToolbar();
+}
+
+void FlashLink::startQemu()
+{
+    const Shell& shell = m_window.shell();
+    if (shell.run.CurrentFlashChar == noFlash)
+        shell.prompts.ShowMessage(
+            QStringLiteral("Select the \"Current Flash Device\" from Flash-menu to start QEMU"),
+            MessageType::Ok, QStringLiteral("QEMU"));
+    else
+        m_qemu.RunQemu(qemuMode(m_bios));
+}
+
+void FlashLink::chooseBios(VideoBios bios)
+{
+    fennel::chooseBios(m_window.shell(), bios, m_bios);
+    showBios();
+}
+
+void FlashLink::showBios()
+{
+    for (const VideoBios bios : {VideoBios::Standart, VideoBios::Cirrus, VideoBios::Memory16}) {
+        const BiosState& state = m_bios[static_cast<std::size_t>(bios)];
+        const char* item = biosMenuItem(bios);
+        m_window.menus().setEnabled(item, state.enabled);
+        m_window.menus().action(QLatin1String(item))->setChecked(state.checked);
+    }
+}
+
+void FlashLink::driveProgress(int percent, const QString& panel1)
+{
+    m_window.statusFields().progressBar().setValue(percent);
+    m_window.setStatusField(1, panel1);
+}
+
+void FlashLink::driveProgressEnds()
+{
+    m_window.setStatusField(1, QStringLiteral(" "));
+}
+
+void FlashLink::flashChanged()
+{
+    std::vector<Menus::Entry> entries;
+    const std::vector<FlashEntry>& drives = m_drives.flashEntries();
+    for (std::size_t i = 0; i < drives.size(); ++i)
+        entries.push_back({static_cast<int>(i),
+                           QString(drives[i].caption).replace(u'&', QStringLiteral("&&")), true,
+                           drives[i].checked, drives[i].toolTip});
+    m_window.menus().setEntries("mnuFlash_FlashArr", entries);
+    m_window.menus().update(m_window.shell().run, flashThere());
+    m_window.UpdateToolbar();
+    m_window.setStatus();
+}
+
+void FlashLink::closeQemu()
+{
+    m_qemu.closeQemu();
+}
+
+void FlashLink::enableQemuStart(bool enabled)
+{
+    m_window.menus().setEnabled("mnuT_Qemu_Start", enabled);
+}
+
+void FlashLink::showFlashMenus(const FlashMenus& menus)
+{
+    std::vector<Menus::Entry> entries;
+    for (qsizetype i = 0; i < menus.entries.size(); ++i)
+        entries.push_back({static_cast<int>(i),
+                           QString(menus.entries[i]).replace(u'&', QStringLiteral("&&")),
+                           menus.anyFile, std::nullopt, menus.entries[i]});
+    m_window.menus().setEntries("mnuMenu_fromFlash", entries);
+    m_window.menus().action(QStringLiteral("mnuMenu_select"))->setText(menus.selectCaption);
+    m_window.menus().setEnabled("mnuMenu_select", !menus.entries.isEmpty());
+}
+
+void FlashLink::clearMenuFile()
+{
+    m_window.workbench().CurrentMenuFile.clear();
+}
+
+void FlashLink::refillMenuList()
+{
+    if (!m_window.shell().run.GfxOpened)
+        return;
+    refillList(m_window, TabMenu);
+    MenuApply(m_window);
+    if (m_window.workbench().params.CurrentTab == TabMenu)
+        m_window.rightPanel().view(TabMenu)->select(1);
+}
+
+void FlashLink::chooseEmbeddedMenu()
+{
+    takeMenu(m_window, {});
+}
+
+void FlashLink::bringToFront(qint64 pid)
+{
+    // Only X11 lets one program raise the window of another, and only through a tool of its own.
+    QProcess::startDetached(QStringLiteral("xdotool"),
+                            {QStringLiteral("search"), QStringLiteral("--pid"),
+                             QString::number(pid), QStringLiteral("windowactivate")});
+}
+
+} // namespace fennel

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+// The menus Flash and Menu.lst, and QEMU: drives, the menu in force, the boot test.
+#include "frame/flash_link.h"
+#include "frame/handlers.h"
+#include "frame/main_window.h"
+#include "frame/menus.h"
+#include "frame/stage_link.h"
+#include "params/menu_level.h"
+#include "params/panel_values.h"
+#include "params/right_panel.h"
+#include "params/row_values.h"
+
+namespace fennel {
+
+namespace {
+
+constexpr int separatorRow = 2;
+
+// Checks the row of the menu in force alone.
+void markMenuRow(MainWindow& window)
+{
+    ListRows& list = *window.workbench().params.list(TabMenu);
+    const QString& file = window.workbench().CurrentMenuFile;
+    const int chosen = file.isEmpty() ? 1 : menuRow(list, file);
+    for (int number = 1; number <= list.count(); ++number) {
+        if (number != separatorRow)
+            list.row(number)->checked = number == chosen;
+    }
+    window.menus().action(QStringLiteral("mnuMenu_Embedded"))->setChecked(file.isEmpty());
+    window.rightPanel().refreshList(TabMenu);
+}
+
+void showMenuLevelBox(MainWindow& window)
+{
+    QCheckBox& box = window.rightPanel().fromMenu();
+    const MenuLevelBox state =
+        menuLevelBox(!window.workbench().CurrentMenuFile.isEmpty(), box.isChecked());
+    box.setEnabled(state.enabled);
+    box.setToolTip(state.toolTip);
+}
+
+void chooseFlashMenu(MainWindow& window, int entry)
+{
+    const ListRows& list = *window.workbench().params.list(TabMenu);
+    // The first two rows are the embedded menu and the separator.
+    const ListRow* row = list.row(entry + separatorRow + 1);
+    const QString name = row == nullptr ? QString() : row->text();
+    const int number = mnuMenu_fromFlash(window.shell(), list, name);
+    if (number == 0)
+        return;
+    selectTab(window, TabMenu);
+    window.rightPanel().view(TabMenu)->select(number);
+    takeMenu(window, menuOfRow(list, number));
+}
+
+void driveInfo(MainWindow& window)
+{
+    Drives& drives = window.flashLink().drives();
+    const int letter = window.shell().run.CurrentFlashChar;
+    if (letter == noFlash)
+        drives.mnuFlash_GetINFO();
+    else
+        drives.ListUsb(letter, false);
+}
+
+void addQemuCommands(MainWindow& window)
+{
+    Commands& commands = window.commands();
+    FlashLink& link = window.flashLink();
+    commands.add("mnuT_Qemu_Start", [&link] { link.startQemu(); });
+    commands.add("mnuT_Qemu_BIOS", [&window] { mnuT_Qemu_BIOS(window.shell()); });
+    for (const VideoBios bios : {VideoBios::Standart, VideoBios::Cirrus, VideoBios::Memory16})
+        commands.add(biosMenuItem(bios), [&link, bios] { link.chooseBios(bios); });
+}
+
+} // namespace
+
+void switchLevels(MainWindow& window, bool fromMenu)
+{
+    ParamLists& lists = window.workbench().params;
+    CloseEditor(window);
+    showMenuLevelBox(window);
+    const auto background = switchMenuLevel(window.shell(), lists, fromMenu);
+    if (background) {
+        window.shell().run.BackFile = *background;
+        window.ShowBackground();
+    } else {
+        window.stageLink().stage().RefreshPanels();
+    }
+    window.stageLink().stage().ActivatePanel(lists.objectOfTab(lists.CurrentTab));
+    window.rightPanel().view(lists.CurrentTab)->fitColumns();
+}
+
+void takeMenu(MainWindow& window, const QString& file)
+{
+    window.workbench().CurrentMenuFile = file;
+    markMenuRow(window);
+    MenuApply(window);
+}
+
+void MenuApply(MainWindow& window)
+{
+    Workbench& bench = window.workbench();
+    if (!bench.shell.run.GfxOpened)
+        return;
+    const QString entries = MenuApply(bench.shell, window.flashLink().menuDrive(),
+                                      bench.CurrentMenuFile, bench.params.ZUKarr);
+    window.stageLink().stage().setMenuEntries(entries);
+    if (!bench.shell.run.GfxHasZuk)
+        return;
+    refreshLstColumn(bench.params);
+    for (int tab = FirstObjectTab; tab <= bench.params.tabCount(); ++tab)
+        window.rightPanel().refreshList(tab);
+    QCheckBox& box = window.rightPanel().fromMenu();
+    if (!box.isChecked()) {
+        showMenuLevelBox(window);
+        return;
+    }
+    box.setChecked(!bench.CurrentMenuFile.isEmpty());
+    switchLevels(window, box.isChecked());
+}
+
+void addFlashCommands(MainWindow& window)
+{
+    Commands& commands = window.commands();
+    Drives& drives = window.flashLink().drives();
+    commands.addArray("mnuFlash_FlashArr",
+                      [&drives](int entry) { drives.mnuFlash_FlashArr(entry); });
+    commands.add("mnuFlash_Choose", [&drives] { drives.mnuFlash_Choose(); });
+    commands.add("mnuFlash_UnCheckAll", [&drives] { drives.mnuFlash_UnCheckAll(); });
+    commands.add("mnuFlash_GetINFO", [&drives] { drives.mnuFlash_GetINFO(); });
+    commands.add("mnuFlash_Monitor",
+                 [&window] { window.flashLink().setMonitor(!window.workbench().flags.MonitorOn); });
+    commands.add("Toolbar1_18", [&window] { driveInfo(window); });
+    commands.add("mnuMenu_Embedded", [&window] { takeMenu(window, {}); });
+    commands.addArray("mnuMenu_fromFlash",
+                      [&window](int entry) { chooseFlashMenu(window, entry); });
+    addQemuCommands(window);
+}
+
+} // namespace fennel
