@@ -45,6 +45,8 @@ protected:
     // A tool of ours in place of the bridge.
     void toolIs(const QByteArray& script)
     {
+        // Not even its owner may write to the tool that an earlier call left.
+        QFile::remove(shell.path(u"tool"_s));
         shell.run.ToolMkFont = shell.file(u"tool"_s, "#!/bin/sh\n" + script);
         QFile::setPermissions(shell.run.ToolMkFont, QFile::ReadOwner | QFile::ExeOwner);
     }

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// Backgrounds of every odd kind, brought in by the picture tool, on the real boot screen: the
+// engine shows a black screen for a JPEG that it cannot decode.
+#include "desktop/boot.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QProcess>
+
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool ran(const QString& program, const QStringList& arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    return process.waitForFinished(60'000) && process.exitCode() == 0;
+}
+
+QByteArray bytes(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// The picture as a JPEG of the named kind, made by another program.
+QString oddSource(const QTemporaryDir& folder, const QImage& picture, const QString& kind)
+{
+    const QString plain = folder.filePath(u"plain.png"_s);
+    const QString odd = folder.filePath(kind + u".jpg"_s);
+    EXPECT_TRUE(picture.save(plain));
+    QStringList arguments{plain};
+    if (kind == u"progressive"_s)
+        arguments << u"-interlace"_s << u"Plane"_s;
+    else if (kind == u"grey"_s)
+        arguments << u"-colorspace"_s << u"Gray"_s;
+    else if (kind == u"cmyk"_s)
+        arguments << u"-colorspace"_s << u"CMYK"_s;
+    else
+        arguments << u"-sampling-factor"_s << u"4:4:4"_s;
+    arguments << u"-quality"_s << u"95"_s << odd;
+    EXPECT_TRUE(ran(u"convert"_s, arguments));
+    return odd;
+}
+
+class OddBackground : public testing::TestWithParam<const char*> {};
+
+} // namespace
+
+TEST_P(OddBackground, ShowsOnTheBootScreen)
+{
+    const QTemporaryDir folder;
+    const QString kind = QString::fromLatin1(GetParam());
+    const QString source = oddSource(folder, Message().background, kind);
+    const QString target = folder.filePath(u"back.jpg"_s);
+    ASSERT_TRUE(ran(QStringLiteral(FENNEL_BIN_DIR "/Tools/nconvert/nconvert_bridge"),
+                    {u"-out"_s, u"jpeg"_s, u"-overwrite"_s, u"-resize"_s, u"800"_s, u"600"_s,
+                     u"-q"_s, u"85"_s, u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s, u"-o"_s,
+                     target, source, u",0"_s}));
+    const Boot booted = boot(Message(bytes(target)).saveIn(folder));
+    if (booted.code == skipped)
+        GTEST_SKIP() << booted.told.toStdString();
+    ASSERT_EQ(booted.code, 0) << booted.told.toStdString();
+    const QImage expected(target);
+    for (const QRect& part : bareParts())
+        EXPECT_LT(difference(booted.screen, expected, part), 4) << GetParam();
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, OddBackground,
+                         testing::Values("progressive", "grey", "cmyk", "full_colour"));
