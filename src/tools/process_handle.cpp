@@ -2,8 +2,12 @@
 #include "tools/process_handle.h"
 
 #include <csignal>
-#include <sys/pidfd.h>
 #include <unistd.h>
+
+// This header of glibc 2.36 does not say by itself that its functions are C.
+extern "C" {
+#include <sys/pidfd.h>
+}
 
 namespace fennel {
 
