@@ -10,6 +10,7 @@
 namespace fennel {
 
 class MainWindow;
+struct RowChange;
 
 void addFileCommands(MainWindow& window);
 void addViewCommands(MainWindow& window);
@@ -38,6 +39,8 @@ void switchLevels(MainWindow& window, bool fromMenu);
 
 // Shows a tab with everything that depends on it: stage, thumbnails, buttons.
 void selectTab(MainWindow& window, int tab);
+// Shows what a changed value of a row of `tab` changed: lists, objects, colour controls.
+void applyChange(MainWindow& window, int tab, const RowChange& change);
 // Enabled state of the buttons beside the list and of the edit buttons of the toolbar.
 void updateRowButtons(MainWindow& window);
 // Takes the typed value if the value editor is open; closes it without taking the value.

@@ -18,6 +18,8 @@
 #include "shell/text.h"
 #include "tools/image_tool.h"
 
+#include <algorithm>
+
 namespace fennel {
 
 namespace {
@@ -144,19 +146,6 @@ void onRowActivated(MainWindow& window, int tab, int row)
     default:
         break;
     }
-}
-
-void applyChange(MainWindow& window, int tab, const RowChange& change)
-{
-    ParamLists& lists = window.workbench().params;
-    window.rightPanel().refreshList(tab);
-    for (const int object : change.objects) {
-        if (const PanelRec* panel = lists.object(object); panel->TabIndex != tab)
-            window.rightPanel().refreshList(panel->TabIndex);
-        window.stageLink().stage().ApplyPanel(object);
-    }
-    Stage& stage = window.stageLink().stage();
-    stage.ShowMarker(stage.SelectedPanel, 0);
 }
 
 // A changed row of gfxboot.cfg reaches the file and the stage at once.
@@ -288,6 +277,25 @@ void runPopup(MainWindow& window, int index)
 }
 
 } // namespace
+
+void applyChange(MainWindow& window, int tab, const RowChange& change)
+{
+    ParamLists& lists = window.workbench().params;
+    window.rightPanel().refreshList(tab);
+    for (const int object : change.objects) {
+        if (const PanelRec* panel = lists.object(object); panel->TabIndex != tab)
+            window.rightPanel().refreshList(panel->TabIndex);
+        window.stageLink().stage().ApplyPanel(object);
+    }
+    Stage& stage = window.stageLink().stage();
+    // Applying the menu brought it to the front; its bar belongs above it.
+    if (std::any_of(change.objects.begin(), change.objects.end(), isMenuRow)) {
+        stage.raisePanel(MenuPanelRow);
+        stage.raisePanel(MenuBarRow);
+    }
+    stage.ShowMarker(stage.SelectedPanel, 0);
+    window.stageLink().showColourControls(stage.ColourPanel);
+}
 
 void updateRowButtons(MainWindow& window)
 {

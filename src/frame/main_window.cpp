@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "frame/main_window.h"
 
+#include "frame/colour_link.h"
 #include "frame/flash_link.h"
 #include "frame/handlers.h"
 #include "frame/menus.h"
@@ -32,9 +33,11 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     m_toolbar = new Toolbar(this);
     addToolBar(m_toolbar);
     setContextMenuPolicy(Qt::NoContextMenu);
+    m_colourLink = std::make_unique<ColourLink>(*this);
     m_stageLink = std::make_unique<StageLink>(*this);
     m_flashLink = std::make_unique<FlashLink>(*this);
     buildAreas();
+    m_colourLink->connectControls();
     addFileCommands(*this);
     addViewCommands(*this);
     addEditCommands(*this);

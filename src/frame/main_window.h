@@ -19,6 +19,8 @@ class QToolButton;
 
 namespace fennel {
 
+class ColourLink;
+class ColourTools;
 class Menus;
 class RightPanel;
 class FlashLink;
@@ -47,6 +49,8 @@ public:
     [[nodiscard]] StageLink& stageLink() { return *m_stageLink; }
     [[nodiscard]] FlashLink& flashLink() { return *m_flashLink; }
     [[nodiscard]] StageSurface& surface() { return *m_picture; }
+    [[nodiscard]] ColourTools& colourTools() { return *m_tools; }
+    [[nodiscard]] ColourLink& colourLink() { return *m_colourLink; }
     // Everything between toolbar and status line; the value editor floats on it.
     [[nodiscard]] QWidget& area() { return *m_area; }
 
@@ -95,6 +99,7 @@ private:
 
     Workbench& m_workbench;
     Commands m_commands;
+    std::unique_ptr<ColourLink> m_colourLink;
     std::unique_ptr<StageLink> m_stageLink;
     std::unique_ptr<FlashLink> m_flashLink;
     std::unique_ptr<Menus> m_menus;
@@ -104,6 +109,7 @@ private:
     StageSurface* m_picture;  // Picture1
     RightPanel* m_rightPanel; // Frame1Vkladki
     ThumbnailStrip* m_bottomPanel;
+    ColourTools* m_tools;       // Frame5RDPanelTools
     QWidget* m_message;         // Frame7RDMessage
     SplitterBar* m_vertical;    // Frame3Vertical
     SplitterBar* m_horizontal;  // Frame4Horizontal

@@ -9,6 +9,7 @@
 #include "frame/toolbar.h"
 #include "params/right_panel.h"
 #include "params/tabs.h"
+#include "stage/colour_tools.h"
 #include "stage/stage_surface.h"
 
 #include <QGroupBox>
@@ -67,6 +68,7 @@ void MainWindow::buildAreas()
     m_port->setWidget(m_picture);
     m_rightPanel = new RightPanel(m_workbench.params, m_area);
     m_bottomPanel = new ThumbnailStrip(m_area);
+    m_tools = new ColourTools(m_area);
     m_message = messageFrame(m_area);
     buildSplitters();
     m_workbench.shell.run.RightPanelWidth = initialRightPanelWidth(screen()->size().width());
@@ -184,9 +186,12 @@ void MainWindow::place(const LayoutResult& layout)
     m_rightPanel->setVisible(flags.rightPanelShown);
     m_bottomPanel->setGeometry(layout.bottomPanel);
     m_bottomPanel->setVisible(flags.bottomPanelShown);
+    const RunState& run = m_workbench.shell.run;
+    const bool corner = !layout.tools.isEmpty() && run.GfxOpened;
+    m_tools->setGeometry(layout.tools);
+    m_tools->setVisible(corner && run.GfxHasZuk);
     m_message->setGeometry(layout.tools);
-    m_message->setVisible(!layout.tools.isEmpty() && m_workbench.shell.run.GfxOpened &&
-                          !m_workbench.shell.run.GfxHasZuk);
+    m_message->setVisible(corner && !run.GfxHasZuk);
     m_vertical->setGeometry(layout.verticalSplitter);
     m_horizontal->setGeometry(layout.horizontalSplitter);
     m_rightButton->setGeometry(layout.rightButton);

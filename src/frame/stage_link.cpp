@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "frame/stage_link.h"
 
+#include "frame/colour_link.h"
 #include "frame/cursor_file.h"
 #include "frame/handlers.h"
 #include "frame/main_window.h"
@@ -75,8 +76,17 @@ StageData StageLink::stageData()
 StageSurface* StageLink::makeSurface(QWidget* parent)
 {
     m_surface = new StageSurface(m_stage, parent);
-    m_surface->setCursors(loadCursors(m_window.shell().run.AppPath + QStringLiteral("/Cursors/")));
+    const StageCursors cursors =
+        loadCursors(m_window.shell().run.AppPath + QStringLiteral("/Cursors/"));
+    m_surface->setCursors(cursors);
+    if (const auto picker = cursors.find(StageCursor::Picker); picker != cursors.end())
+        m_picker = picker->second;
     return m_surface;
+}
+
+QCursor StageLink::pickerCursor() const
+{
+    return m_picker;
 }
 
 void StageLink::PanelParamsToRow(int index)
@@ -140,12 +150,12 @@ bool StageLink::menuLevelShown()
 
 int StageLink::pipettesOn()
 {
-    return m_window.rightPanel().editor().pipette().isChecked() ? 1 : 0;
+    return m_window.colourLink().pipettesOn();
 }
 
 void StageLink::showColourControls(int index)
 {
-    Q_UNUSED(index)
+    m_window.colourLink().showControls(index);
 }
 
 void StageLink::setStatus(int panel, const QString& text)

@@ -6,6 +6,8 @@
 #include "stage/stage.h"
 #include "stage/stage_host.h"
 
+#include <QCursor>
+
 namespace fennel {
 
 class MainWindow;
@@ -20,6 +22,8 @@ public:
     [[nodiscard]] Stage& stage() { return m_stage; }
     // Picture1, made with `parent`.
     StageSurface* makeSurface(QWidget* parent);
+    // The pointer that marks the picking of a colour.
+    [[nodiscard]] QCursor pickerCursor() const;
 
     void PanelParamsToRow(int index) override;
     qint64 GetPanelParam(int tab, int id) override;
@@ -48,6 +52,7 @@ private:
     MainWindow& m_window;
     Stage m_stage;
     StageSurface* m_surface = nullptr;
+    QCursor m_picker{Qt::CrossCursor};
 };
 
 } // namespace fennel

@@ -202,12 +202,11 @@ bool StageSurface::eventFilter(QObject* watched, QEvent* event)
     return handled;
 }
 
-// Starts or stops the pulse; without a marker to be seen the editor sleeps.
 void StageSurface::updatePulse()
 {
     const QWindow* native = window()->windowHandle();
     const bool seen = isVisible() && native != nullptr && native->isExposed();
-    if (!seen || !m_stage.pulses() || m_buttonDown) {
+    if (!seen || !m_stage.pulses() || m_buttonDown || m_stage.host().pipettesOn() > 0) {
         m_pulse.stop();
         return;
     }

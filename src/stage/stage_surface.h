@@ -31,6 +31,9 @@ public:
     [[nodiscard]] bool pulsing() const { return m_pulse.isActive(); }
     // A logical position of this widget as a pixel of the picture.
     [[nodiscard]] QPoint toPicture(QPointF position) const;
+    // Starts or stops the pulse; without a marker to be seen, or while a colour is picked, it
+    // rests.
+    void updatePulse();
 
 protected:
     bool event(QEvent* event) override;
@@ -52,7 +55,6 @@ private:
     void fitToPicture();
     void showCursor();
     void watchWindow();
-    void updatePulse();
 
     Stage& m_stage;
     StageGestures m_gestures;
