@@ -68,7 +68,7 @@ Result<void> CpioAssemble(const Shell& shell, const QString& archive, const QStr
         return toolMissing();
     if (Result<void> removed = shell.files.remove(archive); !removed)
         return removed;
-    const Result<void> ran = shell.tools.RunToolAndWait(
+    Result<void> ran = shell.tools.RunToolAndWait(
         {tool, QStringLiteral("ASSM"), archive, folder, memberListName, suffix});
     if (!FileExists(archive))
         return reasonOf(shell, ran, QStringLiteral("CPIO Error"));

@@ -127,7 +127,7 @@ QString SaveDialog(const Shell& shell, const QString& folder, const QString& tit
     question.title = title.isEmpty() ? QStringLiteral("Save gfxboot As...") : title;
     question.filter = QStringLiteral("All Files (*.*)|*.*|");
     question.proposedName = proposedName;
-    const QString path = shell.prompts.saveFile(question);
+    QString path = shell.prompts.saveFile(question);
     if (path.isEmpty())
         shell.prompts.ShowMessage(canceled);
     return path;
