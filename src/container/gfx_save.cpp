@@ -87,10 +87,9 @@ std::optional<SaveTarget> askTarget(const Shell& shell)
 }
 
 // Makes the run state and a copy of the Workspace that belong to the target.
-bool adoptTarget(const Shell& shell, const SaveTarget& target)
+bool adoptTarget(const Shell& shell, const SaveTarget& target, const QString& workspace)
 {
     RunState& run = shell.run;
-    const QString workspace = run.WorkspaceRoot + target.name + QLatin1Char('/');
     if (workspace != run.Workspace && !shell.told(shell.files.copyFolder(run.Workspace, workspace)))
         return false;
     run.GfxIsGz = target.compress;
@@ -155,12 +154,14 @@ bool GfxSaveAs(const Shell& shell, const WriteParameters& writeParameters)
     if (!target)
         return false;
     const RunState before = shell.run;
-    if (adoptTarget(shell, *target) && GfxSave(shell, writeParameters))
+    const QString workspace = before.WorkspaceRoot + target->name + QLatin1Char('/');
+    // A folder of that name holds what was extracted, and perhaps edited, earlier in this run.
+    const bool fresh = !FolderExists(workspace);
+    if (adoptTarget(shell, *target, workspace) && GfxSave(shell, writeParameters))
         return true;
-    const QString copy = shell.run.Workspace;
     shell.run = before;
-    if (copy != before.Workspace)
-        (void)shell.files.removeFolder(copy);
+    if (fresh)
+        (void)shell.files.removeFolder(workspace);
     return false;
 }
 

@@ -49,7 +49,6 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     showFixedEntries(*this);
     m_flashLink->showBios();
     m_toolbar->BuildToolbar(m_commands);
-    m_toolbar->setDriveMenu(m_menus->menu(QStringLiteral("mnuFlash")));
     connectAreas();
     (void)LoadCatalogue(workbench.shell, workbench.params.ZUKarr);
     BuildTabs(workbench.shell, workbench.params, {});
@@ -76,6 +75,7 @@ void MainWindow::setStatusField(int number, const QString& text)
 void MainWindow::UpdateToolbar()
 {
     m_toolbar->UpdateToolbar(m_workbench.shell.run, m_workbench.flags);
+    m_toolbar->setDrives(m_menus->entries("mnuFlash_FlashArr"));
 }
 
 void MainWindow::UpdateInterface()

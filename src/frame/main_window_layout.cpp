@@ -27,8 +27,6 @@ namespace fennel {
 
 namespace {
 
-constexpr int largestPanel = 4000;
-
 const QString notZukText = QStringLiteral("This gfxboot is not @ZUK-MOSA@\n"
                                           "So some features of the FENNEL-GFX (GUI) are disabled\n"
                                           "\n"
@@ -46,6 +44,13 @@ QWidget* messageFrame(QWidget* parent)
     auto* column = new QVBoxLayout(frame);
     column->addWidget(label);
     return frame;
+}
+
+void showSizes(QSpinBox& spin, int smallest, int largest, int value)
+{
+    const QSignalBlocker quiet(spin);
+    spin.setRange(smallest, largest);
+    spin.setValue(value);
 }
 
 } // namespace
@@ -85,8 +90,6 @@ void MainWindow::buildSplitters()
     m_rightButton->setAutoRaise(true);
     m_rightButton->setFocusPolicy(Qt::NoFocus);
     m_statusBar->bottomButton().setFocusPolicy(Qt::NoFocus);
-    m_rightPanel->widthSpin().setRange(minRightPanelWidth, largestPanel);
-    m_bottomPanel->heightControl().setRange(minBottomPanelHeight, largestPanel);
 }
 
 void MainWindow::connectAreas()
@@ -120,14 +123,13 @@ void MainWindow::connectAreas()
 
 void MainWindow::setPanelWidth(int width)
 {
-    m_workbench.shell.run.RightPanelWidth = std::clamp(width, minRightPanelWidth, largestPanel);
+    m_workbench.shell.run.RightPanelWidth = std::max(width, minRightPanelWidth);
     LayoutWindow();
 }
 
 void MainWindow::setPanelHeight(int height)
 {
-    m_workbench.shell.run.BottomPanelHeight =
-        std::clamp(height, minBottomPanelHeight, largestPanel);
+    m_workbench.shell.run.BottomPanelHeight = std::max(height, minBottomPanelHeight);
     LayoutWindow();
 }
 
@@ -159,6 +161,7 @@ void MainWindow::LayoutWindow()
     const QScopedValueRollback<bool> laying(m_laying, true);
     const LayoutResult layout = layoutWindow(layoutInput());
     m_workbench.shell.run.RightPanelWidth = layout.RightPanelWidth;
+    m_workbench.shell.run.BottomPanelHeight = layout.BottomPanelHeight;
     const int bars =
         menuBar()->sizeHint().height() + m_toolbar->sizeHint().height() + m_statusBar->height();
     setFixedSize(layout.area.width(), layout.area.height() + bars);
@@ -202,10 +205,10 @@ void MainWindow::place(const LayoutResult& layout)
     bottomButton.setArrowType(flags.bottomPanelShown ? Qt::UpArrow : Qt::DownArrow);
     bottomButton.setToolTip(flags.bottomPanelShown ? QStringLiteral("Hide Bottom Panel")
                                                    : QStringLiteral("Show Bottom Panel"));
-    const QSignalBlocker width(m_rightPanel->widthSpin());
-    m_rightPanel->widthSpin().setValue(m_workbench.shell.run.RightPanelWidth);
-    const QSignalBlocker height(m_bottomPanel->heightControl());
-    m_bottomPanel->heightControl().setValue(m_workbench.shell.run.BottomPanelHeight);
+    showSizes(m_rightPanel->widthSpin(), minRightPanelWidth,
+              std::max(layout.largestRightPanel, layout.RightPanelWidth), layout.RightPanelWidth);
+    showSizes(m_bottomPanel->heightControl(), minBottomPanelHeight, layout.largestBottomPanel,
+              layout.BottomPanelHeight);
 }
 
 void MainWindow::showRightPanel(bool shown)
@@ -228,11 +231,12 @@ void MainWindow::showBottomPanel(bool shown)
 
 void MainWindow::ShowBackground()
 {
-    m_workbench.shell.WriteLog(QStringLiteral(" Picture1.Show "));
-    if (m_workbench.shell.run.GfxOpened)
+    if (m_workbench.shell.run.GfxOpened) {
         m_stageLink->stage().ShowBackground();
-    else
-        LayoutWindow();
+        return;
+    }
+    m_workbench.shell.WriteLog(QStringLiteral(" Picture1.Show "));
+    LayoutWindow();
 }
 
 void MainWindow::showWelcome()

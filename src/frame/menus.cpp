@@ -97,6 +97,11 @@ void Menus::setEntries(const char* array, const std::vector<Entry>& entries)
     }
 }
 
+const std::vector<QAction*>& Menus::entries(const char* array)
+{
+    return m_entries[QLatin1String(array)];
+}
+
 void Menus::checkEntry(const char* array, int index, bool checked)
 {
     const QString name = QStringLiteral("%1_%2").arg(QLatin1String(array), QString::number(index));
