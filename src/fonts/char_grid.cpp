@@ -24,8 +24,7 @@ int cellAt(QPoint point)
 {
     const int column = point.x() / CharGrid::cellSide;
     const int row = point.y() / CharGrid::cellSide;
-    const bool inside =
-        point.x() >= 0 && point.y() >= 0 && column < cellColumns && row < rows;
+    const bool inside = point.x() >= 0 && point.y() >= 0 && column < cellColumns && row < rows;
     return inside ? row * cellColumns + column : -1;
 }
 
@@ -34,8 +33,8 @@ QString charactersOfPage(int page)
     QString text(cellCount, Qt::Uninitialized);
     for (int cell = 0; cell < cellCount; ++cell) {
         const int code = page * cellCount + cell;
-        text[cell] = cellGlyph(page, cell).isEmpty() ? QChar(u' ')
-                                                     : QChar(static_cast<char16_t>(code));
+        text[cell] =
+            cellGlyph(page, cell).isEmpty() ? QChar(u' ') : QChar(static_cast<char16_t>(code));
     }
     return text;
 }
@@ -87,6 +86,8 @@ void CharGrid::setPage(int page)
     m_painting = false;
     findGlyphs();
     update();
+    if (m_last >= 0)
+        Q_EMIT cellEntered(codeOf(m_last));
 }
 
 void CharGrid::setFace(const QRawFont& face)
@@ -210,7 +211,7 @@ void CharGrid::wheelEvent(QWheelEvent* event)
 
 void CharGrid::moveMark(int cell)
 {
-    m_mark = std::clamp(cell, 0, cellCount - 1);
+    m_last = m_mark = std::clamp(cell, 0, cellCount - 1);
     Q_EMIT cellEntered(codeOf(m_mark));
     update();
 }

@@ -55,8 +55,8 @@ private:
     static constexpr int cellCountOfPage = 256;
     const CharSelected& m_set;
     int m_page = 0;
-    int m_mark = 0; // the cell that keys work on
-    int m_last = -1;
+    int m_mark = 0;          // the cell that keys work on
+    int m_last = -1;         // that the mouse or the mark came to, -1 none yet
     bool m_painting = false; // a pressed button takes further cells along
     bool m_paintTo = false;
     int m_turned = 0; // by the wheel, in eighths of a degree, less than a step

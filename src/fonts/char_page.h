@@ -35,10 +35,10 @@ private:
 
     CharSelected m_there;
     CharGrid* m_grid;
-    QScrollBar* m_scroll;  // VScrollUnicode
-    QComboBox* m_blocks;   // ComboSets
-    QLabel* m_large;       // Obrazec
-    QLabel* m_code;        // TextCode
+    QScrollBar* m_scroll; // VScrollUnicode
+    QComboBox* m_blocks;  // ComboSets
+    QLabel* m_large;      // Obrazec
+    QLabel* m_code;       // TextCode
     int m_shownCode = -1;
 };
 

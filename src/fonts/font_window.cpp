@@ -12,8 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int cellPixels = 15;         // letters in the cells
-constexpr int usualSpace = 4;          // boot-screen pixels
+constexpr int cellPixels = 15;          // letters in the cells
+constexpr int usualSpace = 4;           // boot-screen pixels
 constexpr NumberRange sizes{1, 200, 1}; // points; what is too large for the format the tool refuses
 
 // Sets with many gaps have texts of a quarter of a million letters, which nobody reads.
@@ -109,10 +109,9 @@ QGroupBox* FontWindow::makeFontFrame()
 
 QLayout* FontWindow::makeSpacings()
 {
-    m_space = new SpacingFrame(u"Frame3"_s, u"Space Width"_s, u"space_width"_s,
-                               {{u"Label3"_s, u"Two"_s, {}, false},
-                                {u"words"_s, u"words"_s, {1, 0}, false}},
-                               this);
+    m_space = new SpacingFrame(
+        u"Frame3"_s, u"Space Width"_s, u"space_width"_s,
+        {{u"Label3"_s, u"Two"_s, {}, false}, {u"words"_s, u"words"_s, {1, 0}, false}}, this);
     m_line = new SpacingFrame(u"Frame2"_s, u"Line Space"_s, u"line_space"_s,
                               {{u"Label2"_s, u"This is a sample of a"_s, {}, false},
                                {u"multi_line"_s, u"multi-line text"_s, {0, 1}, true}},

@@ -54,14 +54,14 @@ private:
     CharSelected m_there; // characters of the chosen font
     QString m_family;     // that shows the font; empty: the system has none
 
-    FontViews* m_views;    // Frame6
-    QComboBox* m_list;     // Combo1
-    QCheckBox* m_bold;     // CheckBold
-    QCheckBox* m_italic;   // CheckItalic
-    NumberSpin* m_size;    // UpDown1
-    QLabel* m_note;        // on a font that cannot be shown
-    SpacingFrame* m_space; // Frame3
-    SpacingFrame* m_line;  // Frame2
+    FontViews* m_views;     // Frame6
+    QComboBox* m_list;      // Combo1
+    QCheckBox* m_bold;      // CheckBold
+    QCheckBox* m_italic;    // CheckItalic
+    NumberSpin* m_size;     // UpDown1
+    QLabel* m_note;         // on a font that cannot be shown
+    SpacingFrame* m_space;  // Frame3
+    SpacingFrame* m_line;   // Frame2
     SpacingFrame* m_letter; // Frame4
     CharPage* m_page;
     QLabel* m_count;
