@@ -44,6 +44,8 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     addToolCommands(*this);
     addFlashCommands(*this);
     addHelpCommands(*this);
+    addFontCommands(*this);
+    addComponentCommands(*this);
     connectLists(*this);
     m_menus = std::make_unique<Menus>(*menuBar(), m_commands);
     showFixedEntries(*this);

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The areas of the window: how they are made, where they stand, how the splitters move them.
+#include "fonts/font_info.h"
+#include "fonts/inspection_list.h"
+#include "frame/handlers.h"
 #include "frame/main_window.h"
 #include "frame/menus.h"
 #include "frame/splitter_bar.h"
@@ -32,6 +35,13 @@ const QString notZukText = QStringLiteral("This gfxboot is not @ZUK-MOSA@\n"
                                           "\n"
                                           "You can try to upgrade the selected gfxboot with\n"
                                           "File / Upgrade gfxboot to @ZUK-MOSA@");
+
+// The font's panel leaves the control of the bottom panel's height free.
+QRect overThumbnails(const QRect& bottomPanel)
+{
+    constexpr int controls = 60;
+    return bottomPanel.adjusted(3, 1, -controls, 0);
+}
 
 QWidget* messageFrame(QWidget* parent)
 {
@@ -74,6 +84,8 @@ void MainWindow::buildAreas()
     m_rightPanel = new RightPanel(m_workbench.params, m_area);
     m_bottomPanel = new ThumbnailStrip(m_area);
     m_tools = new ColourTools(m_area);
+    m_fontInfo = new FontInfo(m_area);
+    m_inspection = new InspectionList(m_area);
     m_message = messageFrame(m_area);
     buildSplitters();
     m_workbench.shell.run.RightPanelWidth = initialRightPanelWidth(screen()->size().width());
@@ -193,6 +205,11 @@ void MainWindow::place(const LayoutResult& layout)
     const bool corner = !layout.tools.isEmpty() && run.GfxOpened;
     m_tools->setGeometry(layout.tools);
     m_tools->setVisible(corner && run.GfxHasZuk);
+    m_fontInfo->setGeometry(overThumbnails(layout.bottomPanel));
+    m_fontInfo->setVisible(flags.bottomPanelShown && m_workbench.shell.run.GfxOpened &&
+                           m_workbench.params.CurrentTab == TabFonts);
+    showFontSample(*this);
+    m_inspection->setGeometry(layout.picture.adjusted(10, 9, -10, -9));
     m_message->setGeometry(layout.tools);
     m_message->setVisible(corner && !run.GfxHasZuk);
     m_vertical->setGeometry(layout.verticalSplitter);

@@ -20,6 +20,7 @@ struct Workbench {
     ParamLists params;
     FontState fonts;
     FontScanSettings fontSettings;
+    CharSelected characters = startingCharacters(); // for the next font that is made
     WindowFlags flags;
     StatusFields status;
     QString CurrentMenuFile; // a menu file of the Current Flash; empty: the embedded menu
