@@ -49,11 +49,13 @@ void TestWindow::click(QWidget& widget)
     QCoreApplication::processEvents();
 }
 
-void TestWindow::open(const QString& path)
+void TestWindow::open(const QString& path, const QString& message)
 {
     if (!t.run.GfxOpened)
         t.prompts.expectMessage(u"You can choose any of the variants."_s);
     t.prompts.expectOpen(path);
+    if (!message.isEmpty())
+        t.prompts.expectMessage(message);
     choose(u"mnuFile_Open"_s);
 }
 

@@ -26,8 +26,8 @@ public:
     // Chooses an item of the menu as a click does, and lets what it queued happen.
     void choose(const QString& item);
     void click(QWidget& widget);
-    // Opens through the File menu.
-    void open(const QString& path);
+    // Opens through the File menu. A file that is none gives this message.
+    void open(const QString& path, const QString& message = {});
     // The text of a field of the status line, counted from 1.
     [[nodiscard]] QString field(int number);
 
