@@ -49,6 +49,7 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     connectLists(*this);
     m_menus = std::make_unique<Menus>(*menuBar(), m_commands);
     showFixedEntries(*this);
+    m_menus->action(QStringLiteral("mnuMenu_Embedded"))->setChecked(true);
     m_flashLink->showBios();
     m_toolbar->BuildToolbar(m_commands);
     connectAreas();
