@@ -104,7 +104,7 @@ private:
     [[nodiscard]] Letters kept(std::vector<Volume>& volumes) const;
     [[nodiscard]] Letters assigned() const;
     [[nodiscard]] QStringList listUsbCommand() const;
-    void readReport(const QString& text, int driveChar, bool setDisk);
+    void takeReport(const QString& text, int driveChar, bool setDisk);
 
     Shell m_shell;
     const DriveSource& m_source;

@@ -2,11 +2,12 @@
 #include "tools/process_handle.h"
 
 #include <csignal>
-// This header of glibc 2.36 forgets to say that its functions are C's.
+#include <unistd.h>
+
+// This header of glibc 2.36 does not say by itself that its functions are C.
 extern "C" {
 #include <sys/pidfd.h>
 }
-#include <unistd.h>
 
 namespace fennel {
 

@@ -237,10 +237,11 @@ QString decodeUdevText(const QString& text)
     const QByteArray bytes = text.toUtf8();
     QByteArray decoded;
     for (qsizetype i = 0; i < bytes.size(); ++i) {
-        bool isNumber = false;
-        const int code = bytes.mid(i, 2) == "\\x" ? bytes.mid(i + 2, 2).toInt(&isNumber, 16) : 0;
-        decoded.append(isNumber ? static_cast<char>(code) : bytes[i]);
-        i += isNumber ? 3 : 0;
+        const QByteArray code = bytes.mid(i + 2, 2);
+        const bool escape = bytes[i] == '\\' && bytes.mid(i + 1, 1) == "x" && code.size() == 2 &&
+                            QByteArray::fromHex(code).toHex() == code.toLower();
+        decoded.append(escape ? QByteArray::fromHex(code).front() : bytes[i]);
+        i += escape ? 3 : 0;
     }
     return QString::fromUtf8(decoded);
 }

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/story.h"
+
+#include "frame/menus.h"
+#include "frame/stage_link.h"
+#include "params/right_panel.h"
+#include "stage/stage_surface.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace fennel::test {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A new run: nothing is open, and data and tools are those of this build.
+Shell& started(TestShell& shell)
+{
+    shell.run.AppPath = QStringLiteral(FENNEL_BIN_DIR);
+    shell.run.Workspace.clear();
+    shell.run.GfxFolderName.clear();
+    shell.run.CurrentLang = u"0409"_s;
+    return shell.shell;
+}
+
+} // namespace
+
+Story::Story() : store(shell.path(u"settings.ini"_s)), bench(started(shell), store), window(bench)
+{
+    window.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+}
+
+void Story::choose(const char* item)
+{
+    QAction* action = window.menus().action(QLatin1String(item));
+    ASSERT_NE(action, nullptr) << item;
+    ASSERT_TRUE(action->isEnabled()) << item;
+    action->trigger();
+    QCoreApplication::processEvents();
+}
+
+void Story::open(const QString& path)
+{
+    if (!run().GfxOpened)
+        user().expectMessage(u"You can choose any of the variants."_s);
+    user().expectOpen(path);
+    choose("mnuFile_Open");
+}
+
+void Story::saveAs(const QString& path, bool compress)
+{
+    user().expectSave(path);
+    user().expectMessage(u"To do this?"_s, compress ? Answer::Yes : Answer::No);
+    choose("mnuFile_SaveAs");
+}
+
+void Story::goToTab(const QString& caption)
+{
+    for (int tab = 1; tab <= lists().tabCount(); ++tab) {
+        if (lists().tabs[static_cast<std::size_t>(tab)].caption != caption)
+            continue;
+        auto* button = window.findChild<QToolButton*>(u"TabStrip1_%1"_s.arg(tab));
+        ASSERT_NE(button, nullptr);
+        QTest::mouseClick(button, Qt::LeftButton);
+        ASSERT_EQ(lists().CurrentTab, tab);
+        return;
+    }
+    FAIL() << "no tab " << caption.toStdString();
+}
+
+int Story::goToRow(const QString& item)
+{
+    ListView* view = window.rightPanel().view(lists().CurrentTab);
+    for (int row = 1; row <= list().count(); ++row) {
+        if (list().row(row)->text() != item)
+            continue;
+        view->select(row);
+        auto* inner = qobject_cast<QAbstractItemView*>(view->currentWidget());
+        QTest::mouseClick(inner->viewport(), Qt::LeftButton, {},
+                          inner->visualRect(inner->currentIndex()).center());
+        return row;
+    }
+    ADD_FAILURE() << "no row " << item.toStdString();
+    return 0;
+}
+
+void Story::type(const QString& item, const QString& value)
+{
+    const int row = goToRow(item);
+    ASSERT_NE(row, 0);
+    auto* inner = window.rightPanel().view(lists().CurrentTab)->currentWidget();
+    QTest::keyClick(inner, Qt::Key_Return);
+    ValueEditor& editor = window.rightPanel().editor();
+    ASSERT_TRUE(editor.isVisible()) << item.toStdString();
+    editor.setText(value);
+    QTest::keyClick(&editor.box(), Qt::Key_Return);
+    EXPECT_FALSE(editor.isVisible());
+}
+
+QString Story::value(const QString& item)
+{
+    for (const ListRow& row : list().rows) {
+        if (row.text() == item)
+            return row.text(1);
+    }
+    return {};
+}
+
+void Story::drag(QPoint from, QPoint to)
+{
+    StageSurface& stage = window.surface();
+    QTest::mousePress(&stage, Qt::LeftButton, {}, from);
+    QTest::mouseMove(&stage, (from + to) / 2);
+    QTest::mouseMove(&stage, to);
+    QTest::mouseRelease(&stage, Qt::LeftButton, {}, to);
+}
+
+void Story::click(QPoint place, Qt::MouseButton button)
+{
+    QTest::mouseClick(&window.surface(), button, {}, place);
+}
+
+void Story::doubleClick(QPoint place, Qt::KeyboardModifiers keys)
+{
+    QTest::mouseDClick(&window.surface(), Qt::LeftButton, keys, place);
+}
+
+void Story::press(int key, Qt::KeyboardModifiers keys)
+{
+    QTest::keyClick(&window.surface(), static_cast<Qt::Key>(key), keys);
+}
+
+QPoint Story::middleOf(int object)
+{
+    return window.stageLink().stage().panel(object).rect.center();
+}
+
+std::map<int, int> recordsOf(const QByteArray& levelFile)
+{
+    std::map<int, int> records;
+    for (qsizetype i = 0; i + 3 < levelFile.size(); i += 4) {
+        const auto byte = [&](qsizetype k) { return static_cast<unsigned char>(levelFile[i + k]); };
+        if (byte(3) != 0)
+            records[byte(3)] = byte(0) + 256 * byte(1) + 65536 * byte(2);
+    }
+    return records;
+}
+
+std::map<QString, QByteArray> membersOf(const QString& messageFile)
+{
+    const QTemporaryDir folder;
+    QProcess shell;
+    shell.setWorkingDirectory(folder.path());
+    shell.start(u"sh"_s,
+                {u"-c"_s, u"(gzip -dc -- \"$1\" 2>/dev/null || cat -- \"$1\") | cpio -id --quiet"_s,
+                 u"sh"_s, messageFile});
+    EXPECT_TRUE(shell.waitForFinished(30'000));
+    EXPECT_EQ(shell.exitCode(), 0) << shell.readAllStandardError().toStdString();
+    std::map<QString, QByteArray> members;
+    for (const QString& name : QDir(folder.path()).entryList(QDir::Files))
+        members[name] = bytesOf(folder.filePath(name));
+    return members;
+}
+
+} // namespace fennel::test

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+// The whole program for a scenario: the real window on the offscreen platform, the real tools, a
+// settings file and folders of its own, and a scripted user.
+#pragma once
+
+#include "frame/main_window.h"
+#include "support/test_shell.h"
+
+#include <QPoint>
+
+namespace fennel::test {
+
+class Story {
+public:
+    Story();
+
+    // Runs a menu command as a click on its item does; the item must be enabled.
+    void choose(const char* item);
+    // File / New, and its answer-free way to an open gfxboot.
+    void makeNew() { choose("mnuFile_New"); }
+    // File / Open, first with the explaining message if nothing is open.
+    void open(const QString& path);
+    // Save As under this path, compressed or not.
+    void saveAs(const QString& path, bool compress);
+
+    // The tab with that caption becomes the current one, as by a click.
+    void goToTab(const QString& caption);
+    // The row of the current list with that item text, selected as by a click. 0 if there is none.
+    int goToRow(const QString& item);
+    // Types a value into the row and presses Enter.
+    void type(const QString& item, const QString& value);
+    // The value cell of a row of the current list.
+    [[nodiscard]] QString value(const QString& item);
+
+    // A drag with the left button on Picture1, in its pixels.
+    void drag(QPoint from, QPoint to);
+    void click(QPoint place, Qt::MouseButton button = Qt::LeftButton);
+    void doubleClick(QPoint place, Qt::KeyboardModifiers keys = {});
+    void press(int key, Qt::KeyboardModifiers keys = {});
+    // The middle of an object as the stage shows it.
+    [[nodiscard]] QPoint middleOf(int object);
+
+    [[nodiscard]] RunState& run() { return shell.run; }
+    [[nodiscard]] ParamLists& lists() { return bench.params; }
+    [[nodiscard]] ListRows& list() { return *bench.params.list(bench.params.CurrentTab); }
+    [[nodiscard]] ScriptedPrompts& user() { return shell.prompts; }
+
+    TestShell shell;
+    SettingsStore store;
+    Workbench bench;
+    MainWindow window;
+};
+
+// The parameters of a level file by number, read by another way than the program's.
+std::map<int, int> recordsOf(const QByteArray& levelFile);
+// The members of a message file, unwrapped and extracted by gzip and GNU cpio.
+std::map<QString, QByteArray> membersOf(const QString& messageFile);
+
+} // namespace fennel::test

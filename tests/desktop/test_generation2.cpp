@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+// A boot screen with gfxboot.cfg, and one without anything: what can be changed there.
+#include "desktop/story.h"
+
+#include "container/gfx_save.h"
+#include "params/cfg_file.h"
+#include "params/cfg_params.h"
+#include "params/object_table.h"
+#include "params/right_panel.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QProcess>
+
+using namespace fennel;
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString openSuse = u"/etc/bootsplash/themes/openSUSE/bootloader/message"_s;
+
+// Debian's openSUSE message with this gfxboot.cfg (null: none) and, behind its engine, the names of
+// all parameters.
+QString messageWith(TestShell& shell, const QByteArray& cfg)
+{
+    auto members = membersOf(openSuse);
+    members.erase(u"gfxboot.cfg"_s);
+    for (const CfgParam& param : cfgParams)
+        members[u"init"_s] += param.name.toUtf8() + '\0';
+    if (!cfg.isNull())
+        members[u"gfxboot.cfg"_s] = cfg;
+    const QString folder = shell.path(u"parts"_s);
+    EXPECT_TRUE(shell.files.makeFolder(folder).ok());
+    QByteArray names;
+    for (const auto& [name, bytes] : members) {
+        EXPECT_TRUE(shell.files.write(folder + u'/' + name, bytes).ok());
+        names += name.toUtf8() + "\n";
+    }
+    QProcess cpio;
+    cpio.setWorkingDirectory(folder);
+    const QString message = shell.path(u"message"_s);
+    cpio.setStandardOutputFile(message);
+    cpio.start(u"cpio"_s, {u"-o"_s, u"-H"_s, u"bin"_s, u"--quiet"_s});
+    cpio.write(names);
+    cpio.closeWriteChannel();
+    EXPECT_TRUE(cpio.waitForFinished(30'000));
+    return message;
+}
+
+} // namespace
+
+TEST(Generation2, OffersWhatTheEngineKnowsAndWritesWhatIsChecked)
+{
+    Story story;
+    story.open(messageWith(story.shell, "menu_start_x=100 # left edge\r\n"
+                                        "#menu_start_y=50\r\n"
+                                        "wrong_name=3\r\n"
+                                        "just words\r\n"));
+    ASSERT_EQ(story.run().gfxboot_var, 2);
+    story.goToTab(u"Config"_s);
+    const ListRows& list = story.list();
+    EXPECT_EQ(list.row(1)->colour, cfgActiveRow);
+    EXPECT_EQ(list.row(2)->colour, cfgOffRow);
+    EXPECT_EQ(list.row(5)->text(), u"# Additional list ->"_s);
+    // All thirty but the two that the file mentions.
+    EXPECT_EQ(list.count(), 5 + 28);
+
+    story.type(u"menu_start_x"_s, u"0x0"_s);
+    story.type(u"menu_start_x"_s, u"77"_s);
+    EXPECT_EQ(story.lists().PanelArr[MenuPanelRow].Left, 77);
+
+    const QString path = story.shell.path(u"changed"_s);
+    story.saveAs(path, false);
+    const QByteArray written = membersOf(path)[u"gfxboot.cfg"_s];
+    EXPECT_TRUE(written.startsWith("menu_start_x=77\t\t#")) << written.toStdString();
+    EXPECT_TRUE(written.contains("left edge"));
+    EXPECT_TRUE(written.contains("\r\n#menu_start_y=50"));
+    EXPECT_TRUE(written.contains("#boot_show=1"));
+    EXPECT_TRUE(written.contains("just words"));
+}
+
+TEST(Generation2, DraggingTheMenuWritesItsPlace)
+{
+    Story story;
+    story.open(messageWith(story.shell, "menu_start_x=100\r\nmenu_start_y=60\r\n"));
+    story.drag(story.middleOf(MenuBarRow), story.middleOf(MenuBarRow) + QPoint(20, 30));
+    story.goToTab(u"Config"_s);
+    EXPECT_EQ(story.value(u"menu_start_x"_s), u"120"_s);
+    EXPECT_EQ(story.value(u"menu_start_y"_s), u"90"_s);
+}
+
+TEST(Generation1, ShowsItsMenuAndSavesTheSameMembers)
+{
+    Story story;
+    const QString message = messageWith(story.shell, {});
+    story.open(message);
+    ASSERT_EQ(story.run().gfxboot_var, 1);
+    EXPECT_EQ(story.lists().PanelArr[MenuPanelRow].Left, 253);
+    EXPECT_EQ(story.lists().tabCount(), 5);
+    const auto before = membersOf(message);
+    story.choose("mnuFile_Save");
+    EXPECT_EQ(membersOf(message), before);
+}
+
+TEST(DebianMessages, OpenAndSaveWithTheSamePictures)
+{
+    for (const auto& theme : {u"KDE"_s, u"SLED"_s, u"SLES"_s, u"openSUSE"_s, u"upstream"_s}) {
+        Story story;
+        const QString source = u"/etc/bootsplash/themes/%1/bootloader/message"_s.arg(theme);
+        const QString copy = story.shell.path(u"message"_s);
+        ASSERT_TRUE(story.shell.files.copy(source, copy).ok());
+        story.open(copy);
+        ASSERT_TRUE(story.run().GfxOpened) << theme.toStdString();
+        story.choose("mnuFile_Save");
+        auto before = membersOf(source);
+        auto after = membersOf(copy);
+        before.erase(u"gfxboot.cfg"_s);
+        after.erase(u"gfxboot.cfg"_s);
+        EXPECT_EQ(after, before) << theme.toStdString();
+    }
+}
