@@ -42,9 +42,13 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     addViewCommands(*this);
     addEditCommands(*this);
     addToolCommands(*this);
+    addPictureCommands(*this);
+    addComponentCommands(*this);
+    addArchiveCommands(*this);
     addFlashCommands(*this);
     addHelpCommands(*this);
     connectLists(*this);
+    connectTextButtons(*this);
     m_menus = std::make_unique<Menus>(*menuBar(), m_commands);
     showFixedEntries(*this);
     m_flashLink->showBios();

@@ -22,6 +22,7 @@ struct Workbench {
     FontScanSettings fontSettings;
     WindowFlags flags;
     StatusFields status;
+    bool TextIsUtf8 = false; // the text in the text editor came from a file with the mark of UTF-8
     QString CurrentMenuFile; // a menu file of the Current Flash; empty: the embedded menu
 
     // The shell's parts and the store outlive the workbench.
