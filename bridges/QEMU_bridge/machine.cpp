@@ -72,7 +72,7 @@ bool kvmWorks()
 
 QString wantedDisplay()
 {
-    const QString wish = qEnvironmentVariable("FENNEL_QEMU_DISPLAY");
+    QString wish = qEnvironmentVariable("FENNEL_QEMU_DISPLAY");
     if (!wish.isEmpty())
         return wish;
     const bool there =

@@ -122,6 +122,7 @@ pid_t startQemu(const QemuStart& start)
 {
     std::vector<QByteArray> words = commandLine(start);
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (QByteArray& word : words)
         pointers.push_back(word.data());
     pointers.push_back(nullptr);

@@ -51,6 +51,7 @@ int main(int argc, char** argv)
     log.WriteLog(QStringLiteral("Form_Load Start"));
     if (makeWorkspaceRoot(workbench.shell) == NextStep::EndProcess)
         return 1;
+    workbench.fontSettings.defaultFontName = DefaultFontName(workbench.shell, installedFontList());
     MainWindow window(workbench);
     prompts.setParent(&window);
     QObject::connect(&instance, &SingleInstance::raiseRequested, &window,

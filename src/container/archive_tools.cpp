@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "container/archive_tools.h"
 
+#include "container/member_catalogue.h"
 #include "container/member_list.h"
-#include "shell/text.h"
 
 namespace fennel {
 
@@ -10,7 +10,7 @@ namespace {
 
 const QString suffix = QStringLiteral(",0");
 const QString sevenZipLog = QStringLiteral("#7zip.log");
-const QString testing = QStringLiteral("Testing     ");
+const QByteArray testing = QByteArrayLiteral("Testing     ");
 
 // The reason that a run left no file: what the runner found, else what the tool said.
 Failure reasonOf(const Shell& shell, const Result<void>& ran, const QString& missing)
@@ -27,17 +27,15 @@ Failure toolMissing()
 }
 
 // The name behind the last "Testing     " of the report. Lines end at a line end or at a comma.
-QString testedName(const QString& report)
+QString testedName(QByteArray report)
 {
-    QString name;
-    QString lines = report;
-    lines.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    lines.replace(QLatin1Char(','), QLatin1Char('\n'));
-    for (const QString& line : lines.split(QLatin1Char('\n'))) {
+    QByteArray name;
+    report.replace('\r', '\n').replace(',', '\n');
+    for (const QByteArray& line : report.split('\n')) {
         if (line.startsWith(testing))
             name = line.mid(testing.size()).trimmed();
     }
-    return name;
+    return memberName(name).text;
 }
 
 } // namespace
@@ -68,7 +66,7 @@ Result<void> CpioAssemble(const Shell& shell, const QString& archive, const QStr
         return toolMissing();
     if (Result<void> removed = shell.files.remove(archive); !removed)
         return removed;
-    const Result<void> ran = shell.tools.RunToolAndWait(
+    Result<void> ran = shell.tools.RunToolAndWait(
         {tool, QStringLiteral("ASSM"), archive, folder, memberListName, suffix});
     if (!FileExists(archive))
         return reasonOf(shell, ran, QStringLiteral("CPIO Error"));
@@ -85,11 +83,12 @@ Result<QString> SevenZipExtract(const Shell& shell, const QString& file, const Q
         return removed.failure();
     Result<void> ran = shell.tools.RunToolAndWait(
         {tool, QStringLiteral("INFO"), file, folder, sevenZipLog, suffix});
-    QString name;
-    if (FileExists(log))
-        name = testedName(FileReadAll(log).text);
+    const Result<QByteArray> report = readBytes(log);
+    if (!report)
+        return reasonOf(shell, ran, file + QStringLiteral(" could not be tested."));
+    const QString name = testedName(*report);
     if (name.isEmpty())
-        return ran ? Result<QString>(QString()) : Result<QString>(ran.failure());
+        return name;
     ran = shell.tools.RunToolAndWait(
         {tool, QStringLiteral("EXTR"), file, folder, sevenZipLog, suffix});
     if (!ran || !shell.tools.lastErrorOutput().isEmpty())
@@ -112,6 +111,9 @@ Result<QString> SevenZipPack(const Shell& shell, const QString& input, const QSt
         shell.tools.RunToolAndWait({tool, QStringLiteral("ASSM"), input, output, suffix});
     if (!FileExists(output))
         return reasonOf(shell, ran, QStringLiteral("7-Zip Error"));
+    // What a tool left that was stopped or crashed may be a part of the file.
+    if (!ran)
+        return ran.failure();
     return standard;
 }
 

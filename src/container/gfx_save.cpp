@@ -87,10 +87,9 @@ std::optional<SaveTarget> askTarget(const Shell& shell)
 }
 
 // Makes the run state and a copy of the Workspace that belong to the target.
-bool adoptTarget(const Shell& shell, const SaveTarget& target)
+bool adoptTarget(const Shell& shell, const SaveTarget& target, const QString& workspace)
 {
     RunState& run = shell.run;
-    const QString workspace = run.WorkspaceRoot + target.name + QLatin1Char('/');
     if (workspace != run.Workspace && !shell.told(shell.files.copyFolder(run.Workspace, workspace)))
         return false;
     run.GfxIsGz = target.compress;
@@ -127,7 +126,7 @@ QString SaveDialog(const Shell& shell, const QString& folder, const QString& tit
     question.title = title.isEmpty() ? QStringLiteral("Save gfxboot As...") : title;
     question.filter = QStringLiteral("All Files (*.*)|*.*|");
     question.proposedName = proposedName;
-    const QString path = shell.prompts.saveFile(question);
+    QString path = shell.prompts.saveFile(question);
     if (path.isEmpty())
         shell.prompts.ShowMessage(canceled);
     return path;
@@ -155,12 +154,14 @@ bool GfxSaveAs(const Shell& shell, const WriteParameters& writeParameters)
     if (!target)
         return false;
     const RunState before = shell.run;
-    if (adoptTarget(shell, *target) && GfxSave(shell, writeParameters))
+    const QString workspace = before.WorkspaceRoot + target->name + QLatin1Char('/');
+    // A folder of that name holds what was extracted, and perhaps edited, earlier in this run.
+    const bool fresh = !FolderExists(workspace);
+    if (adoptTarget(shell, *target, workspace) && GfxSave(shell, writeParameters))
         return true;
-    const QString copy = shell.run.Workspace;
     shell.run = before;
-    if (copy != before.Workspace)
-        (void)shell.files.removeFolder(copy);
+    if (fresh)
+        (void)shell.files.removeFolder(workspace);
     return false;
 }
 

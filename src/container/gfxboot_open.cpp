@@ -17,35 +17,46 @@ constexpr std::array<Step, 9> fillSteps = {Step::Menus,       Step::Members, Ste
                                            Step::Backgrounds, Step::Fonts,   Step::Stage,
                                            Step::Generation,  Step::Tabs,    Step::Logos};
 
-// Unwraps and extracts `path` into an empty folder.
+// People know the file that they chose, not what was unwrapped from it.
+Failure aboutFile(const Failure& failure, const QString& archive, const QString& path)
+{
+    QString text = QString::fromStdString(failure.text);
+    return {failure.kind, text.replace(archive, path).toStdString()};
+}
+
+// Unwraps and extracts `path` into an empty folder. True if it was wrapped.
 Result<bool> extract(const Shell& shell, const QString& path, const QString& folder)
 {
     const Result<QString> inner = SevenZipExtract(shell, path, folder);
-    if (!inner)
-        return inner.failure();
-    const bool wrapped = !inner->isEmpty();
+    const bool wrapped = inner && !inner->isEmpty();
     const QString archive = wrapped ? withSeparator(folder) + *inner : path;
     const Result<void> extracted = CpioInfoExtract(shell, archive, folder);
+    // Why a file cannot be unwrapped says more than that it is no archive.
+    if (!extracted && !inner)
+        return inner.failure();
     // A tool that is missing was told; what an earlier run left in the folder may still serve.
     if (!extracted && !extracted.failure().text.empty())
-        return extracted.failure();
+        return aboutFile(extracted.failure(), archive, path);
     return wrapped;
 }
 
 // Everything is extracted beside the Workspace first, so that a broken file spoils nothing.
 Result<bool> fillFolder(const Shell& shell, const QString& path, const QString& folder)
 {
-    const QTemporaryDir staging(shell.run.WorkspaceRoot + QStringLiteral("#open-XXXXXX"));
+    QTemporaryDir staging(shell.run.WorkspaceRoot + QStringLiteral("#open-XXXXXX"));
     if (!staging.isValid())
         return Failure{FailureKind::Io, "Cannot make a folder in " +
                                             shell.run.WorkspaceRoot.toStdString() + ": " +
                                             staging.errorString().toStdString()};
-    Result<bool> wrapped = extract(shell, path, staging.path());
-    if (!wrapped)
-        return wrapped;
-    if (Result<void> delivered = shell.files.moveFiles(staging.path(), folder); !delivered)
-        return delivered.failure();
-    return wrapped;
+    // It cannot remove files whose names are not in the system's encoding.
+    staging.setAutoRemove(false);
+    Result<bool> done = extract(shell, path, staging.path());
+    if (done) {
+        if (Result<void> delivered = shell.files.moveFiles(staging.path(), folder); !delivered)
+            done = delivered.failure();
+    }
+    (void)shell.files.removeFolder(staging.path()); // what stays goes with WorkspaceRoot
+    return done;
 }
 
 void showFailure(const Shell& shell, const std::string& reason)

@@ -241,10 +241,29 @@ std::string lowerEnding(std::string_view name)
     return ending;
 }
 
+// Whether every byte above 0x7f belongs to a sequence of 2 to 4 bytes.
+bool isUtf8(std::string_view text)
+{
+    int expected = 0;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        const bool continues = (byte & 0xc0U) == 0x80;
+        if (continues != (expected > 0) || byte > 0xf7)
+            return false;
+        if (continues)
+            --expected;
+        else if (byte >= 0xc0)
+            expected = byte >= 0xf0 ? 3 : byte >= 0xe0 ? 2 : 1;
+    }
+    return expected == 0;
+}
+
+// The editor has to find the file again by the name in the report, which it reads as UTF-8.
 bool usable(std::string_view name)
 {
     // These two are right in a name of our own working files, and wrong as a member of an archive.
-    return name == "#message" || name == "#message.gz" || whyNoMemberName(name).empty();
+    return name == "#message" || name == "#message.gz" ||
+           (whyNoMemberName(name).empty() && isUtf8(name));
 }
 
 std::string_view trimmed(std::string_view text)

@@ -47,8 +47,8 @@ Result<GzipContents> gzipDecompress(std::span<const std::uint8_t> file,
                                     std::size_t limit = maxGzipContents);
 
 // The plain file name for the contents of the gzip file `archiveName` (without folders): the stored
-// name without its folders and outer blanks; if nothing usable is left of it, the archive's name as
-// 7-Zip derives it: "x.gz" > "x", "x.tgz" > "x.tar", "x.foo" > "x", "x" > "x~".
+// name without its folders and outer blanks; if nothing usable in UTF-8 is left of it, the
+// archive's name as 7-Zip derives it: "x.gz" > "x", "x.tgz" > "x.tar", "x.foo" > "x", "x" > "x~".
 [[nodiscard]] std::string gzipInnerName(std::string_view storedName, std::string_view archiveName);
 
 } // namespace fennel

@@ -22,6 +22,13 @@ int codeOf(int page, int cell)
     return page * cellCount + cell;
 }
 
+QString hexDigits(int value)
+{
+    return QString::number(value, 16).toUpper();
+}
+
+} // namespace
+
 QString cellGlyph(int page, int cell)
 {
     if (page == 0 && cell < 0x20)
@@ -30,13 +37,6 @@ QString cellGlyph(int page, int cell)
         return {};
     return QString(QChar(static_cast<char16_t>(codeOf(page, cell))));
 }
-
-QString hexDigits(int value)
-{
-    return QString::number(value, 16).toUpper();
-}
-
-} // namespace
 
 std::vector<FontFile> fontFiles(const QString& fontList)
 {

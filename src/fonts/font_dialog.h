@@ -59,6 +59,8 @@ QString pageRange(int page);
 // same two-byte form, though UTF-8 has three bytes for them: the first number then leaves the byte
 // range.
 QString cellHint(int page, int cell);
+// The character of a cell, as PageCell has it.
+QString cellGlyph(int page, int cell);
 
 inline constexpr int viewCount = 4;
 enum DialogView { WindowsView, ScaledView, PageView, SelectedView };

@@ -22,6 +22,8 @@ void addArchiveCommands(MainWindow& window);
 void connectTextButtons(MainWindow& window);
 void addFlashCommands(MainWindow& window);
 void addHelpCommands(MainWindow& window);
+void addFontCommands(MainWindow& window);
+void addComponentCommands(MainWindow& window);
 void connectLists(MainWindow& window);
 // Entries of arrays that never change, once the menus stand.
 void showFixedEntries(MainWindow& window);
@@ -62,6 +64,13 @@ void CloseEditor(MainWindow& window);
 
 // Brings the parameters from the lists into their files.
 bool writeParameters(MainWindow& window);
+
+// Shows the selected font's sample, if its panel is on screen.
+void showFontSample(MainWindow& window);
+// A row of the fonts' list was clicked: its file is scanned and its sample shown.
+void showFontRow(MainWindow& window, int row);
+// The characters of the row's font file over the stage, if the row stands for a file.
+void openFontContent(MainWindow& window, int row);
 
 // Brings the last used list to its menu.
 void showLastUsed(MainWindow& window);

@@ -108,6 +108,7 @@ void showLastUsed(MainWindow& window)
     }
     window.menus().setEntries("mnuFile1", entries);
     window.menus().setEnabled("mnuFile_LastUsed", list.enabled());
+    window.menus().setEnabled("mnuFile_Clear", list.enabled());
 }
 
 void addFileCommands(MainWindow& window)

@@ -2,6 +2,7 @@
 // What the user does in the lists at the right: choosing tabs and rows, typing values, files.
 #include "container/member_catalogue.h"
 #include "container/member_list.h"
+#include "fonts/font_info.h"
 #include "frame/handlers.h"
 #include "frame/main_window.h"
 #include "frame/menus.h"
@@ -31,6 +32,7 @@ void applyButtons(MainWindow& window, const RowButtons& buttons)
     panel.deleteButton().setEnabled(buttons.ComDEL);
     panel.editButton().setEnabled(buttons.ComEdit);
     panel.rowSpin().setEnabled(buttons.UpDown3);
+    window.fontInfo().changeButton().setEnabled(buttons.Font_change);
     window.toolbar().enableButton(12, buttons.toolbar12);
     window.toolbar().enableButton(13, buttons.toolbar13);
     window.toolbar().enableButton(14, buttons.toolbar14);
@@ -80,6 +82,8 @@ void onRowSelected(MainWindow& window, int tab, int row, bool rightButton)
     }
     applyButtons(window, click.buttons);
     const ListRow* shown = lists.list(tab)->row(row);
+    if (tab == TabFonts)
+        showFontRow(window, row);
     if (click.showPopup)
         showMenuAs(window, rowPopup(tab, shown->text()), QCursor::pos());
     if (click.showCfgStatus) {
@@ -129,6 +133,9 @@ void onRowActivated(MainWindow& window, int tab, int row)
         break;
     case DoubleClick::TellOldFonts:
         shell.prompts.ShowMessage(oldFontsText());
+        break;
+    case DoubleClick::ShowFont:
+        openFontContent(window, row);
         break;
     case DoubleClick::EditValue:
         openEditor(window);
@@ -183,6 +190,9 @@ void onKey(MainWindow& window, int tab, int key)
             onRowChecked(window, tab, lists.CurrentRow, !*row->checked);
         break;
     default:
+        // The fonts' list opens by Enter as by a double click.
+        if (tab == TabFonts && (key == Qt::Key_Return || key == Qt::Key_Enter) && row != nullptr)
+            onRowActivated(window, tab, lists.CurrentRow);
         break;
     }
 }

@@ -132,6 +132,7 @@ void refillList(MainWindow& window, int tab)
         break;
     case TabFonts:
         fillFonts(bench);
+        showFontSample(window);
         break;
     default: {
         FillOptions options;

@@ -9,7 +9,13 @@ namespace {
 
 // Room for a scroll bar where the port is smaller than the picture.
 constexpr int scrollBarWidth = 16;
-constexpr int smallestPort = 120;
+
+// What a side panel may take of `available` beside a picture. A picture of more than half the
+// desktop gets scroll bars before the panel gives way.
+int largestPanel(int available, int picture, int smallest)
+{
+    return std::max(smallest, available - std::clamp(picture, smallestPort, available / 2));
+}
 
 // The port of the picture in a room: the picture's own size where it fits.
 QSize portSize(const QSize& picture, const QSize& room)
@@ -35,8 +41,14 @@ int initialRightPanelWidth(int desktopWidth)
 LayoutResult layoutWindow(const LayoutInput& in)
 {
     LayoutResult out{};
-    const int bottom = in.bottomVisible ? in.BottomPanelHeight : 0;
-    const int right = in.rightVisible ? in.RightPanelWidth : 0;
+    out.largestRightPanel =
+        largestPanel(in.available.width() - gutterWidth, in.picture.width(), minRightPanelWidth);
+    out.largestBottomPanel = largestPanel(in.available.height() - splitterWidth,
+                                          in.picture.height(), minBottomPanelHeight);
+    out.RightPanelWidth = std::min(in.RightPanelWidth, out.largestRightPanel);
+    out.BottomPanelHeight = std::min(in.BottomPanelHeight, out.largestBottomPanel);
+    const int bottom = in.bottomVisible ? out.BottomPanelHeight : 0;
+    const int right = in.rightVisible ? out.RightPanelWidth : 0;
     const QSize room(in.available.width() - right - gutterWidth,
                      in.available.height() - bottom - splitterWidth);
     const QSize port = portSize(in.picture, room);
@@ -45,8 +57,8 @@ LayoutResult layoutWindow(const LayoutInput& in)
     const int height = port.height() + bottom + splitterWidth;
     const int inner = width - gutterWidth;
     out.area = {width, height};
-    out.RightPanelWidth =
-        in.rightVisible ? std::max(in.RightPanelWidth, inner - port.width()) : in.RightPanelWidth;
+    if (in.rightVisible)
+        out.RightPanelWidth = std::max(out.RightPanelWidth, inner - port.width());
     out.picture = QRect(QPoint(0, 0), port);
     if (in.rightVisible)
         out.rightPanel = QRect(port.width(), 0, out.RightPanelWidth, port.height());

@@ -14,6 +14,8 @@ inline constexpr int sideButtonWidth = 12; // ComFrame1, between the areas and t
 inline constexpr int gutterWidth = splitterWidth + sideButtonWidth;
 inline constexpr int minRightPanelWidth = 200;
 inline constexpr int minBottomPanelHeight = 60;
+// The port of a picture that is larger than the desktop keeps at least this in both directions.
+inline constexpr int smallestPort = 120;
 
 struct LayoutInput {
     QSize picture;   // Picture1
@@ -27,8 +29,11 @@ struct LayoutInput {
 };
 
 struct LayoutResult {
-    QSize area;               // what the window must give
-    int RightPanelWidth;      // as asked, or what the narrowest window needs
+    QSize area;            // what the window must give
+    int RightPanelWidth;   // as asked, within what the window and the desktop allow
+    int BottomPanelHeight; // as asked, within what the desktop allows
+    int largestRightPanel; // what the picture, or half the desktop if that is less, leaves
+    int largestBottomPanel;
     QRect picture;            // the port that shows Picture1; smaller than it on a small desktop
     QRect rightPanel;         // Frame1Vkladki; empty if hidden, as the following
     QRect bottomPanel;        // Frame2Podval and, over it, Frame8FontINFO

@@ -47,13 +47,15 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     addArchiveCommands(*this);
     addFlashCommands(*this);
     addHelpCommands(*this);
+    addFontCommands(*this);
+    addComponentCommands(*this);
     connectLists(*this);
     connectTextButtons(*this);
     m_menus = std::make_unique<Menus>(*menuBar(), m_commands);
     showFixedEntries(*this);
+    m_menus->action(QStringLiteral("mnuMenu_Embedded"))->setChecked(true);
     m_flashLink->showBios();
     m_toolbar->BuildToolbar(m_commands);
-    m_toolbar->setDriveMenu(m_menus->menu(QStringLiteral("mnuFlash")));
     connectAreas();
     (void)LoadCatalogue(workbench.shell, workbench.params.ZUKarr);
     BuildTabs(workbench.shell, workbench.params, {});
@@ -80,6 +82,7 @@ void MainWindow::setStatusField(int number, const QString& text)
 void MainWindow::UpdateToolbar()
 {
     m_toolbar->UpdateToolbar(m_workbench.shell.run, m_workbench.flags);
+    m_toolbar->setDrives(m_menus->entries("mnuFlash_FlashArr"));
 }
 
 void MainWindow::UpdateInterface()

@@ -21,6 +21,8 @@ namespace fennel {
 
 class ColourLink;
 class ColourTools;
+class FontInfo;
+class InspectionList;
 class Menus;
 class RightPanel;
 class FlashLink;
@@ -46,6 +48,8 @@ public:
     [[nodiscard]] RightPanel& rightPanel() { return *m_rightPanel; }
     [[nodiscard]] ThumbnailStrip& thumbnails() { return *m_bottomPanel; }
     [[nodiscard]] StatusBar& statusFields() { return *m_statusBar; }
+    [[nodiscard]] FontInfo& fontInfo() { return *m_fontInfo; }
+    [[nodiscard]] InspectionList& inspectionList() { return *m_inspection; }
     [[nodiscard]] StageLink& stageLink() { return *m_stageLink; }
     [[nodiscard]] FlashLink& flashLink() { return *m_flashLink; }
     [[nodiscard]] StageSurface& surface() { return *m_picture; }
@@ -109,11 +113,13 @@ private:
     StageSurface* m_picture;  // Picture1
     RightPanel* m_rightPanel; // Frame1Vkladki
     ThumbnailStrip* m_bottomPanel;
-    ColourTools* m_tools;       // Frame5RDPanelTools
-    QWidget* m_message;         // Frame7RDMessage
-    SplitterBar* m_vertical;    // Frame3Vertical
-    SplitterBar* m_horizontal;  // Frame4Horizontal
-    QToolButton* m_rightButton; // ComFrame1
+    ColourTools* m_tools;         // Frame5RDPanelTools
+    FontInfo* m_fontInfo;         // Frame8FontINFO
+    InspectionList* m_inspection; // Frame_for_List1
+    QWidget* m_message;           // Frame7RDMessage
+    SplitterBar* m_vertical;      // Frame3Vertical
+    SplitterBar* m_horizontal;    // Frame4Horizontal
+    QToolButton* m_rightButton;   // ComFrame1
     StatusBar* m_statusBar;
     int m_dragStart = 0;
     bool m_laying = false;

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The areas of the window: how they are made, where they stand, how the splitters move them.
+#include "fonts/font_info.h"
+#include "fonts/inspection_list.h"
+#include "frame/handlers.h"
 #include "frame/main_window.h"
 #include "frame/menus.h"
 #include "frame/splitter_bar.h"
@@ -27,13 +30,18 @@ namespace fennel {
 
 namespace {
 
-constexpr int largestPanel = 4000;
-
 const QString notZukText = QStringLiteral("This gfxboot is not @ZUK-MOSA@\n"
                                           "So some features of the FENNEL-GFX (GUI) are disabled\n"
                                           "\n"
                                           "You can try to upgrade the selected gfxboot with\n"
                                           "File / Upgrade gfxboot to @ZUK-MOSA@");
+
+// The font's panel leaves the control of the bottom panel's height free.
+QRect overThumbnails(const QRect& bottomPanel)
+{
+    constexpr int controls = 60;
+    return bottomPanel.adjusted(3, 1, -controls, 0);
+}
 
 QWidget* messageFrame(QWidget* parent)
 {
@@ -46,6 +54,13 @@ QWidget* messageFrame(QWidget* parent)
     auto* column = new QVBoxLayout(frame);
     column->addWidget(label);
     return frame;
+}
+
+void showSizes(QSpinBox& spin, int smallest, int largest, int value)
+{
+    const QSignalBlocker quiet(spin);
+    spin.setRange(smallest, largest);
+    spin.setValue(value);
 }
 
 } // namespace
@@ -69,6 +84,8 @@ void MainWindow::buildAreas()
     m_rightPanel = new RightPanel(m_workbench.params, m_area);
     m_bottomPanel = new ThumbnailStrip(m_area);
     m_tools = new ColourTools(m_area);
+    m_fontInfo = new FontInfo(m_area);
+    m_inspection = new InspectionList(m_area);
     m_message = messageFrame(m_area);
     buildSplitters();
     m_workbench.shell.run.RightPanelWidth = initialRightPanelWidth(screen()->size().width());
@@ -85,8 +102,6 @@ void MainWindow::buildSplitters()
     m_rightButton->setAutoRaise(true);
     m_rightButton->setFocusPolicy(Qt::NoFocus);
     m_statusBar->bottomButton().setFocusPolicy(Qt::NoFocus);
-    m_rightPanel->widthSpin().setRange(minRightPanelWidth, largestPanel);
-    m_bottomPanel->heightControl().setRange(minBottomPanelHeight, largestPanel);
 }
 
 void MainWindow::connectAreas()
@@ -120,14 +135,13 @@ void MainWindow::connectAreas()
 
 void MainWindow::setPanelWidth(int width)
 {
-    m_workbench.shell.run.RightPanelWidth = std::clamp(width, minRightPanelWidth, largestPanel);
+    m_workbench.shell.run.RightPanelWidth = std::max(width, minRightPanelWidth);
     LayoutWindow();
 }
 
 void MainWindow::setPanelHeight(int height)
 {
-    m_workbench.shell.run.BottomPanelHeight =
-        std::clamp(height, minBottomPanelHeight, largestPanel);
+    m_workbench.shell.run.BottomPanelHeight = std::max(height, minBottomPanelHeight);
     LayoutWindow();
 }
 
@@ -159,6 +173,7 @@ void MainWindow::LayoutWindow()
     const QScopedValueRollback<bool> laying(m_laying, true);
     const LayoutResult layout = layoutWindow(layoutInput());
     m_workbench.shell.run.RightPanelWidth = layout.RightPanelWidth;
+    m_workbench.shell.run.BottomPanelHeight = layout.BottomPanelHeight;
     const int bars =
         menuBar()->sizeHint().height() + m_toolbar->sizeHint().height() + m_statusBar->height();
     setFixedSize(layout.area.width(), layout.area.height() + bars);
@@ -190,6 +205,11 @@ void MainWindow::place(const LayoutResult& layout)
     const bool corner = !layout.tools.isEmpty() && run.GfxOpened;
     m_tools->setGeometry(layout.tools);
     m_tools->setVisible(corner && run.GfxHasZuk);
+    m_fontInfo->setGeometry(overThumbnails(layout.bottomPanel));
+    m_fontInfo->setVisible(flags.bottomPanelShown && m_workbench.shell.run.GfxOpened &&
+                           m_workbench.params.CurrentTab == TabFonts);
+    showFontSample(*this);
+    m_inspection->setGeometry(layout.picture.adjusted(10, 9, -10, -9));
     m_message->setGeometry(layout.tools);
     m_message->setVisible(corner && !run.GfxHasZuk);
     m_vertical->setGeometry(layout.verticalSplitter);
@@ -202,10 +222,10 @@ void MainWindow::place(const LayoutResult& layout)
     bottomButton.setArrowType(flags.bottomPanelShown ? Qt::UpArrow : Qt::DownArrow);
     bottomButton.setToolTip(flags.bottomPanelShown ? QStringLiteral("Hide Bottom Panel")
                                                    : QStringLiteral("Show Bottom Panel"));
-    const QSignalBlocker width(m_rightPanel->widthSpin());
-    m_rightPanel->widthSpin().setValue(m_workbench.shell.run.RightPanelWidth);
-    const QSignalBlocker height(m_bottomPanel->heightControl());
-    m_bottomPanel->heightControl().setValue(m_workbench.shell.run.BottomPanelHeight);
+    showSizes(m_rightPanel->widthSpin(), minRightPanelWidth,
+              std::max(layout.largestRightPanel, layout.RightPanelWidth), layout.RightPanelWidth);
+    showSizes(m_bottomPanel->heightControl(), minBottomPanelHeight, layout.largestBottomPanel,
+              layout.BottomPanelHeight);
 }
 
 void MainWindow::showRightPanel(bool shown)
@@ -228,11 +248,12 @@ void MainWindow::showBottomPanel(bool shown)
 
 void MainWindow::ShowBackground()
 {
-    m_workbench.shell.WriteLog(QStringLiteral(" Picture1.Show "));
-    if (m_workbench.shell.run.GfxOpened)
+    if (m_workbench.shell.run.GfxOpened) {
         m_stageLink->stage().ShowBackground();
-    else
-        LayoutWindow();
+        return;
+    }
+    m_workbench.shell.WriteLog(QStringLiteral(" Picture1.Show "));
+    LayoutWindow();
 }
 
 void MainWindow::showWelcome()

@@ -20,7 +20,7 @@ constexpr auto items = std::to_array<MenuItem>({
     {"mnuFile_Splash", "mnuFile", u"Save current background as splashimage", Command, Opened},
     {"mnuFile_LastUsed", "mnuFile", u"Last used", Menu, ByOthers, true},
     {"mnuFile1", "mnuFile_LastUsed", u"", Array},
-    {"mnuFile_Clear", "mnuFile_LastUsed", u"Clear the list", Command, Always, true},
+    {"mnuFile_Clear", "mnuFile", u"Clear the list", Command, ByOthers},
     {"mnuFile_Exit", "mnuFile", u"Exit", Command, Always, true, "Ctrl+Q"},
 
     {"mnuView", "", u"&View", Menu},

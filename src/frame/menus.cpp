@@ -10,6 +10,15 @@ QString nameOf(const MenuItem& item)
     return QLatin1String(item.name);
 }
 
+// A menu takes the state of its window along when that is disabled and enabled again, unless the
+// menu itself, and not only its action, was told to be disabled.
+void enable(QAction& action, bool enabled)
+{
+    if (QMenu* menu = action.menu())
+        menu->setEnabled(enabled);
+    action.setEnabled(enabled);
+}
+
 } // namespace
 
 Menus::Menus(QMenuBar& bar, const Commands& commands) : m_commands(commands)
@@ -97,6 +106,11 @@ void Menus::setEntries(const char* array, const std::vector<Entry>& entries)
     }
 }
 
+const std::vector<QAction*>& Menus::entries(const char* array)
+{
+    return m_entries[QLatin1String(array)];
+}
+
 void Menus::checkEntry(const char* array, int index, bool checked)
 {
     const QString name = QStringLiteral("%1_%2").arg(QLatin1String(array), QString::number(index));
@@ -120,7 +134,7 @@ void Menus::update(const RunState& run, bool flashThere)
             enabled = false;
         else if (item.kind != MenuKind::Menu)
             enabled = enabled && m_commands.has(name);
-        found->setEnabled(enabled);
+        enable(*found, enabled);
     }
     if (QAction* reopen = action(QStringLiteral("mnuFile_ReOpen")))
         reopen->setText(reopenCaption(run).replace(QLatin1Char('&'), QStringLiteral("&&")));
@@ -132,7 +146,7 @@ void Menus::setEnabled(const char* name, bool enabled)
     m_byOthers[key] = enabled;
     const MenuItem* item = menuItem(key);
     if (QAction* found = action(key))
-        found->setEnabled(enabled && (item->kind == MenuKind::Menu || m_commands.has(key)));
+        enable(*found, enabled && (item->kind == MenuKind::Menu || m_commands.has(key)));
 }
 
 } // namespace fennel

@@ -33,6 +33,9 @@ public:
     // index.
     void setEntries(const char* array, const std::vector<Entry>& entries);
 
+    // The entries as they stand; they live until the next setEntries().
+    [[nodiscard]] const std::vector<QAction*>& entries(const char* array);
+
     void checkEntry(const char* array, int index, bool checked);
 
     // Sets what can be chosen: the rule of the table holds and there is a command behind it. A menu

@@ -43,41 +43,44 @@ StatusBar::StatusBar(QWidget* parent)
 
 void StatusBar::setField(int number, const QString& text)
 {
-    QLabel* label = m_fields.at(static_cast<std::size_t>(number - 1));
-    if (label->text() == text)
+    const auto i = static_cast<std::size_t>(number - 1);
+    if (m_texts.at(i) == text)
         return;
-    label->setText(text);
-    label->setToolTip(text);
+    m_texts[i] = text;
+    m_fields[i]->setToolTip(text);
     layFields();
 }
 
 QString StatusBar::field(int number) const
 {
-    return m_fields.at(static_cast<std::size_t>(number - 1))->text();
+    return m_texts.at(static_cast<std::size_t>(number - 1));
 }
 
 int StatusBar::neededWidth(std::size_t i) const
 {
     const QFontMetrics metrics(font());
-    const int text = metrics.horizontalAdvance(m_fields[i]->text());
+    const int text = metrics.horizontalAdvance(m_texts[i]);
     const int sample = metrics.horizontalAdvance(QString::fromUtf16(samples[i]));
     return std::max(text, sample) + 4 * margin;
 }
 
 void StatusBar::layFields()
 {
+    const QFontMetrics metrics(font());
     const int end = width() - buttonWidth;
     int x = 0;
     for (std::size_t i = 0; i < m_fields.size(); ++i) {
-        const int left = end - x;
+        const int left = std::max(0, end - x);
         int field = neededWidth(i);
+        // The hint at the end says what to do next; what stands before it gives way.
         if (i == firstSharing)
-            field =
-                m_fields[i]->text().isEmpty() ? 0 : std::max(left - neededWidth(i + 1), left / 2);
+            field = m_texts[i].isEmpty() ? 0 : std::max(left - neededWidth(i + 1), left / 4);
         else if (i > firstSharing)
             field = left;
-        field = std::clamp(field, 0, std::max(0, left));
+        field = std::min(field, left);
         m_fields[i]->setGeometry(x, 1, field, height() - 2);
+        m_fields[i]->setText(
+            metrics.elidedText(m_texts[i], Qt::ElideRight, std::max(0, field - 2 * margin)));
         x += field;
     }
     m_bottomButton->setGeometry(end, 1, buttonWidth, height() - 2);

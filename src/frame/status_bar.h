@@ -19,7 +19,8 @@ class StatusBar : public QWidget {
 public:
     explicit StatusBar(QWidget* parent);
 
-    // Fields are counted from 1.
+    // Fields are counted from 1. A text without room is cut with three points and told by the tool
+    // tip.
     void setField(int number, const QString& text);
     [[nodiscard]] QString field(int number) const;
 
@@ -36,6 +37,7 @@ private:
     [[nodiscard]] int neededWidth(std::size_t i) const;
 
     std::array<QLabel*, statusFieldCount> m_fields{};
+    std::array<QString, statusFieldCount> m_texts; // whole; the labels may show less
     QProgressBar* m_progress;
     QToolButton* m_bottomButton; // ComFrame2
 };

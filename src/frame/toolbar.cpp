@@ -8,7 +8,6 @@ namespace fennel {
 namespace {
 
 constexpr int iconPixels = 24;
-constexpr int flashButton = 18;
 
 QIcon picture(int number)
 {
@@ -52,8 +51,11 @@ void Toolbar::BuildToolbar(const Commands& commands)
         button->setIcon(picture(entry.id));
         button->setToolTip(entry.toolTip);
         button->setAutoRaise(true);
-        if (entry.style == ButtonStyle::DropDown)
+        if (entry.style == ButtonStyle::DropDown) {
+            m_drives = new QMenu(button);
+            button->setMenu(m_drives);
             button->setPopupMode(QToolButton::MenuButtonPopup);
+        }
         connect(button, &QToolButton::clicked, this,
                 [this, id = entry.id] { Q_EMIT commandChosen(id); });
         m_buttons[entry.id] = button;
@@ -85,9 +87,11 @@ void Toolbar::enableButton(int id, bool enabled)
         found->second->setEnabled(enabled && hasCommand(id));
 }
 
-void Toolbar::setDriveMenu(QMenu* menu)
+void Toolbar::setDrives(const std::vector<QAction*>& entries)
 {
-    m_buttons[flashButton]->setMenu(menu);
+    m_drives->clear();
+    for (QAction* entry : entries)
+        m_drives->addAction(entry);
 }
 
 } // namespace fennel

@@ -5,6 +5,7 @@
 #include "frame/commands.h"
 #include "frame/toolbar_table.h"
 
+#include <QMenu>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -26,8 +27,8 @@ public:
     // Overrides the state of one button until the next UpdateToolbar; the rows of the lists decide
     // over the edit buttons.
     void enableButton(int id, bool enabled);
-    // The drop-down list of the Current Flash button, the menu of the drives.
-    void setDriveMenu(QMenu* menu);
+    // The drop-down list of the Current Flash button: the entries of the menu of the drives.
+    void setDrives(const std::vector<QAction*>& entries);
 
 Q_SIGNALS:
     // Any button was pressed; the number decides what runs.
@@ -39,6 +40,7 @@ private:
     const Commands* m_commands = nullptr;
     std::vector<ToolbarEntry> m_entries;
     std::map<int, QToolButton*> m_buttons;
+    QMenu* m_drives = nullptr;
 };
 
 } // namespace fennel

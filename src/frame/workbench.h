@@ -20,6 +20,7 @@ struct Workbench {
     ParamLists params;
     FontState fonts;
     FontScanSettings fontSettings;
+    CharSelected characters = startingCharacters(); // for the next font that is made
     WindowFlags flags;
     StatusFields status;
     bool TextIsUtf8 = false; // the text in the text editor came from a file with the mark of UTF-8

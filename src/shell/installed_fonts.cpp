@@ -59,7 +59,8 @@ bool isPlainFace(const FcPattern* pattern)
 
 QString InstalledFont::fullName() const
 {
-    if (style.isEmpty() || style == QLatin1String("Regular"))
+    // Both words name the upright face of usual weight.
+    if (style.isEmpty() || style == QLatin1String("Regular") || style == QLatin1String("Book"))
         return family;
     return family + QLatin1Char(' ') + style;
 }

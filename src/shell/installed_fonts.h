@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The fonts of the system, and the choice of the font that shows boot-screen text when nothing
 // names one. The list is one text, a line "Family Style (TrueType)>file.ttf" for each font, sorted
-// by code unit, lines separated by "\n"; the style "Regular" is left out. Only fonts with TrueType
+// by code unit, lines separated by "\n"; the styles "Regular" and "Book" are left out. Only fonts with TrueType
 // outlines are on it, since only they can be made into boot-screen fonts.
 #pragma once
 
@@ -16,7 +16,7 @@ struct InstalledFont {
     QString style;  // such as "Bold Italic"
     QString path;   // the full path of the file
 
-    // "Family Style", without "Regular".
+    // "Family Style", without "Regular" and "Book".
     [[nodiscard]] QString fullName() const;
 };
 

@@ -8,6 +8,8 @@
 
 #include <optional>
 
+class QImage;
+
 namespace fennel {
 
 // Kinds of message, by the numbers that the rest of the program uses for them.
@@ -36,6 +38,15 @@ public:
     virtual std::optional<QString> input(const QString& prompt, const QString& title,
                                          const QString& initial) = 0;
     virtual std::optional<QColor> colour(const QColor& initial) = 0;
+
+    // A message without a title, of any length, beside a picture (may be null) and what is said
+    // under it.
+    virtual void showPicture(const QString& text, const QImage& picture, const QString& caption)
+    {
+        Q_UNUSED(picture)
+        Q_UNUSED(caption)
+        ShowMessage(text, MessageType::Ok, {});
+    }
 
     Answer ShowMessage(const QString& text) { return ShowMessage(text, MessageType::Ok, {}); }
 };

@@ -7,10 +7,16 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFontDatabase>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 namespace fennel {
 
@@ -75,6 +81,21 @@ QString openPicture(QWidget* parent, const FileQuestion& question)
     dialog.setFileMode(QFileDialog::ExistingFile);
     PicturePreview::addTo(dialog);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+QLayout* pictureColumn(const QImage& picture, const QString& caption)
+{
+    auto* column = new QVBoxLayout;
+    auto* shown = new QLabel;
+    shown->setObjectName(QStringLiteral("MessagePicture"));
+    shown->setPixmap(QPixmap::fromImage(picture));
+    shown->setAlignment(Qt::AlignCenter);
+    auto* words = new QLabel(caption);
+    words->setTextFormat(Qt::PlainText);
+    words->setAlignment(Qt::AlignCenter);
+    column->addWidget(shown, 1);
+    column->addWidget(words);
+    return column;
 }
 
 } // namespace
@@ -156,6 +177,30 @@ std::optional<QString> QtPrompts::input(const QString& prompt, const QString& ti
     const QString text = QInputDialog::getText(parent(), title.isEmpty() ? programTitle() : title,
                                                prompt, QLineEdit::Normal, initial, &accepted);
     return accepted ? std::optional(text) : std::nullopt;
+}
+
+void QtPrompts::showPicture(const QString& text, const QImage& picture, const QString& caption)
+{
+    constexpr QSize usual(720, 360);
+    QDialog box(parent());
+    box.setWindowTitle(programTitle());
+    auto* words = new QPlainTextEdit(text);
+    words->setObjectName(QStringLiteral("MessageText"));
+    words->setReadOnly(true);
+    words->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    words->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    auto* row = new QHBoxLayout;
+    if (!picture.isNull())
+        row->addLayout(pictureColumn(picture, caption));
+    row->addWidget(words, 1);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &box, &QDialog::accept);
+    auto* column = new QVBoxLayout(&box);
+    column->addLayout(row, 1);
+    column->addWidget(buttons);
+    box.resize(usual);
+    buttons->button(QDialogButtonBox::Ok)->setFocus();
+    box.exec();
 }
 
 std::optional<QColor> QtPrompts::colour(const QColor& initial)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "stage/panel_text.h"
 
+#include "fonts/font_substitution.h"
 #include "shell/text.h"
 
 #include <QStringList>
@@ -118,11 +119,11 @@ int usableFont(const FontTable& fonts, qint64 wanted)
     return known ? static_cast<int>(wanted) : 0;
 }
 
-QFont panelFont(const FontRecord& record, const StageScale& scale)
+QFont panelFont(const FontRecord& record, const StageScale& scale, const QStringList& families)
 {
     QFont font;
     if (!record.FontName.isEmpty())
-        font.setFamily(record.FontName);
+        font.setFamily(shownFamily(record.FontName, families).family);
     font.setBold(record.Bold);
     font.setItalic(record.Italic);
     const double points = std::clamp(record.Size * scale.factor(), smallestFont, largestFont);

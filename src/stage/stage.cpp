@@ -3,6 +3,8 @@
 
 #include "stage/panel_text.h"
 
+#include <QFontDatabase>
+
 #include <algorithm>
 
 namespace fennel {
@@ -58,6 +60,7 @@ void Stage::adoptPanels()
     SelectedPanel = -1;
     ColourPanel = -1;
     LogoIndex = 0;
+    m_families = QFontDatabase::families();
     m_panels.resize(std::max(m_panels.size(), m_data.PanelArr.size()));
     for (StagePanel& panel : m_panels)
         panel = StagePanel();

@@ -14,6 +14,7 @@
 #include <QDateTime>
 #include <QImage>
 #include <QRegion>
+#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -164,6 +165,7 @@ private:
     void tone(int index);
 
     StageData m_data;
+    QStringList m_families; // of the system, when the gfxboot was opened
     QImage m_background;
     std::vector<StagePanel> m_panels;
     std::vector<int> m_order;

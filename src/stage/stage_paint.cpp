@@ -77,7 +77,7 @@ void Stage::drawContents(int index, QPainter& painter)
     if (rec.Text.isEmpty() || font >= m_data.FontTable.size())
         return;
     const FontRecord& fontRecord = m_data.FontTable[font];
-    const QFont face = panelFont(fontRecord, scale());
+    const QFont face = panelFont(fontRecord, scale(), m_families);
     const QFontMetrics metrics(face);
     TextJob job{index, rec.Text, rec.TextColor, fontRecord.Size,
                 0,     QPoint(), rect.width(),  run().BackWidth};

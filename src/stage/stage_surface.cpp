@@ -35,6 +35,11 @@ StageSurface::~StageSurface()
     m_stage.repaint = nullptr;
     m_stage.pictureChanged = nullptr;
     m_stage.markerChanged = nullptr;
+    // The native window goes while only the QWidget of this is left; it must not be told then.
+    if (m_window != nullptr) {
+        m_window->removeEventFilter(this);
+        m_window->disconnect(this);
+    }
 }
 
 void StageSurface::setCursors(const StageCursors& cursors)

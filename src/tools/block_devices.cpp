@@ -111,7 +111,7 @@ QStringList BlockDevices::btrfsMembers(const QString& name) const
 {
     const QString folder = QStringLiteral("/sys/fs/btrfs/");
     for (const QString& id : m_source.names(folder)) {
-        const QStringList members = m_source.names(folder + id + QStringLiteral("/devices"));
+        QStringList members = m_source.names(folder + id + QStringLiteral("/devices"));
         if (members.contains(name))
             return members;
     }

@@ -42,7 +42,7 @@ QStringList FolderDriveSource::names(const QString& folder) const
 
 QString FolderDriveSource::resolved(const QString& path) const
 {
-    const QString target = QFileInfo(place(path)).canonicalFilePath();
+    QString target = QFileInfo(place(path)).canonicalFilePath();
     if (m_root.isEmpty())
         return target;
     return target.startsWith(m_root + QLatin1Char('/')) ? target.mid(m_root.size()) : QString();

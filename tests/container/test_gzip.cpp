@@ -153,6 +153,9 @@ TEST(Gzip, TheInnerNameIsPlainAndOtherwiseDerivedAs7ZipDoes)
         {"", "message", "message~"},
         {"", ".gz", ".gz~"},
         {"", "#.lst.gz", "contents"},
+        {"сообщение", "x.gz", "сообщение"},
+        {"\xcb\xee\xe3\xee", "x.gz", "x"}, // no UTF-8
+        {"a\xd0", "x.gz", "x"},
     };
     for (const auto& c : cases)
         EXPECT_EQ(gzipInnerName(c.stored, c.archive), c.inner) << c.stored;

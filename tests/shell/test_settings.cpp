@@ -72,7 +72,7 @@ TEST(Fonts, ListIsSortedOfWholeNamesWithoutFolders)
     const QString list = fontListText({{u"Zeta"_s, u"Bold Italic"_s, u"/f/z.ttf"_s},
                                        {u"Alpha"_s, u"Regular"_s, u"/f/a.ttc"_s},
                                        {u"Alpha"_s, u"Regular"_s, u"/g/a.ttc"_s},
-                                       {u"Beta"_s, QString(), u"/f/b.TTF"_s}});
+                                       {u"Beta"_s, u"Book"_s, u"/f/b.TTF"_s}});
     EXPECT_EQ(list, u"Alpha (TrueType)>a.ttc\nBeta (TrueType)>b.TTF\n"
                     "Zeta Bold Italic (TrueType)>z.ttf"_s);
     EXPECT_EQ(firstTrueTypeName(list), u"Beta"_s) << "a collection is no .TTF";

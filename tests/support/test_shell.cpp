@@ -94,6 +94,12 @@ TestShell::TestShell()
     EXPECT_TRUE(DiskFiles().makeFolder(run.Workspace).ok());
 }
 
+TestShell::~TestShell()
+{
+    // QTemporaryDir leaves files whose names are not UTF-8.
+    (void)DiskFiles().removeFolder(m_folder.path());
+}
+
 QString TestShell::file(const QString& name, const QByteArray& bytes)
 {
     const QString where = path(name);

@@ -35,6 +35,9 @@ private:
 class TestShell {
 public:
     TestShell();
+    ~TestShell();
+    TestShell(const TestShell&) = delete;
+    TestShell& operator=(const TestShell&) = delete;
     // A file in the test's own folder, written with the given bytes; returns its path.
     QString file(const QString& name, const QByteArray& bytes);
     // The same in the Workspace.

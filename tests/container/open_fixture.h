@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// A window's part in an open, written down; and message files made byte by byte.
+#pragma once
+
+#include "container/gfxboot_open.h"
+#include "container/gzip.h"
+#include "container/raw_cpio.h"
+#include "support/test_shell.h"
+
+#include <QBuffer>
+#include <QImage>
+
+#include <vector>
+
+namespace fennel::test {
+
+class RecordingHost : public OpenHost {
+public:
+    void openBegins() override { ++begun; }
+    void hideObjects() override { ++hidden; }
+    void fill(Step step) override { steps.push_back(step); }
+    [[nodiscard]] int chosenBackground() const override { return background; }
+    void openEnds(bool opened) override { ended.push_back(opened); }
+
+    int begun = 0;
+    int hidden = 0;
+    std::vector<Step> steps;
+    std::vector<bool> ended;
+    int background = 0;
+};
+
+inline std::string jpegBytes(int width, int height)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QImage picture(width, height, QImage::Format_RGB32);
+    picture.fill(Qt::darkCyan);
+    picture.save(&buffer, "JPG");
+    return bytes.toStdString();
+}
+
+// The least that opens.
+inline RawCpio smallMessage(int width = 64, int height = 48)
+{
+    RawCpio archive;
+    archive.add({.name = "init", .data = "engine"});
+    archive.add({.name = "back.jpg", .data = jpegBytes(width, height)});
+    return archive;
+}
+
+inline std::string gzipped(const std::string& bytes, std::string_view innerName = "#message")
+{
+    const auto packed = gzipCompress(
+        {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, innerName, 0, 1);
+    return {packed->begin(), packed->end()};
+}
+
+// What tells which gfxboot is open, and how.
+struct OpenState {
+    explicit OpenState(const RunState& run)
+        : texts{run.Workspace, run.GfxPath, run.GfxFolderName, run.GfxFileName, run.BackFile},
+          flags{run.GfxOpened, run.GfxHasCfg, run.GfxHasZuk, run.GfxIsGz}, numbers{run.gfxboot_var,
+                                                                                   run.ObjectCount,
+                                                                                   run.BackWidth,
+                                                                                   run.BackHeight}
+    {
+    }
+    bool operator==(const OpenState&) const = default;
+    QStringList texts;
+    std::vector<bool> flags;
+    std::vector<int> numbers;
+};
+
+} // namespace fennel::test

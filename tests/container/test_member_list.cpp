@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "container/member_catalogue.h"
+#include "container/member_list.h"
+#include "support/test_shell.h"
+
+#include <gtest/gtest.h>
+
+using namespace fennel;
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class MemberList : public testing::Test {
+protected:
+    void members(const QByteArrayList& names)
+    {
+        for (const QByteArray& name : names)
+            ASSERT_TRUE(m_disk.write(t.run.Workspace + QString::fromUtf8(name), name).ok());
+    }
+    void list(const QByteArrayList& names) { t.member(u"#.lst"_s, text(names)); }
+    static QByteArray text(const QByteArrayList& names)
+    {
+        return names.isEmpty() ? QByteArray() : names.join("\r\n") + "\r\n";
+    }
+    QByteArray rebuilt(const QString& addedPattern = {})
+    {
+        EXPECT_TRUE(RebuildMemberList(t.shell, addedPattern).ok());
+        return bytesOf(t.run.Workspace + u"#.lst"_s);
+    }
+
+    TestShell t;
+    DiskFiles m_disk;
+};
+
+} // namespace
+
+TEST_F(MemberList, KnownMembersComeInTheirOrderAndTheOthersBehindThemAsTheyWere)
+{
+    const QByteArrayList ordered = {
+        "init",         "16x16.fnt",    "ZUK0000.CFG",    "ZUK0001.CFG",  "back.jpg",
+        "en.tr",        "languages",    "Logo_msk.jpg",   "ZUK_Read.txt", "RLineDef.txt",
+        "16x16_01.fnt", "16x16_02.fnt", "Logo_01.jpg",    "Logo_02.jpg",  "Logo_01.txt",
+        "glass_01.jpg", "ani_01.jpg",   "ani_01_msk.jpg", "HAPPY.mod",    "back_01.jpg",
+        "back_07.jpg"};
+    const QByteArrayList others = {"zeta", "gfxboot.cfg", "alpha.hlp"};
+    members(ordered + others);
+    QByteArrayList opened = others + ordered;
+    std::reverse(opened.begin() + others.size(), opened.end());
+    list(opened);
+    EXPECT_EQ(rebuilt(), text(ordered + others));
+    EXPECT_EQ(rebuilt(), text(ordered + others)); // and stay so
+}
+
+TEST_F(MemberList, OnlyTheAddedPatternMakesAFileAMember)
+{
+    members({"init", "back.jpg", "ZUK0001.CFG", "ZUK0002.CFG", "back_02.jpg", "notes", "#message"});
+    list({"back.jpg", "init"});
+    EXPECT_EQ(rebuilt(), text({"init", "back.jpg"}));
+    EXPECT_EQ(rebuilt(u"*.CFG"_s), text({"init", "ZUK0001.CFG", "ZUK0002.CFG", "back.jpg"}));
+    EXPECT_EQ(rebuilt(u"back_02.jpg"_s),
+              text({"init", "ZUK0001.CFG", "ZUK0002.CFG", "back.jpg", "back_02.jpg"}));
+    EXPECT_EQ(rebuilt(u"notes"_s), // it is in no pattern of the catalogue
+              text({"init", "ZUK0001.CFG", "ZUK0002.CFG", "back.jpg", "back_02.jpg"}));
+}
+
+TEST_F(MemberList, NamesWithoutAFileDropOut)
+{
+    members({"init", "note"});
+    ASSERT_TRUE(m_disk.makeFolder(t.run.Workspace + u"folder"_s).ok());
+    list({"gone", "init", "back.jpg", "folder", "note", "gone.txt"});
+    EXPECT_EQ(rebuilt(), text({"init", "note"}));
+    ASSERT_TRUE(m_disk.remove(t.run.Workspace + u"init"_s).ok());
+    ASSERT_TRUE(m_disk.remove(t.run.Workspace + u"note"_s).ok());
+    EXPECT_EQ(rebuilt(), QByteArray());
+}
+
+TEST_F(MemberList, AKnownNameIsAlsoTakenFromTheEndOfALongerOne)
+{
+    members({"back.jpg", "my_back.jpg", "tail", "my_tail"});
+    list({"my_back.jpg", "tail"});
+    // What is left of the line joins the next one.
+    EXPECT_EQ(rebuilt(), text({"back.jpg", "my_tail"}));
+}
+
+TEST_F(MemberList, LineEndsCaseAndForeignNames)
+{
+    members({"init", "BACK.JPG", "Logo_03.JPG", "note"});
+    // Without a carriage return no known name is found; all stay as the tail.
+    t.member(u"#.lst"_s, "note\ninit\n\nBACK.JPG");
+    EXPECT_EQ(rebuilt(), text({"note", "init", "BACK.JPG"}));
+    EXPECT_EQ(rebuilt(u"logo_03.jpg"_s), text({"init", "BACK.JPG", "Logo_03.JPG", "note"}));
+    // 8-bit names keep their bytes.
+    const QByteArray name = "\xcb\xee\xe3\xee.txt";
+    const QByteArray path = QFile::encodeName(t.run.Workspace) + name;
+    FILE* file = std::fopen(path.constData(), "wb");
+    ASSERT_NE(file, nullptr);
+    std::fputs("12345", file);
+    std::fclose(file);
+    list({name, "init"});
+    EXPECT_EQ(rebuilt(), text({"init", name}));
+    ListRows rows;
+    MemberListFill(t.shell, rows);
+    ASSERT_EQ(rows.rows.size(), 2U);
+    EXPECT_EQ(rows.rows[1].cells[0].text, u"Лого.txt"_s);
+    EXPECT_EQ(rows.rows[1].cells[1].text, u"5"_s);
+}
+
+TEST_F(MemberList, ALostListIsToldAndAFullDiskKeepsTheOldOne)
+{
+    members({"init", "back.jpg"});
+    t.prompts.expectMessage(u"Gfxboot info is lost!"_s);
+    EXPECT_FALSE(RebuildMemberList(t.shell, {}).ok());
+    EXPECT_EQ(t.prompts.types.back(), MessageType::Ok);
+    list({"back.jpg", "init"});
+    for (t.files.failAt = 1; t.files.failAt <= 2; ++t.files.failAt) {
+        t.files.calls = 0;
+        t.prompts.expectMessage(u"No space left"_s);
+        EXPECT_FALSE(RebuildMemberList(t.shell, {}).ok());
+        EXPECT_EQ(bytesOf(t.run.Workspace + u"#.lst"_s), text({"back.jpg", "init"}));
+        EXPECT_FALSE(FileExists(t.run.Workspace + u"#.lst.new"_s));
+    }
+}
+
+TEST_F(MemberList, RowsShowEveryMemberWithItsLengthAndPicture)
+{
+    members({"init", "back.jpg"});
+    list({"init", "gone", "back.jpg"});
+    ListRows rows;
+    rows.rows.resize(9);
+    MemberListFill(t.shell, rows);
+    ASSERT_EQ(rows.rows.size(), 3U);
+    const struct {
+        QString name, length, icon;
+    } expected[] = {{u"init"_s, u"4"_s, {}},
+                    {u"gone"_s, u"0"_s, {}},
+                    {u"back.jpg"_s, u"8"_s, t.run.Workspace + u"back.jpg"_s}};
+    for (std::size_t i = 0; i < rows.rows.size(); ++i) {
+        EXPECT_EQ(rows.rows[i].cells[0].text, expected[i].name);
+        EXPECT_EQ(rows.rows[i].cells[1].text, expected[i].length);
+        EXPECT_EQ(rows.rows[i].iconFile, expected[i].icon);
+        EXPECT_TRUE(rows.rows[i].tag.contains(u"|File: %1|"_s.arg(expected[i].name)));
+    }
+}
+
+TEST_F(MemberList, FourNamesAreProtectedAndOnlyInTheirOwnCase)
+{
+    for (const auto& name : {u"init"_s, u"16x16.fnt"_s, u"ZUK0000.CFG"_s, u"back.jpg"_s})
+        EXPECT_TRUE(IsRequiredMember(name));
+    for (const auto& name : {u"Back.JPG"_s, u"INIT"_s, u"ZUK0001.CFG"_s, u"back_01.jpg"_s,
+                             u"16x16_01.fnt"_s, u"gfxboot.cfg"_s, u"zuk0000.cfg"_s, u"nit"_s})
+        EXPECT_FALSE(IsRequiredMember(name)) << name.toStdString();
+}

@@ -1,0 +1,396 @@
+// SPDX-License-Identifier: MIT
+#include "bridges/run_program.h"
+#include "container/member_catalogue.h"
+#include "container/open_fixture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+using namespace fennel;
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+using testing::ElementsAre;
+using Step = OpenHost::Step;
+
+namespace {
+
+const QString failureText = u"ERROR. File back.jpg not found!\n"
+                            "              This is really a \"gfxboot message\"-file?\n"
+                            "\n"
+                            "\"Gfxboot message\" is a cpio-archive, but additionally it can be "
+                            "compressed with gZip.\n"
+                            "You can specify only those variants!"_s;
+
+QStringList debianMessages()
+{
+    QStringList found;
+    const QDir themes(u"/etc/bootsplash/themes"_s);
+    for (const QString& theme : themes.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+        found << themes.filePath(theme + u"/bootloader/message"_s);
+    return found;
+}
+
+QByteArrayList linesOf(const QByteArray& text)
+{
+    QByteArrayList lines = QByteArray(text).replace("\r", "").split('\n');
+    lines.removeAll(QByteArray());
+    return lines;
+}
+
+class Open : public testing::Test {
+protected:
+    bool open(const QString& path)
+    {
+        m_host = {};
+        const bool opened = gfxboot_open(t.shell, shortForm(path), m_host);
+        // Whatever happens, the window is disabled once and enabled once.
+        EXPECT_EQ(m_host.begun, 1);
+        EXPECT_THAT(m_host.ended, ElementsAre(opened));
+        EXPECT_EQ(QDir(t.run.WorkspaceRoot).entryList({u"#open*"_s}, QDir::AllEntries).size(), 0);
+        return opened;
+    }
+    QString file(const QString& name, const std::string& bytes)
+    {
+        return t.file(name, QByteArray::fromStdString(bytes));
+    }
+    // Opens something whole, so that there is a state to keep.
+    void openGood() { ASSERT_TRUE(open(file(u"good"_s, smallMessage().close()))); }
+    // The open fails with the message and this in it; what was open is as it was, on disk too.
+    void expectRefused(const QString& path, const QString& reason)
+    {
+        const OpenState before(t.run);
+        const auto files = contentsOf(t.run.Workspace);
+        t.prompts.expectMessage(failureText);
+        EXPECT_FALSE(open(path)) << path.toStdString();
+        EXPECT_TRUE(t.prompts.texts.last().contains(reason))
+            << path.toStdString() << ": " << t.prompts.texts.last().toStdString();
+        EXPECT_EQ(t.prompts.types.back(), MessageType::Ok);
+        EXPECT_EQ(t.prompts.titles.last(), QString());
+        EXPECT_TRUE(OpenState(t.run) == before) << path.toStdString();
+        EXPECT_EQ(contentsOf(t.run.Workspace), files) << path.toStdString();
+        EXPECT_TRUE(m_host.steps.empty());
+    }
+    // A tool that does what the text says.
+    QString script(const QString& name, const QByteArray& text)
+    {
+        const QString path = t.file(name, "#!/bin/sh\n" + text + "\n");
+        ::chmod(QFile::encodeName(path).constData(), 0755);
+        return path;
+    }
+
+    TestShell t;
+    RecordingHost m_host;
+};
+
+} // namespace
+
+TEST_F(Open, MessagesOfDebianPlainAndGzippedGiveTheSameStateAndTheFilesOfGnuCpio)
+{
+    ASSERT_EQ(debianMessages().size(), 5);
+    for (const QString& message : debianMessages()) {
+        ASSERT_TRUE(open(message)) << message.toStdString();
+        const OpenState plain(t.run);
+        EXPECT_EQ(t.run.gfxboot_var, 2);
+        EXPECT_EQ(t.run.ObjectCount, 4);
+        EXPECT_TRUE(t.run.GfxOpened && t.run.GfxHasCfg && !t.run.GfxHasZuk && !t.run.GfxIsGz);
+        EXPECT_EQ(QSize(t.run.BackWidth, t.run.BackHeight), QSize(800, 600));
+        EXPECT_EQ(t.run.Workspace, t.run.WorkspaceRoot + u"message/"_s);
+        EXPECT_EQ(t.run.BackFile, t.run.Workspace + u"back.jpg"_s);
+        EXPECT_EQ(t.run.GfxPath, message);
+        EXPECT_EQ(t.run.GfxFileName, u"message"_s);
+
+        const QByteArray archive = bytesOf(message);
+        const Ran listed = runProgram(u"cpio"_s, {u"-it"_s, u"--quiet"_s}, {}, archive);
+        EXPECT_EQ(linesOf(bytesOf(t.run.Workspace + u"#.lst"_s)), linesOf(listed.out));
+        const QTemporaryDir judge;
+        ASSERT_EQ(runProgram(u"cpio"_s, {u"-i"_s, u"--quiet"_s}, judge.path(), archive).code, 0);
+        auto files = contentsOf(t.run.Workspace);
+        files.remove("#.lst");
+        files.remove("#7zip.log");
+        EXPECT_EQ(files, contentsOf(judge.path())) << message.toStdString();
+
+        const Ran packed = runProgram(u"gzip"_s, {u"-9c"_s}, {}, archive);
+        ASSERT_TRUE(t.files.makeFolder(t.path(u"wrapped"_s)).ok());
+        const QString gz = t.file(u"wrapped/message"_s, packed.out);
+        ASSERT_TRUE(open(gz));
+        OpenState wrapped(t.run);
+        EXPECT_TRUE(t.run.GfxIsGz);
+        t.run.GfxIsGz = false;
+        t.run.GfxPath = message;
+        EXPECT_TRUE(OpenState(t.run) == plain);
+        ASSERT_TRUE(t.files.removeFolder(t.run.Workspace).ok());
+    }
+}
+
+TEST_F(Open, EngineWithoutABackgroundIsRefusedAndTheFormerGfxbootStays)
+{
+    const QDir examples(u"/etc/bootsplash"_s);
+    const QStringList names = examples.entryList({u"example_0*"_s}, QDir::Dirs);
+    ASSERT_GE(names.size(), 7);
+    openGood();
+    for (const QString& name : names) {
+        expectRefused(examples.filePath(name + u"/cdrom/bootlogo"_s), {});
+        EXPECT_EQ(t.prompts.texts.last(), failureText);
+    }
+}
+
+TEST_F(Open, StepsAndStateOfEachGeneration)
+{
+    const struct {
+        std::vector<std::string> members;
+        int generation;
+        int objects;
+        int background;
+        QString backFile;
+        std::vector<Step> steps;
+    } cases[] = {
+        {{},
+         1,
+         4,
+         3,
+         u"back.jpg"_s,
+         {Step::Pictures, Step::Menus, Step::Members, Step::Config, Step::Backgrounds, Step::Fonts,
+          Step::Stage, Step::Generation, Step::Tabs, Step::Show}},
+        {{"gfxboot.cfg", "back_03.jpg"},
+         2,
+         4,
+         3,
+         u"back.jpg"_s,
+         {Step::Pictures, Step::Menus, Step::Members, Step::Config, Step::Backgrounds, Step::Fonts,
+          Step::Stage, Step::Generation, Step::Tabs, Step::Show}},
+        {{"ZUK0000.CFG", "gfxboot.cfg", "back_03.jpg"},
+         3,
+         40,
+         3,
+         u"back_03.jpg"_s,
+         {Step::Pictures, Step::Levels, Step::Menus, Step::Members, Step::Config, Step::Backgrounds,
+          Step::Fonts, Step::Stage, Step::Generation, Step::Tabs, Step::Logos, Step::Show}},
+        {{"ZUK0000.CFG", "back_03.jpg"}, 3, 40, 4, u"back.jpg"_s, {}},
+        {{"ZUK0000.CFG", "back_03.jpg"}, 3, 40, 103, u"back_03.jpg"_s, {}},
+    };
+    int number = 0;
+    for (const auto& c : cases) {
+        RawCpio archive = smallMessage(640, 480);
+        for (const std::string& name : c.members)
+            archive.add({.name = name, .data = jpegBytes(8, 8)});
+        const QString name = u"case%1"_s.arg(++number);
+        const QString path = file(name, archive.close());
+        m_host = {};
+        m_host.background = c.background;
+        ASSERT_TRUE(gfxboot_open(t.shell, path, m_host));
+        EXPECT_EQ(t.run.gfxboot_var, c.generation) << number;
+        EXPECT_EQ(t.run.ObjectCount, c.objects);
+        EXPECT_EQ(t.run.BackFile, t.run.Workspace + c.backFile) << number;
+        EXPECT_EQ(QSize(t.run.BackWidth, t.run.BackHeight), QSize(640, 480));
+        EXPECT_EQ(t.run.GfxFolderName, name);
+        EXPECT_EQ(t.run.GfxHasCfg, bool(std::ranges::count(c.members, "gfxboot.cfg")));
+        EXPECT_EQ(t.run.GfxHasZuk, c.generation == 3);
+        if (!c.steps.empty()) {
+            EXPECT_EQ(m_host.steps, c.steps) << number;
+        }
+    }
+}
+
+TEST_F(Open, FilesThatAreNoMessageAreRefusedWithTheReason)
+{
+    openGood();
+    const std::string good = smallMessage().close();
+    const auto named = [](const std::string& name) {
+        return smallMessage().add({.name = name, .data = "x"}).close();
+    };
+    const std::string gz = gzipped(good);
+    const std::string half(maxGzipContents / 2, '\0');
+    const struct {
+        QString name;
+        std::string bytes;
+        QString reason; // of the tool, with the name of the file
+    } cases[] = {
+        {u"empty"_s, "", u"empty"_s},
+        {u"text"_s, "title Boot from disk\n", u"no cpio"_s},
+        {u"picture"_s, jpegBytes(5, 5), u"no cpio"_s},
+        {u"cut"_s, good.substr(0, good.size() / 2), u"cut"_s},
+        {u"cut.gz"_s, gz.substr(0, gz.size() / 2), u"cut.gz"_s},
+        {u"head.gz"_s, gz.substr(0, 12), u"head.gz"_s},
+        {u"sum.gz"_s, std::string(gz).replace(gz.size() - 8, 1, 1, char(gz[gz.size() - 8] ^ 1)),
+         u"sum.gz"_s},
+        {u"bomb.gz"_s, gzipped(half) + gzipped(half) + gzipped("x"), u"bomb.gz"_s},
+        {u"twice.gz"_s, gzipped(gzipped(good), "x"), u"no cpio"_s},
+        {u"text.gz"_s, gzipped("no archive"), u"no cpio"_s},
+        {u"noname"_s, named(""), u"\"\""_s},
+        {u"absolute"_s, named("/etc/x"), u"\"/etc/x\""_s},
+        {u"folder"_s, named("a/b"), u"\"a/b\""_s},
+        {u"up"_s, named("../init"), u"\"../init\""_s},
+        {u"dots"_s, named(".."), u"\"..\""_s},
+        {u"long"_s, named(std::string(300, 'n')), u"\"nnn"_s},
+        {u"list"_s, named("#.lst"), u"\"#.lst\""_s},
+        {u"double"_s, named("init"), u"\"init\""_s},
+        {u"size"_s, RawCpio().add({.name = "back.jpg", .fileSize = 0x0fff'ffff}).close(),
+         u"\"back.jpg\""_s},
+        {u"noback"_s, RawCpio().add({.name = "init", .data = "x"}).close(), {}},
+        {u"case"_s, RawCpio().add({.name = "BACK.JPG", .data = jpegBytes(4, 4)}).close(), {}},
+    };
+    for (const auto& c : cases) {
+        expectRefused(file(c.name, c.bytes), c.reason);
+        if (!c.reason.isEmpty()) {
+            EXPECT_TRUE(t.prompts.texts.last().contains(c.name)) << c.name.toStdString();
+        }
+    }
+    EXPECT_FALSE(QFile::exists(t.path(u"init"_s)));
+    EXPECT_FALSE(QFile::exists(u"/etc/x"_s));
+}
+
+TEST_F(Open, PathsWithoutAFileBehindThemAreRefused)
+{
+    openGood();
+    ASSERT_TRUE(t.files.makeFolder(t.path(u"folder"_s)).ok());
+    expectRefused(t.path(u"folder"_s), u"folder"_s);
+    expectRefused(t.path(u"vanished"_s), u"vanished"_s);
+    ASSERT_TRUE(QFile::link(t.path(u"nowhere"_s), t.path(u"dangling"_s)));
+    expectRefused(t.path(u"dangling"_s), u"dangling"_s);
+}
+
+TEST_F(Open, EveryCutOfAnArchiveIsRefused)
+{
+    const std::string whole = smallMessage(8, 8).close();
+    openGood();
+    for (std::size_t size = 1; size < whole.size(); size += 1 + size / 9)
+        expectRefused(file(u"cut"_s, whole.substr(0, size)), {});
+}
+
+TEST_F(Open, NamesOfFilesAndMembersMayHoldAnyCharacter)
+{
+    const QString cyrillic = u"Сообщение № 1, \"копия\" #2 & $HOME 'a'"_s;
+    const QByteArray cp1251 = "\xcb\xee\xe3\xee \xb9 1.txt";
+    const std::string bytes = smallMessage()
+                                  .add({.name = cp1251.toStdString(), .data = "1251"})
+                                  .add({.name = "a b'\"#&.txt", .data = "odd"})
+                                  .close();
+    for (const QString& name : {cyrillic, u" blank "_s, u"-rf"_s, u"100%"_s}) {
+        ASSERT_TRUE(open(file(name, bytes))) << name.toStdString();
+        EXPECT_EQ(t.run.GfxFileName, name);
+        EXPECT_EQ(memberSize(t.run.Workspace, cp1251), 4);
+        EXPECT_EQ(bytesOf(t.run.Workspace + u"a b'\"#&.txt"_s), "odd");
+        EXPECT_EQ(bytesOf(t.run.Workspace + u"#.lst"_s),
+                  "init\r\nback.jpg\r\n" + cp1251 + "\r\na b'\"#&.txt\r\n");
+    }
+    // The name within a gzip file: of this system, of another one, unusable, none.
+    const char* inner[] = {"Сообщение 1", "\xcb\xee\xe3\xee", "../up", "#.lst", "", " message ",
+                           "init",        "#7zip.log"};
+    int number = 0;
+    for (const char* name : inner) {
+        EXPECT_TRUE(open(file(u"in%1.gz"_s.arg(++number), gzipped(bytes, name)))) << name;
+        EXPECT_TRUE(t.run.GfxIsGz);
+        EXPECT_EQ(bytesOf(t.run.Workspace + u"init"_s), "engine") << name;
+    }
+    expectRefused(file(u"comma.gz"_s, gzipped(bytes, "one,two")), {});
+}
+
+TEST_F(Open, ABackgroundThatIsNoPictureCountsWithTheUsualSize)
+{
+    for (const std::string& back : {std::string("no picture"), std::string()}) {
+        t.prompts.expectMessage(u"back.jpg is not a picture"_s);
+        ASSERT_TRUE(
+            open(file(u"odd"_s, RawCpio().add({.name = "back.jpg", .data = back}).close())));
+        EXPECT_EQ(QSize(t.run.BackWidth, t.run.BackHeight),
+                  QSize(fallbackBackWidth, fallbackBackHeight));
+    }
+}
+
+TEST_F(Open, TheSameNameKeepsWhatTheNewArchiveLacks)
+{
+    openGood();
+    t.member(u"unused"_s, {});
+    const QString kept = t.run.Workspace + u"note.txt"_s;
+    ASSERT_TRUE(t.files.write(kept, "edit").ok());
+    ASSERT_TRUE(t.files.write(t.run.Workspace + u"init"_s, "edit").ok());
+    ASSERT_TRUE(open(t.path(u"good"_s)));
+    EXPECT_EQ(bytesOf(kept), "edit");
+    EXPECT_EQ(bytesOf(t.run.Workspace + u"init"_s), "engine");
+    EXPECT_EQ(bytesOf(t.run.Workspace + u"#.lst"_s), "init\r\nback.jpg\r\n");
+    // A broken file of the same name from elsewhere spoils nothing.
+    ASSERT_TRUE(t.files.makeFolder(t.path(u"other"_s)).ok());
+    expectRefused(file(u"other/good"_s, smallMessage().open()), u"other/good"_s);
+}
+
+TEST_F(Open, AFullTemporaryFolderIsToldAndLeavesTheFormerGfxboot)
+{
+    openGood();
+    const QString path = file(u"more.gz"_s, gzipped(smallMessage().close()));
+    t.files.calls = 0;
+    ASSERT_TRUE(open(path));
+    const int steps = t.files.calls;
+    ASSERT_GT(steps, 0);
+    ASSERT_TRUE(open(t.path(u"good"_s)));
+    for (int i = 1; i < steps; ++i) { // the last step only tidies up
+        t.files.calls = 0;
+        t.files.failAt = i;
+        expectRefused(path, u"No space left"_s);
+    }
+    t.files.failAt = 0;
+    ASSERT_TRUE(t.files.removeFolder(t.run.WorkspaceRoot).ok());
+    t.prompts.expectMessage(u"Cannot make a folder"_s);
+    EXPECT_FALSE(open(path));
+    ASSERT_TRUE(t.files.makeFolder(t.run.WorkspaceRoot).ok());
+}
+
+TEST_F(Open, AToolThatIsMissingHangsOrCrashesIsToldAndTheWindowComesBack)
+{
+    openGood();
+    const QString plain = file(u"plain"_s, smallMessage().close());
+    const QString gz = file(u"wrapped.gz"_s, gzipped(smallMessage().close()));
+    const QString cpio = t.run.ToolCpio;
+    const QString sevenZip = t.run.Tool7Zip;
+    ProcessToolRunner hasty(300);
+    const Shell shell{t.run, t.log, t.files, t.prompts, hasty};
+    const auto tryOpen = [&](const QString& path) {
+        RecordingHost host;
+        const bool opened = gfxboot_open(shell, path, host);
+        EXPECT_THAT(host.ended, ElementsAre(opened));
+        return opened;
+    };
+    const OpenState before(t.run);
+
+    t.run.Tool7Zip = t.path(u"gone"_s); // a plain file opens all the same
+    t.prompts.expectMessage(t.run.Tool7Zip + u" not found!"_s);
+    EXPECT_TRUE(tryOpen(plain));
+    t.prompts.expectMessage(t.run.Tool7Zip + u" not found!"_s);
+    t.prompts.expectMessage(failureText);
+    EXPECT_FALSE(tryOpen(gz));
+    t.run.Tool7Zip = sevenZip;
+    ASSERT_TRUE(tryOpen(t.path(u"good"_s)));
+
+    t.run.ToolCpio = t.path(u"gone"_s); // what was extracted before still serves
+    t.prompts.expectMessage(t.run.ToolCpio + u" not found!"_s);
+    EXPECT_TRUE(tryOpen(t.path(u"good"_s)));
+    ASSERT_TRUE(t.files.removeFolder(t.run.WorkspaceRoot + u"plain"_s).ok());
+    t.prompts.expectMessage(t.run.ToolCpio + u" not found!"_s);
+    t.prompts.expectMessage(failureText);
+    EXPECT_FALSE(tryOpen(plain));
+
+    const struct {
+        const char* script;
+        QString reason;
+    } broken[] = {
+        {"exec sleep 60", u"did not end in time"_s},
+        {"kill -SEGV $$", u"crashed"_s},
+        {"echo disk is on fire >&2; exit 1", u"disk is on fire"_s},
+    };
+    for (const auto& tool : broken) {
+        const QString fake = script(u"tool"_s, tool.script);
+        t.run.ToolCpio = fake;
+        t.prompts.expectMessage(tool.reason);
+        EXPECT_FALSE(tryOpen(plain)) << tool.script;
+        t.run.ToolCpio = cpio;
+        t.run.Tool7Zip = fake;
+        t.prompts.expectMessage(tool.reason);
+        EXPECT_FALSE(tryOpen(gz)) << tool.script;
+        EXPECT_TRUE(tryOpen(t.path(u"good"_s))) << tool.script; // a plain file needs no gzip
+        t.run.Tool7Zip = sevenZip;
+    }
+    t.run.ToolCpio = t.file(u"noexec"_s, "#!/bin/sh\n");
+    t.prompts.expectMessage(u"could not be started"_s);
+    EXPECT_FALSE(tryOpen(plain));
+    EXPECT_TRUE(OpenState(t.run) == before);
+}

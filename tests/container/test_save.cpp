@@ -1,0 +1,352 @@
+// SPDX-License-Identifier: MIT
+#include "bridges/run_program.h"
+#include "container/gfx_save.h"
+#include "container/open_fixture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace fennel;
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool written()
+{
+    return true;
+}
+
+class Save : public testing::Test {
+protected:
+    // "boot/message", gzipped or not, is open.
+    void SetUp() override
+    {
+        ASSERT_TRUE(t.files.makeFolder(t.path(u"boot"_s)).ok());
+        m_plain = smallMessage().add({.name = "note", .data = "old"}).close();
+        openFile(t.file(u"boot/message"_s, QByteArray::fromStdString(m_plain)));
+    }
+    void openFile(const QString& path)
+    {
+        RecordingHost host;
+        ASSERT_TRUE(gfxboot_open(t.shell, path, host));
+    }
+    void edit(const QByteArray& text) { t.member(u"note"_s, text); }
+    // What GNU cpio and gzip find in a saved file.
+    static QByteArray noteIn(const QString& path, bool gzipped)
+    {
+        QByteArray bytes = bytesOf(path);
+        if (gzipped) {
+            EXPECT_EQ(runProgram(u"gzip"_s, {u"-t"_s}, {}, bytes).code, 0);
+            bytes = runProgram(u"gzip"_s, {u"-dc"_s}, {}, bytes).out;
+        }
+        const QTemporaryDir folder;
+        const Ran ran = runProgram(u"cpio"_s, {u"-i"_s, u"--quiet"_s}, folder.path(), bytes);
+        EXPECT_EQ(ran.code, 0) << path.toStdString() << ran.err.toStdString();
+        const Ran listed = runProgram(u"cpio"_s, {u"-it"_s, u"--quiet"_s}, {}, bytes);
+        EXPECT_EQ(listed.out, "init\nback.jpg\nnote\n");
+        return bytesOf(folder.filePath(u"note"_s));
+    }
+    QStringList filesBeside() const
+    {
+        return QDir(t.path(u"boot"_s))
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+    void expectQuestion(Answer answer)
+    {
+        t.prompts.expectMessage(u"FENNEL-GFX is able to compress the resulting \n"
+                                "file in a gZip archive.\n\nTo do this?"_s,
+                                answer);
+    }
+    bool saveAs(const QString& path, Answer compress)
+    {
+        t.prompts.expectSave(path);
+        expectQuestion(compress);
+        return GfxSaveAs(t.shell, written);
+    }
+    QString script(const QByteArray& text)
+    {
+        const QString path = t.file(u"tool"_s, "#!/bin/sh\n" + text + "\n");
+        ::chmod(QFile::encodeName(path).constData(), 0755);
+        return path;
+    }
+
+    TestShell t;
+    std::string m_plain;
+};
+
+} // namespace
+
+TEST_F(Save, WritesTheMembersOfTheListInItsOrderPlainOrGzipped)
+{
+    edit("new");
+    t.member(u"no member"_s, "x");
+    EXPECT_TRUE(GfxSave(t.shell, written));
+    EXPECT_EQ(noteIn(t.run.GfxPath, false), "new");
+
+    const QString gz = t.file(u"boot/message.gz"_s, QByteArray::fromStdString(gzipped(m_plain)));
+    openFile(gz);
+    edit("newer");
+    EXPECT_TRUE(GfxSave(t.shell, written));
+    EXPECT_EQ(noteIn(gz, true), "newer");
+    EXPECT_EQ(bytesOf(gz).mid(10, 9), QByteArray("#message\0", 9));
+    EXPECT_FALSE(FileExists(t.run.Workspace + u"#message.gz"_s));
+    EXPECT_EQ(filesBeside(), (QStringList{u"message"_s, u"message.gz"_s}));
+    EXPECT_TRUE(t.prompts.texts.isEmpty());
+}
+
+TEST_F(Save, WhatIsMissingIsToldBeforeAnythingIsWritten)
+{
+    int calls = 0;
+    const auto count = [&calls] { return ++calls > 0; };
+    t.run.ToolCpio = t.path(u"gone"_s);
+    t.prompts.expectMessage(t.run.ToolCpio + u" not found!"_s);
+    EXPECT_FALSE(GfxSave(t.shell, count));
+    t.run.ToolCpio = script("exit 0");
+    ASSERT_TRUE(t.files.remove(t.run.Workspace + u"#.lst"_s).ok());
+    t.prompts.expectMessage(u"Gfxboot info is lost!"_s);
+    EXPECT_FALSE(GfxSave(t.shell, count));
+    EXPECT_EQ(calls, 0);
+    EXPECT_EQ(bytesOf(t.run.GfxPath).toStdString(), m_plain);
+}
+
+TEST_F(Save, AnyFailureLeavesTheOldFileWholeAndIsTold)
+{
+    edit("new");
+    for (const bool wrapped : {false, true}) {
+        t.run.GfxIsGz = wrapped;
+        t.files.failAt = 0;
+        t.files.calls = 0;
+        ASSERT_TRUE(GfxSave(t.shell, written));
+        const int steps = t.files.calls;
+        const QByteArray old = bytesOf(t.run.GfxPath);
+        edit(wrapped ? "newest" : "newer");
+        // The last step removes the working file; the new file is in its place by then.
+        for (int i = 1; i < steps; ++i) {
+            t.files.calls = 0;
+            t.files.failAt = i;
+            const OpenState before(t.run);
+            t.prompts.expectMessage(u"message was not saved. The old file is as it was."_s);
+            EXPECT_FALSE(GfxSave(t.shell, written)) << i;
+            EXPECT_TRUE(t.prompts.texts.last().contains(u"No space left"_s));
+            EXPECT_EQ(bytesOf(t.run.GfxPath), old);
+            EXPECT_TRUE(OpenState(t.run) == before);
+        }
+        t.files.calls = 0;
+        t.files.failAt = steps;
+        EXPECT_TRUE(GfxSave(t.shell, written));
+        EXPECT_EQ(noteIn(t.run.GfxPath, wrapped), wrapped ? "newest" : "newer");
+    }
+    EXPECT_EQ(filesBeside(), QStringList{u"message"_s});
+    const QByteArray old = bytesOf(t.run.GfxPath);
+    EXPECT_FALSE(GfxSave(t.shell, [] { return false; })); // who writes the parameters tells why
+    EXPECT_EQ(bytesOf(t.run.GfxPath), old);
+}
+
+TEST_F(Save, AToolThatDiesHalfWayCostsNothing)
+{
+    const QByteArray old = bytesOf(t.run.GfxPath);
+    const QString cpio = t.run.ToolCpio;
+    const QString sevenZip = t.run.Tool7Zip;
+    ProcessToolRunner hasty(300);
+    const Shell shell{t.run, t.log, t.files, t.prompts, hasty};
+    // Both leave a part of their output behind.
+    const struct {
+        QByteArray end;
+        QString told;
+    } cases[] = {{"kill -KILL $$", u"crashed"_s}, {"exec sleep 60", u"did not end in time"_s}};
+    for (const auto& c : cases) {
+        t.run.GfxIsGz = false;
+        t.run.ToolCpio = script("echo half > \"$2\"\n" + c.end);
+        t.prompts.expectMessage(c.told);
+        EXPECT_FALSE(GfxSave(shell, written));
+        t.run.ToolCpio = cpio;
+        t.run.GfxIsGz = true;
+        t.run.Tool7Zip = script("echo half > \"$3\"\n" + c.end);
+        t.prompts.expectMessage(c.told);
+        EXPECT_FALSE(GfxSave(shell, written));
+        t.run.Tool7Zip = sevenZip;
+        EXPECT_EQ(bytesOf(t.run.GfxPath), old);
+    }
+    t.run.Tool7Zip = t.path(u"gone"_s);
+    t.prompts.expectMessage(u"gone not found!"_s);
+    EXPECT_FALSE(GfxSave(shell, written));
+    EXPECT_EQ(bytesOf(t.run.GfxPath), old);
+}
+
+TEST_F(Save, AMemberThatIsGoneIsNamedAndTheOldFileStays)
+{
+    ASSERT_TRUE(t.files.remove(t.run.Workspace + u"note"_s).ok());
+    t.prompts.expectMessage(u"note"_s);
+    EXPECT_FALSE(GfxSave(t.shell, written));
+    EXPECT_EQ(bytesOf(t.run.GfxPath).toStdString(), m_plain);
+}
+
+TEST_F(Save, LinksAndPermissionsOfTheOldFileStay)
+{
+    const QString real = t.run.GfxPath;
+    ::chmod(QFile::encodeName(real).constData(), 0640);
+    const QString link = t.path(u"link"_s);
+    ASSERT_TRUE(QFile::link(real, link));
+    t.run.GfxPath = link;
+    t.run.GfxFileName = u"link"_s;
+    edit("through");
+    EXPECT_TRUE(GfxSave(t.shell, written));
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_EQ(noteIn(real, false), "through");
+    struct stat info = {};
+    ASSERT_EQ(::stat(QFile::encodeName(real).constData(), &info), 0);
+    EXPECT_EQ(info.st_mode & 0777U, 0640U);
+}
+
+TEST_F(Save, PlacesThatTakeNoFileAreTold)
+{
+    const QString before = t.run.GfxPath;
+    ASSERT_TRUE(t.files.makeFolder(t.path(u"boot/taken"_s)).ok());
+    for (const QString& name : {u"boot/taken"_s, u"nowhere/message"_s}) {
+        const OpenState state(t.run);
+        t.prompts.expectSave(t.path(name));
+        expectQuestion(Answer::No);
+        t.prompts.expectMessage(u"was not saved"_s);
+        EXPECT_FALSE(GfxSaveAs(t.shell, written)) << name.toStdString();
+        EXPECT_TRUE(OpenState(t.run) == state);
+    }
+    EXPECT_EQ(bytesOf(before).toStdString(), m_plain);
+    if (::geteuid() == 0)
+        return; // nothing is read-only to root
+    ::chmod(QFile::encodeName(before).constData(), 0444);
+    t.prompts.expectMessage(u"Permission denied"_s);
+    EXPECT_FALSE(GfxSave(t.shell, written));
+    ::chmod(QFile::encodeName(before).constData(), 0644);
+    ::chmod(QFile::encodeName(t.path(u"boot"_s)).constData(), 0555);
+    t.prompts.expectMessage(u"Permission denied"_s);
+    EXPECT_FALSE(GfxSave(t.shell, written));
+    ::chmod(QFile::encodeName(t.path(u"boot"_s)).constData(), 0755);
+    EXPECT_EQ(bytesOf(before).toStdString(), m_plain);
+}
+
+TEST_F(Save, NamesOfACopy)
+{
+    EXPECT_EQ(proposedCopyName(u"message"_s), u"messageNew"_s);
+    EXPECT_EQ(proposedCopyName(u"my.message.gz"_s), u"myNew"_s);
+    EXPECT_EQ(proposedCopyName(u".hidden"_s), u"New"_s);
+    const struct {
+        QString chosen, compressed, plain;
+    } cases[] = {{u"my file.gz"_s, u"my_file.gz"_s, u"my_file.gz"_s},
+                 {u"my file"_s, u"my_file.gz"_s, u"my_file"_s},
+                 {u" a  b "_s, u"_a__b_.gz"_s, u"_a__b_"_s},
+                 {u"x.gz.gz"_s, u"x.gz.gz"_s, u"x.gz"_s}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(savedName(c.chosen, true), c.compressed);
+        EXPECT_EQ(savedName(c.chosen, false), c.plain);
+    }
+}
+
+TEST_F(Save, ACopyHasItsOwnNameFolderAndCompression)
+{
+    edit("copy");
+    const QString first = t.run.Workspace;
+    const QString back = first + u"back_03.jpg"_s;
+    t.run.BackFile = back;
+    ASSERT_TRUE(saveAs(t.path(u"boot/my file.gz"_s), Answer::Yes));
+    EXPECT_EQ(t.prompts.fileQuestions.back().folder, t.path(u"boot/"_s));
+    EXPECT_EQ(t.prompts.fileQuestions.back().proposedName, u"messageNew"_s);
+    EXPECT_EQ(t.prompts.fileQuestions.back().title, u"Save gfxboot As..."_s);
+    EXPECT_EQ(t.prompts.titles.last(), u"Saving As..."_s);
+    EXPECT_EQ(t.prompts.types.back(), MessageType::YesNoCancel);
+    EXPECT_EQ(t.run.GfxPath, t.path(u"boot/my_file.gz"_s));
+    EXPECT_EQ(t.run.GfxFileName, u"my_file.gz"_s);
+    EXPECT_EQ(t.run.GfxFolderName, u"my_file.gz"_s);
+    EXPECT_EQ(t.run.Workspace, t.run.WorkspaceRoot + u"my_file.gz/"_s);
+    EXPECT_EQ(t.run.BackFile, t.run.Workspace + u"back.jpg"_s);
+    EXPECT_TRUE(t.run.GfxIsGz);
+    EXPECT_EQ(noteIn(t.run.GfxPath, true), "copy");
+    EXPECT_EQ(bytesOf(t.path(u"boot/message"_s)).toStdString(), m_plain);
+    EXPECT_EQ(bytesOf(first + u"note"_s), "copy"); // the earlier folder stays as it was
+
+    // A typed ".gz" stays with a plain content too.
+    ASSERT_TRUE(saveAs(t.path(u"boot/plain.gz"_s), Answer::No));
+    EXPECT_FALSE(t.run.GfxIsGz);
+    EXPECT_EQ(noteIn(t.path(u"boot/plain.gz"_s), false), "copy");
+    // The same name in another folder uses the folder that is open.
+    ASSERT_TRUE(t.files.makeFolder(t.path(u"else"_s)).ok());
+    ASSERT_TRUE(saveAs(t.path(u"else/plain.gz"_s), Answer::No));
+    EXPECT_EQ(noteIn(t.path(u"else/plain.gz"_s), false), "copy");
+}
+
+TEST_F(Save, ACancelledCopyChangesNothing)
+{
+    const OpenState before(t.run);
+    t.prompts.expectSave({});
+    t.prompts.expectMessage(u"Canceled by user"_s);
+    EXPECT_FALSE(GfxSaveAs(t.shell, written));
+    EXPECT_FALSE(saveAs(t.path(u"boot/x"_s), Answer::Cancel));
+    // The dialog asked about "note", not about "note.gz", which is there.
+    t.file(u"boot/note.gz"_s, "precious");
+    t.prompts.expectSave(t.path(u"boot/note"_s));
+    expectQuestion(Answer::Yes);
+    t.prompts.expectMessage(u"already exists"_s, Answer::No);
+    EXPECT_FALSE(GfxSaveAs(t.shell, written));
+    EXPECT_EQ(bytesOf(t.path(u"boot/note.gz"_s)), "precious");
+    EXPECT_TRUE(OpenState(t.run) == before);
+    EXPECT_EQ(QDir(t.run.WorkspaceRoot).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
+              QStringList{u"message"_s});
+}
+
+TEST_F(Save, AFailedCopyKeepsTheRunAndEveryOtherFolder)
+{
+    const QByteArray edits = "edits of another gfxboot";
+    ASSERT_TRUE(t.files.makeFolder(t.run.WorkspaceRoot + u"known"_s).ok());
+    ASSERT_TRUE(t.files.write(t.run.WorkspaceRoot + u"known/only"_s, edits).ok());
+    t.files.calls = 0;
+    ASSERT_TRUE(saveAs(t.path(u"boot/fresh"_s), Answer::Yes));
+    const int steps = t.files.calls;
+    openFile(t.path(u"boot/message"_s));
+    ASSERT_TRUE(t.files.removeFolder(t.run.WorkspaceRoot + u"fresh.gz"_s).ok());
+    ASSERT_TRUE(t.files.remove(t.path(u"boot/fresh.gz"_s)).ok());
+    const OpenState before(t.run);
+    for (const QString& name : {u"fresh"_s, u"known"_s}) {
+        const bool wrapped = name == u"fresh"_s;
+        for (int i = 1; i < (wrapped ? steps : steps - 1); ++i) { // packing is a step of its own
+            t.prompts.expectSave(t.path(u"boot/"_s + name));
+            expectQuestion(wrapped ? Answer::Yes : Answer::No);
+            t.files.calls = 0;
+            t.files.failAt = i;
+            t.prompts.expectMessage(u"No space left"_s);
+            EXPECT_FALSE(GfxSaveAs(t.shell, written)) << i;
+            EXPECT_TRUE(OpenState(t.run) == before);
+        }
+        t.files.failAt = 0;
+    }
+    EXPECT_EQ(bytesOf(t.run.WorkspaceRoot + u"known/only"_s), edits);
+    EXPECT_FALSE(FolderExists(t.run.WorkspaceRoot + u"fresh.gz"_s));
+    EXPECT_EQ(filesBeside(), QStringList{u"message"_s});
+}
+
+TEST_F(Save, AFileWithoutAPlaceIsSavedAnew)
+{
+    t.run.GfxFileName = unsavedGfxName;
+    ASSERT_TRUE(saveAs(t.path(u"boot/first"_s), Answer::Yes));
+    EXPECT_EQ(t.prompts.fileQuestions.back().folder, QDir::homePath());
+    EXPECT_EQ(t.prompts.fileQuestions.back().proposedName, u"@ZUK-MOSA@New"_s);
+    EXPECT_EQ(noteIn(t.path(u"boot/first.gz"_s), true), "old");
+}
+
+TEST_F(Save, ReOpeningWarnsAndALostFileIsTold)
+{
+    for (const Answer answer : {Answer::Yes, Answer::No}) {
+        t.prompts.expectMessage(u"Your changes will be lost.\nContinue?"_s, answer);
+        if (answer == Answer::No)
+            t.prompts.expectMessage(u"Canceled by user"_s);
+        EXPECT_EQ(mayReOpen(t.shell), answer == Answer::Yes);
+    }
+    EXPECT_EQ(t.prompts.titles.first(), u"Gfxboot ReOpen"_s);
+    EXPECT_EQ(t.prompts.types.front(), MessageType::YesNo);
+    ASSERT_TRUE(t.files.remove(t.run.GfxPath).ok());
+    t.prompts.expectMessage(u"File %1 is lost!\nMaybe your drive %2 was unplugged."_s.arg(
+        t.run.GfxPath, t.run.GfxPath.left(2)));
+    EXPECT_FALSE(mayReOpen(t.shell));
+}

@@ -1,0 +1,338 @@
+// SPDX-License-Identifier: MIT
+// The font dialog as a person uses it: real clicks and keys on its controls.
+#include "fonts/font_window.h"
+
+#include "fonts/fnt_codec.h"
+#include "support/test_shell.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace fennel;
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The centre of the cell of a code on its own page.
+QPoint cellOf(int code)
+{
+    return CharGrid::cellRect(code % 256).center();
+}
+
+class FontWindowTest : public ::testing::Test {
+protected:
+    void open(const QString& title)
+    {
+        FontDialogStart start;
+        start.title = title;
+        start.FontStyleName = u"DejaVu Sans Bold"_s;
+        start.size = 15.75;
+        start.wholeSize = 16;
+        shell.run.PreviewScale = 0.5;
+        window = std::make_unique<FontWindow>(shell.shell, start, set, u"DejaVu Sans"_s, nullptr);
+        window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    }
+    FontWindowTest() { open(u"Font. Edit 16x16.fnt"_s); }
+
+    template <class T>
+    T* part(const QString& name)
+    {
+        T* found = window->findChild<T*>(name);
+        EXPECT_NE(found, nullptr) << name.toStdString();
+        return found;
+    }
+    CharGrid* grid() { return part<CharGrid>(u"Kvadrat"_s); }
+    QScrollBar* pages() { return part<QScrollBar>(u"VScrollUnicode"_s); }
+    void click(int code)
+    {
+        pages()->setValue(code / 256);
+        QTest::mouseClick(grid(), Qt::LeftButton, {}, cellOf(code));
+    }
+    void press(const QString& button)
+    {
+        QTest::mouseClick(part<QPushButton>(button), Qt::LeftButton);
+    }
+    QString text(const QString& name) { return part<QPlainTextEdit>(name)->toPlainText(); }
+    QString ranges() { return text(u"LabelFNTSet"_s); }
+    void choose(const QString& name)
+    {
+        auto* list = part<QComboBox>(u"Combo1"_s);
+        const int place = list->findText(name + u" > "_s, Qt::MatchStartsWith);
+        ASSERT_GE(place, 0) << name.toStdString();
+        list->setCurrentIndex(place);
+    }
+    QPoint place(const QString& label) { return part<QLabel>(label)->pos(); }
+    bool seen(const QString& name) { return part<QWidget>(name)->isVisible(); }
+    // The colour of the ground in a corner of a cell.
+    QColor ground(int code)
+    {
+        const QImage picture = grid()->grab().toImage();
+        const qreal ratio = picture.devicePixelRatio();
+        return picture.pixelColor(
+            ((CharGrid::cellRect(code % 256).topLeft() + QPoint(3, 3)) * ratio));
+    }
+
+    TestShell shell;
+    CharSelected set = startingCharacters();
+    std::unique_ptr<FontWindow> window;
+};
+
+} // namespace
+
+TEST_F(FontWindowTest, BeginsWithTheFontUnderEdit)
+{
+    EXPECT_EQ(window->windowTitle(), u"Font. Edit 16x16.fnt"_s);
+    EXPECT_EQ(part<QComboBox>(u"Combo1"_s)->currentText(),
+              u"DejaVu Sans Bold > DejaVuSans-Bold.ttf"_s);
+    EXPECT_EQ(part<QLineEdit>(u"Text2"_s)->text(), u"16"_s);
+    EXPECT_EQ(part<QLineEdit>(u"space_width"_s)->text(), u"4 px"_s);
+    EXPECT_EQ(ranges(), u"0x20-0x7E 0x410-0x451"_s);
+    EXPECT_EQ(text(u"TextExample3"_s),
+              u"Font name: DejaVu Sans Bold\nFont file: DejaVuSans-Bold.ttf"_s);
+    EXPECT_EQ(
+        window->findChildren<QAbstractButton*>(QRegularExpression(u"^Perekluchatel_"_s)).size(), 4);
+    EXPECT_EQ(part<QPushButton>(u"Perekluchatel_1"_s)->text(), u"Current scale (50%)"_s);
+    EXPECT_EQ(part<QComboBox>(u"ComboSets"_s)->count(), 150);
+    const FontChoice choice = window->choice();
+    EXPECT_EQ(choice.family, u"DejaVu Sans"_s);
+    EXPECT_TRUE(choice.bold);
+    EXPECT_FALSE(choice.italic);
+    EXPECT_EQ(choice.fileName, u"DejaVuSans-Bold.ttf"_s);
+    EXPECT_EQ(choice.size, 16);
+    EXPECT_EQ(choice.FontSpaceWidth, 4);
+}
+
+TEST_F(FontWindowTest, TogglesWhatLiesAboveTheFixedCharacters)
+{
+    click(0x41);
+    click(0x9F);
+    EXPECT_EQ(ranges(), u"0x20-0x7E 0x410-0x451"_s);
+    click(0xA0);
+    EXPECT_EQ(ranges(), u"0x20-0x7E 0xA0 0x410-0x451"_s);
+    click(0xA1);
+    EXPECT_EQ(ranges(), u"0x20-0x7E 0xA0-0xA1 0x410-0x451"_s);
+    EXPECT_EQ(ground(0xA1), QColor(Qt::white));
+    click(0xA0);
+    EXPECT_EQ(ground(0xA0), window->palette().color(QPalette::Button));
+    EXPECT_EQ(ranges(), u"0x20-0x7E 0xA1 0x410-0x451"_s);
+    click(0x451);
+    EXPECT_EQ(ranges(), u"0x20-0x7E 0xA1 0x410-0x450"_s);
+}
+
+TEST_F(FontWindowTest, APulledMouseTakesFurtherCellsAlong)
+{
+    pages()->setValue(3);
+    QTest::mousePress(grid(), Qt::LeftButton, {}, cellOf(0x391));
+    for (const int code : {0x392, 0x393, 0x392}) {
+        const QPoint at = cellOf(code);
+        QMouseEvent move(QEvent::MouseMove, at, grid()->mapToGlobal(at), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(grid(), &move);
+    }
+    QTest::mouseRelease(grid(), Qt::LeftButton, {}, cellOf(0x392));
+    EXPECT_EQ(ranges(), u"0x20-0x7E 0x391-0x393 0x410-0x451"_s);
+}
+
+TEST_F(FontWindowTest, FindsPagesByBlockWheelAndKeys)
+{
+    auto* blocks = part<QComboBox>(u"ComboSets"_s);
+    const int cyrillic = blocks->findText(u"U+0400 - U+04FF: Cyrillic"_s);
+    ASSERT_GE(cyrillic, 0);
+    blocks->setCurrentIndex(cyrillic);
+    Q_EMIT blocks->activated(cyrillic);
+    EXPECT_EQ(pages()->value(), 4);
+    EXPECT_EQ(part<QGroupBox>(u"FrameUNICODE"_s)->title(),
+              u"Unicode Characters Page: U+0400 - U+04FF"_s);
+    EXPECT_EQ(part<QPushButton>(u"Perekluchatel_2"_s)->text(),
+              u"Characters Page\nU+0400 - U+04FF"_s);
+    // A block that begins within a page keeps its name though the page has one of its own.
+    const int supplement = blocks->findText(u"U+0500 - U+052F: Cyrillic Supplement"_s);
+    Q_EMIT blocks->activated(supplement);
+    EXPECT_EQ(pages()->value(), 5);
+
+    QTest::keyClick(grid(), Qt::Key_PageDown);
+    EXPECT_EQ(pages()->value(), 6);
+    QTest::keyClick(grid(), Qt::Key_PageUp);
+    QWheelEvent wheel(QPointF(5, 5), grid()->mapToGlobal(QPointF(5, 5)), {}, {0, -240}, {}, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(grid(), &wheel);
+    EXPECT_EQ(pages()->value(), 7);
+    pages()->setValue(0xFF);
+    QTest::keyClick(grid(), Qt::Key_PageDown);
+    EXPECT_EQ(part<QGroupBox>(u"FrameUNICODE"_s)->title(),
+              u"Unicode Characters Page: U+FF00 - U+FFFF"_s);
+}
+
+TEST_F(FontWindowTest, KeysMoveOverTheCellsAndToggle)
+{
+    pages()->setValue(4);
+    grid()->setFocus();
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Up, Qt::Key_Right, Qt::Key_Down})
+        QTest::keyClick(grid(), key);
+    EXPECT_EQ(part<QLabel>(u"TextCode"_s)->text(), u"Unicode: U+0421"_s);
+    EXPECT_EQ(part<QLabel>(u"Obrazec"_s)->text(), u"С"_s);
+    QTest::keyClick(grid(), Qt::Key_Space);
+    EXPECT_EQ(ranges(), u"0x20-0x7E 0x410-0x420 0x422-0x451"_s);
+}
+
+TEST_F(FontWindowTest, ShowsTheCharacterUnderTheMouse)
+{
+    pages()->setValue(4);
+    QTest::mouseMove(grid(), cellOf(0x40F));
+    QTest::mouseMove(grid(), cellOf(0x410));
+    EXPECT_EQ(part<QLabel>(u"Obrazec"_s)->text(), u"А"_s);
+    EXPECT_EQ(part<QLabel>(u"TextCode"_s)->text(), u"Unicode: U+0410"_s);
+    pages()->setValue(0x4E); // no Chinese in this font
+    EXPECT_TRUE(part<QLabel>(u"TextCode"_s)->text().contains(u"not in this font"_s));
+}
+
+TEST_F(FontWindowTest, FourViewsShareOnePlace)
+{
+    const auto pixels = [this](const QString& name) {
+        return part<QPlainTextEdit>(name)->font().pixelSize();
+    };
+    EXPECT_TRUE(seen(u"TextExample3"_s));
+    EXPECT_EQ(pixels(u"TextExample3"_s), 21); // 16 points
+    press(u"Perekluchatel_1"_s);
+    EXPECT_TRUE(seen(u"TextExample3"_s));
+    EXPECT_EQ(pixels(u"TextExample3"_s), 11); // at half scale: 10.67
+    EXPECT_FALSE(seen(u"SetFromFNT"_s));
+
+    pages()->setValue(4);
+    press(u"Perekluchatel_2"_s);
+    EXPECT_TRUE(seen(u"TEXTUniCode"_s));
+    EXPECT_FALSE(seen(u"TextExample3"_s));
+    EXPECT_TRUE(text(u"TEXTUniCode"_s).startsWith(u"ЀЁЂ"_s));
+    pages()->setValue(5);
+    EXPECT_TRUE(text(u"TEXTUniCode"_s).startsWith(u"Ԁԁ"_s));
+
+    press(u"Perekluchatel_3"_s);
+    EXPECT_TRUE(seen(u"TextSelected"_s));
+    EXPECT_TRUE(seen(u"SetFromFNT"_s));
+    EXPECT_TRUE(seen(u"SetFromIni"_s));
+    EXPECT_TRUE(text(u"TextSelected"_s).endsWith(u"я ѐ ё"_s));
+    click(0x452);
+    EXPECT_TRUE(text(u"TextSelected"_s).endsWith(u"я ѐ ё ђ"_s));
+
+    open(u"Font. Add"_s);
+    press(u"Perekluchatel_3"_s);
+    EXPECT_FALSE(seen(u"SetFromFNT"_s));
+    EXPECT_TRUE(seen(u"SetFromIni"_s));
+}
+
+TEST_F(FontWindowTest, LoadsTheSetOfAFontAndTheOneOfTheSettings)
+{
+    FntFont font;
+    for (const std::uint32_t code : {0x41U, 0x42U, 0x43U, 0x444U})
+        font.glyphs.push_back({code, 0, 0, 0, 0, 3, {}});
+    const auto bytes = encodeFnt(font);
+    ASSERT_TRUE(bytes);
+    shell.member(u"16x16.fnt"_s, QByteArray(reinterpret_cast<const char*>(bytes->data()),
+                                            static_cast<qsizetype>(bytes->size())));
+    press(u"Perekluchatel_3"_s);
+    EXPECT_EQ(part<QPushButton>(u"SetFromFNT"_s)->text(), u"from 16x16.fnt"_s);
+    press(u"SetFromFNT"_s);
+    EXPECT_EQ(ranges(), u"0x41-0x43 0x444"_s);
+    EXPECT_EQ(text(u"TextSelected"_s), u" A B C ф"_s);
+    EXPECT_EQ(part<QLabel>(u"LabelCount"_s)->text(), u"4 characters selected"_s);
+    EXPECT_NE(ground(0x44), QColor(Qt::white));
+    press(u"SetFromIni"_s);
+    EXPECT_EQ(ranges(), QString());
+    EXPECT_EQ(set.count(), 1U); // U+0000, which no font gets
+
+    QFile::remove(shell.run.Workspace + u"16x16.fnt"_s);
+    click(0xA1);
+    shell.prompts.expectMessage(u"16x16.fnt"_s);
+    press(u"SetFromFNT"_s);
+    EXPECT_EQ(ranges(), u"0xA1"_s); // the set stays
+}
+
+TEST_F(FontWindowTest, SpacingsMoveTheirSamples)
+{
+    const QPoint words = place(u"words"_s);
+    const QPoint line = place(u"multi_line"_s);
+    std::array<QPoint, 4> letters;
+    for (int i = 0; i < 4; ++i)
+        letters[static_cast<std::size_t>(i)] = place(u"Label4_%1"_s.arg(i));
+    part<NumberSpin>(u"UpDown_space_width"_s)->setValue(10);
+    part<NumberSpin>(u"UpDown_line_space"_s)->setValue(-3);
+    part<NumberSpin>(u"UpDown_letter_space"_s)->setValue(5);
+    EXPECT_EQ(place(u"words"_s), words + QPoint(6, 0)); // it began with 4
+    EXPECT_EQ(place(u"multi_line"_s), line + QPoint(0, -3));
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(place(u"Label4_%1"_s.arg(i)),
+                  letters[static_cast<std::size_t>(i)] + QPoint(5 * i, 0));
+    const FontChoice choice = window->choice();
+    EXPECT_EQ(choice.FontSpaceWidth, 10);
+    EXPECT_EQ(choice.FontLineSpace, -3);
+    EXPECT_EQ(choice.FontLetterSpace, 5);
+}
+
+TEST_F(FontWindowTest, BoldAndItalicOnlyTell)
+{
+    auto* bold = part<QCheckBox>(u"CheckBold"_s);
+    EXPECT_EQ(bold->checkState(), Qt::PartiallyChecked);
+    QTest::mouseClick(bold, Qt::LeftButton, {}, QPoint(8, bold->height() / 2));
+    EXPECT_EQ(bold->checkState(), Qt::PartiallyChecked);
+    choose(u"DejaVu Sans Mono"_s);
+    EXPECT_EQ(bold->checkState(), Qt::Unchecked);
+    QTest::mouseClick(bold, Qt::LeftButton, {}, QPoint(8, bold->height() / 2));
+    EXPECT_EQ(bold->checkState(), Qt::Unchecked);
+    EXPECT_EQ(window->choice().family, u"DejaVu Sans Mono"_s);
+}
+
+TEST_F(FontWindowTest, HalfPointsCanBeTyped)
+{
+    auto* size = part<QLineEdit>(u"Text2"_s);
+    size->selectAll();
+    QTest::keyClicks(size, u"14.5"_s);
+    EXPECT_EQ(window->choice().size, 14.5);
+    EXPECT_EQ(size->text(), u"14.5"_s);
+    EXPECT_EQ(part<QPlainTextEdit>(u"TextExample3"_s)->font().pixelSize(), 19);
+}
+
+TEST_F(FontWindowTest, EnterAppliesAndEscapeCancelsWhereverTheKeyboardIs)
+{
+    for (const QString& name : {u"Combo1"_s, u"TextExample3"_s, u"Kvadrat"_s, u"Text2"_s,
+                                u"SetFromIni"_s, u"LabelFNTSet"_s}) {
+        open(u"Font. Add"_s);
+        press(u"Perekluchatel_3"_s);
+        auto* at = part<QWidget>(name);
+        at->setFocus();
+        QTest::keyClick(at, Qt::Key_Return);
+        EXPECT_FALSE(window->isVisible()) << name.toStdString();
+        EXPECT_EQ(window->result(), int{QDialog::Accepted}) << name.toStdString();
+        open(u"Font. Add"_s);
+        at = part<QWidget>(name);
+        at->setFocus();
+        QTest::keyClick(at, Qt::Key_Escape);
+        EXPECT_FALSE(window->isVisible()) << name.toStdString();
+        EXPECT_EQ(window->result(), int{QDialog::Rejected}) << name.toStdString();
+    }
+    EXPECT_EQ(FormatCharacterRanges(set), u"0x20-0x7E 0x410-0x451"_s);
+    open(u"Font. Add"_s);
+    window->close();
+    EXPECT_EQ(window->result(), int{QDialog::Rejected});
+    open(u"Font. Add"_s);
+    press(u"butОК"_s);
+    EXPECT_EQ(window->result(), int{QDialog::Accepted});
+}
+
+// Every page is painted with nothing of it known before: half of the time that a page may take
+// leaves room for a slow machine.
+TEST_F(FontWindowTest, PagesTurnAtOnce)
+{
+    QElapsedTimer timer;
+    timer.start();
+    for (int page = 0; page < 256; ++page) {
+        pages()->setValue(page);
+        QApplication::processEvents();
+    }
+    EXPECT_LT(timer.elapsed(), 256 * 16);
+    RecordProperty("milliseconds for 256 pages", static_cast<int>(timer.elapsed()));
+}
