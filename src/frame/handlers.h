@@ -16,6 +16,10 @@ void addFileCommands(MainWindow& window);
 void addViewCommands(MainWindow& window);
 void addEditCommands(MainWindow& window);
 void addToolCommands(MainWindow& window);
+void addPictureCommands(MainWindow& window);
+void addComponentCommands(MainWindow& window);
+void addArchiveCommands(MainWindow& window);
+void connectTextButtons(MainWindow& window);
 void addFlashCommands(MainWindow& window);
 void addHelpCommands(MainWindow& window);
 void addFontCommands(MainWindow& window);
@@ -32,6 +36,15 @@ void rebuildTabs(MainWindow& window);
 void refillList(MainWindow& window, int tab);
 // After members came or went: #.lst, the lists, the thumbnails. A pattern names what is new.
 void membersChanged(MainWindow& window, const QString& addedPattern);
+// The pictures Logo_??.jpg of the Workspace go to the stage.
+void loadLogos(MainWindow& window);
+// Replaces the member of a row by a picture of the user's choice.
+void changeBackground(MainWindow& window, const QString& name);
+void changeLogo(MainWindow& window, const QString& name);
+// Opens the text member of the current row in the text editor; false if the row is none.
+[[nodiscard]] bool EditTextFile(MainWindow& window);
+// The object of the selected tab shows the text of a member on the stage.
+void showTextMember(MainWindow& window, const QString& name);
 // Gives the stage the entries of the menu in force, and the lists what it overrides.
 void MenuApply(MainWindow& window);
 // Makes a menu file of the Current Flash the menu in force; empty: the embedded menu.

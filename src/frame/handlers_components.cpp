@@ -19,6 +19,16 @@ void onEdit(MainWindow& window)
     case EditAction::EditFont:
         window.commands().run(QStringLiteral("mnuEDIT_NEWFont"));
         break;
+    case EditAction::EditBackground:
+        changeBackground(window, name);
+        break;
+    case EditAction::EditLogo:
+        changeLogo(window, name);
+        break;
+    case EditAction::EditText:
+        if (!EditTextFile(window))
+            window.shell().prompts.ShowMessage(notTextFileText());
+        break;
     case EditAction::TellSpecialTab:
         window.shell().prompts.ShowMessage(specialTabText());
         break;
@@ -53,7 +63,8 @@ void onAdd(MainWindow& window)
 
 void addComponentCommands(MainWindow& window)
 {
-    window.commands().add("ComEdit", [&window] { onEdit(window); });
+    for (const char* name : {"ComEdit", "Toolbar1_13", "Toolbar1_14"})
+        window.commands().add(name, [&window] { onEdit(window); });
     window.commands().add("ComADD", [&window] { onAdd(window); });
     RightPanel& panel = window.rightPanel();
     QObject::connect(&panel.editButton(), &QToolButton::clicked, &window,

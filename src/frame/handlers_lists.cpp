@@ -99,16 +99,6 @@ void showBackgroundMember(MainWindow& window, const QString& name)
     window.ShowBackground();
 }
 
-void showTextMember(MainWindow& window, const QString& name)
-{
-    const int object = window.stageLink().objectOfCurrentTab();
-    PanelRec* panel = window.workbench().params.object(object);
-    if (panel == nullptr)
-        return;
-    panel->Text = FileReadAll(window.shell().run.Workspace + name).text;
-    window.stageLink().stage().DrawPanel(object);
-}
-
 void onRowActivated(MainWindow& window, int tab, int row)
 {
     ParamLists& lists = window.workbench().params;
@@ -288,6 +278,16 @@ void runPopup(MainWindow& window, int index)
 
 } // namespace
 
+void showTextMember(MainWindow& window, const QString& name)
+{
+    const int object = window.stageLink().objectOfCurrentTab();
+    PanelRec* panel = window.workbench().params.object(object);
+    if (panel == nullptr)
+        return;
+    panel->Text = FileReadAll(window.shell().run.Workspace + name).text;
+    window.stageLink().stage().DrawPanel(object);
+}
+
 void applyChange(MainWindow& window, int tab, const RowChange& change)
 {
     ParamLists& lists = window.workbench().params;
@@ -317,7 +317,7 @@ void commitEditor(MainWindow& window)
 {
     ValueEditor& editor = window.rightPanel().editor();
     ListRow* row = currentRow(window);
-    if (!editor.isVisible() || row == nullptr)
+    if (!editor.isVisible() || editor.textEditMode() || row == nullptr)
         return;
     Workbench& bench = window.workbench();
     const QString typed = editor.text();

@@ -80,6 +80,16 @@ void buildObjectTabs(MainWindow& window)
     rebuildTabs(window);
 }
 
+void showAll(MainWindow& window)
+{
+    window.UpdateInterface();
+    window.refreshThumbnails();
+    window.ShowBackground();
+    takeMenu(window, window.workbench().CurrentMenuFile);
+}
+
+} // namespace
+
 void loadLogos(MainWindow& window)
 {
     const QString& folder = window.shell().run.Workspace;
@@ -90,16 +100,6 @@ void loadLogos(MainWindow& window)
     }
     window.stageLink().stage().setLogos(std::move(logos));
 }
-
-void showAll(MainWindow& window)
-{
-    window.UpdateInterface();
-    window.refreshThumbnails();
-    window.ShowBackground();
-    takeMenu(window, window.workbench().CurrentMenuFile);
-}
-
-} // namespace
 
 void rebuildTabs(MainWindow& window)
 {

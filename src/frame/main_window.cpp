@@ -42,11 +42,15 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     addViewCommands(*this);
     addEditCommands(*this);
     addToolCommands(*this);
+    addPictureCommands(*this);
+    addComponentCommands(*this);
+    addArchiveCommands(*this);
     addFlashCommands(*this);
     addHelpCommands(*this);
     addFontCommands(*this);
     addComponentCommands(*this);
     connectLists(*this);
+    connectTextButtons(*this);
     m_menus = std::make_unique<Menus>(*menuBar(), m_commands);
     showFixedEntries(*this);
     m_menus->action(QStringLiteral("mnuMenu_Embedded"))->setChecked(true);

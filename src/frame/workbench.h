@@ -23,6 +23,7 @@ struct Workbench {
     CharSelected characters = startingCharacters(); // for the next font that is made
     WindowFlags flags;
     StatusFields status;
+    bool TextIsUtf8 = false; // the text in the text editor came from a file with the mark of UTF-8
     QString CurrentMenuFile; // a menu file of the Current Flash; empty: the embedded menu
 
     // The shell's parts and the store outlive the workbench.

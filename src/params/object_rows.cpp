@@ -181,6 +181,19 @@ ListRow upgradeNotice()
                     true);
 }
 
+// A parameter that was listed before keeps its value: the level file does not know what was typed.
+void keepValues(const ListRows& before, ListRows& list)
+{
+    for (ListRow& row : list.rows) {
+        const auto old =
+            std::find_if(before.rows.begin(), before.rows.end(), [&row](const ListRow& candidate) {
+                return isParameterRow(row) && candidate.tag == row.tag && isParameterRow(candidate);
+            });
+        if (old != before.rows.end())
+            row = *old;
+    }
+}
+
 } // namespace
 
 bool isParameterRow(const ListRow& row)
@@ -243,6 +256,8 @@ void FillObjectList(const Shell& shell, ParamLists& lists, int object, const Fil
         return;
     ListRows list = objectList(shell, lists, object, options);
     ListRows& shown = *lists.list(panel->TabIndex);
+    if (!options.opening)
+        keepValues(shown, list);
     const int remembered = options.opening ? 1 : std::max(1, shown.selected);
     list.selected = std::min(remembered, list.count());
     if (panel->TabIndex == lists.CurrentTab)

@@ -49,7 +49,8 @@ struct FillOptions {
 // are not touched, so that views may show them while the question stands.
 ListRows objectList(const Shell& shell, ParamLists& lists, int object, const FillOptions& options);
 
-// Fills the list of an object again: the same row stays selected, or the last. Sets CurrentRow if
+// Fills the list of an object again: parameters that it showed keep their values (but not while a
+// gfxboot is opened), the same row stays selected, or the last. Sets CurrentRow if
 // the list is the current one.
 void FillObjectList(const Shell& shell, ParamLists& lists, int object, const FillOptions& options);
 

@@ -244,13 +244,6 @@ void setLogoSize(const Shell& shell, PanelRec& logo)
     logo.HeightParam = clampToI16(-size.height());
 }
 
-// Positive sources would be parameters, so a background smaller than the margins gives 0.
-void setHelpSize(const RunState& run, PanelRec& help)
-{
-    help.WidthParam = clampToI16(std::min(0, 2 * helpMarginX - run.BackWidth));
-    help.HeightParam = clampToI16(std::min(0, 2 * helpMarginY - run.BackHeight));
-}
-
 // In generation 3 the engine has no button bar and no options line, and only as many sparkles as
 // parameter 1 of their file says.
 void finishGeneration3(const Shell& shell, ParamLists& lists)
@@ -265,11 +258,18 @@ void finishGeneration3(const Shell& shell, ParamLists& lists)
         else if (row == LogoPanelRow)
             setLogoSize(shell, panel);
         else if (row == HelpPanelRow)
-            setHelpSize(shell.run, panel);
+            fitHelpPanel(shell.run, panel);
     }
 }
 
 } // namespace
+
+// Positive sources would be parameters, so a background smaller than the margins gives 0.
+void fitHelpPanel(const RunState& run, PanelRec& help)
+{
+    help.WidthParam = clampToI16(std::min(0, 2 * helpMarginX - run.BackWidth));
+    help.HeightParam = clampToI16(std::min(0, 2 * helpMarginY - run.BackHeight));
+}
 
 MenuTexts menuTexts(const QString& entries)
 {

@@ -10,6 +10,8 @@
 
 namespace fennel {
 
+struct RunState;
+
 struct Shell;
 
 // Rows of PanelArr that other parts speak of by name. A row number is the identity of an object
@@ -44,6 +46,9 @@ MenuTexts menuTexts(const QString& entries);
 
 // The name as tabs and menus show it: "Linear|Timer" is Linear Timer, "Glasses|Panel" is Glasses.
 QString objectCaption(const QString& name);
+
+// Sizes the help panel for the background of the run.
+void fitHelpPanel(const RunState& run, PanelRec& help);
 
 // Fills PanelArr with RunState::ObjectCount rows and sets MenuSlit to 3. Needs BackWidth and
 // BackHeight, and in generation 3 the LevelValues and the Workspace, whose Logo_msk.jpg gives the

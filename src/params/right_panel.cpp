@@ -149,16 +149,27 @@ void RightPanel::enableFileButtons(bool enabled)
     m_rowSpin->setEnabled(enabled);
 }
 
-void RightPanel::openEditor(QWidget& host, const QString& caption, const QString& text)
+// Beside the selected row, in the coordinates of the widget that the editor floats on.
+QPoint RightPanel::editorAnchor(QWidget& host, const ListView& list)
 {
-    const ListView* list = view(m_lists.CurrentTab);
-    if (list == nullptr)
-        return;
     if (m_editor->parentWidget() != &host)
         m_editor->setParent(&host);
-    const QPoint row = list->mapTo(this, list->rowRect(list->selected()).center());
+    const QPoint row = list.mapTo(this, list.rowRect(list.selected()).center());
     const QPoint side = mapTo(host.window(), QPoint(-editorGap, row.y()));
-    m_editor->open(caption, text, host.mapFrom(host.window(), side));
+    return host.mapFrom(host.window(), side);
+}
+
+void RightPanel::openEditor(QWidget& host, const QString& caption, const QString& text)
+{
+    if (const ListView* list = view(m_lists.CurrentTab))
+        m_editor->open(caption, text, editorAnchor(host, *list));
+}
+
+void RightPanel::openTextEditor(QWidget& host, const QString& caption, const QString& text,
+                                const QRect& stage)
+{
+    if (const ListView* list = view(m_lists.CurrentTab))
+        m_editor->openText(caption, text, editorAnchor(host, *list), stage);
 }
 
 } // namespace fennel

@@ -43,6 +43,9 @@ public:
     // Opens the value editor beside the selected row. `host` is the widget that the editor floats
     // on.
     void openEditor(QWidget& host, const QString& caption, const QString& text);
+    // The same for a text member: the editor grows over `stage`, a part of `host`.
+    void openTextEditor(QWidget& host, const QString& caption, const QString& text,
+                        const QRect& stage);
 
 Q_SIGNALS:
     void tabClicked(int tab);
@@ -56,6 +59,7 @@ private:
     void buildButtons();
     QToolButton* fileButton(const char* name, const QString& caption, const QString& toolTip);
     void addView(int number);
+    QPoint editorAnchor(QWidget& host, const ListView& list);
 
     ParamLists& m_lists;
     TabStrip* m_tabs;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Frame6ParamsEdit: the box that a value is typed into, beside its row.
+// Frame6ParamsEdit: the box that a value is typed into, beside its row. For text members it grows
+// over the stage and becomes an editor with buttons of its own.
 #pragma once
 
 #include <QCheckBox>
@@ -7,17 +8,30 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include <array>
+
+class QSequentialAnimationGroup;
+
 namespace fennel {
 
 class ValueEditor : public QGroupBox {
     Q_OBJECT
 public:
+    // Index of ComFr6ForTXT.
+    enum TextButton { CloseText, SaveText, ReloadText, ConvertText };
+
     explicit ValueEditor(QWidget* parent);
 
     // Shows the text fully selected, with the colour tools if it is hexadecimal. `anchor` is the
     // point, in the parent's coordinates, that the right edge and the middle of the height go to.
     void open(const QString& caption, const QString& text, QPoint anchor);
+    // Shows a text member in TextEditMode: from where open() has put it the frame grows to the left
+    // and upwards until it fills `area` (the parent's coordinates). Keys edit the text, and the
+    // loss of the focus closes nothing.
+    void openText(const QString& caption, const QString& text, QPoint anchor, const QRect& area);
     void close();
+    [[nodiscard]] bool textEditMode() const { return m_textMode; }
+    // As it was typed; line ends are LF.
     [[nodiscard]] QString text() const;
     void setText(const QString& text);
     [[nodiscard]] QPlainTextEdit& box() { return *m_text; }         // TextValue
@@ -28,14 +42,23 @@ Q_SIGNALS:
     void committed();
     // Escape, or the focus went elsewhere.
     void cancelled();
+    void textButtonClicked(ValueEditor::TextButton button);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void buildTextButtons();
+    void setTextMode(bool on);
+    void place(QPoint anchor);
+    void grow(const QRect& area);
+
     QPlainTextEdit* m_text;
     QPushButton* m_colour;
     QCheckBox* m_pipette;
+    QWidget* m_textButtons;
+    QSequentialAnimationGroup* m_growth = nullptr;
+    bool m_textMode = false;
 };
 
 } // namespace fennel

@@ -2,6 +2,7 @@
 #include "shell/qt_prompts.h"
 
 #include "shell/files.h"
+#include "shell/picture_preview.h"
 #include "shell/run_state.h"
 
 #include <QApplication>
@@ -50,6 +51,36 @@ QMessageBox::Icon iconOf(MessageType type)
 QString startFolder(const FileQuestion& question)
 {
     return FolderExists(question.folder) ? question.folder : QDir::homePath();
+}
+
+// A question under the wait cursor looks as if nobody listened.
+class PlainCursor {
+public:
+    PlainCursor() : m_set(QGuiApplication::overrideCursor() != nullptr)
+    {
+        if (m_set)
+            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    ~PlainCursor()
+    {
+        if (m_set)
+            QGuiApplication::restoreOverrideCursor();
+    }
+    PlainCursor(const PlainCursor&) = delete;
+    PlainCursor& operator=(const PlainCursor&) = delete;
+
+private:
+    bool m_set;
+};
+
+// With a preview, which only Qt's own dialog has room for.
+QString openPicture(QWidget* parent, const FileQuestion& question)
+{
+    QFileDialog dialog(parent, question.title, startFolder(question), qtFilter(question.filter));
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    PicturePreview::addTo(dialog);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 QLayout* pictureColumn(const QImage& picture, const QString& caption)
@@ -101,6 +132,7 @@ Answer QtPrompts::ShowMessage(const QString& text, MessageType type, const QStri
     QMessageBox box(iconOf(type), title.isEmpty() ? programTitle() : title, text, buttonsOf(type),
                     parent());
     box.setTextFormat(Qt::PlainText);
+    const PlainCursor cursor;
     switch (box.exec()) {
     case QMessageBox::Yes:
         return Answer::Yes;
@@ -115,12 +147,16 @@ Answer QtPrompts::ShowMessage(const QString& text, MessageType type, const QStri
 
 QString QtPrompts::openFile(const FileQuestion& question)
 {
+    const PlainCursor cursor;
+    if (question.picture)
+        return openPicture(parent(), question);
     return QFileDialog::getOpenFileName(parent(), question.title, startFolder(question),
                                         qtFilter(question.filter));
 }
 
 QString QtPrompts::saveFile(const FileQuestion& question)
 {
+    const PlainCursor cursor;
     return QFileDialog::getSaveFileName(parent(), question.title,
                                         QDir(startFolder(question)).filePath(question.proposedName),
                                         qtFilter(question.filter));
@@ -128,6 +164,7 @@ QString QtPrompts::saveFile(const FileQuestion& question)
 
 QString QtPrompts::ChooseFolder(const QString& title)
 {
+    const PlainCursor cursor;
     return QFileDialog::getExistingDirectory(
         parent(), title.isEmpty() ? QStringLiteral("Choose folder...") : title, QDir::homePath());
 }
@@ -135,6 +172,7 @@ QString QtPrompts::ChooseFolder(const QString& title)
 std::optional<QString> QtPrompts::input(const QString& prompt, const QString& title,
                                         const QString& initial)
 {
+    const PlainCursor cursor;
     bool accepted = false;
     const QString text = QInputDialog::getText(parent(), title.isEmpty() ? programTitle() : title,
                                                prompt, QLineEdit::Normal, initial, &accepted);
@@ -167,6 +205,7 @@ void QtPrompts::showPicture(const QString& text, const QImage& picture, const QS
 
 std::optional<QColor> QtPrompts::colour(const QColor& initial)
 {
+    const PlainCursor cursor;
     const QColor chosen = QColorDialog::getColor(initial, parent());
     return chosen.isValid() ? std::optional(chosen) : std::nullopt;
 }

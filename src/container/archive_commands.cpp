@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: MIT
+#include "container/archive_commands.h"
+
+#include "container/archive_tools.h"
+#include "container/gfx_save.h"
+#include "container/member_list.h"
+#include "shell/file_steps.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <algorithm>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString workingMark = u"#"_s; // first character of the tools' working files
+
+QString ask(const Shell& shell, const QString& title, const QString& filter, const QString& folder)
+{
+    FileQuestion question;
+    question.folder = folder;
+    question.title = title;
+    question.filter = filter;
+    return shell.prompts.openFile(question);
+}
+
+// A failure without a text was told where it came up.
+void tell(const Shell& shell, const Failure& failure)
+{
+    if (!failure.text.empty())
+        (void)shell.told(failure);
+}
+
+// The plain files of a folder in directory order.
+QStringList plainFiles(const QString& folder)
+{
+    return QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot,
+                                  QDir::Unsorted);
+}
+
+// All files of the staging folder go over those of the target, or none does.
+Result<void> deliver(const Shell& shell, const QString& staging, const QString& target)
+{
+    const QString from = withSeparator(staging);
+    const QString to = withSeparator(target);
+    const QStringList names = plainFiles(staging);
+    // Names in an unknown code page have no path of ours and go as bytes, without a way back.
+    if (std::any_of(names.begin(), names.end(),
+                    [&from](const QString& name) { return !FileExists(from + name); }))
+        return shell.files.moveFiles(staging, target);
+    FileSteps steps(shell);
+    for (const QString& name : names) {
+        if (Result<void> put = steps.replace(from + name, to + name); !put)
+            return put;
+    }
+    steps.keep();
+    return {};
+}
+
+Failure wouldReplaceItself(const QString& archive)
+{
+    return {FailureKind::Unsupported, archive.toStdString() +
+                                          " holds a file of its own name and would be replaced by "
+                                          "it. Choose another folder."};
+}
+
+bool holds(const QString& staging, const QString& target, const QString& archive)
+{
+    return shortForm(withSeparator(target) + namePart(archive)) == shortForm(archive) &&
+           FileExists(withSeparator(staging) + namePart(archive));
+}
+
+Result<void> extractTo(const Shell& shell, const QString& archive, const QString& folder)
+{
+    const QTemporaryDir staging(shell.run.WorkspaceRoot + u"#extract-XXXXXX"_s);
+    if (!staging.isValid())
+        return Failure{FailureKind::Io, "Cannot make a folder in " +
+                                            shell.run.WorkspaceRoot.toStdString() + ": " +
+                                            staging.errorString().toStdString()};
+    if (Result<void> extracted = CpioInfoExtract(shell, archive, staging.path()); !extracted)
+        return extracted;
+    if (holds(staging.path(), folder, archive))
+        return wouldReplaceItself(archive);
+    return deliver(shell, staging.path(), folder);
+}
+
+// "#.lst" of all files but the tools' own.
+Result<void> makeList(const Shell& shell, const QString& folder)
+{
+    QByteArray names;
+    for (const QString& name : plainFiles(folder)) {
+        if (!name.startsWith(workingMark))
+            names += QFile::encodeName(name) + "\r\n";
+    }
+    if (names.isEmpty())
+        return Failure{FailureKind::NotFound, folder.toStdString() + " holds no files."};
+    const QString fresh = shell.run.WorkspaceRoot + memberListName;
+    if (Result<void> written = shell.files.write(fresh, names); !written)
+        return written;
+    return shell.files.rename(fresh, withSeparator(folder) + memberListName);
+}
+
+void tellCpioError(const Shell& shell, const Failure& failure)
+{
+    const QString error = u"CPIO Error"_s;
+    const QString reason = QString::fromStdString(failure.text);
+    if (!reason.isEmpty()) // else the missing tool was told
+        shell.prompts.ShowMessage(reason == error ? error : error + u"\n\n"_s + reason);
+}
+
+void saveAssembled(const Shell& shell, const QString& made, const QString& folder)
+{
+    const QString proposed = folder + u"mess"_s;
+    const QString chosen = SaveDialog(shell, folderPart(folder), u"Save assembled gfxboot as..."_s,
+                                      namePart(proposed));
+    if (chosen.isEmpty())
+        return;
+    if (chosen.compare(proposed, Qt::CaseInsensitive) == 0) {
+        shell.prompts.ShowMessage(
+            u"The assembled gfxboot is kept until the program ends as\n%1\nChoose another name "
+            "to save it."_s.arg(made));
+        return;
+    }
+    if (shell.told(shell.files.replaceWhole(made, chosen)))
+        (void)shell.files.remove(made);
+}
+
+// Whether what was unwrapped may go into the folder.
+bool mayPut(const Shell& shell, const QString& path)
+{
+    return !FileExists(path) ||
+           shell.prompts.ShowMessage(
+               u"File %1 already exists.\nDo you want to replace it?"_s.arg(path),
+               MessageType::YesNo, u"Extract"_s) == Answer::Yes;
+}
+
+Result<void> unwrapBeside(const Shell& shell, const QString& file)
+{
+    const QTemporaryDir staging(shell.run.WorkspaceRoot + u"#unwrap-XXXXXX"_s);
+    if (!staging.isValid())
+        return Failure{FailureKind::Io, "Cannot make a folder in " +
+                                            shell.run.WorkspaceRoot.toStdString() + ": " +
+                                            staging.errorString().toStdString()};
+    const Result<QString> name = SevenZipExtract(shell, file, staging.path());
+    if (!name)
+        return name.failure();
+    if (name->isEmpty())
+        return Failure{FailureKind::Malformed, file.toStdString() + " is no gZip archive."};
+    const QString folder = folderPart(file);
+    for (const QString& made : plainFiles(staging.path())) {
+        if (made.startsWith(workingMark) && made != *name)
+            (void)shell.files.remove(withSeparator(staging.path()) + made);
+        else if (shortForm(folder + made) == shortForm(file))
+            return wouldReplaceItself(file);
+        else if (!mayPut(shell, folder + made))
+            return {};
+    }
+    return deliver(shell, staging.path(), folder);
+}
+
+} // namespace
+
+void mnuEdit_Extract(const Shell& shell)
+{
+    const QString start = shell.run.GfxOpened ? folderPart(shell.run.GfxPath) : QDir::homePath();
+    const QString archive = ask(shell, u"File open...."_s, u"All Files (*.*)|*.*|"_s, start);
+    if (archive.isEmpty())
+        return;
+    const QString folder =
+        shell.prompts.ChooseFolder(u"Specify the folder for gfxboot extracting"_s);
+    if (folder.isEmpty())
+        return;
+    const Result<void> done = extractTo(shell, shortForm(archive), shortForm(folder));
+    if (!done)
+        tell(shell, done.failure());
+}
+
+void mnuEdit_Assemble(const Shell& shell)
+{
+    if (!shell.toolThere(shell.run.ToolCpio))
+        return;
+    const QString chosen =
+        shell.prompts.ChooseFolder(u"Specify the folder with gfxboot components"_s);
+    if (chosen.isEmpty())
+        return;
+    const QString folder = shortForm(chosen);
+    if (!FileExists(withSeparator(folder) + memberListName)) {
+        shell.prompts.ShowMessage(u"Additional Gfxboot info-file is absent.\n"
+                                  "Will be assembled all the files from the folder\n"
+                                  "Specified folder: "_s +
+                                  chosen);
+        if (!shell.told(makeList(shell, folder)))
+            return;
+    }
+    const QString made = shell.run.WorkspaceRoot + assembledName;
+    const Result<void> assembled = CpioAssemble(shell, made, folder);
+    if (assembled)
+        saveAssembled(shell, made, folder);
+    else
+        tellCpioError(shell, assembled.failure());
+}
+
+void mnuT_GZip_Extract(const Shell& shell)
+{
+    const QString file = ask(shell, u"File open...."_s,
+                             u"gZip-files (*.gz)|*.gz|All files (*.*)|*.*|"_s, QDir::homePath());
+    if (file.isEmpty() || !shell.toolThere(shell.run.Tool7Zip))
+        return;
+    const Result<void> done = unwrapBeside(shell, shortForm(file));
+    if (!done)
+        tell(shell, done.failure());
+}
+
+void mnuT_GZip_Pack(const Shell& shell)
+{
+    const QString file =
+        ask(shell, u"File to compress...."_s, u"All files (*.*)|*.*|"_s, QDir::homePath());
+    if (file.isEmpty())
+        return;
+    const QString target = file + u".gz"_s;
+    if (FileExists(target)) {
+        shell.prompts.ShowMessage(u"File "_s + file + u".gz is already exist."_s);
+        return;
+    }
+    const Result<QString> packed =
+        SevenZipPack(shell, shortForm(file), shell.run.WorkspaceRoot, {});
+    if (!packed) {
+        tell(shell, packed.failure());
+        return;
+    }
+    (void)shell.told(shell.files.replaceWhole(*packed, target));
+    (void)shell.files.remove(*packed);
+}
+
+} // namespace fennel

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+// Editing of text members in the frame of the value editor.
+#include "frame/handlers.h"
+#include "frame/main_window.h"
+#include "frame/stage_link.h"
+#include "params/right_panel.h"
+#include "params/text_edit.h"
+#include "stage/stage_surface.h"
+
+namespace fennel {
+
+namespace {
+
+QString currentMember(MainWindow& window)
+{
+    ParamLists& lists = window.workbench().params;
+    const ListRows* list = lists.list(lists.CurrentTab);
+    const ListRow* row = list == nullptr ? nullptr : list->row(lists.CurrentRow);
+    return row == nullptr ? QString() : fileOfTag(row->tag);
+}
+
+// Lists that show the member's length.
+void refillLengths(MainWindow& window)
+{
+    const int tab = window.workbench().params.CurrentTab;
+    refillList(window, TabGfxboot);
+    if (tab >= FirstObjectTab)
+        refillList(window, tab);
+    updateRowButtons(window);
+}
+
+void save(MainWindow& window)
+{
+    const Shell& shell = window.shell();
+    const QString name = currentMember(window);
+    if (name.isEmpty())
+        return;
+    const QString text = window.rightPanel().editor().text();
+    if (!shell.told(saveTextMember(shell.files, shell.run.Workspace + name, text)))
+        return; // the text stays open
+    CloseEditor(window);
+    refillLengths(window);
+    showTextMember(window, name);
+}
+
+void reload(MainWindow& window)
+{
+    CloseEditor(window);
+    (void)EditTextFile(window);
+}
+
+void convert(MainWindow& window)
+{
+    if (window.workbench().TextIsUtf8) {
+        window.shell().prompts.ShowMessage(QStringLiteral("File already uses UTF-8 encoding"),
+                                           MessageType::Ok, QStringLiteral("UTF-8"));
+        return;
+    }
+    ValueEditor& editor = window.rightPanel().editor();
+    editor.setText(readAsUtf8(editor.text()));
+}
+
+} // namespace
+
+bool EditTextFile(MainWindow& window)
+{
+    const Shell& shell = window.shell();
+    const QString name = currentMember(window);
+    if (!isTextMember(name))
+        return false;
+    const Result<TextFile> file = readTextMember(shell.run.Workspace + name);
+    if (!file) {
+        (void)shell.told(file.failure());
+        return true;
+    }
+    window.workbench().TextIsUtf8 = file->TextIsUtf8;
+    const QWidget& port = *window.surface().parentWidget();
+    const QRect stage(port.mapTo(&window.area(), QPoint(0, 0)), port.size());
+    window.rightPanel().openTextEditor(window.area(), name, file->text, stage);
+    return true;
+}
+
+void connectTextButtons(MainWindow& window)
+{
+    QObject::connect(&window.rightPanel().editor(), &ValueEditor::textButtonClicked, &window,
+                     [&window](ValueEditor::TextButton button) {
+                         switch (button) {
+                         case ValueEditor::CloseText:
+                             CloseEditor(window);
+                             break;
+                         case ValueEditor::SaveText:
+                             save(window);
+                             break;
+                         case ValueEditor::ReloadText:
+                             reload(window);
+                             break;
+                         case ValueEditor::ConvertText:
+                             convert(window);
+                             break;
+                         }
+                     });
+}
+
+} // namespace fennel

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+// Colours by slider, key, dialogue, pipette and typing: controls, record, row, stage and saved
+// bytes say the same.
+#include "frame/colour_link.h"
+#include "frame/handlers.h"
+#include "stage/colour_tools.h"
+#include "stage/pipette.h"
+#include "stage/stage_surface.h"
+#include "window_fixture.h"
+
+namespace fennel::test {
+
+namespace {
+
+constexpr int lineRow = 22; // the running line: fill, text and transparency have parameters
+
+class Colours : public WindowTest {
+protected:
+    Colours()
+    {
+        openTemplate(lineRow);
+        pipette().setScreen([this](QPoint) { return screen; }, [] { return QPoint(5, 5); });
+    }
+    ColourTools& tools() { return window->colourTools(); }
+    Pipette& pipette() { return window->colourLink().pipette(); }
+    void click() { QTest::mouseClick(&pipette(), Qt::LeftButton); }
+    // What every place says of the fill.
+    void expectFill(QRgb colour, const QString& text)
+    {
+        EXPECT_EQ(record(lineRow).BackColor, colour);
+        EXPECT_EQ(stage().panel(lineRow).fill, colour);
+        EXPECT_EQ(shown(lineRow, record(lineRow).BackParam), text);
+        EXPECT_EQ(tools().sliderColour(), colour);
+        EXPECT_EQ(tools().sample().text(), text);
+        EXPECT_EQ(tools().box(0).text() + tools().box(1).text() + tools().box(2).text(),
+                  text.mid(2));
+        ASSERT_TRUE(writeParameters(*window));
+        QByteArray bytes;
+        for (const int part : {qBlue(colour), qGreen(colour), qRed(colour)})
+            bytes += static_cast<char>(part);
+        EXPECT_EQ(savedBytes(levelFileOf(record(lineRow)), record(lineRow).BackParam), bytes);
+    }
+    static QImage plain(QRgb colour)
+    {
+        QImage image(11, 11, QImage::Format_RGB32);
+        image.fill(colour);
+        return image;
+    }
+    QImage screen = plain(qRgb(1, 2, 3));
+};
+
+TEST_F(Colours, TheFrameStandsForTheMessageInGeneration3)
+{
+    EXPECT_TRUE(tools().isVisible());
+    EXPECT_FALSE(child<QWidget>(u"Frame7RDMessage"_s).isVisible());
+    for (const char* name :
+         {"TextColor", "Check1Pipetka", "ComRGB", "VScrollRGB(0)", "VScrollRGB(2)", "TextRGB(1)",
+          "Transparency", "Text_Transp", "Label_Transp", "Command1"}) {
+        const auto& control = child<QWidget>(QString::fromLatin1(name));
+        EXPECT_TRUE(tools().rect().contains(control.geometry())) << name;
+    }
+    window->showBottomPanel(false);
+    EXPECT_FALSE(tools().isVisible());
+}
+
+TEST_F(Colours, SlidersAndTheirKeysChangeEverythingAtOnce)
+{
+    tools().slider(0).setValue(255);
+    tools().slider(1).setValue(0);
+    tools().slider(2).setValue(0);
+    expectFill(qRgb(255, 0, 0), u"0xFF0000"_s);
+    QTest::keyClick(&tools().box(0), Qt::Key_Down);
+    QTest::keyClick(&tools().box(1), Qt::Key_Up);
+    expectFill(qRgb(255, 0, 0), u"0xFF0000"_s);
+    QTest::keyClick(&tools().box(0), Qt::Key_Up);
+    QTest::keyClick(&tools().box(2), Qt::Key_Down);
+    QTest::keyClicks(&tools().box(2), u"7F"_s);
+    expectFill(qRgb(254, 0, 1), u"0xFE0001"_s);
+}
+
+TEST_F(Colours, TransparencyReachesRecordAndRow)
+{
+    tools().transparency().setValue(33);
+    EXPECT_EQ(record(lineRow).Transp, 33);
+    EXPECT_EQ(shown(lineRow, record(lineRow).TranspParam), u"33"_s);
+    EXPECT_EQ(child<QLineEdit>(u"Text_Transp"_s).text(), u"33"_s);
+    // Command1 brings the file's own values back.
+    const qint64 before =
+        bench.params.ZUKarr.at(levelFileOf(record(lineRow)), record(lineRow).TranspParam)
+            .LevelValue;
+    tools().slider(0).setValue(9);
+    child<QPushButton>(u"Command1"_s).click();
+    EXPECT_EQ(record(lineRow).Transp, before);
+    EXPECT_NE(tools().slider(0).value(), 9);
+}
+
+TEST_F(Colours, TheDialogueGivesTheFillOrLeavesIt)
+{
+    shell.prompts.expectColour(QColor(0x12, 0x34, 0xAB));
+    tools().colourButton().click();
+    expectFill(qRgb(0x12, 0x34, 0xAB), u"0x1234AB"_s);
+    shell.prompts.expectColour(std::nullopt);
+    tools().colourButton().click();
+    expectFill(qRgb(0x12, 0x34, 0xAB), u"0x1234AB"_s);
+}
+
+TEST_F(Colours, AClickTakesTheColourUnderThePipette)
+{
+    tools().pipette().setChecked(true);
+    EXPECT_EQ(window->colourLink().pipettesOn(), 1);
+    EXPECT_EQ(tools().sample().text(), u"0x010203"_s);
+    EXPECT_FALSE(window->surface().pulsing());
+    screen = plain(qRgb(0, 0x80, 0xFF));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tools().sample().text() == u"0x0080FF"_s; }));
+    click();
+    EXPECT_EQ(window->colourLink().pipettesOn(), 0);
+    EXPECT_FALSE(pipette().working());
+    EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
+    EXPECT_EQ(QWidget::keyboardGrabber(), nullptr);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    expectFill(qRgb(0, 0x80, 0xFF), u"0x0080FF"_s);
+}
+
+TEST_F(Colours, EscapeLeavesEverythingAndGivesTheCursorBack)
+{
+    const QRgb before = record(lineRow).BackColor;
+    const QString text = shown(lineRow, record(lineRow).BackParam);
+    tools().pipette().setChecked(true);
+    EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
+    QTest::keyClick(&pipette(), Qt::Key_Escape);
+    EXPECT_FALSE(tools().pipette().isChecked());
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    expectFill(before, text);
+}
+
+TEST_F(Colours, TheValueEditorHasAPipetteAndADialogueOfItsOwn)
+{
+    editRow(lineRow, record(lineRow).TextParam);
+    ValueEditor& editor = window->rightPanel().editor();
+    ASSERT_TRUE(editor.isVisible());
+    const QString before = editor.text();
+    screen = plain(qRgb(255, 255, 255));
+    editor.pipette().setChecked(true);
+    // A white sample with black text.
+    EXPECT_EQ(editor.box().palette().color(QPalette::Base), QColor(Qt::white));
+    EXPECT_EQ(editor.box().palette().color(QPalette::Text), QColor(Qt::black));
+    QTest::keyClick(&pipette(), Qt::Key_Escape);
+    EXPECT_EQ(shown(lineRow, record(lineRow).TextParam), before);
+    EXPECT_NE(editor.box().palette().color(QPalette::Text),
+              editor.box().palette().color(QPalette::Base));
+    editor.pipette().setChecked(true);
+    click();
+    EXPECT_FALSE(editor.isVisible());
+    EXPECT_EQ(shown(lineRow, record(lineRow).TextParam), u"0xFFFFFF"_s);
+    EXPECT_EQ(record(lineRow).TextColor, qRgb(255, 255, 255));
+
+    editRow(lineRow, record(lineRow).BackParam);
+    shell.prompts.expectColour(QColor(0xAA, 0xBB, 0xCC));
+    editor.colourButton().click();
+    expectFill(qRgb(0xAA, 0xBB, 0xCC), u"0xAABBCC"_s);
+}
+
+TEST_F(Colours, TypedValuesReachTheControls)
+{
+    editRow(lineRow, record(lineRow).BackParam);
+    window->rightPanel().editor().setText(u"0xff00"_s);
+    QTest::keyClick(&window->rightPanel().editor().box(), Qt::Key_Return);
+    expectFill(qRgb(0, 255, 0), u"0x00FF00"_s);
+}
+
+TEST_F(Colours, WithoutObjectOrParameterNothingChanges)
+{
+    const QRgb before = record(lineRow).BackColor;
+    stage().SelectPanel(-1);
+    EXPECT_FALSE(tools().slider(0).isEnabled());
+    tools().slider(0).setValue(77); // as a style sheet or a script could
+    shell.prompts.expectColour(QColor(1, 2, 3));
+    window->colourTools().colourButton().setEnabled(true);
+    window->colourTools().colourButton().click();
+    EXPECT_EQ(record(lineRow).BackColor, before);
+    // An object that is not the selected one changes its record and row without a redraw.
+    stage().SelectPanel(lineRow);
+    stage().ColourPanel = lineRow;
+    stage().SelectedPanel = 0;
+    tools().slider(0).setValue(200);
+    EXPECT_EQ(qRed(record(lineRow).BackColor), 200);
+    EXPECT_NE(qRed(stage().panel(lineRow).fill), 200);
+}
+
+TEST_F(Colours, ChangingTheMenuKeepsItsBarAboveIt)
+{
+    selectObject(0);
+    tools().slider(1).setValue(99);
+    const auto& order = stage().stacking();
+    EXPECT_LT(std::find(order.begin(), order.end(), 0), std::find(order.begin(), order.end(), 1));
+}
+
+} // namespace
+
+} // namespace fennel::test
