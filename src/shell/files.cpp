@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
 
 #include <cerrno>
 #include <cstring>
@@ -313,13 +312,29 @@ QString namePart(const QString& path)
 
 bool fitsPattern(const QString& name, const QString& pattern)
 {
-    const QString expression = QRegularExpression::escape(pattern)
-                                   .replace(QLatin1String("\\?"), QLatin1String("."))
-                                   .replace(QLatin1String("\\*"), QLatin1String(".*"));
-    const QRegularExpression regex(QRegularExpression::anchoredPattern(expression),
-                                   QRegularExpression::CaseInsensitiveOption |
-                                       QRegularExpression::DotMatchesEverythingOption);
-    return regex.match(name).hasMatch();
+    qsizetype n = 0;
+    qsizetype p = 0;
+    qsizetype star = -1; // the last "*", and what the name was matched up to there
+    qsizetype resume = 0;
+    while (n < name.size()) {
+        const QChar c = p < pattern.size() ? pattern[p] : QChar();
+        if (p < pattern.size() && c == u'*') {
+            star = p++;
+            resume = n;
+        } else if (p < pattern.size() &&
+                   (c == u'?' || c.toCaseFolded() == name[n].toCaseFolded())) {
+            ++n;
+            ++p;
+        } else if (star >= 0) {
+            p = star + 1;
+            n = ++resume;
+        } else {
+            return false;
+        }
+    }
+    while (p < pattern.size() && pattern[p] == u'*')
+        ++p;
+    return p == pattern.size();
 }
 
 QStringList filesLike(const QString& folder, const QString& pattern)

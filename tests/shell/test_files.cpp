@@ -48,3 +48,26 @@ TEST(Files, NumberedPatternsComeInNumericOrderAndIgnoreCase)
     EXPECT_TRUE(fitsPattern(u"a(1).x"_s, u"a(?).*"_s));
     EXPECT_FALSE(fitsPattern(u"ab"_s, u"a"_s));
 }
+
+TEST(Files, PatternsOfDos)
+{
+    const struct {
+        const char* pattern;
+        const char* fitting;
+        const char* other;
+    } cases[] = {{"*", "", nullptr},
+                 {"*.jpg", "a.b.JPG", "a.jpg.b"},
+                 {"*.jpg", ".jpg", "jpg"},
+                 {"a*b*c", "aXbbXbcbc", "aXbXcX"},
+                 {"a**c", "ac", "a"},
+                 {"??", "ЖЖ", "Ж"},
+                 {"ЛОГО*", "лого_1", "лог"},
+                 {"", "", "a"},
+                 {"ZUK????.CFG", "zuk0001.cfg", "ZUK001.CFG"}};
+    for (const auto& c : cases) {
+        const QString pattern = QString::fromUtf8(c.pattern);
+        EXPECT_TRUE(fitsPattern(QString::fromUtf8(c.fitting), pattern)) << c.pattern;
+        EXPECT_FALSE(c.other != nullptr && fitsPattern(QString::fromUtf8(c.other), pattern))
+            << c.other;
+    }
+}
