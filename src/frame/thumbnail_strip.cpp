@@ -43,32 +43,46 @@ ThumbnailStrip::ThumbnailStrip(QWidget* parent)
     connect(m_scroll, &QScrollBar::valueChanged, this, &ThumbnailStrip::place);
 }
 
+void ThumbnailStrip::addImage()
+{
+    auto* label = new QLabel(m_port);
+    label->setObjectName(QStringLiteral("Image1_%1").arg(m_images.size()));
+    label->setAlignment(Qt::AlignCenter);
+    label->setMouseTracking(true);
+    label->installEventFilter(this);
+    label->show();
+    m_images.push_back({label, {}});
+}
+
 void ThumbnailStrip::setFiles(const QString& folder, const QStringList& names)
 {
-    while (m_images.size() > static_cast<std::size_t>(names.size())) {
-        delete m_images.back();
+    const auto count = static_cast<std::size_t>(names.size());
+    while (m_images.size() > count) {
+        delete m_images.back().label;
         m_images.pop_back();
     }
-    for (qsizetype i = 0; i < names.size(); ++i) {
-        if (m_images.size() <= static_cast<std::size_t>(i)) {
-            auto* image = new QLabel(m_port);
-            image->setObjectName(QStringLiteral("Image1_%1").arg(i));
-            image->setAlignment(Qt::AlignCenter);
-            image->setMouseTracking(true);
-            image->installEventFilter(this);
-            image->show();
-            m_images.push_back(image);
-        }
-        QLabel* image = m_images[static_cast<std::size_t>(i)];
-        const QPixmap picture = thumbnail(folder + names[i]);
-        image->setPixmap(picture);
-        if (picture.isNull())
-            image->setText(names[i]);
-        image->setProperty("member", names[i]);
-        image->setToolTip(names[i]);
+    while (m_images.size() < count)
+        addImage();
+    for (std::size_t i = 0; i < count; ++i) {
+        const QString& name = names[static_cast<qsizetype>(i)];
+        m_images[i].path = folder + name;
+        m_images[i].loaded = false;
+        m_images[i].label->clear();
+        m_images[i].label->setProperty("member", name);
+        m_images[i].label->setToolTip(name);
     }
     m_scroll->setValue(0);
     place();
+}
+
+void ThumbnailStrip::load(Image& image)
+{
+    image.loaded = true;
+    const QPixmap picture = thumbnail(image.path);
+    if (picture.isNull())
+        image.label->setText(image.label->toolTip());
+    else
+        image.label->setPixmap(picture);
 }
 
 void ThumbnailStrip::place()
@@ -83,9 +97,13 @@ void ThumbnailStrip::place()
     for (std::size_t i = 0; i < m_images.size(); ++i) {
         const int column = static_cast<int>(i) % columns;
         const int row = static_cast<int>(i) / columns;
-        m_images[i]->setGeometry(cellGap + column * cell.width(),
-                                 cellGap + row * cell.height() - m_scroll->value(),
-                                 cellSize.width(), cellSize.height());
+        Image& image = m_images[i];
+        const QRect place(cellGap + column * cell.width(),
+                          cellGap + row * cell.height() - m_scroll->value(), cellSize.width(),
+                          cellSize.height());
+        image.label->setGeometry(place);
+        if (!image.loaded && place.intersects(m_port->rect()))
+            load(image);
     }
 }
 

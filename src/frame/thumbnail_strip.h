@@ -31,10 +31,18 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    // Decoding is what takes time, so a picture is loaded when its place is first seen.
+    struct Image {
+        QLabel* label;
+        QString path;
+        bool loaded = false;
+    };
+    void addImage();
     void place();
+    void load(Image& image);
 
     QWidget* m_port;
-    std::vector<QLabel*> m_images;
+    std::vector<Image> m_images;
     QScrollBar* m_scroll; // VScroll1
     QSpinBox* m_upDown;
 };

@@ -106,6 +106,8 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
 
 QVariant ListModel::decoration(const ListRow& row) const
 {
+    if (m_measuring && (row.swatch || !row.iconFile.isEmpty()))
+        return QImage(m_iconSize, QImage::Format_Mono);
     if (!row.iconFile.isEmpty()) {
         const QImage image = picture(row.iconFile);
         return image.isNull() ? QVariant() : QVariant(image);

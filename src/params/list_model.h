@@ -24,6 +24,8 @@ public:
     // The cells of the rows changed, their number did not.
     void refresh();
     void setIconSize(QSize size);
+    // While columns are measured, pictures only take their room; they are loaded to be painted.
+    void setMeasuring(bool on) { m_measuring = on; }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -45,6 +47,7 @@ private:
 
     const ListRows* m_rows = nullptr;
     QSize m_iconSize;
+    bool m_measuring = false;
     mutable QHash<QString, QImage> m_pictures; // by path, time and size of the file
 };
 

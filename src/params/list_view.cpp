@@ -94,12 +94,16 @@ int ListView::selected() const
 
 void ListView::fitColumns()
 {
+    if (current() != m_report)
+        return;
+    m_model.setMeasuring(true);
     for (int column = 0; column < m_model.columnCount(); ++column) {
         m_report->resizeColumnToContents(column);
         const bool last = column + 1 == m_model.columnCount();
         if (!last && m_report->columnWidth(column) > widestColumn)
             m_report->setColumnWidth(column, widestColumn);
     }
+    m_model.setMeasuring(false);
 }
 
 void ListView::reorderItems()
