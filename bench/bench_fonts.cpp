@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Fonts: making them with the tool's start (beside Debian's gfxboot-font), the texts of the
 // character set, the page of the dialog.
-#include "fonts/char_sets.h"
+#include "fonts/char_page.h"
 #include "fonts/font_dialog.h"
+#include "shell/installed_fonts.h"
 
 #include <benchmark/benchmark.h>
 
+#include <QApplication>
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -98,5 +101,53 @@ void changePage(benchmark::State& state)
     }
 }
 BENCHMARK(changePage)->Unit(benchmark::kMicrosecond);
+
+// The installed font with the most characters.
+QString largestFont()
+{
+    QString largest;
+    std::size_t most = 0;
+    for (const InstalledFont& font : installedFonts()) {
+        const std::size_t characters = charactersOf(QRawFont(font.path, 15)).count();
+        if (characters > most) {
+            most = characters;
+            largest = font.path;
+        }
+    }
+    return largest;
+}
+
+// The page on screen: from the scroll bar's move to painted pixels, each page for the first time.
+void turnPage(benchmark::State& state)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    int count = 1;
+    std::array<char, 6> name{"bench"};
+    std::array<char*, 2> arguments{name.data(), nullptr};
+    const QApplication app(count, arguments.data());
+    const CharSelected set = startingCharacters();
+    CharPage shown(set, nullptr);
+    const QString path = largestFont();
+    const QRawFont face(path, 15);
+    const CharSelected there = charactersOf(face);
+    shown.setFace(face, QFont(), there);
+    shown.show();
+    QApplication::processEvents();
+    QPixmap screen(shown.size());
+    int page = 0;
+    double slowest = 0;
+    for (auto step : state) {
+        QElapsedTimer timer;
+        timer.start();
+        page = (page + 1) % pageCount;
+        shown.setPage(page);
+        shown.render(&screen);
+        slowest = std::max(slowest, static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+    state.SetLabel(path.section(u'/', -1).toStdString());
+    state.counters["characters"] = static_cast<double>(there.count());
+    state.counters["slowest_ms"] = slowest;
+}
+BENCHMARK(turnPage)->Iterations(pageCount)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -29,7 +29,7 @@ Boot boot(const QString& message, const QStringList& options)
     return result;
 }
 
-Message::Message(const QByteArray& newBackground)
+Message::Message(const QByteArray& newBackground, const QByteArray& newFont)
 {
     QFile file(QStringLiteral(FENNEL_BIN_DIR "/data/GFX.GZ"));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
@@ -38,12 +38,14 @@ Message::Message(const QByteArray& newBackground)
         {reinterpret_cast<const std::uint8_t*>(gzip.data()), static_cast<size_t>(gzip.size())});
     auto members = readCpio(contents.value().data);
     for (CpioMember& member : members.value()) {
-        if (member.name != "back.jpg")
-            continue;
-        background = QImage::fromData(member.data.data(), static_cast<int>(member.data.size()));
-        if (!newBackground.isEmpty())
-            member.data = {reinterpret_cast<const std::uint8_t*>(newBackground.data()),
-                           static_cast<size_t>(newBackground.size())};
+        if (member.name == "back.jpg")
+            background = QImage::fromData(member.data.data(), static_cast<int>(member.data.size()));
+        const QByteArray& other = member.name == "back.jpg"    ? newBackground
+                                  : member.name == "16x16.fnt" ? newFont
+                                                               : QByteArray();
+        if (!other.isEmpty())
+            member.data = {reinterpret_cast<const std::uint8_t*>(other.data()),
+                           static_cast<size_t>(other.size())};
     }
     archive = writeCpio(members.value()).value();
 }

@@ -24,12 +24,12 @@ struct Boot {
 
 Boot boot(const QString& message, const QStringList& options = {});
 
-// The built template, its back.jpg taken out or another put in its place.
+// The built template, its back.jpg taken out or another put in its place, and another font.
 struct Message {
     std::vector<std::uint8_t> archive;
     QImage background;
 
-    explicit Message(const QByteArray& newBackground = {});
+    explicit Message(const QByteArray& newBackground = {}, const QByteArray& newFont = {});
     [[nodiscard]] QString saveIn(const QTemporaryDir& folder) const;
 };
 

@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: MIT
+// Changing, adding and looking into fonts in the whole window: menu, buttons, lists, dialog.
+#include "container/open_fixture.h"
+#include "fonts/font_window.h"
+#include "fonts/inspection_list.h"
+#include "params/right_panel.h"
+#include "support/test_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QListView>
+#include <QTest>
+#include <QTimer>
+#include <QTreeView>
+
+using namespace fennel;
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class FontCommands : public ::testing::Test {
+protected:
+    // Without a tag and with four bytes of glyphs, of U+0041 and U+0416.
+    static std::string oldFont()
+    {
+        return {"\x06\x8E\x82\xD2\x02\0\0\0\x10\x03\x12\x41\0\xA0\x02\0\x16\x04\xE0\x02\0abcd", 25};
+    }
+    void openGeneration(int number)
+    {
+        if (number == 3) {
+            w.open(w.t.file(u"template"_s, bytesOf(QStringLiteral(FENNEL_BIN_DIR "/data/GFX.GZ"))));
+            return;
+        }
+        RawCpio archive = smallMessage(400, 300);
+        archive.add({.name = "16x16.fnt", .data = oldFont()});
+        if (number == 2)
+            archive.add({.name = "gfxboot.cfg", .data = "foreground=0xFFFFFF\r\n"});
+        w.open(w.t.file(u"message"_s, QByteArray::fromStdString(archive.close())));
+    }
+    // What the user does when the dialog stands.
+    void inDialog(const std::function<void(FontWindow&)>& act)
+    {
+        QTimer::singleShot(0, &w.window, [this, act] {
+            auto* dialog = qobject_cast<FontWindow*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            titles << dialog->windowTitle();
+            act(*dialog);
+        });
+    }
+    void applyInDialog(const QString& font = u"DejaVu Serif"_s)
+    {
+        inDialog([font](FontWindow& dialog) {
+            auto* list = dialog.findChild<QComboBox*>(u"Combo1"_s);
+            list->setCurrentIndex(list->findText(font + u" > "_s, Qt::MatchStartsWith));
+            QTest::keyClick(list, Qt::Key_Return);
+        });
+    }
+    void run(const QString& command)
+    {
+        w.window.commands().run(command);
+        QCoreApplication::processEvents();
+    }
+    // A click on a row of the fonts' list.
+    void clickRow(int row, bool twice = false)
+    {
+        ListView* list = w.window.rightPanel().view(TabFonts);
+        QWidget* port = list->findChild<QTreeView*>()->viewport();
+        const QPoint at = port->mapFrom(list, list->rowRect(row).center());
+        QTest::mouseClick(port, Qt::LeftButton, {}, at);
+        if (twice)
+            QTest::mouseDClick(port, Qt::LeftButton, {}, at);
+        QCoreApplication::processEvents();
+    }
+    void goToFonts() { w.click(w.find<QWidget>(u"TabStrip1_%1"_s.arg(int{TabFonts}))); }
+    QByteArray member(const QString& name) { return bytesOf(w.t.run.Workspace + name); }
+    bool has(const QString& name) { return FileExists(w.t.run.Workspace + name); }
+    QString example() { return w.find<QLabel>(u"FontExample"_s).text(); }
+
+    TestWindow w;
+    QStringList titles; // of the dialogs that came
+};
+
+} // namespace
+
+TEST_F(FontCommands, Generation1KeepsItsFont)
+{
+    openGeneration(1);
+    EXPECT_FALSE(w.action(u"mnuEDIT_NEWFont"_s).isEnabled());
+    EXPECT_FALSE(w.action(u"mnuEDIT_ADDFont"_s).isEnabled());
+    applyInDialog();
+    run(u"mnuEDIT_NEWFont"_s);
+    EXPECT_EQ(titles, QStringList{u"Font. Edit 16x16.fnt"_s});
+    EXPECT_EQ(member(u"16x16.fnt"_s).toStdString(), oldFont());
+    EXPECT_TRUE(has(u"#.#nt"_s));
+    goToFonts();
+    w.t.prompts.expectMessage(u"Too old version of the gfxboot.\nFonts are not supported"_s);
+    clickRow(1, true);
+    EXPECT_FALSE(w.find<QWidget>(u"Frame_for_List1"_s).isVisible());
+}
+
+TEST_F(FontCommands, Generation2ChangesItsOneFontAndKeepsTheOldOne)
+{
+    openGeneration(2);
+    applyInDialog();
+    w.choose(u"mnuEDIT_NEWFont"_s);
+    EXPECT_EQ(member(u"#16x16.#nt"_s).toStdString(), oldFont());
+    EXPECT_TRUE(member(u"16x16.fnt"_s).contains("utility|DejaVu Serif\t|size\t"));
+    EXPECT_FALSE(has(u"#.#nt"_s));
+    EXPECT_EQ(w.bench.fonts.table[0].FontName, u"DejaVu Serif"_s);
+    goToFonts();
+    EXPECT_EQ(example(), u"Gfxboot v3.3 custom. Supports one font. \n"
+                         " This is an example of the font used."_s);
+    EXPECT_EQ(w.find<QLabel>(u"FontExample"_s).font().family(), u"DejaVu Serif"_s);
+}
+
+TEST_F(FontCommands, Generation3ChangesTheSelectedAndAddsFurtherFonts)
+{
+    openGeneration(3);
+    goToFonts();
+    EXPECT_FALSE(w.find<QWidget>(u"Font_change"_s).isEnabled());
+    clickRow(1);
+    applyInDialog();
+    w.click(w.find<QWidget>(u"ComADD"_s));
+    EXPECT_TRUE(has(u"16x16_01.fnt"_s));
+    EXPECT_TRUE(member(u"#.lst"_s).contains("16x16_01.fnt"));
+    const ListRows& list = *w.bench.params.list(TabFonts);
+    ASSERT_GT(list.selected, 0);
+    EXPECT_EQ(list.row(list.selected)->text(), u"16x16_01.fnt"_s);
+    const QByteArray first = member(u"16x16.fnt"_s);
+
+    applyInDialog(u"Liberation Sans Bold"_s);
+    w.click(w.find<QWidget>(u"Font_change"_s));
+    EXPECT_TRUE(member(u"16x16_01.fnt"_s).contains("utility|Liberation Sans\t Bold|size\t14 px|"));
+    EXPECT_EQ(member(u"16x16.fnt"_s), first);
+    EXPECT_TRUE(w.find<QLabel>(u"FontExample"_s).font().bold());
+
+    applyInDialog();
+    w.click(w.find<QWidget>(u"Toolbar1_12"_s));
+    EXPECT_EQ(titles, (QStringList{u"Font. Add"_s, u"Font. Edit 16x16_01.fnt"_s,
+                                   u"Font. Edit 16x16_01.fnt"_s}));
+    applyInDialog();
+    w.choose(u"mnuEDIT_ADDFont"_s);
+    EXPECT_TRUE(has(u"16x16_02.fnt"_s));
+}
+
+TEST_F(FontCommands, WhatFailsOrIsCancelledChangesNothing)
+{
+    for (const int generation : {2, 3}) {
+        openGeneration(generation);
+        const QByteArray before = member(u"16x16.fnt"_s);
+        inDialog([](FontWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+        run(u"mnuEDIT_NEWFont"_s);
+
+        inDialog([](FontWindow& dialog) {
+            dialog.findChild<QAbstractButton*>(u"Perekluchatel_3"_s)->click();
+            dialog.findChild<QAbstractButton*>(u"SetFromIni"_s)->click();
+            QTest::keyClick(&dialog, Qt::Key_Return);
+        });
+        w.t.prompts.expectMessage(u"ERROR. "_s);
+        run(u"mnuEDIT_NEWFont"_s);
+        EXPECT_EQ(w.t.prompts.titles.back(), u"Font creating error"_s);
+
+        w.bench.characters = startingCharacters();
+        const QString tool = w.t.run.ToolMkFont;
+        w.t.run.ToolMkFont = u"/nowhere/mkfnt"_s;
+        applyInDialog();
+        w.t.prompts.expectMessage(u"/nowhere/mkfnt not found!"_s);
+        w.t.prompts.expectMessage(u"ERROR. File could not be created"_s);
+        run(u"mnuEDIT_NEWFont"_s);
+        w.t.run.ToolMkFont = tool;
+        EXPECT_EQ(member(u"16x16.fnt"_s), before) << generation;
+        EXPECT_FALSE(has(u"#.#nt"_s));
+        EXPECT_FALSE(has(u"#16x16.#nt"_s));
+    }
+}
+
+TEST_F(FontCommands, TheCharactersOfAFontOverTheStage)
+{
+    openGeneration(2);
+    goToFonts();
+    clickRow(2, true);
+    EXPECT_FALSE(w.find<QWidget>(u"Frame_for_List1"_s).isVisible()); // no heading row
+    clickRow(1, true);
+    auto& frame = w.find<InspectionList>(u"Frame_for_List1"_s);
+    ASSERT_TRUE(frame.isVisible());
+    EXPECT_EQ(frame.geometry(), w.find<QWidget>(u"Picture1"_s).rect().adjusted(10, 9, -10, -9));
+    EXPECT_EQ(w.find<QLabel>(u"LabelForList1"_s).text(), u"FNT-file content"_s);
+    auto& list = w.find<QListView>(u"List1"_s);
+    ASSERT_EQ(list.model()->rowCount(), 5);
+    const auto click = [&](int row, Qt::MouseButton button) {
+        QTest::mouseClick(list.viewport(), button, {},
+                          list.visualRect(list.model()->index(row, 0)).center());
+        QCoreApplication::processEvents();
+    };
+    w.t.prompts.expectMessage(u"Position in set =4\n1604 E00200|Ж|"_s);
+    click(4, Qt::LeftButton);
+    EXPECT_TRUE(w.t.prompts.texts.back().endsWith(u"representation:\n6364"_s));
+    for (const int row : {0, 1, 2}) {
+        w.t.prompts.expectMessage(u"representation:\n---"_s);
+        click(row, Qt::LeftButton);
+    }
+    w.t.prompts.expectMessage(u"Вызов PopupMenu для List1(2)\nPlanned..."_s);
+    click(2, Qt::RightButton);
+    w.t.prompts.expectMessage(u"It's roll"_s);
+    click(2, Qt::MiddleButton);
+    EXPECT_TRUE(frame.isVisible());
+
+    w.click(w.find<QWidget>(u"CommandList1Close"_s));
+    EXPECT_FALSE(frame.isVisible());
+    w.window.rightPanel().view(TabFonts)->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(frame.isVisible());
+    w.find<QWidget>(u"Picture1"_s).setFocus();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(frame.isVisible()) << "it goes with the focus";
+}
+
+TEST_F(FontCommands, TheSamplePanelStandsOverTheThumbnailsOfTheFontsTabOnly)
+{
+    openGeneration(2);
+    auto& info = w.find<QWidget>(u"Frame8FontINFO"_s);
+    EXPECT_FALSE(info.isVisible());
+    goToFonts();
+    EXPECT_TRUE(info.isVisible());
+    EXPECT_TRUE(example().startsWith(u"Gfxboot v3.3 custom. Supports one font. \n"
+                                     "Tag @ZUK-MOSA@ is missing. \n"
+                                     "The real font is undefined."_s));
+    EXPECT_TRUE(w.find<QWidget>(u"Frame2Podval"_s).geometry().contains(info.geometry()));
+    w.window.showBottomPanel(false);
+    EXPECT_FALSE(info.isVisible());
+    w.window.showBottomPanel(true);
+    w.click(w.find<QWidget>(u"TabStrip1_2"_s));
+    EXPECT_FALSE(info.isVisible());
+}
