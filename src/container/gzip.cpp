@@ -285,7 +285,8 @@ Result<std::vector<std::uint8_t>> gzipCompress(Bytes data, std::string_view name
                                                std::uint32_t mtime, int level)
 {
     if (data.size() > maxGzipContents)
-        return Failure{FailureKind::TooLarge, "more than 256 MB to compress"};
+        return Failure{FailureKind::TooLarge,
+                       "more than " + std::to_string(maxGzipContents >> 20U) + " MB to compress"};
     const std::unique_ptr<libdeflate_compressor, Release> engine{
         libdeflate_alloc_compressor(level)};
     if (!engine)

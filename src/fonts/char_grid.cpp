@@ -28,13 +28,13 @@ int cellAt(QPoint point)
     return inside ? row * cellColumns + column : -1;
 }
 
+// What the cells show, a blank for those that show nothing.
 QString charactersOfPage(int page)
 {
-    QString text(cellCount, Qt::Uninitialized);
+    QString text(cellCount, u' ');
     for (int cell = 0; cell < cellCount; ++cell) {
-        const int code = page * cellCount + cell;
-        text[cell] =
-            cellGlyph(page, cell).isEmpty() ? QChar(u' ') : QChar(static_cast<char16_t>(code));
+        if (const QString glyph = cellGlyph(page, cell); !glyph.isEmpty())
+            text[cell] = glyph.front();
     }
     return text;
 }

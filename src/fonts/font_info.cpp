@@ -35,6 +35,8 @@ FontInfo::FontInfo(QWidget* parent)
     port->setFrameStyle(QFrame::NoFrame);
     port->setWidgetResizable(true);
     port->setWidget(m_example);
+    port->viewport()->setAutoFillBackground(false);
+    m_example->setAutoFillBackground(false);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(margin, margin / 2, margin, margin / 2);
     row->addWidget(port, 1);

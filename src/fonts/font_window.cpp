@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "fonts/font_window.h"
 
+#include <QAbstractItemView>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -12,7 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int cellPixels = 15;          // letters in the cells
+constexpr int cellPixels = 15; // letters in the cells
+constexpr int scrollBarRoom = 28;
 constexpr int usualSpace = 4;           // boot-screen pixels
 constexpr NumberRange sizes{1, 200, 1}; // points; what is too large for the format the tool refuses
 
@@ -46,13 +48,11 @@ FontWindow::FontWindow(const Shell& shell, const FontDialogStart& start, CharSel
     setObjectName(u"frmFonts"_s);
     setWindowTitle(start.title);
     auto* top = new QHBoxLayout;
-    auto* right = new QVBoxLayout;
-    right->addWidget(makeFontFrame(), 1);
-    right->addLayout(makeSpacings());
-    top->addWidget(m_views, 1);
-    top->addLayout(right);
+    top->addWidget(m_views, 3);
+    top->addWidget(makeFontFrame(), 2);
     auto* column = new QVBoxLayout(this);
     column->addLayout(top, 1);
+    column->addLayout(makeSpacings());
     column->addWidget(m_page);
     column->addLayout(makeEnd());
     m_list->setCurrentIndex(placeOfFont(m_fonts, start.FontStyleName));
@@ -84,8 +84,11 @@ QGroupBox* FontWindow::makeFontFrame()
     m_list->setObjectName(u"Combo1"_s);
     m_list->setStyleSheet(u"QComboBox { combobox-popup: 0; }"_s);
     m_list->setMaxVisibleItems(20);
+    m_list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_list->setMinimumContentsLength(30);
     for (const FontFile& font : m_fonts)
         m_list->addItem(font.rowText());
+    m_list->view()->setMinimumWidth(m_list->view()->sizeHintForColumn(0) + scrollBarRoom);
     m_bold = addIndicator(u"CheckBold"_s, u"Bold"_s);
     m_italic = addIndicator(u"CheckItalic"_s, u"Italic"_s);
     m_size = new NumberSpin(u"UpDown1"_s, u"Text2"_s, sizes, frame);

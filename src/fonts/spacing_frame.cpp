@@ -8,7 +8,6 @@ namespace fennel {
 namespace {
 // What the font format can hold as an advance.
 constexpr NumberRange spacings{-127, 127, 0};
-constexpr int sampleWidth = 150;
 constexpr int samplePixels = 15; // height of the sample's letters
 } // namespace
 
@@ -23,8 +22,9 @@ SpacingFrame::SpacingFrame(const QString& name, const QString& title, const QStr
     m_number->setToolTip(tr("Pixels of the boot screen"));
     for (const Word& word : words)
         addWord(word);
-    m_sample->setMinimumSize(sampleWidth, 3 * samplePixels);
+    m_sample->setMinimumSize(m_sample->childrenRect().right() + samplePixels, 3 * samplePixels);
     auto* row = new QHBoxLayout(this);
+    row->setSpacing(samplePixels);
     row->addWidget(m_number, 0, Qt::AlignVCenter);
     row->addWidget(m_sample, 1);
     connect(m_number, &QDoubleSpinBox::valueChanged, this, &SpacingFrame::moveWords);

@@ -11,6 +11,7 @@
 #include "params/cfg_file.h"
 #include "params/panel_values.h"
 #include "params/right_panel.h"
+#include "params/tabs.h"
 
 #include <QFontDatabase>
 
@@ -71,6 +72,8 @@ void selectFont(MainWindow& window, const QString& component)
     if (lists.CurrentTab == TabFonts)
         lists.CurrentRow = list.selected;
     updateRowButtons(window);
+    window.fontInfo().changeButton().setEnabled(
+        buttonsOfRow(window.shell().run, lists, TabFonts, list.selected).Font_change);
 }
 
 // The menu of the older generations is as high as its font says.

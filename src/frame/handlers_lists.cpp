@@ -72,6 +72,7 @@ void onRowSelected(MainWindow& window, int tab, int row, bool rightButton)
     const RunState& run = window.shell().run;
     if (!run.GfxOpened || !run.InterfaceReady || tab != lists.CurrentTab)
         return;
+    lists.list(tab)->selected = row; // the buttons look at it
     const ItemClick click = onItemClick(run, lists, tab, row, rightButton);
     lists.CurrentRow = click.select;
     lists.list(tab)->selected = click.select;

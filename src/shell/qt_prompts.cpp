@@ -181,7 +181,7 @@ std::optional<QString> QtPrompts::input(const QString& prompt, const QString& ti
 
 void QtPrompts::showPicture(const QString& text, const QImage& picture, const QString& caption)
 {
-    constexpr QSize usual(720, 360);
+    constexpr QSize usual(880, 380);
     QDialog box(parent());
     box.setWindowTitle(programTitle());
     auto* words = new QPlainTextEdit(text);

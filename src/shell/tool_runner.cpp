@@ -53,8 +53,9 @@ Result<void> ProcessToolRunner::run(const QStringList& commandLine, const QStrin
         process.kill();
         process.waitForFinished(1000);
     }
-    m_errorOutput =
-        QString::fromUtf8(process.readAllStandardError()).right(keptErrorCharacters).trimmed();
+    if (outputFile.isEmpty())
+        m_errorOutput =
+            QString::fromUtf8(process.readAllStandardError()).right(keptErrorCharacters).trimmed();
     if (!ended)
         return toolFailure(tool, QStringLiteral("did not end in time and was stopped."),
                            m_errorOutput);

@@ -10,6 +10,7 @@
 
 namespace fennel {
 
+// Whether a tool is there at all is asked, and told to the user, by Shell::toolThere().
 class ToolRunner {
 public:
     virtual ~ToolRunner() = default;

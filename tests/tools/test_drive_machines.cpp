@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Letters, kinds, labels and disk numbers on machines of many sorts, and on the one that runs the
 // tests.
-#include "machine_tree.h"
+#include "support/machine_tree.h"
 #include "support/test_shell.h"
 #include "tools/block_devices.h"
 #include "tools/mount_table.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The Current Flash: sticks that come and go, the choice of one, and the report on them.
-#include "machine_tree.h"
+#include "support/machine_tree.h"
 #include "support/test_shell.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The boot test from the editor's side: who is started with what, and what the user hears. Scripts
 // stand in for the bridge.
-#include "machine_tree.h"
+#include "support/machine_tree.h"
 #include "support/test_shell.h"
 #include "tools/qemu.h"
 #include "tools/video_bios.h"

@@ -2,7 +2,7 @@
 // The QEMU bridge with an image file in place of a stick. The guest is a boot sector that writes to
 // its disk, reads that back, and turns the machine off if it is the same.
 #include "bridges/run_program.h"
-#include "machine_tree.h"
+#include "support/machine_tree.h"
 
 #include <QCryptographicHash>
 #include <QStandardPaths>

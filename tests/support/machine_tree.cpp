@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "machine_tree.h"
+#include "support/machine_tree.h"
 
 #include "support/test_shell.h"
 

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+// A stick with menus of its own: chosen, shown on the stage, laid over the parameters, pulled out.
+#include "desktop/story.h"
+
+#include "frame/flash_link.h"
+#include "frame/menus.h"
+#include "frame/stage_link.h"
+#include "params/object_table.h"
+#include "params/right_panel.h"
+#include "support/machine_tree.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+using namespace fennel;
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int timeObject = 5;
+
+// A laptop with one stick plugged in; the program under test looks at it instead of this machine.
+class StickTest : public testing::Test {
+protected:
+    StickTest()
+    {
+        buildLaptop(machine);
+        mountStick(machine, 1);
+        machine.write(u"/media/ann/BOOT_ME/MENU.LST"_s, "gfxmenu (hd0,0)/boot/message\n"
+                                                        "title First entry\\nwith help\n"
+                                                        "title Second entry\n"
+                                                        "title [zuk0000] :2=200 :6=0x00ff00\n");
+        machine.write(u"/media/ann/BOOT_ME/plain.lst"_s, "\xEF\xBB\xBF"
+                                                         "title Привет\r\n");
+        qputenv(systemRootVariable, machine.root().toLocal8Bit());
+    }
+    ~StickTest() override { qunsetenv(systemRootVariable); }
+
+    void runEntry(Story& story, const char* array, int index)
+    {
+        story.window.commands().runEntry(QLatin1String(array), index);
+        QCoreApplication::processEvents();
+    }
+
+    MachineTree machine;
+};
+
+} // namespace
+
+TEST_F(StickTest, ItsMenuFillsTheStageAndLiesOverTheParameters)
+{
+    Story story;
+    EXPECT_TRUE(story.window.menus().action(u"mnuFlash"_s)->isEnabled());
+    story.makeNew();
+    runEntry(story, "mnuFlash_FlashArr", 0);
+    EXPECT_EQ(story.run().CurrentFlashChar, 'E'); // D is the system's own partition
+    EXPECT_EQ(story.run().CurrentFlashDisk, 1);
+    EXPECT_EQ(story.bench.status.field(1), u"E:"_s);
+
+    story.goToTab(u"Menu"_s);
+    ASSERT_EQ(story.list().count(), 4);
+    EXPECT_EQ(story.list().row(3)->text(), u"MENU.LST"_s);
+    EXPECT_EQ(story.list().row(3)->text(2), u"boot\\message"_s);
+    EXPECT_EQ(story.list().row(3)->colour, dataMenuRow);
+
+    runEntry(story, "mnuMenu_fromFlash", 0);
+    EXPECT_EQ(story.bench.CurrentMenuFile, u"MENU.LST"_s);
+    EXPECT_TRUE(*story.list().row(3)->checked);
+    EXPECT_FALSE(*story.list().row(1)->checked);
+    EXPECT_TRUE(story.lists().PanelArr[MenuBarRow].Text.startsWith(u"First entry"));
+
+    story.goToTab(u"Time"_s);
+    EXPECT_EQ(story.list().row(2)->text(LstColumn), u"200"_s);
+    EXPECT_EQ(story.list().row(4)->text(LstColumn), u"0xFF00"_s);
+    const qint16 left = story.lists().PanelArr[timeObject].Left;
+    QCheckBox& box = story.window.rightPanel().fromMenu();
+    ASSERT_TRUE(box.isEnabled());
+    QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
+    ASSERT_TRUE(box.isChecked());
+    EXPECT_EQ(story.lists().PanelArr[timeObject].Left, 200);
+    EXPECT_EQ(story.lists().PanelArr[timeObject].BackColor, qRgb(0, 255, 0));
+
+    story.user().expectMessage(u"You can not edit data, while they are overlap by"_s);
+    story.goToRow(u":02:="_s);
+    QTest::keyClick(story.window.rightPanel().view(story.lists().CurrentTab)->currentWidget(),
+                    Qt::Key_Return);
+    EXPECT_FALSE(story.window.rightPanel().editor().isVisible());
+
+    const QString path = story.shell.path(u"file values"_s);
+    story.saveAs(path, false);
+    const auto general = recordsOf(membersOf(story.shell.path(u"file_values"_s))[u"ZUK0000.CFG"_s]);
+    EXPECT_EQ(general.at(2), left);
+
+    QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
+    EXPECT_EQ(story.lists().PanelArr[timeObject].Left, left);
+}
+
+TEST_F(StickTest, GoesAndComesBack)
+{
+    Story story;
+    story.makeNew();
+    runEntry(story, "mnuFlash_FlashArr", 0);
+    runEntry(story, "mnuMenu_fromFlash", 1);
+    EXPECT_EQ(story.lists().PanelArr[MenuBarRow].Text.left(6), u"Привет"_s);
+
+    unmountStick(machine, 1);
+    story.user().expectMessage(u"BOOT ME"_s);
+    story.window.flashLink().drives().MonitorOn = true;
+    story.window.flashLink().drives().mountsChanged();
+    EXPECT_EQ(story.run().CurrentFlashChar, noFlash);
+    EXPECT_FALSE(story.window.menus().action(u"mnuFlash"_s)->isEnabled());
+    EXPECT_TRUE(story.bench.CurrentMenuFile.isEmpty());
+    EXPECT_TRUE(story.lists().PanelArr[MenuBarRow].Text.startsWith(u"RECALL"));
+
+    mountStick(machine, 1);
+    story.user().expectMessage(u"BOOT ME"_s);
+    story.window.flashLink().drives().mountsChanged();
+    EXPECT_TRUE(story.window.menus().action(u"mnuFlash"_s)->isEnabled());
+}
+
+TEST_F(StickTest, WithoutADriveQemuAsksForOne)
+{
+    Story story;
+    story.user().expectMessage(u"\"Current Flash Device\""_s);
+    story.window.toolbarCommand(21);
+}
