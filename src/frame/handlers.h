@@ -23,7 +23,6 @@ void connectTextButtons(MainWindow& window);
 void addFlashCommands(MainWindow& window);
 void addHelpCommands(MainWindow& window);
 void addFontCommands(MainWindow& window);
-void addComponentCommands(MainWindow& window);
 void connectLists(MainWindow& window);
 // Entries of arrays that never change, once the menus stand.
 void showFixedEntries(MainWindow& window);

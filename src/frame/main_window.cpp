@@ -48,7 +48,6 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     addFlashCommands(*this);
     addHelpCommands(*this);
     addFontCommands(*this);
-    addComponentCommands(*this);
     connectLists(*this);
     connectTextButtons(*this);
     m_menus = std::make_unique<Menus>(*menuBar(), m_commands);
