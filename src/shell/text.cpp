@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 namespace fennel {
 
@@ -27,6 +28,8 @@ constexpr std::array<char16_t, 128> cp1251High = {
 
 constexpr char utf8Mark[] = "\xEF\xBB\xBF";
 constexpr double decimalLimit = 2147483647.0;
+// Digits of the largest double and more: what stands behind them does not change the number.
+constexpr qsizetype mostDigits = 330;
 
 bool isSkipped(QChar c)
 {
@@ -107,20 +110,25 @@ QStringView trimBlanks(QStringView text)
 double leadingNumber(QStringView text)
 {
     QString number;
+    bool started = false;
     bool point = false;
     for (const QChar c : text) {
         if (isSkipped(c))
             continue;
-        const bool sign = (c == u'-' || c == u'+') && number.isEmpty();
+        const bool sign = (c == u'-' || c == u'+') && !started;
         const bool firstPoint = c == u'.' && !point;
         const bool digit = c >= u'0' && c <= u'9';
         if (!sign && !firstPoint && !digit)
             break;
+        started = true;
         point = point || firstPoint;
-        number.append(c);
+        // Zeros in front are no digits of the number, however many there are.
+        const bool inFront = c == u'0' && (number.isEmpty() || number == u"-" || number == u"+");
+        if (!inFront && number.size() < mostDigits)
+            number.append(c);
     }
-    const double value = number.toDouble();
-    return std::isfinite(value) ? value : 0.0;
+    constexpr double largest = std::numeric_limits<double>::max();
+    return std::clamp(number.toDouble(), -largest, largest);
 }
 
 qint64 numberFromText(QStringView text)
