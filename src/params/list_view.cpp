@@ -6,6 +6,8 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
+#include <utility>
+
 namespace fennel {
 
 namespace {
@@ -49,9 +51,18 @@ void ListView::connectView(QAbstractItemView& view)
     view.installEventFilter(this);
     connect(view.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this, &view](const QModelIndex& now) {
-                if (!m_silent && now.isValid() && &view == current())
-                    Q_EMIT rowSelected(now.row() + 1, m_rightButton);
+                if (m_silent || !now.isValid() || &view != current())
+                    return;
+                m_moved = false;
+                // A pop-up takes the release of the button away, so the flag ends here.
+                Q_EMIT rowSelected(now.row() + 1, std::exchange(m_rightButton, false));
             });
+    // The view marks the row that was clicked only after it has told of it: a row selected in
+    // answer has to be marked once more.
+    connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        if (!m_silent && std::exchange(m_moved, false))
+            select(selected());
+    });
     connect(&view, &QAbstractItemView::doubleClicked, this,
             [this](const QModelIndex& index) { Q_EMIT rowActivated(index.row() + 1); });
 }
@@ -85,6 +96,7 @@ void ListView::select(int row)
     current()->setCurrentIndex(index);
     if (index.isValid())
         current()->scrollTo(index);
+    m_moved = true;
 }
 
 int ListView::selected() const
@@ -133,7 +145,7 @@ bool ListView::eventFilter(QObject* watched, QEvent* event)
         m_rightButton = mouse->button() == Qt::RightButton;
         // A press on the row that is selected already moves nothing, but is a click all the same.
         if (index.isValid() && index.row() + 1 == selected())
-            Q_EMIT rowSelected(index.row() + 1, m_rightButton);
+            Q_EMIT rowSelected(index.row() + 1, std::exchange(m_rightButton, false));
     }
     if (event->type() == QEvent::MouseButtonRelease)
         m_rightButton = false;

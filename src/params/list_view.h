@@ -48,6 +48,7 @@ private:
     QListView* m_icons;
     bool m_silent = false;
     bool m_rightButton = false;
+    bool m_moved = false; // select() answered the latest rowSelected()
 };
 
 } // namespace fennel
