@@ -6,12 +6,27 @@
 #include <QFileInfo>
 #include <QFont>
 #include <QImageReader>
+#include <QTextDocument>
 
 namespace fennel {
 
 namespace {
 
 constexpr QRgb swatchFrame = 0xff808080;
+// A text of a megabyte would be measured and drawn for seconds; the row itself keeps it whole.
+constexpr qsizetype longestShown = 500;
+
+QString shortened(const QString& text)
+{
+    return text.size() > longestShown ? text.left(longestShown) + QChar(u'…') : text;
+}
+
+// Tool tips take what looks like markup for markup; comments of files are plain text.
+QString plainTip(const QString& text)
+{
+    const QString tip = shortened(text);
+    return Qt::mightBeRichText(tip) ? QStringLiteral("<qt>%1</qt>").arg(tip.toHtmlEscaped()) : tip;
+}
 
 QImage swatchImage(QRgb colour, QSize size)
 {
@@ -81,9 +96,9 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
     const RowCell cell = column < row->cells.size() ? row->cells[column] : RowCell{};
     switch (role) {
     case Qt::DisplayRole:
-        return cell.text;
+        return shortened(cell.text);
     case Qt::ToolTipRole:
-        return cell.toolTip.isEmpty() ? QVariant() : QVariant(cell.toolTip);
+        return cell.toolTip.isEmpty() ? QVariant() : QVariant(plainTip(cell.toolTip));
     case Qt::ForegroundRole: {
         const std::optional<QRgb> colour = cell.colour ? cell.colour : row->colour;
         return colour ? QVariant(QBrush(QColor(*colour))) : QVariant();
