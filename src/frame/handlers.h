@@ -61,6 +61,9 @@ void updateRowButtons(MainWindow& window);
 void commitEditor(MainWindow& window);
 void CloseEditor(MainWindow& window);
 
+// Brings the rows of gfxboot.cfg into their file and shows them as they stand then; the same
+// parameter stays selected. False if that failed and the user was told.
+bool writeConfig(MainWindow& window);
 // Brings the parameters from the lists into their files.
 bool writeParameters(MainWindow& window);
 

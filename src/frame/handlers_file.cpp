@@ -6,7 +6,6 @@
 #include "frame/handlers.h"
 #include "frame/main_window.h"
 #include "frame/menus.h"
-#include "params/cfg_file.h"
 #include "params/level_files.h"
 #include "params/right_panel.h"
 
@@ -62,10 +61,13 @@ void makeNew(MainWindow& window)
 void saveAs(MainWindow& window)
 {
     const Shell& shell = window.shell();
+    const QString shown = namePart(shell.run.BackFile);
     if (!GfxSaveAs(shell, [&window] { return writeParameters(window); }))
         return;
     window.workbench().lastUsed.LastUsedAdd(shell, shell.run.GfxPath);
     window.UpdateInterface();
+    if (namePart(shell.run.BackFile) != shown)
+        window.ShowBackground();
 }
 
 void save(MainWindow& window)
@@ -90,7 +92,7 @@ bool writeParameters(MainWindow& window)
     ParamLists& lists = window.workbench().params;
     commitEditor(window);
     if (!shell.run.GfxHasZuk)
-        return CfgWrite(shell, *lists.list(TabConfig));
+        return writeConfig(window);
     GatherListValues(shell, lists);
     return shell.told(WriteLevelFiles(shell, lists.ZUKarr)) &&
            RebuildMemberList(shell, QStringLiteral("*.CFG")).ok();

@@ -151,9 +151,7 @@ void writeCfgRow(MainWindow& window)
 {
     ParamLists& lists = window.workbench().params;
     ListRows& list = *lists.list(TabConfig);
-    (void)CfgWrite(window.shell(), list);
-    window.rightPanel().fillList(TabConfig);
-    window.rightPanel().view(TabConfig)->select(lists.CurrentRow);
+    (void)writeConfig(window);
     applyGeneration(window.shell(), lists, window.workbench().fonts.table,
                     [&list](QStringView key) { return CfgValue(list, key); });
     window.stageLink().stage().RefreshPanels();
@@ -287,6 +285,20 @@ void showTextMember(MainWindow& window, const QString& name)
         return;
     panel->Text = FileReadAll(window.shell().run.Workspace + name).text;
     window.stageLink().stage().DrawPanel(object);
+}
+
+bool writeConfig(MainWindow& window)
+{
+    ParamLists& lists = window.workbench().params;
+    ListRows& list = *lists.list(TabConfig);
+    const bool shown = lists.CurrentTab == TabConfig;
+    if (shown)
+        list.selected = lists.CurrentRow;
+    const bool done = CfgWrite(window.shell(), list);
+    window.rightPanel().fillList(TabConfig);
+    if (shown)
+        lists.CurrentRow = list.selected;
+    return done;
 }
 
 void applyChange(MainWindow& window, int tab, const RowChange& change)
