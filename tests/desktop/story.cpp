@@ -169,4 +169,23 @@ std::map<QString, QByteArray> membersOf(const QString& messageFile)
     return members;
 }
 
+QString messageOf(TestShell& shell, const std::map<QString, QByteArray>& members)
+{
+    const QTemporaryDir folder;
+    QByteArray names;
+    for (const auto& [name, bytes] : members) {
+        EXPECT_TRUE(shell.files.write(folder.filePath(name), bytes).ok());
+        names += name.toUtf8() + "\n";
+    }
+    QProcess cpio;
+    cpio.setWorkingDirectory(folder.path());
+    QString message = shell.path(u"message"_s);
+    cpio.setStandardOutputFile(message);
+    cpio.start(u"cpio"_s, {u"-o"_s, u"-H"_s, u"bin"_s, u"--quiet"_s});
+    cpio.write(names);
+    cpio.closeWriteChannel();
+    EXPECT_TRUE(cpio.waitForFinished(30'000));
+    return message;
+}
+
 } // namespace fennel::test

@@ -55,5 +55,7 @@ public:
 std::map<int, int> recordsOf(const QByteArray& levelFile);
 // The members of a message file, unwrapped and extracted by gzip and GNU cpio.
 std::map<QString, QByteArray> membersOf(const QString& messageFile);
+// A message file of these members, packed by GNU cpio; returns its path.
+QString messageOf(TestShell& shell, const std::map<QString, QByteArray>& members);
 
 } // namespace fennel::test

@@ -11,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
-#include <QProcess>
 
 using namespace fennel;
 using namespace fennel::test;
@@ -31,22 +30,7 @@ QString messageWith(TestShell& shell, const QByteArray& cfg)
         members[u"init"_s] += param.name.toUtf8() + '\0';
     if (!cfg.isNull())
         members[u"gfxboot.cfg"_s] = cfg;
-    const QString folder = shell.path(u"parts"_s);
-    EXPECT_TRUE(shell.files.makeFolder(folder).ok());
-    QByteArray names;
-    for (const auto& [name, bytes] : members) {
-        EXPECT_TRUE(shell.files.write(folder + u'/' + name, bytes).ok());
-        names += name.toUtf8() + "\n";
-    }
-    QProcess cpio;
-    cpio.setWorkingDirectory(folder);
-    const QString message = shell.path(u"message"_s);
-    cpio.setStandardOutputFile(message);
-    cpio.start(u"cpio"_s, {u"-o"_s, u"-H"_s, u"bin"_s, u"--quiet"_s});
-    cpio.write(names);
-    cpio.closeWriteChannel();
-    EXPECT_TRUE(cpio.waitForFinished(30'000));
-    return message;
+    return messageOf(shell, members);
 }
 
 } // namespace

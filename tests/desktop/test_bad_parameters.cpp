@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+// Parameters as they should not be, and disks and tools that fail, through the whole window.
+#include "desktop/story.h"
+
+#include "frame/handlers.h"
+#include "params/object_table.h"
+#include "params/right_panel.h"
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QTest>
+
+using namespace fennel;
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::map<QString, QByteArray> templateMembers()
+{
+    return membersOf(QStringLiteral(FENNEL_BIN_DIR "/data/GFX.GZ"));
+}
+
+std::map<QString, QByteArray> generation2Members(const QByteArray& cfg)
+{
+    auto members = templateMembers();
+    for (int file = 0; file < zukFileCount; ++file)
+        members.erase(levelFileName(file));
+    members[u"gfxboot.cfg"_s] = cfg;
+    return members;
+}
+
+void lookAtAllTabs(Story& story)
+{
+    for (int tab = 1; tab <= story.lists().tabCount(); ++tab)
+        story.goToTab(story.lists().tabs[static_cast<std::size_t>(tab)].caption);
+}
+
+QAbstractItemView* shownView(Story& story)
+{
+    ListView* view = story.window.rightPanel().view(story.lists().CurrentTab);
+    return qobject_cast<QAbstractItemView*>(view->currentWidget());
+}
+
+void clickRow(Story& story, int row)
+{
+    QAbstractItemView* view = shownView(story);
+    const QRect place = view->visualRect(view->model()->index(row - 1, 0));
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, place.center());
+}
+
+} // namespace
+
+TEST(BadLevelFiles, AreReadAsFarAsTheyGoAndStayUnlessTheyGetRows)
+{
+    const QByteArray record("\x42\x30\x18\x06", 4);
+    const QByteArray outside("\x01\x00\x00\x64\x01\x00\x00\xFF", 8);
+    QByteArray large(10'000'000, '\0');
+    for (qsizetype i = 0; i < large.size(); ++i)
+        large[i] = static_cast<char>((i * 2654435761U) >> 13U);
+    for (const QByteArray& bytes :
+         {QByteArray(), QByteArray("\x01\x00\x00", 3), QByteArray("\x01\x00\x00\x01\x02\x03", 6),
+          record + outside, large}) {
+        Story story;
+        auto members = templateMembers();
+        members[u"ZUK0000.CFG"_s] = members[u"ZUK0003.CFG"_s] = bytes;
+        members[u"ZUK0009.CFG"_s] = members[u"ZUK0014.CFG"_s] = bytes;
+        story.user().expectMessage(u"You can choose any of the variants."_s);
+        story.user().expectOpen(messageOf(story.shell, members));
+        if (bytes.size() < 1000)
+            story.user().expectMessage(u"is obsolete!"_s, Answer::No);
+        story.choose("mnuFile_Open");
+        ASSERT_EQ(story.run().gfxboot_var, 3);
+        lookAtAllTabs(story);
+        story.choose("mnuFile_Save");
+        auto saved = membersOf(story.run().GfxPath);
+        for (const auto& name : {u"ZUK0009.CFG"_s, u"ZUK0014.CFG"_s, u"ZUK0002.CFG"_s})
+            EXPECT_EQ(saved[name], members[name]) << bytes.size() << name.toStdString();
+        if (bytes.size() < 4) {
+            EXPECT_EQ(saved[u"ZUK0003.CFG"_s], bytes);
+        }
+        if (bytes.startsWith(record)) {
+            // The shown background, back.jpg, stands in parameter 99.
+            EXPECT_EQ(saved[u"ZUK0000.CFG"_s], record + QByteArray("\0\0\0\x63", 4));
+        }
+    }
+}
+
+TEST(BadValues, TypedIntoRowsGiveNumbersAtOnce)
+{
+    Story story;
+    story.makeNew();
+    story.goToTab(u"Time"_s);
+    const std::pair<QString, QString> cases[] = {
+        {u"abc"_s, u"0"_s},      {u"-5"_s, u"-5"_s}, {u"0x1234567"_s, u"0x234567"_s},
+        {u"12 13"_s, u"1213"_s}, {u""_s, u"0"_s},    {QString(1'000'000, u'9'), u"2147483647"_s}};
+    for (const auto& [typed, shown] : cases) {
+        QElapsedTimer timer;
+        timer.start();
+        story.type(u":02:="_s, typed);
+        EXPECT_EQ(story.value(u":02:="_s), shown);
+        EXPECT_LT(timer.elapsed(), 1500) << typed.left(20).toStdString();
+    }
+    story.type(u":02:="_s, u"-5"_s);
+    story.saveAs(story.shell.path(u"typed"_s), false);
+    EXPECT_EQ(recordsOf(membersOf(story.run().GfxPath)[u"ZUK0000.CFG"_s]).at(2), 0xFFFFFB);
+}
+
+TEST(BadConfig, IsShownAndSavedThroughTheWindow)
+{
+    const QByteArray megabyte(1'000'000, 'x');
+    for (const QByteArray& cfg :
+         {QByteArray(), QByteArray("menu_start_x=5"), QByteArray("a\0=1\nmenu_start_x=7\0", 20),
+          megabyte, megabyte + "=" + megabyte, "menu_start_x=1 #" + megabyte,
+          QByteArray("\xEF\xBB\xBFwelcome =1|2 # \xD0\x96|b\nwelcome=1\nwelcome=2")}) {
+        Story story;
+        QElapsedTimer timer;
+        timer.start();
+        story.open(messageOf(story.shell, generation2Members(cfg)));
+        ASSERT_EQ(story.run().gfxboot_var, 2);
+        lookAtAllTabs(story);
+        story.goToTab(u"Config"_s);
+        for (int row = 1; row <= std::min(3, story.list().count()); ++row) {
+            clickRow(story, row);
+            QTest::keyClick(shownView(story), Qt::Key_Return);
+            QCoreApplication::processEvents();
+        }
+        story.choose("mnuFile_Save");
+        QCoreApplication::processEvents();
+        EXPECT_LT(timer.elapsed(), 4000) << cfg.left(20).toStdString() << cfg.size();
+        EXPECT_EQ(shownView(story)->model()->rowCount(), story.list().count());
+    }
+}
+
+TEST(FailingSave, OfChangedParametersLeavesOldFileAndNewValues)
+{
+    Story story;
+    story.makeNew();
+    const QString path = story.shell.path(u"boot"_s);
+    story.saveAs(path, true);
+    const QByteArray old = bytesOf(story.run().GfxPath);
+    story.goToTab(u"Time"_s);
+    story.type(u":02:="_s, u"77"_s);
+    int failures = 0;
+    for (int step = 1; step < 100; ++step) {
+        story.shell.files.calls = 0;
+        story.shell.files.failAt = step;
+        const qsizetype told = story.user().texts.size();
+        story.user().expectMessage({});
+        story.choose("mnuFile_Save");
+        if (story.user().texts.size() == told) {
+            (void)story.user().ShowMessage({}, MessageType::Ok, {}); // that was not needed
+            break;
+        }
+        ++failures;
+        EXPECT_EQ(bytesOf(story.run().GfxPath), old) << step;
+        EXPECT_EQ(story.value(u":02:="_s), u"77"_s);
+    }
+    EXPECT_GT(failures, 20); // ten level files are written and renamed
+    EXPECT_EQ(recordsOf(membersOf(story.run().GfxPath)[u"ZUK0000.CFG"_s]).at(2), 77);
+}
+
+TEST(Rows, ThatAreGreyAreSteppedOverByMouseAndKeyboard)
+{
+    Story story;
+    story.makeNew();
+    story.goToTab(u"Time"_s);
+    story.type(u":01:="_s, u"0"_s);
+    clickRow(story, 3);
+    EXPECT_EQ(story.lists().CurrentRow, 1);
+    const QItemSelectionModel* selection = shownView(story)->selectionModel();
+    ASSERT_EQ(selection->selectedRows().size(), 1);
+    EXPECT_EQ(selection->selectedRows().front().row(), 0);
+    QTest::keyClick(shownView(story), Qt::Key_Down);
+    EXPECT_EQ(story.lists().CurrentRow, 1);
+    ASSERT_EQ(selection->selectedRows().size(), 1);
+    EXPECT_EQ(selection->selectedRows().front().row(), 0);
+}
+
+TEST(Rows, ShowTheirPopUpForTheRightButtonOnly)
+{
+    Story story;
+    story.makeNew();
+    story.goToTab(u"Gfxboot"_s);
+    clickRow(story, 1);
+    QAbstractItemView* view = shownView(story);
+    const QRect place = view->visualRect(view->model()->index(2, 0));
+    // The pop-up takes the mouse, so the list never hears of the release.
+    QTest::mousePress(view->viewport(), Qt::RightButton, {}, place.center());
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QApplication::activePopupWidget()->close();
+    QTest::keyClick(view, Qt::Key_Down);
+    EXPECT_EQ(story.lists().CurrentRow, 4);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST(Rows, KeepTypedValuesWhenFilesOfTheirTabChange)
+{
+    Story story;
+    story.makeNew();
+    story.goToTab(u"LOGO"_s);
+    story.type(u":32:="_s, u"11"_s);
+    ASSERT_TRUE(story.shell.files
+                    .copy(story.run().Workspace + u"Logo_00.jpg"_s,
+                          story.run().Workspace + u"Logo_01.jpg"_s)
+                    .ok());
+    membersChanged(story.window, u"Logo_??.jpg"_s);
+    ASSERT_NE(story.goToRow(u"Logo_01.jpg"_s), 0);
+    EXPECT_EQ(story.value(u":32:="_s), u"11"_s);
+    story.user().expectMessage(u"Logo_01.jpg"_s, Answer::Yes);
+    QTest::mouseClick(&story.window.rightPanel().deleteButton(), Qt::LeftButton);
+    EXPECT_EQ(story.value(u":32:="_s), u"11"_s);
+}
+
+TEST(Rows, StaySelectedWhenHiddenParametersBecomeLines)
+{
+    Story story;
+    auto members = generation2Members("menu_start_x=5");
+    members[u"init"_s] += "boot_show custom_depth welcome penguin";
+    story.open(messageOf(story.shell, members));
+    story.goToTab(u"Config"_s);
+    const int row = story.goToRow(u"welcome"_s);
+    ASSERT_NE(row, 0);
+    QTest::keyClick(shownView(story), Qt::Key_2);
+    EXPECT_EQ(story.list().row(story.lists().CurrentRow)->text(), u"welcome"_s);
+    EXPECT_EQ(story.list().row(story.lists().CurrentRow)->checked, true);
+    EXPECT_EQ(shownView(story)->currentIndex().row() + 1, story.lists().CurrentRow);
+    QTest::keyClick(shownView(story), Qt::Key_2);
+    EXPECT_EQ(story.list().row(story.lists().CurrentRow)->text(), u"welcome"_s);
+    EXPECT_EQ(story.list().row(story.lists().CurrentRow)->checked, false);
+}
