@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace fennel {
@@ -107,14 +108,12 @@ bool InspectionList::eventFilter(QObject* watched, QEvent* event)
     if (watched == m_list && event->type() == QEvent::KeyPress)
         return listKey(static_cast<QKeyEvent*>(event)->key());
     if (watched == m_list && event->type() == QEvent::FocusOut)
-        QMetaObject::invokeMethod(this, &InspectionList::hideIfLeft, Qt::QueuedConnection);
+        QTimer::singleShot(0, this, &InspectionList::hideIfLeft);
     if (watched == m_list->viewport() && event->type() == QEvent::MouseButtonRelease) {
         const auto* mouse = static_cast<QMouseEvent*>(event);
         // Queued: the view is to finish its own work before a message opens.
         if (m_list->indexAt(mouse->position().toPoint()).isValid())
-            QMetaObject::invokeMethod(
-                this, [this, button = mouse->button()] { listReleased(button); },
-                Qt::QueuedConnection);
+            QTimer::singleShot(0, this, [this, button = mouse->button()] { listReleased(button); });
     }
     return QFrame::eventFilter(watched, event);
 }
