@@ -73,12 +73,15 @@ private:
     bool m_set;
 };
 
+constexpr QSize pictureDialogSize(820, 460);
+
 // With a preview, which only Qt's own dialog has room for.
 QString openPicture(QWidget* parent, const FileQuestion& question)
 {
     QFileDialog dialog(parent, question.title, startFolder(question), qtFilter(question.filter));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.resize(pictureDialogSize);
     PicturePreview::addTo(dialog);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
