@@ -57,7 +57,7 @@ DragLimits dragLimits(int index, const PanelRec& rec, const QRect& panel, int me
 {
     DragLimits limits;
     limits.picture = picture;
-    // Older engines let an object reach past the right edge, as long as it starts on the screen.
+    // In older generations only the left edge has to stay on the picture.
     limits.inside = generation == 3 ? panel.width() : 0;
     // The menu's height bounds its bar and the buttons too: the three belong together.
     limits.insideHeight = index <= ButtonsPanelRow ? menuPanelHeight : panel.height();
