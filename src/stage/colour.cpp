@@ -21,7 +21,7 @@ QString partText(int value)
     return QString::number(std::clamp(value, 0, 255), 16).toUpper().rightJustified(2, u'0');
 }
 
-// Down counts up, as in a list in which the values grow downwards.
+// Down counts up and Up counts down: no mistake.
 int partAfterKey(int value, int key)
 {
     if (key == Qt::Key_Down)

@@ -245,7 +245,7 @@ void StageGestures::panelReleased(const StageMouse& mouse)
     m_dragging = false;
     const int index = m_panel;
     const bool roll = m_stage.record(index).Roll;
-    // The buttons' rows have a menu of their own, where there is a cfg file that it can change.
+    // Rows 0 to 2 have a menu of their own, where there is a cfg file that it can change.
     const bool menu =
         mouse.button == Qt::RightButton && index <= ButtonsPanelRow && m_stage.run().GfxHasCfg;
     if (mouse.button == Qt::MiddleButton && roll) {

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What the engine has built in for the names of keys and for the words beside them.
+// Colours of the button bar's keys and words; no parameter sets them.
 constexpr QRgb keyColour = qRgb(255, 255, 100);
 constexpr QRgb wordColour = qRgb(250, 250, 230);
 constexpr double smallestFont = 5;   // points: below, nobody could read it

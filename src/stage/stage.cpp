@@ -49,8 +49,7 @@ bool Stage::mayShow(int index) const
     return index != OptionsPanelRow || host().CfgValue(u"boot_show"_s) != u'0';
 }
 
-// A cfg file without the key leaves it open whether the line shows: then it is left as it was
-// drawn.
+// An empty boot_show says neither yes nor no: the line is left as it was drawn.
 bool Stage::isFrozen(int index) const
 {
     return index == OptionsPanelRow && run().GfxHasCfg && host().CfgValue(u"boot_show"_s).isEmpty();
