@@ -222,8 +222,7 @@ QString lstCellText(std::optional<qint64> value, bool hex)
         return {};
     if (!hex)
         return QString::number(*value);
-    // As many digits as the menu gave, unlike the six of the level column: people compare it with
-    // the menu file.
+    // Without leading zeros, unlike the six digits of the level column.
     return QStringLiteral("0x") + QString::number(static_cast<quint32>(*value), 16).toUpper();
 }
 
