@@ -32,6 +32,7 @@ Failure about(const std::string& path, Failure failure)
 
 Result<Opened> openFile(const std::string& path)
 {
+    // Read as a whole, so that what is tested is what is written.
     Result<WholeFile> file = readWholeFile(AT_FDCWD, path, maxGzipContents);
     if (!file)
         return file.failure();
@@ -66,6 +67,7 @@ Result<void> report(const OutputFolder& folder, const std::string& log, const st
 Result<void> info(const std::string& path, const OutputFolder& folder, const std::string& log)
 {
     const Result<Opened> opened = openFile(path);
+    // The old report goes also if the file cannot be opened: its reader takes what is there.
     folder.remove(log);
     if (!opened)
         return opened.failure();
@@ -96,6 +98,7 @@ Result<void> extract(const std::string& path, const OutputFolder& folder, const 
         return Failure{FailureKind::Malformed, path + ": no gzip file"};
     if (Result<void> free = checkOtherFile(folder, *opened, path); !free)
         return free;
+    // 0 means that the gzip file tells no time.
     const std::uint32_t* time = opened->contents.mtime != 0 ? &opened->contents.mtime : nullptr;
     if (Result<void> done = folder.replaceFile(opened->innerName, opened->contents.data, time);
         !done)
@@ -110,6 +113,7 @@ Result<void> assemble(const std::string& input, const std::string& output)
     if (file && ::stat(output.c_str(), &old) == 0 && old.st_dev == file->device &&
         old.st_ino == file->inode)
         return Failure{FailureKind::Unsupported, output + ": input and output are the same file"};
+    // Only after both are known to be different files.
     removeFile(output);
     if (!file)
         return file.failure();
@@ -125,6 +129,7 @@ Result<void> run(const std::vector<std::string>& arguments)
     if (arguments.size() == 3 && arguments[0] == "ASSM")
         return assemble(arguments[1], arguments[2]);
     const bool known = !arguments.empty() && (arguments[0] == "INFO" || arguments[0] == "EXTR");
+    // The report lies in the folder itself; a path could lead anywhere.
     if (!known || arguments.size() != 4 || arguments[3].find('/') != std::string::npos)
         return Failure{FailureKind::Unsupported,
                        "call it as 7zip_bridge INFO|EXTR file folder "

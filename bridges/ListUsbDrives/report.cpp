@@ -10,6 +10,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+// The reader knows the labels with these blanks.
 constexpr int labelWidth = 18;
 
 QHash<QString, QChar> freshLetters(const std::vector<Volume>& volumes)
@@ -17,6 +18,8 @@ QHash<QString, QChar> freshLetters(const std::vector<Volume>& volumes)
     QHash<QString, QChar> letters;
     char16_t next = u'D';
     for (const Volume& volume : volumes) {
+        // C for the root, A and B for floppies: the editor gives letters in the same way at its
+        // start.
         if (volume.root)
             letters[volume.mountFolder] = u'C';
         else if (volume.floppy >= 0)
@@ -29,6 +32,7 @@ QHash<QString, QChar> freshLetters(const std::vector<Volume>& volumes)
 
 QString line(const QString& label, const QString& value)
 {
+    // What is not known has no line.
     return value.isEmpty() ? QString() : label.leftJustified(labelWidth) + u"= "_s + value + u'\n';
 }
 
@@ -55,6 +59,7 @@ QString sizeLine(qint64 bytes)
 
 QString blockOf(const BlockDevices& blocks, const Volume& volume, QChar letter)
 {
+    // Of a volume over several partitions the first stands for all.
     const QString partition = blocks.partitionsUnder(volume.block).value(0);
     const QString disk = blocks.diskOf(partition);
     return line(u"MountPoint"_s, letter + u":\\"_s) + line(u"Volume Label"_s, volume.label) +
@@ -81,6 +86,7 @@ QString usbReport(const DriveSource& source, const QHash<QString, QChar>& letter
     const QHash<QString, QChar> inForce = letters.isEmpty() ? freshLetters(volumes) : letters;
     QString report;
     for (const Volume& volume : volumes) {
+        // Without a letter there is nothing to call the drive by.
         const bool reported = volume.kind == VolumeKind::Removable && volume.floppy < 0 &&
                               !volume.block.isEmpty() && inForce.contains(volume.mountFolder);
         if (reported)

@@ -26,6 +26,7 @@ Failure failure(FailureKind kind, const QString& text)
 
 QString nameOfDisk(const BlockDevices& blocks, int number)
 {
+    // 0 marks the disks of the system, which are never booted.
     if (number < 1)
         return {};
     for (const PhysicalDisk& disk : blocks.physicalDisks()) {
@@ -35,6 +36,7 @@ QString nameOfDisk(const BlockDevices& blocks, int number)
     return {};
 }
 
+// The group's name is asked of the device itself, as distributions differ in it.
 Failure noRight(const QString& node)
 {
     struct stat facts = {};
@@ -72,14 +74,17 @@ Result<OpenDisk> openDisk(const FolderDriveSource& source, int number)
                        u"There is no disk %1 that may be booted. Plug the drive in and choose it "
                        "again in the menu Flash."_s.arg(number));
     const QString node = source.place(u"/dev/"_s + name);
+    // For reading only; O_NONBLOCK, or a drive without a medium would hold us up.
     const int descriptor =
         ::open(QFile::encodeName(node).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0)
         return openFailure(node, errno);
     struct stat facts = {};
+    // Asked of what was opened: between naming and opening another stick may have got the name.
     const bool read = ::fstat(descriptor, &facts) == 0;
     const bool device =
         read && S_ISBLK(facts.st_mode) && isThatDevice(facts, blocks.attribute(name, u"dev"_s));
+    // Image files stand in for disks only under another root, which tests use.
     const bool image = read && S_ISREG(facts.st_mode) && !source.isReal();
     if (device || image)
         return OpenDisk{descriptor, device};

@@ -22,6 +22,8 @@ QString quoted(QString name)
 
 QString driveOption(const OpenDisk& disk)
 {
+    // QEMU gets the descriptor and not the name, so it boots the very disk that was checked.
+    // "snapshot" sends the guest's writes to a temporary file.
     return u"file.driver=%1,file.filename=/dev/fdset/1,format=raw,if=ide,index=0,media=disk,"
            "snapshot=on"_s.arg(disk.isDevice ? u"host_device"_s : u"file"_s);
 }
@@ -39,9 +41,11 @@ QStringList machineArguments(const MachineRequest& request, const MachineParts& 
     QStringList arguments = {
         u"-name"_s,
         u"QEMU. Flash Drive - %1:   (press Ctrl+Alt to unlock mouse)"_s.arg(request.letter)};
+    // Named first, tried first; the slow way follows in case it does not start.
     if (parts.kvm)
         arguments << u"-accel"_s << u"kvm"_s;
     arguments << u"-accel"_s << u"tcg"_s;
+    // Nothing of the user's own QEMU settings may change the machine, and it has no network.
     arguments << u"-no-user-config"_s << u"-nodefaults"_s << u"-machine"_s << u"pc"_s;
     arguments << u"-m"_s << QString::number(request.ramMiB);
     arguments << u"-nic"_s << u"none"_s;
@@ -54,6 +58,7 @@ QStringList machineArguments(const MachineRequest& request, const MachineParts& 
     return arguments;
 }
 
+// As far as making a processor: in many a virtual machine the device is there and cannot do that.
 bool kvmWorks()
 {
     constexpr int knownVersion = 12;
@@ -80,6 +85,7 @@ QString wantedDisplay()
     return there ? u"gtk"_s : QString();
 }
 
+// What QEMU says is for those who know it; these are the usual reasons in plain words.
 QString advice(const QString& log)
 {
     const bool noWindow = log.contains(u"does not accept value 'gtk'") ||

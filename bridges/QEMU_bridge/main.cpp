@@ -33,6 +33,7 @@ const QString qemuProgram = QStringLiteral("qemu-system-x86_64");
 void say(int log, const QString& text)
 {
     const QByteArray bytes = text.toUtf8() + '\n';
+    // A log that cannot be written must not stop the guest.
     (void)!::write(log, bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
@@ -44,6 +45,7 @@ int refuse(int log, const std::string& text)
 
 QString biosInForce()
 {
+    // Beside this program, wherever it is called from.
     const QString own = QFileInfo(u"/proc/self/exe"_s).canonicalFilePath();
     const QString bios = folderPart(own) + u"vgabios.bin"_s;
     return FileExists(bios) ? bios : QString();
@@ -57,6 +59,7 @@ void sayEnd(int log, const QString& logPath, const QemuEnd& end)
         say(log, u"QEMU ended with code %1."_s.arg(end.code));
     const Result<QByteArray> text = readBytes(logPath);
     const QString hint = text ? advice(QString::fromUtf8(*text)) : QString();
+    // A guest that ended well may have said such words too.
     if (!hint.isEmpty() && end.code != 0)
         say(log, hint);
 }
@@ -92,6 +95,8 @@ int boot(const MachineRequest& request, int log)
 
 int openLog(const QString& path)
 {
+    // O_APPEND, as QEMU writes to the same file; O_NOFOLLOW, as the folder may be guessed by
+    // others.
     constexpr int flags = O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_NOFOLLOW | O_CLOEXEC;
     const int log = ::open(QFile::encodeName(path).constData(), flags, 0600);
     return log >= 0 ? log : STDERR_FILENO;

@@ -33,6 +33,7 @@ bool setCard(MachineRequest& request, const QString& word)
         request.videoMiB = 4;
         return true;
     }
+    // Megabytes of video memory, as the editor's menu of video BIOSes names them.
     request.card = u"VGA"_s;
     request.videoMiB = word == u"VGA2" ? 1 : 16;
     return word.startsWith(u"VGA");
@@ -46,6 +47,7 @@ Result<MachineRequest> machineRequest(const QStringList& arguments, const QStrin
         return refused(u"Usage: QEMU_bridge DISK VGA1|VGA2|VGAxxx RAM256 FOLDER LOG ,1"_s);
     MachineRequest request;
     request.disk = plainNumber(arguments[0], largestDisk);
+    // Refused here once more, whatever the caller has checked.
     if (request.disk == 0)
         return refused(u"Disk 0 holds the system and is never booted."_s);
     if (request.disk < 0)
@@ -58,6 +60,7 @@ Result<MachineRequest> machineRequest(const QStringList& arguments, const QStrin
     request.folder = withSeparator(arguments[3]);
     if (!FolderExists(request.folder))
         return refused(u"There is no folder %1."_s.arg(arguments[3]));
+    // A plain name: the log must lie in the folder.
     if (arguments[4].isEmpty() || arguments[4].contains(u'/') || arguments[4].startsWith(u'.'))
         return refused(u"\"%1\" is no name of a log file."_s.arg(arguments[4]));
     request.log = request.folder + arguments[4];

@@ -25,6 +25,7 @@ namespace fennel {
 
 namespace {
 
+// The shell's code for a program that could not be run.
 constexpr int notStarted = 127;
 constexpr int askAgainMs = 100;
 
@@ -46,6 +47,7 @@ public:
             m_asking = false;
             return;
         }
+        // Lines may come in pieces.
         m_text.append(buffer.data(), std::max<ssize_t>(0, count));
         for (qsizetype end = m_text.indexOf('\n'); end >= 0; end = m_text.indexOf('\n')) {
             const QByteArray line = m_text.left(end);
@@ -73,6 +75,7 @@ private:
         const QJsonObject status = object[QStringLiteral("return")].toObject();
         if (!m_asking || !status[QStringLiteral("running")].toBool())
             return;
+        // Said once: from here on only the guest's end matters.
         m_asking = false;
         const QByteArray line = qemuRunningLine.toUtf8() + '\n';
         (void)!::write(m_log, line.constData(), static_cast<std::size_t>(line.size()));
@@ -84,6 +87,7 @@ private:
     QByteArray m_text;
 };
 
+// Taken through a descriptor, so that one poll() waits for signals and the socket alike.
 sigset_t watchedSignals()
 {
     sigset_t set;
@@ -104,6 +108,7 @@ std::vector<QByteArray> commandLine(const QemuStart& start)
 // In the child; only calls that are allowed between fork and exec.
 [[noreturn]] void becomeQemu(const QemuStart& start, char* const* words, pid_t parent)
 {
+    // A guest without its supervisor could be closed by nobody.
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (::getppid() != parent) // it died before the line above
         ::_exit(notStarted);
@@ -112,6 +117,7 @@ std::vector<QByteArray> commandLine(const QemuStart& start)
     ::sigprocmask(SIG_SETMASK, &none, nullptr);
     ::dup2(start.log, STDOUT_FILENO);
     ::dup2(start.log, STDERR_FILENO);
+    // These two are meant for QEMU; all others close on exec.
     ::fcntl(start.disk, F_SETFD, 0);
     ::fcntl(start.control, F_SETFD, 0);
     ::execv(words[0], words);
@@ -126,6 +132,7 @@ pid_t startQemu(const QemuStart& start)
     for (QByteArray& word : words)
         pointers.push_back(word.data());
     pointers.push_back(nullptr);
+    // The guest's writes go to the run's own folder, which is removed at its end.
     ::setenv("TMPDIR", QFile::encodeName(start.folder).constData(), 1);
     const pid_t parent = ::getpid();
     const pid_t child = ::fork();
@@ -161,12 +168,14 @@ QemuEnd superviseQemu(const QemuStart& start)
     const int signalDescriptor = ::signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK);
     QemuEnd end{notStarted, 0};
     const pid_t child = signalDescriptor >= 0 ? startQemu(start) : -1;
+    // QEMU has its own copy; with ours open its end would never be noticed on the socket.
     ::close(start.control);
     if (child < 0)
         return end;
     Control control(start.ours, start.log);
     for (bool gone = false; !gone;) {
         std::array<pollfd, 2> waits{{{signalDescriptor, POLLIN, 0}, {control.socket(), POLLIN, 0}}};
+        // Without a time while nothing is asked: an idle supervisor costs nothing.
         const int ready = ::poll(waits.data(), waits.size(), control.asking() ? askAgainMs : -1);
         if (ready == 0)
             control.ask();

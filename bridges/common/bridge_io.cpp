@@ -33,6 +33,7 @@ FailureKind kindOf(int error)
     }
 }
 
+// Archives keep times in 32 bits without sign; others are cut to the ends.
 std::uint32_t seconds(const struct stat& info)
 {
     constexpr std::int64_t most = std::numeric_limits<std::uint32_t>::max();
@@ -41,6 +42,7 @@ std::uint32_t seconds(const struct stat& info)
 
 bool writeAll(int file, std::span<const std::uint8_t> bytes)
 {
+    // A write may be short or interrupted without being wrong.
     while (!bytes.empty()) {
         const ssize_t done = ::write(file, bytes.data(), bytes.size());
         if (done < 0 && errno == EINTR)
@@ -74,6 +76,7 @@ Failure tooLarge(const std::string& path, std::size_t limit)
     return {FailureKind::TooLarge, path + ": larger than " + std::to_string(limit >> 20U) + " MB"};
 }
 
+// The folder of "/name" is "/".
 std::string parentOf(const std::string& path)
 {
     const std::size_t separator = path.rfind('/');
@@ -109,6 +112,7 @@ Result<WholeFile> readWholeFile(int at, const std::string& path, std::size_t lim
     struct stat info {};
     if (!file.valid() || ::fstat(file.get(), &info) != 0)
         return systemFailure(path);
+    // Devices and pipes have no size and perhaps no end.
     if (!S_ISREG(info.st_mode))
         return Failure{FailureKind::Unsupported, path + ": no plain file"};
     if (static_cast<std::uint64_t>(info.st_size) > limit)
@@ -144,6 +148,7 @@ Result<void> OutputFolder::replaceFile(const std::string& name, std::span<const 
                                        const std::uint32_t* mtime) const
 {
     const int at = m_folder.get();
+    // Removed and made anew: writing into the old file would write through a link.
     if (::unlinkat(at, name.c_str(), 0) != 0 && errno != ENOENT)
         return systemFailure(pathOf(name));
     // O_EXCL also refuses a link that someone put there since.
@@ -157,6 +162,7 @@ Result<void> OutputFolder::replaceFile(const std::string& name, std::span<const 
         // A file system without such times still holds the file.
         (void)::futimens(file.get(), times);
     }
+    // Some file systems tell of a full disk only here.
     good = good && file.close();
     if (good)
         return {};
@@ -179,6 +185,7 @@ void OutputFolder::remove(const std::string& name) const
     (void)::unlinkat(m_folder.get(), name.c_str(), 0);
 }
 
+// By device and number, as one folder may have many names.
 bool OutputFolder::holds(const std::string& path) const
 {
     struct stat mine {};
@@ -189,6 +196,7 @@ bool OutputFolder::holds(const std::string& path) const
 
 Result<void> writeWholeFile(const std::string& path, std::span<const std::uint8_t> bytes)
 {
+    // The output appears whole or not at all.
     const std::string part = path + "." + std::to_string(::getpid()) + ".part";
     Descriptor file(
         ::open(part.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, newFileMode));
@@ -216,6 +224,8 @@ std::vector<std::string> toolArguments(int argc, char** argv)
     std::vector<std::string> arguments;
     for (int i = 1; i < argc; ++i) {
         const std::string_view argument(argv[i]);
+        // The editor's last argument, for bridges only; blanks between arguments may leave empty
+        // ones.
         const bool suffix = i + 1 == argc && (argument == ",0" || argument == ",1");
         if (!argument.empty() && !suffix)
             arguments.emplace_back(argument);

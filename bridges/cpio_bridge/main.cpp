@@ -56,6 +56,7 @@ Result<void> info(const Call& call)
     if (!folder)
         return folder.failure();
     const Result<Archive> archive = openArchive(call.archive);
+    // Also if the archive cannot be opened: an old list must not pass for this archive's.
     folder->remove(call.list);
     if (!archive)
         return archive.failure();
@@ -76,6 +77,7 @@ Result<void> extract(const Call& call)
     const Result<Archive> archive = openArchive(call.archive);
     if (!archive)
         return archive.failure();
+    // All names are checked before the first file is written.
     for (const CpioMember& member : archive->members)
         if (Result<void> free = folder->checkReplaceable(member.name); !free)
             return free;
@@ -113,6 +115,7 @@ Result<std::vector<std::string>> readList(const OutputFolder& folder, const Call
     if (!list)
         return about(call.folder, list.failure());
     std::vector<std::string> names = namesOf(list->bytes);
+    // An archive without members would be no boot screen, and replace one.
     if (names.empty())
         return Failure{FailureKind::Malformed, folder.pathOf(call.list) + ": names no member"};
     for (const std::string& name : names)
@@ -120,6 +123,7 @@ Result<std::vector<std::string>> readList(const OutputFolder& folder, const Call
             return Failure{FailureKind::Malformed, folder.pathOf(call.list) + ": the name " +
                                                        printableName(name) + " " +
                                                        std::string(reason)};
+    // Written last, it would hold itself as it was before.
     if (folder.holds(call.archive) &&
         std::find(names.begin(), names.end(), baseName(call.archive)) != names.end())
         return Failure{FailureKind::Unsupported,
@@ -133,6 +137,7 @@ Result<std::vector<WholeFile>> readMembers(const OutputFolder& folder,
     std::vector<WholeFile> files;
     std::size_t total = 0;
     for (const std::string& name : names) {
+        // The limit is what is left of the whole archive's.
         Result<WholeFile> file = readWholeFile(folder.descriptor(), name, maxCpioArchive - total);
         if (!file)
             return about("the member " + printableName(name) + " of #.lst", file.failure());
@@ -170,6 +175,7 @@ Result<void> run(const std::vector<std::string>& arguments)
     if (arguments.size() != 4)
         return usage;
     const Call call{arguments[1], arguments[2], arguments[3]};
+    // A list elsewhere could be any file of the user's, and INFO removes it first.
     if (call.list.find('/') != std::string::npos)
         return Failure{FailureKind::Unsupported,
                        call.list + ": the list lies in the folder itself"};

@@ -15,6 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// The empty one for names that come with their ending.
 constexpr std::array endings{"", ".ttf", ".TTF", ".otf", ".OTF", ".ttc", ".TTC"};
 
 std::string lower(std::string text)
@@ -27,6 +28,7 @@ std::string lower(std::string text)
 
 bool fits(const std::string& fileName, const std::string& wanted)
 {
+    // A cheap test first, as folders hold thousands of files.
     if (fileName.size() < wanted.size() || fileName.size() > wanted.size() + 4)
         return false;
     const std::string file = lower(fileName);
@@ -59,6 +61,7 @@ std::string searchFolders(const std::string& name)
     std::vector<std::string> found;
     while (const FcChar8* folder = folders ? FcStrListNext(folders.get()) : nullptr)
         searchFolder(reinterpret_cast<const char*>(folder), lower(name), found);
+    // The order of a folder is the file system's; the first path by text is the same every time.
     const auto first = std::ranges::min_element(found);
     return first == found.end() ? std::string() : *first;
 }

@@ -35,6 +35,7 @@ Result<int> wholeNumber(const std::string& text, const char* what, int least, in
 {
     int value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    // The whole word must be a number: half of one would make a font nobody asked for.
     if (error != std::errc() || end != text.data() + text.size() || value < least || value > most)
         return Failure{FailureKind::Malformed,
                        std::string(what) + " \"" + text + "\" is no whole number from " +
@@ -52,6 +53,7 @@ Result<std::vector<std::uint32_t>> wantedCodes(const std::string& text)
     std::vector<std::uint32_t> codes;
     std::uint32_t next = 1;
     for (const CodeRange& range : *ranges) {
+        // Ranges may overlap; `next` never goes back.
         for (next = std::max(next, range.first); next <= range.last; ++next)
             codes.push_back(next);
     }
@@ -108,6 +110,7 @@ Result<void> writeFile(const std::string& path, const std::vector<std::uint8_t>&
 
 Result<void> makeFont(std::span<char*> arguments)
 {
+    // All arguments are checked before the font is looked for, which takes longer.
     const Result<FontOrder> order = readOrder(arguments);
     if (!order)
         return order.failure();
@@ -143,6 +146,7 @@ int main(int argc, char** argv)
     } catch (const std::exception&) { // only the library's own, on want of memory
     }
     // An output of an earlier run must not pass for this one's.
+    // The font itself is never removed, even by a call that names it twice.
     if (std::strcmp(arguments[Output], arguments[Font]) != 0)
         std::remove(arguments[Output]);
     std::fprintf(stderr, "%s\n", reason.c_str());

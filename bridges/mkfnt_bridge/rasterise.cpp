@@ -15,6 +15,7 @@ namespace {
 
 // Embedded bitmaps would mix sizes and looks with the outlines.
 constexpr FT_Int32 loadFlags = FT_LOAD_RENDER | FT_LOAD_NO_BITMAP;
+// Levels 0 to 13, all that the font format has.
 constexpr unsigned levels = 14;
 constexpr FT_Pos pixel = 64; // FreeType counts in 26.6 fixed point
 constexpr std::uint32_t space = 0x20;
@@ -50,6 +51,7 @@ std::vector<std::uint8_t> levelsOf(const FT_Bitmap& bitmap)
         const unsigned char* row =
             bitmap.buffer + static_cast<std::ptrdiff_t>(y) * bitmap.pitch; // pitch may be negative
         for (unsigned x = 0; x < bitmap.width; ++x)
+            // 256 shades into 14 nearly equal steps, cut and not rounded.
             pixels.push_back(static_cast<std::uint8_t>(row[x] * levels / 256));
     }
     return pixels;
@@ -59,12 +61,15 @@ std::vector<std::uint8_t> levelsOf(const FT_Bitmap& bitmap)
 std::optional<Glyph> glyphOf(FT_Face face, std::uint32_t code)
 {
     const FT_UInt index = FT_Get_Char_Index(face, code);
+    // Index 0 is the box for what the font lacks; it is left out instead of drawn.
     if (index == 0 || FT_Load_Glyph(face, index, loadFlags) != 0)
         return std::nullopt;
     const FT_GlyphSlot slot = face->glyph;
     Glyph glyph;
     glyph.code = code;
+    // To the nearest pixel.
     glyph.advance = static_cast<int>((slot->advance.x + pixel / 2) / pixel);
+    // A blank has an advance and nothing to draw.
     if (slot->bitmap.rows == 0 || slot->bitmap.width == 0)
         return glyph;
     if (slot->bitmap.pixel_mode != FT_PIXEL_MODE_GRAY)
@@ -72,6 +77,7 @@ std::optional<Glyph> glyphOf(FT_Face face, std::uint32_t code)
     glyph.width = static_cast<int>(slot->bitmap.width);
     glyph.height = static_cast<int>(slot->bitmap.rows);
     glyph.xOffset = slot->bitmap_left;
+    // FreeType counts from the top edge, the font format from the lower one.
     glyph.yOffset = slot->bitmap_top - glyph.height;
     glyph.pixels = levelsOf(slot->bitmap);
     return glyph;
@@ -133,6 +139,8 @@ Result<FntFont> rasterise(const std::string& path, const FontOrder& order)
         std::optional<Glyph> glyph = glyphOf(face, code);
         if (!glyph)
             continue;
+        // The blank's width replaces what the font has; the letter space comes on top like
+        // everywhere.
         if (code == space)
             glyph->advance = order.spaceWidth;
         glyph->advance += order.letterSpace;

@@ -31,6 +31,7 @@ constexpr std::array numberOptions = {
     NumberOption{"-q", &Job::quality, 1, 100},
 };
 
+// Asked for what is done anyway: true colours, no thumbnail, no metadata.
 constexpr std::array<std::string_view, 3> needless = {"-truecolors", "-rexifthumb", "-rmeta"};
 
 struct FormatName {
@@ -52,6 +53,7 @@ public:
     [[nodiscard]] bool more() const { return m_next < m_words.size(); }
     const std::string& take()
     {
+        // Behind the end an empty word, which no option takes for a value.
         static const std::string none;
         return more() ? m_words[m_next++] : none;
     }
@@ -127,6 +129,7 @@ Result<Job> parseCommandLine(const std::vector<std::string>& arguments)
     while (words.more()) {
         const std::string& word = words.take();
         if (!word.starts_with('-')) {
+            // The clipboard is a source too.
             if (words.more() || job.clipboard)
                 return refused("There may be one source, and it stands last.");
             job.source = word;
@@ -145,6 +148,7 @@ std::string sourceOf(const Job& job)
 {
     if (!job.clipboard)
         return job.source;
+    // The editor lays the clipboard's picture beside the output.
     const std::size_t slash = job.output.rfind('/');
     return (slash == std::string::npos ? "" : job.output.substr(0, slash + 1)) + clipboardName;
 }

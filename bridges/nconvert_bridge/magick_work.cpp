@@ -76,6 +76,7 @@ QImage toQt(Magick::Image& image, QImage::Format format, const char* channels)
 
 void reduceColours(Magick::Image& image, int colours)
 {
+    // Few colours without dithering show bands in every sky.
     image.quantizeDither(true);
     image.quantizeColors(static_cast<size_t>(colours));
     image.quantize();
@@ -90,8 +91,10 @@ Result<QImage> decodeWithMagick(const QByteArray& bytes, const char* format)
         Magick::Image image;
         image.quiet(true); // unknown tags and the like are no reason to refuse a picture
         image.magick(format);
+        // The first picture of those that hold several.
         image.subImage(0);
         image.subRange(1);
+        // Reads the header only: the size is looked at before anything is decoded.
         image.ping(blob);
         if (Result<void> fits =
                 checkPictureSize("The picture", static_cast<qint64>(image.columns()),
@@ -109,6 +112,7 @@ Result<QImage> decodeWithMagick(const QByteArray& bytes, const char* format)
 
 Result<QImage> blurred(const QImage& picture, int percent)
 {
+    // 100 % is a blur of four pixels' standard deviation.
     constexpr double percentPerPixel = 25.0;
     return guarded<QImage>([&] {
         Magick::Image image = fromQt(picture);
@@ -131,6 +135,7 @@ Result<QByteArray> encodeWithPalette(const QImage& picture, const char* format, 
     return guarded<QByteArray>([&] {
         Magick::Image image = fromQt(picture);
         reduceColours(image, colours);
+        // Comments and profiles would only cost room.
         image.strip();
         image.magick(format);
         Magick::Blob blob;

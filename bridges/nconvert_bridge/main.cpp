@@ -55,12 +55,14 @@ Result<void> run(const Job& job)
     const std::string source = sourceOf(job);
     const Result<QByteArray> bytes = readFile(source);
     std::error_code error;
+    // Output and source may be one file, which must then stay until the new one is whole.
     const bool inPlace = fs::equivalent(source, job.output, error);
     if (!job.overwrite && fs::exists(job.output, error))
         return Failure{FailureKind::Unsupported,
                        job.output + " exists already, and -overwrite is not given."};
     if (!inPlace)
         fs::remove(job.output, error); // an old result must not pass for a new one
+    // Told only here, after the old output is gone.
     if (!bytes)
         return bytes.failure();
     const Result<QImage> picture = readPicture(*bytes, job);

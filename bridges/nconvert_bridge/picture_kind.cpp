@@ -18,6 +18,7 @@ struct Signature {
     PictureKind kind;
 };
 
+// By content, since pictures are often renamed without being converted.
 constexpr std::array signatures = {
     Signature{"\xFF\xD8\xFF"sv, PictureKind::Jpeg},
     Signature{"\x89PNG\r\n\x1A\n"sv, PictureKind::Png},
@@ -61,6 +62,7 @@ bool isIcon(std::string_view bytes)
            (word(bytes, 2) == 1 || word(bytes, 2) == 2) && word(bytes, 4) > 0;
 }
 
+// Maker, version, run lengths and the byte that must be 0.
 bool isPcx(std::string_view bytes)
 {
     constexpr std::size_t headerSize = 128;
@@ -89,6 +91,8 @@ bool isTga(std::string_view bytes)
         return true;
     const bool runLengths = at(bytes, 2) > 3;
     const auto pixels = std::uint64_t{word(bytes, 12)} * word(bytes, 14);
+    // Old files have no footer: then the size must have room for the pixels that the header
+    // promises.
     return !runLengths && bytes.size() > pixels * ((at(bytes, 16) + 7) / 8);
 }
 
@@ -111,6 +115,7 @@ PictureKind pictureKind(std::string_view bytes, std::string_view path)
     }
     if (bytes.starts_with("RIFF"sv) && bytes.size() > 12 && bytes.substr(8, 4) == "WEBP"sv)
         return PictureKind::Webp;
+    // From the surest sign to the vaguest.
     if (isIcon(bytes))
         return PictureKind::Ico;
     if (isPcx(bytes))

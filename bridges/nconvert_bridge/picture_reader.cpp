@@ -87,6 +87,7 @@ Failure damagedPicture(const QString& reason)
                 (reason.isEmpty() ? std::string() : " (" + reason.toStdString() + ")") + "."};
 }
 
+// Formats whose decoders fill what is missing without a word.
 bool isWhole(std::string_view bytes, PictureKind kind, QSize size)
 {
     if (kind == PictureKind::Bmp)
@@ -94,6 +95,7 @@ bool isWhole(std::string_view bytes, PictureKind kind, QSize size)
     return kind != PictureKind::Gif || gifIsWhole(bytes);
 }
 
+// An icon holds the same picture in several sizes.
 void chooseLargestFrame(QImageReader& reader)
 {
     int best = 0;
@@ -118,11 +120,13 @@ QSize storedSize(const QImageReader& reader, const QByteArray& bytes, PictureKin
 Result<QImage> readWithQt(const QByteArray& bytes, PictureKind kind, const Job& job)
 {
     constexpr int bytesPerPixel = 8; // 16 bits a channel
+    // In MB, as much as the largest picture allowed needs.
     QImageReader::setAllocationLimit(static_cast<int>(maxPicturePixels * bytesPerPixel >> 20) + 1);
     QBuffer device;
     device.setData(bytes);
     device.open(QIODevice::ReadOnly);
     QImageReader reader(&device, qtFormat(kind));
+    // The kind is known; guessing again could come out otherwise.
     reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(true);
     if (kind == PictureKind::Ico)
@@ -134,6 +138,7 @@ Result<QImage> readWithQt(const QByteArray& bytes, PictureKind kind, const Job& 
         return fits.failure();
     if (!isWhole(viewOf(bytes), kind, stored))
         return damagedPicture({});
+    // Scaled while decoding, which is faster by far and needs less memory.
     if (kind == PictureKind::Jpeg) {
         const bool turned =
             reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
@@ -177,6 +182,7 @@ Result<QSize> wantedSize(const Job& job, QSize upright)
 {
     if (!job.resize)
         return upright;
+    // At least one pixel; one more than allowed lets the check below refuse it.
     const auto follow = [](int given, int of, int other) {
         const double value = std::round(static_cast<double>(given) * other / of);
         return static_cast<int>(std::clamp(value, 1.0, maxPictureSide + 1.0));
@@ -195,6 +201,7 @@ Result<QSize> wantedSize(const Job& job, QSize upright)
 Result<QImage> readPicture(const QByteArray& bytes, const Job& job)
 {
     const PictureKind kind = pictureKind(viewOf(bytes), sourceOf(job));
+    // Rather refused than handed to a decoder that might do anything with it.
     if (kind == PictureKind::Unknown)
         return Failure{FailureKind::Unsupported, "This is no picture of a known format."};
     Result<QImage> read = magickFormat(kind) != nullptr

@@ -28,12 +28,15 @@ int paletteOf(const Job& job)
 QImage barePicture(const QImage& rgb, int dpi)
 {
     constexpr double inchesPerMetre = 100.0 / 2.54;
+    // Shares the pixels, no copy; `rgb` must outlive it.
     QImage bare(rgb.constBits(), rgb.width(), rgb.height(), rgb.bytesPerLine(), rgb.format());
     bare.setDotsPerMeterX(static_cast<int>(std::lround(dpi * inchesPerMetre)));
     bare.setDotsPerMeterY(bare.dotsPerMeterX());
     return bare;
 }
 
+// The encoder of another system may have other habits, and a picture that does not boot shows only
+// at the boot.
 Result<void> checkWritten(const QByteArray& bytes, const QImage& picture)
 {
     const Result<JpegHead> head =
@@ -47,6 +50,7 @@ Result<void> checkWritten(const QByteArray& bytes, const QImage& picture)
 
 Result<QByteArray> encodeJpeg(const QImage& picture, const Job& job)
 {
+    // Both formats are written alike, so the large copy is spared.
     const bool plain =
         picture.format() == QImage::Format_RGB32 || picture.format() == QImage::Format_RGB888;
     const QImage rgb = plain ? picture : picture.convertToFormat(QImage::Format_RGB888);
@@ -76,6 +80,7 @@ QByteArray pixelName(qsizetype number, int length)
     return name;
 }
 
+// XPM lists its colours before the pixels.
 struct ColourTable {
     QHash<QRgb, qsizetype> numbers;
     QList<QRgb> colours; // in order of appearance
@@ -111,6 +116,7 @@ QByteArray encodeXpm(const QImage& picture)
     const QImage rgb = picture.convertToFormat(QImage::Format_RGB32);
     const ColourTable table = coloursOf(rgb);
     int length = 1;
+    // As many characters a pixel as the number of colours needs.
     for (auto room = static_cast<qsizetype>(pixelCharacters.size()); room < table.colours.size();
          room *= static_cast<qsizetype>(pixelCharacters.size()))
         ++length;
@@ -148,6 +154,7 @@ Result<QByteArray> encodePicture(const QImage& picture, const Job& job)
     case OutputFormat::Xpm:
         break;
     }
+    // XPM of our own making, as boot loaders read only its plainest form.
     const Result<QImage> few = reduced(*source, paletteOf(job));
     if (!few)
         return few.failure();

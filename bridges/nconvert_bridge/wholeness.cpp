@@ -21,6 +21,7 @@ private:
     std::string_view m_bytes;
 };
 
+// Three bytes a colour, two to the power of the field plus one colours.
 std::size_t gifTableSize(unsigned flags)
 {
     return (flags & 0x80) != 0 ? std::size_t{3} << ((flags & 7) + 1) : 0;
@@ -40,9 +41,11 @@ bool bmpIsWhole(std::string_view bytes, std::int64_t width, std::int64_t height)
 {
     constexpr unsigned infoHeader = 40;
     const Numbers bmp(bytes);
+    // The header of OS/2 is shorter and has no compression.
     const bool modern = bmp.dword(14) >= infoHeader;
     const unsigned bits = modern ? bmp.word(28) : bmp.word(24);
     const unsigned compression = modern ? bmp.dword(30) : 0;
+    // Run lengths have no fixed size; their decoder notices an end that comes early.
     if (compression == 1 || compression == 2)
         return true;
     const std::int64_t lineBytes = (width * bits + 31) / 32 * 4;
@@ -57,6 +60,7 @@ bool gifIsWhole(std::string_view bytes)
     constexpr std::size_t descriptorSize = 10;
     const Numbers gif(bytes);
     std::size_t at = screenEnd + gifTableSize(gif.byte(10));
+    // Extensions may stand before the first picture, which is the one that counts.
     while (gif.holds(at + 1) && gif.byte(at) == extension)
         at = behindSubBlocks(gif, at + 2);
     if (gif.byte(at) != picture)

@@ -8,8 +8,10 @@ namespace fennel {
 
 namespace {
 
+// The last argument of every bridge that is waited for.
 const QString suffix = QStringLiteral(",0");
 const QString sevenZipLog = QStringLiteral("#7zip.log");
+// Twelve characters; 7-Zip's report pads the word so, in English only, and the bridge keeps to it.
 const QByteArray testing = QByteArrayLiteral("Testing     ");
 
 // The reason that a run left no file: what the runner found, else what the tool said.
@@ -21,6 +23,7 @@ Failure reasonOf(const Shell& shell, const Result<void>& ran, const QString& mis
     return {FailureKind::ToolFailed, (said.isEmpty() ? missing : said).toStdString()};
 }
 
+// No text: toolThere() has told the user already, and callers tell nothing twice.
 Failure toolMissing()
 {
     return {FailureKind::ToolFailed, {}};
@@ -30,6 +33,7 @@ Failure toolMissing()
 QString testedName(QByteArray report)
 {
     QByteArray name;
+    // The last such line wins; a name with a comma in it is cut there.
     report.replace('\r', '\n').replace(',', '\n');
     for (const QByteArray& line : report.split('\n')) {
         if (line.startsWith(testing))
@@ -46,6 +50,7 @@ Result<void> CpioInfoExtract(const Shell& shell, const QString& archive, const Q
     if (!shell.toolThere(tool))
         return toolMissing();
     const QString list = withSeparator(folder) + memberListName;
+    // What the tool should leave is removed first, or an older one would pass for its work.
     if (Result<void> removed = shell.files.remove(list); !removed)
         return removed;
     Result<void> ran = shell.tools.RunToolAndWait(
@@ -54,6 +59,7 @@ Result<void> CpioInfoExtract(const Shell& shell, const QString& archive, const Q
         return reasonOf(shell, ran, archive + QStringLiteral(" is no cpio archive."));
     ran = shell.tools.RunToolAndWait(
         {tool, QStringLiteral("EXTR"), archive, folder, memberListName, suffix});
+    // Members need no fixed names, so there is no one file to look for: any complaint counts.
     if (!ran || !shell.tools.lastErrorOutput().isEmpty())
         return reasonOf(shell, ran, {});
     return {};
@@ -73,6 +79,8 @@ Result<void> CpioAssemble(const Shell& shell, const QString& archive, const QStr
     return ran;
 }
 
+// An empty name means a file that is not wrapped. So does a missing tool: a plain archive can be
+// opened without it.
 Result<QString> SevenZipExtract(const Shell& shell, const QString& file, const QString& folder)
 {
     const QString& tool = shell.run.Tool7Zip;
@@ -114,6 +122,7 @@ Result<QString> SevenZipPack(const Shell& shell, const QString& input, const QSt
     // What a tool left that was stopped or crashed may be a part of the file.
     if (!ran)
         return ran.failure();
+    // The standard name whatever was asked for: only callers that gave no name use it.
     return standard;
 }
 

@@ -14,6 +14,7 @@ namespace {
 constexpr std::size_t headerSize = 26;
 constexpr std::size_t blockSize = 512;
 constexpr std::uint16_t magic = 0x71C7;
+// A plain file, readable and writable by all, as in the template's archive.
 constexpr std::uint16_t memberMode = 0100666;
 constexpr unsigned fileTypeBits = 0170000;
 constexpr unsigned plainFileType = 0100000;
@@ -59,6 +60,7 @@ private:
     bool m_bigEndian;
 };
 
+// The formats with a magic in digits can be told by name, which saves the user a guess.
 Failure notCpio(std::span<const std::uint8_t> archive)
 {
     const std::string_view start(reinterpret_cast<const char*>(archive.data()),
@@ -69,6 +71,8 @@ Failure notCpio(std::span<const std::uint8_t> archive)
     return malformed(archive.empty() ? "an empty file" : "no cpio archive");
 }
 
+// Type 0 comes from packers that know of no types. Folders and links could lead out of the folder
+// that is extracted to.
 Result<void> checkType(unsigned mode, std::string_view name)
 {
     const unsigned type = mode & fileTypeBits;
@@ -86,6 +90,7 @@ public:
 
     Result<std::vector<CpioMember>> run()
     {
+        // Offsets stay far from overflow below this size.
         if (m_archive.size() > maxCpioArchive)
             return Failure{FailureKind::TooLarge, "an archive of more than 256 MB"};
         for (;;) {
@@ -118,6 +123,7 @@ private:
         const std::string name(reinterpret_cast<const char*>(&rest[headerSize]),
                                header.nameSize() - 1);
         if (name == trailerName) {
+            // The trailer ends the archive, what follows is padding and is not looked at.
             if (header.fileSize() != 0)
                 return malformed("an archive whose trailer has contents");
             return false;
@@ -133,10 +139,12 @@ private:
     {
         if (const Result<void> plain = checkType(header.mode(), name); !plain)
             return plain.failure();
+        // Refused here, before anything is written: members become files under their names.
         if (const std::string_view reason = whyNoMemberName(name); !reason.empty())
             return malformed("the member name " + printableName(name) + " " + std::string(reason));
         if (m_members.size() == maxCpioMembers)
             return Failure{FailureKind::TooLarge, "an archive of more than 65535 members"};
+        // Members live flat in one folder, where the second would silently overwrite the first.
         if (!m_names.insert(name).second)
             return malformed("two members are named " + printableName(name));
         m_offset += even(headerSize + header.nameSize()) + even(data.size());
@@ -176,6 +184,7 @@ public:
     {
         header(0, 0, 0, 0, trailerName.size() + 1, 0);
         name(trailerName);
+        // An archive ends at a whole block, as packers leave it.
         m_bytes.resize((m_bytes.size() + blockSize - 1) / blockSize * blockSize);
         return std::move(m_bytes);
     }
@@ -186,6 +195,7 @@ private:
         m_bytes.push_back(static_cast<std::uint8_t>(value & 0xffU));
         m_bytes.push_back(static_cast<std::uint8_t>(value >> 8U & 0xffU));
     }
+    // The high word stands first although each word has its low byte first.
     void pair(std::size_t value)
     {
         word(value >> 16U);
@@ -227,7 +237,10 @@ Result<std::vector<std::uint8_t>> writeCpio(std::span<const CpioMember> members)
 {
     if (members.size() > maxCpioMembers)
         return Failure{FailureKind::TooLarge, "more than 65535 members"};
+    // A member of the trailer's name would end the archive early, so the name is taken from the
+    // start.
     std::unordered_set<std::string_view> names{trailerName};
+    // An upper bound, so that the writer never has to move its bytes.
     std::size_t size = headerSize + trailerName.size() + blockSize;
     for (const CpioMember& member : members) {
         if (const std::string_view reason = whyNoMemberName(member.name); !reason.empty())
@@ -239,6 +252,7 @@ Result<std::vector<std::uint8_t>> writeCpio(std::span<const CpioMember> members)
             return Failure{FailureKind::TooLarge, "members of more than 256 MB together"};
     }
     Writer writer(size);
+    // Numbers of their own, as equal ones would make readers take members for links to one file.
     std::uint16_t inode = 0;
     for (const CpioMember& member : members)
         writer.member(++inode, member);

@@ -32,6 +32,7 @@ Result<void> deliver(const Shell& shell)
     if (!built)
         return built.failure();
     const QString target = folderPart(shell.run.GfxPath) + shell.run.GfxFileName;
+    // The user's file is touched only here, when the new one is complete.
     if (Result<void> moved = shell.files.replaceWhole(*built, target); !moved)
         return moved;
     (void)shell.files.remove(*built);
@@ -87,6 +88,7 @@ std::optional<SaveTarget> askTarget(const Shell& shell)
 }
 
 // Makes the run state and a copy of the Workspace that belong to the target.
+// The copy comes first: if it fails, the run state still describes the old Workspace.
 bool adoptTarget(const Shell& shell, const SaveTarget& target, const QString& workspace)
 {
     RunState& run = shell.run;
@@ -105,6 +107,7 @@ bool adoptTarget(const Shell& shell, const SaveTarget& target, const QString& wo
 
 QString proposedCopyName(const QString& name)
 {
+    // Up to the first point, so "message.gz" and "message" both propose "messageNew".
     const qsizetype point = name.indexOf(QLatin1Char('.'));
     return (point < 0 ? name : name.left(point)) + QStringLiteral("New");
 }
@@ -112,9 +115,11 @@ QString proposedCopyName(const QString& name)
 QString savedName(const QString& chosen, bool compress)
 {
     QString name = chosen;
+    // The name goes into the command lines of tools, whose parts are separated by blanks.
     name.replace(QLatin1Char(' '), QLatin1Char('_'));
     if (compress)
         name += QStringLiteral(".gz");
+    // Whoever typed ".gz" and said yes to compressing gets one ending.
     return name.replace(QStringLiteral(".gz.gz"), QStringLiteral(".gz"));
 }
 
@@ -127,11 +132,14 @@ QString SaveDialog(const Shell& shell, const QString& folder, const QString& tit
     question.filter = QStringLiteral("All Files (*.*)|*.*|");
     question.proposedName = proposedName;
     QString path = shell.prompts.saveFile(question);
+    // Told, so that nobody takes a closed dialog for a save.
     if (path.isEmpty())
         shell.prompts.ShowMessage(canceled);
     return path;
 }
 
+// Tools and list are looked for before the parameters are written, so a save that cannot work
+// changes no member.
 bool GfxSave(const Shell& shell, const WriteParameters& writeParameters)
 {
     if (!shell.toolThere(shell.run.ToolCpio))
@@ -153,6 +161,7 @@ bool GfxSaveAs(const Shell& shell, const WriteParameters& writeParameters)
     const std::optional<SaveTarget> target = askTarget(shell);
     if (!target)
         return false;
+    // A save that fails must leave the run on its old file, as if nothing had been asked.
     const RunState before = shell.run;
     const QString workspace = before.WorkspaceRoot + target->name + QLatin1Char('/');
     // A folder of that name holds what was extracted, and perhaps edited, earlier in this run.
@@ -165,6 +174,7 @@ bool GfxSaveAs(const Shell& shell, const WriteParameters& writeParameters)
     return false;
 }
 
+// Asked only here: edits are not tracked, and closing asks nothing.
 bool mayReOpen(const Shell& shell)
 {
     const QString& path = shell.run.GfxPath;

@@ -13,6 +13,8 @@ namespace fennel {
 namespace {
 
 using Step = OpenHost::Step;
+// The order matters: lists before what is drawn from them, fonts before the stage that measures
+// text with them, the generation before the tabs that show its objects.
 constexpr std::array<Step, 9> fillSteps = {Step::Menus,       Step::Members, Step::Config,
                                            Step::Backgrounds, Step::Fonts,   Step::Stage,
                                            Step::Generation,  Step::Tabs,    Step::Logos};
@@ -30,6 +32,7 @@ Result<bool> extract(const Shell& shell, const QString& path, const QString& fol
     const Result<QString> inner = SevenZipExtract(shell, path, folder);
     const bool wrapped = inner && !inner->isEmpty();
     const QString archive = wrapped ? withSeparator(folder) + *inner : path;
+    // Tried also if the unwrapping failed: a plain archive needs no 7-Zip.
     const Result<void> extracted = CpioInfoExtract(shell, archive, folder);
     // Why a file cannot be unwrapped says more than that it is no archive.
     if (!extracted && !inner)
@@ -52,6 +55,7 @@ Result<bool> fillFolder(const Shell& shell, const QString& path, const QString& 
     staging.setAutoRemove(false);
     Result<bool> done = extract(shell, path, staging.path());
     if (done) {
+        // Members of an earlier open under this name that the new file lacks stay there.
         if (Result<void> delivered = shell.files.moveFiles(staging.path(), folder); !delivered)
             done = delivered.failure();
     }
@@ -72,6 +76,7 @@ void showFailure(const Shell& shell, const std::string& reason)
     shell.prompts.ShowMessage(text);
 }
 
+// Only after the members are in place: until then the run still shows the gfxboot before.
 void setRunState(const Shell& shell, const QString& path, const QString& folder, bool wrapped)
 {
     RunState& run = shell.run;
@@ -84,12 +89,14 @@ void setRunState(const Shell& shell, const QString& path, const QString& folder,
     run.BackFile = folder + QStringLiteral("back.jpg");
     run.GfxHasCfg = FileExists(folder + QStringLiteral("gfxboot.cfg"));
     run.GfxHasZuk = FileExists(folder + QStringLiteral("ZUK0000.CFG"));
+    // The newest sign wins: a generation 3 file may still hold the cfg of generation 2.
     run.gfxboot_var = run.GfxHasZuk ? 3 : run.GfxHasCfg ? 2 : 1;
     run.ObjectCount = run.GfxHasZuk ? 40 : 4;
 }
 
 void measureBack(const Shell& shell)
 {
+    // From the picture's header alone. Places on the screen are kept in 16 bits.
     const QSize size = QImageReader(shell.run.BackFile).size();
     constexpr int limit = 32767;
     const bool readable = size.isValid() && size.width() <= limit && size.height() <= limit;
@@ -105,11 +112,13 @@ void measureBack(const Shell& shell)
 
 void fillAll(const Shell& shell, OpenHost& host)
 {
+    // Objects of the gfxboot before must not flash up over the new background.
     host.hideObjects();
     measureBack(shell);
     host.fill(Step::Pictures);
     if (shell.run.GfxHasZuk) {
         host.fill(Step::Levels);
+        // The level files say which background is shown, so they are read before it is.
         shell.run.BackFile = backgroundFile(shell.run.Workspace, host.chosenBackground());
     }
     for (const Step step : fillSteps) {
@@ -123,6 +132,7 @@ void fillAll(const Shell& shell, OpenHost& host)
 
 QString backgroundFile(const QString& workspace, qint64 number)
 {
+    // Two digits; without that picture the common background shows.
     const QString digits = QString::number(100 + number).right(2);
     const QString path = workspace + QStringLiteral("back_%1.jpg").arg(digits);
     return FileExists(path) ? path : workspace + QStringLiteral("back.jpg");
@@ -134,6 +144,7 @@ bool gfxboot_open(const Shell& shell, const QString& path, OpenHost& host)
     host.openBegins();
     const QString folder = shell.run.WorkspaceRoot + namePart(path) + QLatin1Char('/');
     const Result<bool> wrapped = fillFolder(shell, path, folder);
+    // "back.jpg" is what every generation has: an archive without it is no boot screen.
     const bool opened = wrapped && FileExists(folder + QStringLiteral("back.jpg"));
     if (opened) {
         setRunState(shell, path, folder, *wrapped);

@@ -28,7 +28,9 @@ public:
     virtual ~OpenHost() = default;
     // The window is disabled, shows the busy pointer and an empty stage.
     virtual void openBegins() = 0;
+    // The objects of the gfxboot before go off the stage.
     virtual void hideObjects() = 0;
+    // Fills one part of the window from the run state and the Workspace.
     virtual void fill(Step step) = 0;
     // Number of the background that the parameters choose; asked after Step::Levels.
     [[nodiscard]] virtual int chosenBackground() const = 0;

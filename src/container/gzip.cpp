@@ -23,6 +23,8 @@ constexpr std::uint8_t flagExtra = 4;
 constexpr std::uint8_t flagName = 8;
 constexpr std::uint8_t flagComment = 16;
 constexpr std::uint8_t flagsReserved = 0xe0;
+// What the header says of the level; readers ignore it, but the bytes stay as the usual tool writes
+// them.
 constexpr std::uint8_t bestCompression = 2;
 constexpr std::uint8_t systemUnix = 3;
 constexpr std::size_t fixedHeader = 10;
@@ -81,11 +83,14 @@ std::optional<std::string> readText(Bytes member, std::size_t& at)
     return text;
 }
 
+// The optional fields in the order in which the format has them (RFC 1952): extra, name, comment,
+// checksum of the header.
 Result<MemberHeader> readHeader(Bytes member)
 {
     if (member.size() < fixedHeader)
         return cutShort();
     const unsigned flags = member[3];
+    // Such a flag may announce a field of unknown length, so nothing behind it could be read.
     if ((flags & flagsReserved) != 0)
         return Failure{FailureKind::Unsupported, "a gzip file with unknown flags"};
     MemberHeader header{fixedHeader, read32(member, 4), {}};
@@ -130,6 +135,7 @@ public:
             return Failure{FailureKind::Malformed, "no gzip file"};
         if (!m_engine)
             return noMemory();
+        // A file may be several members joined; their contents are one stream, named by the first.
         for (bool first = true; !m_rest.empty(); first = false) {
             if (!isGzip(m_rest))
                 return padding();
@@ -149,6 +155,7 @@ public:
 private:
     Result<GzipContents> padding()
     {
+        // Zeros behind the end may come from media that store whole blocks.
         if (std::all_of(m_rest.begin(), m_rest.end(), [](std::uint8_t b) { return b == 0; }))
             return std::move(m_contents);
         return Failure{FailureKind::Malformed, "a gzip file with unknown bytes behind its end"};
@@ -173,6 +180,7 @@ private:
             }
             if (result != LIBDEFLATE_INSUFFICIENT_SPACE)
                 return Failure{FailureKind::Malformed, "a gzip file that is damaged or cut short"};
+            // The limit guards against a small file that unpacks to fill the memory.
             if (room == m_limit - start)
                 return Failure{FailureKind::TooLarge, "a gzip file with more than " +
                                                           std::to_string(m_limit >> 20U) +
@@ -186,6 +194,7 @@ private:
         if (m_rest.size() - footerAt < footer)
             return cutShort();
         const Bytes data = Bytes(m_contents.data).subspan(start);
+        // A damaged member must not pass: it would be saved again as if it were sound.
         if (libdeflate_crc32(0, data.data(), data.size()) != read32(m_rest, footerAt))
             return Failure{FailureKind::Malformed, "a gzip file whose checksum is wrong"};
         if (read32(m_rest, footerAt + 4) != static_cast<std::uint32_t>(data.size()))
@@ -284,6 +293,8 @@ bool isGzip(Bytes file)
 Result<std::vector<std::uint8_t>> gzipCompress(Bytes data, std::string_view name,
                                                std::uint32_t mtime, int level)
 {
+    // The size in the footer has 32 bits, and reading has the same limit: what is written can be
+    // read.
     if (data.size() > maxGzipContents)
         return Failure{FailureKind::TooLarge,
                        "more than " + std::to_string(maxGzipContents >> 20U) + " MB to compress"};
@@ -294,6 +305,7 @@ Result<std::vector<std::uint8_t>> gzipCompress(Bytes data, std::string_view name
     const std::vector<std::uint8_t> body = deflateBody(engine.get(), data);
     std::vector<std::uint8_t> file(magic.begin(), magic.end());
     file.reserve(fixedHeader + name.size() + 1 + body.size() + footer);
+    // The inner name is the only optional field, the editor finds the extracted file by it.
     file.push_back(flagName);
     put32(file, mtime);
     file.push_back(bestCompression);
@@ -311,6 +323,8 @@ Result<GzipContents> gzipDecompress(Bytes file, std::size_t limit)
     return Decompressor(file, limit).run();
 }
 
+// The stored name if it can be a file's, else the archive's without its ending, else a fixed one:
+// some name is always there, and never one that leads out of the folder.
 std::string gzipInnerName(std::string_view storedName, std::string_view archiveName)
 {
     const std::size_t separator = storedName.find_last_of("/\\");

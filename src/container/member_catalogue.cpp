@@ -13,8 +13,10 @@ namespace fennel {
 
 namespace {
 
+// Framed in bars, so that a name is only found whole.
 const QString requiredMembers = QStringLiteral("|init|16x16.fnt|ZUK0000.CFG|back.jpg|");
 
+// Asked only where no pattern of the catalogue fits.
 constexpr std::array<MemberPattern, 8> endings = {{
     {"*.jpg", MemberKind::Picture},
     {"*.pcx", MemberKind::Picture},
@@ -46,15 +48,19 @@ MemberKind memberKind(const QString& name)
     return entry == nullptr ? MemberKind::Unknown : entry->kind;
 }
 
+// With regard to case: "BACK.JPG" is a member like any other.
 bool IsRequiredMember(const QString& name)
 {
     return requiredMembers.contains(QLatin1Char('|') + name + QLatin1Char('|'));
 }
 
+// The bytes are kept beside the text: an archive must be written with the names it was read with,
+// whatever their encoding.
 MemberName memberName(const QByteArray& bytes)
 {
     QStringDecoder utf8(QStringDecoder::Utf8);
     QString text = utf8(bytes);
+    // Old archives have names in the 8-bit code page of their time.
     if (utf8.hasError())
         text = fromCp1251(bytes);
     return {bytes, text};
@@ -74,6 +80,7 @@ std::vector<MemberName> memberNames(const QByteArray& list)
 qint64 memberSize(const QString& folder, const QByteArray& name)
 {
     struct stat info = {};
+    // By the raw bytes, as the text may not lead back to them.
     const QByteArray path = QFile::encodeName(folder) + name;
     if (::stat(path.constData(), &info) != 0 || !S_ISREG(info.st_mode))
         return -1;

@@ -51,6 +51,7 @@ struct MemberName {
     QByteArray bytes;
     QString text;
 };
+// Both forms of a raw name; every byte string has a text.
 MemberName memberName(const QByteArray& bytes);
 
 // The lines of a "#.lst" text, in order; line ends may be CR LF or LF, empty lines are skipped.

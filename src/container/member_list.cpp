@@ -15,6 +15,7 @@ QByteArray takeKnownMembers(const QString& folder, const QString& addedPattern, 
     for (const MemberPattern& entry : memberPatterns) {
         for (const QString& name : filesLike(folder, QString::fromLatin1(entry.pattern))) {
             const QByteArray line = name.toUtf8() + "\r\n";
+            // Only what the list had: working files and leftovers in the folder are no members.
             if (old.contains(line)) {
                 known += line;
                 old.replace(line, "");
@@ -40,10 +41,12 @@ Result<void> RebuildMemberList(const Shell& shell, const QString& addedPattern)
     }
     QByteArray old = *list;
     QByteArray names = takeKnownMembers(folder, addedPattern, old);
+    // Unknown members keep their order behind the known ones, as long as their file is there.
     for (const MemberName& name : memberNames(old)) {
         if (memberSize(folder, name.bytes) >= 0)
             names += name.bytes + "\r\n";
     }
+    // Renamed over the old list: a save after half a list would lose members.
     const QString fresh = folder + QStringLiteral("#.lst.new");
     Result<void> done = shell.files.write(fresh, names);
     if (done)
@@ -58,6 +61,7 @@ void MemberListFill(const Shell& shell, ListRows& list)
 {
     shell.WriteLog(QStringLiteral("     2_GFXBOOT_in_ListView"));
     list.columns = columnsFrom(QStringLiteral("File|Length|"));
+    // Before the list is read, so that a lost one shows as empty and not as the one before.
     list.rows.clear();
     const Result<QByteArray> names = readBytes(shell.run.Workspace + memberListName);
     if (!names)

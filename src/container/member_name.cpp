@@ -10,8 +10,10 @@ namespace {
 
 using namespace std::string_view_literals;
 
+// A member of such a name would be overwritten by the tools, or be taken for their output.
 constexpr std::array workingFiles{"#.lst"sv, "#7zip.log"sv, "#message"sv, "#message.gz"sv};
 constexpr std::array devices{"con"sv, "prn"sv, "aux"sv, "nul"sv};
+// Names come from files of any origin and must not fill the message.
 constexpr std::size_t longestShown = 80;
 
 bool isControl(char c)
@@ -34,6 +36,7 @@ bool isDeviceName(std::string_view name)
 
 } // namespace
 
+// The answer continues "the name ... ", for the message that refuses it.
 std::string_view whyNoMemberName(std::string_view name)
 {
     if (name.empty())

@@ -31,9 +31,11 @@ constexpr QLatin1StringView unfinished("#resource.tmp");
 QString resourceName(const QString& name, const QString& language)
 {
     const QString upper = name.toUpper();
+    // Only the settings differ by language.
     return upper == u"SETTINGS" ? CatalogueLanguage(language) + u"_SETTINGS"_s : upper;
 }
 
+// A member that is cut short would be worse than the old one, so it appears in one step.
 Result<void> writeWhole(Files& files, const QString& folder, QLatin1StringView target,
                         const QByteArray& bytes)
 {
@@ -50,6 +52,7 @@ Result<void> writeWhole(Files& files, const QString& folder, QLatin1StringView t
 
 QString CatalogueLanguage(const QString& language)
 {
+    // English is the catalogue for all languages without one of their own.
     return language == u"0419" ? language : u"0409"_s;
 }
 
@@ -59,6 +62,7 @@ bool WriteResource(const Shell& shell, const QString& folder, const QString& nam
     const QString wanted = resourceName(name, language);
     const auto* const found = std::ranges::find_if(
         resources, [&](const Resource& resource) { return resource.name == wanted; });
+    // A name that is no resource is no failure and writes nothing.
     if (found == resources.end())
         return true;
     const Result<QByteArray> bytes = readBytes(shell.run.AppPath + u"/data/"_s + found->name);

@@ -41,6 +41,7 @@ QString charactersOfPage(int page)
 
 } // namespace
 
+// By pages: asking the font for each character alone takes seconds for 65,536 of them.
 CharSelected charactersOf(const QRawFont& face)
 {
     CharSelected there;
@@ -53,6 +54,7 @@ CharSelected charactersOf(const QRawFont& face)
             text[static_cast<std::size_t>(cell)] =
                 QChar(static_cast<char16_t>(page * cellCount + cell));
         int count = cellCount;
+        // Halves of pairs are no characters, and whole pages consist of them.
         if (text[0].isSurrogate() ||
             !face.glyphIndexesForChars(text.data(), cellCount, glyphs.data(), &count))
             continue;
@@ -83,6 +85,7 @@ QRect CharGrid::cellRect(int cell)
 void CharGrid::setPage(int page)
 {
     m_page = std::clamp(page, 0, pageCount - 1);
+    // A drag that goes on over another page would paint cells that nobody saw pressed.
     m_painting = false;
     findGlyphs();
     update();
@@ -107,6 +110,8 @@ void CharGrid::findGlyphs()
         return;
     std::array<QPointF, cellCount> advances;
     m_face.advancesForGlyphIndexes(m_glyphs.data(), advances.data(), cellCount);
+    // Centred by the face's height and not by each glyph's, so that the letters of a row stand on
+    // one line.
     const double baseline = (cellSide + m_face.ascent() - m_face.descent()) / 2;
     for (int cell = 0; cell < cellCount; ++cell) {
         const auto at = static_cast<std::size_t>(cell);
@@ -140,6 +145,7 @@ void CharGrid::paintCells(QPainter& painter, const QRect& part) const
     }
 }
 
+// One run for all glyphs of a colour: drawn one by one, 256 cells would be felt while scrolling.
 void CharGrid::paintGlyphs(QPainter& painter, bool ofChosen) const
 {
     QList<quint32> glyphs;
@@ -180,7 +186,9 @@ void CharGrid::mousePressEvent(QMouseEvent* event)
         return;
     m_last = m_mark = cell;
     Q_EMIT cellPressed(codeOf(cell));
+    // The fixed characters never change; a drag that starts on one paints nothing.
     m_painting = codeOf(cell) > lastFixedCharacter;
+    // After the press has flipped the cell: the drag brings all others to the same state.
     m_paintTo = chosen(cell);
     update();
 }
@@ -188,6 +196,7 @@ void CharGrid::mousePressEvent(QMouseEvent* event)
 void CharGrid::mouseMoveEvent(QMouseEvent* event)
 {
     const int cell = cellAt(event->position().toPoint());
+    // Once for each cell, however slowly the mouse moves over it.
     if (cell < 0 || cell == m_last)
         return;
     m_last = cell;
@@ -203,6 +212,7 @@ void CharGrid::wheelEvent(QWheelEvent* event)
     constexpr int step = QWheelEvent::DefaultDeltasPerStep;
     m_turned += event->angleDelta().y();
     const int steps = m_turned / step;
+    // The rest is kept: touch pads send many small turns.
     m_turned -= steps * step;
     if (steps != 0)
         Q_EMIT pagesTurned(-steps);

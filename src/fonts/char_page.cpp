@@ -19,6 +19,7 @@ constexpr int largePixels = 72;
 constexpr int shownBlocks = 24; // rows of the open list
 
 // The block that a page begins in.
+// A page may hold several blocks; the last one that starts at or before the page counts.
 int blockOfPage(int page)
 {
     int found = 0;
@@ -39,6 +40,7 @@ CharPage::CharPage(const CharSelected& set, QWidget* parent)
     setObjectName(u"FrameUNICODE"_s);
     m_scroll->setObjectName(u"VScrollUnicode"_s);
     m_scroll->setRange(0, pageCount - 1);
+    // 16 pages, 4096 characters.
     m_scroll->setPageStep(16);
     auto* cells = new QHBoxLayout;
     cells->setSpacing(2);
@@ -51,6 +53,7 @@ CharPage::CharPage(const CharSelected& set, QWidget* parent)
     row->addLayout(left);
     row->addLayout(makeView(), 1);
     connect(m_scroll, &QScrollBar::valueChanged, this, &CharPage::showPage);
+    // Only what the user chooses: showPage() sets the block itself and must not come back here.
     connect(m_blocks, &QComboBox::activated, this,
             [this](int block) { setPage(pageOfBlock(m_blocks->itemText(block))); });
     connect(m_grid, &CharGrid::cellPressed, this, &CharPage::cellPressed);
@@ -110,6 +113,7 @@ void CharPage::showPage(int page)
 {
     setTitle(u"Unicode Characters Page: "_s + pageRange(page));
     m_grid->setPage(page);
+    // A block chosen from the list stays shown although its page begins with another one.
     if (pageOfBlock(m_blocks->currentText()) != page)
         m_blocks->setCurrentIndex(blockOfPage(page));
     Q_EMIT pageChanged(page);
@@ -132,6 +136,7 @@ void CharPage::showCharacter(int code)
     const bool there = m_there[static_cast<std::size_t>(code)];
     const bool control = cellGlyph(code / cellCount, code % cellCount).trimmed().isEmpty();
     m_large->setText(QString(QChar(static_cast<char16_t>(code))));
+    // What the font lacks comes from another font, so it is shown faded.
     m_large->setForegroundRole(there ? QPalette::Text : QPalette::PlaceholderText);
     QString text = u"Unicode: U+"_s + QString::number(code, 16).toUpper().rightJustified(4, u'0');
     if (!there && !control)

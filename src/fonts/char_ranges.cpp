@@ -11,6 +11,7 @@ namespace fennel {
 namespace {
 
 constexpr double hugeNumber = 4294967295.0; // above every limit; keeps long texts of digits finite
+// Of a text that may be a megabyte.
 constexpr std::size_t shownToken = 40;
 
 bool isSeparator(char c)
@@ -32,6 +33,7 @@ constexpr std::array<signed char, 256> hexDigits = [] {
     return values;
 }();
 
+// Both "0x" and "&H", as the set of a font is written in either way.
 bool isHex(std::string_view text)
 {
     return text.size() >= 2 && ((text[0] == '0' && (text[1] | 0x20) == 'x') ||
@@ -70,6 +72,7 @@ double decimalNumber(std::string_view text)
             break;
         }
     }
+    // Ties to even, like all numbers in lists.
     return sign * std::nearbyint(value);
 }
 
@@ -100,6 +103,8 @@ Result<std::vector<CodeRange>> readCodeRanges(std::string_view text, std::uint32
         const std::size_t dash = token.find('-');
         const double first = number(token);
         const double last = dash == token.npos ? first : number(token.substr(dash + 1));
+        // Passed over and not turned round; a text that is no number is 0, which is a character of
+        // its own.
         if (last < first)
             continue;
         if (first < 0 || last > limit)

@@ -12,6 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Basic Latin and the Russian letters; it differs from what the settings file is written with,
+// which nobody reads.
 const QString startingRanges = QStringLiteral("0x20-0x7e_0x0410-0x0451");
 
 // Most characters of a number and the sign before it, as in " 0x1234".
@@ -44,6 +46,7 @@ qsizetype endOfPiece(const QString& text, qsizetype start)
 {
     constexpr qsizetype usualPiece = 4096;
     qsizetype end = start + usualPiece;
+    // Up to a separator, so that no number is cut.
     while (end < text.size() && text[end] != u' ' && text[end] != u',' && text[end] != u'_')
         ++end;
     return std::min(end, text.size());
@@ -61,6 +64,7 @@ Result<CharSelected> ParseCharacterRanges(const QString& text)
     CharSelected set;
     for (qsizetype start = 0; start <= text.size();) {
         const qsizetype end = endOfPiece(text, start);
+        // Characters outside Latin-1 become "?", which ends a number like any other sign.
         const QByteArray piece = QStringView(text).mid(start, end - start).toLatin1();
         const auto ranges = readCodeRanges(
             {piece.constData(), static_cast<std::size_t>(piece.size())}, characterCount - 1);
@@ -81,6 +85,7 @@ QString FormatCharacterRanges(const CharSelected& set)
     QString text(static_cast<qsizetype>(set.count()) * longestNumber, Qt::Uninitialized);
     auto* const start = reinterpret_cast<char16_t*>(text.data());
     char16_t* out = start;
+    // Character 0 is never written: it ends texts.
     for (std::size_t code = 1; code < set.size(); ++code) {
         if (!set[code])
             continue;
@@ -113,12 +118,14 @@ QString selectedCharacters(const CharSelected& set)
 
 bool toggleCharacter(CharSelected& set, int code)
 {
+    // The fixed characters are no choice of the user's.
     if (code <= lastFixedCharacter || code >= characterCount)
         return false;
     set.flip(static_cast<std::size_t>(code));
     return true;
 }
 
+// The file's order and its doubles stay, people look at what is in the file.
 QString ReadFontCharacters(const QByteArray& file)
 {
     const int count = FontSymbolCount(file);
@@ -139,6 +146,8 @@ QString rangesOfFont(const QByteArray& file)
 
 QString rangesOfDefault(const QString& defaultFontName)
 {
+    // The name of the font passes for its character set here; it gives an empty set, as it always
+    // has.
     return QString(defaultFontName).remove(u'\t').remove(u' ');
 }
 

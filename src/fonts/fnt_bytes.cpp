@@ -17,6 +17,7 @@ void appendHex(QString& text, int value, int digits)
 
 } // namespace
 
+// 0 behind the end: a file that is cut short shows zeros instead of ending the listing.
 int byteAt(const QByteArray& bytes, qsizetype offset)
 {
     return offset >= 0 && offset < bytes.size() ? static_cast<unsigned char>(bytes[offset]) : 0;
@@ -47,6 +48,7 @@ QString hexPadded(int value, int digits)
 
 int FontSymbolCount(const QByteArray& file)
 {
+    // Two of the field's four bytes, as the listing has always counted.
     return byteAt(file, 5) * 256 + byteAt(file, 4);
 }
 
@@ -62,6 +64,7 @@ TableEntry tableEntry(const QByteArray& file, int index)
     entry.code = byteAt(file, place + 1) * 256 + byteAt(file, place);
     entry.chrData =
         byteAt(file, place + 4) * 65536 + byteAt(file, place + 3) * 256 + byteAt(file, place + 2);
+    // Rounded and not cut: the five bits that do not belong to it may push it up by one.
     entry.offset = roundToEven(entry.chrData / chrDataUnit);
     return entry;
 }

@@ -11,6 +11,7 @@ namespace {
 
 constexpr unsigned twoColours = 0;
 constexpr unsigned greys = 1;
+// Grey levels are 0 to fullInk; these two codes stand for runs of nothing and of full ink.
 constexpr unsigned emptyRun = 14;
 constexpr unsigned fullRun = 15;
 constexpr std::size_t shortestRun = 3;
@@ -43,6 +44,7 @@ public:
         }
         return value;
     }
+    // Two's complement in `count` bits.
     int takeSigned(unsigned count)
     {
         const unsigned value = take(count);
@@ -59,6 +61,7 @@ private:
 
 class BitWriter {
 public:
+    // Few bits are held from call to call, so 32 are enough for any field.
     void put(unsigned value, unsigned count)
     {
         m_pending |= (value & ((1U << count) - 1U)) << m_held;
@@ -92,6 +95,7 @@ unsigned signedBits(int value)
     return unsignedBits(value < 0 ? -value - 1 : value) + 1;
 }
 
+// All five numbers share one width, as the largest of them needs it.
 unsigned fieldBits(const Glyph& glyph)
 {
     return std::max({1U, unsignedBits(glyph.width), unsignedBits(glyph.height),
@@ -99,6 +103,7 @@ unsigned fieldBits(const Glyph& glyph)
                      signedBits(glyph.advance)});
 }
 
+// A glyph that does not fit is left out as a whole; a cut one would be drawn wrong at boot.
 bool representable(const Glyph& glyph)
 {
     if (glyph.code > fntLastCode || glyph.width < 0 || glyph.height < 0 || glyph.width > 255 ||
@@ -119,6 +124,7 @@ void putGreys(BitWriter& bits, const std::vector<std::uint8_t>& pixels)
             while (length < longestRun && i + length < pixels.size() && pixels[i + length] == level)
                 ++length;
         }
+        // The format has no shorter runs: their three bits count from shortestRun on.
         if (length >= shortestRun) {
             bits.put(level == 0 ? emptyRun : fullRun, 4);
             bits.put(static_cast<unsigned>(length - shortestRun), 3);
@@ -139,6 +145,7 @@ bool takeGreys(BitReader& bits, std::size_t area, std::vector<std::uint8_t>& pix
             pixels.push_back(static_cast<std::uint8_t>(code));
             continue;
         }
+        // Checked before the pixels are made, as the bits come from any file.
         const std::size_t length = bits.take(3) + shortestRun;
         if (length > area - pixels.size())
             return false;
@@ -187,6 +194,7 @@ Result<std::vector<FntEntry>> readFntTable(std::span<const std::uint8_t> file)
     const Result<FntHeader> header = readFntHeader(file);
     if (!header)
         return header.failure();
+    // Divided instead of multiplied, which could overflow.
     if (header->entries > (file.size() - fntHeaderSize) / fntEntrySize)
         return malformed("The font file is shorter than its character table.");
     std::vector<FntEntry> table(header->entries);
@@ -239,6 +247,7 @@ Result<FntFont> decodeFnt(std::span<const std::uint8_t> file)
         if (!glyph)
             return glyph.failure();
         pixels += glyph->pixels.size();
+        // Many entries may point at one large glyph, so the file's own size bounds nothing.
         if (pixels > fntPixelLimit)
             return Failure{FailureKind::TooLarge, "The glyphs of the font file are too large."};
         font.glyphs.push_back(std::move(*glyph));
@@ -251,6 +260,7 @@ std::optional<std::vector<std::uint8_t>> encodeGlyph(const Glyph& glyph)
     if (!representable(glyph))
         return std::nullopt;
     const auto between = [](std::uint8_t level) { return level > 0 && level < fullInk; };
+    // A glyph without levels between needs one bit a pixel.
     const bool grey = std::ranges::any_of(glyph.pixels, between);
     const unsigned field = fieldBits(glyph);
     BitWriter bits;
@@ -279,6 +289,7 @@ Result<std::vector<std::uint8_t>> encodeFnt(const FntFont& font)
         if (!bits)
             continue;
         size += fntEntrySize + bits->size();
+        // Offsets in the table have 19 bits.
         if (size > fntSizeLimit)
             return Failure{FailureKind::TooLarge,
                            "The characters need more than the 512 KiB that a "
@@ -295,6 +306,7 @@ Result<std::vector<std::uint8_t>> encodeFnt(const FntFont& font)
     file.push_back(font.baseline);
     file.push_back(static_cast<std::uint8_t>(font.lineHeight));
     std::uint64_t offset = fntHeaderSize + coded.size() * fntEntrySize;
+    // The table first, as its offsets count from the file's beginning.
     for (const auto& [code, bits] : coded) {
         putNumber(file, code | offset << codeBits, fntEntrySize);
         offset += bits.size();

@@ -29,6 +29,7 @@ QString hexDigits(int value)
 
 } // namespace
 
+// Control characters have no glyph: drawn, they would show as boxes or break the line.
 QString cellGlyph(int page, int cell)
 {
     if (page == 0 && cell < 0x20)
@@ -50,6 +51,7 @@ std::vector<FontFile> fontFiles(const QString& fontList)
             continue;
         const QString value = line.left(arrow);
         const QString name = value.left(value.indexOf(u"(TrueType)"_s)).trimmed();
+        // The first file of a name is the one that counts.
         if (known.contains(name))
             continue;
         known.insert(name);
@@ -62,6 +64,7 @@ std::vector<FontFile> fontFiles(const QString& fontList)
 int placeOfFont(const std::vector<FontFile>& fonts, const QString& fontStyleName)
 {
     const auto found = std::ranges::find(fonts, fontStyleName, &FontFile::name);
+    // A font that is not installed here shows the first of the list.
     return found == fonts.end() ? 0 : static_cast<int>(found - fonts.begin());
 }
 
@@ -69,6 +72,7 @@ QString familyOfName(const QString& name, const QStringList& families)
 {
     QString family = families.contains(name) ? name : QString();
     QString candidate = name;
+    // The words are taken off one after the other; the last family found is the barest.
     for (const QString& word : {u" Bold"_s, u" Italic"_s, u" Обычный"_s}) {
         candidate.remove(word);
         if (families.contains(candidate))
@@ -77,6 +81,7 @@ QString familyOfName(const QString& name, const QStringList& families)
     if (!family.isEmpty())
         return family;
     for (const QString& installed : families) {
+        // The longest fitting family: "DejaVu Sans Mono" before "DejaVu Sans".
         if (installed.size() > family.size() && name.startsWith(installed + u' '))
             family = installed;
     }
@@ -122,6 +127,8 @@ QString pageRange(int page)
 QString cellHint(int page, int cell)
 {
     const int code = codeOf(page, cell);
+    // The two-byte form for all higher codes, as this hint always had it, also where UTF-8 needs
+    // three.
     const QString utf8 = code < 0x80
                              ? hexDigits(cell)
                              : hexDigits(code / 64 + 192) + u' ' + hexDigits(code % 64 + 128);
@@ -147,6 +154,7 @@ double viewFontSize(int view, double size, double previewScale)
     return view == ScaledView ? size * previewScale : size;
 }
 
+// A font that is being added has no set yet.
 bool offersFromFont(int view, const QString& title)
 {
     return view == SelectedView && title != addFontTitle();

@@ -75,6 +75,7 @@ bool offersDefault(int view);
 
 // Titles of the dialog, by what it is for.
 QString addFontTitle();
+// The title tells which member is edited; addFontTitle() stands for none.
 QString editFontTitle(const QString& member);
 // The button "Load From ..." by the dialog's title.
 QString fromFontCaption(const QString& title);

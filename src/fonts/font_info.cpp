@@ -24,14 +24,17 @@ FontInfo::FontInfo(QWidget* parent)
     setAutoFillBackground(true);
     m_example->setObjectName(u"FontExample"_s);
     m_example->setText(u"Однажды в студеную зимнюю пору"_s);
+    // The text comes from a file's tag and must not be read as markup.
     m_example->setTextFormat(Qt::PlainText);
     m_example->setWordWrap(true);
     m_example->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_change->setObjectName(u"Font_change"_s);
     m_change->setText(tr("Change font..."));
+    // A click must not take the focus from the list that the font is chosen in.
     m_change->setFocusPolicy(Qt::TabFocus);
     m_change->setEnabled(false);
     auto* port = new QScrollArea(this);
+    // It scrolls, as a large size would otherwise push the window apart.
     port->setFrameStyle(QFrame::NoFrame);
     port->setWidgetResizable(true);
     port->setWidget(m_example);

@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Also the sign that there is no glyph to draw.
 const QString noBitmap = u"---"_s;
 
 QString decimalPadded(int value, int digits)
@@ -20,6 +21,7 @@ QString decimalPadded(int value, int digits)
     return QString::number(value).rightJustified(digits, u'0').right(digits);
 }
 
+// Grouped as the fields are: magic, count, the three heights.
 QString headerRow(const QByteArray& file)
 {
     QString text;
@@ -77,6 +79,7 @@ void listCharacters(FontInspection& inspection, const QByteArray& file, qint64 f
         inspection.FontOffsets.push_back(tableEntry(file, i).offset);
         inspection.List1.append(characterRowText(file, i));
     }
+    // The file's end closes the last glyph, so each has an end.
     inspection.FontOffsets.push_back(static_cast<int>(std::min<qint64>(fileLength, readLimit)));
 }
 
@@ -88,6 +91,7 @@ QString GetChrBitmap(FontInspection& inspection, const RunState& run, int index)
     const int start = offsets[static_cast<std::size_t>(index - 1)];
     const int end = offsets[static_cast<std::size_t>(index)];
     const Result<QByteArray> file = readBytes(run.Workspace + inspection.component);
+    // Read again at each click: the member may have been replaced since the listing.
     inspection.FontBytes = file ? file->left(qsizetype{end} + 1) : QByteArray();
     const int count = std::min(end - start, shownGlyphBytes);
     const QString text = HexBytes(inspection.FontBytes, count, start);
@@ -98,6 +102,7 @@ CharacterView clickOnCharacter(FontInspection& inspection, const RunState& run, 
 {
     CharacterView view;
     QString bitmap = noBitmap;
+    // The name in the first row tells whether the list is one of a font member.
     if (inspection.List1.value(0).contains(u"16x16"_s))
         bitmap = GetChrBitmap(inspection, run, row - characterRow + 1);
     view.message = u"Position in set ="_s + QString::number(row) + u'\n' +
@@ -133,6 +138,7 @@ FontSample fontSample(const FontState& fonts, int row, const QStringList& famili
     const ShownFamily family = shownFamily(sample.record.FontName, families);
     if (!family.note.isEmpty())
         sample.text += family.note + u'\n';
+    // The stand-in is what is shown; the note above says so.
     sample.record.FontName = family.family;
     sample.text += u" This is an example of the font used."_s;
     return sample;

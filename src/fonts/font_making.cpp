@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double pointsPerInch = 72.0;
+// The tool gets a font file's name without its ending.
 constexpr qsizetype endingLength = 4; // ".TTF"
 constexpr int lastNumber = 199;       // of a name with two digits, counted from 100
 const QString errorTitle = u"Font creating error"_s;
@@ -35,6 +36,7 @@ QString toolReason(const Shell& shell, const Result<void>& run)
 
 void tellFailure(const Shell& shell, const Failure& failure)
 {
+    // NotFound means here: a font came out that has no character.
     const bool empty = failure.kind == FailureKind::NotFound;
     QString text =
         empty ? u"ERROR. The character set is empty"_s : u"ERROR. File could not be created"_s;
@@ -74,6 +76,7 @@ Result<QString> installChanged(const Shell& shell, const QString& rowText)
         done = replaceFirstFont(shell);
     } else if (shell.run.gfxboot_var == 3) {
         component = rowText;
+        // In generation 3 the selected font is replaced without a backup.
         done = shell.files.rename(inWorkspace(shell, newFontFile), inWorkspace(shell, component));
     }
     return done ? Result<QString>(component) : done.failure();
@@ -118,6 +121,7 @@ FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMod
     start.title = AddFontMode ? addFontTitle()
                               : editFontTitle(selected != nullptr ? selected->text() : QString());
     start.FontStyleName = record.FontName;
+    // The dialog lists faces by their full names.
     if (record.Bold)
         start.FontStyleName += u" Bold"_s;
     if (record.Italic)
@@ -132,6 +136,7 @@ QStringList fontMakerCommand(const Shell& shell, const CharSelected& set, const 
 {
     // The points are rounded before they become pixels: 14.5 points make the pixels of 14.
     const int points = roundToEven(choice.size);
+    // The order of the arguments is the bridge's contract.
     return {shell.run.ToolMkFont,
             FormatCharacterRanges(set).replace(u' ', u'_'),
             choice.fileName.chopped(std::min(endingLength, choice.fileName.size())),
@@ -151,6 +156,8 @@ QString nextFontName(const ListRows& fontRows)
         if (!name.endsWith(u".fnt"_s, Qt::CaseInsensitive) || name == fontFileName(firstFontNumber))
             continue;
         const int number = roundToEven(leadingNumber(QStringView(name).right(6))) + firstFontNumber;
+        // Counted up at every row, so gaps may stay: numbers of deleted fonts are not given out
+        // while later ones exist.
         next = std::max(next, number) + 1;
     }
     return next > lastNumber ? QString() : fontFileName(next);
@@ -164,6 +171,7 @@ Result<void> BuildFont(const Shell& shell, const CharSelected& set, const FontCh
         shell.files.remove(output); // an earlier run's must not pass for this one's
     if (!removed)
         return removed;
+    // No text: the user has been told.
     if (!shell.toolThere(shell.run.ToolMkFont))
         return Failure{FailureKind::ToolFailed, {}};
     const Result<void> run =
@@ -178,6 +186,7 @@ Result<void> BuildFont(const Shell& shell, const CharSelected& set, const FontCh
     const Result<QByteArray> font = readBytes(output);
     if (!font)
         return font.failure();
+    // After the tag, since only the finished file is read.
     if (FontSymbolCount(*font) == 0)
         return Failure{FailureKind::NotFound, {}};
     return {};
@@ -186,6 +195,7 @@ Result<void> BuildFont(const Shell& shell, const CharSelected& set, const FontCh
 std::optional<FontChange> ChangeFont(const Shell& shell, const FontState& fonts,
                                      const FontCommand& command)
 {
+    // Asked before the dialog, so that nobody chooses characters for nothing.
     const QString refused = refusal(shell, fonts, command);
     if (!refused.isEmpty()) {
         shell.prompts.ShowMessage(refused, MessageType::Ok, errorTitle);
@@ -197,6 +207,8 @@ std::optional<FontChange> ChangeFont(const Shell& shell, const FontState& fonts,
         return std::nullopt;
     const Result<void> built = BuildFont(shell, command.characters(), *choice, command.logPixelsY);
     if (!built) {
+        // What failed must not lie in the Workspace, where a later command would take it for its
+        // own.
         (void)shell.files.remove(inWorkspace(shell, newFontFile));
         tellFailure(shell, built.failure());
         return std::nullopt;

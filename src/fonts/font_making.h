@@ -25,6 +25,8 @@ struct FontDialogStart {
     QString rowTag;
 };
 
+// What the dialog opens with for a row of the font list, counted from 1; a row that is not there
+// has the first font's record.
 FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMode);
 
 // The argument list for the font tool: tool, ranges with "_" between them, the file's name without

@@ -45,6 +45,7 @@ constexpr std::array standIns{
     StandIns{u"Consolas", u"Inconsolata|DejaVu Sans Mono|Liberation Mono"},
 };
 
+// Family names are written in various ways by the systems they come from.
 bool same(QStringView a, QStringView b)
 {
     return a.compare(b, Qt::CaseInsensitive) == 0;
@@ -63,6 +64,7 @@ QString installed(QStringView family, const QStringList& families)
 ShownFamily shownFamily(const QString& wanted, const QStringList& families)
 {
     const QString own = installed(wanted, families);
+    // No name asks for the system's font, which needs no note.
     if (wanted.isEmpty() || !own.isEmpty())
         return {own, {}};
     const auto row = std::ranges::find_if(
@@ -74,6 +76,7 @@ ShownFamily shownFamily(const QString& wanted, const QStringList& families)
         if (!shown.isEmpty())
             return {shown, wanted + u" is not installed; shown with "_s + shown + u'.'};
     }
+    // The name stays, so that the system's own substitution gets its chance.
     return {wanted, wanted + u" is not installed; shown with the system's font."_s};
 }
 

@@ -39,6 +39,8 @@ bool hasSignature(const QByteArray& file)
 FoundTag findTag(const QByteArray& file)
 {
     FoundTag result;
+    // Anywhere in the file: the tag stands behind the glyphs, at no fixed place. Bitmap bytes could
+    // spell it by chance; then it shows as an unknown tag.
     const qsizetype start = file.indexOf("TAG");
     if (start < 0)
         return result;
@@ -47,6 +49,7 @@ FoundTag findTag(const QByteArray& file)
     result.tag.genuine = bytes.startsWith(fontTagSignature);
     if (result.tag.genuine)
         bytes.remove(0, droppedFromSignature);
+    // Zeros are padding.
     QStringList items = fromCp1251(bytes).remove(QChar(u'\0')).split(u'|');
     const QString head = items.takeFirst();
     result.tag.description = head.mid(head.indexOf(u'\t') + 1);
@@ -73,6 +76,7 @@ void applyTag(const FontTag& tag, FontRecord& record)
             record.LetterSpace = toField(item.value);
         } else if (item.key == u"line space"_s) {
             record.LineSpace = toField(item.value);
+            // Any other key is the font's name, its value the style.
         } else {
             record.FontName = item.key;
             record.Bold = item.value.contains(u" Bold"_s);
@@ -84,12 +88,14 @@ void applyTag(const FontTag& tag, FontRecord& record)
 QString fontTagText(const FontChoice& choice)
 {
     QString family = choice.family;
+    // Both separate the items of the tag.
     family.replace(u'|', u' ').replace(u'\t', u' ');
     QString text = QString::fromLatin1(fontTagSignature) + madeBy + u'|' + family + u'\t';
     if (choice.bold)
         text += u" Bold"_s;
     if (choice.italic)
         text += u" Italic"_s;
+    // Half a point goes up here, unlike everywhere else: tags have always been written so.
     const int size = static_cast<int>(std::floor(choice.size + 0.5));
     return text + pixels(u"size"_s, size) + pixels(u"space"_s, choice.FontSpaceWidth) +
            pixels(u"letter space"_s, choice.FontLetterSpace) +

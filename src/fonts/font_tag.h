@@ -35,6 +35,7 @@ struct FoundTag {
     bool found = false;
     FontTag tag;
 };
+// Looks at the bytes of a whole font file; whatever they are, nothing fails.
 FoundTag findTag(const QByteArray& file);
 
 // Takes the items into a record: "size", "space", "letter space", "line space" by the number that

@@ -68,6 +68,7 @@ QPlainTextEdit* FontViews::addText(const QString& name, const QString& text)
     edit->setObjectName(name);
     edit->setReadOnly(true);
     edit->setTabChangesFocus(true);
+    // Undo would keep every set that was ever shown.
     edit->setUndoRedoEnabled(false);
     m_stack->addWidget(edit);
     return edit;
@@ -79,6 +80,7 @@ void FontViews::addSwitches(QLayout& row)
         auto* button = new QPushButton(viewCaption(view, m_page, m_scale), this);
         button->setObjectName(u"Perekluchatel_%1"_s.arg(view));
         button->setCheckable(true);
+        // Enter belongs to the dialog's own button.
         button->setAutoDefault(false);
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
         m_switches->addButton(button, view);
@@ -124,6 +126,7 @@ void FontViews::showView(int view)
     fillShown();
 }
 
+// Only the view in front is filled: the text of a large set takes long to lay out.
 void FontViews::fillShown()
 {
     const int view = m_switches->checkedId();
@@ -131,6 +134,7 @@ void FontViews::fillShown()
         m_uniCode->setPlainText(pageText(m_page));
         m_pageStale = false;
     } else if (view == SelectedView && m_setStale) {
+        // Marked fresh only after it is filled.
         m_selected->setPlainText(inLines(selectedCharacters(m_set)));
         m_setStale = false;
     }

@@ -12,6 +12,7 @@ namespace {
 constexpr QRgb boxColour = 0xffb0b0b0;
 constexpr QRgb baselineColour = 0xff2060d0;
 constexpr QRgb penColour = 0xffd03030;
+// Keeps the picture of the largest glyph, 255 by 255, below 17,000 pixels a side.
 constexpr int largestZoom = 64;
 
 // What the picture shows, in pixels of the glyph, y upwards from the baseline.
@@ -22,6 +23,8 @@ struct Extent {
     int top = 0;
 };
 
+// At least the font's box and the way of the pen, so that glyphs of one font are seen at comparable
+// places.
 Extent extentOf(const Glyph& glyph, const FntHeader& header)
 {
     Extent extent;
@@ -54,6 +57,7 @@ QImage glyphPicture(const Glyph& glyph, const FntHeader& header, int zoom)
     const auto y = [&](int pixel) { return (extent.top - pixel) * scale; };
     const int top = glyph.yOffset + glyph.height;
     for (std::size_t i = 0; i < glyph.pixels.size(); ++i) {
+        // Pixels are stored row by row from the top. A glyph without width has none.
         const int column = static_cast<int>(i) % glyph.width;
         const int row = static_cast<int>(i) / glyph.width;
         painter.fillRect(x(glyph.xOffset + column), y(top - row), scale, scale,

@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int margin = 4;
+// Fixed colours: the list looks alike on every desktop.
 constexpr QRgb listGround = qRgb(0xF0, 0xF0, 0xF0);
 } // namespace
 
@@ -29,6 +30,7 @@ InspectionList::InspectionList(QWidget* parent)
     m_close->setObjectName(u"CommandList1Close"_s);
     m_close->setText(u"x"_s);
     m_close->setToolTip(tr("Close (Esc)"));
+    // Focus would leave the list, which closes it before the click arrives.
     m_close->setFocusPolicy(Qt::NoFocus);
     m_list->setObjectName(u"List1"_s);
     m_list->setModel(&m_rows);
@@ -68,6 +70,7 @@ void InspectionList::ShowListPanel(const QString& heading)
     if (heading.isEmpty())
         return;
     raise();
+    // Rows of another font may have been scrolled far down.
     m_list->scrollToTop();
     m_list->setFocus();
 }
@@ -106,8 +109,10 @@ void InspectionList::hideIfLeft()
 bool InspectionList::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_list && event->type() == QEvent::KeyPress)
+        // Keys that are not ours go on to the list.
         return listKey(static_cast<QKeyEvent*>(event)->key());
     if (watched == m_list && event->type() == QEvent::FocusOut)
+        // Queued: only then does the application know who has the focus now.
         QTimer::singleShot(0, this, &InspectionList::hideIfLeft);
     if (watched == m_list->viewport() && event->type() == QEvent::MouseButtonRelease) {
         const auto* mouse = static_cast<QMouseEvent*>(event);

@@ -14,8 +14,10 @@ namespace fennel {
 class InspectionList : public QFrame {
     Q_OBJECT
 public:
+    // Hidden until ShowListPanel() gives it a heading.
     explicit InspectionList(QWidget* parent);
 
+    // Replaces all rows; the panel itself stays as it is.
     void setRows(const QStringList& rows);
     // Shows the list under a heading and gives it the focus; an empty heading hides it. The caller
     // has placed it.
@@ -24,6 +26,7 @@ public:
 
 Q_SIGNALS:
     void rowClicked(int row); // rows count from 0; also by Enter
+    // -1 if no row is current.
     void rightClicked(int row);
     void middleClicked();
     void rowEntered(int row); // the mouse is over it

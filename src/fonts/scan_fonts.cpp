@@ -34,6 +34,7 @@ struct FontFileFacts {
     int line = 0;
 };
 
+// Blanks only; a no-break space may be part of a name.
 QString trimBlanks(const QString& text)
 {
     qsizetype from = 0;
@@ -45,6 +46,7 @@ QString trimBlanks(const QString& text)
     return text.mid(from, end - from);
 }
 
+// What counts until the first font of the gfxboot is read, or if it has none.
 FontRecord standardRecord(const QString& defaultFontName)
 {
     FontRecord record;
@@ -61,6 +63,7 @@ bool fontsSupported(const RunState& run)
     return run.GfxHasCfg || run.GfxHasZuk;
 }
 
+// The later test wins: generation 3 may have a cfg file too.
 QString versionText(const RunState& run, bool tagged)
 {
     QString text = u"Gfxboot version is too old. Font in an unsupported format. "_s;
@@ -83,6 +86,7 @@ void addHeading(FontState& fonts, const RunState& run, const FontFileFacts& file
     row.bold = true;
     for (RowCell& cell : row.cells)
         cell.bold = true;
+    // The heading stands for the member: commands for files act on it.
     row.tag.prepend(fileTag(file.name));
 }
 
@@ -94,6 +98,7 @@ void calculate(FontRecord& record, const FontFileFacts& file, const FontScanSett
     record.LineHeight = static_cast<qint16>(file.line);
     record.Symbols = QString::number(file.entries);
     record.FontName = settings.defaultFontName;
+    // Two pixels of the height count as air around the letters.
     record.Size = (file.height - 2) * inches;
     record.LineSpace =
         static_cast<qint16>(std::max(0, roundToEven((file.line - file.height + 2) * inches)));
@@ -106,6 +111,7 @@ void addFacts(FontState& fonts, FontRecord& record, const RunState& run, const F
               const FontScanSettings& settings)
 {
     AddFontInfoRow(fonts, u"Length"_s, QString::number(file.length), u"bytes"_s);
+    // Fonts of generation 1 have another format, so none of the fields below would mean anything.
     if (!fontsSupported(run)) {
         AddFontInfoRow(fonts, u"Unsupported"_s, u"fnt"_s, u"format"_s);
         return;
@@ -139,6 +145,7 @@ void addTagRows(FontState& fonts, FontRecord& record, const FontFileFacts& file)
     AddFontInfoRow(fonts, tag.genuine ? u"@ZUK-MOSA@"_s : u"INFO"_s, u"TAG"_s, tag.description);
     for (const TagItem& item : tag.items)
         AddFontInfoRow(fonts, {}, item.key, item.value);
+    // Over the calculated values: the tag knows what the font was made from.
     applyTag(tag, record);
     if (tag.items.empty())
         addCalculatedRows(fonts, record);
@@ -188,7 +195,9 @@ void ScanFonts(FontState& fonts, const RunState& run, const FontScanSettings& se
                const QString& name, int mode)
 {
     fonts.inspection.List1.clear();
+    // Emptied first, so nothing of the gfxboot before stays, also if it has no font.
     fonts.rows = ListRows{{u"File"_s, u"Value"_s, u"Unit"_s}, {}, 0, false};
+    // Record n belongs to font number firstFontNumber + n; gaps stay empty records.
     fonts.table.assign(fontCount, FontRecord());
     fonts.table[0] = standardRecord(settings.defaultFontName);
     for (int number = firstFontNumber; number <= lastFontNumber; ++number) {
@@ -199,6 +208,7 @@ void ScanFonts(FontState& fonts, const RunState& run, const FontScanSettings& se
             continue;
         fonts.FontNumber = number;
         const FontFileFacts file = factsOf(member, path, std::move(*bytes));
+        // Only the font asked for goes into the inspection list.
         if (member == name)
             startInspection(fonts.inspection, member, file.bytes);
         scanFile(fonts, run, settings, file);
@@ -221,6 +231,7 @@ int AddFontInfoRow(FontState& fonts, const QString& column1, const QString& colu
     row.cells.back().tag = fonts.FontVersionText;
     row.colour = shown;
     row.iconFile = iconFile;
+    // The tag leads from any row of a font to its record.
     row.tag = u"|arr"_s + QString::number(fonts.FontNumber).right(2) + u'|';
     fonts.rows.rows.push_back(std::move(row));
     return fonts.rows.count();
@@ -229,6 +240,7 @@ int AddFontInfoRow(FontState& fonts, const QString& column1, const QString& colu
 int recordOfTag(const QString& tag)
 {
     const qsizetype mark = tag.indexOf(u"|arr"_s);
+    // Clamped, as the result is used as an index.
     return mark < 0 ? 0 : std::clamp(tag.mid(mark + 4, 2).toInt(), 0, fontCount - 1);
 }
 

@@ -30,6 +30,7 @@ SpacingFrame::SpacingFrame(const QString& name, const QString& title, const QStr
     connect(m_number, &QDoubleSpinBox::valueChanged, this, &SpacingFrame::moveWords);
 }
 
+// Each further word stands behind or below the one before.
 void SpacingFrame::addWord(const Word& word)
 {
     auto* label = new QLabel(word.text, m_sample);
@@ -51,6 +52,8 @@ void SpacingFrame::addWord(const Word& word)
 void SpacingFrame::moveWords()
 {
     for (const Placed& word : m_words)
+        // From the base and not from the present place, so that roundings do not add up. One pixel
+        // here is one of the boot screen.
         word.label->move(word.base + word.step * value());
 }
 

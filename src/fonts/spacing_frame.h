@@ -27,6 +27,7 @@ public:
     SpacingFrame(const QString& name, const QString& title, const QString& number,
                  const std::vector<Word>& words, QWidget* parent);
 
+    // Pixels of the boot screen, -127 to 127; others count as the nearest of these.
     void setValue(int value);
     [[nodiscard]] qint16 value() const;
 

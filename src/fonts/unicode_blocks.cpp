@@ -8,6 +8,8 @@ namespace fennel {
 using namespace Qt::StringLiterals;
 
 // clang-format off
+// The blocks of the Basic Multilingual Plane as the Unicode consortium publishes them (Blocks.txt),
+// ascending: the search for a page's block counts on the order.
 constexpr std::array<UnicodeBlock, blockCount> unicodeBlocks = {{
     {0x0000, 0x007F, u"Basic Latin"},
     {0x0080, 0x00FF, u"Latin-1 Supplement"},
@@ -168,6 +170,7 @@ QString blockText(const UnicodeBlock& block)
            QString::fromUtf16(block.name);
 }
 
+// The two digits behind "U+" are the page that the block begins on.
 int pageOfBlock(const QString& text)
 {
     return text.mid(2, 2).toInt(nullptr, 16);

@@ -16,6 +16,8 @@ namespace {
 
 using Frames = std::vector<CursorFrame>;
 
+// Sizes in bytes of the parts of a .cur file: the list of pictures, then bitmaps without a file
+// header.
 constexpr qsizetype directoryHeader = 6;
 constexpr qsizetype directoryEntry = 16;
 constexpr qsizetype bitmapHeader = 40;
@@ -51,6 +53,7 @@ Entry entryAt(QByteArrayView bytes, qsizetype at)
 {
     Entry entry;
     const auto side = static_cast<quint8>(bytes[at]);
+    // One byte has no room for 256, so 0 stands for it.
     entry.side = side == 0 ? maxCursorSide : side;
     entry.hotSpot = {get<quint16>(bytes, at + 4), get<quint16>(bytes, at + 6)};
     entry.size = get<quint32>(bytes, at + 8);
@@ -67,6 +70,7 @@ struct Bitmap {
     QByteArrayView mask; // empty if the file has none, as some of 32 bits per pixel
 };
 
+// Rows fill whole 32-bit words.
 qsizetype stride(int width, int depth)
 {
     return (qsizetype{width} * depth + 31) / 32 * 4;
@@ -75,9 +79,11 @@ qsizetype stride(int width, int depth)
 Result<Bitmap> bitmapSizes(QByteArrayView data, const QString& name)
 {
     Bitmap bitmap;
+    // Large pictures may be coded as PNG, which begins otherwise.
     if (data.size() < bitmapHeader || get<quint32>(data, 0) != bitmapHeader)
         return wrong(FailureKind::Unsupported, name, "the picture is not coded as a plain bitmap");
     const auto width = get<qint32>(data, 4);
+    // The height counts the picture and the mask below it.
     const auto doubleHeight = get<qint32>(data, 8);
     if (width < 1 || width > maxCursorSide || doubleHeight < 2 || doubleHeight > 2 * maxCursorSide)
         return wrong(FailureKind::TooLarge, name,
@@ -99,6 +105,7 @@ Result<Bitmap> bitmapAt(QByteArrayView data, const QString& name)
     Bitmap bitmap = std::move(*sizes);
     const quint32 used = get<quint32>(data, 32);
     const quint32 most = bitmap.depth <= 8 ? 1U << bitmap.depth : 0;
+    // 0 means a full palette; a number above it is a broken one and taken for the same.
     const qsizetype colours = used == 0 || used > most ? most : used;
     const qsizetype pixelBytes = stride(bitmap.width, bitmap.depth) * bitmap.height;
     const qsizetype maskBytes = stride(bitmap.width, 1) * bitmap.height;
@@ -107,8 +114,10 @@ Result<Bitmap> bitmapAt(QByteArrayView data, const QString& name)
         return malformed(name, "the picture is cut short");
     for (qsizetype i = 0; i < colours; ++i)
         bitmap.palette.push_back(get<quint32>(data, bitmapHeader + 4 * i) | 0xff000000U);
+    // Filled up with black, so that any index in the pixels has a colour.
     bitmap.palette.resize(most, 0xff000000U);
     bitmap.pixels = data.sliced(pixelsAt, pixelBytes);
+    // Pictures with opacity of their own may come without a mask.
     if (data.size() >= pixelsAt + pixelBytes + maskBytes)
         bitmap.mask = data.sliced(pixelsAt + pixelBytes, maskBytes);
     else if (bitmap.depth < 32)
@@ -127,6 +136,7 @@ QRgb colourAt(const Bitmap& bitmap, const char* row, int x)
     }
     default: {
         const int perByte = 8 / bitmap.depth;
+        // The leftmost pixel lies in the highest bits.
         const int shift = 8 - bitmap.depth * (x % perByte + 1);
         const int index = static_cast<uchar>(row[x / perByte]) >> shift;
         return bitmap.palette[static_cast<size_t>(index & ((1 << bitmap.depth) - 1))];
@@ -180,9 +190,11 @@ Result<Entry> bestEntry(QByteArrayView bytes, const QString& name)
     Entry best = entryAt(bytes, directoryHeader);
     for (int i = 1; i < count; ++i) {
         const Entry entry = entryAt(bytes, directoryHeader + directoryEntry * i);
+        // The picture nearest to the usual size of pointers is the one shown.
         if (std::abs(entry.side - usualSide) < std::abs(best.side - usualSide))
             best = entry;
     }
+    // Subtracted instead of added, which could overflow.
     if (best.offset > bytes.size() || best.size > bytes.size() - best.offset)
         return malformed(name, "a picture lies outside the file");
     return best;
@@ -218,6 +230,7 @@ std::optional<std::vector<Chunk>> chunksOf(QByteArrayView list)
         if (size > list.size() - at - 8 || std::ssize(chunks) >= maxCursorSteps)
             return std::nullopt;
         chunks.push_back({list.sliced(at, 4), list.sliced(at + 8, size)});
+        // Chunks begin at even places.
         at += 8 + size + size % 2;
     }
     return chunks;
@@ -274,6 +287,7 @@ Result<Frames> framesOf(const Animation& animation, const QString& name)
             return frame.failure();
         decoded.push_back(std::move(*frame));
     }
+    // Without an order the pictures are shown as they come.
     const size_t steps = animation.order.empty() ? decoded.size() : animation.order.size();
     if (decoded.empty() || steps > maxCursorSteps)
         return malformed(name, "the animation has no pictures, or too many");
@@ -283,6 +297,7 @@ Result<Frames> framesOf(const Animation& animation, const QString& name)
         if (index >= decoded.size())
             return malformed(name, "the animation shows a picture that is not there");
         frames.push_back(decoded[index]);
+        // A step beyond the list of times has the usual one.
         frames.back().durationMs = milliseconds(
             step < animation.ticks.size() ? animation.ticks[step] : animation.usualTicks);
     }
@@ -291,6 +306,7 @@ Result<Frames> framesOf(const Animation& animation, const QString& name)
 
 Result<Frames> parseAni(QByteArrayView bytes, const QString& name)
 {
+    // "RIFF", the size, then the kind of the file.
     if (bytes.size() < 12 || bytes.sliced(8, 4) != "ACON")
         return malformed(name, "this is no animated cursor");
     const qsizetype claimed = get<quint32>(bytes, 4);
@@ -310,6 +326,7 @@ Result<Frames> parseCursor(const QByteArray& bytes, const QString& name)
 {
     if (bytes.size() > maxCursorBytes)
         return wrong(FailureKind::TooLarge, name, "the file is larger than any cursor");
+    // By content, as files are renamed between the two endings.
     if (bytes.startsWith("RIFF"))
         return parseAni(bytes, name);
     auto frame = parseCur(bytes, name);

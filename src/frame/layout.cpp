@@ -22,6 +22,7 @@ QSize portSize(const QSize& picture, const QSize& room)
 {
     const QSize limit = room.expandedTo({smallestPort, smallestPort});
     QSize port = picture.boundedTo(limit);
+    // A scroll bar along one side takes room of the other, which grows for it as far as it can.
     if (picture.width() > limit.width())
         port.setHeight(std::min(picture.height() + scrollBarWidth, limit.height()));
     if (picture.height() > limit.height())
@@ -31,6 +32,7 @@ QSize portSize(const QSize& picture, const QSize& room)
 
 } // namespace
 
+// Logical pixels. Small desktops keep their room for the picture.
 int initialRightPanelWidth(int desktopWidth)
 {
     if (desktopWidth > 1200)
@@ -45,6 +47,7 @@ LayoutResult layoutWindow(const LayoutInput& in)
         largestPanel(in.available.width() - gutterWidth, in.picture.width(), minRightPanelWidth);
     out.largestBottomPanel = largestPanel(in.available.height() - splitterWidth,
                                           in.picture.height(), minBottomPanelHeight);
+    // The wish is cut, so that the picture keeps its share of the desktop.
     out.RightPanelWidth = std::min(in.RightPanelWidth, out.largestRightPanel);
     out.BottomPanelHeight = std::min(in.BottomPanelHeight, out.largestBottomPanel);
     const int bottom = in.bottomVisible ? out.BottomPanelHeight : 0;
@@ -53,15 +56,18 @@ LayoutResult layoutWindow(const LayoutInput& in)
                      in.available.height() - bottom - splitterWidth);
     const QSize port = portSize(in.picture, room);
 
+    // The toolbar must stay whole. The window follows the picture and not the other way round.
     const int width = std::max(in.MinWindowWidth, port.width() + right + gutterWidth);
     const int height = port.height() + bottom + splitterWidth;
     const int inner = width - gutterWidth;
     out.area = {width, height};
     if (in.rightVisible)
+        // What the minimal width leaves over beside a small picture goes to the panel.
         out.RightPanelWidth = std::max(out.RightPanelWidth, inner - port.width());
     out.picture = QRect(QPoint(0, 0), port);
     if (in.rightVisible)
         out.rightPanel = QRect(port.width(), 0, out.RightPanelWidth, port.height());
+    // The corner below the right panel is an area of its own and comes with both panels.
     if (in.bottomVisible) {
         const int besides = in.rightVisible ? out.RightPanelWidth : 0;
         out.bottomPanel = QRect(0, port.height(), inner - besides, bottom);

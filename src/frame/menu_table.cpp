@@ -10,6 +10,8 @@ namespace {
 using enum MenuKind;
 using enum Enabled;
 
+// Name, parent, caption, kind, when it is enabled, separator before it, short cut. Parents stand
+// before their children, and captions stand as people know them, misspellings and blanks included.
 constexpr auto items = std::to_array<MenuItem>({
     {"mnuFile", "", u"&File", Menu},
     {"mnuFile_Open", "mnuFile", u"Open gfxboot...", Command, Always, false, "Ctrl+O"},
@@ -154,6 +156,7 @@ bool holds(Enabled rule, const RunState& run, bool flashThere)
     case FlashThere:
         return flashThere;
     case FlashChosen:
+        // A letter from "A" on; the blank that means none lies below.
         return run.CurrentFlashChar > 64;
     default:
         return true;

@@ -21,6 +21,7 @@ void enable(QAction& action, bool enabled)
 
 } // namespace
 
+// The table has parents before their children, so each finds its menu.
 Menus::Menus(QMenuBar& bar, const Commands& commands) : m_commands(commands)
 {
     for (const MenuItem& item : menuTable())
@@ -30,6 +31,7 @@ Menus::Menus(QMenuBar& bar, const Commands& commands) : m_commands(commands)
 void Menus::addItem(QMenuBar& bar, const MenuItem& item)
 {
     const QString name = nameOf(item);
+    // A popup belongs to no menu; the bar owns it all the same, so it goes with the window.
     if (item.kind == MenuKind::Menu || item.kind == MenuKind::Popup) {
         auto* menu = new QMenu(QString::fromUtf16(item.caption), &bar);
         menu->setObjectName(name);
@@ -57,6 +59,7 @@ void Menus::addAction(QMenu& parent, const MenuItem& item)
     const QString name = nameOf(item);
     auto* action = new QAction(QString::fromUtf16(item.caption), &parent);
     parent.addAction(action);
+    // An invisible action marks where the entries of the array go, whatever stands around them.
     if (item.kind == MenuKind::Array) {
         action->setVisible(false);
         m_arrayEnds[name] = action;
@@ -65,6 +68,7 @@ void Menus::addAction(QMenu& parent, const MenuItem& item)
     action->setObjectName(name);
     action->setCheckable(item.kind == MenuKind::Check);
     action->setShortcut(QKeySequence(QLatin1String(item.shortcut)));
+    // While another window of the program is in front its keys are its own.
     action->setShortcutContext(Qt::WindowShortcut);
     m_actions[name] = action;
     QObject::connect(action, &QAction::triggered, &parent, [this, name] { m_commands.run(name); });
@@ -87,6 +91,7 @@ void Menus::setEntries(const char* array, const std::vector<Entry>& entries)
     const QString name = QLatin1String(array);
     QAction* end = m_arrayEnds.at(name);
     auto* parent = qobject_cast<QMenu*>(end->parent());
+    // Deleting an action takes it out of every menu and toolbar that shows it.
     qDeleteAll(m_entries[name]);
     m_entries[name].clear();
     for (const Entry& entry : entries) {
@@ -127,7 +132,9 @@ void Menus::update(const RunState& run, bool flashThere)
         QAction* found = action(name);
         if (found == nullptr || item.kind == MenuKind::Popup)
             continue;
+        // Both must hold: the state of the run and that there is a command behind the item.
         bool enabled = holds(item.enabled, run, flashThere);
+        // Kept from the last setEnabled(), as nothing in the run's state tells of it.
         if (item.enabled == Enabled::ByOthers)
             enabled = m_byOthers[name];
         if (item.kind == MenuKind::Heading)
@@ -137,6 +144,7 @@ void Menus::update(const RunState& run, bool flashThere)
         enable(*found, enabled);
     }
     if (QAction* reopen = action(QStringLiteral("mnuFile_ReOpen")))
+        // A file's name may hold "&", which marks a short cut in a menu.
         reopen->setText(reopenCaption(run).replace(QLatin1Char('&'), QStringLiteral("&&")));
 }
 

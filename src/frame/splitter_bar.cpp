@@ -31,6 +31,7 @@ void SplitterBar::mousePressEvent(QMouseEvent* event)
 void SplitterBar::mouseMoveEvent(QMouseEvent* event)
 {
     if (m_dragging)
+        // From the place of the press, so that roundings of single steps do not add up.
         Q_EMIT dragged(along(*event) - m_start);
 }
 

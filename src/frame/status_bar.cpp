@@ -28,12 +28,14 @@ StatusBar::StatusBar(QWidget* parent)
         auto* label = new QLabel(this);
         label->setObjectName(QStringLiteral("StatusBar1_%1").arg(i + 1));
         label->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | QFrame::Sunken);
+        // Names of files and drives may hold "<".
         label->setTextFormat(Qt::PlainText);
         label->setMargin(1);
         m_fields[static_cast<std::size_t>(i)] = label;
     }
     m_progress->setObjectName(QStringLiteral("ProgressBar1"));
     m_progress->setTextVisible(false);
+    // It lies over the second field and hides it while it shows.
     m_progress->raise();
     m_progress->hide();
     m_bottomButton->setObjectName(QStringLiteral("ComFrame2"));
@@ -44,9 +46,11 @@ StatusBar::StatusBar(QWidget* parent)
 void StatusBar::setField(int number, const QString& text)
 {
     const auto i = static_cast<std::size_t>(number - 1);
+    // Set at every move of the mouse, so an equal text must cost nothing.
     if (m_texts.at(i) == text)
         return;
     m_texts[i] = text;
+    // The whole text, as the field may show only the beginning of it.
     m_fields[i]->setToolTip(text);
     layFields();
 }
@@ -61,6 +65,7 @@ int StatusBar::neededWidth(std::size_t i) const
     const QFontMetrics metrics(font());
     const int text = metrics.horizontalAdvance(m_texts[i]);
     const int sample = metrics.horizontalAdvance(QString::fromUtf16(samples[i]));
+    // Frame and margin on either side.
     return std::max(text, sample) + 4 * margin;
 }
 
@@ -77,6 +82,7 @@ void StatusBar::layFields()
             field = m_texts[i].isEmpty() ? 0 : std::max(left - neededWidth(i + 1), left / 4);
         else if (i > firstSharing)
             field = left;
+        // Never under the button at the end, however long the texts before.
         field = std::min(field, left);
         m_fields[i]->setGeometry(x, 1, field, height() - 2);
         m_fields[i]->setText(

@@ -22,6 +22,7 @@ QPixmap thumbnail(const QString& path)
     const QSize size = reader.size();
     if (!size.isValid())
         return {};
+    // Smaller pictures are shown as they are; blown up they would say nothing more.
     if (size.width() > cellSize.width() || size.height() > cellSize.height())
         reader.setScaledSize(size.scaled(cellSize, Qt::KeepAspectRatio).expandedTo({1, 1}));
     return QPixmap::fromImage(reader.read());
@@ -38,6 +39,7 @@ ThumbnailStrip::ThumbnailStrip(QWidget* parent)
     m_scroll->setObjectName(QStringLiteral("VScroll1"));
     m_upDown->setObjectName(QStringLiteral("UpDown2"));
     m_upDown->setToolTip(tr("Height of the bottom panel"));
+    // Otherwise the strip would jump at every digit that is typed.
     m_upDown->setKeyboardTracking(false);
     m_upDown->setFocusPolicy(Qt::ClickFocus);
     connect(m_scroll, &QScrollBar::valueChanged, this, &ThumbnailStrip::place);
@@ -88,6 +90,7 @@ void ThumbnailStrip::load(Image& image)
 void ThumbnailStrip::place()
 {
     const QSize cell = cellSize + QSize(cellGap, cellGap);
+    // At least one column, cut off in a narrow window.
     const int columns = std::max(1, m_port->width() / cell.width());
     const int rows = (static_cast<int>(m_images.size()) + columns - 1) / columns;
     m_scroll->setRange(0, std::max(0, rows * cell.height() + cellGap - m_port->height()));
@@ -122,6 +125,7 @@ void ThumbnailStrip::resizeEvent(QResizeEvent* event)
 
 bool ThumbnailStrip::eventFilter(QObject* watched, QEvent* event)
 {
+    // Taken now: by the time of the queued call the label may show another member.
     const QString name = watched->property("member").toString();
     if (event->type() == QEvent::MouseMove)
         Q_EMIT hovered(name);
@@ -136,6 +140,7 @@ bool ThumbnailStrip::eventFilter(QObject* watched, QEvent* event)
 
 void ThumbnailStrip::wheelEvent(QWheelEvent* event)
 {
+    // The wheel scrolls wherever it turns over the strip.
     QCoreApplication::sendEvent(m_scroll, event);
 }
 

@@ -25,6 +25,7 @@ QString ownCommand(int id)
 Toolbar::Toolbar(QWidget* parent) : QToolBar(parent)
 {
     setObjectName(QStringLiteral("Toolbar1"));
+    // The window reckons with the toolbar at its top.
     setMovable(false);
     setFloatable(false);
     setContextMenuPolicy(Qt::PreventContextMenu);
@@ -33,6 +34,7 @@ Toolbar::Toolbar(QWidget* parent) : QToolBar(parent)
 
 bool Toolbar::hasCommand(int id) const
 {
+    // A button without a command behind it is shown disabled.
     const QString menuCommand = toolbarCommandName(id);
     return m_commands->has(menuCommand.isEmpty() ? ownCommand(id) : menuCommand);
 }
@@ -47,6 +49,7 @@ void Toolbar::BuildToolbar(const Commands& commands)
             continue;
         }
         auto* button = new QToolButton(this);
+        // By number, like the pictures: tests and the window find buttons so.
         button->setObjectName(ownCommand(entry.id));
         button->setIcon(picture(entry.id));
         button->setToolTip(entry.toolTip);
@@ -78,6 +81,7 @@ void Toolbar::UpdateToolbar(const RunState& run, const WindowFlags& flags)
 
 int Toolbar::MinWindowWidth() const
 {
+    // Some air for the frame of the window's style.
     return sizeHint().width() + 10;
 }
 
@@ -89,6 +93,7 @@ void Toolbar::enableButton(int id, bool enabled)
 
 void Toolbar::setDrives(const std::vector<QAction*>& entries)
 {
+    // The entries are the menu's own and belong to it; here they are only shown.
     m_drives->clear();
     for (QAction* entry : entries)
         m_drives->addAction(entry);

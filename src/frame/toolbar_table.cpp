@@ -9,6 +9,8 @@ namespace fennel {
 
 namespace {
 
+// Three lists side by side, one place a button from 1 on, "-" for "nothing": style 3 is a
+// separator, 5 a button with a list.
 const QString styles = QStringLiteral("0;-;-;-;3;-;-;-;-;3;-;-;-;-;-;-;-;3;5;-;3;-;");
 const QString ids = QStringLiteral("-;1;2;3;-;5;6;7;8;-;10;11;12;13;14;15;16;-;18;19;-;21");
 const QString toolTips = QStringLiteral(
@@ -19,6 +21,7 @@ const QString toolTips = QStringLiteral(
     "-;Current Flash;MonitoringIsOff;"
     "-;Run QEMU;-;-;-;-;-;-;-;-;-;");
 
+// Buttons that stand for a menu command are enabled and carried out as it is.
 struct IdCommand {
     int id;
     const char16_t* command;
@@ -45,6 +48,7 @@ QString valueAt(const QStringList& list, qsizetype i)
     return text == QLatin1String("-") ? QString() : text;
 }
 
+// Ids that no rule names are always enabled.
 bool enabledFor(int id, const RunState& run)
 {
     if (id >= 5 && id <= 11)
@@ -77,6 +81,7 @@ std::vector<ToolbarEntry> toolbarEntries()
 ButtonState buttonState(const ToolbarEntry& entry, const RunState& run, const WindowFlags& flags)
 {
     ButtonState state{enabledFor(entry.id, run), entry.id, entry.toolTip};
+    // Buttons that switch something show by picture and tip what is the case.
     const auto shows = [&state](bool on, int imageOn, const char16_t* tipOn,
                                 const char16_t* tipOff) {
         if (on)

@@ -27,6 +27,7 @@ QStringView behindBracket(QStringView entry)
 MenuLines::MenuLines(QString text) : m_text(std::move(text))
 {
     m_text.remove(u'\r');
+    // "|" in a menu separates lines as well, so both are cut in one go.
     m_text.replace(u'\n', u'|');
     for (const QStringView line : QStringView(m_text).split(u'|'))
         m_lines.push_back(trimBlanks(line));
@@ -34,12 +35,15 @@ MenuLines::MenuLines(QString text) : m_text(std::move(text))
 
 std::optional<QStringView> titleText(QStringView line)
 {
+    // In lower case only and at the line's start, as the boot loader reads it.
     if (!line.startsWith(u"title"))
         return std::nullopt;
+    // A title may hold a backslash and an "n"; what stands behind them is not its caption.
     const qsizetype cut = line.indexOf(cutMark);
     return (cut < 0 ? line : line.left(cut)).mid(wordLength);
 }
 
+// Such a title sets parameters of a level file instead of naming an entry.
 bool isDataTitle(QStringView titleText)
 {
     return titleText.size() > 8 && titleText.startsWith(u"[zuk") && titleText.at(8) == u']';
@@ -55,6 +59,8 @@ QString MenuEntries(const QString& text, bool hasZuk, qint64 technical)
     }
     const auto last = static_cast<qint64>(titles.size()); // index of the empty piece at the end
     qint64 shown = last;
+    // The technical entries at the end are for the engine. If there are as many as entries or more,
+    // everything shows, the empty piece at the end too.
     if (hasZuk && last > 0)
         shown = technical < last ? last - std::max<qint64>(0, technical) : last + 1;
     titles.emplace_back();
@@ -70,6 +76,7 @@ QString MenuEntries(const QString& text, bool hasZuk, qint64 technical)
 qint64 technicalEntries(const ZUKarr& table)
 {
     const std::optional<qint64> set = table.GetLevelValue(0, technicalParam, Layer::Edit);
+    // Without the parameter a usual count stands in.
     return set && *set >= 0 ? *set : defaultTechnical;
 }
 
@@ -77,6 +84,7 @@ QString MenuPrimary(const QString& text)
 {
     const MenuLines menu(text);
     for (const QStringView line : menu.lines()) {
+        // The line must stand before the first entry: behind it, it belongs to that entry.
         if (line.startsWith(u"title"))
             return {};
         if (line.startsWith(u"gfxmenu"))
@@ -85,6 +93,7 @@ QString MenuPrimary(const QString& text)
     return {};
 }
 
+// All titles, those with a mark that is no data, and those that are data.
 QString MenuCounts(const QString& text)
 {
     const MenuLines menu(text);

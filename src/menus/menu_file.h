@@ -18,6 +18,7 @@ namespace fennel {
 // characters "\n".
 class MenuLines {
 public:
+    // Takes the text over: the lines point into it.
     explicit MenuLines(QString text);
 
     // The lines, trimmed. A "|" ends a line as a line feed does: lists in memory are joined by it.

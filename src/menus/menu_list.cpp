@@ -20,6 +20,7 @@ ListRow plainRow(const QString& name, const QString& path, const QString& primar
     return row;
 }
 
+// The menu in the template, which is always there; it is what the stage shows first.
 ListRow embeddedRow()
 {
     ListRow row = plainRow(u"Embedded"_s, u"menu"_s, {});
@@ -37,18 +38,21 @@ ListRow embeddedRow()
 // The device in front goes, "(hd0,0)/boot/message" as "/boot/message".
 QString shownPath(const QString& gfxmenu)
 {
+    // With backslashes, as it stands beside a drive's letter.
     return gfxmenu.mid(gfxmenu.indexOf(u'/') + 1).replace(u'/', u'\\');
 }
 
 ListRow fileRowOf(const MenuDrive& drive, const QString& name)
 {
     const Result<QString> text = readMenu(drive, name);
+    // A file that cannot be read gets its row all the same, with the reason as its tip.
     ListRow row =
         plainRow(name, drive.letter + u":\\"_s, text ? shownPath(MenuPrimary(*text)) : QString());
     row.tag = fileTag(name);
     row.cells[1].toolTip = drive.folder;
     if (!text)
         row.cells[0].toolTip = QString::fromStdString(text.failure().text);
+    // Menus that set parameters stand out by their colour.
     else if (!MenuCounts(*text).endsWith(u"/0/0"_s))
         row.colour = dataMenuRow;
     return row;
@@ -60,6 +64,7 @@ Result<QString> readMenu(const MenuDrive& drive, const QString& name)
 {
     const QString path = drive.folder + name;
     const QString root = withSeparator(shortForm(drive.folder));
+    // A drive comes from anywhere; a link on it must not make us read files of this machine.
     if (!shortForm(path).startsWith(root))
         return Failure{FailureKind::NoPermission,
                        path.toStdString() + " is a link that leads out of the drive."};
@@ -81,6 +86,7 @@ void MenuListFill(const Shell& shell, const MenuDrive& drive, ListRows& list)
         for (const QString& name : filesLike(drive.folder, u"*.lst"_s))
             list.rows.push_back(fileRowOf(drive, name));
     }
+    // The list may be filled again at any time and must not lose its place.
     list.selected = kept >= 1 && kept <= list.count() ? kept : 1;
 }
 
@@ -110,6 +116,7 @@ int mnuMenu_fromFlash(const Shell& shell, const ListRows& list, const QString& n
 QString MenuApply(const Shell& shell, const MenuDrive& drive, const QString& CurrentMenuFile,
                   ZUKarr& table)
 {
+    // First, so that whatever happens below no value of the menu before stays.
     MenuOverlayClear(table);
     if (CurrentMenuFile.isEmpty())
         return embeddedMenu;

@@ -10,6 +10,7 @@ namespace fennel {
 
 namespace {
 
+// Places in the text of a data title, such as "[zuk0003] :22=0x00ff00 :5=10".
 constexpr qsizetype levelPlace = 4; // of "[zuk0003]"
 constexpr qsizetype levelDigits = 4;
 constexpr qsizetype itemsPlace = 9;
@@ -30,6 +31,7 @@ bool levelExists(const ZUKarr& table, int level)
 void storeItem(QStringView item, int level, ZUKarr& table)
 {
     const double param = leadingNumber(item);
+    // Passed over in silence: a menu may be written for a newer engine.
     if (param < 1 || param > zukParamCount)
         return;
     const qsizetype equals = item.indexOf(u'=');
@@ -37,6 +39,7 @@ void storeItem(QStringView item, int level, ZUKarr& table)
     table.at(level, static_cast<int>(param)).LstValue = numberFromText(trimBlanks(value));
 }
 
+// A level that neither the catalogue nor the gfxboot has is passed over as a whole.
 void storeTitle(QStringView title, ZUKarr& table)
 {
     const double level = leadingNumber(title.mid(levelPlace, levelDigits));
@@ -52,6 +55,7 @@ void storeTitle(QStringView title, ZUKarr& table)
 
 } // namespace
 
+// Over all levels: a menu counts alone and never adds to the one before.
 void MenuOverlayClear(ZUKarr& table)
 {
     for (int level = 0; level < zukFileCount; ++level) {

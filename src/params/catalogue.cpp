@@ -13,6 +13,7 @@ namespace {
 // Stands behind the "#" that is added to each line: it tells that "#" from the line's own ones.
 constexpr QChar sentinel{u'\a'};
 
+// What a line sets; all other fields of a cell belong to the level files and the lists.
 struct CatalogueLine {
     int id = 0;
     ZukCell cell; // only the four fields of the catalogue
@@ -27,6 +28,7 @@ CatalogueLine parameterLine(const QString& bare)
     const qsizetype equals = line.indexOf(u'=', 1);
 
     CatalogueLine result;
+    // Rounded like every number of these files, so "38.6" and "39" name the same parameter.
     result.id = roundToEven(leadingNumber(line.mid(1)));
     if (colon >= 0 && equals > colon)
         result.cell.Name = trimBlanks(line.mid(colon + 1, equals - colon - 1)).toString();
@@ -50,15 +52,18 @@ void takeOver(const ZukCell& from, ZukCell& to)
 
 } // namespace
 
+// Lines are taken over one by one; a later line of the same parameter wins.
 int parseCatalogue(const QString& text, ZUKarr& table)
 {
     int leftOut = 0;
     int file = 0;
     QString clean = text;
+    // A tab counts as two blanks, also within comments, which are shown as they come.
     clean.remove(u'\r').replace(u'\t', u"  "_s);
     for (QStringView raw : QStringView(clean).split(u'\n')) {
         while (raw.startsWith(u' '))
             raw = raw.mid(1);
+        // "[ZUK0003]": the number behind the letters is the level file of all lines below it.
         if (raw.startsWith(u'['))
             file = roundToEven(leadingNumber(raw.mid(4)));
         if (!raw.startsWith(u':'))
@@ -79,6 +84,7 @@ bool LoadCatalogue(const Shell& shell, ZUKarr& table)
     const Result<QByteArray> bytes = readBytes(path);
     if (!bytes)
         return shell.told(bytes.failure());
+    // A catalogue with a wrong line still serves for its other lines, but people should know.
     const int leftOut = parseCatalogue(decodeText(*bytes).text, table);
     if (leftOut > 0)
         shell.prompts.ShowMessage(u"%1 lines of %2 name a parameter that cannot be.\n"

@@ -14,6 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString memberName = u"gfxboot.cfg"_s;
+// Known by its name again when the list is written, as it is no line of the file.
 const QString separatorName = u"# Additional list ->"_s;
 
 ListRow makeRow(const QString& name, const QString& value, const QString& comment, bool checked,
@@ -35,6 +36,7 @@ void setTip(ListRow& row, const QString& tip)
     row.cells[CfgCommentColumn].toolTip = tip;
 }
 
+// Empty without a "#".
 QString behindHash(const QString& text)
 {
     const qsizetype hash = text.indexOf(u'#');
@@ -64,6 +66,7 @@ ListRow activeRow(const QString& line, const QString& name, const QString& value
     return row;
 }
 
+// Shown and written back, but fixed: what the engine makes of such a line is not known here.
 ListRow wrongRow(const QString& name, const QString& value)
 {
     ListRow row = makeRow(name, value, u"<== WRONG PARAMETER NAME!"_s, false, fixedRow);
@@ -89,6 +92,8 @@ ListRow rowOfLine(const QString& line, QString& seen)
     const qsizetype equals = line.indexOf(u'=');
     if (equals < 0)
         return textRow(line);
+    // Only an exact name is in force; a name with anything before or behind it is a parameter that
+    // is switched off.
     const QString left = line.left(equals);
     const QString known = CfgKnownName(left);
     const QString value = CfgNormalise(QStringView(line).mid(equals + 1));
@@ -100,6 +105,8 @@ ListRow rowOfLine(const QString& line, QString& seen)
     return known.isEmpty() ? wrongRow(left, value) : offRow(line, equals, known, value);
 }
 
+// What the engine knows and the file never mentions. The blank behind the comment goes into the
+// file with it.
 ListRow hiddenRow(QStringView name)
 {
     ListRow row =
@@ -113,6 +120,7 @@ void addHiddenRows(const QString& seen, const QByteArray& engine, ListRows& list
 {
     bool separated = false;
     for (const CfgParam& param : cfgParams) {
+        // Any mention counts, even within a comment or a longer name.
         if (seen.contains(param.name))
             continue;
         // The separator comes with the first name that the file lacks, whatever the engine knows.
@@ -124,6 +132,7 @@ void addHiddenRows(const QString& seen, const QByteArray& engine, ListRows& list
     }
 }
 
+// An unchecked row becomes a line behind "#", whatever kind of row it was.
 QString lineOfRow(const ListRow& row)
 {
     QString line = row.checked.value_or(false) ? QString() : u"#"_s;
@@ -139,6 +148,7 @@ QString tidied(QString line, qsizetype times)
 {
     for (; times > 0; --times) {
         const qsizetype before = line.size();
+        // The order matters: what the first replacement joins, the others shorten.
         line.replace(u"#\t\t#"_s, u"#"_s).replace(u"# #"_s, u"#"_s).replace(u"##"_s, u"#"_s);
         if (line.size() == before)
             break;
@@ -159,6 +169,7 @@ Result<void> writeOverStart(const Shell& shell, const QString& path, const QStri
     }
     const QString work = shell.run.Workspace + u"#cfg.new"_s;
     Result<void> done = shell.files.write(work, old);
+    // The mark of the old file decides on the encoding of the new bytes.
     if (done)
         done = shell.files.overwriteStart(work, encodeText(text, decodeText(old).TextIsUtf8));
     if (done)
@@ -186,11 +197,15 @@ Result<void> cfgRowsFrom(const QString& text, const QByteArray& engine, ListRows
     list.rows.clear();
     QString seen;
     QString clean = text;
+    // A lone carriage return ends a line too; the empty lines this makes are left out with all
+    // others.
     clean.replace(u'\t', u' ').replace(u'\r', u'\n');
     for (const QStringView part : QStringView(clean).tokenize(u'\n')) {
         const QStringView line = trimBlanks(part);
         if (line.isEmpty())
             continue;
+        // A file this long is no list for people; nothing of it is shown, so that nothing can be
+        // saved over it.
         if (list.count() >= cfgLineLimit) {
             list.rows.clear();
             return Failure{FailureKind::TooLarge, memberName.toStdString() + " has more than " +
@@ -209,6 +224,7 @@ QString cfgTextFrom(const ListRows& list)
         if (row.text() != separatorName)
             lines.append(lineOfRow(row));
     }
+    // See tidied(): the first line is the one that is tidied most often.
     for (qsizetype i = 0; i < lines.size(); ++i)
         lines[i] = tidied(lines[i], lines.size() - i);
     return lines.join(u"\r\n"_s);
@@ -226,6 +242,7 @@ void CfgFill(const Shell& shell, const QString& path, ListRows& list)
     list.rows.clear();
     list.selected = 0;
     if (!FileExists(path)) {
+        // With it off nothing is written back later, and the row below is only a notice.
         shell.run.GfxHasCfg = false;
         ListRow row;
         row.cells.push_back({u"File \""_s + memberName + u"\" is absent"_s, {}, {}, {}, false});
@@ -238,6 +255,7 @@ void CfgFill(const Shell& shell, const QString& path, ListRows& list)
         (void)shell.told(bytes.failure());
         return;
     }
+    // Without the engine no hidden parameter is known; the file's own lines are shown all the same.
     const Result<QByteArray> engine = readBytes(shell.run.Workspace + u"init"_s);
     (void)shell.told(cfgRowsFrom(decodeText(*bytes).text, engine ? *engine : QByteArray(), list));
 }
@@ -245,6 +263,7 @@ void CfgFill(const Shell& shell, const QString& path, ListRows& list)
 bool CfgWrite(const Shell& shell, ListRows& list)
 {
     const QString text = cfgTextFrom(list);
+    // A list without lines never empties the file.
     if (!shell.run.GfxHasCfg || text.isEmpty())
         return true;
     const QString path = shell.run.Workspace + memberName;
@@ -253,6 +272,7 @@ bool CfgWrite(const Shell& shell, ListRows& list)
     const int selected = list.selected;
     const ListRow* const row = list.row(selected);
     const QString name = row ? row->text() : QString();
+    // Read again, as the list shows what the file says and not what was meant.
     CfgFill(shell, path, list);
     selectAgain(list, selected, name);
     return true;
@@ -280,6 +300,7 @@ void SetCfgValue(ListRows& list, QStringView name, const QString& value)
         row->cells[CfgValueColumn].text = value;
 }
 
+// Only these six can be seen on the stage; the others count when the machine boots.
 CfgEffect CfgApply(const ListRows& list, QStringView name)
 {
     static constexpr std::array<std::pair<QStringView, CfgTarget>, 6> targets = {{

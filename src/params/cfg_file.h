@@ -69,6 +69,7 @@ struct CfgEffect {
     CfgTarget target = CfgTarget::Redraw;
     qint64 value = 0; // 0 for Redraw
 };
+// By the value that the list has now; any name outside the table below asks for a Redraw.
 CfgEffect CfgApply(const ListRows& list, QStringView name);
 
 } // namespace fennel

@@ -20,6 +20,7 @@ const CfgParam* find(QStringView name)
 
 } // namespace
 
+// An unknown name reads as black, since most parameters are colours.
 QString CfgDefault(QStringView name)
 {
     const CfgParam* const param = find(name);
@@ -33,6 +34,8 @@ QString CfgComment(QStringView name)
                  : u"<== WRONG PARAMETER NAME! \""_s + name.toString() + u'"';
 }
 
+// Anywhere in the text, in the order of the table: "#menu_start_x" is known, and a name that holds
+// a shorter known one as well.
 QString CfgKnownName(QStringView text)
 {
     for (const CfgParam& param : cfgParams) {
@@ -45,6 +48,7 @@ QString CfgKnownName(QStringView text)
 QString CfgNormalise(QStringView text)
 {
     const qint64 number = numberFromText(text);
+    // Colours are shown with six digits, everything else as people write numbers.
     return text.trimmed().startsWith(u"0x", Qt::CaseInsensitive) ? hexText(number)
                                                                  : QString::number(number);
 }

@@ -64,6 +64,7 @@ inline constexpr std::array<CfgParam, 30> cfgParams = {{
 // The default and the comment of a parameter. A name outside the table gets "0x000000" and a
 // comment that says so.
 QString CfgDefault(QStringView name);
+// One line, without a "#".
 QString CfgComment(QStringView name);
 
 // The first name of the table that occurs anywhere in the text, case counting; empty if none does.

@@ -9,8 +9,10 @@ namespace fennel {
 
 namespace {
 
+// A level file is records of three value bytes, low byte first, and the parameter's number.
 constexpr int recordSize = 4;
 
+// The catalogue's fields stay, they do not belong to one gfxboot.
 void forgetFile(ZUKarr& table, int file)
 {
     for (int param = 1; param <= zukParamCount; ++param) {
@@ -29,6 +31,7 @@ QByteArray recordsOf(const ZUKarr& table, int file)
         const std::optional<qint64> value = table.at(file, param).EditValue;
         if (!value)
             continue;
+        // Values have 24 bits; a record has no place for what is above.
         for (const int shift : {0, 8, 16})
             bytes.append(static_cast<char>((*value >> shift) & 0xFF));
         bytes.append(static_cast<char>(param));
@@ -61,11 +64,14 @@ void removeTemporaries(Files& files, const std::vector<NewFile>& written)
 
 int levelFileOf(const PanelRec& object)
 {
+    // "ZUK0003.CFG" is file 3; an object without a file gives 0.
     return static_cast<int>(numberFromText(QStringView(object.CfgFile).mid(3)));
 }
 
 void readLevelRecords(const QByteArray& bytes, int file, ZUKarr& table)
 {
+    // A rest that is no whole record is passed over. Of two records of one parameter the later
+    // wins.
     for (qsizetype i = 0; i + recordSize <= bytes.size(); i += recordSize) {
         const auto byte = [&](qsizetype k) { return static_cast<unsigned char>(bytes[i + k]); };
         if (ZUKarr::inRange(file, byte(3)))
@@ -80,6 +86,7 @@ void ReadLevelFiles(const Shell& shell, ZUKarr& table)
     shell.WriteLog(QStringLiteral(" read ZUKxxxxCFG "));
     const QString folder = withSeparator(shell.run.Workspace);
     for (int file = 0; file < zukFileCount; ++file) {
+        // Also of a file that is not there, or the values of the gfxboot before would stay.
         forgetFile(table, file);
         const QString path = folder + levelFileName(file);
         if (!FileExists(path))
@@ -92,6 +99,8 @@ void ReadLevelFiles(const Shell& shell, ZUKarr& table)
     }
 }
 
+// The lists are where people edit, so what they show is what will be written. A parameter shown in
+// several tabs has the same value in each.
 void GatherListValues(const Shell& shell, ParamLists& lists)
 {
     if (!shell.run.GfxHasZuk)
@@ -118,9 +127,12 @@ Result<void> WriteLevelFiles(const Shell& shell, const ZUKarr& table)
     Result<void> result;
     for (int file = 0; file < zukFileCount && result; ++file) {
         const QByteArray bytes = recordsOf(table, file);
+        // A file that no list shows anything of is left as it is.
         if (bytes.isEmpty())
             continue;
         const QString name = levelFileName(file);
+        // All new files are complete before the first old one is replaced. "#" keeps them from
+        // being members.
         written.push_back({folder + name, folder + QLatin1Char('#') + name});
         result = shell.files.write(written.back().temporary, bytes);
     }

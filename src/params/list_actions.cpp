@@ -22,6 +22,7 @@ bool isMember(const ListRow& row)
     return row.tag.contains(QLatin1String("|File: "));
 }
 
+// Grey means "has no effect now", so such rows are passed over when one is selected.
 bool isGrey(const ListRow& row)
 {
     return row.colour == greyRow;
@@ -36,6 +37,7 @@ DoubleClick onPicture(const RunState& run, const ParamLists& lists, int tab, con
     return tab == TabBackgrounds ? DoubleClick::ShowBackground : DoubleClick::OpenPicture;
 }
 
+// By the ending of the name, as members have no other type.
 DoubleClick onMember(const RunState& run, const ParamLists& lists, int tab, const ListRow& row,
                      int number)
 {
@@ -54,6 +56,7 @@ DoubleClick onMember(const RunState& run, const ParamLists& lists, int tab, cons
 
 DoubleClick onPlainRow(const RunState& run, int tab, const ListRow& row, int number)
 {
+    // Only rows with an id are values; the member rows below them were handled before.
     if (tab >= FirstObjectTab)
         return isParameterRow(row) ? DoubleClick::EditValue : DoubleClick::Nothing;
     if (row.tag.isEmpty())
@@ -63,6 +66,7 @@ DoubleClick onPlainRow(const RunState& run, int tab, const ListRow& row, int num
     return tab == TabConfig && !run.GfxHasZuk ? DoubleClick::EditValue : DoubleClick::Nothing;
 }
 
+// Names made of a bare "??", such as "01", are no members: on other tabs nothing is deleted.
 QString deleteAllMask(const ParamLists& lists, int tab)
 {
     if (tab == TabBackgrounds)
@@ -74,6 +78,8 @@ QString deleteAllMask(const ParamLists& lists, int tab)
 
 } // namespace
 
+// Goes on in the direction of the movement, so the arrow keys pass over grey rows instead of
+// sticking at them, and round the ends. The count bounds the search if every row is grey.
 int selectableRow(const ListRows& list, int clicked, int cameFrom)
 {
     const int count = list.count();
@@ -91,6 +97,7 @@ int selectableRow(const ListRows& list, int clicked, int cameFrom)
     return 0;
 }
 
+// Decides only; the window carries it out. Nothing here changes the lists.
 ItemClick onItemClick(const RunState& run, const ParamLists& lists, int tab, int row,
                       bool rightButton)
 {
@@ -101,6 +108,7 @@ ItemClick onItemClick(const RunState& run, const ParamLists& lists, int tab, int
         return click;
     const bool generation3 = run.gfxboot_var == 3;
     click.showFont = generation3 && tab == TabFonts;
+    // Only generation 3 has rows that can be switched off as a group.
     if (generation3 && isGrey(*clicked)) {
         click.select = selectableRow(*lists.list(tab), row, lists.CurrentRow);
         click.skipped = true;
@@ -116,6 +124,7 @@ ItemClick onItemClick(const RunState& run, const ParamLists& lists, int tab, int
 DoubleClick onDoubleClick(const RunState& run, const ParamLists& lists, int tab, int row,
                           bool checkFromMenu)
 {
+    // While a menu's values lie over the lists, a value edited here would seem to have no effect.
     if (checkFromMenu)
         return DoubleClick::RefuseMenuLevel;
     const ListRow* clicked = rowAt(lists, tab, row);
@@ -132,14 +141,17 @@ ListKey onListKey(int tab, int key)
 {
     const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
     if (tab == TabMenu)
+        // Other keys belong to the list itself, such as the search for a name.
         return enter ? ListKey::TakeMenu : ListKey::Nothing;
     if (tab != TabConfig && tab < FirstObjectTab)
         return ListKey::Nothing;
     if (enter)
         return ListKey::EditValue;
+    // The key "2" flips a check mark by old habit of this list.
     return key == Qt::Key_2 ? ListKey::FlipCheck : ListKey::Nothing;
 }
 
+// The check marks of list 1 choose the menu; those of list 3 switch lines of the cfg file.
 RowCheck onRowCheck(const RunState& run, const ParamLists& lists, int tab, int row)
 {
     const ListRow* clicked = rowAt(lists, tab, row);
@@ -157,6 +169,7 @@ QRgb checkedColour(bool checked)
     return checked ? qRgb(0, 128, 0) : blueRow;
 }
 
+// What is only planned is told as such, as the button is there on every tab.
 AddAction onComADD(const ParamLists& lists, int tab)
 {
     if (tab == TabFonts)
@@ -166,6 +179,7 @@ AddAction onComADD(const ParamLists& lists, int tab)
     return isLogoTab(lists, tab) ? AddAction::AddLogo : AddAction::TellPlanned;
 }
 
+// The order matters: a picture on the tab of all members has a tab of its own to be edited on.
 EditAction onComEdit(const ParamLists& lists, int tab, const QString& name)
 {
     if (tab == TabGfxboot && name.contains(QLatin1String(".jpg"), Qt::CaseInsensitive))
@@ -188,6 +202,7 @@ DeleteAction onComDEL(const ParamLists& lists, int tab, int row, bool required)
     const ListRow* selected = rowAt(lists, tab, row);
     if (!selected || !isMember(*selected))
         return DeleteAction::Nothing;
+    // These stay, whatever tab they are to be deleted from.
     if (required)
         return DeleteAction::RefuseRequired;
     const bool handled = tab == TabBackgrounds || tab == TabFonts || isLogoTab(lists, tab);
@@ -196,6 +211,7 @@ DeleteAction onComDEL(const ParamLists& lists, int tab, int row, bool required)
 
 std::vector<PopupEntry> rowPopup(int tab, const QString& name)
 {
+    // Entry 0 is the heading; here it can be clicked, on other tabs it only names the row.
     if (tab == TabConfig)
         return {{0, name, true}};
     return {{0, name, false},
@@ -234,6 +250,7 @@ QStringList deleteAllNames(const ParamLists& lists, int tab)
 {
     const QString mask = deleteAllMask(lists, tab);
     QStringList names;
+    // 01 to 99: number 00 is the first of its kind, which must stay.
     for (int number = 101; number < 200; ++number)
         names.append(QString(mask).replace(QStringLiteral("??"), QString::number(number).right(2)));
     return names;

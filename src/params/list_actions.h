@@ -26,6 +26,7 @@ struct ItemClick {
     bool showPopup = false;     // right button on a member
     bool showCfgStatus = false; // tab 3: the status bar shows the parameter, an open editor closes
 };
+// `row` from 1, as in all of these. Of a row that is not there nothing but `select` is set.
 ItemClick onItemClick(const RunState& run, const ParamLists& lists, int tab, int row,
                       bool rightButton);
 
@@ -42,6 +43,7 @@ enum class DoubleClick {
     ShowFont,
     EditValue, // open the value editor
 };
+// `checkFromMenu`: the values of a menu lie over those of the lists.
 DoubleClick onDoubleClick(const RunState& run, const ParamLists& lists, int tab, int row,
                           bool checkFromMenu);
 
@@ -54,9 +56,11 @@ enum class RowCheck { Refuse, TakeMenu, WriteCfg };
 // The check box of a row was clicked. WriteCfg: the row gets checkedColour() and gfxboot.cfg is
 // written at once.
 RowCheck onRowCheck(const RunState& run, const ParamLists& lists, int tab, int row);
+// The colour of a row of gfxboot.cfg that is in force, or switched off.
 QRgb checkedColour(bool checked);
 
 enum class AddAction { AddFont, AddBackground, AddLogo, TellPlanned };
+// By the tab alone: what the button "+" adds there.
 AddAction onComADD(const ParamLists& lists, int tab);
 
 enum class EditAction { TellSpecialTab, EditText, EditBackground, EditFont, EditLogo, TellPlanned };
@@ -81,6 +85,7 @@ inline constexpr int popupDeleteAll = 112;
 inline constexpr int popupAdd = 113;
 inline constexpr int popupResizeBackgrounds = 115;
 inline constexpr int popupResizeLogos = 116;
+// The menu of a member's row; `name` is the row's first text.
 std::vector<PopupEntry> rowPopup(int tab, const QString& name);
 // Shown only with two entries or more; empty in generation 1.
 std::vector<PopupEntry> tabPopup(const RunState& run, const ParamLists& lists, int tab);
@@ -88,6 +93,7 @@ std::vector<PopupEntry> tabPopup(const RunState& run, const ParamLists& lists, i
 // The member names that "Delete all files" removes, 01 to 99; the base files are never among them.
 QStringList deleteAllNames(const ParamLists& lists, int tab);
 
+// Sentences for the user, as the answers above ask for them.
 QString overlappedText();
 QString oldFontsText();
 QString plannedText();

@@ -12,6 +12,7 @@ namespace fennel {
 
 namespace {
 
+// A frame keeps a swatch in the colour of the list visible.
 constexpr QRgb swatchFrame = 0xff808080;
 // A text of a megabyte would be measured and drawn for seconds; the row itself keeps it whole.
 constexpr qsizetype longestShown = 500;
@@ -28,6 +29,7 @@ QString plainTip(const QString& text)
     return Qt::mightBeRichText(tip) ? QStringLiteral("<qt>%1</qt>").arg(tip.toHtmlEscaped()) : tip;
 }
 
+// Square, whatever the icon's shape.
 QImage swatchImage(QRgb colour, QSize size)
 {
     const int side = std::min(size.width(), size.height());
@@ -60,6 +62,7 @@ void ListModel::reset()
     endResetModel();
 }
 
+// Unlike reset() this keeps selection and scroll place, for changes within rows.
 void ListModel::refresh()
 {
     if (rowCount() > 0)
@@ -69,6 +72,7 @@ void ListModel::refresh()
 void ListModel::setIconSize(QSize size)
 {
     m_iconSize = size;
+    // They were read in the old size.
     m_pictures.clear();
 }
 
@@ -99,6 +103,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
         return shortened(cell.text);
     case Qt::ToolTipRole:
         return cell.toolTip.isEmpty() ? QVariant() : QVariant(plainTip(cell.toolTip));
+    // A cell's own colour goes before the row's.
     case Qt::ForegroundRole: {
         const std::optional<QRgb> colour = cell.colour ? cell.colour : row->colour;
         return colour ? QVariant(QBrush(QColor(*colour))) : QVariant();
@@ -133,6 +138,8 @@ QVariant ListModel::decoration(const ListRow& row) const
 QImage ListModel::picture(const QString& path) const
 {
     const QFileInfo info(path);
+    // Time and size are part of the key: a picture that was replaced under its name must not show
+    // as before.
     const QString key = path + QLatin1Char('|') +
                         QString::number(info.lastModified().toMSecsSinceEpoch()) +
                         QLatin1Char('|') + QString::number(info.size());
@@ -141,9 +148,13 @@ QImage ListModel::picture(const QString& path) const
         return *found;
     QImageReader reader(path);
     const QSize size = reader.size();
+    // Scaled while it is read, which spares decoding a large JPEG in full. expandedTo keeps a very
+    // flat picture from vanishing.
     if (size.isValid())
         reader.setScaledSize(size.scaled(m_iconSize, Qt::KeepAspectRatio).expandedTo({1, 1}));
     const QImage image = size.isValid() ? reader.read() : QImage();
+    // A picture that cannot be read is kept too, as an empty one, and is not tried again at each
+    // repaint.
     m_pictures.insert(key, image);
     return image;
 }
@@ -165,6 +176,7 @@ Qt::ItemFlags ListModel::flags(const QModelIndex& index) const
     return flags;
 }
 
+// The model never changes the rows itself: whether a mark may change is decided by who listens.
 bool ListModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
     if (role != Qt::CheckStateRole)

@@ -23,6 +23,7 @@ public:
     void reset();
     // The cells of the rows changed, their number did not.
     void refresh();
+    // Pixels; pictures are read anew in the new size.
     void setIconSize(QSize size);
     // While columns are measured, pictures only take their room; they are loaded to be painted.
     void setMeasuring(bool on) { m_measuring = on; }

@@ -14,6 +14,7 @@ namespace {
 constexpr QSize reportIcon(22, 16);
 constexpr QSize largeIcon(144, 108);
 constexpr QSize largeCell(164, 146);
+// Logical pixels. A long comment in an inner column must not push the others out of sight.
 constexpr int widestColumn = 260;
 } // namespace
 
@@ -21,6 +22,7 @@ ListView::ListView(int number, QWidget* parent)
     : QStackedWidget(parent), m_model(reportIcon, this), m_report(new QTreeView(this)),
       m_icons(new QListView(this))
 {
+    // Lists are numbered from 1, as the tabs are.
     setObjectName(QStringLiteral("ListView1_%1").arg(number));
     m_report->setRootIsDecorated(false);
     m_report->setUniformRowHeights(true);
@@ -51,6 +53,7 @@ void ListView::connectView(QAbstractItemView& view)
     view.installEventFilter(this);
     connect(view.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this, &view](const QModelIndex& now) {
+                // Both views share one model and both hear of changes; only the one on top speaks.
                 if (m_silent || !now.isValid() || &view != current())
                     return;
                 m_moved = false;
@@ -72,6 +75,7 @@ QAbstractItemView* ListView::current() const
     return static_cast<QAbstractItemView*>(currentWidget());
 }
 
+// Silent: filling a list is no click of the user's.
 void ListView::setRows(const ListRows* rows)
 {
     const QScopedValueRollback<bool> silent(m_silent, true);
@@ -120,6 +124,7 @@ void ListView::fitColumns()
 
 void ListView::reorderItems()
 {
+    // Icons can be dragged about; this puts them back into their rows.
     m_icons->doItemsLayout();
 }
 
@@ -135,6 +140,7 @@ bool ListView::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::KeyPress && watched == currentWidget()) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_2) {
+            // The Enter of the number pad counts as the other one.
             Q_EMIT keyPressed(key == Qt::Key_Enter ? static_cast<int>(Qt::Key_Return) : key);
             return true;
         }
@@ -147,6 +153,7 @@ bool ListView::eventFilter(QObject* watched, QEvent* event)
         if (index.isValid() && index.row() + 1 == selected())
             Q_EMIT rowSelected(index.row() + 1, std::exchange(m_rightButton, false));
     }
+    // Selections by keyboard must not count as made with the button of the last click.
     if (event->type() == QEvent::MouseButtonRelease)
         m_rightButton = false;
     return QStackedWidget::eventFilter(watched, event);

@@ -14,6 +14,7 @@ namespace fennel {
 class ListView : public QStackedWidget {
     Q_OBJECT
 public:
+    // `number` from 1, as its tab; it names the widget.
     ListView(int number, QWidget* parent);
 
     // Shows the rows from scratch and selects rows.selected. Null empties the list.
@@ -22,6 +23,7 @@ public:
     void refresh();
     // Rows are counted from 1; 0 selects none. Scrolls the row into view without rowSelected().
     void select(int row);
+    // From 1; 0 if no row is selected.
     [[nodiscard]] int selected() const;
     // "Columns AutoWidth": each column as wide as its widest text.
     void fitColumns();
@@ -31,9 +33,12 @@ public:
     [[nodiscard]] QRect rowRect(int row) const;
 
 Q_SIGNALS:
+    // By the user only; again for a click on the row that is selected already.
     void rowSelected(int row, bool rightButton);
     void rowActivated(int row); // double click
+    // Asked for, not done: the rows change only if the listener changes them.
     void rowChecked(int row, bool checked);
+    // Qt::Key_Return (for either Enter) or Qt::Key_2; other keys are the list's own.
     void keyPressed(int key);
 
 protected:

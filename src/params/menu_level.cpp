@@ -9,6 +9,7 @@ namespace fennel {
 
 namespace {
 
+// The same rule as when a gfxboot is opened: without the numbered picture the common one.
 QString backgroundPath(const QString& workspace, qint64 number)
 {
     const QString folder = withSeparator(workspace);
@@ -29,6 +30,8 @@ MenuLevelBox menuLevelBox(bool menuSelected, bool checked)
 
 std::optional<QString> switchMenuLevel(const Shell& shell, ParamLists& lists, bool checked)
 {
+    // The lists were covered by the menu's values; now they count again, with whatever was edited
+    // in them before.
     if (!checked)
         GatherListValues(shell, lists);
     RecalcPanelsFromLevels(shell, lists, checked ? Layer::Lst : Layer::Edit);
@@ -38,6 +41,7 @@ std::optional<QString> switchMenuLevel(const Shell& shell, ParamLists& lists, bo
     };
     const qint64 ofMenu = inForce(Layer::Lst);
     const qint64 ofLists = inForce(Layer::Edit);
+    // The background is read from disk, so it only changes if it has to.
     if (ofMenu == ofLists)
         return std::nullopt;
     return backgroundPath(shell.run.Workspace, checked ? ofMenu : ofLists);

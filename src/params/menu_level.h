@@ -17,6 +17,7 @@ struct MenuLevelBox {
     bool enabled = false;
     QString toolTip;
 };
+// How the check box stands: usable only with a menu file chosen.
 MenuLevelBox menuLevelBox(bool menuSelected, bool checked);
 
 // Recomputes all objects for the new state of the box; when it was cleared, the lists are gathered

@@ -31,6 +31,7 @@ std::vector<ParamId> idsOf(const QString& ids)
     return list;
 }
 
+// What sets place, colour or font of the object on the stage, so that a change shows at once.
 bool feedsPanel(const PanelRec& panel, int id)
 {
     const qint32 sources[] = {panel.OnParam,    panel.TopParam,    panel.LeftParam,
@@ -58,6 +59,7 @@ QString rowTag(const PanelRec& panel, const ParamId& id)
 // The enable value of an object as its level file has it.
 qint64 enabledInFile(const ZUKarr& table, const PanelRec& panel)
 {
+    // A constant instead of a parameter: such an object cannot be switched.
     if (panel.OnParam <= 0)
         return std::abs(panel.OnParam);
     return table.at(levelFileOf(panel), panel.OnParam).LevelValue;
@@ -77,6 +79,7 @@ ListRow parameterRow(const PanelRec& panel, const ZukCell& zuk, const ParamId& i
     row.colour = stateColour(row.tag, enabled);
     row.bold = row.tag.contains(onOffMark);
     const QString cellTag = id.hex ? id.text + QLatin1Char('x') : id.text;
+    // The tip is the name without the two characters in front, such as "s.".
     row.cells = {
         cell(QStringLiteral(":%1:=").arg(id.text), zuk.Name.mid(2), row.tag, row.colour, row.bold),
         cell(cfgCellText(value, id.hex), QStringLiteral("ZUKxxxx.CFG Level value"), cellTag,
@@ -84,6 +87,7 @@ ListRow parameterRow(const PanelRec& panel, const ZukCell& zuk, const ParamId& i
         cell(lstCellText(zuk.LstValue, id.hex), QStringLiteral("MenuLevel value"), cellTag,
              row.colour, row.bold),
         cell(zuk.Comment, QStringLiteral("Russian comment"), {}, commentCell, false)};
+    // Objects that cannot be edited show their colours as numbers only.
     if (panel.Editable)
         row.swatch = swatchOf(row.text(LevelColumn));
     return row;
@@ -116,6 +120,7 @@ ListRow memberRow(const QString& folder, const QString& name, bool picture)
     return row;
 }
 
+// Under the parameters, one block for each kind of member that belongs to the object.
 void addMembers(const Shell& shell, const PanelRec& panel, ListRows& list)
 {
     const QString folder = withSeparator(shell.run.Workspace);
@@ -137,6 +142,7 @@ void askForUpgrade(const Shell& shell, ParamLists& lists, const FillOptions& opt
                        "  To do this?")
             .arg(shell.run.GfxFileName),
         MessageType::YesNo, QStringLiteral("Upgrade"));
+    // Asked once for each gfxboot: the answer holds for all its objects.
     lists.UpgradeChoice = answer == Answer::Yes ? 1 : -1;
     if (lists.UpgradeChoice == 1 && options.updateEngine)
         options.updateEngine();
@@ -167,9 +173,11 @@ void addParameters(const Shell& shell, ParamLists& lists, const PanelRec& panel,
             break; // the empty element of the sparkles
         ZukCell& zuk = lists.ZUKarr.at(file, id.number);
         const qint64 value = startValue(shell, lists, options, zuk);
+        // An engine too old for the parameter, and no upgrade wanted.
         if (value < 0)
             continue;
         list.rows.push_back(parameterRow(panel, zuk, id, value, enabled));
+        // Noted so that a change on the stage finds the row without a search.
         zuk.TabPos = static_cast<qint16>(panel.TabIndex);
         zuk.RowPos = static_cast<qint16>(list.count());
     }
@@ -196,6 +204,7 @@ void keepValues(const ListRows& before, ListRows& list)
 
 } // namespace
 
+// ":22:=" is the id cell of a value; member rows and headings never look so.
 bool isParameterRow(const ListRow& row)
 {
     const QString item = row.text();
@@ -213,16 +222,19 @@ QString lstCellText(std::optional<qint64> value, bool hex)
         return {};
     if (!hex)
         return QString::number(*value);
+    // Without leading zeros, unlike the six digits of the level column.
     return QStringLiteral("0x") + QString::number(static_cast<quint32>(*value), 16).toUpper();
 }
 
 std::optional<QRgb> swatchOf(const QString& valueCell)
 {
+    // Only what is written as hexadecimal is a colour.
     if (!valueCell.startsWith(QLatin1String("0x"), Qt::CaseInsensitive))
         return std::nullopt;
     return 0xff000000 | static_cast<QRgb>(numberFromText(valueCell));
 }
 
+// The switch itself is never grey, or nobody could switch the object on again.
 QRgb stateColour(const QString& tag, qint64 enabled)
 {
     if (tag.contains(onOffMark))
@@ -243,6 +255,7 @@ ListRows objectList(const Shell& shell, ParamLists& lists, int object, const Fil
     list.columns = QStringLiteral(":ID:|CFG data|LST data|Comment").split(QLatin1Char('|'));
     addParameters(shell, lists, *panel, options, list);
     addMembers(shell, *panel, list);
+    // An empty list would look like a fault.
     if (list.rows.empty())
         list.rows.push_back(upgradeNotice());
     list.selected = 1;

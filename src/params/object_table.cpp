@@ -23,6 +23,7 @@ constexpr int noFile = -1;
 constexpr int helpMarginX = 80;
 constexpr int helpMarginY = 60;
 
+// The fields of the same names in PanelRec.
 enum ObjectFlags { Editable = 1, Roll = 2, OnlySelected = 4 };
 
 // Sources in the order top, left, width, height, on, back, text, transparency, font.
@@ -156,6 +157,7 @@ constexpr ObjectSpec objectTable[] = {
      u"31|34|35|38x|75x|76x|77|99"},
 };
 
+// A family of like objects takes several rows; the rows between the families are placeholders.
 const ObjectSpec* specOf(int row)
 {
     const auto* found =
@@ -179,6 +181,8 @@ void setSources(PanelRec& panel, std::array<int, 9> sources, int step)
 {
     const auto place = [&](std::size_t i) { return static_cast<qint16>(sources[i] + step); };
     const auto plain = [&](std::size_t i) { return static_cast<qint16>(sources[i]); };
+    // Only the geometry moves on from one member of a family to the next. A fixed length is a
+    // negative source.
     panel.TopParam = place(0);
     panel.LeftParam = place(1);
     panel.WidthParam = place(2);
@@ -192,6 +196,7 @@ void setSources(PanelRec& panel, std::array<int, 9> sources, int step)
 
 void setDefaultPlace(PanelRec& panel, int row, int backWidth)
 {
+    // The first four, which every generation has, lie in a row of their own above the others.
     const int place = row > 3 ? row - 4 : row;
     const int columns = std::max(1, backWidth / raster);
     const int below = row >= 4 ? raster * 5 / 2 : 0;
@@ -199,6 +204,7 @@ void setDefaultPlace(PanelRec& panel, int row, int backWidth)
     panel.Top = clampToI16(place / columns * raster + below);
 }
 
+// Rows keep their numbers in all generations, so the unused ones are there too, switched off.
 PanelRec placeholder(int row)
 {
     PanelRec panel;
@@ -232,8 +238,10 @@ PanelRec panelFrom(const ObjectSpec& spec, int row)
 void setLogoSize(const Shell& shell, PanelRec& logo)
 {
     QImageReader reader(withSeparator(shell.run.Workspace) + QStringLiteral("Logo_msk.jpg"));
+    // Members are named ".jpg" whatever is in them.
     reader.setDecideFormatFromContent(true);
     QSize size = reader.size();
+    // Without a size the logo could not be seen or selected; the message says that it is a guess.
     if (size.isEmpty()) {
         size = {100, 50};
         shell.prompts.ShowMessage(QStringLiteral("Logo_msk.jpg is missing or is no picture.\n"
@@ -254,6 +262,7 @@ void finishGeneration3(const Shell& shell, ParamLists& lists)
         if (row == ButtonsPanelRow || row == OptionsPanelRow)
             panel.Enabled = false;
         else if (isSparkle(row))
+            // In 64 bits, as the count comes from a file and may be any number.
             panel.Enabled = qint64{sparkles} + FirstSparkleRow - 1 >= row;
         else if (row == LogoPanelRow)
             setLogoSize(shell, panel);
@@ -295,6 +304,7 @@ void BuildPanels(const Shell& shell, ParamLists& lists)
         lists.PanelArr.push_back(spec ? panelFrom(*spec, row) : placeholder(row));
         PanelRec& panel = lists.PanelArr.back();
         setDefaultPlace(panel, row, shell.run.BackWidth);
+        // "|" ends a line of the text that is drawn in the object.
         panel.Text = panel.Name + QLatin1Char('|');
     }
     if (shell.run.gfxboot_var == 3)

@@ -42,6 +42,7 @@ struct MenuTexts {
     QString bar;  // the first entry
     QString menu; // the others, behind a blank line that lies under the bar
 };
+// Entries end in "|"; a text without one is all bar.
 MenuTexts menuTexts(const QString& entries);
 
 // The name as tabs and menus show it: "Linear|Timer" is Linear Timer, "Glasses|Panel" is Glasses.

@@ -15,11 +15,13 @@ namespace {
 constexpr QRgb white = 0xffffffff;
 constexpr QRgb black = 0xff000000;
 constexpr QRgb grey = 0xff808080;
+// What the engines of generations 1 and 2 have built in, in boot-screen pixels.
 constexpr int menuLeft = 253;
 constexpr int menuTop = 170;
 constexpr int menuEntries = 8;
 constexpr int buttonsHeight = 45;
 
+// Colours of the files have no opacity; an object's own is a parameter of its own.
 QRgb opaque(qint64 colour)
 {
     return black | (static_cast<QRgb>(colour) & 0xFFFFFFU);
@@ -30,9 +32,11 @@ using ParamValue = std::function<qint64(int)>;
 
 qint64 fromSource(int source, const ParamValue& param)
 {
+    // 0 is neither: it gives the constant 0.
     return source > 0 ? param(source) : std::abs(source);
 }
 
+// Values are cut to 16 bits: any number may stand in a file, and sums of places must not overflow.
 void recalcPanel(PanelRec& panel, const ParamValue& param)
 {
     panel.Width = clampToI16(fromSource(panel.WidthParam, param));
@@ -79,6 +83,7 @@ void place(PanelRec& panel, int left, int top, int width, int height, const Look
 // What generations 1 and 2 place alike, in boot-screen pixels.
 void placeFixed(const RunState& run, ParamLists& lists, double line)
 {
+    // Ties to even, like all places on the stage.
     const int oneLine = roundToEven(line + 3);
     place(*lists.object(MenuPanelRow), menuLeft, menuTop, run.BackWidth - menuLeft,
           roundToEven(line * menuEntries + 3), {255, white, grey});
@@ -101,6 +106,7 @@ void placeByCfg(const RunState& run, ParamLists& lists, double line, const CfgLo
         PanelRec& panel = *lists.object(row);
         panel.Left = clampToI16(left);
         panel.Top = clampToI16(number(u"menu_start_y"));
+        // Up to the right edge of the background, as the engine draws it.
         panel.Width = clampToI16(run.BackWidth - left);
     }
     PanelRec& menu = *lists.object(MenuPanelRow);
@@ -139,6 +145,7 @@ void RecalcPanelsFromLevels(const Shell& shell, ParamLists& lists, Layer layer)
         PanelRec& panel = *lists.object(row);
         const int file = levelFileOf(panel);
         recalcPanel(panel, [&](int source) {
+            // A parameter that is missing is told by GetLevelValue() and counts as -1.
             return GetLevelValue(shell, lists.ZUKarr, file, source, layer).value_or(-1);
         });
         if (isSparkle(row))
@@ -149,6 +156,7 @@ void RecalcPanelsFromLevels(const Shell& shell, ParamLists& lists, Layer layer)
 bool RecalcPanelFromList(ParamLists& lists, const FontTable& fonts, int tab, int object)
 {
     PanelRec* panel = lists.object(object);
+    // A disabled object has no tab whose list could be read.
     if (!panel || !panel->Enabled)
         return false;
     const ParamValue param = [&](int source) { return GetPanelParam(lists, tab, source); };
@@ -160,7 +168,9 @@ bool RecalcPanelFromList(ParamLists& lists, const FontTable& fonts, int tab, int
     const bool there = font >= 0 && font < static_cast<int>(fonts.size()) &&
                        !fonts[static_cast<std::size_t>(font)].FontName.isEmpty();
     if (!there)
+        // An index without a font could not be drawn; 0 is the standard font.
         panel->FontIndex = 0;
+    // The space between menu lines belongs to the first object's tab, whichever object changed.
     lists.MenuSlit = clampToI16(GetPanelParam(lists, FirstObjectTab, 40));
     return true;
 }
@@ -174,6 +184,7 @@ qint64 GetPanelParam(const ParamLists& lists, int tab, int id)
         if (numberFromText(row.tag) != id)
             continue;
         const qint64 value = numberFromText(row.text(LevelColumn));
+        // Colours have 24 bits; more digits may have been typed.
         return row.tag.contains(QLatin1String("|x|")) ? value & 0xFFFFFF : value;
     }
     return -1;

@@ -37,6 +37,7 @@ QToolButton* RightPanel::fileButton(const char* name, const QString& caption,
     button->setText(caption);
     button->setToolTip(toolTip);
     button->setFixedSize(buttonSide, buttonSide);
+    // Until a row of a member is selected there is nothing to act on.
     button->setEnabled(false);
     return button;
 }
@@ -45,10 +46,12 @@ void RightPanel::buildButtons()
 {
     m_fromMenu = new QCheckBox(QStringLiteral("MenuLevel data"), this);
     m_fromMenu->setObjectName(QStringLiteral("CheckFromMenu"));
+    // Only object tabs have values that a menu can lie over.
     m_fromMenu->setVisible(false);
     m_widthSpin = new QSpinBox(this);
     m_widthSpin->setObjectName(QStringLiteral("UpDown1"));
     m_widthSpin->setToolTip(tr("Width of the right panel"));
+    // Otherwise the panel would jump at every digit that is typed.
     m_widthSpin->setKeyboardTracking(false);
     m_widthSpin->setFocusPolicy(Qt::ClickFocus);
     m_rowSpin = new QSpinBox(this);
@@ -93,9 +96,12 @@ void RightPanel::rebuild()
 {
     const auto count = static_cast<std::size_t>(m_lists.tabCount());
     for (ListView* list : m_views)
+        // The models point into the lists, which have been replaced: no view may look at them in
+        // between.
         list->setRows(nullptr);
     while (m_views.size() > count) {
         m_stack->removeWidget(m_views.back());
+        // A signal of this very view may be the reason for the rebuild.
         m_views.back()->deleteLater();
         m_views.pop_back();
     }
@@ -108,6 +114,7 @@ void RightPanel::rebuild()
         fillList(static_cast<int>(i) + 1);
     }
     m_tabs->setTabs(tabs);
+    // A gfxboot with fewer objects may not have the tab that was open.
     selectTab(std::min(m_lists.CurrentTab, m_lists.tabCount()));
 }
 
@@ -138,6 +145,7 @@ void RightPanel::selectTab(int tab)
     m_lists.CurrentTab = tab;
     m_tabs->mark(tab);
     m_stack->setCurrentWidget(list);
+    // Icons are laid out for the width that the panel has now.
     list->reorderItems();
     m_fromMenu->setVisible(tab >= FirstObjectTab);
 }

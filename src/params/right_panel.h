@@ -28,6 +28,7 @@ public:
     void refreshList(int tab);
     // Shows a tab without tabClicked(); the lists' CurrentTab follows.
     void selectTab(int tab);
+    // Of a tab from 1; null beyond the tabs that rebuild() has made.
     [[nodiscard]] ListView* view(int tab) const;
     [[nodiscard]] TabStrip& tabStrip() { return *m_tabs; }
 
@@ -49,6 +50,7 @@ public:
 
 Q_SIGNALS:
     void tabClicked(int tab);
+    // Tabs and rows from 1, places on the screen. All of these come from the user's doing only.
     void tabMenuAsked(int tab, QPoint globalPlace);
     void rowSelected(int tab, int row, bool rightButton);
     void rowActivated(int tab, int row);

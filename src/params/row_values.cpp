@@ -35,6 +35,7 @@ struct RowPlace {
 };
 
 // Every row that shows the parameter, in the order of the tabs.
+// One parameter may be shown by several objects of the same level file; all rows must agree.
 std::vector<RowPlace> placesOf(const ParamLists& lists, int file, int id)
 {
     std::vector<RowPlace> places;
@@ -53,6 +54,7 @@ void actOnRow(ParamLists& lists, const FontTable& fonts, const RowPlace& place, 
     ListRows& list = *lists.list(place.tab);
     const ListRow& row = *list.row(place.row);
     const int object = lists.objectOfTab(place.tab);
+    // What the cell shows is what counts, as it is the text that will be written.
     const qint64 value = numberFromText(row.text(LevelColumn));
     if (row.tag.contains(onOffMark)) {
         PaintRowStates(list, value);
@@ -67,6 +69,7 @@ void writeLength(ParamLists& lists, int object, qint16 PanelRec::*field, qint16 
                  double shown)
 {
     PanelRec& panel = *lists.object(object);
+    // A constant length has no row to be written to, and the drag does not change it.
     if (panel.*source <= 0)
         return;
     panel.*field = clampToI16(roundToEven(shown));
@@ -85,6 +88,7 @@ void alignMenuAndBar(ParamLists& lists, int object)
     PanelRec* other = lists.object(object == MenuPanelRow ? MenuBarRow : MenuPanelRow);
     if (!other)
         return;
+    // The bar lies over a line of the menu: they share everything but the height.
     other->Left = moved.Left;
     other->Top = moved.Top;
     other->Width = moved.Width;
@@ -97,10 +101,12 @@ QString normaliseTyped(QStringView text)
     const QStringView typed = text.trimmed();
     if (!typed.startsWith(u"0x", Qt::CaseInsensitive))
         return QString::number(numberFromText(typed));
+    // Letters that are no digits stay as they were typed; they end the number when it is read.
     const QString digits = QStringLiteral("000000") + typed.mid(2).right(6).toString().toUpper();
     return QStringLiteral("0x") + digits.right(6);
 }
 
+// The row itself first, then the rows of other tabs that show the same parameter.
 RowChange OnRowValueChanged(ParamLists& lists, const FontTable& fonts, int tab, int row)
 {
     RowChange change;
@@ -126,12 +132,14 @@ RowChange setTypedValue(ParamLists& lists, const FontTable& fonts, int tab, int 
     ListRow* changed = lists.objectOfTab(tab) < 0 ? nullptr : lists.list(tab)->row(row);
     if (!changed || !isParameterRow(*changed))
         return {};
+    // The swatch follows below with those of the whole tab.
     storeCell(*changed, normaliseTyped(typed), false);
     RowChange change = OnRowValueChanged(lists, fonts, tab, row);
     refreshSwatches(lists, tab);
     return change;
 }
 
+// The cells' own colours go too, or the row would be painted in patches.
 void PaintRowStates(ListRows& list, qint64 value)
 {
     for (ListRow& row : list.rows) {
@@ -168,8 +176,10 @@ bool SetRowValue(ParamLists& lists, int id, const QString& value, int object)
 void PanelParamsToRow(ParamLists& lists, int object, const QRectF& shown, double scale)
 {
     const PanelRec* panel = lists.object(object);
+    // A stage without a size has no scale yet.
     if (!panel || scale <= 0)
         return;
+    // From displayed pixels to those of the boot screen.
     writeLength(lists, object, &PanelRec::Top, &PanelRec::TopParam, shown.top() / scale);
     writeLength(lists, object, &PanelRec::Left, &PanelRec::LeftParam, shown.left() / scale);
     writeLength(lists, object, &PanelRec::Width, &PanelRec::WidthParam, shown.width() / scale);

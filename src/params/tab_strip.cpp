@@ -16,6 +16,8 @@ void TabStrip::setTabs(const std::vector<Tab>& tabs)
 {
     while (m_buttons.size() > tabs.size()) {
         m_buttons.back()->deleteLater();
+        // It may be the sender of the click in progress, so it is deleted later and only hidden
+        // now.
         m_buttons.back()->hide();
         m_buttons.pop_back();
     }
@@ -27,12 +29,15 @@ void TabStrip::setTabs(const std::vector<Tab>& tabs)
             const int number = static_cast<int>(i) + 1;
             button->setObjectName(QStringLiteral("TabStrip1_%1").arg(number));
             connect(button, &QToolButton::clicked, this, [this, number] {
+                // The click has toggled the button by itself; whether the tab changes is decided by
+                // who listens.
                 mark(m_marked);
                 Q_EMIT clicked(number);
             });
             button->show();
             m_buttons.push_back(button);
         }
+        // A lone "&" would be taken for a short cut.
         m_buttons[i]->setText(QString(tabs[i].caption).replace(u'&', QStringLiteral("&&")));
         m_buttons[i]->setToolTip(tabs[i].toolTip);
     }
@@ -47,6 +52,7 @@ void TabStrip::mark(int tab)
         m_buttons[static_cast<std::size_t>(i)]->setChecked(i + 1 == tab);
 }
 
+// Lines of tabs as words in a paragraph; a tab wider than the strip gets a line of its own.
 int TabStrip::flow(int width) const
 {
     int x = 0;

@@ -12,12 +12,15 @@ namespace fennel {
 class TabStrip : public QWidget {
     Q_OBJECT
 public:
+    // No tabs until setTabs().
     explicit TabStrip(QWidget* parent);
 
     struct Tab {
         QString caption;
         QString toolTip;
     };
+    // Buttons are used again, so a click in progress is safe. The mark stays, or goes to the last
+    // tab if its own is gone.
     void setTabs(const std::vector<Tab>& tabs);
     // Tabs are counted from 1; 0 marks none.
     void mark(int tab);
@@ -25,7 +28,9 @@ public:
     [[nodiscard]] int count() const { return static_cast<int>(m_buttons.size()); }
 
 Q_SIGNALS:
+    // By the user; the mark moves only with mark().
     void clicked(int tab);
+    // Screen coordinates, logical pixels.
     void menuAsked(QPoint globalPlace);
 
 protected:

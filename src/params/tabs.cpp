@@ -16,6 +16,7 @@ struct CaptionMask {
     QStringView caption;
     QStringView mask;
 };
+// Which pictures the strip under the stage shows, by the caption of the tab.
 constexpr CaptionMask captionMasks[] = {
     {u"Gfxboot", u"*.jpg"},
     {u"Menu", u"*.jpg"},
@@ -27,6 +28,7 @@ constexpr CaptionMask captionMasks[] = {
     {u"LOGO", u"Logo_??.jpg"},
 };
 
+// Index 0 stays empty: tabs count from 1.
 std::vector<ParamTab> fixedTabs()
 {
     std::vector<ParamTab> tabs{std::size_t{FirstObjectTab}};
@@ -59,6 +61,7 @@ QString tagOfRow(const ParamLists& lists, int tab, int row)
     return found ? found->tag : QString();
 }
 
+// Looks at the font list whatever tab is open.
 bool fontSelected(const RunState& run, const ParamLists& lists)
 {
     return run.gfxboot_var > 1 && textOfRow(lists, TabFonts, lists.list(TabFonts)->selected)
@@ -85,9 +88,12 @@ void BuildTabs(const Shell& shell, ParamLists& lists, const FillOptions& options
         }
         shell.WriteLog(QStringLiteral("     TabStrip_ListView_ZUKarr -----------------^"));
     }
+    // The lists are filled aside first: a message box while filling may repaint the window, which
+    // must not see half of them.
     lists.tabs = std::move(tabs);
     lists.lists.resize(std::size_t{FirstObjectTab});
     std::move(objectLists.begin(), objectLists.end(), std::back_inserter(lists.lists));
+    // The tab that was open may be gone with the gfxboot before.
     if (!lists.list(lists.CurrentTab))
         lists.CurrentTab = TabMenu;
     lists.CurrentRow = lists.list(lists.CurrentTab)->selected;
@@ -103,6 +109,7 @@ bool isLogoTab(const ParamLists& lists, int tab)
     return lists.objectOfTab(tab) == LogoPanelRow;
 }
 
+// Some objects show only while one works on them, since on the boot screen they come and go.
 bool shownAfterLeaving(const ParamLists& lists, int tab)
 {
     const PanelRec* panel = lists.object(lists.objectOfTab(tab));
@@ -115,6 +122,7 @@ RowButtons buttonsOfTab(const RunState& run, const ParamLists& lists, int tab)
 {
     const ListRows* list = lists.list(tab);
     RowButtons buttons = buttonsOfRow(run, lists, tab, list ? list->selected : 0);
+    // A change of tab has not selected a font yet.
     buttons.Font_change = false;
     // Unlike a click, a change of tab looks at the text of any row, member or not.
     if (run.GfxHasZuk && list) {
@@ -130,6 +138,7 @@ RowButtons buttonsOfRow(const RunState& run, const ParamLists& lists, int tab, i
     RowButtons buttons;
     buttons.toolbar12 = fontSelected(run, lists);
     const bool member = tagOfRow(lists, tab, row).contains(QLatin1String("|File: "));
+    // Older generations have members too, but none that could be added or deleted here.
     if (!run.GfxHasZuk || !member)
         return buttons;
     buttons.UpDown3 = buttons.ComADD = buttons.ComDEL = true;
@@ -153,6 +162,7 @@ QStringList thumbnailNames(const QString& workspace, const QString& mask)
 {
     QStringList names;
     for (const QString& part : mask.split(QLatin1Char('|'), Qt::SkipEmptyParts))
+        // The limit holds for each kind, so that many of one do not crowd out another.
         names += numberedFiles(workspace, part).mid(0, thumbnailLimit);
     return names;
 }
@@ -162,6 +172,7 @@ QString thumbnailStatus(qsizetype count, const QString& mask)
     return QStringLiteral("This gfxboot includes %1 images called %2").arg(count).arg(mask);
 }
 
+// Row by row from the top left; a list narrower than one icon still gets one column.
 std::vector<QPoint> iconPlaces(int listWidth, int cellWidth, int cellHeight, int count)
 {
     constexpr int margin = 100;

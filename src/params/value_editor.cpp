@@ -25,6 +25,7 @@ ValueEditor::ValueEditor(QWidget* parent)
     setObjectName(QStringLiteral("Frame6ParamsEdit"));
     setAutoFillBackground(true);
     m_text->setObjectName(QStringLiteral("TextValue"));
+    // A value is one line: no tabs, no wrapping, no scroll bars.
     m_text->setTabChangesFocus(true);
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_text->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -99,6 +100,7 @@ void ValueEditor::open(const QString& caption, const QString& text, QPoint ancho
     setTextMode(false);
     setTitle(caption);
     setText(text);
+    // Values in hexadecimal are colours; the others have no use for a colour dialog.
     const bool isColour = text.startsWith(QLatin1String("0x"), Qt::CaseInsensitive);
     m_colour->setVisible(isColour);
     m_pipette->setVisible(isColour);
@@ -175,6 +177,7 @@ bool ValueEditor::eventFilter(QObject* watched, QEvent* event)
         return QGroupBox::eventFilter(watched, event);
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
+        // Before the text gets the key, as it would start a second line.
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
             Q_EMIT committed();
             return true;
@@ -187,6 +190,8 @@ bool ValueEditor::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::FocusOut && isVisible()) {
         const QWidget* next = QApplication::focusWidget();
         const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        // A click elsewhere gives the value up. The dialogs that belong to the editor, a menu or
+        // another program's window do not.
         const bool staysHere = next == m_colour || next == m_pipette ||
                                reason == Qt::PopupFocusReason ||
                                reason == Qt::ActiveWindowFocusReason;

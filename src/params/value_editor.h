@@ -33,12 +33,14 @@ public:
     [[nodiscard]] bool textEditMode() const { return m_textMode; }
     // As it was typed; line ends are LF.
     [[nodiscard]] QString text() const;
+    // Replaces what was typed, as a colour tool does.
     void setText(const QString& text);
     [[nodiscard]] QPlainTextEdit& box() { return *m_text; }         // TextValue
     [[nodiscard]] QPushButton& colourButton() { return *m_colour; } // ComColor
     [[nodiscard]] QCheckBox& pipette() { return *m_pipette; }       // Check2Pipetka
 
 Q_SIGNALS:
+    // Enter: text() is to be taken.
     void committed();
     // Escape, or the focus went elsewhere.
     void cancelled();

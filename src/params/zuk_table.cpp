@@ -24,13 +24,17 @@ qint64 valueOrBelow(std::optional<qint64> value, const ZukCell& cell)
 
 QString levelFileName(int file)
 {
+    // Four digits, filled up with zeros.
     return QStringLiteral("ZUK%1.CFG").arg(QString::number(10000 + file).right(4));
 }
 
 std::optional<qint64> ZUKarr::GetLevelValue(int file, int param, Layer layer) const
 {
+    // Only the catalogue makes a parameter known: a record alone may come from a newer engine.
     const bool known = inRange(file, param) && at(file, param).DefValue;
     if (!known)
+        // A menu may say nothing of a parameter, which is no fault; the other layers always have an
+        // answer.
         return layer == Layer::Lst ? std::nullopt : std::optional<qint64>(-1);
     const ZukCell& cell = at(file, param);
     switch (layer) {
@@ -41,6 +45,8 @@ std::optional<qint64> ZUKarr::GetLevelValue(int file, int param, Layer layer) co
     case Layer::Edit:
         return valueOrBelow(cell.EditValue, cell);
     case Layer::Lst:
+        // Menu over lists over file over default: each layer shows through where the one above is
+        // silent.
         return valueOrBelow(cell.LstValue ? cell.LstValue : cell.EditValue, cell);
     }
     return -1;
@@ -51,6 +57,7 @@ std::optional<qint64> GetLevelValue(const Shell& shell, const ZUKarr& table, int
 {
     const std::optional<qint64> value = table.GetLevelValue(file, param, layer);
     const bool known = ZUKarr::inRange(file, param) && table.at(file, param).DefValue;
+    // Told with the numbers, as the usual reason is a program older than the gfxboot.
     if (known && value == -1) {
         shell.prompts.ShowMessage(
             QStringLiteral("Файл: %1\nParameter :%2: does not exist!\n"

@@ -5,11 +5,15 @@ namespace fennel {
 
 using namespace Qt::StringLiterals;
 
+// Leaving a procedure early, by whichever return, takes everything back: only keep() makes it
+// final.
 FileSteps::~FileSteps()
 {
     undo();
 }
 
+// Must succeed before the target is touched. A target that is new is noted without a copy: taking
+// the step back then means removing it.
 Result<void> FileSteps::save(const QString& target)
 {
     if (!FileExists(target)) {
@@ -21,6 +25,7 @@ Result<void> FileSteps::save(const QString& target)
     if (done)
         m_saved.push_back({target, kept});
     else
+        // Half a copy must not be taken for the old file by a later undo().
         (void)m_shell.files.remove(kept);
     return done;
 }
@@ -58,6 +63,9 @@ void FileSteps::keep()
     m_saved.clear();
 }
 
+// From the last step to the first, so that a target that was changed twice ends with its oldest
+// content. A copy that cannot be put back is the only one left of that file: the user is told where
+// it is.
 void FileSteps::undo()
 {
     for (; !m_saved.empty(); m_saved.pop_back()) {

@@ -22,8 +22,11 @@ public:
     // Each fails with the sentence of the file layer. `target` may or may not exist; `source` is
     // moved by replace() and stays in copy().
     Result<void> replace(const QString& source, const QString& target);
+    // The target is replaced if it is there.
     Result<void> copy(const QString& source, const QString& target);
+    // All the bytes, over an existing file.
     Result<void> write(const QString& target, const QByteArray& bytes);
+    // Removing what is not there is no failure.
     Result<void> remove(const QString& target);
     // For a file that other code is about to change.
     Result<void> save(const QString& target);

@@ -18,6 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
+// Only kinds that lead to different advice for the user are told apart.
 FailureKind kindOf(int error)
 {
     switch (error) {
@@ -62,6 +63,8 @@ private:
     int m_fd;
 };
 
+// Without `sync` the bytes may still be in the system's cache when this returns: good enough for
+// working files, not for the file that replaces the user's only copy.
 Result<void> writeAll(const QString& path, int flags, const QByteArray& bytes, bool sync)
 {
     const Descriptor file(path, flags);
@@ -71,6 +74,7 @@ Result<void> writeAll(const QString& path, int flags, const QByteArray& bytes, b
     while (done < bytes.size()) {
         const ssize_t n =
             ::write(file.fd(), bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
+        // A write may be short or interrupted without being wrong.
         if (n < 0 && errno != EINTR)
             return systemFailure("write", path, errno);
         if (n > 0)
@@ -81,6 +85,8 @@ Result<void> writeAll(const QString& path, int flags, const QByteArray& bytes, b
     return {};
 }
 
+// A rename is safe against a power cut only once its folder is synced too. A failure is not told:
+// the new file is in place already.
 void syncFolder(const QString& folder)
 {
     const Descriptor file(folder, O_RDONLY | O_DIRECTORY);
@@ -154,6 +160,8 @@ Result<void> DiskFiles::rename(const QString& source, const QString& target)
     const QByteArray to = QFile::encodeName(target);
     if (::rename(from.constData(), to.constData()) == 0)
         return {};
+    // The temporary folder often lies on a file system of its own, and rename() does not cross
+    // over.
     if (errno != EXDEV)
         return systemFailure("rename", source, errno);
     if (Result<void> moved = replaceWhole(source, target); !moved)
@@ -163,6 +171,8 @@ Result<void> DiskFiles::rename(const QString& source, const QString& target)
 
 Result<void> DiskFiles::remove(const QString& path)
 {
+    // Callers remove in order to be sure that a tool's old output is gone, so "not there" is what
+    // they want.
     if (::unlink(QFile::encodeName(path).constData()) == 0 || errno == ENOENT)
         return {};
     return systemFailure("delete", path, errno);
@@ -182,6 +192,7 @@ Result<void> DiskFiles::makeFolder(const QString& path)
     std::error_code error;
     const QString bare = withoutSeparator(path);
     std::filesystem::create_directories(QFile::encodeName(bare).toStdString(), error);
+    // create_directories() may report success although a plain file stands in the way.
     if (!error && FolderExists(path))
         return {};
     return systemFailure("make the folder", path, error ? error.value() : ENOTDIR);
@@ -197,6 +208,7 @@ Result<void> DiskFiles::moveFiles(const QString& source, const QString& target)
 Result<void> DiskFiles::makePrivateFolder(const QString& path)
 {
     const QString bare = withoutSeparator(path);
+    // The temporary folder is open to every user, so a folder found there may be a trap.
     if (::mkdir(QFile::encodeName(bare).constData(), 0700) != 0 && errno != EEXIST)
         return systemFailure("make the folder", path, errno);
     // The owner is asked of the opened folder, not of the name, which might change in between.
@@ -226,15 +238,20 @@ Result<void> DiskFiles::replaceWhole(const QString& source, const QString& targe
     const QString real = linkTarget(target);
     if (FolderExists(real))
         return systemFailure("write", target, EISDIR);
+    // Beside the target, since only a rename within one file system is a single step. The process
+    // id keeps two copies of the program apart.
     const QString beside = folderPart(real) + QStringLiteral(".") + namePart(real) +
                            QStringLiteral(".%1.new").arg(::getpid());
     struct stat old = {};
     const bool existed = ::stat(QFile::encodeName(real).constData(), &old) == 0;
+    // A rename would replace a write-protected file without asking, as it needs rights on the
+    // folder only.
     if (existed && ::access(QFile::encodeName(real).constData(), W_OK) != 0)
         return systemFailure("write", target, errno);
     Result<void> done = writeAll(beside, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, *bytes, true);
     if (done && existed && ::chmod(QFile::encodeName(beside).constData(), old.st_mode & 07777) != 0)
         done = systemFailure("set the permissions of", beside, errno);
+    // An ordinary user cannot give files away (EPERM): the file then belongs to whoever saves it.
     if (done && existed &&
         ::chown(QFile::encodeName(beside).constData(), old.st_uid, old.st_gid) != 0 &&
         errno != EPERM)
@@ -279,6 +296,7 @@ Result<QByteArray> readBytes(const QString& path, qint64 limit)
     errno = 0;
     if (!file.open(QIODevice::ReadOnly))
         return systemFailure("read", path, errno != 0 ? errno : EISDIR);
+    // One byte more than allowed tells a file that is too large from one that just fits.
     const QByteArray bytes = file.read(limit + 1);
     if (file.error() != QFileDevice::NoError)
         return systemFailure("read", path, errno != 0 ? errno : EIO);
@@ -292,6 +310,8 @@ QString shortForm(const QString& path)
 {
     const QFileInfo info(path);
     const QString canonical = info.canonicalFilePath();
+    // canonicalFilePath() gives nothing for a file that is not there yet, such as the target of a
+    // save.
     return canonical.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : canonical;
 }
 
@@ -357,6 +377,7 @@ QStringList numberedFiles(const QString& folder, const QString& pattern)
         return fitting;
     QStringList found;
     for (int number = 0; number < 100; ++number) {
+        // Two digits, so that "back_3.jpg" is no numbered member.
         const QString digits = QString::number(100 + number).right(2);
         for (const QString& name : fitting) {
             if (QStringView(name).mid(place, 2) == digits)

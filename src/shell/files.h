@@ -18,6 +18,7 @@ public:
     virtual ~Files() = default;
     // Creates or replaces the file; a failure may leave a part of it behind.
     virtual Result<void> write(const QString& path, const QByteArray& bytes) = 0;
+    // Makes the file if it is missing; a failure may leave a part of the bytes behind.
     virtual Result<void> append(const QString& path, const QByteArray& bytes) = 0;
     // Overwrites from the first byte on without cutting: the tail of a longer file stays.
     virtual Result<void> overwriteStart(const QString& path, const QByteArray& bytes) = 0;
@@ -28,6 +29,7 @@ public:
     virtual Result<void> rename(const QString& source, const QString& target) = 0;
     // Removing what is not there is no failure.
     virtual Result<void> remove(const QString& path) = 0;
+    // With everything in it; links are removed and not followed.
     virtual Result<void> removeFolder(const QString& path) = 0;
     // Makes the folder and its parents. An existing folder is no failure.
     virtual Result<void> makeFolder(const QString& path) = 0;
@@ -38,6 +40,7 @@ public:
     // Copies, or moves, the plain files of a folder (members live flat, without sub-folders), over
     // files of the same name. Names are taken as bytes, whatever their encoding.
     virtual Result<void> moveFiles(const QString& source, const QString& target) = 0;
+    // The same as moveFiles(), but the source stays.
     virtual Result<void> copyFolder(const QString& source, const QString& target) = 0;
     // Puts the file `source` at `target` so that at every moment the target is the whole old or the
     // whole new file: a copy beside the target is written, synced, given the old file's permissions
@@ -76,11 +79,13 @@ QString shortForm(const QString& path);
 QString withSeparator(const QString& path);
 // What stands before and behind the last "/"; the folder keeps the "/".
 QString folderPart(const QString& path);
+// The whole path if it has no "/".
 QString namePart(const QString& path);
 
 // Names of the plain files of a folder that fit a DOS pattern ("?" one character, "*" any run, case
 // ignored), sorted without regard to case. "back_??.jpg" fits "Back_03.JPG".
 QStringList filesLike(const QString& folder, const QString& pattern);
+// One name against such a pattern.
 bool fitsPattern(const QString& name, const QString& pattern);
 // The members of a numbered pattern such as "back_??.jpg": NN from 00 to 99 in numeric order, each
 // if it exists. A pattern without "??" is filesLike().

@@ -12,6 +12,7 @@ namespace {
 
 const QString settingsFileName = QStringLiteral("FENNEL.ini");
 
+// People edit this file by hand: case and blanks, even within a key, do not count.
 QString foldedKey(const QString& text)
 {
     QString key = text.trimmed().toLower();
@@ -27,6 +28,8 @@ bool endsInLineEnd(const QByteArray& bytes)
 
 } // namespace
 
+// A file that was spelled "Fennel.ini" elsewhere must stay the one settings file, and not get a
+// second one beside it.
 QString settingsFile(const QString& folder)
 {
     QString usual = withSeparator(folder) + settingsFileName;
@@ -38,9 +41,11 @@ QString settingsFile(const QString& folder)
 
 QString iniValue(const QString& text, const QString& key)
 {
+    // "|" ends a line like a line end does, so no value can hold one.
     static const QRegularExpression lineEnds(QStringLiteral("[\r\n|]"));
     const QString wanted = foldedKey(key);
     const QStringList lines = text.trimmed().split(lineEnds);
+    // The first line that fits wins, so an appended line never overrides one higher up.
     for (const QString& line : lines) {
         const qsizetype equals = line.indexOf(QLatin1Char('='));
         if (equals >= 0 && foldedKey(line.left(equals)) == wanted)
@@ -69,6 +74,7 @@ Result<void> IniAppend(const Shell& shell, const QString& file, const QString& t
 Result<void> IniAppendLine(const Shell& shell, const QString& file, const QString& line)
 {
     const Result<QByteArray> before = readBytes(file);
+    // A last line without an end would swallow the new key.
     const bool ended = !before || endsInLineEnd(*before);
     const QString lineEnd = QStringLiteral("\r\n");
     return IniAppend(shell, file, (ended ? QString() : lineEnd) + line + lineEnd);
@@ -77,6 +83,8 @@ Result<void> IniAppendLine(const Shell& shell, const QString& file, const QStrin
 Result<void> createSettingsFile(const Shell& shell, const QString& fontName,
                                 const QString& language)
 {
+    // All four keys are written for the people who read the file; only the font and the language
+    // are ever read back.
     const QString text = QStringLiteral("Monitoring USB connections=1\r\n"
                                         "Default Font Name=%1\r\n"
                                         "Default Character Set=0x20-0x7e, 0x0410-0x044f\r\n"
@@ -87,6 +95,8 @@ Result<void> createSettingsFile(const Shell& shell, const QString& fontName,
     const QString path = settingsFile(shell.run.AppPath);
     Result<void> written = shell.files.write(path, encodeText(text, utf8));
     if (!written)
+        // Half a file would count as existing settings at the next start, and its missing keys
+        // would stay missing.
         (void)shell.files.remove(path);
     return written;
 }

@@ -14,6 +14,7 @@ namespace fennel {
 
 namespace {
 
+// Fontconfig hands out objects to be destroyed by a function of their own type each.
 template <auto destroy>
 struct Destroyer {
     template <class T>
@@ -40,6 +41,9 @@ const char* rawText(const FcPattern* pattern, const char* property, int index)
 // The text of a property in English, or its first one.
 QString englishText(const FcPattern* pattern, const char* property, const char* languages)
 {
+    // The names of a property and their languages are two lists of the same order. English is
+    // preferred: the name goes into settings and font names that must not change with the user's
+    // language.
     for (int i = 0; *rawText(pattern, languages, i) != '\0'; ++i) {
         if (QByteArrayView(rawText(pattern, languages, i)) == QByteArrayView("en"))
             return QString::fromUtf8(rawText(pattern, property, i));
@@ -67,6 +71,7 @@ QString InstalledFont::fullName() const
 
 std::vector<InstalledFont> installedFonts()
 {
+    // Only outlines can be drawn at any size, which the font maker needs.
     const Pattern wanted(FcPatternBuild(nullptr, FC_FONTFORMAT, FcTypeString, "TrueType",
                                         FC_OUTLINE, FcTypeBool, FcTrue, nullptr));
     const ObjectSet asked(FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, FC_STYLE, FC_STYLELANG,
@@ -88,6 +93,7 @@ QString fontListText(const std::vector<InstalledFont>& fonts)
     QStringList lines;
     for (const InstalledFont& font : fonts)
         lines.append(font.fullName() + typeMark + QLatin1Char('>') + namePart(font.path));
+    // Several files may give the same line; the order must not hang on the one of the file system.
     lines.sort();
     lines.removeDuplicates();
     return lines.join(QLatin1Char('\n'));
@@ -105,6 +111,7 @@ QString firstTrueTypeName(const QString& fontList)
     for (const QString& line : std::as_const(lines)) {
         const qsizetype split = line.lastIndexOf(QLatin1Char('>'));
         const QString file = namePart(line.mid(split + 1));
+        // ".TTF" anywhere in the file's name counts, at its end or not.
         if (split < 0 || !file.contains(QLatin1String(".TTF"), Qt::CaseInsensitive))
             continue;
         QString name = line.left(split);
@@ -116,6 +123,8 @@ QString firstTrueTypeName(const QString& fontList)
 
 QString firstRunFontName(const QString& fontList)
 {
+    // From the font with most characters down. The name may occur anywhere in the list, so "Arial
+    // Narrow" stands for "Arial" as well.
     for (const char* name : {"Arial Unicode MS", "Tahoma", "Arial"}) {
         if (fontList.contains(QLatin1String(name)))
             return QString::fromLatin1(name);
@@ -126,6 +135,7 @@ QString firstRunFontName(const QString& fontList)
 QString DefaultFontName(const Shell& shell, const QString& fontList)
 {
     if (FileExists(settingsFile(shell.run.AppPath))) {
+        // An empty value occurs in every list and is therefore taken as it is.
         QString name = IniRead(shell, QStringLiteral("Default Font Name"));
         if (!fontList.isEmpty() && fontList.contains(name))
             return name;

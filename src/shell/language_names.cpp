@@ -14,6 +14,8 @@ struct Language {
     const char* locale; // "ll_CC", with "@script" where one country has two
 };
 
+// The published list of Windows language identifiers; the log names languages by it, wherever the
+// program runs. The order decides which row a bare language such as "ar" gets: the first.
 constexpr std::array<Language, 126> languages{{
     {"0436", "Afrikaans", "af_ZA"},
     {"041C", "Albanian", "sq_AL"},
@@ -179,6 +181,8 @@ QString languageName(const QString& id)
     return row == languages.end() ? QStringLiteral("undef") : QString::fromLatin1(row->name);
 }
 
+// From the exact form to the loosest: with script, without it, the language's home country ("fr"
+// means "fr_FR"), any country. What is in no row has no identifier.
 QString languageOfLocale(const QString& locale)
 {
     const QString plain = plainLocale(locale);

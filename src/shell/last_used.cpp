@@ -23,6 +23,8 @@ int placeOf(const QString& key)
 
 } // namespace
 
+// Counted in characters of the folder with its separator, since long folders, not long names, make
+// the menu wide.
 QString lastUsedCaption(const QString& path)
 {
     const QLatin1Char separator('/');
@@ -35,6 +37,7 @@ QString lastUsedCaption(const QString& path)
 
 void LastUsed::LastUsedAdd(const Shell& shell, const QString& path, const Progress& progress)
 {
+    // Opening a listed file again leaves the order alone: entries do not jump while one works.
     if (holds(path))
         return;
     putFirst(path);
@@ -51,11 +54,13 @@ bool LastUsed::holds(const QString& path) const
 
 void LastUsed::putFirst(const QString& path)
 {
+    // The last entry falls off the end by the shift; the others keep their order.
     if (m_entries[0].visible)
         std::shift_right(m_entries.begin(), m_entries.end(), 1);
     m_entries[0] = {true, path};
 }
 
+// Captions, not paths, are what is kept: a shortened one goes into the store shortened.
 void LastUsed::saveCaptions()
 {
     SettingsStore::Entries captions;
@@ -75,6 +80,7 @@ void LastUsed::Recreate_LastUsed(const Shell& shell, const Progress& progress)
     };
     shell.WriteLog(QStringLiteral(" Recreate_LastUsed"));
     report(10);
+    // "*" can be no path, so it tells "never stored" from an empty entry.
     if (m_store.get(menuSection, QStringLiteral("0"), nothingStored) == nothingStored) {
         m_enabled = false;
         return;
@@ -87,6 +93,7 @@ void LastUsed::Recreate_LastUsed(const Shell& shell, const Progress& progress)
     for (const auto& [key, path] : stored) {
         ++position;
         report(10 + roundToEven(position * 10.0 / static_cast<double>(stored.size())));
+        // The store is a file that anyone can edit; keys that are no place are passed over.
         if (const int place = placeOf(key); place >= 0)
             m_entries[static_cast<std::size_t>(place)] = {true, lastUsedCaption(path)};
     }
@@ -94,6 +101,7 @@ void LastUsed::Recreate_LastUsed(const Shell& shell, const Progress& progress)
 
 std::optional<QString> LastUsed::clicked(const Shell& shell, int index) const
 {
+    // The store and not the caption, as the caption of a long path is no path.
     const QString path = m_store.get(menuSection, QString::number(index));
     if (FileExists(path))
         return shortForm(path);

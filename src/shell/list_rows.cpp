@@ -7,6 +7,7 @@ namespace {
 const QString fileMark = QStringLiteral("|File: ");
 }
 
+// Every column is ended by a "|", so what stands behind the last one is no column.
 QStringList columnsFrom(const QString& text)
 {
     const qsizetype last = text.lastIndexOf(QLatin1Char('|'));
@@ -18,6 +19,7 @@ QString fileTag(const QString& name)
     return fileMark + name + QLatin1Char('|');
 }
 
+// A tag may hold more than the file, before and after it.
 QString fileOfTag(const QString& tag)
 {
     const qsizetype start = tag.indexOf(fileMark);

@@ -61,6 +61,7 @@ QStringList columnsFrom(const QString& text);
 
 // The mark of a row that stands for a member file, and the way back (empty if the tag has none).
 QString fileTag(const QString& name);
+// Empty for a tag without a file.
 QString fileOfTag(const QString& tag);
 
 // Colours of rows, as they are seen on screen.

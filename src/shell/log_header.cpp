@@ -16,6 +16,8 @@ namespace {
 
 constexpr int ruleLength = 72;
 
+// Several files may hold the value, the first that has it counts: /etc overrules what the system
+// was shipped with.
 QString firstAssigned(const QStringList& files, const QString& name)
 {
     for (const QString& file : files) {
@@ -28,6 +30,7 @@ QString firstAssigned(const QStringList& files, const QString& name)
 
 QString userLocale()
 {
+    // In the order in which the system itself decides on the language of messages.
     for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
         QString value = qEnvironmentVariable(name);
         if (!value.isEmpty())
@@ -38,6 +41,8 @@ QString userLocale()
 
 } // namespace
 
+// The shell syntax of os-release and the locale files, as far as they use it: one assignment a
+// line, quoted or not.
 QString assignedValue(const QString& text, const QString& name)
 {
     const QString start = name + QLatin1Char('=');
@@ -60,6 +65,7 @@ SystemFacts systemFacts()
     utsname kernel = {};
     if (::uname(&kernel) == 0) {
         facts.kernel = QString::fromLocal8Bit(kernel.release);
+        // The kernel decides: a 32-bit program may run on a 64-bit system.
         facts.is64Bit = QByteArrayView(kernel.machine).endsWith("64") || sizeof(void*) == 8;
     }
     const QStringList releases{QStringLiteral("/etc/os-release"),
@@ -84,6 +90,7 @@ QString compiledAt(qint64 buildTime)
 
 QStringList logHeader(const SystemFacts& system, qint64 buildTime)
 {
+    // The order is fixed, people compare logs side by side. An entry may be several lines.
     return {QStringLiteral("\r\n") + QString(ruleLength, QLatin1Char('-')),
             windowTitle(),
             compiledAt(buildTime),

@@ -32,11 +32,15 @@ public:
     virtual Answer ShowMessage(const QString& text, MessageType type, const QString& title) = 0;
     // Both return the chosen path, or an empty string for a cancelled dialog.
     virtual QString openFile(const FileQuestion& question) = 0;
+    // Has asked already whether an existing file may be replaced.
     virtual QString saveFile(const FileQuestion& question) = 0;
+    // An existing folder's path, or an empty string for a cancelled dialog; an empty title has a
+    // default.
     virtual QString ChooseFolder(const QString& title) = 0;
     // The typed text, or nothing if cancelled.
     virtual std::optional<QString> input(const QString& prompt, const QString& title,
                                          const QString& initial) = 0;
+    // The chosen colour, or nothing if cancelled.
     virtual std::optional<QColor> colour(const QColor& initial) = 0;
 
     // A message without a title, of any length, beside a picture (may be null) and what is said

@@ -48,6 +48,7 @@ QMessageBox::Icon iconOf(MessageType type)
     }
 }
 
+// The folder of the last file may be on a drive that is gone.
 QString startFolder(const FileQuestion& question)
 {
     return FolderExists(question.folder) ? question.folder : QDir::homePath();
@@ -109,12 +110,15 @@ QString qtFilter(const QString& filter)
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         QString caption = parts[i];
+        // The dialog adds the patterns in brackets itself.
         caption = caption.left(caption.indexOf(QLatin1Char('('))).trimmed();
         QStringList patterns;
         for (QString pattern : parts[i + 1].split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+            // "*.*" means every file, here also those without a dot.
             if (pattern == QLatin1String("*.*"))
                 pattern = QStringLiteral("*");
             patterns.append(pattern);
+            // File names from DOS media come in capitals, and patterns heed case here.
             if (pattern != pattern.toUpper())
                 patterns.append(pattern.toUpper());
         }
@@ -126,6 +130,7 @@ QString qtFilter(const QString& filter)
 
 QWidget* QtPrompts::parent() const
 {
+    // A message below an open dialog could not be reached, and the program would seem to hang.
     QWidget* active = QApplication::activeModalWidget();
     return active != nullptr ? active : m_parent;
 }
@@ -134,6 +139,7 @@ Answer QtPrompts::ShowMessage(const QString& text, MessageType type, const QStri
 {
     QMessageBox box(iconOf(type), title.isEmpty() ? programTitle() : title, text, buttonsOf(type),
                     parent());
+    // Names of files and members may hold "<" and must not be read as markup.
     box.setTextFormat(Qt::PlainText);
     const PlainCursor cursor;
     switch (box.exec()) {
@@ -190,6 +196,7 @@ void QtPrompts::showPicture(const QString& text, const QImage& picture, const QS
     auto* words = new QPlainTextEdit(text);
     words->setObjectName(QStringLiteral("MessageText"));
     words->setReadOnly(true);
+    // Long paths and lists without blanks must not make the window wider than the screen.
     words->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     words->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     auto* row = new QHBoxLayout;
@@ -202,6 +209,7 @@ void QtPrompts::showPicture(const QString& text, const QImage& picture, const QS
     column->addLayout(row, 1);
     column->addWidget(buttons);
     box.resize(usual);
+    // Otherwise Enter would go to the text.
     buttons->button(QDialogButtonBox::Ok)->setFocus();
     box.exec();
 }

@@ -51,6 +51,7 @@ private:
 template <>
 class [[nodiscard]] Result<void> {
 public:
+    // Success.
     Result() = default;
     Result(Failure failure) : m_failure(std::move(failure)), m_ok(false) {}
 

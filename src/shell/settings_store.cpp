@@ -61,6 +61,7 @@ void SettingsStore::replaceSection(const QString& section, const Entries& entrie
 SettingsStore::Entries SettingsStore::listAll(const QString& section) const
 {
     m_settings.beginGroup(section);
+    // The back ends list keys in different orders.
     QStringList keys = m_settings.childKeys();
     keys.sort();
     Entries all;

@@ -23,10 +23,12 @@ public:
     SettingsStore();                             // the user's own
     explicit SettingsStore(const QString& file); // a file in INI format, such as a test's
 
+    // The stored text, or `fallback` if the key was never stored; an empty text counts as stored.
     [[nodiscard]] QString get(const QString& section, const QString& key,
                               const QString& fallback = {}) const;
     // Written to disk before it returns, so that a crash loses nothing.
     void save(const QString& section, const QString& key, const QString& value);
+    // With all its keys; a section that is not there is no failure.
     void deleteSection(const QString& section);
     // The section then holds these entries and no other.
     void replaceSection(const QString& section, const Entries& entries);

@@ -3,6 +3,8 @@
 
 namespace fennel {
 
+// Asked before every use of a tool, so that a missing one is told by its path instead of by a
+// result that is not there.
 bool Shell::toolThere(const QString& tool) const
 {
     if (FileExists(tool))

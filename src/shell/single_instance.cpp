@@ -23,6 +23,7 @@ constexpr qint64 longestToken = 4096; // bytes
 constexpr int answerTimeMs = 1000;
 constexpr int noLockPossible = -1;
 
+// The user's number in the name keeps users of one machine apart.
 QString fallbackFolder()
 {
     return withSeparator(QDir::tempPath()) + programTitle() + QStringLiteral("-run-") +
@@ -41,6 +42,8 @@ bool isStillThere(int fd, const QByteArray& path)
 
 } // namespace
 
+// The variable may point to another user's folder, as after "su": a lock there would bind the wrong
+// person.
 QString instanceFolder()
 {
     const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
@@ -69,6 +72,8 @@ SingleInstance::~SingleInstance()
         return;
     m_server->close();
     if (m_lock >= 0) {
+        // Removed before it is let go: the other way round one could remove the lock of a copy that
+        // has just started.
         ::unlink(QFile::encodeName(m_lockPath).constData());
         ::close(m_lock);
     }
@@ -94,11 +99,15 @@ std::optional<int> SingleInstance::lockFile()
     constexpr int attempts = 10; // each is lost only to a copy that ends at this very moment
     const QByteArray path = QFile::encodeName(m_lockPath);
     for (int i = 0; i < attempts; ++i) {
+        // Where no lock can be made at all the program runs unlocked: a second copy is a lesser
+        // evil than none.
         if (m_folder == fallbackFolder() && !DiskFiles().makePrivateFolder(m_folder))
             return noLockPossible;
+        // A lock of the kernel ends with the process, so a crash leaves no stale lock behind.
         const int fd = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
         if (fd < 0 && errno != ENOENT)
             return noLockPossible;
+        // The copy that ends has just removed the folder: try again from the start.
         if (fd < 0)
             continue;
         if (::flock(fd, LOCK_EX | LOCK_NB) != 0) {
@@ -118,6 +127,7 @@ void SingleInstance::listen()
     // Without the lock the socket may be another copy's.
     if (m_lock < 0)
         return;
+    // A crash leaves the socket's file behind, and the holder of the lock is its only user.
     QLocalServer::removeServer(m_socketPath);
     m_server->listen(m_socketPath);
 }
@@ -125,6 +135,8 @@ void SingleInstance::listen()
 void SingleInstance::onConnection()
 {
     while (QLocalSocket* socket = m_server->nextPendingConnection()) {
+        // The line end proves that the token has come whole; at most longestToken bytes are read,
+        // whoever sends.
         connect(socket, &QLocalSocket::disconnected, this, [this, socket] {
             const QByteArray sent = socket->read(longestToken);
             socket->deleteLater();
@@ -138,6 +150,7 @@ bool SingleInstance::askOtherToRaise(const QString& token) const
 {
     QLocalSocket socket;
     socket.connectToServer(m_socketPath, QIODevice::WriteOnly);
+    // A copy that is starting or hangs does not answer; the user is told of it all the same.
     if (!socket.waitForConnected(answerTimeMs))
         return false;
     socket.write(token.toUtf8() + '\n');
@@ -155,6 +168,7 @@ void raiseWindow(QWidget& window, const QString& token)
         window.showNormal();
     window.raise();
     window.activateWindow();
+    // A token counts once, and tools started later must not inherit it.
     qunsetenv("XDG_ACTIVATION_TOKEN");
 }
 

@@ -27,6 +27,7 @@ QString activationToken();
 class SingleInstance : public QObject {
     Q_OBJECT
 public:
+    // Only remembers where; nothing is made before acquire().
     explicit SingleInstance(QString folder = instanceFolder());
     ~SingleInstance() override; // gives the lock up
 

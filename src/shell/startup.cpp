@@ -22,6 +22,7 @@ QString hexDigits(qint64 value)
     return QString::number(value, 16).toUpper();
 }
 
+// A shorter code is filled up, of a longer one the end counts.
 QString fourDigits(const QString& language)
 {
     return (QStringLiteral("0000") + language).right(4);
@@ -58,6 +59,7 @@ void startLog(const Shell& shell, const StartInput& input)
     run.BuildTime = input.buildTime;
     if (!run.LoggingOn)
         return;
+    // Before anything else is done, so that the log can tell of all that fails.
     shell.log.start(run.AppPath + QStringLiteral("/FENNEL-GFX.log"));
     const QStringList header = logHeader(systemFacts(), run.BuildTime);
     for (const QString& line : header)
@@ -84,14 +86,20 @@ void setLanguage(const Shell& shell, SettingsStore& store, const StartInput& inp
 {
     RunState& run = shell.run;
     if (!FileExists(settingsFile(run.AppPath))) {
+        // Listing the fonts takes long, so a later start does without.
         const QString font = firstRunFontName(input.fontList ? input.fontList() : QString());
+        // A program folder that is write-protected shows here; settingsFileThere() ends the run
+        // over it later.
         note(shell, createSettingsFile(shell, font, fourDigits(run.CurrentLang)));
     }
     languageFromSettings(shell);
     run.CurrentLang = fourDigits(run.CurrentLang);
+    // The file's language becomes the stored one, so both agree from now on.
     store.save(langsSection, languageKey, run.CurrentLang);
 }
 
+// Only the folder is asked for. A "No" leaves it empty and the run goes on: each tool is missed by
+// name where it is needed, and everything else works.
 NextStep needTools(const Shell& shell)
 {
     if (FolderExists(shell.run.ToolsPath))
@@ -121,10 +129,13 @@ void setToolPaths(RunState& run)
 bool wantsLog(const QStringList& words)
 {
     const QString commandLine = words.join(QLatin1Char(' ')).trimmed();
+    // Only the first word counts, any other is passed over without a message.
     return commandLine.section(QLatin1Char(' '), 0, 0).trimmed().toLower() ==
            QLatin1String("-logfile");
 }
 
+// The language of the system has no say: catalogues exist for a few languages, and English is the
+// one that is always there.
 QString storedLanguage(SettingsStore& store)
 {
     const quint32 number = hexNumber(store.get(langsSection, languageKey).trimmed());
@@ -137,6 +148,7 @@ QString storedLanguage(SettingsStore& store)
 NextStep Form_Initialize(const Shell& shell, SettingsStore& store, const StartInput& input)
 {
     RunState& run = shell.run;
+    // Everything below is found relative to it.
     run.AppPath = shortForm(input.executableFolder);
     startLog(shell, input);
     run.CurrentLang = storedLanguage(store);
@@ -153,6 +165,7 @@ NextStep Form_Initialize(const Shell& shell, SettingsStore& store, const StartIn
     return NextStep::GoOn;
 }
 
+// The panels' widths are left alone, they belong to the window.
 void resetRun(RunState& run)
 {
     run.GfxOpened = false;
@@ -168,11 +181,13 @@ QStringList workspaceRootNames()
     const QString named = qEnvironmentVariable("Temp");
     const QString folder =
         shortForm(!named.isEmpty() && FolderExists(named) ? named : QDir::tempPath());
+    // The second name is for a machine where another user's copy holds the first.
     const QString name = withSeparator(folder) + programTitle();
     return {name + QLatin1Char('/'),
             name + QLatin1Char('-') + QString::number(::geteuid()) + QLatin1Char('/')};
 }
 
+// What an existing root holds stays: after a crash the user finds the extracted members there.
 NextStep makeWorkspaceRoot(const Shell& shell)
 {
     Result<void> made;
@@ -191,6 +206,8 @@ NextStep makeWorkspaceRoot(const Shell& shell)
     return NextStep::EndProcess;
 }
 
+// The whole of the test of the user's rights: the first start could write beside the program or it
+// could not.
 NextStep settingsFileThere(const Shell& shell)
 {
     if (FileExists(settingsFile(shell.run.AppPath)))
@@ -202,6 +219,8 @@ NextStep settingsFileThere(const Shell& shell)
 void Form_Unload(const Shell& shell)
 {
     const QString appFolder = withSeparator(shell.run.AppPath);
+    // Roots that an earlier crash left go as well. A folder that is not ours or holds the program
+    // is never removed, whatever the variable "Temp" says.
     const QStringList names = workspaceRootNames() + QStringList(shell.run.WorkspaceRoot);
     for (const QString& name : names) {
         if (!name.isEmpty() && isOwnFolder(name) && !appFolder.startsWith(name))

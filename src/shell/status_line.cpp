@@ -5,6 +5,7 @@ namespace fennel {
 
 namespace {
 
+// "old version ?" also stands there while nothing is open.
 QString generationText(const RunState& run)
 {
     if (run.GfxOpened && run.GfxHasZuk)
@@ -29,9 +30,11 @@ void Status_set(const Shell& shell, StatusFields& fields)
 {
     const RunState& run = shell.run;
     shell.WriteLog(QStringLiteral(" Status.set"));
+    // A blank and a colon while no drive is chosen.
     fields.field(1) = QChar(static_cast<char16_t>(run.CurrentFlashChar)) + QLatin1Char(':');
     fields.field(2) = run.GfxOpened ? run.GfxFileName : QStringLiteral("no current gfxboot");
     fields.field(3) = generationText(run);
+    // With a gfxboot open these fields belong to the stage and keep what it wrote.
     if (!run.GfxOpened) {
         fields.field(4) = QStringLiteral("gfxboot size");
         fields.field(5) = QStringLiteral("gfxboot Object");
@@ -41,6 +44,7 @@ void Status_set(const Shell& shell, StatusFields& fields)
     fields.field(8) = hintText(run);
 }
 
+// The bar lies over the second field with a pixel of the line's frame free above and below.
 QRect ProgressBar_reset(const Shell& shell, const QRect& statusLine, const QRect& secondField)
 {
     shell.WriteLog(QStringLiteral(" ProgressBar_reset"));

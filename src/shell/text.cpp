@@ -27,6 +27,7 @@ constexpr std::array<char16_t, 128> cp1251High = {
     0x0448, 0x0449, 0x044A, 0x044B, 0x044C, 0x044D, 0x044E, 0x044F};
 
 constexpr char utf8Mark[] = "\xEF\xBB\xBF";
+// Numbers of the files are kept in 32 bits by what reads them.
 constexpr double decimalLimit = 2147483647.0;
 // Digits of the largest double and more: what stands behind them does not change the number.
 constexpr qsizetype mostDigits = 330;
@@ -43,6 +44,7 @@ qint64 hexNumber(QStringView digits)
         const qsizetype digit = QStringView(u"0123456789abcdef").indexOf(c.toLower());
         if (digit < 0)
             break;
+        // Colours have six digits, and of a longer number the last six count.
         value = ((value << 4) | digit) & 0xFFFFFF;
     }
     return value;
@@ -80,6 +82,8 @@ QByteArray toCp1251(const QString& text)
     return bytes;
 }
 
+// Without the mark nothing tells UTF-8 from the code page for sure; all members that the program
+// writes as UTF-8 have it.
 TextFile decodeText(const QByteArray& bytes)
 {
     if (bytes.startsWith(utf8Mark))
@@ -89,6 +93,7 @@ TextFile decodeText(const QByteArray& bytes)
 
 QByteArray encodeText(const QString& text, bool utf8)
 {
+    // The mark has to be written: it is what decodeText() goes by.
     return utf8 ? utf8Mark + text.toUtf8() : toCp1251(text);
 }
 
@@ -140,6 +145,7 @@ qint64 numberFromText(QStringView text)
     return static_cast<qint64>(std::clamp(value, -decimalLimit, decimalLimit));
 }
 
+// Places on the stage are rounded this way everywhere; another rule would shift objects by a pixel.
 int roundToEven(double value)
 {
     return static_cast<int>(std::nearbyint(std::clamp(value, -decimalLimit, decimalLimit)));

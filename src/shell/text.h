@@ -20,7 +20,9 @@ TextFile decodeText(const QByteArray& bytes);
 // The way back. Characters that code page 1251 lacks become "?".
 QByteArray encodeText(const QString& text, bool utf8);
 
+// One character a byte.
 QString fromCp1251(const QByteArray& bytes);
+// One byte a UTF-16 unit; what the code page lacks becomes "?".
 QByteArray toCp1251(const QString& text);
 
 // Reads a file as decodeText does; a file that cannot be read gives an empty text.

@@ -31,6 +31,9 @@ Result<void> ProcessToolRunner::runIntoFile(const QStringList& commandLine,
     return run(commandLine, outputFile);
 }
 
+// A tool's exit code is never looked at: callers judge by the file it should have left, since the
+// tools behind the bridges return codes of many meanings. Only a tool that did not start, hung or
+// crashed is a failure here.
 Result<void> ProcessToolRunner::run(const QStringList& commandLine, const QString& outputFile)
 {
     m_errorOutput.clear();
@@ -39,11 +42,13 @@ Result<void> ProcessToolRunner::run(const QStringList& commandLine, const QStrin
     const QString& tool = commandLine.first();
     QProcess process;
     if (outputFile.isEmpty()) {
+        // Nobody reads it, and a full pipe would stop the tool for ever.
         process.setStandardOutputFile(QProcess::nullDevice());
     } else {
         process.setProcessChannelMode(QProcess::MergedChannels);
         process.setStandardOutputFile(outputFile);
     }
+    // A tool that asks a question gets an end of file instead of hanging.
     process.setStandardInputFile(QProcess::nullDevice());
     process.start(tool, commandLine.mid(1), QIODevice::ReadOnly);
     if (!process.waitForStarted(m_timeLimitMs))

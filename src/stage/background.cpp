@@ -24,6 +24,7 @@ Failure tooLarge(const QString& path, QSize size)
         u"%1: %2x%3 pixels are too many to show"_s.arg(path).arg(size.width()).arg(size.height()));
 }
 
+// Panels are mixed with the background's own colours, which have no opacity on the boot screen.
 QImage onBlack(const QImage& image)
 {
     if (!image.hasAlphaChannel())
@@ -37,6 +38,7 @@ QImage onBlack(const QImage& image)
 
 } // namespace
 
+// In 64 bits: the sides may come from a file and their product pass 32 bits.
 bool backSizeAllowed(QSize size)
 {
     return size.width() <= maxBackSide && size.height() <= maxBackSide &&
@@ -48,7 +50,9 @@ Result<void> makeScaledBack(const Shell& shell, const ResizeJpgCall& resize)
     const RunState& run = shell.run;
     if (!FileExists(run.BackFile))
         return failure(FailureKind::NotFound, u"File %1 not found"_s.arg(run.BackFile));
+    // The same work file in both branches, so whoever shows it need not know the scale.
     const QString target = run.WorkspaceRoot + scaledBackName;
+    // Copied byte for byte at 100 %: going through the tool would cost quality and time.
     if (run.PreviewScale == 1.0) {
         if (Result<void> removed = shell.files.remove(target); !removed)
             return removed;
@@ -56,6 +60,7 @@ Result<void> makeScaledBack(const Shell& shell, const ResizeJpgCall& resize)
     }
     const QSize size(std::max(1, roundToEven(run.BackWidth * run.PreviewScale)),
                      std::max(1, roundToEven(run.BackHeight * run.PreviewScale)));
+    // Before the tool runs, which would fill the memory with it.
     if (!backSizeAllowed(size))
         return tooLarge(run.BackFile, size);
     resize(size.width(), size.height(), run.BackFile, target);
@@ -67,6 +72,7 @@ Result<void> checkPicture(const QString& path)
     if (!FileExists(path))
         return failure(FailureKind::NotFound, u"File %1 not found"_s.arg(path));
     QImageReader reader(path);
+    // Members are named ".jpg" whatever is in them.
     reader.setDecideFormatFromContent(true);
     if (!reader.canRead())
         return failure(FailureKind::Malformed, u"%1: %2"_s.arg(path, reader.errorString()));
@@ -89,6 +95,7 @@ Result<QImage> loadPicture(const QString& path)
     // Some formats tell their size only with the picture.
     if (!backSizeAllowed(image.size()))
         return tooLarge(path, image.size());
+    // A name with "@2x" would halve the picture.
     image.setDevicePixelRatio(1);
     return onBlack(image);
 }

@@ -18,6 +18,7 @@ inline const QString scaledBackName = QStringLiteral("~bck_scale~.jpg");
 // a byte of it is decoded.
 inline constexpr int maxBackSide = 16384;
 inline constexpr qint64 maxBackPixels = 32'000'000;
+// Pixels; true within maxBackSide and maxBackPixels.
 bool backSizeAllowed(QSize size);
 
 // Makes `target` from `source` in the given size, any side from 1 to 32767; judged by the file that

@@ -16,6 +16,8 @@ constexpr int chunkBytes = 512; // 128 pixels of 4 channels
 // array so that the loop below has no index arithmetic and the compiler makes vectors of it.
 using FillTerms = std::array<std::uint16_t, chunkBytes>;
 
+// The 127 rounds the division by 255 to the nearest. Opacity goes with the colour, so that all four
+// bytes are computed alike.
 FillTerms fillTerms(QRgb fill, int a)
 {
     std::array<uchar, 4> bytes{};
@@ -45,6 +47,7 @@ void blendPanel(const QImage& background, const QRect& area, QRgb fill, int a, Q
 {
     if (target.size() != area.size() || target.format() != QImage::Format_RGB32)
         target = QImage(area.size(), QImage::Format_RGB32);
+    // The two ends need no arithmetic, and the pure background must come out unchanged to the bit.
     if (a == 0) {
         target.fill(fill | 0xff000000U);
         return;
@@ -58,6 +61,7 @@ void blendPanel(const QImage& background, const QRect& area, QRgb fill, int a, Q
             std::memcpy(line, source, static_cast<std::size_t>(rowBytes));
             continue;
         }
+        // A chunk is a whole number of pixels, so the terms repeat at its start.
         for (int at = 0; at < rowBytes; at += chunkBytes)
             blendBytes(source + at, line + at, std::min(chunkBytes, rowBytes - at), a, terms);
     }

@@ -21,6 +21,7 @@ QString partText(int value)
     return QString::number(std::clamp(value, 0, 255), 16).toUpper().rightJustified(2, u'0');
 }
 
+// Down counts up and Up counts down: no mistake.
 int partAfterKey(int value, int key)
 {
     if (key == Qt::Key_Down)
@@ -30,6 +31,7 @@ int partAfterKey(int value, int key)
     return value;
 }
 
+// The complement. Opacity stays.
 QRgb contrastColour(QRgb colour)
 {
     return colour ^ 0x00ffffffU;
@@ -40,6 +42,7 @@ int transparencyShown(int transp)
     return std::clamp(transp, 0, 255);
 }
 
+// What no parameter sets would be lost at the next recalculation, so it cannot be changed either.
 ColourControls colourControlsFor(const PanelRec& rec)
 {
     return {rec.BackParam >= 1, rec.TranspParam >= 1};

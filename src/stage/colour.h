@@ -13,6 +13,7 @@ namespace fennel {
 
 // The sliders of a fill: red, green, blue, 0 to 255 each.
 std::array<int, 3> colourParts(QRgb colour);
+// The way back; parts outside 0 to 255 count as the nearest of these.
 QRgb colourOfParts(const std::array<int, 3>& parts);
 // A slider's value as two upper-case digits.
 QString partText(int value);
@@ -28,6 +29,7 @@ struct ColourControls {
     bool fill = false;
     bool transparency = false;
 };
+// From the sources of a record: a constant or no source leaves the control disabled.
 ColourControls colourControlsFor(const PanelRec& rec);
 
 } // namespace fennel

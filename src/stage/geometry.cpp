@@ -11,6 +11,7 @@ namespace fennel {
 
 int StageScale::shown(int boot) const
 {
+    // In single precision on purpose: the scale is kept so, and places must round alike everywhere.
     return roundToEven(static_cast<double>(static_cast<float>(boot) * m_factor));
 }
 
@@ -27,6 +28,8 @@ QRect StageScale::shown(const PanelRec& rec) const
 
 qint16 StageScale::stored(int shownNow, int storedNow, int low, int high) const
 {
+    // At scales below 1 several boot pixels share a shown one: what was not moved keeps its exact
+    // value, or mere selecting would shift objects.
     if (shown(storedNow) == shownNow)
         return static_cast<qint16>(storedNow);
     const int top = std::min<int>(high, std::numeric_limits<qint16>::max());
@@ -35,11 +38,14 @@ qint16 StageScale::stored(int shownNow, int storedNow, int low, int high) const
 
 QRect markerRect(const QRect& panel)
 {
+    // Over the lower right corner, a little inside, so that it can be grasped without hitting the
+    // frame.
     return {panel.x() + panel.width() - 5, panel.y() + panel.height() - 5, markerSide, markerSide};
 }
 
 QPoint limitedPlace(QPoint wanted, const DragLimits& limits)
 {
+    // The upper limit counts last: an object larger than the picture may get a negative place.
     const int left = std::min(std::max(0, wanted.x()), limits.picture.width() - limits.inside);
     const int top =
         std::min(std::max(0, wanted.y()), limits.picture.height() - limits.insideHeight);
@@ -51,7 +57,9 @@ DragLimits dragLimits(int index, const PanelRec& rec, const QRect& panel, int me
 {
     DragLimits limits;
     limits.picture = picture;
+    // In older generations only the left edge has to stay on the picture.
     limits.inside = generation == 3 ? panel.width() : 0;
+    // The menu's height bounds its bar and the buttons too: the three belong together.
     limits.insideHeight = index <= ButtonsPanelRow ? menuPanelHeight : panel.height();
     if (rec.LeftParam < 0)
         limits.fixedLeft = scale.shown(-rec.LeftParam);
@@ -60,6 +68,7 @@ DragLimits dragLimits(int index, const PanelRec& rec, const QRect& panel, int me
     return limits;
 }
 
+// In generations 1 and 2 a menu always reaches to the right edge, so moving it changes its width.
 int menuWidth(int left, int width, int pictureWidth, int generation)
 {
     const int rest = std::max(0, pictureWidth - left);
@@ -72,6 +81,8 @@ ResizeBand bandAround(const QRect& panel)
             panel.y() + panel.height() + bandMargin};
 }
 
+// Menu and bar are pulled as one, with the menu's corner as the fixed point. Of other objects only
+// the lengths that a parameter sets can be pulled.
 ResizeLimits resizeLimits(int index, const PanelRec& rec, QPoint panelCorner, QPoint menuCorner,
                           QSize picture, int generation)
 {
@@ -95,9 +106,11 @@ ResizeBand pulledBand(ResizeBand band, QPoint corner, const ResizeLimits& limits
 
 double linePitch(double fontSize, int menuSlit)
 {
+    // At least one pixel, as a slit from a file may be negative and the result is a divisor.
     return std::max(1.0, fontSize + 3 + menuSlit);
 }
 
+// A menu has whole lines, at least one.
 int menuEntries(int shownHeight, double pitch, const StageScale& scale)
 {
     return std::max(1, roundToEven(shownHeight / scale.factor() / pitch));
@@ -113,6 +126,7 @@ int nextPanel(const PanelArr& panels, int selected, bool backwards)
     const int count = static_cast<int>(panels.size());
     const int step = backwards ? count - 1 : 1;
     int index = selected;
+    // From -1, nothing selected, the first step forwards leads to row 0.
     for (int tries = 0; tries < count; ++tries) {
         index = (index + step) % count;
         if (index < 0)

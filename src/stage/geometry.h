@@ -28,8 +28,11 @@ public:
     {
     }
     [[nodiscard]] double factor() const { return static_cast<double>(m_factor); }
+    // From boot-screen pixels to shown ones.
     [[nodiscard]] int shown(int boot) const;
+    // From shown pixels to boot-screen ones.
     [[nodiscard]] int boot(int shown) const;
+    // The rectangle of a record, shown pixels; negative lengths count as 0.
     [[nodiscard]] QRect shown(const PanelRec& rec) const;
     // The length to store for a shown one, kept within low and high. A stored length that is shown
     // just so already stays, so that a click without movement changes no number at scales where
@@ -76,6 +79,7 @@ struct ResizeBand {
     [[nodiscard]] QRect box() const { return {left, top, right - left, bottom - top}; }
 };
 inline constexpr int bandMargin = 3;
+// The band of a panel's shown rectangle at the start of a pull.
 ResizeBand bandAround(const QRect& panel);
 
 struct ResizeLimits {
@@ -84,6 +88,8 @@ struct ResizeLimits {
     bool width = false; // this side may move
     bool height = false;
 };
+// Corners in shown pixels. Menu and bar are pulled from the menu's corner, their width in
+// generation 3 only; of others the lengths that a parameter sets.
 ResizeLimits resizeLimits(int index, const PanelRec& rec, QPoint panelCorner, QPoint menuCorner,
                           QSize picture, int generation);
 // The band with its lower right corner brought to `corner` as far as the limits let it.
@@ -94,6 +100,7 @@ ResizeBand pulledBand(ResizeBand band, QPoint corner, const ResizeLimits& limits
 double linePitch(double fontSize, int menuSlit);
 // How many whole entries a shown height holds, at least 1, and the shown height of that many.
 int menuEntries(int shownHeight, double pitch, const StageScale& scale);
+// Shown pixels, rounded once for the whole menu.
 int menuHeight(int entries, double pitch, const StageScale& scale);
 
 // The next row that can be selected, from `selected` (-1 none) in steps of 1, or backwards, around

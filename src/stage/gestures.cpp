@@ -16,6 +16,7 @@ constexpr int placeStatus = 6;
 constexpr int statusEvery = 100; // x + y divided by it: how seldom a move updates the status line
 constexpr int statusRest = 49;
 
+// Without "0x", which the text around it has.
 QString hexDigits(QRgb colour)
 {
     return QString::number(colour & 0xffffffU, 16).toUpper().rightJustified(6, u'0');
@@ -39,6 +40,7 @@ QString StageGestures::toolTip(QPoint at) const
 void StageGestures::setTarget(QPoint at)
 {
     m_panel = -1;
+    // The marker lies over all panels.
     if (m_stage.markerVisible() && m_stage.marker().contains(at)) {
         m_target = Target::Marker;
         return;
@@ -49,6 +51,7 @@ void StageGestures::setTarget(QPoint at)
 
 void StageGestures::press(const StageMouse& mouse)
 {
+    // A second button during a drag belongs to the same gesture.
     if (m_target == Target::None)
         setTarget(mouse.at);
     switch (m_target) {
@@ -96,6 +99,7 @@ void StageGestures::release(const StageMouse& mouse)
 
 void StageGestures::remember(int index)
 {
+    // Menu and bar are rows 0 and 1, so the one is MenuBarRow minus the other.
     const int other = isMenuRow(index) ? MenuBarRow - index : -1;
     m_before = {};
     for (std::size_t i = 0; i < m_before.size(); ++i) {
@@ -111,17 +115,21 @@ void StageGestures::panelPressed(const StageMouse& mouse)
         return;
     const int index = m_panel;
     m_dragging = true;
+    // Until the release: what the drag writes into the lists must not come back as a change by
+    // hand.
     m_stage.run().InterfaceReady = false;
     remember(index);
     if (m_stage.record(index).Roll)
         return;
     m_stage.raisePanel(index);
+    // Raised after the menu, as it lies on it.
     if (isMenuRow(index))
         m_stage.raisePanel(MenuBarRow);
     if (levels())
         m_stage.host().selectTabOf(index);
     if (!m_stage.isRow(index))
         return; // the tab's page brought another gfxboot
+    // The point of the panel under the mouse stays there for the whole drag.
     m_grab = mouse.at - m_stage.panel(index).rect.topLeft();
     m_stage.ShowMarker(-1, -1);
     if (index != m_stage.SelectedPanel)
@@ -152,6 +160,7 @@ void StageGestures::panelMoved(const StageMouse& mouse, int index)
         m_cursor = index == m_stage.SelectedPanel ? StageCursor::Selected : StageCursor::Other;
     if (m_dragging && (mouse.buttons & Qt::LeftButton) && !picking()) {
         movePanelTo(index, mouse.at - m_grab);
+        // Generation 3 keeps a place in parameters, generation 2 in two lines of the cfg file.
         if (levels()) {
             storePlace(index);
             m_stage.host().PanelParamsToRow(index);
@@ -209,6 +218,7 @@ void StageGestures::storePlace(int index)
         const QRect& rect = m_stage.panel(row).rect;
         const RunState& run = m_stage.run();
         const PanelRec old = before(row) != nullptr ? before(row)->record : rec;
+        // At most the last pixel of the background: an object must stay reachable.
         rec.Left = lengthFor(rect.x(), rec.Left, old.Left, run.BackWidth - 1);
         rec.Top = lengthFor(rect.y(), rec.Top, old.Top, run.BackHeight - 1);
         if (isMenuRow(row))
@@ -235,6 +245,7 @@ void StageGestures::panelReleased(const StageMouse& mouse)
     m_dragging = false;
     const int index = m_panel;
     const bool roll = m_stage.record(index).Roll;
+    // Rows 0 to 2 have a menu of their own, where there is a cfg file that it can change.
     const bool menu =
         mouse.button == Qt::RightButton && index <= ButtonsPanelRow && m_stage.run().GfxHasCfg;
     if (mouse.button == Qt::MiddleButton && roll) {
@@ -243,6 +254,7 @@ void StageGestures::panelReleased(const StageMouse& mouse)
     } else if (mouse.button == Qt::LeftButton && !roll) {
         settle(index);
     }
+    // Hidden while the panel moved, as it would have stayed behind.
     m_stage.ShowMarker(m_stage.SelectedPanel, 0);
     m_stage.run().InterfaceReady = true;
     // Last, since a menu runs until it is answered.
@@ -285,6 +297,7 @@ void StageGestures::backgroundMoved(const StageMouse& mouse)
     const QImage& picture = m_stage.background();
     if (picture.rect().contains(mouse.at)) {
         const double factor = m_stage.scale().factor();
+        // Half a pixel more before the cut, so places are rounded like those of panels.
         const QPointF boot(mouse.at.x() / factor + 0.5, mouse.at.y() / factor + 0.5);
         host.setStatus(placeStatus, u"(%1;%2) RGB=0x%3"_s.arg(std::floor(boot.x()))
                                         .arg(std::floor(boot.y()))
@@ -292,6 +305,7 @@ void StageGestures::backgroundMoved(const StageMouse& mouse)
     }
     if (m_stage.run().GfxOpened)
         host.setStatus(nameStatus, u"Background"_s + QString::number(host.pipettesOn()));
+    // The whole line is costly to set, so only some places of the mouse do it.
     if ((mouse.at.x() + mouse.at.y()) % statusEvery == statusRest)
         host.refreshStatus();
     if (m_target == Target::Background && (mouse.buttons & Qt::LeftButton) && !m_dragging) {
@@ -302,6 +316,7 @@ void StageGestures::backgroundMoved(const StageMouse& mouse)
 
 void StageGestures::writeMenuStart(int left, int top)
 {
+    // Into the list only; the file is written at the save.
     m_stage.host().SetCfgValue(u"menu_start_x"_s, QString::number(left));
     m_stage.host().SetCfgValue(u"menu_start_y"_s, QString::number(top));
 }
@@ -311,6 +326,7 @@ void StageGestures::nudge(int index, QPoint by)
     remember(index);
     PanelRec& rec = m_stage.record(index);
     const StageScale scale = m_stage.scale();
+    // A place that is a constant cannot be nudged either.
     const QPoint wish(rec.LeftParam < 0 ? rec.Left : rec.Left + by.x(),
                       rec.TopParam < 0 ? rec.Top : rec.Top + by.y());
     const QPoint corner(std::clamp(wish.x(), 0, std::max(0, m_stage.run().BackWidth - 1)),
@@ -328,6 +344,7 @@ void StageGestures::nudge(int index, QPoint by)
     m_stage.ShowMarker(index, 0);
 }
 
+// Rects, records, rows and cfg values go back together, as the drag has written to all of them.
 bool StageGestures::restore()
 {
     if (m_target == Target::None)
@@ -372,6 +389,7 @@ bool StageGestures::key(int key, Qt::KeyboardModifiers modifiers)
         m_stage.SelectNextPanel(key == Qt::Key_Backtab || shift);
         return true;
     }
+    // Boot-screen pixels, whatever the scale.
     const int step = shift ? 10 : 1;
     const QPoint by((key == Qt::Key_Right) * step - (key == Qt::Key_Left) * step,
                     (key == Qt::Key_Down) * step - (key == Qt::Key_Up) * step);

@@ -37,9 +37,13 @@ class StageGestures {
 public:
     explicit StageGestures(Stage& stage) : m_stage(stage) {}
 
+    // The first button of a gesture decides what all of it is about.
     void press(const StageMouse& mouse);
+    // Also without a button, for the pointer and the status line.
     void move(const StageMouse& mouse);
+    // Ends the gesture with the last button; menus open from here.
     void release(const StageMouse& mouse);
+    // Steps the logo; on the marker and the background it is a press.
     void doubleClick(const StageMouse& mouse);
     // Tab and Shift+Tab select, arrows move the selected object by one boot pixel (Shift: ten) and
     // write as a drag does, Escape ends a gesture as if it had not begun, or unselects. True if

@@ -14,8 +14,10 @@ void StageGestures::markerPressed(const StageMouse& mouse)
     if (picking() || !m_stage.isRow(index))
         return;
     m_stage.run().InterfaceReady = false;
+    // The band takes its place until the release.
     m_stage.ShowMarker(-1, -1);
     remember(index);
+    // A press without a pull must not round anything.
     m_pulled = false;
     m_panel = index;
     m_band = bandAround(m_stage.panel(index).rect);
@@ -40,10 +42,12 @@ void StageGestures::markerMoved(const StageMouse& mouse)
                                              m_stage.panel(MenuPanelRow).rect.topLeft(),
                                              m_stage.pictureSize(), m_stage.run().gfxboot_var);
     const ResizeBand band = pulledBand(m_band, mouse.at - m_grab, limits);
+    // The first tremble of the hand is no pull: nothing is written before the size changes.
     if (!m_pulled && band.box() == m_band.box())
         return;
     m_pulled = true;
     m_band = band;
+    // A plain box while pulling: text would be laid out anew at every step.
     m_stage.setPlain(index);
     m_stage.setPanelRect(index, m_band.box());
     if (isMenuRow(index) && m_stage.isRow(MenuBarRow - index)) {
@@ -65,6 +69,7 @@ void StageGestures::storeSize(int index)
     const StageScale scale = m_stage.scale();
     const QRect& rect = m_stage.panel(index).rect;
     const QSize picture = m_stage.pictureSize();
+    // No object is larger than the screen.
     const int widest = scale.boot(picture.width());
     const int highest = scale.boot(picture.height());
     PanelRec& rec = m_stage.record(index);
@@ -79,6 +84,7 @@ void StageGestures::storeSize(int index)
 void StageGestures::markerReleased()
 {
     const int index = m_panel;
+    // The gesture is over, whatever happens below.
     m_panel = -1;
     if (!m_stage.isRow(index))
         return;
@@ -86,6 +92,7 @@ void StageGestures::markerReleased()
         QRect rect = m_stage.panel(index).rect;
         rect.setSize({std::max(0, m_band.right - m_band.left - bandMargin),
                       std::max(0, m_band.bottom - m_band.top - bandMargin)});
+        // The menu snaps to whole lines at the end; while pulling it follows the mouse.
         if (index == MenuPanelRow) {
             const double pitch = m_stage.menuPitch();
             const int entries = menuEntries(rect.height(), pitch, m_stage.scale());

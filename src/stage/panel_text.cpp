@@ -15,10 +15,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Colours of the button bar's keys and words; no parameter sets them.
 constexpr QRgb keyColour = qRgb(255, 255, 100);
 constexpr QRgb wordColour = qRgb(250, 250, 230);
 constexpr double smallestFont = 5;   // points: below, nobody could read it
 constexpr double largestFont = 2000; // points: a font file may claim any size
+// The name of the language stands below the word "Language".
 constexpr int lowerRowItem = 4;
 
 // A button of the bar: the key that hides it, and the place of its two items. `gone` is the item
@@ -72,6 +74,7 @@ void wrapLine(QStringView line, int limit, const MeasureText& measure, QString& 
 TextPiece buttonPiece(const TextJob& job, int item, const QString& line, const StageScale& scale,
                       const ButtonVisible& visible)
 {
+    // One line of the font further down, with the usual 3 pixels between lines.
     const double row = item == lowerRowItem ? job.size + 3 : 0;
     return {line,
             {scale.shown(ButtonX(item, job.backWidth, visible)),
@@ -98,6 +101,7 @@ int ButtonX(int item, int backWidth, const ButtonVisible& visible)
 QString onOffCaption(int item, bool visible)
 {
     constexpr std::array<QLatin1StringView, 4> keys = {"F1"_L1, "F2"_L1, "F9"_L1, "F10"_L1};
+    // Only the words have captions, not the keys before them.
     if (item < 1 || item > 7 || item % 2 == 0)
         return {};
     const QLatin1StringView key = keys[static_cast<std::size_t>(item / 2)];
@@ -112,6 +116,7 @@ QString WrapPanelText(const QString& text, int limit, const MeasureText& measure
     return out;
 }
 
+// Font 0 stands in for one that is missing.
 int usableFont(const FontTable& fonts, qint64 wanted)
 {
     const bool known = wanted >= 0 && wanted < static_cast<qint64>(fonts.size()) &&
@@ -127,6 +132,7 @@ QFont panelFont(const FontRecord& record, const StageScale& scale, const QString
     font.setBold(record.Bold);
     font.setItalic(record.Italic);
     const double points = std::clamp(record.Size * scale.factor(), smallestFont, largestFont);
+    // Pixels, not points: the boot screen has 96 dots to the inch, whatever this screen has.
     font.setPixelSize(std::max(1, roundToEven(points * 96 / 72)));
     return font;
 }
@@ -135,11 +141,13 @@ std::vector<TextPiece> layOutText(const TextJob& job, const StageScale& scale,
                                   const MeasureText& measure, const ButtonVisible& visible)
 {
     QString text = job.text;
+    // Texts come from members as well, with line ends of their own.
     text.remove(u'\r').replace(u'\n', u'|');
     const QStringList lines = WrapPanelText(text, job.width, measure).split(u'|');
     std::vector<TextPiece> pieces;
     for (int i = 0; i < static_cast<int>(lines.size()); ++i) {
         const QString& line = lines[i];
+        // Nothing to draw, but the line counts: the others keep their distance.
         if (line.isEmpty())
             continue;
         if (job.index == ButtonsPanelRow) {
@@ -147,6 +155,7 @@ std::vector<TextPiece> layOutText(const TextJob& job, const StageScale& scale,
                 pieces.push_back(buttonPiece(job, i, line, scale, visible));
             continue;
         }
+        // Line by line from the unscaled sizes, so that roundings do not add up.
         const double y = i * (job.size + 3 + job.spacing) + job.offset.y();
         pieces.push_back(
             {line, {scale.shown(job.offset.x()), roundToEven(y * scale.factor())}, job.colour});

@@ -34,6 +34,7 @@ bool screenIsHidden()
 
 QImage grabAround(QPoint point)
 {
+    // The mouse may be between two screens.
     QScreen* screen = QGuiApplication::screenAt(point);
     if (screen == nullptr)
         screen = QGuiApplication::primaryScreen();
@@ -45,13 +46,16 @@ QImage grabAround(QPoint point)
     const QRect there = wanted & QRect(QPoint(), screen->geometry().size());
     const QImage got =
         screen->grabWindow(0, there.x(), there.y(), there.width(), there.height()).toImage();
+    // The grab comes in pixels of the screen, which may be smaller than logical ones.
     const double ratio = got.isNull() ? 1.0 : got.width() / double(std::max(1, there.width()));
+    // Odd, so that one pixel is the middle. What lies off the screen stays black.
     const int pixels = static_cast<int>(side * ratio) | 1;
     QImage part(pixels, pixels, QImage::Format_RGB32);
     part.fill(Qt::black);
     QPainter painter(&part);
     const QPointF at = QPointF(there.topLeft() - corner) * ratio;
     QImage plain = got;
+    // Otherwise the painter would shrink it again.
     plain.setDevicePixelRatio(1);
     painter.drawImage(at.toPoint(), plain);
     return part;
@@ -61,14 +65,17 @@ Pipette::Pipette(QWidget* parent)
     : QWidget(parent, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
 {
     setObjectName(u"TimerPipetka"_s);
+    // The dialog that asked must stay active.
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFixedSize(lensSide, lensSide + labelHeight);
+    // There only the desktop's own picker can read the screen, and only it asks the user.
     if (screenIsHidden())
         usePortal(QDBusConnection::sessionBus());
 }
 
 Pipette::~Pipette()
 {
+    // A grab that outlived this would lock the whole desktop.
     giveBack();
 }
 
@@ -99,6 +106,7 @@ void Pipette::start()
     if (m_working)
         return;
     m_working = true;
+    // A button that is down from before must not count as the choice.
     m_clicked = false;
     if (m_portal) {
         m_portal->ask();
@@ -119,6 +127,7 @@ void Pipette::takeOver()
     moveBeside(m_mouse());
     show();
     raise();
+    // Clicks must not reach the window below, whosever it is.
     grabMouse(m_cursor);
     grabKeyboard();
     m_grabbed = true;
@@ -148,6 +157,7 @@ void Pipette::stop()
 {
     if (m_working && m_portal)
         m_portal->cancel();
+    // The last colour under the mouse is taken; the portal has none before its answer.
     end(!m_portal);
 }
 
@@ -157,6 +167,7 @@ void Pipette::tick()
     m_part = m_screen(point);
     if (m_part.isNull())
         return;
+    // The middle is what the lens frames.
     m_colour = m_part.pixel(m_part.width() / 2, m_part.height() / 2) | 0xff000000U;
     Q_EMIT sampled(m_colour);
     moveBeside(point);
@@ -167,6 +178,7 @@ void Pipette::moveBeside(QPoint point)
 {
     const QScreen* screen = QGuiApplication::screenAt(point);
     const QRect room = screen != nullptr ? screen->geometry() : QRect(QPoint(), point * 2);
+    // To the other side near an edge of the screen, never under the mouse.
     const bool left = point.x() + away + width() > room.right();
     const bool above = point.y() + away + height() > room.bottom();
     move(left ? point.x() - away - width() : point.x() + away,
@@ -177,6 +189,7 @@ void Pipette::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() != m_timer.timerId())
         QWidget::timerEvent(event);
+    // Between press and release the colour stands still: the release may be a hair off.
     else if (!m_clicked)
         tick();
 }

@@ -28,6 +28,7 @@ QImage grabAround(QPoint point);
 class Pipette : public QWidget {
     Q_OBJECT
 public:
+    // Hidden and idle until start().
     explicit Pipette(QWidget* parent);
     ~Pipette() override; // gives cursor, mouse and keyboard back
 
@@ -49,6 +50,7 @@ public:
 Q_SIGNALS:
     void sampled(QRgb colour); // at each tick
     void finished(bool taken); // false: cancelled
+    // The screen cannot be read; comes after finished(false) and says why.
     void failed(const QString& reason);
 
 protected:

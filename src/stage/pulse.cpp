@@ -12,6 +12,7 @@ int pulsePhase(qint64 elapsedMs)
     return static_cast<int>((std::max<qint64>(0, elapsedMs) / pulseStepMs) % pulsePhases);
 }
 
+// There and back: t is 0 at the ends of the phases and 1 in their middle.
 QRgb markerColour(int phase)
 {
     const double t = (200.0 - phase) * phase / 10000.0;
@@ -20,6 +21,7 @@ QRgb markerColour(int phase)
 
 QRgb frameColour(int phase)
 {
+    // In steps of 50, as each step repaints the frame.
     const int grey = phase / 50 * 50;
     return qRgb(grey, grey, grey);
 }

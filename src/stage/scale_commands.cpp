@@ -24,6 +24,8 @@ void mnuView_scale1(Stage& stage)
 
 void mnuView_scale(Stage& stage, int percent)
 {
+    // Measured on the picture that is shown, which may differ from the scale's result by a
+    // rounding.
     if (menuScaleAccepted(stage.pictureSize(), stage.run().PreviewScale, percent))
         setScale(stage, percent / 100.0);
     else
@@ -38,6 +40,7 @@ void mnuView_custom(Stage& stage, QSize screen)
     const std::optional<QString> typed = prompts.input(
         customScalePrompt(screen, {run.BackWidth, run.BackHeight}, run.PreviewScale, picture),
         customScaleTitle, QString::number(roundToEven(run.PreviewScale * 100)));
+    // 0 is outside what is accepted, so a closed dialog changes nothing and says nothing.
     const double percent = typed ? leadingNumber(*typed) : 0;
     switch (customScaleAnswer(picture, run.PreviewScale, percent)) {
     case ScaleAnswer::Ignored:
@@ -54,6 +57,7 @@ void mnuView_custom(Stage& stage, QSize screen)
 std::optional<FillResult> fillForStage(const Stage& stage, const FillRoom& room)
 {
     const RunState& run = stage.run();
+    // Without a picture there is no size to fill the window with.
     if (!FileExists(run.Workspace + u"back.jpg"_s) || run.BackWidth <= 0 || run.BackHeight <= 0)
         return {};
     return fillScale(room, run.BackWidth, run.BackHeight);

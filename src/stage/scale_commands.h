@@ -9,6 +9,7 @@
 
 namespace fennel {
 
+// 100 %, never refused.
 void mnuView_scale1(Stage& stage);
 // An item of "Scales": refused with a message if the picture gets too small.
 void mnuView_scale(Stage& stage, int percent);

@@ -24,13 +24,17 @@ QString sizeText(QSize size)
 
 bool menuScaleAccepted(QSize picture, double scale, int percent)
 {
+    // Above 399 by 299 shown pixels, reckoned from the present picture: smaller ones cannot be
+    // worked on.
     return picture.width() * percent > scale * 39900 && picture.height() * percent > scale * 29900;
 }
 
 ScaleAnswer customScaleAnswer(QSize picture, double scale, double percent)
 {
+    // Written so that a number that is none fails too. The limit is wider than the prompt says.
     if (!(percent >= 1 && percent <= 200))
         return ScaleAnswer::Ignored;
+    // Typed scales may go lower than those of the menu: 199 by 149.
     const bool small =
         picture.width() * percent < scale * 19900 || picture.height() * percent < scale * 14900;
     return small ? ScaleAnswer::TooSmall : ScaleAnswer::Accepted;
@@ -57,6 +61,7 @@ FillResult fillScale(const FillRoom& room, int backWidth, int backHeight)
     const int height = bottom - room.chromeHeight - room.frameHeight - room.toolbar -
                        room.bottomPanel - room.statusBar;
     const double down = height * 100.0 / backHeight;
+    // The tighter side decides. In a tiny window the room may even be negative.
     const double percent = std::max(smallestFill, std::min({across, largestFill, down}));
     FillResult result;
     result.scale = percent / 100;
@@ -67,6 +72,7 @@ FillResult fillScale(const FillRoom& room, int backWidth, int backHeight)
 
 int backgroundNumber(const QString& path)
 {
+    // "07.jpg" is 7; "ck.jpg", the end of "back.jpg", is 0.
     return static_cast<int>(numberFromText(path.right(6)));
 }
 

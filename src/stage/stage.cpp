@@ -22,6 +22,7 @@ Stage::Stage(const StageData& data) : m_data(data), m_background(emptyStage, QIm
     m_background.fill(Qt::black);
 }
 
+// The records may have been replaced before the stage has adopted them.
 int Stage::rows() const
 {
     return static_cast<int>(std::min(m_panels.size(), m_data.PanelArr.size()));
@@ -48,6 +49,7 @@ bool Stage::mayShow(int index) const
     return index != OptionsPanelRow || host().CfgValue(u"boot_show"_s) != u'0';
 }
 
+// An empty boot_show says neither yes nor no: the line is left as it was drawn.
 bool Stage::isFrozen(int index) const
 {
     return index == OptionsPanelRow && run().GfxHasCfg && host().CfgValue(u"boot_show"_s).isEmpty();
@@ -60,10 +62,12 @@ void Stage::adoptPanels()
     SelectedPanel = -1;
     ColourPanel = -1;
     LogoIndex = 0;
+    // Asked once for each gfxboot, as the list takes long on some systems.
     m_families = QFontDatabase::families();
     m_panels.resize(std::max(m_panels.size(), m_data.PanelArr.size()));
     for (StagePanel& panel : m_panels)
         panel = StagePanel();
+    // The order of panels outlives an open; new ones come on top.
     while (m_order.size() < m_panels.size())
         m_order.push_back(static_cast<int>(m_order.size()));
 }
@@ -81,9 +85,11 @@ void Stage::setMenuEntries(const QString& entries)
 void Stage::setLogos(std::vector<QImage> logos)
 {
     m_logos = std::move(logos);
+    // The logos of another gfxboot, or one was deleted.
     if (LogoIndex >= logoCount())
         LogoIndex = 0;
     if (isRow(LogoPanelRow))
+        // Drawn when it is next shown.
         m_panels[LogoPanelRow].stale = true;
 }
 
@@ -96,6 +102,7 @@ void Stage::showLogo(int number)
     DrawPanel(LogoPanelRow);
 }
 
+// The old places are repainted before any panel gets a new one.
 void Stage::HideAllPanels()
 {
     for (StagePanel& panel : m_panels) {
@@ -136,6 +143,7 @@ void Stage::RefreshPanels()
         setVisible(i, !rec.OnlySelected);
     }
     const int object = host().objectOfCurrentTab();
+    // The object whose tab is open shows, or it could not be edited.
     if (isRow(object) && record(object).OnlySelected)
         setVisible(object, true);
 }
@@ -145,6 +153,7 @@ void Stage::setVisible(int index, bool visible)
 {
     StagePanel& panel = m_panels[at(index)];
     const bool seen = visible && mayShow(index) && (!isFrozen(index) || panel.drawn);
+    // Drawn before it is shown, so it never flashes up with its old picture.
     if (seen && panel.stale && !isFrozen(index))
         render(index);
     if (panel.visible == seen)
@@ -159,6 +168,7 @@ void Stage::showPanel(int index, bool visible)
         setVisible(index, visible);
 }
 
+// Marks the picture stale; it is drawn only if the panel can be seen.
 void Stage::DrawPanel(int index)
 {
     if (!isRow(index) || isFrozen(index))
@@ -174,6 +184,7 @@ void Stage::DrawPanel(int index)
 
 void Stage::redraw(int index)
 {
+    // The bar prints the menu's first entry, so the two are always drawn together.
     if (!isMenuRow(index)) {
         DrawPanel(index);
         return;
@@ -197,6 +208,7 @@ void Stage::setPanelRect(int index, const QRect& rect)
     StagePanel& panel = m_panels[at(index)];
     if (panel.rect == rect)
         return;
+    // Both the old and the new place are repainted.
     if (panel.visible)
         changed(panel.rect);
     panel.rect = rect;
@@ -212,6 +224,7 @@ void Stage::setPlain(int index)
 
 int Stage::panelAt(QPoint point) const
 {
+    // From the top, as the user sees them.
     for (auto i = m_order.rbegin(); i != m_order.rend(); ++i) {
         if (isRow(*i) && panel(*i).visible && record(*i).Enabled && panel(*i).rect.contains(point))
             return *i;
@@ -221,6 +234,7 @@ int Stage::panelAt(QPoint point) const
 
 bool Stage::ButtonVisible(int item) const
 {
+    // Without a cfg file nothing can hide a button.
     return !run().GfxHasCfg || host().CfgValue(hideKey(item)) == u'0';
 }
 

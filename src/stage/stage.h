@@ -56,6 +56,7 @@ struct StageOverlay {
 // what is seen reports the changed area through `repaint`.
 class Stage {
 public:
+    // Black and 400 by 300 until the first background; no panel before adoptPanels().
     explicit Stage(const StageData& data);
 
     std::function<void(const QRect&)> repaint; // shown pixels
@@ -84,11 +85,13 @@ public:
     // A list of menu entries, each ending in "|": the first goes to the bar, the rest behind a
     // blank to the menu.
     void setMenuEntries(const QString& entries);
+    // The pictures that LOGO steps through; LogoIndex starts anew if it is beyond them.
     void setLogos(std::vector<QImage> logos);
     [[nodiscard]] int logoCount() const { return static_cast<int>(m_logos.size()); }
     // The logo of that number on LOGO, raised; a number without picture changes nothing.
     void showLogo(int number);
 
+    // Takes every panel off the stage; records and pictures stay.
     void HideAllPanels();
     // Colours, place and size from the record, to the front if it is seen and enabled, then drawn.
     void ApplyPanel(int index);
@@ -98,14 +101,19 @@ public:
     // Blends and prints one panel anew where it stands, and shows it. The options line of a
     // gfxboot.cfg with an empty boot_show keeps its last look.
     void DrawPanel(int index);
+    // As far as the panel may be seen at all; its picture is drawn first if it is stale.
     void showPanel(int index, bool visible);
+    // To the top of the stacking order, seen or not.
     void raisePanel(int index);
     // The menu and its bar both, any other panel alone: drawn anew.
     void redraw(int index);
 
+    // True for 0 up to the number of panels that have both a record and a place here.
     [[nodiscard]] bool isRow(int index) const;
+    // Only for an index that isRow(); so is record().
     [[nodiscard]] const StagePanel& panel(int index) const { return m_panels[at(index)]; }
     [[nodiscard]] PanelRec& record(int index) const { return m_data.PanelArr[at(index)]; }
+    // Shown pixels. The record does not follow, the picture is not drawn anew.
     void setPanelRect(int index, const QRect& rect);
     void setPlain(int index); // until its next DrawPanel
     [[nodiscard]] const std::vector<int>& stacking() const { return m_order; } // lowest first
@@ -127,12 +135,14 @@ public:
     // The pulse runs: the marker is seen, and not on a panel without one (2 and 3).
     [[nodiscard]] bool pulses() const;
     void setPulsePhase(int phase); // 0 to 200
+    // Replaces both bands; an empty overlay clears them.
     void setOverlay(const StageOverlay& overlay);
     [[nodiscard]] const StageOverlay& overlay() const { return m_overlay; }
 
     // --- what everything above is made of
     // Paints the part of the stage that lies in `dirty`; the painter's unit is one shown pixel.
     void paint(QPainter& painter, const QRegion& dirty) const;
+    // Whether an item of the button bar (0 to 8) shows: gfxboot.cfg may hide it.
     [[nodiscard]] bool ButtonVisible(int item) const;
     [[nodiscard]] StageScale scale() const { return StageScale(m_data.shell.run.PreviewScale); }
     [[nodiscard]] double menuPitch() const; // boot pixels of a menu line

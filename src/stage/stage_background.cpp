@@ -20,6 +20,7 @@ void Stage::setBackground(const QImage& picture)
     if (picture.isNull())
         return;
     m_background = picture.convertToFormat(QImage::Format_RGB32);
+    // Their pictures are mixed with what lies below.
     for (StagePanel& panel : m_panels)
         panel.stale = true;
     if (pictureChanged)
@@ -51,6 +52,7 @@ void Stage::loadScaledBack()
     if (const Result<void> made = makeScaledBack(m_data.shell, m_data.ResizeJpg); !made)
         return tellOnce(made.failure());
     const QString scaled = run().WorkspaceRoot + scaledBackName;
+    // The old background stays on the stage.
     if (!FileExists(scaled))
         return; // the tool runner has told why
     const Result<QImage> picture = loadPicture(scaled);
@@ -62,6 +64,7 @@ void Stage::loadScaledBack()
 
 void Stage::rememberBackground()
 {
+    // While a menu's values are shown the choice is the menu's and must not go into the list.
     if (run().GfxHasZuk && !host().menuLevelShown())
         host().setBackgroundNumber(backgroundNumber(run().BackFile));
 }
@@ -78,6 +81,7 @@ void Stage::ShowBackground()
         loadScaledBack();
         rememberBackground();
     }
+    // The picture has its new size by now, and the window is fitted to it.
     host().layOutWindow();
     ShowMarker(-1, -1);
     RefreshPanels();
@@ -94,6 +98,8 @@ void Stage::replaceMenu()
         const QRect rect = scale().shown(record(index));
         showPanel(index, false);
         raisePanel(index);
+        // To the right edge of the picture as it is shown, which rounding may put a pixel off the
+        // scaled width.
         setPanelRect(index, {rect.x(), rect.y(), std::max(0, pictureSize().width() - rect.x()),
                              rect.height()});
     }
@@ -105,6 +111,7 @@ void Stage::replaceMenu()
 void Stage::ApplyScale()
 {
     ShowBackground();
+    // In generation 3 the menu has a width of its own.
     if (rows() >= 2 && run().gfxboot_var != 3)
         replaceMenu();
     host().scaleApplied();

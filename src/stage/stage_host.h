@@ -22,6 +22,7 @@ public:
     // The value that the row of parameter `id` of a tab shows, -1 without such a row.
     virtual qint64 GetPanelParam(int tab, int id) = 0;
     virtual QString CfgValue(const QString& name) = 0; // of gfxboot.cfg
+    // Into the row of the list; the file follows at the next save. An unknown name changes nothing.
     virtual void SetCfgValue(const QString& name, const QString& value) = 0;
     // The background in use goes to parameter 99 of level file 0 and to its row. Generation 3 only.
     virtual void setBackgroundNumber(int number) = 0;
@@ -50,6 +51,7 @@ public:
     virtual void layOutWindow() = 0;
     // After a change of scale: ranges of the spin controls, thumbnails.
     virtual void scaleApplied() = 0;
+    // A short tone; may be silent where there is no sound.
     virtual void beep(double hertz, int milliseconds) = 0;
 };
 

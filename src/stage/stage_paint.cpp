@@ -23,6 +23,7 @@ constexpr std::array<int, 4> captionItems = {1, 3, 5, 7};
 
 } // namespace
 
+// From the list and not the table, so that a value just typed counts.
 void Stage::readMenuSlit()
 {
     if (run().GfxHasZuk)
@@ -32,6 +33,7 @@ void Stage::readMenuSlit()
 int Stage::chooseFont(int index)
 {
     PanelRec& rec = record(index);
+    // A constant font is a source below 0, like every constant.
     const qint64 wanted = rec.FontParam > 0 ? host().GetPanelParam(rec.TabIndex, rec.FontParam)
                                             : -qint64{rec.FontParam};
     rec.FontIndex = static_cast<qint16>(usableFont(m_data.FontTable, wanted));
@@ -50,6 +52,7 @@ void Stage::render(int index)
     StagePanel& panel = m_panels[at(index)];
     panel.stale = false;
     panel.drawn = true;
+    // A panel may reach past the picture, where there is no background to mix it with.
     const QRect seen = panel.rect & QRect(QPoint(), pictureSize());
     if (seen.isEmpty()) {
         panel.picture = QImage();
@@ -60,6 +63,7 @@ void Stage::render(int index)
     if (record(index).Text.isEmpty() && index != LogoPanelRow)
         return;
     QPainter painter(&panel.picture);
+    // Contents are placed from the panel's corner, not from that of the part that is drawn.
     painter.translate(-panel.pictureAt);
     drawContents(index, painter);
 }
@@ -74,6 +78,7 @@ void Stage::drawContents(int index, QPainter& painter)
     }
     const std::size_t font = at(chooseFont(index));
     readMenuSlit();
+    // Before the first scan there are no fonts.
     if (rec.Text.isEmpty() || font >= m_data.FontTable.size())
         return;
     const FontRecord& fontRecord = m_data.FontTable[font];
@@ -89,6 +94,7 @@ void Stage::drawContents(int index, QPainter& painter)
     const auto visible = [this](int item) { return ButtonVisible(item); };
     for (const TextPiece& piece : layOutText(job, scale(), measure, visible)) {
         painter.setPen(QColor(piece.colour));
+        // Places are top left corners; the painter wants the baseline.
         painter.drawText(piece.at + QPoint(0, metrics.ascent()), piece.text);
     }
     if (index == ButtonsPanelRow)
@@ -99,6 +105,7 @@ void Stage::paintPanel(QPainter& painter, const StagePanel& panel, const QRegion
 {
     const QRect drawn(panel.rect.topLeft() + panel.pictureAt, panel.picture.size());
     for (const QRect& area : part) {
+        // The fill stands in for what has no picture yet.
         if (panel.plain || panel.picture.isNull() || !drawn.contains(area))
             painter.fillRect(area, QColor(panel.fill));
         if (panel.plain || panel.picture.isNull())
@@ -122,6 +129,7 @@ void Stage::paint(QPainter& painter, const QRegion& dirty) const
         painter.drawImage(area.topLeft(), m_background, area);
     if (pulses())
         paintFrame(painter, bare);
+    // Marker and bands lie over everything.
     if (m_markerOn)
         painter.fillRect(m_marker, QColor(markerColour(m_phase)));
     paintOverlay(painter);

@@ -12,6 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Tones are short, so that going quickly through the objects makes no queue of them.
 constexpr double toneBase = 220; // hertz
 constexpr int toneMs = 25;
 
@@ -25,6 +26,7 @@ void Stage::SelectPanel(int index)
     }
     const QRegion oldFrame = frameRegion();
     SelectedPanel = isRow(index) ? index : -1;
+    // The colour controls follow the selection until something else is chosen for them.
     ColourPanel = SelectedPanel;
     if (m_markerOn) {
         changed(oldFrame.boundingRect());
@@ -40,6 +42,7 @@ void Stage::ActivatePanel(int index)
     ShowMarker(-1, -1);
     raisePanel(index);
     SelectPanel(index);
+    // A hidden object can be selected, but there is nothing to mark.
     if (!isRow(index) || !panel(index).visible)
         return;
     redraw(index);
@@ -56,6 +59,7 @@ void Stage::SelectNextPanel(bool backwards)
     if (!isRow(index))
         return;
     ActivatePanel(index);
+    // Older generations have no tabs of objects.
     if (run().gfxboot_var != 3)
         return;
     tone(index);
@@ -67,6 +71,7 @@ void Stage::tone(int index)
 {
     const int tab = record(index).TabIndex;
     if (tab > 0)
+        // Tab 1 sounds the base and tab 12 an octave above it.
         host().beep(toneBase * std::pow(tab, std::log(2.0) / std::log(12.0)), toneMs);
 }
 
@@ -85,6 +90,7 @@ void Stage::ShowMarker(int index, int keep)
         changed(m_marker);
         changed(frameRegion().boundingRect());
     }
+    // Told only at a change: it starts and stops a timer.
     if (was != m_markerOn && markerChanged)
         markerChanged();
 }
@@ -104,6 +110,7 @@ void Stage::setPulsePhase(int phase)
     if (colour)
         changed(m_marker);
     if (frame) {
+        // Side by side: the frame's whole rectangle would repaint the panel at every pulse.
         for (const QRect& side : frameRegion())
             changed(side);
     }
@@ -117,6 +124,7 @@ void Stage::changedOutline(const std::optional<QRect>& band) const
         changed(side);
 }
 
+// Old and new outline, as the band is inverted and leaves no trace only if both are repainted.
 void Stage::setOverlay(const StageOverlay& overlay)
 {
     changedOutline(m_overlay.resizeBand);

@@ -55,6 +55,8 @@ void StageSurface::showCursor()
         setCursor(found->second);
 }
 
+// The picture is shown pixel by pixel, whatever the screen's ratio: a preview must not be
+// resampled.
 void StageSurface::fitToPicture()
 {
     m_ratio = devicePixelRatioF();
@@ -80,12 +82,14 @@ QPoint StageSurface::toPicture(QPointF position) const
 
 void StageSurface::repaintPart(const QRect& part)
 {
+    // The usual screen needs no rounding.
     if (m_ratio == 1.0) {
         update(part);
         return;
     }
     const QRectF logical(part.x() / m_ratio, part.y() / m_ratio, part.width() / m_ratio,
                          part.height() / m_ratio);
+    // A pixel more on each side for what pixelShift() moves.
     update(logical.toAlignedRect().adjusted(-1, -1, 1, 1));
 }
 
@@ -115,6 +119,7 @@ StageMouse StageSurface::mouse(const QMouseEvent& event) const
 
 void StageSurface::mousePressEvent(QMouseEvent* event)
 {
+    // The pulse rests during a drag, which repaints enough.
     m_buttonDown = true;
     updatePulse();
     m_gestures.press(mouse(*event));
@@ -129,6 +134,7 @@ void StageSurface::mouseMoveEvent(QMouseEvent* event)
 
 void StageSurface::mouseReleaseEvent(QMouseEvent* event)
 {
+    // Another button may still be down.
     m_buttonDown = event->buttons() != Qt::NoButton;
     m_gestures.release(mouse(*event));
     updatePulse();
@@ -160,6 +166,7 @@ bool StageSurface::event(QEvent* event)
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const QString name = m_gestures.toolTip(toPicture(help->pos()));
+        // Over the bare background an old tip must go.
         if (name.isEmpty())
             QToolTip::hideText();
         else
@@ -173,6 +180,7 @@ void StageSurface::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     watchWindow();
+    // The window may have been shown on another screen than it was made on.
     if (devicePixelRatioF() != m_ratio)
         fitToPicture();
     updatePulse();
@@ -186,6 +194,7 @@ void StageSurface::hideEvent(QHideEvent* event)
 
 void StageSurface::watchWindow()
 {
+    // The native window is made late and may be replaced, so it is looked for at each show.
     QWindow* native = window()->windowHandle();
     if (native == m_window)
         return;
@@ -217,6 +226,7 @@ void StageSurface::updatePulse()
     }
     if (m_pulse.isActive())
         return;
+    // In step with the screen; more often would be drawn for nobody.
     const double rate = native->screen() != nullptr ? native->screen()->refreshRate() : 60;
     m_pulse.start(std::max(1, static_cast<int>(1000 / std::max(1.0, rate))), this);
 }
@@ -228,6 +238,8 @@ void StageSurface::timerEvent(QTimerEvent* event)
         return;
     }
     const QWindow* native = window()->windowHandle();
+    // A window that is covered or minimised gets no event on some desktops, so the timer looks for
+    // itself.
     if (native == nullptr || !native->isExposed() || visibleRegion().isEmpty())
         m_pulse.stop();
     else

@@ -22,9 +22,11 @@ using StageCursors = std::map<StageCursor, QCursor>;
 class StageSurface : public QWidget {
     Q_OBJECT
 public:
+    // The stage outlives the widget; one widget a stage.
     explicit StageSurface(Stage& stage, QWidget* parent = nullptr);
     ~StageSurface() override;
 
+    // A pointer that is missing leaves the one that shows.
     void setCursors(const StageCursors& cursors);
     [[nodiscard]] StageGestures& gestures() { return m_gestures; }
     // The timer of the pulse runs: marker and window are seen, no button is down.

@@ -26,10 +26,12 @@ bool replaceBack(const Shell& shell, PictureHost& host, FileSteps& steps, const 
     const std::optional<QSize> size = knownSize(shell, target);
     if (!size)
         return false;
+    // Not before the size is known: a picture that cannot be read is told without waiting.
     const Waiting waiting(host);
     const QString backup = backupOf(shell.run.BackFile);
     // The new file is made from the backup if the background is put onto itself.
     const QString source = shortForm(file) == shortForm(target) ? backup : shortForm(file);
+    // The backup first: it may be the very source of the new picture.
     return shell.told(steps.copy(target, backup)) &&
            importPicture(shell, steps, source, *size, target);
 }
@@ -55,6 +57,7 @@ struct ScreenMode {
     QSize size;
 };
 
+// The modes that the question below names.
 constexpr std::array screenModes = {
     ScreenMode{1, {320, 200}},  ScreenMode{2, {640, 480}},   ScreenMode{3, {800, 600}},
     ScreenMode{4, {1024, 768}}, ScreenMode{5, {1280, 1024}},
@@ -73,6 +76,7 @@ std::optional<QSize> askForMode(const Shell& shell)
         "Specify number of graphics mode."_s,
         u"Gfxboot Resize"_s, u"3"_s);
     const double number = leadingNumber(answer.value_or(QString()));
+    // A closed dialog, an empty answer and a typed 0 all mean "no".
     if (number == 0.0)
         return std::nullopt;
     for (const ScreenMode& mode : screenModes) {
@@ -87,11 +91,13 @@ std::optional<QSize> askForMode(const Shell& shell)
 bool ImportBack(const Shell& shell, PictureHost& host, const QString& file, bool refresh)
 {
     const QString chosen = file.isEmpty() ? askForPicture(shell) : file;
+    // Asked again behind the dialog, during which the gfxboot may have gone.
     if (chosen.isEmpty() || !shell.run.GfxOpened || !FileExists(shell.run.BackFile))
         return false;
     FileSteps steps(shell);
     if (!replaceBack(shell, host, steps, chosen, shell.run.BackFile))
         return false;
+    // From here on nothing can fail that would have to be taken back.
     steps.keep();
     showImported(host, refresh);
     return true;
@@ -125,6 +131,7 @@ void mnuEDIT_ADDBack(const Shell& shell, PictureHost& host)
     if (chosen.isEmpty())
         return;
     const QString name = u"back_"_s + number + u".jpg"_s;
+    // The run follows the new member while it is made and comes back if that fails.
     const QString before = shell.run.BackFile;
     FileSteps steps(shell);
     // The new member starts as the first background, which gives it the size.
@@ -148,6 +155,7 @@ void mnuEdit_ChangeBack(const Shell& shell, PictureHost& host)
 
 void mnuEdit_ge_Clipboard(const Shell& shell, PictureHost& host, const PictureClipboard& clipboard)
 {
+    // The user has been told if there is none.
     if (PictureFromClipboard(shell, clipboard))
         ImportBack(shell, host, shell.run.WorkspaceRoot + clipboardJpgName, true);
 }
@@ -168,10 +176,12 @@ void mnuEdit_Resize(const Shell& shell, PictureHost& host)
     if (!size || *size == QSize(shell.run.BackWidth, shell.run.BackHeight))
         return;
     {
+        // Ended by the braces: the waiting cursor must be gone before the window is laid out anew.
         const Waiting waiting(host);
         if (!resizeAll(shell, u"back*.jpg"_s, *size))
             return;
     }
+    // Only after all members have the size, since places are reckoned from it.
     shell.run.BackWidth = size->width();
     shell.run.BackHeight = size->height();
     host.refillMembers();

@@ -17,6 +17,7 @@ bool ImportBack(const Shell& shell, PictureHost& host, const QString& file, bool
 void ChangeBackMember(const Shell& shell, PictureHost& host, const QString& name);
 // Adds a background in the size of back.jpg and shows it. Generation 3 only.
 void mnuEDIT_ADDBack(const Shell& shell, PictureHost& host);
+// ImportBack() with a question, from the menu.
 void mnuEdit_ChangeBack(const Shell& shell, PictureHost& host);
 // The clipboard's picture as the shown background.
 void mnuEdit_ge_Clipboard(const Shell& shell, PictureHost& host, const PictureClipboard& clipboard);

@@ -13,6 +13,7 @@ namespace {
 
 constexpr int deepestStack = 16; // LUKS on LVM on RAID is three; a circle must end somewhere
 constexpr qint64 sectorBytes = 512;
+// All block devices, disks and partitions alike, by their kernel names.
 const QString classFolder = QStringLiteral("/sys/class/block/");
 
 // Devices without hardware of their own, media that are no disks, and the boot areas of an eMMC.
@@ -33,6 +34,7 @@ QString lastPart(const QString& path)
 QStringList nameParts(const QString& name)
 {
     static const QRegularExpression lettered(QStringLiteral("^(sd|hd|vd|xvd|dasd)([a-z]+)$"));
+    // "sdz" comes before "sdaa", so the letters count as a number of their own.
     if (const auto match = lettered.match(name); match.hasMatch())
         return {match.captured(1), match.captured(2)};
     static const QRegularExpression piece(QStringLiteral("\\d+|\\D+"));
@@ -57,6 +59,7 @@ bool kernelNameLess(const QString& left, const QString& right)
     return a.size() < b.size();
 }
 
+// Major 0 belongs to file systems without a device.
 QString BlockDevices::byNumber(unsigned major, unsigned minor) const
 {
     const QString link = QStringLiteral("/sys/dev/block/%1:%2").arg(major).arg(minor);
@@ -67,7 +70,9 @@ QString BlockDevices::bySource(const QString& source) const
 {
     if (!source.startsWith(QLatin1String("/dev/")))
         return {};
+    // Some file systems name several devices, joined by colons: the first will do.
     const QString device = source.section(QLatin1Char(':'), 0, 0);
+    // A mapper name is mostly a link, but in a container it may be no more than a name.
     if (device.startsWith(QLatin1String("/dev/mapper/"))) {
         const QString wanted = lastPart(device);
         for (const QString& name : m_source.names(classFolder)) {
@@ -84,6 +89,7 @@ QString BlockDevices::bySource(const QString& source) const
 QStringList BlockDevices::bottom(const QString& name, int depth) const
 {
     const QStringList slaves = m_source.names(classFolder + name + QStringLiteral("/slaves"));
+    // A device that lies on no other is what the stack stands on.
     if (slaves.isEmpty() || depth >= deepestStack)
         return {name};
     QStringList found;
@@ -107,6 +113,7 @@ QString BlockDevices::diskOf(const QString& partition) const
     return m_source.resolved(classFolder + partition).section(QLatin1Char('/'), -2, -2);
 }
 
+// A file system over several devices shows only one of them in the mount table.
 QStringList BlockDevices::btrfsMembers(const QString& name) const
 {
     const QString folder = QStringLiteral("/sys/fs/btrfs/");
@@ -141,6 +148,7 @@ bool BlockDevices::isRemovable(const QString& disk) const
 {
     if (attribute(disk, QStringLiteral("removable")) == QLatin1String("1"))
         return true;
+    // A hard disk on USB calls itself not removable, but can be pulled out all the same.
     static const QRegularExpression usb(QStringLiteral("/usb\\d+/"));
     const QString path = m_source.resolved(classFolder + disk);
     // An eMMC hangs on the same kind of host as a card, but is soldered in.
@@ -158,6 +166,8 @@ bool BlockDevices::isCdRom(const QString& disk) const
 qint64 BlockDevices::size(const QString& name) const
 {
     const qint64 sectors = attribute(name, QStringLiteral("size")).toLongLong();
+    // Always in units of 512, whatever sectors the disk has. The upper bound keeps the product in
+    // 64 bits.
     return sectors > 0 && sectors < (1LL << 53) ? sectors * sectorBytes : 0;
 }
 
@@ -171,6 +181,7 @@ QHash<QString, QString> BlockDevices::properties(const QString& name) const
 {
     QHash<QString, QString> found;
     const QString number = attribute(name, QStringLiteral("dev"));
+    // udev's own data base: labels are read from there, as reading the device needs root's rights.
     const QByteArray database = m_source.read(QStringLiteral("/run/udev/data/b") + number);
     for (const QByteArray& line : database.split('\n')) {
         const qsizetype equals = line.indexOf('=');
@@ -200,6 +211,8 @@ std::vector<PhysicalDisk> BlockDevices::physicalDisks() const
     std::sort(names.begin(), names.end(), kernelNameLess);
     const QStringList roots = rootDisks();
     const auto isReal = [](const QString& name) { return isRealDisk(name); };
+    // On a live system the root lies on no disk of the machine; then whatever cannot be pulled out
+    // counts as the system's.
     const bool rootKnown = std::any_of(roots.begin(), roots.end(), isReal);
     std::vector<PhysicalDisk> disks;
     int next = 1;
@@ -207,6 +220,7 @@ std::vector<PhysicalDisk> BlockDevices::physicalDisks() const
         if (!isRealDisk(name))
             continue;
         const bool ofSystem = rootKnown ? roots.contains(name) : !isRemovable(name);
+        // 0 marks every disk of the system: drives with number 0 are never booted.
         disks.push_back({name, ofSystem ? 0 : next++});
     }
     return disks;
@@ -217,6 +231,7 @@ int BlockDevices::diskNumber(const QString& name) const
     const QStringList under = disksUnder(name);
     int number = -1;
     for (const PhysicalDisk& disk : physicalDisks()) {
+        // The lowest number of all disks under it: if one of them is the system's, all count so.
         if (under.contains(disk.name) && (number < 0 || disk.number < number))
             number = disk.number;
     }

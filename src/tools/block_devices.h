@@ -26,6 +26,7 @@ public:
     // Kernel names, empty if there is no such device: by number, and by the source of a mount
     // ("/dev/sdb1", "/dev/mapper/stick", the first of "/dev/sda:/dev/sdb").
     [[nodiscard]] QString byNumber(unsigned major, unsigned minor) const;
+    // "/dev/..." sources only; others, such as of network mounts, have no device.
     [[nodiscard]] QString bySource(const QString& source) const;
 
     // The partitions, or unpartitioned disks, at the bottom of a device: LUKS, LVM and RAID stand
@@ -33,11 +34,13 @@ public:
     [[nodiscard]] QStringList partitionsUnder(const QString& name) const;
     // The same for whole disks, each once. A multi-device btrfs counts with all its disks.
     [[nodiscard]] QStringList disksUnder(const QString& name) const;
+    // The disk of a partition; a name that is no partition is its own disk.
     [[nodiscard]] QString diskOf(const QString& partition) const;
     [[nodiscard]] int partitionNumber(const QString& name) const; // 0 for a whole disk
 
     // The medium can be taken out, or the disk hangs on USB or in an SD slot.
     [[nodiscard]] bool isRemovable(const QString& disk) const;
+    // Told by the kernel name, "sr" and a number.
     [[nodiscard]] bool isCdRom(const QString& disk) const;
     [[nodiscard]] qint64 size(const QString& name) const; // bytes; 0 unknown, or no medium
     // One line of a sysfs file of the device, such as "device/vendor", trimmed.

@@ -11,9 +11,11 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int rootIndex = 2;         // C
-constexpr int firstFreeIndex = 3;    // D
+constexpr int rootIndex = 2;      // C
+constexpr int firstFreeIndex = 3; // D
+// Behind four blanks, see refreshLetter().
 constexpr qsizetype letterPlace = 4; // of an entry's caption
+// Compared without the blank that kindLabel() puts behind it.
 const QString removableLabel = QStringLiteral("Removable drive");
 
 QChar letterAt(int index)
@@ -49,6 +51,7 @@ Drives::Letters Drives::kept(std::vector<Volume>& volumes) const
         if (!m_letters[at(i)])
             continue;
         const auto same = [&](const Volume& volume) {
+            // C belongs to the root alone; a volume that becomes the root moves there.
             return volume.key == m_letters[at(i)]->key && volume.root == (i == rootIndex);
         };
         const auto found = std::find_if(volumes.begin(), volumes.end(), same);
@@ -87,9 +90,11 @@ Drives::Letters Drives::assigned() const
 
 void Drives::RefreshDriveInfo(bool notify, bool connected)
 {
+    // A message inside lets events in, and with them the next change of the drives.
     if (m_refreshing)
         return;
     refreshFrom(assigned(), notify, connected);
+    // What came meanwhile is looked at now.
     if (m_pending)
         mountsChanged();
 }
@@ -100,6 +105,7 @@ void Drives::refreshFrom(const Letters& letters, bool notify, bool connected)
     m_shell.WriteLog(u" RefreshDriveInfo"_s);
     m_entries.clear();
     for (int i = 0; i < letterCount; ++i) {
+        // From 20 to 80 over the 26 letters.
         m_host.driveProgress(roundToEven(i * 60.0 / 25.0) + 20, letterAt(i) + QString(u':'));
         refreshLetter(i, letters, notify, connected);
     }
@@ -114,8 +120,10 @@ void Drives::refreshLetter(int index, const Letters& letters, bool notify, bool 
     DriveRecord now{letterAt(index), volume ? volume->label : QString(),
                     volume ? kindLabel(volume->kind) : QString(), volume.has_value()};
     const DriveRecord before = m_table[at(index)];
+    // The old record is told of a drive that goes: the new one is empty.
     if (notify && now.Present != before.Present) {
         tell(connected ? now : before, connected);
+        // The chosen drive is gone, and with it its menu and QEMU's disk.
         if (!connected && m_shell.run.CurrentFlashChar == 'A' + index)
             mnuFlash_UnCheckAll();
     }
@@ -124,6 +132,7 @@ void Drives::refreshLetter(int index, const Letters& letters, bool notify, bool 
                              u"    "_s + letterAt(index) + u":   "_s + now.VolumeName,
                              toolTipOf(*volume), m_shell.run.CurrentFlashChar == 'A' + index});
     }
+    // Last, as the message above may ask for the table as it was.
     m_table[at(index)] = std::move(now);
     m_letters[at(index)] = volume;
 }
@@ -151,6 +160,7 @@ void Drives::notifyChanges()
 {
     const Letters now = assigned();
     Letters remaining = m_letters;
+    // A volume that was exchanged under its letter counts as both.
     bool gone = false;
     bool came = false;
     for (int i = 0; i < letterCount; ++i) {
@@ -178,15 +188,19 @@ void Drives::mnuFlash_FlashArr(int entry)
 {
     if (entry < 0 || entry >= static_cast<int>(m_entries.size()))
         return;
+    // The caption is what the user clicked, so the letter is taken from it.
     const QChar letter = m_entries[at(entry)].caption.at(letterPlace);
     RunState& run = m_shell.run;
+    // QEMU runs on the drive before.
     if (run.CurrentFlashChar != letter.unicode())
         m_host.closeQemu();
     run.CurrentFlashChar = letter.unicode();
     checkEntries();
     m_host.flashChanged();
+    // Unknown until the tool has answered, so that no old number is booted.
     run.CurrentFlashDisk = -1;
     ListUsb(run.CurrentFlashChar, true);
+    // 0 is a disk of the system, which is never booted.
     if (run.CurrentFlashDisk > 0)
         m_host.enableQemuStart(true);
     showMenusOf(letter);
@@ -209,6 +223,7 @@ void Drives::showMenusOf(QChar letter)
 
 void Drives::mnuFlash_UnCheckAll()
 {
+    // The guest's disk may be gone; it must not go on writing to what comes next.
     m_host.closeQemu();
     m_shell.run.CurrentFlashChar = noFlash;
     checkEntries();
@@ -245,6 +260,7 @@ QString Drives::folderOf(int driveChar) const
     const int index = driveChar - 'A';
     if (index < 0 || index >= letterCount || !m_letters[at(index)])
         return {};
+    // The place as the program sees it, under another root too.
     return withSeparator(m_source.place(m_letters[at(index)]->mountFolder));
 }
 

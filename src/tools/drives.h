@@ -51,8 +51,10 @@ public:
     // flashEntries() or the Current Flash changed: refill mnuFlash_FlashArr, update toolbars and
     // status bar.
     virtual void flashChanged() = 0;
+    // Ends a running boot test without waiting for it.
     virtual void closeQemu() = 0;
     virtual void enableQemuStart(bool enabled) = 0; // mnuT_Qemu_Start
+    // Fills mnuMenu_select; an entry can be chosen only with anyFile.
     virtual void showFlashMenus(const FlashMenus& menus) = 0;
     virtual void clearMenuFile() = 0; // CurrentMenuFile becomes empty
     // A gfxboot is open: fill the first list anew, and if its tab is shown select its first row.
@@ -73,8 +75,11 @@ public:
     void mountsChanged();
 
     void mnuFlash_FlashArr(int entry); // an index of flashEntries()
+    // No drive is chosen any more: the embedded menu shows, a running boot test ends.
     void mnuFlash_UnCheckAll();
+    // Only says what the entries below are for.
     void mnuFlash_Choose() const;
+    // Looks at all drives anew, silently, and shows the report of each.
     void mnuFlash_GetINFO();
 
     // Runs ToolListUsb and reads what it wrote to "#ListUSB" in WorkspaceRoot. Below 65 the letter

@@ -34,6 +34,7 @@ int askForLength(const Shell& shell, const QString& text, const QString& propose
     constexpr double least = -32768;
     constexpr double most = 32767;
     const std::optional<QString> answer = shell.prompts.input(text, {}, proposed);
+    // Clamped before it is rounded, as any number may be typed.
     return answer ? roundToEven(std::clamp(leadingNumber(*answer), least, most)) : none;
 }
 
@@ -55,6 +56,7 @@ void mnuT_NConvert_Clipboard(const Shell& shell, const PictureClipboard& clipboa
     QString chosen = shell.prompts.saveFile(question);
     if (chosen.isEmpty())
         return;
+    // The dialog does not add the ending by itself on every desktop.
     if (!chosen.endsWith(u".jpg"_s, Qt::CaseInsensitive))
         chosen += u".jpg"_s;
     if (!shell.toolThere(shell.run.ToolNConvert))
@@ -68,6 +70,7 @@ void mnuT_NConvert_Clipboard(const Shell& shell, const PictureClipboard& clipboa
                          clipboard);
     if (!outcome.made)
         showToolMessage(shell, emptyClipboardMessage, outcome.reason);
+    // Over a work file, so a file of the user's is only replaced by a whole picture.
     else if (shell.told(shell.files.replaceWhole(output, chosen)))
         shell.told(shell.files.remove(output));
 }
@@ -93,6 +96,7 @@ void mnuT_NConvert_Resize(const Shell& shell, PictureClipboard& clipboard)
     if (file.isEmpty())
         return;
     const int width = askForLength(shell, u"Enter new width (0=Cancel)"_s, u"800"_s, 0);
+    // Not asked if the width was cancelled.
     const int height =
         width < 1 ? -1 : askForLength(shell, u"Enter new height (0=Cancel)"_s, u"600"_s, -1);
     // A height of 0 goes on: it follows from the width.
@@ -108,8 +112,10 @@ void mnuT_NConvert_Resize(const Shell& shell, PictureClipboard& clipboard)
         shell.prompts.ShowMessage(namePart(output) + u" cannot be loaded."_s);
         return;
     }
+    // From the file and not from memory, so the clipboard has what the tool made of it.
     clipboard.setPicture(picture);
     shell.prompts.ShowMessage(resizedMessage);
+    // The commands that use the clipboard's picture look for it under this name.
     shell.told(shell.files.rename(output, shell.run.WorkspaceRoot + clipboardJpgName));
 }
 

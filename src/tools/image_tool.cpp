@@ -16,11 +16,13 @@ const QString toolErrorMessage = u"Perhaps nconvert error..."_s;
 // The name with another ending; a name without one gets it.
 QString withEnding(const QString& path, const QString& ending)
 {
+    // A dot in a folder's name is no ending.
     const qsizetype dot = path.lastIndexOf(u'.');
     const bool inName = dot > path.lastIndexOf(u'/');
     return (inName ? path.left(dot) : path) + ending;
 }
 
+// By canonical paths: a link to a file is that file.
 bool isSameFile(const QString& one, const QString& other)
 {
     return FileExists(one) && shortForm(one) == shortForm(other);
@@ -43,6 +45,7 @@ Result<void> handOver(const Shell& shell, const QImage& picture)
 
 } // namespace
 
+// The output is removed first: whether it is there afterwards is how the tool's work is judged.
 ToolOutcome runPictureTool(const Shell& shell, const QStringList& arguments, const QString& output)
 {
     if (Result<void> removed = shell.files.remove(output); !removed)
@@ -59,6 +62,7 @@ ToolOutcome runClipboardTool(const Shell& shell, const QStringList& arguments,
 {
     const QString output = shell.run.WorkspaceRoot + clipboardJpgName;
     const QImage picture = clipboard.picture();
+    // An old output must not pass for the clipboard's picture.
     if (picture.isNull()) {
         const Result<void> removed = shell.files.remove(output);
         return {false, removed ? QString() : QString::fromStdString(removed.failure().text)};
@@ -70,6 +74,7 @@ ToolOutcome runClipboardTool(const Shell& shell, const QStringList& arguments,
         (void)shell.files.remove(output);
         outcome.reason = QString::fromStdString(handed.failure().text);
     }
+    // It may be what the user copied in private; it does not stay on disk.
     (void)shell.files.remove(shell.run.WorkspaceRoot + clipboardHandoverName);
     return outcome;
 }
@@ -83,10 +88,13 @@ bool BackToXpm(const Shell& shell)
 {
     if (!FileExists(shell.run.BackFile))
         return false;
+    // The tool's name is misspelled in all these lines; logs are searched by it.
     shell.WriteLog(u"      ncovert.back_2_XPM"_s);
     if (!shell.toolThere(shell.run.ToolNConvert))
         return false;
     const QString output = shell.run.WorkspaceRoot + splashXpmName;
+    // 640 by 480 in 14 colours is all that a boot loader's splash picture can be; blurred, the few
+    // colours look less coarse.
     const ToolOutcome outcome = runPictureTool(
         shell,
         {u"-overwrite"_s, u"-blur"_s, u"25"_s, u"-colors"_s, u"14"_s, u"-out"_s, u"xpm"_s,
@@ -120,6 +128,7 @@ bool CreateIco(const Shell& shell, const QString& folder, const QString& name)
     QString icon = name;
     icon.replace(u".jpg"_s, u".ico"_s, Qt::CaseInsensitive);
     const QString output = shell.run.WorkspaceRoot + icon;
+    // In the canonical form, as all paths in the tool's command lines.
     const QString source = shortForm(withSeparator(folder) + name);
     if (isSameFile(source, output))
         return false;
@@ -134,6 +143,7 @@ bool CreateJpg(const Shell& shell, const QString& file)
 {
     shell.WriteLog(u"      ncovert.create_jpg: "_s + file);
     const QString target = withEnding(file, u".jpg"_s);
+    // Never over a picture of the user's: it stands outside the Workspace.
     if (FileExists(target)) {
         shell.prompts.ShowMessage(u"Jpg file already exist!\n"_s + target);
         return false;
@@ -176,6 +186,7 @@ bool ResizeJpg(const Shell& shell, int width, int height, const QString& source,
     if (!shell.toolThere(shell.run.ToolNConvert))
         return false;
     ToolOutcome outcome;
+    // The output is removed before the tool runs, which would be the end of the source.
     if (isSameFile(source, target))
         outcome.reason = u"A picture cannot be resized into its own file: "_s + source;
     else

@@ -20,6 +20,7 @@ class PictureClipboard {
 public:
     virtual ~PictureClipboard() = default;
     [[nodiscard]] virtual QImage picture() const = 0; // null if it holds none
+    // Replaces whatever the clipboard holds.
     virtual void setPicture(const QImage& picture) = 0;
 };
 

@@ -8,6 +8,7 @@ namespace fennel {
 
 namespace {
 
+// Names of the JPEG standard (ITU-T T.81, table B.1).
 enum Marker : int {
     Tem = 0x01,
     Sof0 = 0xC0,
@@ -35,11 +36,13 @@ int wordAt(std::string_view bytes, std::size_t at)
     return byteAt(bytes, at) << 8 | byteAt(bytes, at + 1);
 }
 
+// Three codes in the range of frames have other meanings.
 bool isFrame(int marker)
 {
     return marker >= Sof0 && marker <= SofLast && marker != Dht && marker != Jpg && marker != Dac;
 }
 
+// Markers without a segment: no length follows.
 bool standsAlone(int marker)
 {
     return marker == Tem || (marker >= Rst0 && marker <= Soi);
@@ -60,6 +63,7 @@ bool readFrame(int marker, std::string_view body, JpegHead& head)
         return false;
     head.sampling420 = head.components == 3;
     for (int i = 0; i < head.components; ++i) {
+        // 4:2:0: brightness twice as fine as both colours, in either direction.
         const int wanted = i == 0 ? 0x22 : 0x11;
         if (byteAt(body, fixedPart + static_cast<std::size_t>(i) * 3 + 1) != wanted)
             head.sampling420 = false;
@@ -71,6 +75,7 @@ void readApplication(int marker, std::string_view body, JpegHead& head)
 {
     using namespace std::string_view_literals;
     constexpr int perInch = 1;
+    // Everything but the JFIF head counts as metadata, the profile of a camera as well.
     if (marker != App0 || !body.starts_with("JFIF\0"sv))
         head.metadata = true;
     else if (body.size() >= 12 && byteAt(body, 7) == perInch)
@@ -110,6 +115,7 @@ Result<JpegHead> readJpegHead(std::string_view bytes)
         const auto length = static_cast<std::size_t>(wordAt(bytes, at + 2));
         if (marker == Eoi || length < 2 || at + 2 + length > bytes.size())
             return malformed;
+        // Behind it come coded pixels; whether the head is whole is all that is asked here.
         if (marker == Sos)
             return head.width > 0 && head.height > 0 ? Result(head) : Result<JpegHead>(malformed);
         if (!readSegment(marker, bytes.substr(at + 4, length - 2), head))
@@ -119,6 +125,7 @@ Result<JpegHead> readJpegHead(std::string_view bytes)
     return malformed;
 }
 
+// What the engine's own small decoder can do; the first fault found is the one told.
 Result<void> checkBootable(const JpegHead& head)
 {
     std::string why;

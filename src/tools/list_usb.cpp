@@ -30,6 +30,7 @@ void Drives::ListUsb(int driveChar, bool setDisk)
 {
     if (!m_shell.toolThere(m_shell.run.ToolListUsb))
         return;
+    // Removed first, or the report of an earlier run would be read again.
     const QString report = m_shell.run.WorkspaceRoot + reportName;
     if (!m_shell.told(m_shell.files.remove(report)))
         return;
@@ -50,8 +51,10 @@ void Drives::takeReport(const QString& text, int driveChar, bool setDisk)
 {
     const UsbReport report = readUsbReport(text, driveChar);
     m_list1 = report.lines;
+    // No block at all means that the drive is no USB disk: 0, never booted.
     if (setDisk && driveChar >= 'A')
         m_shell.run.CurrentFlashDisk = report.blocks.empty() ? 0 : report.blocks.back().disk;
+    // Choosing a drive shows nothing; only the information command does.
     if (setDisk)
         return;
     for (const UsbBlock& block : report.blocks) {

@@ -11,6 +11,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+// Labels letter for letter as the tool pads them.
 const QString mountLabel = QStringLiteral("MountPoint        = ");
 const QString partitionLabel = QStringLiteral("Partition Name    = ");
 const QString diskMark = QStringLiteral("\\Harddisk");
@@ -22,6 +23,7 @@ int diskNumberIn(const QString& line)
     const qsizetype mark = line.indexOf(diskMark);
     const double number = leadingNumber(QStringView(line).mid(mark + diskMark.size()));
     constexpr double limit = std::numeric_limits<qint16>::max();
+    // A number that cannot be is 0, a disk that is never booted: the safe side.
     return number >= 0 && number <= limit ? static_cast<int>(number) : 0;
 }
 
@@ -36,6 +38,7 @@ UsbBlock readBlock(const QStringList& lines, qsizetype& at, QStringList& seen)
         if (lines[at].startsWith(partitionLabel))
             block.disks.push_back(diskNumberIn(lines[at]));
     }
+    // The last line of a block wins.
     block.disk = block.disks.empty() ? 0 : block.disks.back();
     return block;
 }
@@ -44,6 +47,7 @@ UsbBlock readBlock(const QStringList& lines, qsizetype& at, QStringList& seen)
 
 UsbReport readUsbReport(const QString& text, int driveChar)
 {
+    // The blank that stands for "no drive" asks for all of them.
     const bool all = driveChar < 'A';
     QStringList lines = text.split(u'\n');
     lines.replaceInStrings(u"\r"_s, QString());

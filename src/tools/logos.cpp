@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// The first logo; its size is the size of all others.
 const QString maskName = u"Logo_msk.jpg"_s;
 
 bool maskThere(const Shell& shell)
@@ -27,6 +28,7 @@ bool maskThere(const Shell& shell)
 bool makeLogo(const Shell& shell, PictureHost& host, FileSteps& steps, const QString& file,
               const QString& model, const QString& target)
 {
+    // Read before the target changes, as model and target may be the same file.
     const std::optional<QSize> size = knownSize(shell, model);
     if (!size)
         return false;
@@ -57,6 +59,7 @@ std::optional<QSize> askForLogoSize(const Shell& shell, QSize present)
                          .value_or(QString());
     answer = answer.toLower().remove(u' ');
     const qsizetype cross = answer.indexOf(u'x');
+    // The present size, an empty answer or no size at all: nothing to do.
     if (cross < 0 || answer == proposed)
         return std::nullopt;
     const QStringView text(answer);
@@ -111,6 +114,7 @@ void mnuEDIT_ADDLogo(const Shell& shell, PictureHost& host)
     const QString bare = u"Logo_"_s + number;
     const QString logo = bare + u".jpg"_s;
     const QString text = bare + u".txt"_s;
+    // A text that is left from a deleted logo stays as it is.
     const bool newText = !FileExists(folder + text);
     FileSteps steps(shell);
     if (!makeLogo(shell, host, steps, chosen, folder + maskName, folder + logo))
@@ -119,6 +123,7 @@ void mnuEDIT_ADDLogo(const Shell& shell, PictureHost& host)
                        folder + text, toCp1251(u"This txt-file is associated with "_s + logo))))
         return;
     // One rewriting of "#.lst" takes in the logo, and the text if that is new too.
+    // Inside the steps: a logo that is in no list would be missing after the save.
     if (!RebuildMemberList(shell, newText ? bare + u".???"_s : logo))
         return;
     steps.keep();

@@ -11,6 +11,7 @@ namespace fennel {
 namespace {
 
 // Fields by their places in a line; behind the "-" they are counted anew.
+// The format of /proc/self/mountinfo, see proc(5).
 enum Field { Device = 2, Root = 3, Folder = 4, FirstOptional = 6 };
 
 bool isOctal(char c)
@@ -18,6 +19,7 @@ bool isOctal(char c)
     return c >= '0' && c <= '7';
 }
 
+// Blanks, tabs, line ends and backslashes stand as three octal digits behind a backslash.
 QString unescaped(const QByteArray& field)
 {
     QByteArray bytes;
@@ -40,6 +42,7 @@ QString unescaped(const QByteArray& field)
 std::optional<MountEntry> entryFrom(const QByteArray& line)
 {
     const QList<QByteArray> fields = line.split(' ');
+    // The number of optional fields varies; "-" ends them.
     const qsizetype dash = fields.indexOf("-", FirstOptional);
     if (dash < 0 || dash + 2 >= fields.size())
         return std::nullopt;
@@ -56,6 +59,7 @@ std::optional<MountEntry> entryFrom(const QByteArray& line)
     entry.fileSystem = unescaped(fields[dash + 1]);
     entry.source = unescaped(fields[dash + 2]);
     entry.options = fields.value(dash + 3);
+    // Anything else is no line of this table and is passed over.
     const bool sound = majorRead && minorRead && entry.folder.startsWith(QLatin1Char('/'));
     return sound ? std::optional(entry) : std::nullopt;
 }

@@ -22,6 +22,7 @@ MountWatch::~MountWatch()
 
 bool MountWatch::start()
 {
+    // A second descriptor would tell every change twice.
     if (isOn())
         return true;
     m_table = ::open(QFile::encodeName(mountTablePath).constData(), O_RDONLY | O_CLOEXEC);
@@ -38,6 +39,7 @@ bool MountWatch::start()
 
 void MountWatch::stop()
 {
+    // A change that waits to be told must not come after the watch was switched off.
     m_calm.stop();
     m_notifier.reset();
     if (m_table >= 0)

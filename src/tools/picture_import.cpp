@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 
 QString askForPicture(const Shell& shell)
 {
+    // Pictures come from where people keep them, not from where the gfxboot is.
     const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
     FileQuestion question;
     question.folder = FolderExists(pictures) ? pictures : QString();
@@ -28,6 +29,7 @@ QString askForPicture(const Shell& shell)
 bool importPicture(const Shell& shell, FileSteps& steps, const QString& source, QSize size,
                    const QString& target)
 {
+    // Beside the Workspace, so that a half-made picture is never a member.
     const QString made = shell.run.WorkspaceRoot + namePart(target);
     if (!ResizeJpg(shell, size.width(), size.height(), source, made))
         return false;
@@ -77,6 +79,7 @@ QString nextNumber(const Shell& shell, const QStringList& rows, const QString& p
         if (row.compare(apart, Qt::CaseInsensitive) == 0 || !fitsPattern(row, pattern))
             continue;
         const int taken = roundToEven(leadingNumber(row.right(numberAndEnding)));
+        // Counted from 100, so that the last two digits are the number with its leading zero.
         number = std::max(number, taken + 100) + 1;
     }
     if (number <= highest)

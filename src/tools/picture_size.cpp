@@ -15,6 +15,7 @@ Result<QSize> pictureSize(const QString& path)
     if (!bytes)
         return bytes.failure();
     QSize size;
+    // JPEGs are read here, the way the engine does; other formats are left to Qt.
     if (const Result<JpegHead> head =
             readJpegHead({bytes->constData(), static_cast<std::size_t>(bytes->size())})) {
         size = {head->width, head->height};
@@ -26,6 +27,7 @@ Result<QSize> pictureSize(const QString& path)
     const std::string name = namePart(path).toStdString();
     if (!size.isValid())
         return Failure{FailureKind::Malformed, name + " is no picture that can be read."};
+    // A picture that claims an absurd size is refused before anything decodes it.
     if (Result<void> fits = checkPictureSize(name, size.width(), size.height()); !fits)
         return fits.failure();
     return size;

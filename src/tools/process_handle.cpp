@@ -13,6 +13,7 @@ namespace fennel {
 
 ProcessHandle::~ProcessHandle()
 {
+    // Before the descriptor is closed that it listens to.
     m_notifier.reset();
     if (m_handle >= 0)
         ::close(m_handle);
@@ -21,6 +22,8 @@ ProcessHandle::~ProcessHandle()
 bool ProcessHandle::open(qint64 pid)
 {
     m_pid = pid;
+    // A handle and not the number: numbers are given out again, and a signal must never hit a
+    // stranger.
     m_handle = pid > 0 ? ::pidfd_open(static_cast<pid_t>(pid), 0) : -1;
     if (m_handle < 0)
         return false;
@@ -34,6 +37,7 @@ bool ProcessHandle::open(qint64 pid)
 
 void ProcessHandle::signalProcess(int number) const
 {
+    // Gone once the process has ended.
     if (m_notifier)
         (void)::pidfd_send_signal(m_handle, number, nullptr, 0);
 }
@@ -41,6 +45,7 @@ void ProcessHandle::signalProcess(int number) const
 void ProcessHandle::close(int limitMs)
 {
     signalProcess(SIGTERM);
+    // A guest that does not listen is killed when its time is up.
     m_patience.start(limitMs);
 }
 

@@ -22,9 +22,11 @@ public:
     [[nodiscard]] bool isRunning() const { return m_notifier != nullptr; }
     // Asks the process to end; what is still there after `limitMs` is killed.
     void close(int limitMs);
+    // Ends the process at once; ended() follows as for any other end.
     void kill();
 
 Q_SIGNALS:
+    // Once, whatever ended the process.
     void ended();
 
 private:

@@ -12,10 +12,12 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int lookMs = 100;
+// What fits into a message; the reason stands at the log's end.
 constexpr qsizetype shownLines = 10;
 constexpr qsizetype shownCharacters = 1500;
 constexpr qint64 logLimit = 16LL * 1024 * 1024;
 
+// The bridge's words for its video cards.
 QString vgaWord(int mode)
 {
     if (mode == 1)
@@ -39,10 +41,12 @@ QemuRun::QemuRun(const Shell& shell, QemuHost& host, QemuLimits limits, QObject*
     m_limit.setSingleShot(true);
     connect(&m_look, &QTimer::timeout, this, &QemuRun::lookAtLog);
     connect(&m_limit, &QTimer::timeout, this, [this] {
+        // A last look: the line may have come since the one before.
         lookAtLog();
         if (m_phase != Phase::Starting)
             return;
         m_look.stop();
+        // It is left running, since a slow machine may still get there.
         m_phase = Phase::Late;
         tellFailure();
     });
@@ -50,6 +54,7 @@ QemuRun::QemuRun(const Shell& shell, QemuHost& host, QemuLimits limits, QObject*
 
 QemuRun::~QemuRun() = default;
 
+// Disk 0 is the system's: a guest writing to the running system's disk would destroy it.
 bool QemuRun::mayBoot() const
 {
     if (m_shell.run.CurrentFlashDisk >= 1)
@@ -74,6 +79,7 @@ void QemuRun::RunQemu(int mode)
                    u",1"_s};
     if (m_phase == Phase::Late && logText().contains(qemuRunningLine))
         m_phase = Phase::Running;
+    // One guest at a time: two would write to the same disk.
     if (m_process && m_phase != Phase::Late) {
         m_host.bringToFront(m_process->pid());
         return;
@@ -92,6 +98,8 @@ bool QemuRun::launch(qint64& pid)
     process.setProgram(m_shell.run.ToolQemu);
     process.setArguments(m_arguments);
     process.setStandardInputFile(QProcess::nullDevice());
+    // Detached from our channels: the guest may outlive the program and must not write into a
+    // closed pipe.
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -129,9 +137,11 @@ void QemuRun::lookAtLog()
 void QemuRun::onEnd()
 {
     lookAtLog();
+    // A guest that ran and was closed by its user is no failure.
     const bool failed = m_phase == Phase::Starting;
     m_look.stop();
     m_limit.stop();
+    // It is the sender.
     m_process->deleteLater();
     m_process = nullptr;
     m_phase = Phase::None;
@@ -148,6 +158,7 @@ void QemuRun::tellFailure()
                                 (said.isEmpty() ? QString() : u"\n\n"_s + said));
 }
 
+// A log that is not there yet reads as empty.
 QString QemuRun::logText() const
 {
     const Result<QByteArray> bytes = readBytes(m_shell.run.WorkspaceRoot + qemuLogName, logLimit);
@@ -159,6 +170,7 @@ void QemuRun::closeQemu()
     if (!m_process)
         return;
     ProcessHandle* leaving = m_process;
+    // Let go at once: a new guest may be started while the old one still ends.
     m_process = nullptr;
     m_phase = Phase::None;
     m_look.stop();

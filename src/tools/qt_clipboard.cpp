@@ -6,6 +6,7 @@
 
 namespace fennel {
 
+// A null image if the clipboard holds none.
 QImage QtClipboard::picture() const
 {
     return QGuiApplication::clipboard()->image();

@@ -11,6 +11,7 @@ struct BiosRow {
     const char* item;
     const char16_t* file;
 };
+// In the order of VideoBios.
 constexpr std::array<BiosRow, 3> biosRows = {
     {{"mnuT_Qemu_BIOS_standart", u"vgabios800x600-24bit-1mb.bin"},
      {"mnuT_Qemu_BIOS_Cirrus", u"vgabios-cirrus.bin"},
@@ -50,6 +51,8 @@ BiosStates biosStates(const RunState& run)
     for (std::size_t i = 0; i < states.size(); ++i) {
         const QString file = biosFile(run, static_cast<VideoBios>(i));
         states[i].enabled = FileExists(file);
+        // Told apart by size alone: the three files differ in it, and that is enough for a check
+        // mark.
         states[i].checked =
             states[i].enabled && FileExists(inForce) && fileSize(file) == fileSize(inForce);
     }
@@ -60,6 +63,7 @@ void chooseBios(const Shell& shell, VideoBios bios, BiosStates& states)
 {
     if (states[index(bios)].checked)
         return;
+    // The check marks follow only if the file is in place.
     if (!shell.told(shell.files.replaceWhole(biosFile(shell.run, bios), biosInForce(shell.run))))
         return;
     for (BiosState& state : states)
@@ -78,6 +82,7 @@ void mnuT_Qemu_BIOS(const Shell& shell)
                               "is working"_s);
 }
 
+// Of the other two, whether the standard BIOS is there decides, chosen or not.
 int qemuMode(const BiosStates& states)
 {
     if (states[index(VideoBios::Cirrus)].checked)

@@ -21,6 +21,7 @@ using BiosStates = std::array<BiosState, 3>; // by VideoBios
 const char* biosMenuItem(VideoBios bios);
 // Full path of the file; of the one in force.
 QString biosFile(const RunState& run, VideoBios bios);
+// Overwritten by chooseBios(); may be missing.
 QString biosInForce(const RunState& run);
 
 // As the files are now; asked at the start of the program.

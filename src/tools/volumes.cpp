@@ -15,8 +15,10 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+// A label is shown in menus and messages and comes from any stick.
 constexpr qsizetype longestLabel = 255;
 
+// By name, since the kernel does not tell; FUSE names its file systems behind a dot.
 bool isNetwork(const QString& fileSystem)
 {
     static const QSet<QString> known = {u"nfs"_s,
@@ -52,6 +54,7 @@ bool isSystemImage(const QString& fileSystem)
     return fileSystem == u"squashfs" || fileSystem == u"erofs" || fileSystem == u"overlay";
 }
 
+// A RAM disk counts as a drive only where people mount drives: systems are full of others.
 bool isRamPlace(const QString& folder)
 {
     return folder.startsWith(u"/media/") || folder.startsWith(u"/mnt/") || folder == u"/mnt" ||
@@ -74,6 +77,7 @@ qint64 tmpfsSize(const QByteArray& options)
         const char unit = text.isEmpty() ? ' ' : text.back();
         const int shift = unit == 'k' ? 10 : unit == 'm' ? 20 : unit == 'g' ? 30 : 0;
         const qint64 number = (shift == 0 ? text : text.chopped(1)).toLongLong();
+        // Bounded so that the shift stays in 64 bits.
         return number > 0 && number < (1LL << 31) ? number << shift : 0;
     }
     return 0;
@@ -81,6 +85,8 @@ qint64 tmpfsSize(const QByteArray& options)
 
 QString cleanLabel(QString label)
 {
+    // Labels are padded with zeros on some file systems; line breaks in one would fake lines of a
+    // message.
     label.truncate(label.indexOf(QChar(u'\0')) < 0 ? longestLabel : label.indexOf(QChar(u'\0')));
     for (QChar& c : label) {
         if (c.category() == QChar::Other_Control || c == QChar::LineSeparator ||
@@ -114,6 +120,7 @@ public:
                 continue;
             if (volume->root)
                 dropTwin(found, volume->key);
+            // A volume that is mounted twice gets one letter, at its first place.
             else if (seen.contains(volume->key))
                 continue;
             seen.insert(volume->key);
@@ -153,6 +160,7 @@ private:
             volume.block = m_blocks.bySource(entry.source);
         const bool isDrive =
             volume.block.isEmpty() ? fillWithoutBlock(entry, volume) : fillFromBlock(entry, volume);
+        // The root always counts, whatever it lies on.
         if (!isDrive && !volume.root)
             return std::nullopt;
         if (volume.label.isEmpty())
@@ -163,12 +171,16 @@ private:
     [[nodiscard]] bool fillFromBlock(const MountEntry& entry, Volume& volume) const
     {
         const auto properties = m_blocks.properties(volume.block);
+        // The encoded form keeps what the plain one replaces by "_".
         const QString encoded = properties.value(u"ID_FS_LABEL_ENC"_s);
         volume.label = cleanLabel(encoded.isEmpty() ? properties.value(u"ID_FS_LABEL"_s)
                                                     : decodeUdevText(encoded));
+        // With the file system's own number: another stick in the same slot gets the same block
+        // name.
         volume.key = volume.block + u' ' + properties.value(u"ID_FS_UUID"_s);
         volume.size = m_blocks.size(volume.block);
         fillKind(volume);
+        // A folder that is mounted a second time elsewhere is no drive.
         const bool bound = entry.root != u"/" && !hasSubvolumes(entry.fileSystem);
         return !bound && !isSystemImage(entry.fileSystem);
     }
@@ -181,6 +193,7 @@ private:
             volume.kind = VolumeKind::CdRom;
         else if (any([&](const QString& disk) { return m_blocks.isRemovable(disk); }))
             volume.kind = VolumeKind::Removable;
+        // Floppies keep the letters A and B.
         if (volume.block == u"fd0" || volume.block == u"fd1") {
             volume.floppy = volume.block.endsWith(u'1') ? 1 : 0;
             volume.kind = VolumeKind::Removable;
@@ -200,6 +213,7 @@ private:
             volume.kind = VolumeKind::Network;
             return true;
         }
+        // zfs keeps its devices to itself, but is a local disk.
         return entry.fileSystem == u"zfs";
     }
 
@@ -232,6 +246,7 @@ std::vector<Volume> volumesOf(const DriveSource& source)
     return Survey(source).volumes();
 }
 
+// udev writes bytes that it does not trust as a backslash, "x" and two hexadecimal digits.
 QString decodeUdevText(const QString& text)
 {
     const QByteArray bytes = text.toUtf8();
@@ -253,6 +268,7 @@ QString sizeText(qint64 bytes)
     double amount = static_cast<double>(bytes);
     for (const char16_t* unit : {u"bytes", u"KB", u"MB", u"GB", u"TB"}) {
         if (amount < 1024 || unit == std::u16string_view(u"TB")) {
+            // One decimal only where it says something.
             const bool whole = amount >= 10 || unit == std::u16string_view(u"bytes");
             return QString::number(amount, 'f', whole ? 0 : 1) + u' ' + QString::fromUtf16(unit);
         }
