@@ -24,6 +24,7 @@ struct Opened {
     std::string innerName;
 };
 
+// The user needs to know which file the sentence is about.
 Failure about(const std::string& path, Failure failure)
 {
     failure.text = path + ": " + failure.text;

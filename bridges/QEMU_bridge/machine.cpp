@@ -75,6 +75,7 @@ bool kvmWorks()
     return processor >= 0;
 }
 
+// Empty if there is none; the variable is for tests and for people with displays of another kind.
 QString wantedDisplay()
 {
     QString wish = qEnvironmentVariable("FENNEL_QEMU_DISPLAY");

@@ -37,6 +37,7 @@ void say(int log, const QString& text)
     (void)!::write(log, bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
+// Told in the log, where the editor looks for the reason.
 int refuse(int log, const std::string& text)
 {
     say(log, QString::fromStdString(text));

@@ -15,6 +15,7 @@ namespace {
 
 constexpr mode_t newFileMode = 0666; // less the user's umask, as every new file
 
+// Only kinds that lead to different advice for the user are told apart.
 FailureKind kindOf(int error)
 {
     switch (error) {
@@ -101,6 +102,7 @@ bool Descriptor::close()
 
 Failure systemFailure(const std::string& path)
 {
+    // Taken first, before anything can change it.
     const int error = errno;
     return {kindOf(error), path + ": " + std::strerror(error)};
 }

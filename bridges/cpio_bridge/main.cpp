@@ -37,6 +37,7 @@ Failure about(const std::string& path, Failure failure)
     return failure;
 }
 
+// The whole archive is checked before anything of it is used.
 Result<Archive> openArchive(const std::string& path)
 {
     Result<WholeFile> file = readWholeFile(AT_FDCWD, path, maxCpioArchive);
@@ -60,6 +61,7 @@ Result<void> info(const Call& call)
     folder->remove(call.list);
     if (!archive)
         return archive.failure();
+    // Lines that any reader can split: a member's name holds no control character.
     std::vector<std::uint8_t> list;
     for (const CpioMember& member : archive->members) {
         list.insert(list.end(), member.name.begin(), member.name.end());

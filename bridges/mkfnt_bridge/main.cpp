@@ -31,6 +31,7 @@ namespace {
 constexpr std::uint32_t lastUnicode = 0x10FFFF;
 enum Argument { Ranges = 1, Font, Size, Space, Line, Letter, Output, Suffix };
 
+// `what` begins the sentence of a failure.
 Result<int> wholeNumber(const std::string& text, const char* what, int least, int most)
 {
     int value = 0;

@@ -21,6 +21,7 @@ namespace fs = std::filesystem;
 Result<QByteArray> readFile(const std::string& path)
 {
     std::error_code error;
+    // Refused by its size before it is read.
     const auto size = fs::file_size(path, error);
     if (error)
         return Failure{FailureKind::NotFound, "Cannot read " + path + ": " + error.message() + "."};

@@ -15,7 +15,7 @@ Result<QSize> pictureSize(const QString& path)
     if (!bytes)
         return bytes.failure();
     QSize size;
-    // JPEGs are read here, the way the engine does; other formats are left to Qt.
+    // JPEGs are measured by our own reader of their heads; other formats are left to Qt.
     if (const Result<JpegHead> head =
             readJpegHead({bytes->constData(), static_cast<std::size_t>(bytes->size())})) {
         size = {head->width, head->height};
