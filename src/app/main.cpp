@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "frame/main_window.h"
 #include "shell/build_time.h"
+#include "shell/end_signals.h"
 #include "shell/installed_fonts.h"
 #include "shell/qt_prompts.h"
 #include "shell/single_instance.h"
@@ -57,6 +58,8 @@ int main(int argc, char** argv)
     QObject::connect(&instance, &SingleInstance::raiseRequested, &window,
                      [&window](const QString& token) { raiseWindow(window, token); });
     log.WriteLog(QStringLiteral("Form_Load End"));
+    const EndSignals signals;
+    QObject::connect(&signals, &EndSignals::endRequested, &app, &QApplication::quit);
     int result = 0;
     if (settingsFileThere(workbench.shell) == NextStep::GoOn) {
         window.show();

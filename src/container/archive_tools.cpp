@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "container/archive_tools.h"
 
-#include "container/member_catalogue.h"
 #include "container/member_list.h"
+#include "container/member_table.h"
 
 namespace fennel {
 

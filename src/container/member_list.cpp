@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "container/member_list.h"
 
-#include "container/member_catalogue.h"
+#include "container/member_table.h"
 
 namespace fennel {
 
 namespace {
 
-// Moves every known member of `old` to the result, in catalogue order. The search is on the raw
-// text: a name is also found, and taken out, as the end of a longer name on a line.
+// Moves every known member of `old` to the result, in the order of member_table.h. The search is on
+// the raw text: a name is also found, and taken out, as the end of a longer name on a line.
 QByteArray takeKnownMembers(const QString& folder, const QString& addedPattern, QByteArray& old)
 {
     QByteArray known;

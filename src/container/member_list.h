@@ -9,10 +9,10 @@ namespace fennel {
 
 inline const QString memberListName = QStringLiteral("#.lst");
 
-// Rewrites "#.lst": known members first, in catalogue order, the others behind them in the order
-// they had; names without a file drop out. A file that was no member becomes one only if it fits
-// `addedPattern` (a name or pattern, empty for none). Without "#.lst" the user is told "Gfxboot
-// info is lost!" and the result is a failure whose text was already shown.
+// Rewrites "#.lst": known members first, in the order of member_table.h, the others behind them in
+// the order they had; names without a file drop out. A file that was no member becomes one only if
+// it fits `addedPattern` (a name or pattern, empty for none). Without "#.lst" the user is told
+// "Gfxboot info is lost!" and the result is a failure whose text was already shown.
 Result<void> RebuildMemberList(const Shell& shell, const QString& addedPattern);
 
 // The rows of the list "Gfxboot": one per line of "#.lst" with its length in bytes.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the user does in the lists at the right: choosing tabs and rows, typing values, files.
-#include "container/member_catalogue.h"
+#include "container/member_table.h"
 #include "container/member_list.h"
 #include "fonts/font_info.h"
 #include "frame/handlers.h"

@@ -4,7 +4,7 @@
 // it knows. Lines, states and the rules of writing are described in docs/formats/gfxboot-cfg.md.
 #pragma once
 
-#include "params/cfg_params.h"
+#include "params/cfg_table.h"
 #include "shell/list_rows.h"
 #include "shell/shell_context.h"
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "params/list_model.h"
 
+#include "params/swatch.h"
+
 #include <QBrush>
 #include <QDateTime>
 #include <QFileInfo>
@@ -12,8 +14,6 @@ namespace fennel {
 
 namespace {
 
-// A frame keeps a swatch in the colour of the list visible.
-constexpr QRgb swatchFrame = 0xff808080;
 // A text of a megabyte would be measured and drawn for seconds; the row itself keeps it whole.
 constexpr qsizetype longestShown = 500;
 
@@ -27,19 +27,6 @@ QString plainTip(const QString& text)
 {
     const QString tip = shortened(text);
     return Qt::mightBeRichText(tip) ? QStringLiteral("<qt>%1</qt>").arg(tip.toHtmlEscaped()) : tip;
-}
-
-// Square, whatever the icon's shape.
-QImage swatchImage(QRgb colour, QSize size)
-{
-    const int side = std::min(size.width(), size.height());
-    QImage image(side, side, QImage::Format_RGB32);
-    image.fill(swatchFrame);
-    for (int y = 1; y + 1 < side; ++y) {
-        for (int x = 1; x + 1 < side; ++x)
-            image.setPixel(x, y, colour);
-    }
-    return image;
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "params/object_rows.h"
 
 #include "params/level_files.h"
+#include "params/swatch.h"
 #include "shell/shell_context.h"
 #include "shell/text.h"
 
@@ -224,14 +225,6 @@ QString lstCellText(std::optional<qint64> value, bool hex)
         return QString::number(*value);
     // Without leading zeros, unlike the six digits of the level column.
     return QStringLiteral("0x") + QString::number(static_cast<quint32>(*value), 16).toUpper();
-}
-
-std::optional<QRgb> swatchOf(const QString& valueCell)
-{
-    // Only what is written as hexadecimal is a colour.
-    if (!valueCell.startsWith(QLatin1String("0x"), Qt::CaseInsensitive))
-        return std::nullopt;
-    return 0xff000000 | static_cast<QRgb>(numberFromText(valueCell));
 }
 
 // The switch itself is never grey, or nobody could switch the object on again.

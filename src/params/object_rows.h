@@ -27,9 +27,6 @@ QString cfgCellText(qint64 value, bool hex);
 // The same for a menu's value, hexadecimal without leading zeros; empty for none.
 QString lstCellText(std::optional<qint64> value, bool hex);
 
-// The colour that stands in a value cell, none for a value without "0x".
-std::optional<QRgb> swatchOf(const QString& valueCell);
-
 // The colour of a parameter row for an enable value of its object: blue for what feeds a shown
 // object, grey if the object is off (0), black otherwise; the switch itself is always blue. A file
 // without the switch gives -1, which greys only what feeds the object.

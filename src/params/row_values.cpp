@@ -5,6 +5,7 @@
 #include "params/object_rows.h"
 #include "params/object_table.h"
 #include "params/panel_values.h"
+#include "params/swatch.h"
 #include "shell/text.h"
 
 namespace fennel {

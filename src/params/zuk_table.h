@@ -12,8 +12,8 @@ namespace fennel {
 
 struct Shell;
 
-inline constexpr int zukFileCount = 16;  // level files 0 to 15
-inline constexpr int zukParamCount = 99; // parameters 1 to 99
+inline constexpr int zukFileCount = 16;    // level files 0 to 15
+inline constexpr int zukParamCount = 99;   // parameters 1 to 99
 inline constexpr int backgroundParam = 99; // of file 0: number of the background in use
 
 struct ZukCell {

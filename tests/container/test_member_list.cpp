@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "container/member_catalogue.h"
+#include "container/member_table.h"
 #include "container/member_list.h"
 #include "support/test_shell.h"
 

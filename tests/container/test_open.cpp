@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "bridges/run_program.h"
-#include "container/member_catalogue.h"
+#include "container/member_table.h"
 #include "container/open_fixture.h"
 
 #include <gmock/gmock.h>

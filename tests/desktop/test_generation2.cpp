@@ -4,7 +4,7 @@
 
 #include "container/gfx_save.h"
 #include "params/cfg_file.h"
-#include "params/cfg_params.h"
+#include "params/cfg_table.h"
 #include "params/object_table.h"
 #include "params/right_panel.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "container/member_catalogue.h"
+#include "container/member_table.h"
 
 #include "shell/files.h"
 #include "shell/text.h"

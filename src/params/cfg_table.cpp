@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "params/cfg_params.h"
+#include "params/cfg_table.h"
 
 #include "shell/text.h"
 
