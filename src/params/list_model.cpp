@@ -139,7 +139,7 @@ QImage ListModel::picture(const QString& path) const
     // flat picture from vanishing.
     if (size.isValid())
         reader.setScaledSize(size.scaled(m_iconSize, Qt::KeepAspectRatio).expandedTo({1, 1}));
-    const QImage image = size.isValid() ? reader.read() : QImage();
+    QImage image = size.isValid() ? reader.read() : QImage();
     // A picture that cannot be read is kept too, as an empty one, and is not tried again at each
     // repaint.
     m_pictures.insert(key, image);
