@@ -6,7 +6,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QTimer>
 #include <QVBoxLayout>
 
 namespace fennel {
@@ -55,6 +54,10 @@ InspectionList::InspectionList(QWidget* parent)
     connect(m_close, &QToolButton::clicked, this, [this] { ShowListPanel({}); });
     connect(m_list, &QListView::entered, this,
             [this](const QModelIndex& index) { Q_EMIT rowEntered(index.row()); });
+    for (QTimer* timer : {&m_click, &m_leave})
+        timer->setSingleShot(true);
+    connect(&m_click, &QTimer::timeout, this, &InspectionList::listReleased);
+    connect(&m_leave, &QTimer::timeout, this, &InspectionList::hideIfLeft);
     hide();
 }
 
@@ -88,13 +91,13 @@ bool InspectionList::listKey(int key)
     return false;
 }
 
-void InspectionList::listReleased(Qt::MouseButton button)
+void InspectionList::listReleased()
 {
-    if (button == Qt::LeftButton && currentRow() >= 0)
+    if (m_button == Qt::LeftButton && currentRow() >= 0)
         Q_EMIT rowClicked(currentRow());
-    else if (button == Qt::RightButton)
+    else if (m_button == Qt::RightButton)
         Q_EMIT rightClicked(currentRow());
-    else if (button == Qt::MiddleButton)
+    else if (m_button == Qt::MiddleButton)
         Q_EMIT middleClicked();
 }
 
@@ -113,12 +116,14 @@ bool InspectionList::eventFilter(QObject* watched, QEvent* event)
         return listKey(static_cast<QKeyEvent*>(event)->key());
     if (watched == m_list && event->type() == QEvent::FocusOut)
         // Queued: only then does the application know who has the focus now.
-        QTimer::singleShot(0, this, &InspectionList::hideIfLeft);
+        m_leave.start(0);
     if (watched == m_list->viewport() && event->type() == QEvent::MouseButtonRelease) {
         const auto* mouse = static_cast<QMouseEvent*>(event);
         // Queued: the view is to finish its own work before a message opens.
-        if (m_list->indexAt(mouse->position().toPoint()).isValid())
-            QTimer::singleShot(0, this, [this, button = mouse->button()] { listReleased(button); });
+        if (m_list->indexAt(mouse->position().toPoint()).isValid()) {
+            m_button = mouse->button();
+            m_click.start(0);
+        }
     }
     return QFrame::eventFilter(watched, event);
 }

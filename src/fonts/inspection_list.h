@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QListView>
 #include <QStringListModel>
+#include <QTimer>
 #include <QToolButton>
 
 namespace fennel {
@@ -36,10 +37,14 @@ protected:
 
 private:
     bool listKey(int key);
-    void listReleased(Qt::MouseButton button);
+    void listReleased();
     void hideIfLeft();
 
     QStringListModel m_rows;
+    // What follows a click or the loss of the focus waits until the event is done.
+    QTimer m_click;
+    QTimer m_leave;
+    Qt::MouseButton m_button = Qt::NoButton;
     QLabel* m_heading;    // LabelForList1
     QToolButton* m_close; // CommandList1Close
     QListView* m_list;    // List1
