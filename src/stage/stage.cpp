@@ -208,9 +208,11 @@ void Stage::setPanelRect(int index, const QRect& rect)
     StagePanel& panel = m_panels[at(index)];
     if (panel.rect == rect)
         return;
-    // Both the old and the new place are repainted.
+    // Both the old and the new place are repainted; the frame of the selected panel lies one pixel
+    // outside it.
+    const int frame = m_markerOn && index == SelectedPanel ? 1 : 0;
     if (panel.visible)
-        changed(panel.rect);
+        changed(panel.rect.adjusted(-frame, -frame, frame, frame));
     panel.rect = rect;
     if (panel.visible)
         changed(rect);
