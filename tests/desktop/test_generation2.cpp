@@ -65,6 +65,33 @@ TEST(Generation2, OffersWhatTheEngineKnowsAndWritesWhatIsChecked)
     EXPECT_TRUE(written.contains("just words"));
 }
 
+// The file gains its hidden parameters at the first save; after that only its comments may grow
+// and its digits become capitals.
+TEST(Generation2, ASecondSaveKeepsNamesAndValues)
+{
+    const auto settings = [](const QByteArray& cfg) {
+        QByteArrayList lines;
+        for (const QByteArray& line : cfg.split('\n')) {
+            const qsizetype comment = line.indexOf('\t');
+            if (line.contains('='))
+                lines.append((comment < 0 ? line : line.left(comment)).toLower());
+        }
+        return lines;
+    };
+    Story story;
+    const QString message = messageWith(story.shell, "menu_start_x=100\r\n#welcome=0 # no\r\n");
+    story.open(message);
+    story.choose("mnuFile_Save");
+    auto first = membersOf(message);
+    story.choose("mnuFile_Save");
+    auto second = membersOf(message);
+    EXPECT_EQ(settings(second[u"gfxboot.cfg"_s]), settings(first[u"gfxboot.cfg"_s]));
+    EXPECT_GE(settings(first[u"gfxboot.cfg"_s]).size(), 30);
+    first.erase(u"gfxboot.cfg"_s);
+    second.erase(u"gfxboot.cfg"_s);
+    EXPECT_EQ(second, first);
+}
+
 TEST(Generation2, DraggingTheMenuWritesItsPlace)
 {
     Story story;
