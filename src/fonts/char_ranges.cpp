@@ -19,16 +19,17 @@ bool isSeparator(char c)
     return c == '_' || c == ',' || c == ' ';
 }
 
-// The value of each hexadecimal digit, -1 for other bytes. A table, since digits and letters come
-// in no order that a branch could foresee, and the dialog reads up to 65,535 numbers at once.
-constexpr std::array<signed char, 256> hexDigits = [] {
-    std::array<signed char, 256> values{};
-    values.fill(-1);
-    for (int i = 0; i < 10; ++i)
-        values[static_cast<std::size_t>('0' + i)] = static_cast<signed char>(i);
-    for (int i = 0; i < 6; ++i) {
-        values[static_cast<std::size_t>('a' + i)] = static_cast<signed char>(10 + i);
-        values[static_cast<std::size_t>('A' + i)] = static_cast<signed char>(10 + i);
+// The value of each hexadecimal digit, `noDigit` for other bytes. A table, since digits and letters
+// come in no order that a branch could foresee, and the dialog reads up to 65,535 numbers at once.
+constexpr std::uint8_t noDigit = 255;
+constexpr std::array<std::uint8_t, 256> hexDigits = [] {
+    std::array<std::uint8_t, 256> values{};
+    values.fill(noDigit);
+    for (std::uint8_t i = 0; i < 10; ++i)
+        values[std::size_t{'0'} + i] = i;
+    for (std::uint8_t i = 0; i < 6; ++i) {
+        values[std::size_t{'a'} + i] = static_cast<std::uint8_t>(10 + i);
+        values[std::size_t{'A'} + i] = static_cast<std::uint8_t>(10 + i);
     }
     return values;
 }();
@@ -45,10 +46,10 @@ double hexNumber(std::string_view digits)
     constexpr std::uint64_t enough = 0xFFFFFFFF; // above every limit
     std::uint64_t value = 0;
     for (const char c : digits) {
-        const int digit = hexDigits[static_cast<unsigned char>(c)];
-        if (digit < 0)
+        const std::uint8_t digit = hexDigits[static_cast<unsigned char>(c)];
+        if (digit == noDigit)
             break;
-        value = std::min(value * 16 + static_cast<std::uint64_t>(digit), enough);
+        value = std::min(value * 16 + digit, enough);
     }
     return static_cast<double>(value);
 }
