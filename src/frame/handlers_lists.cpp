@@ -56,6 +56,7 @@ void openEditor(MainWindow& window)
 void showMenuAs(MainWindow& window, const std::vector<PopupEntry>& entries, QPoint place)
 {
     std::vector<Menus::Entry> shown;
+    shown.reserve(entries.size());
     for (const PopupEntry& entry : entries)
         shown.push_back({entry.index,
                          QString(entry.caption).replace(u'&', QStringLiteral("&&")),

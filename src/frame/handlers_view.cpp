@@ -35,6 +35,7 @@ void toggleSplash(MainWindow& window)
 void showScales(MainWindow& window)
 {
     std::vector<Menus::Entry> entries;
+    entries.reserve(scaleEntries.size());
     for (const ScaleEntry& scale : scaleEntries)
         entries.push_back(
             {scale.percent, QString::fromUtf16(scale.caption), true, std::nullopt, {}});
