@@ -95,10 +95,12 @@ void addEditCommands(MainWindow& window)
         const QByteArray name = "mnupopup_OnOff_" + QByteArray::number(button);
         commands.add(name.constData(), [&window, button] { flipButton(window, button); });
     }
-    QObject::connect(&window.thumbnails(), &ThumbnailStrip::clicked, &window,
-                     [&window](const QString& name, Qt::MouseButton button) {
-                         onThumbnail(window, name, button);
-                     });
+    QObject::connect(
+        &window.thumbnails(), &ThumbnailStrip::clicked, &window,
+        [&window](const QString& name, Qt::MouseButton button) {
+            onThumbnail(window, name, button);
+        },
+        Qt::QueuedConnection);
     QObject::connect(
         &window.thumbnails(), &ThumbnailStrip::hovered, &window, [&window](const QString& name) {
             window.setStatusField(7, QStringLiteral("Gfxboot component: \"%1\"").arg(name));

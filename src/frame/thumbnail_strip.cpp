@@ -125,15 +125,12 @@ void ThumbnailStrip::resizeEvent(QResizeEvent* event)
 
 bool ThumbnailStrip::eventFilter(QObject* watched, QEvent* event)
 {
-    // Taken now: by the time of the queued call the label may show another member.
     const QString name = watched->property("member").toString();
     if (event->type() == QEvent::MouseMove)
         Q_EMIT hovered(name);
     if (event->type() == QEvent::MouseButtonRelease) {
         const Qt::MouseButton button = static_cast<QMouseEvent*>(event)->button();
-        // Queued: a click may rebuild the strip, and with it the label that is told of it.
-        QMetaObject::invokeMethod(
-            this, [this, name, button] { Q_EMIT clicked(name, button); }, Qt::QueuedConnection);
+        Q_EMIT clicked(name, button);
     }
     return QFrame::eventFilter(watched, event);
 }

@@ -22,6 +22,7 @@ public:
     [[nodiscard]] QSpinBox& heightControl() { return *m_upDown; } // UpDown2
 
 Q_SIGNALS:
+    // To be connected queued: a click may rebuild the strip, and with it the label it came from.
     void clicked(const QString& name, Qt::MouseButton button);
     void hovered(const QString& name);
 

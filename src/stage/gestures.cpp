@@ -217,7 +217,8 @@ void StageGestures::storePlace(int index)
         PanelRec& rec = m_stage.record(row);
         const QRect& rect = m_stage.panel(row).rect;
         const RunState& run = m_stage.run();
-        const PanelRec old = before(row) != nullptr ? before(row)->record : rec;
+        const auto* start = before(row);
+        const PanelRec old = start != nullptr ? start->record : rec;
         // At most the last pixel of the background: an object must stay reachable.
         rec.Left = lengthFor(rect.x(), rec.Left, old.Left, run.BackWidth - 1);
         rec.Top = lengthFor(rect.y(), rec.Top, old.Top, run.BackHeight - 1);
