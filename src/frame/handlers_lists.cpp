@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the user does in the lists at the right: choosing tabs and rows, typing values, files.
-#include "container/member_table.h"
 #include "container/member_list.h"
+#include "container/member_table.h"
 #include "fonts/font_info.h"
 #include "frame/handlers.h"
 #include "frame/main_window.h"

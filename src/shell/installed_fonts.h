@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The fonts of the system, and the choice of the font that shows boot-screen text when nothing
 // names one. The list is one text, a line "Family Style (TrueType)>file.ttf" for each font, sorted
-// by code unit, lines separated by "\n"; the styles "Regular" and "Book" are left out. Only fonts with TrueType
-// outlines are on it, since only they can be made into boot-screen fonts.
+// by code unit, lines separated by "\n"; the styles "Regular" and "Book" are left out. Only fonts
+// with TrueType outlines are on it, since only they can be made into boot-screen fonts.
 #pragma once
 
 #include "shell/shell_context.h"

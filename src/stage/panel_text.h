@@ -38,8 +38,8 @@ QString WrapPanelText(const QString& text, int limit, const MeasureText& measure
 // The number of the font that stands in for `wanted`: 0 if that is out of range or has no name.
 int usableFont(const FontTable& fonts, qint64 wanted);
 // The record's font at the preview scale: max(5, size x scale) points of 96 to the inch whatever
-// the screen, in whole pixels, so that the stage looks the same on all of them. Of `families`, those
-// of the system, the nearest stands in for one that is not among them.
+// the screen, in whole pixels, so that the stage looks the same on all of them. Of `families`,
+// those of the system, the nearest stands in for one that is not among them.
 QFont panelFont(const FontRecord& record, const StageScale& scale, const QStringList& families);
 
 struct TextPiece {

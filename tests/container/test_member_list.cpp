@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "container/member_table.h"
 #include "container/member_list.h"
+#include "container/member_table.h"
 #include "support/test_shell.h"
 
 #include <gtest/gtest.h>

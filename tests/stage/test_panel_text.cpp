@@ -105,8 +105,9 @@ TEST(Fonts, SizesInPixelsAndStrangeNumbers)
     EXPECT_EQ(usableFont({}, 0), 0);
     FontRecord record;
     record.Size = 14;
-    EXPECT_EQ(panelFont(record, StageScale(1), {}).pixelSize(), 19);   // 18.67
-    EXPECT_EQ(panelFont(record, StageScale(0.25), {}).pixelSize(), 7); // the floor of 5 points: 6.67
+    EXPECT_EQ(panelFont(record, StageScale(1), {}).pixelSize(), 19); // 18.67
+    EXPECT_EQ(panelFont(record, StageScale(0.25), {}).pixelSize(),
+              7); // the floor of 5 points: 6.67
     record.Size = 1e300;
     EXPECT_GT(panelFont(record, StageScale(2), {}).pixelSize(), 0);
     record.Size = -4;
