@@ -61,6 +61,7 @@ void ListModel::setIconSize(QSize size)
     m_iconSize = size;
     // They were read in the old size.
     m_pictures.clear();
+    m_swatches.clear();
 }
 
 int ListModel::rowCount(const QModelIndex& parent) const
@@ -116,13 +117,24 @@ QVariant ListModel::decoration(const ListRow& row) const
     if (m_measuring && (row.swatch || !row.iconFile.isEmpty()))
         return QImage(m_iconSize, QImage::Format_Mono);
     if (!row.iconFile.isEmpty()) {
-        const QImage image = picture(row.iconFile);
+        const QPixmap image = picture(row.iconFile);
         return image.isNull() ? QVariant() : QVariant(image);
     }
-    return row.swatch ? QVariant(swatchImage(*row.swatch, m_iconSize)) : QVariant();
+    return row.swatch ? QVariant(swatch(*row.swatch)) : QVariant();
 }
 
-QImage ListModel::picture(const QString& path) const
+QPixmap ListModel::swatch(QRgb colour) const
+{
+    constexpr qsizetype keptSwatches = 256; // a slider passes through more colours than it shows
+    if (m_swatches.size() >= keptSwatches)
+        m_swatches.clear();
+    QPixmap& kept = m_swatches[colour];
+    if (kept.isNull())
+        kept = QPixmap::fromImage(swatchImage(colour, m_iconSize));
+    return kept;
+}
+
+QPixmap ListModel::picture(const QString& path) const
 {
     const QFileInfo info(path);
     // Time and size are part of the key: a picture that was replaced under its name must not show
@@ -139,7 +151,7 @@ QImage ListModel::picture(const QString& path) const
     // flat picture from vanishing.
     if (size.isValid())
         reader.setScaledSize(size.scaled(m_iconSize, Qt::KeepAspectRatio).expandedTo({1, 1}));
-    QImage image = size.isValid() ? reader.read() : QImage();
+    const QPixmap image = size.isValid() ? QPixmap::fromImage(reader.read()) : QPixmap();
     // A picture that cannot be read is kept too, as an empty one, and is not tried again at each
     // repaint.
     m_pictures.insert(key, image);

@@ -6,7 +6,8 @@
 
 #include <QAbstractTableModel>
 #include <QHash>
-#include <QImage>
+#include <QPixmap>
+#include <QRgb>
 
 namespace fennel {
 
@@ -44,12 +45,15 @@ Q_SIGNALS:
 private:
     [[nodiscard]] const ListRow* rowAt(const QModelIndex& index) const;
     [[nodiscard]] QVariant decoration(const ListRow& row) const;
-    [[nodiscard]] QImage picture(const QString& path) const;
+    [[nodiscard]] QPixmap picture(const QString& path) const;
+    [[nodiscard]] QPixmap swatch(QRgb colour) const;
 
     const ListRows* m_rows = nullptr;
     QSize m_iconSize;
     bool m_measuring = false;
-    mutable QHash<QString, QImage> m_pictures; // by path, time and size of the file
+    // Kept, for the views' style keeps a copy of each pixmap that it has not seen before.
+    mutable QHash<QString, QPixmap> m_pictures; // by path, time and size of the file
+    mutable QHash<QRgb, QPixmap> m_swatches;
 };
 
 } // namespace fennel
