@@ -16,10 +16,11 @@ namespace {
 // Tells that a copy runs already and brings it to the front.
 void yieldToOther(const SingleInstance& instance, Prompts& prompts)
 {
+    // Read first: the token belongs to the user's action that started this copy.
     const QString token = activationToken();
-    (void)instance.askOtherToRaise(token);
     prompts.ShowMessage(QStringLiteral("One copy of %1 is already running").arg(programTitle()),
                         MessageType::Stop, QStringLiteral("ERROR"));
+    (void)instance.askOtherToRaise(token);
 }
 
 } // namespace
@@ -50,6 +51,7 @@ int main(int argc, char** argv)
     if (Form_Initialize(workbench.shell, store, input) == NextStep::EndProcess)
         return 0;
     log.WriteLog(QStringLiteral("Form_Load Start"));
+    resetRun(run);
     if (makeWorkspaceRoot(workbench.shell) == NextStep::EndProcess)
         return 1;
     workbench.fontSettings.defaultFontName = DefaultFontName(workbench.shell, installedFontList());

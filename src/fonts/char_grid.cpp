@@ -182,7 +182,7 @@ void CharGrid::paintEvent(QPaintEvent* event)
 void CharGrid::mousePressEvent(QMouseEvent* event)
 {
     const int cell = cellAt(event->position().toPoint());
-    if (event->button() != Qt::LeftButton || cell < 0)
+    if (cell < 0)
         return;
     m_last = m_mark = cell;
     Q_EMIT cellPressed(codeOf(cell));

@@ -95,6 +95,7 @@ QLayout* CharPage::makeView()
     m_large->setBackgroundRole(QPalette::Base);
     m_large->setAutoFillBackground(true);
     m_code->setObjectName(u"TextCode"_s);
+    m_code->setText(u"Text1"_s);
     m_code->setAlignment(Qt::AlignCenter);
     auto* column = new QVBoxLayout;
     column->addWidget(label);

@@ -144,14 +144,11 @@ FontSample fontSample(const FontState& fonts, int row, const QStringList& famili
     return sample;
 }
 
-OpenInspection openInspection(const FontState& fonts, const RunState& run, int row)
+OpenInspection openInspection(const RunState& run, const QString& name)
 {
     if (!run.GfxHasCfg && !run.GfxHasZuk)
         return {u"Too old version of the gfxboot.\nFonts are not supported"_s, {}};
-    const ListRow* shown = fonts.rows.row(row);
-    if (shown == nullptr || fileOfTag(shown->tag).isEmpty())
-        return {};
-    return {{}, shown->text()};
+    return {{}, name};
 }
 
 } // namespace fennel

@@ -62,8 +62,7 @@ struct OpenInspection {
     QString message;   // shown instead, if not empty
     QString component; // the file to look into; empty: nothing happens
 };
-// For a double click on a row of the font list, counted from 1; rows that are no member open
-// nothing.
-OpenInspection openInspection(const FontState& fonts, const RunState& run, int row);
+// For a double click on a font member; an empty name opens nothing.
+OpenInspection openInspection(const RunState& run, const QString& name);
 
 } // namespace fennel

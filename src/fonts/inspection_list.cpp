@@ -119,8 +119,10 @@ bool InspectionList::eventFilter(QObject* watched, QEvent* event)
         m_leave.start(0);
     if (watched == m_list->viewport() && event->type() == QEvent::MouseButtonRelease) {
         const auto* mouse = static_cast<QMouseEvent*>(event);
-        // Queued: the view is to finish its own work before a message opens.
-        if (m_list->indexAt(mouse->position().toPoint()).isValid()) {
+        // Queued: the view is to finish its own work before a message opens. Only the left button
+        // asks for a row.
+        if (mouse->button() != Qt::LeftButton ||
+            m_list->indexAt(mouse->position().toPoint()).isValid()) {
             m_button = mouse->button();
             m_click.start(0);
         }

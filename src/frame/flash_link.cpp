@@ -102,6 +102,7 @@ void FlashLink::enableQemuStart(bool enabled)
 
 void FlashLink::showFlashMenus(const FlashMenus& menus)
 {
+    m_menuEntries = menus.entries;
     std::vector<Menus::Entry> entries;
     for (qsizetype i = 0; i < menus.entries.size(); ++i)
         entries.push_back({static_cast<int>(i),
@@ -122,14 +123,15 @@ void FlashLink::refillMenuList()
     if (!m_window.shell().run.GfxOpened)
         return;
     refillList(m_window, TabMenu);
+    markMenuRow(m_window);
     MenuApply(m_window);
     if (m_window.workbench().params.CurrentTab == TabMenu)
-        m_window.rightPanel().view(TabMenu)->select(1);
+        selectRow(m_window, TabMenu, 1);
 }
 
 void FlashLink::chooseEmbeddedMenu()
 {
-    takeMenu(m_window, {});
+    takeEmbeddedMenu(m_window);
 }
 
 void FlashLink::bringToFront(qint64 pid)

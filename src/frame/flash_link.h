@@ -22,6 +22,8 @@ public:
     [[nodiscard]] QemuRun& qemu() { return m_qemu; }
     // The drive that menus come from; empty without a Current Flash.
     [[nodiscard]] MenuDrive menuDrive() const;
+    // The menu file of an entry of mnuMenu_fromFlash, from 0; empty without such an entry.
+    [[nodiscard]] QString menuEntry(int entry) const { return m_menuEntries.value(entry); }
     [[nodiscard]] bool flashThere() const { return !m_drives.flashEntries().empty(); }
 
     // Starts or ends the watch over drives that come and go.
@@ -49,6 +51,7 @@ private:
     MountWatch m_watch;
     QemuRun m_qemu;
     BiosStates m_bios;
+    QStringList m_menuEntries;
 };
 
 } // namespace fennel

@@ -42,12 +42,18 @@ void changeBackground(MainWindow& window, const QString& name);
 void changeLogo(MainWindow& window, const QString& name);
 // Opens the text member of the current row in the text editor; false if the row is none.
 [[nodiscard]] bool EditTextFile(MainWindow& window);
+// Shows the logo of that name on the stage; without such a member nothing happens.
+void showLogoMember(MainWindow& window, const QString& name);
 // The object of the selected tab shows the text of a member on the stage.
 void showTextMember(MainWindow& window, const QString& name);
 // Gives the stage the entries of the menu in force, and the lists what it overrides.
 void MenuApply(MainWindow& window);
 // Makes a menu file of the Current Flash the menu in force; empty: the embedded menu.
 void takeMenu(MainWindow& window, const QString& file);
+// Checks the row of the menu in force alone.
+void markMenuRow(MainWindow& window);
+// Takes the menu inside the gfxboot and marks its row.
+void takeEmbeddedMenu(MainWindow& window);
 // CheckFromMenu: the stage shows what the menu imposes, or the values of the lists again.
 void switchLevels(MainWindow& window, bool fromMenu);
 
@@ -57,6 +63,8 @@ void selectTab(MainWindow& window, int tab);
 void applyChange(MainWindow& window, int tab, const RowChange& change);
 // Enabled state of the buttons beside the list and of the edit buttons of the toolbar.
 void updateRowButtons(MainWindow& window);
+// Marks a row, from 1, of a tab's list and makes it the one that commands work on.
+void selectRow(MainWindow& window, int tab, int row);
 // Takes the typed value if the value editor is open; closes it without taking the value.
 void commitEditor(MainWindow& window);
 void CloseEditor(MainWindow& window);
@@ -72,7 +80,7 @@ void showFontSample(MainWindow& window);
 // A row of the fonts' list was clicked: its file is scanned and its sample shown.
 void showFontRow(MainWindow& window, int row);
 // The characters of the row's font file over the stage, if the row stands for a file.
-void openFontContent(MainWindow& window, int row);
+void openFontContent(MainWindow& window, const QString& name);
 
 // Brings the last used list to its menu.
 void showLastUsed(MainWindow& window);

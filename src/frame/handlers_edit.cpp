@@ -47,7 +47,7 @@ void onThumbnail(MainWindow& window, const QString& name, Qt::MouseButton button
         shell.run.BackFile = shell.run.Workspace + name;
         window.ShowBackground();
     } else if (fitsPattern(name, QStringLiteral("Logo_??.jpg"))) {
-        window.stageLink().stage().showLogo(static_cast<int>(numberFromText(name.mid(5))));
+        showLogoMember(window, name);
     }
 }
 
@@ -78,7 +78,7 @@ void flipButton(MainWindow& window, int button)
     row->cells[CfgValueColumn].text =
         stage.ButtonVisible(button) ? QStringLiteral("1") : QStringLiteral("0");
     window.rightPanel().refreshList(TabConfig);
-    window.rightPanel().view(TabConfig)->select(number);
+    selectRow(window, TabConfig, number);
     stage.DrawPanel(2);
 }
 

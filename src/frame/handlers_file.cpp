@@ -20,7 +20,7 @@ void open(MainWindow& window)
     const Shell& shell = window.shell();
     if (!shell.run.GfxOpened)
         shell.prompts.ShowMessage(
-            QStringLiteral("\"Gfxboot message\" (then simply, \"gfxboot\") is a cpio-archive , \n"
+            QStringLiteral("\"Gfxboot message\" (then simply \"gfxboot\") is a cpio-archive , \n"
                            "but additionally it can be compressed with gZip.\n"
                            "\n"
                            "You can choose any of the variants."));
@@ -74,8 +74,8 @@ void save(MainWindow& window)
 {
     if (window.shell().run.GfxFileName == unsavedGfxName)
         saveAs(window);
-    else if (GfxSave(window.shell(), [&window] { return writeParameters(window); }))
-        window.setStatusField(8, QStringLiteral("Saved: ") + window.shell().run.GfxFileName);
+    else
+        (void)GfxSave(window.shell(), [&window] { return writeParameters(window); });
 }
 
 void reOpen(MainWindow& window)

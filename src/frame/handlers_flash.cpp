@@ -10,13 +10,17 @@
 #include "params/right_panel.h"
 #include "params/row_values.h"
 
+#include <QSignalBlocker>
+
 namespace fennel {
 
 namespace {
 
+constexpr int embeddedMenuRow = 1;
 constexpr int separatorRow = 2;
 
-// Checks the row of the menu in force alone.
+} // namespace
+
 void markMenuRow(MainWindow& window)
 {
     ListRows& list = *window.workbench().params.list(TabMenu);
@@ -30,6 +34,8 @@ void markMenuRow(MainWindow& window)
     window.rightPanel().refreshList(TabMenu);
 }
 
+namespace {
+
 void showMenuLevelBox(MainWindow& window)
 {
     QCheckBox& box = window.rightPanel().fromMenu();
@@ -42,14 +48,13 @@ void showMenuLevelBox(MainWindow& window)
 void chooseFlashMenu(MainWindow& window, int entry)
 {
     const ListRows& list = *window.workbench().params.list(TabMenu);
-    // The first two rows are the embedded menu and the separator.
-    const ListRow* row = list.row(entry + separatorRow + 1);
-    const QString name = row == nullptr ? QString() : row->text();
+    // By its name: the drive may hold other files than when the entries were made.
+    const QString name = window.flashLink().menuEntry(entry);
     const int number = mnuMenu_fromFlash(window.shell(), list, name);
     if (number == 0)
         return;
     selectTab(window, TabMenu);
-    window.rightPanel().view(TabMenu)->select(number);
+    selectRow(window, TabMenu, number);
     takeMenu(window, menuOfRow(list, number));
 }
 
@@ -98,6 +103,12 @@ void takeMenu(MainWindow& window, const QString& file)
     MenuApply(window);
 }
 
+void takeEmbeddedMenu(MainWindow& window)
+{
+    takeMenu(window, {});
+    selectRow(window, TabMenu, embeddedMenuRow);
+}
+
 void MenuApply(MainWindow& window)
 {
     Workbench& bench = window.workbench();
@@ -106,8 +117,12 @@ void MenuApply(MainWindow& window)
     const QString entries = MenuApply(bench.shell, window.flashLink().menuDrive(),
                                       bench.CurrentMenuFile, bench.params.ZUKarr);
     window.stageLink().stage().setMenuEntries(entries);
-    if (!bench.shell.run.GfxHasZuk)
+    if (!bench.shell.run.GfxHasZuk) {
+        // Left on by a gfxboot that had menu values.
+        const QSignalBlocker quiet(window.rightPanel().fromMenu());
+        window.rightPanel().fromMenu().setChecked(false);
         return;
+    }
     refreshLstColumn(bench.params);
     for (int tab = FirstObjectTab; tab <= bench.params.tabCount(); ++tab)
         window.rightPanel().refreshList(tab);
@@ -132,7 +147,7 @@ void addFlashCommands(MainWindow& window)
     commands.add("mnuFlash_Monitor",
                  [&window] { window.flashLink().setMonitor(!window.workbench().flags.MonitorOn); });
     commands.add("Toolbar1_18", [&window] { driveInfo(window); });
-    commands.add("mnuMenu_Embedded", [&window] { takeMenu(window, {}); });
+    commands.add("mnuMenu_Embedded", [&window] { takeEmbeddedMenu(window); });
     commands.addArray("mnuMenu_fromFlash",
                       [&window](int entry) { chooseFlashMenu(window, entry); });
     addQemuCommands(window);

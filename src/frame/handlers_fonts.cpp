@@ -12,8 +12,10 @@
 #include "params/panel_values.h"
 #include "params/right_panel.h"
 #include "params/tabs.h"
+#include "stage/stage_surface.h"
 
 #include <QFontDatabase>
+#include <QScopeGuard>
 
 namespace fennel {
 
@@ -102,6 +104,8 @@ void changeFont(MainWindow& window, bool AddFontMode)
     if (!bench.shell.run.GfxOpened)
         return;
     CloseEditor(window);
+    window.surface().setTickGate(false);
+    const auto opened = qScopeGuard([&window] { window.surface().setTickGate(true); });
     FontCommand command;
     command.row = fontRow(window);
     command.AddFontMode = AddFontMode;
@@ -134,10 +138,10 @@ void showFontRow(MainWindow& window, int row)
     showFontSample(window);
 }
 
-void openFontContent(MainWindow& window, int row)
+void openFontContent(MainWindow& window, const QString& name)
 {
     Workbench& bench = window.workbench();
-    const OpenInspection opened = openInspection(bench.fonts, bench.shell.run, row);
+    const OpenInspection opened = openInspection(bench.shell.run, name);
     if (!opened.message.isEmpty())
         bench.shell.prompts.ShowMessage(opened.message);
     if (opened.component.isEmpty())

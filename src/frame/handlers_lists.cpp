@@ -16,6 +16,7 @@
 #include "params/right_panel.h"
 #include "params/row_values.h"
 #include "params/tabs.h"
+#include "shell/file_steps.h"
 #include "shell/text.h"
 #include "tools/image_tool.h"
 
@@ -79,7 +80,8 @@ void onRowSelected(MainWindow& window, int tab, int row, bool rightButton)
     lists.list(tab)->selected = click.select;
     if (click.skipped) {
         window.rightPanel().view(tab)->select(click.select);
-        updateRowButtons(window);
+        // The mouse stepped over grey rows: the buttons wait for a row that is chosen itself.
+        applyButtons(window, {});
         return;
     }
     applyButtons(window, click.buttons);
@@ -115,8 +117,7 @@ void onRowActivated(MainWindow& window, int tab, int row)
                                   QStringLiteral("MenuLevel data"));
         break;
     case DoubleClick::SelectFirst:
-        window.rightPanel().view(tab)->select(1);
-        lists.CurrentRow = 1;
+        selectRow(window, tab, 1);
         break;
     case DoubleClick::TakeMenu:
         takeMenu(window, menuOfRow(*lists.list(tab), row));
@@ -125,7 +126,7 @@ void onRowActivated(MainWindow& window, int tab, int row)
         showTextMember(window, name);
         break;
     case DoubleClick::ShowLogo:
-        window.stageLink().stage().showLogo(static_cast<int>(numberFromText(name.mid(5))));
+        showLogoMember(window, name);
         break;
     case DoubleClick::ShowBackground:
         showBackgroundMember(window, name);
@@ -137,7 +138,7 @@ void onRowActivated(MainWindow& window, int tab, int row)
         shell.prompts.ShowMessage(oldFontsText());
         break;
     case DoubleClick::ShowFont:
-        openFontContent(window, row);
+        openFontContent(window, name);
         break;
     case DoubleClick::EditValue:
         openEditor(window);
@@ -182,7 +183,10 @@ void onKey(MainWindow& window, int tab, int key)
             onRowActivated(window, tab, lists.CurrentRow);
         break;
     case ListKey::TakeMenu:
-        onRowChecked(window, tab, lists.CurrentRow == 2 ? 1 : lists.CurrentRow, true);
+        // The line between the embedded menu and the files is none.
+        if (lists.CurrentRow == 2)
+            selectRow(window, tab, 1);
+        onRowChecked(window, tab, lists.CurrentRow, true);
         window.shell().prompts.ShowMessage(plannedMenuText());
         break;
     case ListKey::FlipCheck:
@@ -206,7 +210,7 @@ void onDelete(MainWindow& window)
     const int tab = lists.CurrentTab;
     switch (onComDEL(lists, tab, lists.CurrentRow, IsRequiredMember(name))) {
     case DeleteAction::RefuseRequired:
-        shell.prompts.ShowMessage(QStringLiteral("File \"%1\" can not be removed.\n"
+        shell.prompts.ShowMessage(QStringLiteral("File %1 can not be removed.\n"
                                                  "It is in the \"Required Files\" list\n"
                                                  "However, you can try to EDIT it.")
                                       .arg(name),
@@ -234,11 +238,15 @@ void deleteAll(MainWindow& window)
                                   QStringLiteral("Files Deleting")) != Answer::Ok)
         return;
     const ParamLists& lists = window.workbench().params;
+    FileSteps steps(shell);
     for (const QString& name : deleteAllNames(lists, lists.CurrentTab)) {
-        if (FileExists(shell.run.Workspace + name) &&
-            !shell.told(shell.files.remove(shell.run.Workspace + name)))
-            break;
+        if (!shell.told(steps.remove(shell.run.Workspace + name)))
+            return;
     }
+    if (!shell.told(steps.save(shell.run.Workspace + memberListName)) ||
+        !shell.told(RebuildMemberList(shell, {})))
+        return;
+    steps.keep();
     membersChanged(window, {});
 }
 
@@ -263,7 +271,9 @@ void runPopup(MainWindow& window, int index)
         deleteAll(window);
         break;
     case popupAdd:
-        commands.run(QStringLiteral("ComADD"));
+        if (onComADD(window.workbench().params, window.workbench().params.CurrentTab) !=
+            AddAction::TellPlanned)
+            commands.run(QStringLiteral("ComADD"));
         break;
     case popupResizeBackgrounds:
         commands.run(QStringLiteral("mnuEdit_Resize"));
@@ -356,6 +366,20 @@ void CloseEditor(MainWindow& window)
     ListView* view = window.rightPanel().view(window.workbench().params.CurrentTab);
     view->select(window.workbench().params.CurrentRow);
     view->setFocus();
+}
+
+void selectRow(MainWindow& window, int tab, int row)
+{
+    ParamLists& lists = window.workbench().params;
+    ListRows* list = lists.list(tab);
+    if (list == nullptr || list->row(row) == nullptr)
+        return;
+    list->selected = row;
+    window.rightPanel().view(tab)->select(row);
+    if (tab != lists.CurrentTab)
+        return;
+    lists.CurrentRow = row;
+    updateRowButtons(window);
 }
 
 void selectTab(MainWindow& window, int tab)

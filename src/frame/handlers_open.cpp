@@ -20,6 +20,8 @@ namespace fennel {
 
 namespace {
 
+const QString logoPattern = QStringLiteral("Logo_??.jpg");
+
 void fillBackgrounds(const Shell& shell, ListRows& list)
 {
     shell.WriteLog(QStringLiteral("     4_Backgrounds_in_ListView"));
@@ -94,11 +96,18 @@ void loadLogos(MainWindow& window)
 {
     const QString& folder = window.shell().run.Workspace;
     std::vector<QImage> logos;
-    for (const QString& name : numberedFiles(folder, QStringLiteral("Logo_??.jpg"))) {
+    for (const QString& name : numberedFiles(folder, logoPattern)) {
         const Result<QImage> picture = loadPicture(folder + name);
         logos.push_back(picture ? *picture : QImage());
     }
     window.stageLink().stage().setLogos(std::move(logos));
+}
+
+// The stage counts the logos that are there, so a gap in their numbers is no gap on the stage.
+void showLogoMember(MainWindow& window, const QString& name)
+{
+    const QStringList names = numberedFiles(window.shell().run.Workspace, logoPattern);
+    window.stageLink().stage().showLogo(static_cast<int>(names.indexOf(name)));
 }
 
 void rebuildTabs(MainWindow& window)

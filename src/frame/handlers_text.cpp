@@ -32,8 +32,9 @@ void refillLengths(MainWindow& window)
 void save(MainWindow& window)
 {
     const Shell& shell = window.shell();
-    const QString name = currentMember(window);
-    if (name.isEmpty())
+    // Another row may be chosen by now; the text goes back to where it came from.
+    const QString name = window.workbench().EditedText;
+    if (!window.rightPanel().editor().textEditMode() || name.isEmpty())
         return;
     const QString text = window.rightPanel().editor().text();
     if (!shell.told(saveTextMember(shell.files, shell.run.Workspace + name, text)))
@@ -43,10 +44,25 @@ void save(MainWindow& window)
     showTextMember(window, name);
 }
 
+void open(MainWindow& window, const QString& name)
+{
+    const Shell& shell = window.shell();
+    const Result<TextFile> file = readTextMember(shell.run.Workspace + name);
+    if (!file) {
+        (void)shell.told(file.failure());
+        return;
+    }
+    window.workbench().TextIsUtf8 = file->TextIsUtf8;
+    window.workbench().EditedText = name;
+    const QWidget& port = *window.surface().parentWidget();
+    const QRect stage(port.mapTo(&window.area(), QPoint(0, 0)), port.size());
+    window.rightPanel().openTextEditor(window.area(), name, file->text, stage);
+}
+
 void reload(MainWindow& window)
 {
     CloseEditor(window);
-    (void)EditTextFile(window);
+    open(window, window.workbench().EditedText);
 }
 
 void convert(MainWindow& window)
@@ -64,19 +80,10 @@ void convert(MainWindow& window)
 
 bool EditTextFile(MainWindow& window)
 {
-    const Shell& shell = window.shell();
     const QString name = currentMember(window);
     if (!isTextMember(name))
         return false;
-    const Result<TextFile> file = readTextMember(shell.run.Workspace + name);
-    if (!file) {
-        (void)shell.told(file.failure());
-        return true;
-    }
-    window.workbench().TextIsUtf8 = file->TextIsUtf8;
-    const QWidget& port = *window.surface().parentWidget();
-    const QRect stage(port.mapTo(&window.area(), QPoint(0, 0)), port.size());
-    window.rightPanel().openTextEditor(window.area(), name, file->text, stage);
+    open(window, name);
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include "frame/main_window.h"
 #include "frame/menus.h"
 #include "frame/stage_link.h"
+#include "shell/text.h"
 #include "stage/scale_commands.h"
 #include "tools/image_tool.h"
 
@@ -20,7 +21,8 @@ void fillTheScreen(MainWindow& window)
     if (!fill)
         return;
     window.move(window.screen()->availableGeometry().topLeft());
-    window.shell().run.RightPanelWidth = std::max(fill->rightPanel, minRightPanelWidth);
+    const int panel = roundToEven(fill->rightPanel / window.devicePixelRatioF());
+    window.shell().run.RightPanelWidth = std::max(panel, minRightPanelWidth);
     applyFill(stage, *fill);
 }
 
@@ -66,8 +68,10 @@ void addViewCommands(MainWindow& window)
                  [&window] { window.showBottomPanel(!window.workbench().flags.bottomPanelShown); });
     commands.add("mnuView_scale1", [&stage] { mnuView_scale1(stage); });
     commands.add("mnuView_fill", [&window] { fillTheScreen(window); });
-    commands.add("mnuView_custom",
-                 [&window, &stage] { mnuView_custom(stage, window.screen()->size()); });
+    commands.add("mnuView_custom", [&window, &stage] {
+        // The prompt names device pixels throughout.
+        mnuView_custom(stage, window.screen()->size() * window.devicePixelRatioF());
+    });
     commands.addArray("mnuView_scale", [&stage](int percent) { mnuView_scale(stage, percent); });
     commands.add("mnuView_Splash", [&window] { toggleSplash(window); });
 }

@@ -12,6 +12,7 @@
 #include "params/catalogue.h"
 #include "params/right_panel.h"
 #include "params/tabs.h"
+#include "shell/startup.h"
 #include "stage/stage_surface.h"
 
 #include <QEvent>
@@ -94,7 +95,8 @@ void MainWindow::UpdateInterface()
                                           : QStringLiteral("/Component of @ZUK-MOSA@ project/")));
     QProgressBar& progress = m_statusBar->progressBar();
     progress.show();
-    m_statusBar->ProgressBar_reset();
+    m_statusBar->progressBar().setGeometry(
+        ProgressBar_reset(m_workbench.shell, m_statusBar->rect(), m_statusBar->fieldPlace(2)));
     selectTab(*this, TabConfig);
     m_workbench.lastUsed.Recreate_LastUsed(m_workbench.shell,
                                            [&progress](int value) { progress.setValue(value); });
@@ -110,6 +112,10 @@ void MainWindow::Form_Activate()
 {
     const Shell& shell = m_workbench.shell;
     shell.WriteLog(QStringLiteral("Form_Activate Start"));
+    if (settingsFileThere(shell) == NextStep::EndProcess) {
+        QCoreApplication::quit();
+        return;
+    }
     if (!shell.run.GfxOpened)
         UpdateInterface();
     shell.WriteLog(QStringLiteral("Form_Activate End"));
@@ -135,7 +141,7 @@ public:
         Stage& stage = m_window.m_stageLink->stage();
         stage.ShowMarker(-1, -1);
         stage.SelectedPanel = -1;
-        stage.HideAllPanels();
+        stage.clear();
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
         m_window.setEnabled(false);
     }

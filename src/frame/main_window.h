@@ -93,7 +93,11 @@ private:
     void buildAreas();
     void buildSplitters();
     void connectAreas();
-    void place(const LayoutResult& layout);
+    // Each places and shows one area as the arithmetic of layout.h says.
+    void LayoutBottomPanel(const LayoutResult& layout);
+    void LayoutRightPanel(const LayoutResult& layout);
+    void LayoutTools(const LayoutResult& layout);
+    void placeSplitters(const LayoutResult& layout);
     void showWelcome();
     void keepOnScreen();
     void setPanelWidth(int width);

@@ -12,6 +12,7 @@
 #include "frame/toolbar.h"
 #include "params/right_panel.h"
 #include "params/tabs.h"
+#include "shell/text.h"
 #include "stage/colour_tools.h"
 #include "stage/stage_surface.h"
 
@@ -129,8 +130,16 @@ void MainWindow::connectAreas()
             [this, &run] { m_dragStart = run.BottomPanelHeight; });
     connect(m_horizontal, &SplitterBar::dragged, this,
             [this](int distance) { setPanelHeight(m_dragStart + distance); });
-    for (SplitterBar* bar : {m_vertical, m_horizontal})
-        connect(bar, &SplitterBar::released, this, &MainWindow::ShowBackground);
+    for (SplitterBar* bar : {m_vertical, m_horizontal}) {
+        // While a splitter moves, what happens in lists is not the user's doing.
+        connect(bar, &SplitterBar::pressed, this, [&run] { run.InterfaceReady = false; });
+        connect(bar, &SplitterBar::released, this, [this, &run] {
+            run.InterfaceReady = true;
+            ShowBackground();
+        });
+    }
+    connect(m_vertical, &SplitterBar::released, this,
+            [this] { m_rightPanel->view(m_workbench.params.CurrentTab)->fitColumns(); });
 }
 
 void MainWindow::setPanelWidth(int width)
@@ -177,7 +186,12 @@ void MainWindow::LayoutWindow()
     const int bars =
         menuBar()->sizeHint().height() + m_toolbar->sizeHint().height() + m_statusBar->height();
     setFixedSize(layout.area.width(), layout.area.height() + bars);
-    place(layout);
+    m_port->setGeometry(layout.picture);
+    m_inspection->setGeometry(layout.picture.adjusted(10, 9, -10, -9));
+    LayoutBottomPanel(layout);
+    LayoutRightPanel(layout);
+    LayoutTools(layout);
+    placeSplitters(layout);
     keepOnScreen();
 }
 
@@ -193,25 +207,45 @@ void MainWindow::keepOnScreen()
         move(place);
 }
 
-void MainWindow::place(const LayoutResult& layout)
+void MainWindow::LayoutBottomPanel(const LayoutResult& layout)
 {
-    const WindowFlags& flags = m_workbench.flags;
-    m_port->setGeometry(layout.picture);
-    m_rightPanel->setGeometry(layout.rightPanel);
-    m_rightPanel->setVisible(flags.rightPanelShown);
+    const bool shown = m_workbench.flags.bottomPanelShown;
+    if (shown)
+        m_workbench.shell.WriteLog(QStringLiteral(" Frame2.Show "));
     m_bottomPanel->setGeometry(layout.bottomPanel);
-    m_bottomPanel->setVisible(flags.bottomPanelShown);
+    m_bottomPanel->setVisible(shown);
+    showSizes(m_bottomPanel->heightControl(), minBottomPanelHeight, layout.largestBottomPanel,
+              layout.BottomPanelHeight);
+    m_fontInfo->setGeometry(overThumbnails(layout.bottomPanel));
+    m_fontInfo->setVisible(shown && m_workbench.shell.run.GfxOpened &&
+                           m_workbench.params.CurrentTab == TabFonts);
+    showFontSample(*this);
+}
+
+void MainWindow::LayoutRightPanel(const LayoutResult& layout)
+{
+    const bool shown = m_workbench.flags.rightPanelShown;
+    if (shown)
+        m_workbench.shell.WriteLog(QStringLiteral(" Frame1.Show "));
+    m_rightPanel->setGeometry(layout.rightPanel);
+    m_rightPanel->setVisible(shown);
+    showSizes(m_rightPanel->widthSpin(), minRightPanelWidth,
+              std::max(layout.largestRightPanel, layout.RightPanelWidth), layout.RightPanelWidth);
+}
+
+void MainWindow::LayoutTools(const LayoutResult& layout)
+{
     const RunState& run = m_workbench.shell.run;
     const bool corner = !layout.tools.isEmpty() && run.GfxOpened;
     m_tools->setGeometry(layout.tools);
     m_tools->setVisible(corner && run.GfxHasZuk);
-    m_fontInfo->setGeometry(overThumbnails(layout.bottomPanel));
-    m_fontInfo->setVisible(flags.bottomPanelShown && m_workbench.shell.run.GfxOpened &&
-                           m_workbench.params.CurrentTab == TabFonts);
-    showFontSample(*this);
-    m_inspection->setGeometry(layout.picture.adjusted(10, 9, -10, -9));
     m_message->setGeometry(layout.tools);
     m_message->setVisible(corner && !run.GfxHasZuk);
+}
+
+void MainWindow::placeSplitters(const LayoutResult& layout)
+{
+    const WindowFlags& flags = m_workbench.flags;
     m_vertical->setGeometry(layout.verticalSplitter);
     m_horizontal->setGeometry(layout.horizontalSplitter);
     m_rightButton->setGeometry(layout.rightButton);
@@ -222,10 +256,6 @@ void MainWindow::place(const LayoutResult& layout)
     bottomButton.setArrowType(flags.bottomPanelShown ? Qt::UpArrow : Qt::DownArrow);
     bottomButton.setToolTip(flags.bottomPanelShown ? QStringLiteral("Hide Bottom Panel")
                                                    : QStringLiteral("Show Bottom Panel"));
-    showSizes(m_rightPanel->widthSpin(), minRightPanelWidth,
-              std::max(layout.largestRightPanel, layout.RightPanelWidth), layout.RightPanelWidth);
-    showSizes(m_bottomPanel->heightControl(), minBottomPanelHeight, layout.largestBottomPanel,
-              layout.BottomPanelHeight);
 }
 
 void MainWindow::showRightPanel(bool shown)
@@ -289,18 +319,23 @@ void MainWindow::showObjectMenu()
         m_menus->checkEntry("mnuEdit_ZUK_arr", tab, tab == lists.CurrentTab);
 }
 
+// In device pixels, as the picture is. The gutter and the splitter stand there whatever is hidden.
 FillRoom MainWindow::fillRoom() const
 {
-    FillRoom room;
-    room.workArea = screen()->availableGeometry();
-    room.rightPanel = m_workbench.flags.rightPanelShown ? m_rightPanel->width() + gutterWidth : 0;
-    room.bottomPanel =
-        m_workbench.flags.bottomPanelShown ? m_bottomPanel->height() + splitterWidth : 0;
-    room.toolbar = m_toolbar->height();
-    room.statusBar = m_statusBar->height();
+    const auto device = [this](int logical) { return roundToEven(logical * devicePixelRatioF()); };
+    const WindowFlags& flags = m_workbench.flags;
+    const QRect desktop = screen()->availableGeometry();
     const QSize border = frameGeometry().size() - size();
-    room.chromeHeight = border.height() + menuBar()->height();
-    room.frameWidth = border.width() + gutterWidth;
+    FillRoom room;
+    room.workArea = {device(desktop.x()), device(desktop.y()), device(desktop.width()),
+                     device(desktop.height())};
+    room.rightPanel = device((flags.rightPanelShown ? m_rightPanel->width() : 0) + gutterWidth);
+    room.bottomPanel =
+        device((flags.bottomPanelShown ? m_bottomPanel->height() : 0) + splitterWidth);
+    room.toolbar = device(m_toolbar->height());
+    room.statusBar = device(m_statusBar->height());
+    room.chromeHeight = device(border.height() + menuBar()->height());
+    room.frameWidth = device(border.width() + gutterWidth);
     return room;
 }
 

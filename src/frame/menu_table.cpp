@@ -123,7 +123,7 @@ constexpr auto items = std::to_array<MenuItem>({
      Opened},
     {"mnu_Context_picture1_Clipboard", "mnu_Context_picture1", u"Set Clipboard as background",
      Command, OpenedCfg},
-    {"mnu_Context_picture1_169", "mnu_Context_picture1", u"16:9 support", Command, OpenedZuk},
+    {"mnu_Context_picture1_169", "mnu_Context_picture1", u"16:9 support"},
     {"mnu_Context_ListView1Popup", "", u"", Popup},
     {"ListView1Popup", "mnu_Context_ListView1Popup", u"", Array},
 });

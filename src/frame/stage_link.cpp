@@ -93,7 +93,7 @@ void StageLink::PanelParamsToRow(int index)
 {
     ParamLists& lists = m_window.workbench().params;
     const PanelRec* object = lists.object(index);
-    if (object == nullptr)
+    if (object == nullptr || menuLevelShown())
         return;
     // The record is exact where the shown pixels are coarser, so it stands for the shown place.
     const QRectF place(object->Left, object->Top, object->Width, object->Height);
@@ -145,7 +145,7 @@ void StageLink::selectTabOf(int index)
 
 bool StageLink::menuLevelShown()
 {
-    return m_window.rightPanel().fromMenu().isChecked();
+    return m_window.shell().run.GfxHasZuk && m_window.rightPanel().fromMenu().isChecked();
 }
 
 int StageLink::pipettesOn()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "frame/status_bar.h"
 
+#include "shell/status_line.h"
+
 #include <QFontMetrics>
 
 #include <algorithm>
@@ -90,13 +92,12 @@ void StatusBar::layFields()
         x += field;
     }
     m_bottomButton->setGeometry(end, 1, buttonWidth, height() - 2);
-    ProgressBar_reset();
+    m_progress->setGeometry(progressPlace(rect(), fieldPlace(2)));
 }
 
-void StatusBar::ProgressBar_reset()
+QRect StatusBar::fieldPlace(int number) const
 {
-    const QRect field = m_fields[1]->geometry();
-    m_progress->setGeometry(field.left(), 1, field.width(), height() - 2);
+    return m_fields.at(static_cast<std::size_t>(number - 1))->geometry();
 }
 
 void StatusBar::resizeEvent(QResizeEvent* event)

@@ -24,8 +24,8 @@ public:
     void setField(int number, const QString& text);
     [[nodiscard]] QString field(int number) const;
 
-    // Lays ProgressBar1 over field 2.
-    void ProgressBar_reset();
+    // In the coordinates of the line, with its frame.
+    [[nodiscard]] QRect fieldPlace(int number) const;
     [[nodiscard]] QProgressBar& progressBar() { return *m_progress; }
     [[nodiscard]] QToolButton& bottomButton() { return *m_bottomButton; }
 

@@ -35,16 +35,14 @@ std::optional<QString> switchMenuLevel(const Shell& shell, ParamLists& lists, bo
     if (!checked)
         GatherListValues(shell, lists);
     RecalcPanelsFromLevels(shell, lists, checked ? Layer::Lst : Layer::Edit);
-    // The value in force on either side: a menu that says nothing of the background keeps it.
-    const auto inForce = [&](Layer layer) {
-        return lists.ZUKarr.GetLevelValue(0, backgroundParam, layer).value_or(-1);
-    };
-    const qint64 ofMenu = inForce(Layer::Lst);
-    const qint64 ofLists = inForce(Layer::Edit);
-    // The background is read from disk, so it only changes if it has to.
-    if (ofMenu == ofLists)
+    const auto number =
+        lists.ZUKarr.GetLevelValue(0, backgroundParam, checked ? Layer::Lst : Layer::Edit);
+    if (!number)
         return std::nullopt;
-    return backgroundPath(shell.run.Workspace, checked ? ofMenu : ofLists);
+    // Compared with what is shown, since the menu that chose it may be gone by now. A background is
+    // read from disk, so it only changes if it has to.
+    const QString wanted = backgroundPath(shell.run.Workspace, *number);
+    return wanted == shell.run.BackFile ? std::nullopt : std::optional(wanted);
 }
 
 } // namespace fennel

@@ -23,6 +23,7 @@ ValueEditor::ValueEditor(QWidget* parent)
       m_pipette(new QCheckBox(this)), m_textButtons(nullptr)
 {
     setObjectName(QStringLiteral("Frame6ParamsEdit"));
+    setTitle(QStringLiteral("Parameter"));
     setAutoFillBackground(true);
     m_text->setObjectName(QStringLiteral("TextValue"));
     // A value is one line: no tabs, no wrapping, no scroll bars.
@@ -102,8 +103,9 @@ void ValueEditor::open(const QString& caption, const QString& text, QPoint ancho
     setText(text);
     // Values in hexadecimal are colours; the others have no use for a colour dialog.
     const bool isColour = text.startsWith(QLatin1String("0x"), Qt::CaseInsensitive);
-    m_colour->setVisible(isColour);
-    m_pipette->setVisible(isColour);
+    m_colour->setEnabled(isColour);
+    m_pipette->setEnabled(isColour);
+    m_pipette->show();
     place(anchor);
     m_text->selectAll();
     m_text->setFocus();
@@ -114,7 +116,7 @@ void ValueEditor::openText(const QString& caption, const QString& text, QPoint a
 {
     setTextMode(false);
     setTitle(caption);
-    m_colour->hide();
+    m_colour->setEnabled(false);
     m_pipette->hide();
     place(anchor);
     setTextMode(true);

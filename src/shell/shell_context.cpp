@@ -13,10 +13,19 @@ bool Shell::toolThere(const QString& tool) const
     return false;
 }
 
+void Shell::logFailure(const Failure& failure) const
+{
+    log.setPendingError(
+        static_cast<int>(failure.kind) + 1, programTitle(),
+        QString::fromStdString(failure.text).replace(QLatin1Char('\n'), QLatin1Char(' ')));
+    (void)WriteLog(QStringLiteral("ERR"));
+}
+
 bool Shell::told(const Result<void>& result) const
 {
     if (result)
         return true;
+    logFailure(result.failure());
     prompts.ShowMessage(QString::fromStdString(result.failure().text), MessageType::Stop,
                         QStringLiteral("ERROR"));
     return false;

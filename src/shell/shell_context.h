@@ -21,7 +21,9 @@ struct Shell {
     QString WriteLog(const QString& text) const { return log.WriteLog(text); }
     // True if the tool is there; otherwise the user is shown its path and " not found!".
     [[nodiscard]] bool toolThere(const QString& tool) const;
-    // Shows a failure's sentence; true if there was none.
+    // The log's line for an error: the number is that of the kind, from 1.
+    void logFailure(const Failure& failure) const;
+    // Logs and shows a failure's sentence; true if there was none.
     bool told(const Result<void>& result) const;
 };
 

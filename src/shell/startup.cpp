@@ -49,7 +49,7 @@ quint32 hexNumber(const QString& text)
 void note(const Shell& shell, const Result<void>& result)
 {
     if (!result)
-        shell.WriteLog(QString::fromStdString(result.failure().text));
+        shell.logFailure(result.failure());
 }
 
 void startLog(const Shell& shell, const StartInput& input)

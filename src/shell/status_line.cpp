@@ -45,11 +45,16 @@ void Status_set(const Shell& shell, StatusFields& fields)
 }
 
 // The bar lies over the second field with a pixel of the line's frame free above and below.
+QRect progressPlace(const QRect& statusLine, const QRect& secondField)
+{
+    return {secondField.left(), statusLine.top() + 1, secondField.width(),
+            std::max(0, statusLine.height() - 2)};
+}
+
 QRect ProgressBar_reset(const Shell& shell, const QRect& statusLine, const QRect& secondField)
 {
     shell.WriteLog(QStringLiteral(" ProgressBar_reset"));
-    return {secondField.left(), statusLine.top() + 1, secondField.width(),
-            std::max(0, statusLine.height() - 2)};
+    return progressPlace(statusLine, secondField);
 }
 
 } // namespace fennel

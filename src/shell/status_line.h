@@ -29,7 +29,9 @@ struct StatusFields {
 // `Status.set`: sets the fields from the run state; 4 to 7 only while nothing is open.
 void Status_set(const Shell& shell, StatusFields& fields);
 
-// `ProgressBar_reset`: where the bar lies, in pixels, in the coordinates of the two given places.
+// Where the bar lies, in pixels, in the coordinates of the two given places.
+QRect progressPlace(const QRect& statusLine, const QRect& secondField);
+// `ProgressBar_reset`: the same, and the line of the log that belongs to it.
 QRect ProgressBar_reset(const Shell& shell, const QRect& statusLine, const QRect& secondField);
 
 } // namespace fennel

@@ -114,7 +114,7 @@ void StageGestures::panelPressed(const StageMouse& mouse)
     if (picking())
         return;
     const int index = m_panel;
-    m_dragging = true;
+    m_dragging = !locked();
     // Until the release: what the drag writes into the lists must not come back as a change by
     // hand.
     m_stage.run().InterfaceReady = false;
@@ -142,12 +142,11 @@ void StageGestures::showPanelStatus(int index)
     const PanelRec& rec = m_stage.record(index);
     const QRect& rect = m_stage.panel(index).rect;
     m_stage.host().setStatus(nameStatus, rec.Name);
-    m_stage.host().setStatus(placeStatus,
-                             u"(%1;%2), width %3x%4, Transp.=%5"_s.arg(scale.boot(rect.x()))
-                                 .arg(scale.boot(rect.y()))
-                                 .arg(scale.boot(rect.width()))
-                                 .arg(scale.boot(rect.height()))
-                                 .arg(rec.Transp));
+    m_stage.host().setStatus(placeStatus, u"(%1;%2), %3x%4, Transp.=%5"_s.arg(scale.boot(rect.x()))
+                                              .arg(scale.boot(rect.y()))
+                                              .arg(scale.boot(rect.width()))
+                                              .arg(scale.boot(rect.height()))
+                                              .arg(rec.Transp));
 }
 
 void StageGestures::panelMoved(const StageMouse& mouse, int index)
@@ -230,6 +229,10 @@ void StageGestures::storePlace(int index)
 // The end of a move: record, picture and rows say the same.
 void StageGestures::settle(int index)
 {
+    if (locked()) {
+        m_stage.redraw(index);
+        return;
+    }
     storePlace(index);
     if (index == m_stage.SelectedPanel)
         m_stage.redraw(index);
@@ -324,6 +327,8 @@ void StageGestures::writeMenuStart(int left, int top)
 
 void StageGestures::nudge(int index, QPoint by)
 {
+    if (locked())
+        return;
     remember(index);
     PanelRec& rec = m_stage.record(index);
     const StageScale scale = m_stage.scale();

@@ -65,6 +65,8 @@ private:
     };
 
     [[nodiscard]] bool picking() const { return m_stage.host().pipettesOn() > 0; }
+    // What is shown are a menu's values, which are never written into the gfxboot.
+    [[nodiscard]] bool locked() const { return m_stage.host().menuLevelShown(); }
     [[nodiscard]] bool levels() const { return m_stage.run().gfxboot_var == 3; }
     void setTarget(QPoint at);
     void remember(int index);

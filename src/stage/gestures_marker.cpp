@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 void StageGestures::markerPressed(const StageMouse& mouse)
 {
     const int index = m_stage.SelectedPanel;
-    if (picking() || !m_stage.isRow(index))
-        return;
+    if (picking() || locked() || !m_stage.isRow(index))
+        return; // m_panel is -1 then, and the moves that follow find nothing to pull
     m_stage.run().InterfaceReady = false;
     // The band takes its place until the release.
     m_stage.ShowMarker(-1, -1);

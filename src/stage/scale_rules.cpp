@@ -55,11 +55,10 @@ QString scaleStatus(int backWidth, int backHeight, double scale)
 
 FillResult fillScale(const FillRoom& room, int backWidth, int backHeight)
 {
-    const int right = room.workArea.x() + room.workArea.width();
-    const int bottom = room.workArea.y() + room.workArea.height();
-    const double across = (right - room.rightPanel) * 100.0 / backWidth;
-    const int height = bottom - room.chromeHeight - room.frameHeight - room.toolbar -
-                       room.bottomPanel - room.statusBar;
+    // The window goes to the work area's corner, so its size is the room and not its far edges.
+    const double across = (room.workArea.width() - room.rightPanel) * 100.0 / backWidth;
+    const int height = room.workArea.height() - room.chromeHeight - room.frameHeight -
+                       room.toolbar - room.bottomPanel - room.statusBar;
     const double down = height * 100.0 / backHeight;
     // The tighter side decides. In a tiny window the room may even be negative.
     const double percent = std::max(smallestFill, std::min({across, largestFill, down}));

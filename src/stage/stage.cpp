@@ -112,6 +112,21 @@ void Stage::HideAllPanels()
     }
 }
 
+void Stage::clear()
+{
+    HideAllPanels();
+    m_cleared = true;
+    changed(QRect(QPoint(), pictureSize()));
+}
+
+void Stage::endClear()
+{
+    if (!m_cleared)
+        return;
+    m_cleared = false;
+    changed(QRect(QPoint(), pictureSize()));
+}
+
 void Stage::place(int index)
 {
     const PanelRec& rec = record(index);

@@ -93,6 +93,8 @@ public:
 
     // Takes every panel off the stage; records and pictures stay.
     void HideAllPanels();
+    // The same, and the background goes too, until something is drawn again.
+    void clear();
     // Colours, place and size from the record, to the front if it is seen and enabled, then drawn.
     void ApplyPanel(int index);
     // All panels from their records; those that are shown only with their tab stay hidden, but for
@@ -157,6 +159,7 @@ private:
     [[nodiscard]] bool isFrozen(int index) const;
     void changed(const QRect& area) const;
     void changedOutline(const std::optional<QRect>& band) const;
+    void endClear();
     void place(int index);
     void setVisible(int index, bool visible);
     void render(int index);
@@ -177,6 +180,7 @@ private:
     StageData m_data;
     QStringList m_families; // of the system, when the gfxboot was opened
     QImage m_background;
+    bool m_cleared = false; // nothing of the picture is seen
     std::vector<StagePanel> m_panels;
     std::vector<int> m_order;
     std::vector<QImage> m_logos;

@@ -20,6 +20,7 @@ void Stage::setBackground(const QImage& picture)
     if (picture.isNull())
         return;
     m_background = picture.convertToFormat(QImage::Format_RGB32);
+    m_cleared = false;
     // Their pictures are mixed with what lies below.
     for (StagePanel& panel : m_panels)
         panel.stale = true;
@@ -72,6 +73,7 @@ void Stage::rememberBackground()
 void Stage::ShowBackground()
 {
     m_data.shell.WriteLog(u" Picture1.Show "_s);
+    endClear();
     host().prepareBackground();
     if (FileExists(run().BackFile)) {
         if (run().GfxOpened) {

@@ -49,6 +49,7 @@ void Stage::updateOnOffCaptions()
 // Only the part on the background is drawn: a panel of any size costs at most one screen.
 void Stage::render(int index)
 {
+    endClear();
     StagePanel& panel = m_panels[at(index)];
     panel.stale = false;
     panel.drawn = true;
@@ -118,6 +119,8 @@ void Stage::paintPanel(QPainter& painter, const StagePanel& panel, const QRegion
 // Every panel covers what lies under it, so from the top down each pixel is painted once.
 void Stage::paint(QPainter& painter, const QRegion& dirty) const
 {
+    if (m_cleared)
+        return;
     QRegion bare = dirty & QRect(QPoint(), pictureSize());
     for (auto i = m_order.rbegin(); i != m_order.rend() && !bare.isEmpty(); ++i) {
         if (!isRow(*i) || !panel(*i).visible || !bare.intersects(panel(*i).rect))

@@ -64,6 +64,11 @@ void Stage::SelectNextPanel(bool backwards)
         return;
     tone(index);
     host().selectTabOf(index);
+    // An object that is seen only with its tab has just come.
+    if (isRow(index) && panel(index).visible && !m_markerOn) {
+        redraw(index);
+        ShowMarker(index, 0);
+    }
 }
 
 // Higher for later tabs.

@@ -220,7 +220,8 @@ void StageSurface::updatePulse()
 {
     const QWindow* native = window()->windowHandle();
     const bool seen = isVisible() && native != nullptr && native->isExposed();
-    if (!seen || !m_stage.pulses() || m_buttonDown || m_stage.host().pipettesOn() > 0) {
+    if (!seen || !m_tickGate || !m_stage.pulses() || m_buttonDown ||
+        m_stage.host().pipettesOn() > 0) {
         m_pulse.stop();
         return;
     }
@@ -229,6 +230,12 @@ void StageSurface::updatePulse()
     // In step with the screen; more often would be drawn for nobody.
     const double rate = native->screen() != nullptr ? native->screen()->refreshRate() : 60;
     m_pulse.start(std::max(1, static_cast<int>(1000 / std::max(1.0, rate))), this);
+}
+
+void StageSurface::setTickGate(bool open)
+{
+    m_tickGate = open;
+    updatePulse();
 }
 
 void StageSurface::timerEvent(QTimerEvent* event)

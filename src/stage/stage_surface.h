@@ -36,6 +36,8 @@ public:
     // Starts or stops the pulse; without a marker to be seen, or while a colour is picked, it
     // rests.
     void updatePulse();
+    // False: the pulse rests, whatever else holds.
+    void setTickGate(bool open);
 
 protected:
     bool event(QEvent* event) override;
@@ -65,6 +67,7 @@ private:
     QElapsedTimer m_pulseTime;
     QObject* m_window = nullptr; // the native window whose exposure is watched
     double m_ratio = 0;
+    bool m_tickGate = true;
     bool m_buttonDown = false;
 };
 

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tools/image_commands.h"
 
+#include "container/gfx_save.h"
 #include "shell/text.h"
+#include "tools/picture_import.h"
+
+#include <QDir>
 
 #include <algorithm>
 
@@ -19,6 +23,7 @@ const QString resizedName = u"tmp.jpg"_s;
 QString askForPicture(const Shell& shell, const QString& filter)
 {
     FileQuestion question;
+    question.folder = picturesFolder();
     question.title = u"File open...."_s;
     question.filter = filter;
     question.picture = true;
@@ -49,11 +54,8 @@ const QString resizedMessage = u"The resulting image is placed in the Clipboard\
 
 void mnuT_NConvert_Clipboard(const Shell& shell, const PictureClipboard& clipboard)
 {
-    FileQuestion question;
-    question.title = u"Save Clipboard image as..."_s;
-    question.filter = u"jpg-files (*.jpg)|*.jpg|"_s;
-    question.proposedName = clipboardJpgName;
-    QString chosen = shell.prompts.saveFile(question);
+    QString chosen =
+        SaveDialog(shell, QDir::homePath(), u"Save Clipboard image as..."_s, clipboardJpgName);
     if (chosen.isEmpty())
         return;
     // The dialog does not add the ending by itself on every desktop.

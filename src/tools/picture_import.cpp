@@ -13,12 +13,16 @@ namespace fennel {
 
 using namespace Qt::StringLiterals;
 
+QString picturesFolder()
+{
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    return FolderExists(pictures) ? pictures : QString();
+}
+
 QString askForPicture(const Shell& shell)
 {
-    // Pictures come from where people keep them, not from where the gfxboot is.
-    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
     FileQuestion question;
-    question.folder = FolderExists(pictures) ? pictures : QString();
+    question.folder = picturesFolder();
     question.title = u"File open...."_s;
     question.filter = u"All picture Files |*.jpg;*.bmp;*.png;*.pcx;*.gif;*.tif;*.tga;*.cur;*.jpeg;"
                       "*.ico|jpg-files (*.jpg)|*.jpg|"_s;

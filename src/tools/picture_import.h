@@ -9,6 +9,10 @@
 
 namespace fennel {
 
+// Where picture dialogues begin: pictures come from where people keep them, not from where the
+// gfxboot is. Empty without such a folder.
+QString picturesFolder();
+
 // The chosen picture's path, or an empty string.
 QString askForPicture(const Shell& shell);
 

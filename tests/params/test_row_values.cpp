@@ -147,6 +147,8 @@ TEST_F(RowValues, GiveWayToAMenu)
     refreshLstColumn(lists);
     EXPECT_EQ(row(5, u":06:="_s).text(LstColumn), QString());
 
+    const QString& folder = shell.run.Workspace;
+    shell.run.BackFile = folder + u"back.jpg"_s;
     type(5, u":02:="_s, u"50"_s);
     EXPECT_EQ(switchMenuLevel(shell.shell, lists, true), std::nullopt); // no word of a background
     EXPECT_EQ(panel(5).Left, 400);
@@ -156,6 +158,9 @@ TEST_F(RowValues, GiveWayToAMenu)
     type(39, u":99:="_s, u"3"_s);
     lists.ZUKarr.at(0, 99).LstValue = 102;
     shell.member(u"back_02.jpg"_s, "x");
-    EXPECT_EQ(switchMenuLevel(shell.shell, lists, true), shell.run.Workspace + u"back_02.jpg"_s);
-    EXPECT_EQ(switchMenuLevel(shell.shell, lists, false), shell.run.Workspace + u"back.jpg"_s);
+    EXPECT_EQ(switchMenuLevel(shell.shell, lists, true), folder + u"back_02.jpg"_s);
+    shell.run.BackFile = folder + u"back_02.jpg"_s;
+    // The menu is gone before the values are switched back; its background must not stay.
+    lists.ZUKarr.at(0, 99).LstValue.reset();
+    EXPECT_EQ(switchMenuLevel(shell.shell, lists, false), folder + u"back.jpg"_s);
 }

@@ -38,7 +38,7 @@ TEST_F(StageTest, DragInGenerationThreeWritesRowsOnTheWay)
     EXPECT_EQ(rec(5).Left, 120);
     EXPECT_EQ(rec(5).Top, 80);
     EXPECT_EQ(host.rows, (std::vector<int>{5}));
-    EXPECT_EQ(host.status[6], u"(120;80), width 72x22, Transp.=255"_s);
+    EXPECT_EQ(host.status[6], u"(120;80), 72x22, Transp.=255"_s);
     mouse.move(held({5000, 5000}));
     EXPECT_EQ(stage.panel(5).rect, QRect(728, 578, 72, 22)) << "wholly on the picture";
     mouse.move(held({-100, -100}));
