@@ -36,6 +36,15 @@ QMessageBox::StandardButtons buttonsOf(MessageType type)
     }
 }
 
+// The program may be told to end below an open question, which nobody has agreed to then.
+Answer answerWithoutButton(MessageType type)
+{
+    const QMessageBox::StandardButtons buttons = buttonsOf(type);
+    if (buttons.testFlag(QMessageBox::Cancel))
+        return Answer::Cancel;
+    return buttons.testFlag(QMessageBox::No) ? Answer::No : Answer::Ok;
+}
+
 QMessageBox::Icon iconOf(MessageType type)
 {
     switch (type) {
@@ -149,8 +158,10 @@ Answer QtPrompts::ShowMessage(const QString& text, MessageType type, const QStri
         return Answer::No;
     case QMessageBox::Cancel:
         return Answer::Cancel;
-    default:
+    case QMessageBox::Ok:
         return Answer::Ok;
+    default:
+        return answerWithoutButton(type);
     }
 }
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "bridges/run_program.h"
 #include "container/raw_cpio.h"
-
-#include <gtest/gtest.h>
+#include "support/run_program.h"
 
 #include <QRandomGenerator>
 

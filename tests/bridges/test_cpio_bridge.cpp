@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "bridges/run_program.h"
 #include "container/raw_cpio.h"
+#include "support/run_program.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <csignal>
 #include <sys/resource.h>

@@ -3,12 +3,7 @@
 #include "container/archive_commands.h"
 #include "container/archive_tools.h"
 #include "container/member_list.h"
-#include "support/test_shell.h"
-
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QProcess>
+#include "support/run_program.h"
 
 namespace fennel::test {
 
@@ -71,12 +66,10 @@ TEST_F(ArchiveCommands, ExtractedAndAssembledIsTheSameArchive)
     folder = target;
     assemble(shell.path(u"again"_s));
     // The members' dates are those of the extraction; names, order and contents are the same.
-    QProcess judge;
-    judge.setStandardInputFile(shell.path(u"again"_s));
-    judge.start(u"cpio"_s, {u"-it"_s, u"--quiet"_s});
-    ASSERT_TRUE(judge.waitForFinished());
-    EXPECT_EQ(judge.readAllStandardOutput(), "init\nb.txt\na.txt\n");
-    EXPECT_EQ(bytesOf(shell.path(u"again"_s)).size(), before.size());
+    const QByteArray again = bytesOf(shell.path(u"again"_s));
+    EXPECT_EQ(runProgram(u"cpio"_s, {u"-it"_s, u"--quiet"_s}, {}, again).out,
+              "init\nb.txt\na.txt\n");
+    EXPECT_EQ(again.size(), before.size());
     EXPECT_FALSE(FileExists(shell.run.WorkspaceRoot + assembledName));
 }
 
@@ -181,9 +174,7 @@ protected:
     QString packed(const QString& name, const QByteArray& bytes)
     {
         put(name, bytes);
-        QProcess judge;
-        judge.start(u"gzip"_s, {u"-N"_s, folder + u'/' + name});
-        EXPECT_TRUE(judge.waitForFinished() && judge.exitCode() == 0);
+        EXPECT_EQ(runProgram(u"gzip"_s, {u"-N"_s, folder + u'/' + name}).code, 0);
         return folder + u'/' + name + u".gz"_s;
     }
 };
@@ -196,10 +187,7 @@ TEST_F(GzipCommands, PackAndExtractGiveTheFileBack)
     mnuT_GZip_Pack(shell.shell);
     EXPECT_EQ(shell.prompts.fileQuestions.back().title, u"File to compress...."_s);
     EXPECT_EQ(namesIn(folder), (QStringList{u"some text.txt"_s, u"some text.txt.gz"_s}));
-    QProcess judge;
-    judge.start(u"gzip"_s, {u"-dc"_s, file + u".gz"_s});
-    ASSERT_TRUE(judge.waitForFinished());
-    EXPECT_EQ(judge.readAllStandardOutput(), QByteArray(5000, 'z'));
+    EXPECT_EQ(runProgram(u"gzip"_s, {u"-dc"_s, file + u".gz"_s}).out, QByteArray(5000, 'z'));
 
     ASSERT_TRUE(QFile::remove(file));
     shell.prompts.expectOpen(file + u".gz"_s);

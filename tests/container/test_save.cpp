@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "bridges/run_program.h"
 #include "container/gfx_save.h"
 #include "container/open_fixture.h"
+#include "support/run_program.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <sys/stat.h>
 #include <unistd.h>

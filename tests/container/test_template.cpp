@@ -3,8 +3,6 @@
 
 #include "support/test_shell.h"
 
-#include <gtest/gtest.h>
-
 #include <QDir>
 
 using namespace fennel;

@@ -3,16 +3,11 @@
 // by the code that put it together.
 #pragma once
 
-#include <QByteArray>
-#include <QDir>
-#include <QMap>
-#include <QProcess>
-#include <QStringList>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include "support/run_program.h"
 
 namespace fennel::test {
+
+using namespace Qt::StringLiterals;
 
 struct TemplateParts {
     QByteArray gzip;
@@ -27,31 +22,16 @@ inline QByteArray fileBytes(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-inline QByteArray outputOf(const QString& program, const QStringList& arguments,
-                           const QByteArray& input, const QString& folder = {})
-{
-    QProcess process;
-    process.setWorkingDirectory(folder);
-    process.start(program, arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    EXPECT_TRUE(process.waitForFinished() && process.exitCode() == 0)
-        << process.readAllStandardError().toStdString();
-    return process.readAllStandardOutput();
-}
-
 inline TemplateParts templateParts()
 {
     TemplateParts parts;
     const QTemporaryDir folder;
-    const QString cpio = QStringLiteral("cpio");
     parts.gzip = fileBytes(QStringLiteral(FENNEL_BIN_DIR "/data/GFX.GZ"));
-    parts.archive = outputOf(QStringLiteral("gzip"), {QStringLiteral("-dc")}, parts.gzip);
-    const QByteArray list =
-        outputOf(cpio, {QStringLiteral("-it"), QStringLiteral("--quiet")}, parts.archive);
-    parts.order = QString::fromLatin1(list).split(u'\n', Qt::SkipEmptyParts);
-    outputOf(cpio, {QStringLiteral("-id"), QStringLiteral("--quiet")}, parts.archive,
-             folder.path());
+    parts.archive = runProgram(u"gzip"_s, {u"-dc"_s}, {}, parts.gzip).out;
+    const Ran list = runProgram(u"cpio"_s, {u"-it"_s, u"--quiet"_s}, {}, parts.archive);
+    parts.order = QString::fromLatin1(list.out).split(u'\n', Qt::SkipEmptyParts);
+    EXPECT_EQ(runProgram(u"cpio"_s, {u"-id"_s, u"--quiet"_s}, folder.path(), parts.archive).code,
+              0);
     for (const QString& name : parts.order)
         parts.members[name] = fileBytes(folder.filePath(name));
     return parts;

@@ -74,25 +74,25 @@ TEST(TemplateLevels, EveryParameterThatAListShowsHasARecordAndNoOtherHas)
 TEST(TemplateLevels, ObjectsLieOnTheBackground)
 {
     const TemplateParts parts = templateParts();
-    const QRect screen(0, 0, 800, 600);
-    const Records base = records(parts, u"ZUK0000.CFG"_s);
-    const QSize logo = QImage::fromData(parts.members[u"Logo_msk.jpg"_s]).size();
-    // Time, date and menu have heights that no parameter sets.
-    EXPECT_TRUE(screen.contains(QRect(base[2], base[3], 72, 22)));
-    EXPECT_TRUE(screen.contains(QRect(base[12], base[13], 72, 22)));
-    EXPECT_TRUE(screen.contains(QRect(base[22], base[23], base[24], 24)));
-    EXPECT_TRUE(screen.contains(QRect(base[42], base[43], base[54], 140)));
-    EXPECT_TRUE(screen.contains(QRect(QPoint(base[32], base[33]), logo)));
-    for (const auto& name : {u"ZUK0002.CFG"_s, u"ZUK0004.CFG"_s, u"ZUK0005.CFG"_s, u"ZUK0007.CFG"_s,
-                             u"ZUK0008.CFG"_s}) {
-        const Records object = records(parts, name);
-        EXPECT_TRUE(screen.contains(QRect(object[2], object[3], object[4], object[5])))
-            << name.toStdString();
+    // The file, then the parameters of left and top; those of width and height, or, below 0, sizes
+    // that no parameter sets.
+    const std::tuple<QString, int, int, int, int> objects[] = {
+        {u"ZUK0000.CFG"_s, 2, 3, -72, -22},  {u"ZUK0000.CFG"_s, 12, 13, -72, -22},
+        {u"ZUK0000.CFG"_s, 22, 23, 24, -24}, {u"ZUK0000.CFG"_s, 42, 43, 54, -140},
+        {u"ZUK0000.CFG"_s, 32, 33, 0, 0},    {u"ZUK0002.CFG"_s, 2, 3, 4, 5},
+        {u"ZUK0003.CFG"_s, 2, 3, -100, -30}, {u"ZUK0004.CFG"_s, 2, 3, 4, 5},
+        {u"ZUK0005.CFG"_s, 2, 3, 4, 5},      {u"ZUK0007.CFG"_s, 2, 3, 4, 5},
+        {u"ZUK0008.CFG"_s, 2, 3, 4, 5},      {u"ZUK0015.CFG"_s, 2, 3, -575, -375},
+    };
+    for (const auto& [file, left, top, width, height] : objects) {
+        const Records r = records(parts, file);
+        const QSize logo = QImage::fromData(parts.members[u"Logo_msk.jpg"_s]).size();
+        const QSize own(width < 0 ? -width : r.value(width),
+                        height < 0 ? -height : r.value(height));
+        const QSize size = width == 0 ? logo : own; // the logo has that of its mask
+        EXPECT_TRUE(QRect(0, 0, 800, 600).contains(QRect({r.value(left), r.value(top)}, size)))
+            << file.toStdString() << left;
     }
-    const Records info = records(parts, u"ZUK0015.CFG"_s);
-    EXPECT_TRUE(screen.contains(QRect(info[2], info[3], 575, 375)));
-    const Records glass = records(parts, u"ZUK0003.CFG"_s);
-    EXPECT_TRUE(screen.contains(QRect(glass[2], glass[3], 100, 30)));
 }
 
 TEST(TemplateLevels, EffectsNameTheirPicturesAndCutThemEvenly)

@@ -2,18 +2,15 @@
 #include "fonts/font_judge.h"
 
 #include "shell/files.h"
+#include "support/run_program.h"
 
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
-#include <QDir>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <algorithm>
-
-#include <gtest/gtest.h>
 
 namespace fennel::test {
 
@@ -51,25 +48,11 @@ int numberIn(const QString& text, const QString& pattern, int group = 1)
 
 } // namespace
 
-ToolRun runTool(const QString& program, const QStringList& arguments, const QByteArray& input,
-                const QString& folder)
-{
-    QProcess process;
-    if (!folder.isEmpty())
-        process.setWorkingDirectory(folder);
-    process.start(program, arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    EXPECT_TRUE(process.waitForFinished(60'000)) << program.toStdString();
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            process.readAllStandardOutput(), process.readAllStandardError()};
-}
-
 JudgedFont judgedFont(const QString& path)
 {
     JudgedFont font;
     const QString text =
-        QString::fromUtf8(runTool(u"gfxboot-font"_s, {u"-v"_s, u"-s"_s, path}).out);
+        QString::fromUtf8(runProgram(u"gfxboot-font"_s, {u"-v"_s, u"-s"_s, path}).out);
     QStringList parts = text.split(u"\nChar 0x"_s);
     const QString head = parts.takeFirst();
     font.height = numberIn(head, u"^  Height: (-?\\d+)"_s);
@@ -135,9 +118,9 @@ std::vector<QByteArray> debianFonts()
         if (!message)
             continue;
         const QTemporaryDir folder;
-        EXPECT_EQ(runTool(u"cpio"_s, {u"-id"_s, u"--quiet"_s, u"*.fnt"_s}, *message, folder.path())
-                      .exitCode,
-                  0);
+        const Ran ran =
+            runProgram(u"cpio"_s, {u"-id"_s, u"--quiet"_s, u"*.fnt"_s}, folder.path(), *message);
+        EXPECT_EQ(ran.code, 0);
         for (const QString& name : filesLike(folder.path(), u"*.fnt"_s))
             fonts.push_back(*readBytes(folder.filePath(name)));
     }

@@ -31,15 +31,6 @@ std::map<std::uint32_t, Glyph> freeTypeGlyphs(const QString& path, int size,
 // The members "*.fnt" of every message file of Debian's themes, taken out by GNU cpio.
 std::vector<QByteArray> debianFonts();
 
-// What a program said and how it ended.
-struct ToolRun {
-    int exitCode = -1;
-    QByteArray out;
-    QByteArray err;
-};
-ToolRun runTool(const QString& program, const QStringList& arguments, const QByteArray& input = {},
-                const QString& folder = {});
-
 inline const QString dejaVuSans = QStringLiteral("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf");
 inline const QString liberationBold =
     QStringLiteral("/usr/share/fonts/truetype/liberation/LiberationSerif-Bold.ttf");

@@ -8,8 +8,6 @@
 #include <algorithm>
 #include <array>
 
-#include <gtest/gtest.h>
-
 using namespace fennel;
 using namespace fennel::test;
 using namespace Qt::StringLiterals;
@@ -137,18 +135,13 @@ TEST(FntCodec, TellsDamageFromGlyphs)
         EXPECT_EQ(kindOf(Bytes(whole.begin(), whole.begin() + static_cast<long>(length))),
                   FailureKind::Malformed)
             << length;
-    Bytes wrong = whole;
-    wrong[0] = 7;
-    EXPECT_EQ(kindOf(wrong), FailureKind::Malformed); // magic
-    wrong = whole;
-    wrong[16] |= 2;
-    EXPECT_EQ(kindOf(wrong), FailureKind::Malformed); // kind 2 or 3
-    wrong = whole;
-    wrong[15] = 0xFF;
-    EXPECT_EQ(kindOf(wrong), FailureKind::Malformed); // a place beyond the end
-    wrong = whole;
-    wrong[4] = wrong[5] = wrong[6] = wrong[7] = 0xFF;
-    EXPECT_EQ(kindOf(wrong), FailureKind::Malformed); // 4 billion entries
+    // Another magic, 4 billion entries, a place beyond the end, kind 2 or 3.
+    for (const auto& [at, length, value] :
+         {std::tuple{0, 1, 7}, {4, 4, 0xFF}, {15, 1, 0xFF}, {16, 1, whole[16] | 2}}) {
+        Bytes wrong = whole;
+        std::fill_n(wrong.begin() + at, length, static_cast<std::uint8_t>(value));
+        EXPECT_EQ(kindOf(wrong), FailureKind::Malformed) << at;
+    }
     // A run of ten in a bitmap of one pixel: kind 1, k 2, 1 x 1, then 14 and 7.
     const unsigned bits = 1U | 1U << 2 | 1U << 5 | 1U << 7;
     const unsigned run = 14U << 15 | 7U << 19;

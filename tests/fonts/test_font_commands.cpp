@@ -6,8 +6,6 @@
 #include "params/right_panel.h"
 #include "support/test_window.h"
 
-#include <gtest/gtest.h>
-
 #include <QListView>
 #include <QTest>
 #include <QTimer>
@@ -108,7 +106,9 @@ TEST_F(FontCommands, Generation2ChangesItsOneFontAndKeepsTheOldOne)
     EXPECT_TRUE(member(u"16x16.fnt"_s).contains("utility|DejaVu Serif\t|size\t"));
     EXPECT_FALSE(has(u"#.#nt"_s));
     EXPECT_EQ(w.bench.fonts.table[0].FontName, u"DejaVu Serif"_s);
+    EXPECT_FALSE(w.find<QWidget>(u"Frame8FontINFO"_s).isVisible());
     goToFonts();
+    EXPECT_TRUE(w.find<QWidget>(u"Frame8FontINFO"_s).isVisible());
     EXPECT_EQ(example(), u"Gfxboot v3.3 custom. Supports one font. \n"
                          " This is an example of the font used."_s);
     EXPECT_EQ(w.find<QLabel>(u"FontExample"_s).font().family(), u"DejaVu Serif"_s);
@@ -215,22 +215,4 @@ TEST_F(FontCommands, TheCharactersOfAFontOverTheStage)
     w.find<QWidget>(u"Picture1"_s).setFocus();
     QCoreApplication::processEvents();
     EXPECT_FALSE(frame.isVisible()) << "it goes with the focus";
-}
-
-TEST_F(FontCommands, TheSamplePanelStandsOverTheThumbnailsOfTheFontsTabOnly)
-{
-    openGeneration(2);
-    auto& info = w.find<QWidget>(u"Frame8FontINFO"_s);
-    EXPECT_FALSE(info.isVisible());
-    goToFonts();
-    EXPECT_TRUE(info.isVisible());
-    EXPECT_TRUE(example().startsWith(u"Gfxboot v3.3 custom. Supports one font. \n"
-                                     "Tag @ZUK-MOSA@ is missing. \n"
-                                     "The real font is undefined."_s));
-    EXPECT_TRUE(w.find<QWidget>(u"Frame2Podval"_s).geometry().contains(info.geometry()));
-    w.window.showBottomPanel(false);
-    EXPECT_FALSE(info.isVisible());
-    w.window.showBottomPanel(true);
-    w.click(w.find<QWidget>(u"TabStrip1_2"_s));
-    EXPECT_FALSE(info.isVisible());
 }

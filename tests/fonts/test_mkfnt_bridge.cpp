@@ -2,12 +2,10 @@
 #include "fonts/fnt_bytes.h"
 #include "fonts/fnt_codec.h"
 #include "fonts/font_judge.h"
-#include "support/test_shell.h"
+#include "support/run_program.h"
 
 #include <QFile>
 #include <QtEndian>
-
-#include <gtest/gtest.h>
 
 using namespace fennel;
 using namespace fennel::test;
@@ -18,16 +16,25 @@ namespace {
 class Bridge : public ::testing::Test {
 protected:
     // Runs the bridge with the arguments before the output's path.
-    ToolRun make(QStringList arguments)
+    Ran make(const QStringList& arguments)
     {
-        arguments << output << u",0"_s;
-        return runTool(shell.run.ToolMkFont, arguments);
+        return runBridge("MakeFont/mkfnt_bridge", arguments + QStringList{output});
+    }
+    // Of one size and with the least spacings.
+    Ran makeOf(const QString& ranges, const QString& font = dejaVuSans,
+               const QString& size = u"19"_s)
+    {
+        return make({ranges, font, size, u"4"_s, u"0"_s, u"0"_s});
+    }
+    void expectNoFont(const QString& font, const char* reason)
+    {
+        expectRefused({u"0x41"_s, font, u"19"_s, u"4"_s, u"0"_s, u"0"_s}, reason);
     }
     void expectRefused(const QStringList& arguments, const char* reason)
     {
         EXPECT_TRUE(DiskFiles().write(output, "of an earlier run").ok());
-        const ToolRun run = make(arguments);
-        EXPECT_EQ(run.exitCode, 1) << arguments.join(u' ').toStdString();
+        const Ran run = make(arguments);
+        EXPECT_EQ(run.code, 1) << arguments.join(u' ').toStdString();
         EXPECT_TRUE(run.err.contains(reason)) << run.err.constData();
         EXPECT_EQ(run.err.count('\n'), 1);
         EXPECT_FALSE(FileExists(output));
@@ -43,9 +50,8 @@ const QString manyRanges = u"0x20-0x7e_0x370-0x3ff_0x410-0x451_0xfe70-0xfefc"_s;
 std::vector<std::uint32_t> manyCodes()
 {
     std::vector<std::uint32_t> codes;
-    const std::pair<std::uint32_t, std::uint32_t> ranges[] = {
-        {0x20, 0x7e}, {0x370, 0x3ff}, {0x410, 0x451}, {0xfe70, 0xfefc}};
-    for (const auto& [first, last] : ranges) {
+    for (const auto& [first, last] :
+         {std::pair{0x20U, 0x7eU}, {0x370U, 0x3ffU}, {0x410U, 0x451U}, {0xfe70U, 0xfefcU}}) {
         for (std::uint32_t code = first; code <= last; ++code)
             codes.push_back(code);
     }
@@ -59,9 +65,8 @@ TEST_F(Bridge, WritesWhatFreeTypeDraws)
 {
     for (const QString& font : {dejaVuSans, liberationBold}) {
         for (const int size : {9, 14, 19, 40}) {
-            const ToolRun run =
-                make({manyRanges, font, QString::number(size), u"4"_s, u"0"_s, u"0"_s});
-            ASSERT_EQ(run.exitCode, 0) << run.err.constData();
+            const Ran run = makeOf(manyRanges, font, QString::number(size));
+            ASSERT_EQ(run.code, 0) << run.err.constData();
             const JudgedFont judged = judgedFont(output);
             auto expected = freeTypeGlyphs(font, size, manyCodes());
             ASSERT_GT(expected.size(), 200U);
@@ -84,8 +89,7 @@ TEST_F(Bridge, WritesWhatFreeTypeDraws)
 
 TEST_F(Bridge, AppliesSpacings)
 {
-    ASSERT_EQ(make({u"0x20-0x41"_s, u"DejaVuSans"_s, u"19"_s, u"7"_s, u"3"_s, u"-2"_s}).exitCode,
-              0);
+    ASSERT_EQ(make({u"0x20-0x41"_s, u"DejaVuSans"_s, u"19"_s, u"7"_s, u"3"_s, u"-2"_s}).code, 0);
     const auto plain = freeTypeGlyphs(dejaVuSans, 19, {0x21, 0x41});
     const JudgedFont judged = judgedFont(output);
     EXPECT_EQ(judged.glyphs.size(), 34U);
@@ -97,13 +101,12 @@ TEST_F(Bridge, AppliesSpacings)
 
 TEST_F(Bridge, FindsAFontByItsNameOrPath)
 {
-    const QStringList rest{u"19"_s, u"4"_s, u"0"_s, u"0"_s};
     const QString copy = shell.path(u"a #&$ font.TTF"_s);
     ASSERT_TRUE(QFile::copy(dejaVuSans, copy));
     QByteArray first;
     for (const QString& font : {u"DejaVuSans"_s, u"dejavusans"_s, u"DejaVuSans.ttf"_s, dejaVuSans,
                                 dejaVuSans.chopped(4), copy, copy.chopped(4)}) {
-        ASSERT_EQ(make(QStringList{u"0x41"_s, font} + rest).exitCode, 0) << font.toStdString();
+        ASSERT_EQ(makeOf(u"0x41"_s, font).code, 0) << font.toStdString();
         if (first.isEmpty())
             first = bytesOf(output);
         EXPECT_EQ(bytesOf(output), first) << font.toStdString();
@@ -113,7 +116,6 @@ TEST_F(Bridge, FindsAFontByItsNameOrPath)
 
 TEST_F(Bridge, ReadsRangesAsTheEditorDoes)
 {
-    const QStringList rest{u"DejaVuSans"_s, u"19"_s, u"4"_s, u"0"_s, u"0"_s};
     constexpr std::size_t many = 5000;
     const std::pair<QString, std::size_t> cases[] = {
         {u"0x42_65_0x41-0x42"_s, 2}, // mixed, doubled, not in order
@@ -123,7 +125,7 @@ TEST_F(Bridge, ReadsRangesAsTheEditorDoes)
         {u"0x41_0xfffe"_s, 1},       // a character that the font lacks
     };
     for (const auto& [ranges, count] : cases) {
-        ASSERT_EQ(make(QStringList{ranges} + rest).exitCode, 0) << ranges.toStdString();
+        ASSERT_EQ(makeOf(ranges).code, 0) << ranges.toStdString();
         const FntFont font = made();
         EXPECT_EQ(std::min(font.glyphs.size(), many), count) << ranges.toStdString();
         EXPECT_TRUE(std::ranges::is_sorted(font.glyphs, {}, &Glyph::code));
@@ -132,27 +134,40 @@ TEST_F(Bridge, ReadsRangesAsTheEditorDoes)
 
 TEST_F(Bridge, RefusesBadArguments)
 {
-    const auto with = [](const char* ranges, const char* size, const char* space = "4",
-                         const char* line = "0", const char* letter = "0") {
-        return QStringList{QString::fromLatin1(ranges), u"DejaVuSans"_s,
-                           QString::fromLatin1(size),   QString::fromLatin1(space),
-                           QString::fromLatin1(line),   QString::fromLatin1(letter)};
-    };
-    for (const char* ranges : {"", "abc", "-", "0x7e-0x20", "0x20--0x30", "0"})
-        expectRefused(with(ranges, "19"), "list of characters is empty");
-    expectRefused(with("0x110000", "19"), "no character with the number");
-    expectRefused(with("-5", "19"), "no character with the number");
-    expectRefused(with("0xe000-0xe010", "19"), "none of the characters");
-    for (const char* size : {"0", "-1", "500", "14.5", "", "x", "19x"})
-        expectRefused(with("0x41", size), "size");
-    expectRefused(with("0x7c", "127"), "line height");
-    expectRefused(with("0x41", "255"), "no character fits");
-    expectRefused(with("0x41", "19", "100000"), "space width");
-    expectRefused(with("0x41", "19", "4", "127"), "line height");
-    expectRefused(with("0x41", "19", "4", "0", "-128"), "letter space");
-    expectRefused(with("0x41", "19", "4", "0", "127"), "no character fits");
-    EXPECT_EQ(make(with("0x41", "1")).exitCode, 0);
-    EXPECT_EQ(make({u"0x41"_s}).exitCode, 1);
+    // Ranges, size, the spacings of blanks, lines and letters, and the reason.
+    const QString table = uR"(
+        ;19;4;0;0;list of characters is empty
+        abc;19;4;0;0;list of characters is empty
+        0x7e-0x20;19;4;0;0;list of characters is empty
+        0x20--0x30;19;4;0;0;list of characters is empty
+        0;19;4;0;0;list of characters is empty
+        0x110000;19;4;0;0;no character with the number
+        -5;19;4;0;0;no character with the number
+        0xe000-0xe010;19;4;0;0;none of the characters
+        0x41;0;4;0;0;size
+        0x41;-1;4;0;0;size
+        0x41;500;4;0;0;size
+        0x41;14.5;4;0;0;size
+        0x41;;4;0;0;size
+        0x41;19x;4;0;0;size
+        0x7c;127;4;0;0;line height
+        0x41;255;4;0;0;no character fits
+        0x41;19;100000;0;0;space width
+        0x41;19;4;127;0;line height
+        0x41;19;4;0;-128;letter space
+        0x41;19;4;0;127;no character fits)"_s;
+    for (const QString& line : table.split(u'\n', Qt::SkipEmptyParts)) {
+        QStringList arguments = line.trimmed().split(u';');
+        const QByteArray reason = arguments.takeLast().toUtf8();
+        expectRefused(arguments.mid(0, 1) + QStringList{u"DejaVuSans"_s} + arguments.mid(1),
+                      reason);
+    }
+    // DejaVu Sans at 80 pixels needs far more than 512 KiB for all that it has.
+    expectRefused({u"0x20-0x7e_0x400-0x4ff_0x1e00-0x1fff_0x2200-0x27ff"_s, u"DejaVuSans"_s, u"80"_s,
+                   u"4"_s, u"0"_s, u"0"_s},
+                  "512 KiB");
+    EXPECT_EQ(makeOf(u"0x41"_s, dejaVuSans, u"1"_s).code, 0);
+    EXPECT_EQ(make({u"0x41"_s}).code, 1);
 }
 
 // A collection of one face: the header, and every place in the table of tables moved behind it.
@@ -168,47 +183,33 @@ TEST_F(Bridge, TakesTheFirstFaceOfACollection)
     }
     const QByteArray head("ttcf\0\1\0\0\0\0\0\1\0\0\0\x10", moved);
     const QString path = shell.file(u"a collection.ttc"_s, head + face);
-    const QStringList rest{u"19"_s, u"4"_s, u"0"_s, u"0"_s};
-    const ToolRun run = make(QStringList{u"0x41-0x5a"_s, path.chopped(4)} + rest);
-    ASSERT_EQ(run.exitCode, 0) << run.err.constData();
+    const Ran run = makeOf(u"0x41-0x5a"_s, path.chopped(4));
+    ASSERT_EQ(run.code, 0) << run.err.constData();
     const QByteArray collected = bytesOf(output);
-    ASSERT_EQ(make(QStringList{u"0x41-0x5a"_s, dejaVuSans} + rest).exitCode, 0);
+    ASSERT_EQ(makeOf(u"0x41-0x5a"_s).code, 0);
     EXPECT_EQ(collected, bytesOf(output));
 }
 
 TEST_F(Bridge, RefusesWhatIsNoOutlineFont)
 {
-    const QStringList rest{u"19"_s, u"4"_s, u"0"_s, u"0"_s};
-    const QByteArray whole = bytesOf(dejaVuSans);
-    const QByteArray pcf = "\x01"
-                           "fcp";
-    expectRefused(QStringList{u"0x41"_s, shell.file(u"cut.ttf"_s, whole.left(20000))} + rest,
-                  "cut.ttf");
-    expectRefused(QStringList{u"0x41"_s, shell.file(u"empty.ttf"_s, {})} + rest, "cannot be read");
-    expectRefused(QStringList{u"0x41"_s, shell.file(u"x.ttf"_s, pcf)} + rest, "cannot be read");
-    expectRefused(QStringList{u"0x41"_s, u"NoSuchFont"_s} + rest, "no font file NoSuchFont");
-    expectRefused(QStringList{u"0x41"_s, QString()} + rest, "no font file");
+    expectNoFont(shell.file(u"cut.ttf"_s, bytesOf(dejaVuSans).left(20000)), "cut.ttf");
+    expectNoFont(shell.file(u"empty.ttf"_s, {}), "cannot be read");
+    expectNoFont(shell.file(u"x.ttf"_s, QByteArray::fromHex("01666370")), "cannot be read"); // PCF
+    expectNoFont(u"NoSuchFont"_s, "no font file NoSuchFont");
+    expectNoFont({}, "no font file");
     const QByteArray bdf =
         "STARTFONT 2.1\nFONT -a-b-medium-r-normal--8-80-75-75-c-80-iso10646-1\n"
         "SIZE 8 75 75\nFONTBOUNDINGBOX 8 8 0 0\nCHARS 1\nSTARTCHAR A\nENCODING 65\n"
         "SWIDTH 500 0\nDWIDTH 8 0\nBBX 8 8 0 0\nBITMAP\nFF\n81\n81\n81\n81\n81\n81\n"
         "FF\nENDCHAR\nENDFONT\n";
-    expectRefused(QStringList{u"0x41"_s, shell.file(u"bitmap.bdf"_s, bdf)} + rest, "no outlines");
+    expectNoFont(shell.file(u"bitmap.bdf"_s, bdf), "no outlines");
 }
 
 TEST_F(Bridge, LeavesNothingWhenTheOutputCannotBeWritten)
 {
     output = shell.path(u"no folder/out.fnt"_s);
-    const ToolRun run = make({u"0x41"_s, dejaVuSans, u"19"_s, u"4"_s, u"0"_s, u"0"_s});
-    EXPECT_EQ(run.exitCode, 1);
-    EXPECT_TRUE(run.err.contains("Cannot write")) << run.err.constData();
-    EXPECT_TRUE(run.err.contains("No such file")) << run.err.constData();
-}
-
-// DejaVu Sans at 100 pixels needs far more than 512 KiB for all that it has.
-TEST_F(Bridge, RefusesAFontTooLargeForTheFormat)
-{
-    expectRefused({u"0x20-0x7e_0x400-0x4ff_0x1e00-0x1fff_0x2200-0x27ff"_s, u"DejaVuSans"_s, u"80"_s,
-                   u"4"_s, u"0"_s, u"0"_s},
-                  "512 KiB");
+    const Ran run = makeOf(u"0x41"_s);
+    EXPECT_EQ(run.code, 1);
+    EXPECT_TRUE(run.err.contains("Cannot write") && run.err.contains("No such file"))
+        << run.err.constData();
 }

@@ -49,20 +49,6 @@ protected:
     QImage screen = plain(qRgb(1, 2, 3));
 };
 
-TEST_F(Colours, TheFrameStandsForTheMessageInGeneration3)
-{
-    EXPECT_TRUE(tools().isVisible());
-    EXPECT_FALSE(child<QWidget>(u"Frame7RDMessage"_s).isVisible());
-    for (const char* name :
-         {"TextColor", "Check1Pipetka", "ComRGB", "VScrollRGB(0)", "VScrollRGB(2)", "TextRGB(1)",
-          "Transparency", "Text_Transp", "Label_Transp", "Command1"}) {
-        const auto& control = child<QWidget>(QString::fromLatin1(name));
-        EXPECT_TRUE(tools().rect().contains(control.geometry())) << name;
-    }
-    window->showBottomPanel(false);
-    EXPECT_FALSE(tools().isVisible());
-}
-
 TEST_F(Colours, SlidersAndTheirKeysChangeEverythingAtOnce)
 {
     tools().slider(0).setValue(255);
@@ -160,14 +146,6 @@ TEST_F(Colours, TheValueEditorHasAPipetteAndADialogueOfItsOwn)
     expectFill(qRgb(0xAA, 0xBB, 0xCC), u"0xAABBCC"_s);
 }
 
-TEST_F(Colours, TypedValuesReachTheControls)
-{
-    editRow(lineRow, record(lineRow).BackParam);
-    window->rightPanel().editor().setText(u"0xff00"_s);
-    QTest::keyClick(&window->rightPanel().editor().box(), Qt::Key_Return);
-    expectFill(qRgb(0, 255, 0), u"0x00FF00"_s);
-}
-
 TEST_F(Colours, WithoutObjectOrParameterNothingChanges)
 {
     const QRgb before = record(lineRow).BackColor;
@@ -185,14 +163,6 @@ TEST_F(Colours, WithoutObjectOrParameterNothingChanges)
     tools().slider(0).setValue(200);
     EXPECT_EQ(qRed(record(lineRow).BackColor), 200);
     EXPECT_NE(qRed(stage().panel(lineRow).fill), 200);
-}
-
-TEST_F(Colours, ChangingTheMenuKeepsItsBarAboveIt)
-{
-    selectObject(0);
-    tools().slider(1).setValue(99);
-    const auto& order = stage().stacking();
-    EXPECT_LT(std::find(order.begin(), order.end(), 0), std::find(order.begin(), order.end(), 1));
 }
 
 } // namespace

@@ -17,22 +17,17 @@ QString cursorPath(const QString& name)
     return QStringLiteral(FENNEL_BIN_DIR "/Cursors/") + name;
 }
 
-QByteArray fromHex(const char* text)
-{
-    return QByteArray::fromHex(text);
-}
-
 // 2 x 2 pixels of one bit, written by hand: the palette is black and red. Upper row red, red; lower
 // row black, transparent. Hot spot 1, 0.
 QByteArray tinyCursor()
 {
-    return fromHex("0000 0200 0100" // a cursor file of one picture
-                   "02 02 00 00 0100 0000 40000000 16000000"
-                   "28000000 02000000 04000000 0100 0100 00000000 00000000"
-                   "00000000 00000000 00000000 00000000"
-                   "00000000 0000ff00" // palette: blue, green, red, nothing
-                   "00000000 c0000000" // colours, lower row first
-                   "40000000 00000000");
+    return QByteArray::fromHex("0000 0200 0100" // a cursor file of one picture
+                               "02 02 00 00 0100 0000 40000000 16000000"
+                               "28000000 02000000 04000000 0100 0100 00000000 00000000"
+                               "00000000 00000000 00000000 00000000"
+                               "00000000 0000ff00" // palette: blue, green, red, nothing
+                               "00000000 c0000000" // colours, lower row first
+                               "40000000 00000000");
 }
 
 QByteArray le32(quint32 value)
@@ -114,13 +109,6 @@ TEST(CursorFile, DecodesPaletteMaskAndRowOrder)
     EXPECT_EQ(frames->front().hotSpot, QPoint(1, 0));
 }
 
-TEST(CursorFile, KeepsAHotSpotInsideThePicture)
-{
-    QByteArray far = tinyCursor();
-    far.replace(10, 2, "\xff\x7f");
-    EXPECT_EQ(parseCursor(far, u"far"_s)->front().hotSpot, QPoint(1, 0));
-}
-
 TEST(CursorFile, AnimationsFollowTheirOrderAndRates)
 {
     const auto plain = parseCursor(tinyAnimation({}), u"a"_s);
@@ -155,7 +143,7 @@ TEST(CursorFile, HostileSizesAreRefused)
 {
     const auto patched = [](qsizetype at, const char* hex) {
         QByteArray bytes = tinyCursor();
-        const QByteArray patch = fromHex(hex);
+        const QByteArray patch = QByteArray::fromHex(hex);
         return bytes.replace(at, patch.size(), patch);
     };
     EXPECT_FALSE(parseCursor(patched(4, "ffff"), u"count"_s).ok());
@@ -170,4 +158,5 @@ TEST(CursorFile, HostileSizesAreRefused)
     EXPECT_EQ(parseCursor(patched(22, "89504e47"), u"png"_s).failure().kind,
               FailureKind::Unsupported);
     EXPECT_TRUE(parseCursor(patched(54, "ffffffff"), u"palette count"_s).ok());
+    EXPECT_EQ(parseCursor(patched(10, "ff7f"), u"far"_s)->front().hotSpot, QPoint(1, 0));
 }

@@ -33,16 +33,6 @@ void expectApart(const LayoutResult& out)
 
 } // namespace
 
-TEST(Layout, TheRightPanelStartsByTheWidthOfTheDesktop)
-{
-    const struct {
-        int desktop;
-        int panel;
-    } cases[] = {{1024, 200}, {1100, 200}, {1101, 300}, {1200, 300}, {1201, 400}, {1280, 400}};
-    for (const auto& c : cases)
-        EXPECT_EQ(initialRightPanelWidth(c.desktop), c.panel) << c.desktop;
-}
-
 TEST(Layout, TheWindowIsThePictureAndThePanelsBesideIt)
 {
     for (const bool right : {false, true}) {
@@ -104,16 +94,4 @@ TEST(Layout, WhateverIsAskedTheWindowStaysWithinTheDesktopAndKeepsAView)
             }
         }
     }
-}
-
-TEST(Layout, APanelMayNotCoverAPictureThatFits)
-{
-    const LayoutResult out = layoutWindow(input({600, 300}));
-    EXPECT_EQ(out.largestRightPanel, 1264 - gutterWidth - 600);
-    EXPECT_EQ(out.largestBottomPanel, 700 - splitterWidth - 300);
-    LayoutInput in = input({600, 300});
-    in.RightPanelWidth = out.largestRightPanel;
-    in.BottomPanelHeight = out.largestBottomPanel;
-    EXPECT_EQ(layoutWindow(in).picture.size(), QSize(600, 300));
-    EXPECT_EQ(layoutWindow(in).area, in.available);
 }

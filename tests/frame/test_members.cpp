@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 // Backgrounds, logos and texts changed in a whole window: files, lists and stage say the same.
+#include "container/open_fixture.h"
 #include "frame/handlers.h"
+#include "frame/menus.h"
+#include "params/list_actions.h"
 #include "params/object_table.h"
 #include "stage/stage_surface.h"
+#include "support/run_program.h"
 #include "window_fixture.h"
 
 #include <QClipboard>
 #include <QImageReader>
-#include <QProcess>
 #include <QRegularExpression>
 
 namespace fennel::test {
@@ -209,11 +212,8 @@ TEST_F(Members, TheSplashImageIsWhatOldLoadersParse)
 {
     shell.prompts.expectSave(shell.path(u"My splash"_s));
     runCommand("mnuFile_Splash");
-    QProcess judge;
-    judge.start(u"gzip"_s, {u"-dc"_s, shell.path(u"My splash.xpm.gz"_s)});
-    ASSERT_TRUE(judge.waitForFinished());
-    const QStringList lines =
-        QString::fromLatin1(judge.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+    const Ran judge = runProgram(u"gzip"_s, {u"-dc"_s, shell.path(u"My splash.xpm.gz"_s)});
+    const QStringList lines = QString::fromLatin1(judge.out).split(u'\n', Qt::SkipEmptyParts);
     const auto header = lines.filter(QRegularExpression(u"^\"640 480 \\d+ 1"_s));
     ASSERT_EQ(header.size(), 1);
     const int colours = header[0].section(u' ', 2, 2).toInt();
@@ -224,6 +224,52 @@ TEST_F(Members, TheSplashImageIsWhatOldLoadersParse)
     shell.prompts.expectSave({});
     shell.prompts.expectMessage(u"Canceled by user"_s);
     runCommand("mnuFile_Splash");
+}
+
+// The pop-up's "delete all" takes the numbered members and no other.
+TEST_F(Members, DeletingAllAsksAndKeepsWhatIsRequired)
+{
+    for (const QString& name : {u"16x16_01.fnt"_s, u"16x16_07.fnt"_s})
+        shell.member(name, bytesOf(member(u"16x16.fnt"_s)));
+    membersChanged(*window, u"16x16_??.fnt"_s);
+    const auto fonts = [this] { return filesLike(shell.run.Workspace, u"16x16*.fnt"_s); };
+    selectRow(TabFonts, u"16x16.fnt"_s);
+    for (const Answer answer : {Answer::Cancel, Answer::Ok}) {
+        EXPECT_EQ(fonts().size(), 3);
+        Q_EMIT window->rightPanel().tabMenuAsked(TabFonts, {5, 5});
+        window->menus().menu(u"mnu_Context_ListView1Popup"_s)->close();
+        shell.prompts.expectMessage(u"Do you really want to delete all files?"_s, answer);
+        for (QAction* entry : window->menus().entries("ListView1Popup")) {
+            if (entry->objectName().endsWith(u"_%1"_s.arg(popupDeleteAll)))
+                entry->trigger();
+        }
+        QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(fonts(), QStringList{u"16x16.fnt"_s});
+    EXPECT_FALSE(bytesOf(member(u"#.lst"_s)).contains("16x16_"));
+    // What is required goes by no button either.
+    selectRow(TabFonts, u"16x16.fnt"_s);
+    shell.prompts.expectMessage(u"File \"16x16.fnt\" can not be removed."_s);
+    window->rightPanel().deleteButton().click();
+    EXPECT_EQ(fonts(), QStringList{u"16x16.fnt"_s});
+}
+
+// An old engine is replaced by the template's own, whole, and only on Yes.
+TEST_F(Members, AnObsoleteEngineIsReplacedByTheTemplatesOwn)
+{
+    RawCpio archive = smallMessage(800, 600);
+    archive.add({.name = "16x16.fnt", .data = "old font"});
+    archive.add({.name = "Logo_msk.jpg", .data = jpegBytes(9, 9)});
+    archive.add({.name = "ZUK0000.CFG", .data = std::string("\1\0\0\1", 4)});
+    const QString old = shell.file(u"old"_s, QByteArray::fromStdString(archive.close()));
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        shell.prompts.expectMessage(u"is obsolete!"_s, answer);
+        ASSERT_TRUE(window->openGfxboot(old));
+        const bool upgraded = answer == Answer::Yes;
+        EXPECT_EQ(bytesOf(member(u"init"_s)),
+                  upgraded ? bytesOf(shell.run.AppPath + u"/data/INIT"_s) : "engine");
+        EXPECT_NE(bytesOf(member(u"16x16.fnt"_s)) == "old font", upgraded);
+    }
 }
 
 } // namespace

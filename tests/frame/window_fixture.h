@@ -10,8 +10,6 @@
 #include "shell/settings_store.h"
 #include "support/test_shell.h"
 
-#include <gtest/gtest.h>
-
 #include <QTest>
 
 namespace fennel::test {

@@ -6,8 +6,6 @@
 #include <QDir>
 #include <QFile>
 
-#include <gtest/gtest.h>
-
 #include <sys/stat.h>
 
 using namespace fennel;

@@ -5,15 +5,16 @@
 
 #include "params/object_table.h"
 #include "params/panel_values.h"
+#include "params/row_values.h"
 #include "params/tabs.h"
 #include "support/test_shell.h"
-
-#include <gtest/gtest.h>
 
 #include <QBuffer>
 #include <QImage>
 
 namespace fennel::test {
+
+using namespace Qt::StringLiterals;
 
 class ParamsTest : public testing::Test {
 protected:
@@ -24,10 +25,10 @@ protected:
         shell.run.ObjectCount = 40;
         shell.run.BackWidth = 800;
         shell.run.BackHeight = 600;
-        shell.run.GfxFileName = QStringLiteral("boot.gz");
-        fonts[0].FontName = QStringLiteral("Sans");
+        shell.run.GfxFileName = u"boot.gz"_s;
+        fonts[0].FontName = u"Sans"_s;
         fonts[0].Size = 14;
-        shell.member(QStringLiteral("Logo_msk.jpg"), jpeg(120, 80));
+        shell.member(u"Logo_msk.jpg"_s, jpeg(120, 80));
         for (int file = 0; file < zukFileCount; ++file) {
             for (int param = 1; param <= zukParamCount; ++param)
                 describe(file, param);
@@ -47,8 +48,8 @@ protected:
     void describe(int file, int param)
     {
         ZukCell& cell = lists.ZUKarr.at(file, param);
-        cell.Name = QStringLiteral("s.test%1.p%2").arg(file).arg(param);
-        cell.Comment = QStringLiteral("comment %1").arg(param);
+        cell.Name = u"s.test%1.p%2"_s.arg(file).arg(param);
+        cell.Comment = u"comment %1"_s.arg(param);
         cell.DefValue = 7;
         cell.LevelValue = param;
     }
@@ -66,22 +67,33 @@ protected:
         BuildTabs(shell.shell, lists, options);
     }
     PanelRec& panel(int row) { return *lists.object(row); }
+    QRect place(int row)
+    {
+        return {panel(row).Left, panel(row).Top, panel(row).Width, panel(row).Height};
+    }
     ListRows& listOf(int object) { return *lists.list(panel(object).TabIndex); }
+    QStringList itemsOf(int object)
+    {
+        QStringList items;
+        for (const ListRow& row : listOf(object).rows)
+            items.append(row.text());
+        return items;
+    }
     // The number of the row with that item; 0 if there is none.
     int rowNumber(int object, const QString& item)
     {
-        const ListRows& list = listOf(object);
-        for (int number = 1; number <= list.count(); ++number) {
-            if (list.row(number)->text() == item)
-                return number;
-        }
-        return 0;
+        return static_cast<int>(itemsOf(object).indexOf(item)) + 1;
     }
     ListRow& row(int object, const QString& item)
     {
         return *listOf(object).row(rowNumber(object, item));
     }
     QString value(int object, const QString& item) { return row(object, item).text(LevelColumn); }
+    // Types a value into the row of that item.
+    RowChange type(int object, const QString& item, const QString& text)
+    {
+        return setTypedValue(lists, fonts, panel(object).TabIndex, rowNumber(object, item), text);
+    }
 
     TestShell shell;
     ParamLists lists;

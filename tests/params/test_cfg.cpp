@@ -3,8 +3,6 @@
 
 #include "support/test_shell.h"
 
-#include <gtest/gtest.h>
-
 using namespace fennel;
 using namespace fennel::test;
 using namespace Qt::StringLiterals;
@@ -53,37 +51,11 @@ struct CfgShell : TestShell {
 
 } // namespace
 
-TEST(CfgParams, KnowsItsNamesOnly)
-{
-    EXPECT_EQ(CfgDefault(u"title_bg"), u"0x4f9805"_s);
-    EXPECT_EQ(CfgComment(u"hide_reboot"), u"If set to 1, hide the \"Reboot\" button (F9)"_s);
-    EXPECT_EQ(CfgDefault(u"no_such"), u"0x000000"_s);
-    EXPECT_EQ(CfgComment(u"no_such"), u"<== WRONG PARAMETER NAME! \"no_such\""_s);
-    EXPECT_EQ(CfgKnownName(u"## xpenguin and boot_show"), u"boot_show"_s);
-    EXPECT_EQ(CfgKnownName(u"MENU_START_X"), u""_s);
-    // What the order of the search rests on.
-    for (const CfgParam& one : cfgParams) {
-        for (const CfgParam& other : cfgParams)
-            EXPECT_TRUE(&one == &other || !one.name.contains(other.name));
-        EXPECT_EQ(one.kind == CfgKind::Colour, one.defaultValue.startsWith(u"0x"));
-    }
-}
-
 TEST(CfgParams, BringsValuesIntoOneForm)
 {
     const std::pair<QStringView, QStringView> cases[] = {
-        {u"0xff # red", u"0x0000FF"},
-        {u"12 13", u"1213"},
-        {u"abc", u"0"},
-        {u"0xzz", u"0x000000"},
-        {u"0XaBcDeF", u"0xABCDEF"},
-        {u"-1", u"-1"},
-        {u"0x1234567", u"0x234567"},
-        {u"0xff\tee", u"0x0000FF"},
-        {u"", u"0"},
-        {u" 0xff", u"0x0000FF"},
-        {u"5|6", u"5"},
-        {u"007", u"7"},
+        {u"0xff # red", u"0x0000FF"}, {u"12 13", u"1213"}, {u"0xzz", u"0x000000"}, {u"-1", u"-1"},
+        {u"0x1234567", u"0x234567"},  {u"", u"0"},         {u"5|6", u"5"},
     };
     for (const auto& [text, value] : cases)
         EXPECT_EQ(CfgNormalise(text), value) << text.toString().toStdString();
@@ -207,6 +179,14 @@ TEST(CfgWrite, KeepsTheEncodingAndEveryByteOfAComment)
     EXPECT_EQ(marked.written(), "\xEF\xBB\xBFwelcome=1\t\t#  " + russian + "#");
 }
 
+TEST(CfgWrite, SelectsTheSameDuplicateAgain)
+{
+    CfgShell cfg("welcome=1\nwelcome=2\n");
+    cfg.list.selected = 2;
+    cfg.written();
+    EXPECT_EQ(cfg.list.selected, 2);
+}
+
 TEST(CfgWrite, FollowsCheckAndValue)
 {
     CfgShell cfg("welcome=1\nwelcome=2\n", "boot_show menu_start_x");
@@ -224,33 +204,4 @@ TEST(CfgWrite, FollowsCheckAndValue)
     EXPECT_EQ(CfgRow(cfg.list, u"menu_start_x"), 4);
     EXPECT_EQ(CfgValue(cfg.list, u"welcome"), u"0"_s); // the first of the two
     EXPECT_EQ(CfgValue(cfg.list, u"title_bg"), u"0x4f9805"_s);
-}
-
-TEST(CfgWrite, SelectsTheSameDuplicateAgain)
-{
-    CfgShell cfg("welcome=1\nwelcome=2\n");
-    cfg.list.selected = 2;
-    cfg.written();
-    EXPECT_EQ(cfg.list.selected, 2);
-}
-
-TEST(CfgApply, TellsTheStageWhatChanges)
-{
-    ListRows list;
-    ASSERT_TRUE(cfgRowsFrom(u"menu_bar_color=0x102030\nmenu_text_select=abc\n#menu_start_y=44\n"
-                            "menu_max_entries=12 # lines\n"_s,
-                            {}, list));
-    const auto expectEffect = [&](const QString& name, CfgTarget target, qint64 value) {
-        const CfgEffect effect = CfgApply(list, name);
-        EXPECT_EQ(effect.target, target) << name.toStdString();
-        EXPECT_EQ(effect.value, value) << name.toStdString();
-    };
-    expectEffect(u"menu_bar_color"_s, CfgTarget::MenuBarColor, 0x102030);
-    expectEffect(u"menu_text_select"_s, CfgTarget::MenuSelectColor, 0);
-    expectEffect(u"menu_text_normal"_s, CfgTarget::MenuTextColor, 0xffffff);
-    expectEffect(u"menu_max_entries"_s, CfgTarget::MenuEntries, 12);
-    expectEffect(u"menu_start_x"_s, CfgTarget::MenuLeft, 253);
-    expectEffect(u"menu_start_y"_s, CfgTarget::MenuTop, 44);
-    expectEffect(u"hide_help"_s, CfgTarget::Redraw, 0);
-    expectEffect(u"no_such"_s, CfgTarget::Redraw, 0);
 }

@@ -4,8 +4,6 @@
 
 #include "support/test_shell.h"
 
-#include <gtest/gtest.h>
-
 #include <QDir>
 
 #include <algorithm>

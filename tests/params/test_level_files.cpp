@@ -2,7 +2,6 @@
 #include "params_fixture.h"
 
 #include "params/level_files.h"
-#include "params/row_values.h"
 
 #include <QDir>
 
@@ -38,15 +37,17 @@ TEST_F(LevelFiles, ReadRecordsInAnyOrder)
     lists.ZUKarr.at(0, 5).LstValue = 4;
     lists.ZUKarr.at(0, 5).RowPos = 4;
     read();
-    EXPECT_EQ(level(0, 1), 1);
-    EXPECT_EQ(level(0, 2), 315);
-    EXPECT_EQ(level(0, 3), 90);
-    EXPECT_EQ(level(0, 6), 0x183042);
-    EXPECT_EQ(level(0, 99), 1);
-    EXPECT_EQ(level(2, 9), 6); // the last one wins
-    EXPECT_EQ(level(2, 1), 16777215);
-    EXPECT_EQ(level(12, 10), 1);
-    EXPECT_EQ(level(7, 1), -1); // no file
+    // Of two records the last one wins; level 7 has no file.
+    for (const auto& [file, param, value] : {std::tuple{0, 1, 1},
+                                             {0, 2, 315},
+                                             {0, 3, 90},
+                                             {0, 6, 0x183042},
+                                             {0, 99, 1},
+                                             {2, 9, 6},
+                                             {2, 1, 16777215},
+                                             {12, 10, 1},
+                                             {7, 1, -1}})
+        EXPECT_EQ(level(file, param), value) << file << ':' << param;
     const ZukCell& cell = lists.ZUKarr.at(0, 5);
     EXPECT_FALSE(cell.EditValue);
     EXPECT_EQ(cell.LstValue, 4);
@@ -67,12 +68,9 @@ TEST_F(LevelFiles, TakeBadBytes)
         c = static_cast<char>(random());
     shell.member(u"ZUK0005.CFG"_s, noise);
     read();
-    EXPECT_EQ(level(0, 1), -1);
-    EXPECT_EQ(level(1, 1), -1);
-    EXPECT_EQ(level(2, 10), 5);
-    EXPECT_EQ(level(2, 11), -1);
-    EXPECT_EQ(level(3, 1), -1);
-    EXPECT_EQ(level(4, 1), 2);
+    for (const auto& [file, param, value] :
+         {std::tuple{0, 1, -1}, {1, 1, -1}, {2, 10, 5}, {2, 11, -1}, {3, 1, -1}, {4, 1, 2}})
+        EXPECT_EQ(level(file, param), value) << file << ':' << param;
     EXPECT_EQ(level(5, 1), level(5, 1) & 0xFFFFFF);
 }
 
@@ -115,9 +113,9 @@ TEST_F(LevelFiles, ComeBackByteForByte)
     build();
     GatherListValues(shell.shell, lists);
     // A hexadecimal row, written as typed; 255 in it is decimal.
-    setTypedValue(lists, fonts, panel(5).TabIndex, rowNumber(5, u":06:="_s), u"0x183042");
-    setTypedValue(lists, fonts, panel(5).TabIndex, rowNumber(5, u":08:="_s), u"255");
-    setTypedValue(lists, fonts, panel(5).TabIndex, rowNumber(5, u":02:="_s), u"-5");
+    type(5, u":06:="_s, u"0x183042"_s);
+    type(5, u":08:="_s, u"255"_s);
+    type(5, u":02:="_s, u"-5"_s);
     saveAll();
     const QByteArray base = bytes(u"ZUK0000.CFG"_s);
     EXPECT_TRUE(base.contains(QByteArray::fromHex("01000001 FBFFFF02 03000003 42301806 FF000008")));
@@ -132,6 +130,18 @@ TEST_F(LevelFiles, ComeBackByteForByte)
     build();
     saveAll();
     EXPECT_EQ(bytes(u"ZUK0000.CFG"_s), base);
+}
+
+TEST_F(LevelFiles, NeedGeneration3)
+{
+    shell.member(u"ZUK0000.CFG"_s, quoted);
+    shell.run.GfxHasZuk = false;
+    lists.ZUKarr.at(0, 1).EditValue = 5;
+    set(0, 1, 44);
+    read();
+    EXPECT_EQ(level(0, 1), 44);
+    EXPECT_TRUE(WriteLevelFiles(shell.shell, lists.ZUKarr));
+    EXPECT_EQ(bytes(u"ZUK0000.CFG"_s), quoted);
 }
 
 TEST_F(LevelFiles, AreNeverHalf)
@@ -160,16 +170,4 @@ TEST_F(LevelFiles, AreNeverHalf)
     }
     EXPECT_GT(failing, 18);
     EXPECT_NE(after, before);
-}
-
-TEST_F(LevelFiles, NeedGeneration3)
-{
-    shell.member(u"ZUK0000.CFG"_s, quoted);
-    shell.run.GfxHasZuk = false;
-    lists.ZUKarr.at(0, 1).EditValue = 5;
-    set(0, 1, 44);
-    read();
-    EXPECT_EQ(level(0, 1), 44);
-    EXPECT_TRUE(WriteLevelFiles(shell.shell, lists.ZUKarr));
-    EXPECT_EQ(bytes(u"ZUK0000.CFG"_s), quoted);
 }

@@ -4,7 +4,6 @@
 
 #include "params/level_files.h"
 #include "params/menu_level.h"
-#include "params/row_values.h"
 
 using namespace fennel;
 using namespace Qt::StringLiterals;
@@ -12,26 +11,16 @@ using namespace Qt::StringLiterals;
 class RowValues : public test::ParamsTest {
 protected:
     RowValues() { build(); }
-    RowChange type(int object, const QString& item, const QString& text)
-    {
-        return setTypedValue(lists, fonts, panel(object).TabIndex, rowNumber(object, item), text);
-    }
 };
 
 TEST(Typed, IsNeverRefused)
 {
-    const std::pair<const char*, const char*> cases[] = {{"0xff00", "0x00FF00"},
-                                                         {"0X1234567", "0x234567"},
-                                                         {"12abc", "12"},
-                                                         {"abc", "0"},
-                                                         {"", "0"},
-                                                         {"-7", "-7"},
-                                                         {"12 13", "1213"},
-                                                         {"0x", "0x000000"},
-                                                         {"0xGG", "0x0000GG"},
-                                                         {" 0xff", "0x0000FF"}};
+    const std::pair<QString, QString> cases[] = {
+        {u"0X1234567"_s, u"0x234567"_s}, {u"12abc"_s, u"12"_s},      {QString(), u"0"_s},
+        {u"0x"_s, u"0x000000"_s},        {u"0xGG"_s, u"0x0000GG"_s}, {u" 0xff"_s, u"0x0000FF"_s},
+    };
     for (const auto& [typed, stored] : cases)
-        EXPECT_EQ(normaliseTyped(QString::fromLatin1(typed)), QString::fromLatin1(stored));
+        EXPECT_EQ(normaliseTyped(typed), stored);
     EXPECT_EQ(normaliseTyped(u"0x"_s + QString(1'000'000, u'7')), u"0x777777"_s);
     EXPECT_FALSE(normaliseTyped(QString(1'000'000, u'9')).isEmpty());
 }
@@ -81,14 +70,14 @@ TEST_F(RowValues, SwitchAnObjectOffAndOn)
     EXPECT_TRUE(change.statesPainted);
     EXPECT_EQ(panel(5).On, 0);
     for (const ListRow& row : listOf(5).rows) {
-        const QRgb expected = row.text() == u":01:="_s ? 0xff0000ff : 0xffcccccc;
+        const QRgb expected = row.text() == u":01:="_s ? blueRow : greyRow;
         EXPECT_EQ(row.colour, expected);
         for (const RowCell& cell : row.cells)
             EXPECT_EQ(cell.colour, expected);
     }
     type(24, u":01:="_s, u"1"_s);
-    EXPECT_EQ(row(24, u":02:="_s).colour, 0xff0000ff);
-    EXPECT_EQ(row(24, u":18:="_s).colour, 0xff000000);
+    EXPECT_EQ(row(24, u":02:="_s).colour, blueRow);
+    EXPECT_EQ(row(24, u":18:="_s).colour, blackRow);
 }
 
 TEST_F(RowValues, AreForParametersOnly)
@@ -107,27 +96,25 @@ TEST_F(RowValues, AreForParametersOnly)
 
 TEST_F(RowValues, ComeFromTheMouse)
 {
+    const auto values = [this](int object, const QStringList& items) {
+        QStringList all;
+        for (const QString& item : items)
+            all << value(object, u":%1:="_s.arg(item));
+        return all.join(u' ');
+    };
     panel(5).BackColor = 0xff0a0b0c;
     PanelParamsToRow(lists, 5, QRectF(50, 101, 30, 30), 0.5);
-    EXPECT_EQ(value(5, u":02:="_s), u"100"_s);
-    EXPECT_EQ(value(5, u":03:="_s), u"202"_s);
-    EXPECT_EQ(value(5, u":06:="_s), u"0x0A0B0C"_s);
+    EXPECT_EQ(values(5, {u"02"_s, u"03"_s, u"06"_s}), u"100 202 0x0A0B0C"_s);
     EXPECT_EQ(row(5, u":06:="_s).swatch, 0xff0a0b0c);
-    EXPECT_EQ(panel(5).Left, 100);
-    EXPECT_EQ(panel(5).Width, 72); // fixed
+    EXPECT_EQ(place(5), QRect(100, 202, 72, 22)); // the size is fixed
 
     panel(24).Transp = 40;
     PanelParamsToRow(lists, 24, QRectF(1, 2, 5, 7), 2); // halves go to the even side
-    EXPECT_EQ(value(24, u":02:="_s), u"0"_s);
-    EXPECT_EQ(value(24, u":04:="_s), u"2"_s);
-    EXPECT_EQ(value(24, u":05:="_s), u"4"_s);
-    EXPECT_EQ(value(24, u":07:="_s), u"40"_s);
+    EXPECT_EQ(values(24, {u"02"_s, u"04"_s, u"05"_s, u"07"_s}), u"0 2 4 40"_s);
 
     PanelParamsToRow(lists, 1, QRectF(10, 20, 300, 24), 1);
     for (const int object : {0, 1}) {
-        EXPECT_EQ(value(object, u":42:="_s), u"10"_s);
-        EXPECT_EQ(value(object, u":43:="_s), u"20"_s);
-        EXPECT_EQ(value(object, u":54:="_s), u"300"_s);
+        EXPECT_EQ(values(object, {u"42"_s, u"43"_s, u"54"_s}), u"10 20 300"_s);
         EXPECT_EQ(panel(object).Width, 300);
     }
     EXPECT_EQ(panel(0).Height, 140);

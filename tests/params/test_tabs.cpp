@@ -22,6 +22,7 @@ protected:
         row.colour = colour;
         return row;
     }
+    void put(int tab, const QString& name) { put(tab, member(name)); }
     static ListRow member(const QString& name)
     {
         ListRow row;
@@ -42,26 +43,22 @@ protected:
 
 TEST_F(Tabs, OfATemplate)
 {
-    const QStringList fixed = {u"Menu"_s, u"Gfxboot"_s, u"Config"_s, u"Background(s)"_s,
-                               u"Font(s)"_s};
+    const QString fixed = u"Menu|Gfxboot|Config|Background(s)|Font(s)"_s;
     build();
-    EXPECT_EQ(captions(),
-              fixed +
-                  QStringList({u"MenuPanel"_s, u"MenuBar"_s, u"LOGO"_s, u"Time"_s, u"Date"_s,
-                               u"InfoLine"_s, u"HelpPanel"_s, u"RunLine"_s, u"Glasses"_s,
-                               u"Linear Timer"_s, u"Circular Timer"_s, u"Numerical Timer"_s,
-                               u"WaitPanel"_s, u"Animation"_s, u"InfoPanel"_s, u"@ZUK-MOSA@"_s}));
+    EXPECT_EQ(captions().join(u'|'),
+              fixed + u"|MenuPanel|MenuBar|LOGO|Time|Date|InfoLine|HelpPanel|RunLine|Glasses|"
+                      "Linear Timer|Circular Timer|Numerical Timer|WaitPanel|Animation|InfoPanel|"
+                      "@ZUK-MOSA@"_s);
     EXPECT_EQ(lists.tabs[15].toolTip, u"Linear Timer settings tab"_s);
     EXPECT_EQ(lists.tabs[15].object, 24);
     EXPECT_EQ(tabMenuCaption(lists.tabs[15]), u" - Linear Timer"_s);
     EXPECT_EQ(panel(0).TabIndex, 6);
 
     set(1, 1, 2);
-    put(TabGfxboot, member(u"init"_s));
+    put(TabGfxboot, u"init"_s);
     lists.CurrentTab = 21;
     build();
-    EXPECT_EQ(captions().mid(11, 4),
-              QStringList({u"HelpPanel"_s, u"Sparkle №1"_s, u"Sparkle №2"_s, u"RunLine"_s}));
+    EXPECT_EQ(captions().mid(11, 4).join(u'|'), u"HelpPanel|Sparkle №1|Sparkle №2|RunLine"_s);
     EXPECT_EQ(lists.CurrentTab, 21);
     EXPECT_EQ(lists.list(TabGfxboot)->count(), 1); // fixed lists stay
 
@@ -70,7 +67,7 @@ TEST_F(Tabs, OfATemplate)
     shell.run.ObjectCount = 4;
     BuildPanels(shell.shell, lists);
     BuildTabs(shell.shell, lists, {});
-    EXPECT_EQ(captions(), fixed);
+    EXPECT_EQ(captions().join(u'|'), fixed);
     EXPECT_EQ(lists.lists.size(), lists.tabs.size());
     EXPECT_EQ(lists.CurrentTab, 1);
 }
@@ -89,9 +86,9 @@ TEST_F(Tabs, LeaveObjectsShownOrNot)
 TEST_F(Tabs, EnableButtonsForMembers)
 {
     build();
-    put(TabFonts, member(u"16x16.fnt"_s));
-    put(TabBackgrounds, member(u"back.jpg"_s));
-    put(TabGfxboot, member(u"ZUK_Read.txt"_s));
+    put(TabFonts, u"16x16.fnt"_s);
+    put(TabBackgrounds, u"back.jpg"_s);
+    put(TabGfxboot, u"ZUK_Read.txt"_s);
     const RowButtons picture = {true, true, true, true, true, true, false, true};
     const RowButtons words = {true, true, true, true, true, true, true, false};
     EXPECT_EQ(buttonsOfRow(shell.run, lists, TabBackgrounds, 1), picture);
@@ -132,51 +129,41 @@ TEST_F(Tabs, SkipGreyRows)
     EXPECT_EQ(click.buttons, RowButtons());
 }
 
-TEST_F(Tabs, AnswerClicks)
-{
-    build();
-    put(TabFonts, member(u"16x16.fnt"_s));
-    const ItemClick font = onItemClick(shell.run, lists, TabFonts, 1, true);
-    EXPECT_TRUE(font.showFont && font.showPopup && font.buttons.Font_change);
-    put(TabConfig, coloured(blueRow));
-    EXPECT_TRUE(onItemClick(shell.run, lists, TabConfig, 1, false).showCfgStatus);
-    EXPECT_FALSE(onItemClick(shell.run, lists, TabConfig, 1, true).showPopup);
-    EXPECT_EQ(onItemClick(shell.run, lists, 99, 1, true).buttons, RowButtons());
-}
-
 TEST_F(Tabs, AnswerDoubleClicks)
 {
-    shell.member(u"Logo_01.jpg"_s, "1");
-    shell.member(u"glass_01.jpg"_s, "1");
-    shell.member(u"RLineDef.txt"_s, "1");
+    for (const QString& name : {u"Logo_01.jpg"_s, u"glass_01.jpg"_s, u"RLineDef.txt"_s})
+        shell.member(name, "1");
     set(6, 1, 0);
     build();
-    const auto on = [&](int object, const QString& item) {
-        return twice(panel(object).TabIndex, rowNumber(object, item));
+    const std::tuple<int, QString, DoubleClick> answers[] = {
+        {4, u"Logo_01.jpg"_s, DoubleClick::ShowLogo},
+        {23, u"glass_01.jpg"_s, DoubleClick::OpenPicture},
+        {22, u"RLineDef.txt"_s, DoubleClick::ShowText},
+        {22, u"FileName"_s, DoubleClick::Nothing},
+        {22, u"_____"_s, DoubleClick::SelectFirst},
+        {5, u":02:="_s, DoubleClick::EditValue},
+        {26, u":02:="_s, DoubleClick::SelectFirst}, // grey
     };
-    EXPECT_EQ(on(4, u"Logo_01.jpg"_s), DoubleClick::ShowLogo);
-    EXPECT_EQ(on(23, u"glass_01.jpg"_s), DoubleClick::OpenPicture);
-    EXPECT_EQ(on(22, u"RLineDef.txt"_s), DoubleClick::ShowText);
-    EXPECT_EQ(on(22, u"FileName"_s), DoubleClick::Nothing);
-    EXPECT_EQ(on(22, u"_____"_s), DoubleClick::SelectFirst);
-    EXPECT_EQ(on(5, u":02:="_s), DoubleClick::EditValue);
-    EXPECT_EQ(on(26, u":02:="_s), DoubleClick::SelectFirst); // grey
+    for (const auto& [object, item, answer] : answers)
+        EXPECT_EQ(twice(panel(object).TabIndex, rowNumber(object, item)), answer)
+            << object << item.toStdString();
     EXPECT_EQ(onDoubleClick(shell.run, lists, panel(5).TabIndex, 1, true),
               DoubleClick::RefuseMenuLevel);
-    put(TabMenu, member(u"menu.LST"_s));
-    EXPECT_EQ(twice(TabMenu), DoubleClick::TakeMenu);
-    put(TabBackgrounds, member(u"back_01.jpg"_s));
-    EXPECT_EQ(twice(TabBackgrounds), DoubleClick::ShowBackground);
-    put(TabFonts, member(u"16x16.fnt"_s));
-    EXPECT_EQ(twice(TabFonts), DoubleClick::ShowFont);
-    put(TabGfxboot, member(u"init"_s));
-    EXPECT_EQ(twice(TabGfxboot), DoubleClick::Nothing);
+    const std::tuple<int, QString, DoubleClick> members[] = {
+        {TabMenu, u"menu.LST"_s, DoubleClick::TakeMenu},
+        {TabBackgrounds, u"back_01.jpg"_s, DoubleClick::ShowBackground},
+        {TabFonts, u"16x16.fnt"_s, DoubleClick::ShowFont},
+        {TabGfxboot, u"init"_s, DoubleClick::Nothing},
+    };
+    for (const auto& [tab, name, answer] : members) {
+        put(tab, name);
+        EXPECT_EQ(twice(tab), answer) << name.toStdString();
+    }
     ListRow known = coloured(blueRow);
     known.tag = u"menu_start_x"_s;
     put(TabConfig, known);
     EXPECT_EQ(twice(TabConfig), DoubleClick::Nothing); // generation 3 shows, but does not edit it
     EXPECT_EQ(twice(TabConfig, 2), DoubleClick::Nothing);
-
     shell.run.GfxHasZuk = false;
     shell.run.gfxboot_var = 1;
     EXPECT_EQ(twice(TabFonts), DoubleClick::TellOldFonts);
@@ -184,10 +171,10 @@ TEST_F(Tabs, AnswerDoubleClicks)
     shell.run.gfxboot_var = 2;
     shell.run.GfxHasCfg = true;
     EXPECT_EQ(twice(TabConfig), DoubleClick::EditValue);
-    put(TabConfig, coloured(blueRow)); // a comment line
-    EXPECT_EQ(twice(TabConfig), DoubleClick::Nothing);
-    put(TabConfig, coloured(fixedRow));
-    EXPECT_EQ(twice(TabConfig), DoubleClick::Nothing);
+    for (const QRgb colour : {blueRow, fixedRow}) { // a comment line, and one of no parameter
+        put(TabConfig, coloured(colour));
+        EXPECT_EQ(twice(TabConfig), DoubleClick::Nothing);
+    }
 }
 
 TEST_F(Tabs, AnswerKeysAndChecks)

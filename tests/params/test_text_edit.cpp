@@ -3,8 +3,6 @@
 #include "params/text_edit.h"
 #include "support/test_shell.h"
 
-#include <gtest/gtest.h>
-
 namespace fennel::test {
 
 using namespace Qt::StringLiterals;
@@ -25,14 +23,6 @@ struct TextEdit : testing::Test {
     bool utf8 = false;
 };
 
-TEST_F(TextEdit, TakesTextFilesByTheirEnding)
-{
-    EXPECT_TRUE(isTextMember(u"ZUK_Read.TXT"_s));
-    EXPECT_FALSE(isTextMember(u"txt"_s));
-    EXPECT_FALSE(isTextMember(u"a.txt.jpg"_s));
-    EXPECT_FALSE(readTextMember(shell.run.Workspace + u"none.txt"_s).ok());
-}
-
 TEST_F(TextEdit, ShowsTheLinesOfCrAndCrLfAndNoOthers)
 {
     EXPECT_EQ(shown("one\r\ntwo\rthree\nfour"), u"one\r\ntwo\r\nthreefour"_s);
@@ -42,6 +32,7 @@ TEST_F(TextEdit, ShowsTheLinesOfCrAndCrLfAndNoOthers)
     EXPECT_EQ(shown(mark + "\xD0\x96"), u"Ж"_s);
     EXPECT_TRUE(utf8);
     EXPECT_EQ(shown("\xC6"), u"Ж"_s); // code page 1251
+    EXPECT_FALSE(readTextMember(shell.run.Workspace + u"none.txt"_s).ok());
 }
 
 TEST_F(TextEdit, SavesAsciiPlainAndAllElseBehindTheMark)
@@ -53,15 +44,6 @@ TEST_F(TextEdit, SavesAsciiPlainAndAllElseBehindTheMark)
     // What is neither kind of character survives a round trip.
     const QString odd = u"\u00a0\u2028😀"_s;
     EXPECT_EQ(decodeText(textMemberBytes(odd)).text, odd);
-}
-
-TEST_F(TextEdit, ReadsUnmarkedUtf8OnDemand)
-{
-    const QString wrong = shown("\xD0\x96\xD1\x83\xD0\xBA \x98");
-    EXPECT_EQ(readAsUtf8(wrong).left(3), u"Жук"_s);
-    // Once more decodes once more: the bytes of 1251 are no UTF-8.
-    EXPECT_EQ(readAsUtf8(u"Ж"_s), u"\uFFFD"_s);
-    EXPECT_EQ(readAsUtf8(u"plain"_s), u"plain"_s);
 }
 
 TEST_F(TextEdit, SavesTheWholeFileOrLeavesTheOldOne)
@@ -77,13 +59,6 @@ TEST_F(TextEdit, SavesTheWholeFileOrLeavesTheOldOne)
     shell.files.failAt = 0;
     EXPECT_TRUE(saveTextMember(shell.files, path, u"new"_s).ok());
     EXPECT_EQ(bytesOf(path), "new");
-}
-
-TEST_F(TextEdit, TakesTenMegabytes)
-{
-    const QByteArray line = "0123456789 a line of text\r\n";
-    const QByteArray bytes = line.repeated(10 * 1024 * 1024 / line.size());
-    EXPECT_EQ(textMemberBytes(shown(bytes)), bytes);
 }
 
 } // namespace

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/test_shell.h"
 
-#include <gtest/gtest.h>
-
 #include <QFile>
 #include <QFileInfo>
 
@@ -23,19 +21,6 @@ TEST(Files, ReplacesThroughALinkAndKeepsPermissions)
     EXPECT_TRUE(QFileInfo(link).isSymLink());
     EXPECT_EQ(bytesOf(target), "new");
     EXPECT_EQ(QFile::permissions(target) & QFileDevice::ReadOther, 0);
-}
-
-TEST(Files, TellsWhyAReplacementFailed)
-{
-    TestShell t;
-    const QString source = t.file(u"new"_s, "new");
-    ASSERT_TRUE(t.files.makeFolder(t.path(u"folder"_s)).ok());
-    const Result<void> onFolder = t.files.replaceWhole(source, t.path(u"folder"_s));
-    ASSERT_FALSE(onFolder.ok());
-    EXPECT_NE(onFolder.failure().text.find("folder"), std::string::npos);
-    const Result<void> nowhere = t.files.replaceWhole(source, t.path(u"gone/x"_s));
-    ASSERT_FALSE(nowhere.ok());
-    EXPECT_EQ(nowhere.failure().kind, FailureKind::NotFound);
 }
 
 TEST(Files, NumberedPatternsComeInNumericOrderAndIgnoreCase)

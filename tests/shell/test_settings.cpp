@@ -3,11 +3,7 @@
 #include "shell/installed_fonts.h"
 #include "shell/last_used.h"
 #include "shell/settings_store.h"
-#include "support/test_shell.h"
-
-#include <gtest/gtest.h>
-
-#include <QProcess>
+#include "support/run_program.h"
 
 using namespace fennel;
 using namespace fennel::test;
@@ -19,12 +15,14 @@ TEST(IniFile, FindsAKeyWhateverItsSpacingCaseAndEncoding)
     t.file(u"FENNEL.ini"_s, "\xEF\xBB\xBFMonitoring USB connections= 1 \r\n\r\nno equals sign\r\n"
                             "Default   Language=0419\r\ndefault\tLANGUAGE=0409\r\n"
                             "a = b = c\r\npiped=x|y=z\n=nameless");
-    EXPECT_EQ(IniRead(t.shell, u"monitoringusbconnections"_s), u"1"_s);
-    EXPECT_EQ(IniRead(t.shell, u"Default Language"_s), u"0419"_s);
-    EXPECT_EQ(IniRead(t.shell, u" A\t"_s), u"b = c"_s);
-    EXPECT_EQ(IniRead(t.shell, u"piped"_s), u"x"_s);
-    EXPECT_EQ(IniRead(t.shell, u"y"_s), u"z"_s);
-    EXPECT_EQ(IniRead(t.shell, u"gone"_s), QString());
+    const std::pair<QString, QString> keys[] = {{u"monitoringusbconnections"_s, u"1"_s},
+                                                {u"Default Language"_s, u"0419"_s},
+                                                {u" A\t"_s, u"b = c"_s},
+                                                {u"piped"_s, u"x"_s},
+                                                {u"y"_s, u"z"_s},
+                                                {u"gone"_s, QString()}};
+    for (const auto& [key, value] : keys)
+        EXPECT_EQ(IniRead(t.shell, key), value);
     t.prompts.expectMessage(u"File not found: "_s + t.path(u"other"_s));
     EXPECT_EQ(IniRead(t.shell, u"a"_s, t.path(u"other"_s)), QString());
 }
@@ -92,34 +90,36 @@ TEST(Fonts, SystemListHoldsTrueTypeOutlinesOnly)
             << font.path.toStdString();
     }
     // The judge counts every face with such outlines.
-    QProcess judge;
-    judge.start(u"fc-list"_s, {u":fontformat=TrueType:variable=false:outline=true"_s, u"file"_s});
-    if (!judge.waitForFinished())
+    const Ran judge = runProgram(
+        u"fc-list"_s, {u":fontformat=TrueType:variable=false:outline=true"_s, u"file"_s});
+    if (judge.code != 0)
         GTEST_SKIP() << "no fc-list here";
-    EXPECT_LE(fonts.size(), static_cast<std::size_t>(judge.readAllStandardOutput().count('\n')));
+    EXPECT_LE(fonts.size(), static_cast<std::size_t>(judge.out.count('\n')));
 }
 
 TEST(Fonts, FirstRunTakesTheLastOfThreeNamesThatIsThere)
 {
-    EXPECT_EQ(firstRunFontName(u"Arial (TrueType)>a.ttf\nZ (TrueType)>z.ttf"_s), u"Arial"_s);
-    EXPECT_EQ(firstRunFontName(u"Arial (TrueType)>a.ttf\nTahoma (TrueType)>t.ttf"_s), u"Tahoma"_s);
-    EXPECT_EQ(firstRunFontName(u"Arial Unicode MS>u.ttf\nTahoma>t.ttf"_s), u"Arial Unicode MS"_s);
-    EXPECT_EQ(firstRunFontName(u"Z (TrueType)>z.ttf\nB (TrueType)>b.ttf"_s), u"B"_s);
-    EXPECT_EQ(firstRunFontName({}), QString());
+    const std::pair<QString, QString> lists[] = {
+        {u"Arial (TrueType)>a.ttf\nZ (TrueType)>z.ttf"_s, u"Arial"_s},
+        {u"Arial (TrueType)>a.ttf\nTahoma (TrueType)>t.ttf"_s, u"Tahoma"_s},
+        {u"Arial Unicode MS>u.ttf\nTahoma>t.ttf"_s, u"Arial Unicode MS"_s},
+        {u"Z (TrueType)>z.ttf\nB (TrueType)>b.ttf"_s, u"B"_s},
+        {QString(), QString()},
+    };
+    for (const auto& [list, name] : lists)
+        EXPECT_EQ(firstRunFontName(list), name);
 }
 
 TEST(Fonts, DefaultComesFromTheSettingsFileIfItIsInstalled)
 {
     TestShell t;
     const QString list = u"B Bold (TrueType)>b.ttf\nZ (TrueType)>z.ttf"_s;
-    EXPECT_EQ(DefaultFontName(t.shell, list), u"B Bold"_s)
-        << "without a file, and without a message";
-    t.file(u"FENNEL.ini"_s, "Default Font Name=Z\r\n");
-    EXPECT_EQ(DefaultFontName(t.shell, list), u"Z"_s);
-    t.file(u"FENNEL.ini"_s, "Default Font Name=Gone\r\n");
-    EXPECT_EQ(DefaultFontName(t.shell, list), u"B Bold"_s);
-    t.file(u"FENNEL.ini"_s, "Default Font Name=\r\n");
-    EXPECT_EQ(DefaultFontName(t.shell, list), QString()) << "an empty value counts as found";
+    EXPECT_EQ(DefaultFontName(t.shell, list), u"B Bold"_s) << "no file, and no message";
+    // An empty value counts as found.
+    for (const auto& [set, name] : {std::pair{"Z", u"Z"_s}, {"Gone", u"B Bold"_s}, {"", u""_s}}) {
+        t.file(u"FENNEL.ini"_s, "Default Font Name=" + QByteArray(set) + "\r\n");
+        EXPECT_EQ(DefaultFontName(t.shell, list), name);
+    }
 }
 
 TEST(Settings, KeepsAnyTextAndReadsWhatPeopleTyped)

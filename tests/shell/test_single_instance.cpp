@@ -2,8 +2,6 @@
 #include "shell/single_instance.h"
 #include "support/test_shell.h"
 
-#include <gtest/gtest.h>
-
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QSignalSpy>

@@ -6,8 +6,6 @@
 #include "shell/status_line.h"
 #include "support/test_shell.h"
 
-#include <gtest/gtest.h>
-
 #include <QFile>
 #include <QFileInfo>
 
@@ -108,16 +106,19 @@ TEST_F(Start, OnlyTheFirstWordSwitchesTheLogOn)
     EXPECT_EQ(start(), NextStep::GoOn);
     const QStringList lines =
         QString::fromUtf8(bytesOf(t.path(u"bin/FENNEL-GFX.log"_s))).split(u"\r\n"_s);
-    EXPECT_EQ(lines.value(0), QString());
-    EXPECT_EQ(lines.value(1), QString(72, u'-'));
-    EXPECT_EQ(lines.value(2), u"FENNEL-GFX (v. 3.3.1011) /Component of @ZUK-MOSA@ project/"_s);
-    EXPECT_EQ(lines.value(3), u"Compiled at 2000-02-28 23:59:59 (GMT)"_s);
-    EXPECT_TRUE(lines.value(4).startsWith(u"OS: "_s) && lines.value(4).size() > 4);
-    EXPECT_TRUE(lines.value(5).startsWith(u"Version:"_s));
-    EXPECT_TRUE(lines.value(6).startsWith(u"Build: "_s) && lines.value(6).size() > 7);
-    EXPECT_TRUE(lines.value(7).startsWith(u"x64/x86: x"_s));
-    EXPECT_TRUE(lines.value(8).startsWith(u"InstallLang: "_s));
-    EXPECT_TRUE(lines.value(9).startsWith(u"DefaultLang: "_s));
+    const QStringList head{QString(),
+                           QString(72, u'-'),
+                           u"FENNEL-GFX (v. 3.3.1011) /Component of @ZUK-MOSA@ project/"_s,
+                           u"Compiled at 2000-02-28 23:59:59 (GMT)"_s,
+                           u"OS: "_s,
+                           u"Version:"_s,
+                           u"Build: "_s,
+                           u"x64/x86: x"_s,
+                           u"InstallLang: "_s,
+                           u"DefaultLang: "_s};
+    for (int i = 0; i < head.size(); ++i)
+        EXPECT_TRUE(lines.value(i).startsWith(head[i])) << lines.value(i).toStdString();
+    EXPECT_TRUE(lines.value(4).size() > 4 && lines.value(6).size() > 7);
     EXPECT_EQ(lines.mid(10), (QStringList{QString(), u"Start Logging from Form_Initialize..."_s,
                                           u"Form_Initialize End"_s, QString()}));
 }
@@ -237,18 +238,13 @@ TEST(LogHeader, ReadsAssignmentsAndLocales)
 
     const std::pair<QString, QString> locales[] = {
         {u"ru_RU.UTF-8"_s, u"Russian"_s},
-        {u"en_US"_s, u"English_United_States"_s},
         {u"de_AT@euro"_s, u"German_Austrian"_s},
+        {u"no_NO"_s, u"Norwegian_Bokmal"_s},
         {u"sr_RS@latin"_s, u"Serbian_Latin"_s},
         {u"sr_RS.UTF-8"_s, u"Serbian_Cyrillic"_s},
-        {u"pt"_s, u"Portuguese_Standard"_s},
-        {u"ru_UA.UTF-8"_s, u"Russian"_s},
         {u"en_IN"_s, u"English_United_States"_s},
-        {u"no_NO"_s, u"Norwegian_Bokmal"_s},
         {u"es_ES.UTF-8"_s, u"Spanish_Modern_Sort"_s},
-        {u"uk_UA@euro"_s, u"Ukrainian"_s},
         {u"C.UTF-8"_s, u"undef"_s},
-        {u"POSIX"_s, u"undef"_s},
         {QString(), u"undef"_s},
     };
     for (const auto& [locale, name] : locales)
@@ -261,33 +257,23 @@ TEST(StatusLine, FollowsTheRunState)
 {
     TestShell t;
     StatusFields fields;
+    const auto texts = [&] {
+        Status_set(t.shell, fields);
+        return QStringList(fields.texts.begin(), fields.texts.end()).join(u'|');
+    };
     fields.field(7) = u"old"_s;
-    Status_set(t.shell, fields);
-    EXPECT_EQ(QStringList(fields.texts.begin(), fields.texts.end()),
-              (QStringList{u" :"_s, u"no current gfxboot"_s, u"old version ?"_s, u"gfxboot size"_s,
-                           u"gfxboot Object"_s, u"(x;y), WxH, transp"_s, QString(),
-                           u"Select the gfxboot using File/Open"_s}));
-    // The flags of a former gfxboot say nothing while none is open.
-    t.run.GfxHasZuk = true;
-    Status_set(t.shell, fields);
-    EXPECT_EQ(fields.field(3), u"old version ?"_s);
-
-    t.run.GfxOpened = true;
-    t.run.GfxHasCfg = true;
+    t.run.GfxHasZuk = true; // the flags of a former gfxboot say nothing while none is open
+    EXPECT_EQ(texts(), u" :|no current gfxboot|old version ?|gfxboot size|gfxboot Object|"
+                       "(x;y), WxH, transp||Select the gfxboot using File/Open"_s);
+    t.run.GfxOpened = t.run.GfxHasCfg = true;
     t.run.GfxFileName = u"message"_s;
     for (int i = 4; i <= 7; ++i)
         fields.field(i) = u"stage"_s;
-    Status_set(t.shell, fields);
-    EXPECT_EQ(
-        QStringList(fields.texts.begin(), fields.texts.end()),
-        (QStringList{u" :"_s, u"message"_s, u"@ZUK-MOSA@"_s, u"stage"_s, u"stage"_s, u"stage"_s,
-                     u"stage"_s, u"Specify the Current Flash Drive using the Flash/Choose"_s}));
+    EXPECT_EQ(texts(), u" :|message|@ZUK-MOSA@|stage|stage|stage|stage|"
+                       "Specify the Current Flash Drive using the Flash/Choose"_s);
     t.run.GfxHasZuk = false;
     t.run.CurrentFlashChar = 'E';
-    Status_set(t.shell, fields);
-    EXPECT_EQ(fields.field(1), u"E:"_s);
-    EXPECT_EQ(fields.field(3), u"custom"_s);
-    EXPECT_EQ(fields.field(8), QString());
+    EXPECT_EQ(texts(), u"E:|message|custom|stage|stage|stage|stage|"_s);
     EXPECT_EQ(ProgressBar_reset(t.shell, {0, 700, 1000, 22}, {40, 700, 300, 22}),
               QRect(40, 701, 300, 20));
 }

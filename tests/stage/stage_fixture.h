@@ -6,8 +6,6 @@
 #include "stage/gestures.h"
 #include "support/test_shell.h"
 
-#include <gtest/gtest.h>
-
 #include <QPainter>
 
 #include <map>

@@ -59,16 +59,6 @@ TEST_F(BackgroundTest, FullScaleCopiesByteForByteWithoutATool)
     EXPECT_TRUE(host.backgrounds.empty()) << "no level data in generation 1";
 }
 
-TEST_F(BackgroundTest, OtherScalesRunTheToolOnce)
-{
-    useBack(u"back.jpg"_s, encoded({800, 600}, "JPG"));
-    run().PreviewScale = 0.33;
-    stage.ShowBackground();
-    EXPECT_EQ(resizes, QStringList(u"264x198 %1 %2"_s.arg(run().BackFile, scaled())));
-    EXPECT_EQ(stage.pictureSize(), QSize(264, 198));
-    EXPECT_EQ(stage.panel(1).rect, QRect(83, 56, 181, 8));
-}
-
 TEST_F(BackgroundTest, BackgroundNumberGoesToTheLevelData)
 {
     openZuk();
@@ -167,7 +157,7 @@ TEST_F(BackgroundTest, MenuOfScales)
 {
     useBack(u"back.jpg"_s, encoded({800, 600}, "JPG"));
     mnuView_scale(stage, 50);
-    EXPECT_EQ(run().PreviewScale, 0.5);
+    EXPECT_EQ(resizes, QStringList(u"400x300 %1 %2"_s.arg(run().BackFile, scaled())));
     EXPECT_EQ(stage.pictureSize(), QSize(400, 300));
     EXPECT_EQ(stage.panel(0).rect, QRect(126, 85, 274, 82)) << "to the right edge";
     EXPECT_TRUE(host.calls.contains(u"scaled"_s));
@@ -210,14 +200,4 @@ TEST_F(BackgroundTest, FillNeedsTheFirstBackground)
     EXPECT_EQ(stage.pictureSize(), QSize(1000, 750));
     run().BackWidth = 0;
     EXPECT_FALSE(fillForStage(stage, room));
-}
-
-TEST_F(BackgroundTest, SelectionSurvivesARescale)
-{
-    useBack(u"back.jpg"_s, encoded({800, 600}, "JPG"));
-    stage.ActivatePanel(0);
-    mnuView_scale(stage, 200);
-    EXPECT_EQ(stage.SelectedPanel, 0);
-    EXPECT_EQ(stage.marker(), QRect(1595, 661, 7, 7)) << "506 + 1094, 340 + 326, less 5";
-    EXPECT_EQ(stage.stacking().back(), 1);
 }

@@ -104,22 +104,12 @@ TEST(Fonts, SizesInPixelsAndStrangeNumbers)
     EXPECT_EQ(usableFont(fonts, 100), 0);
     EXPECT_EQ(usableFont({}, 0), 0);
     FontRecord record;
-    record.Size = 14;
-    EXPECT_EQ(panelFont(record, StageScale(1), {}).pixelSize(), 19); // 18.67
-    EXPECT_EQ(panelFont(record, StageScale(0.25), {}).pixelSize(),
-              7); // the floor of 5 points: 6.67
+    // 18.67; the floor of 5 points: 6.67.
+    for (const auto& [size, scale, pixels] :
+         {std::tuple{14.0, 1.0, 19}, {14.0, 0.25, 7}, {-4.0, 1.0, 7}}) {
+        record.Size = size;
+        EXPECT_EQ(panelFont(record, StageScale(scale), {}).pixelSize(), pixels);
+    }
     record.Size = 1e300;
     EXPECT_GT(panelFont(record, StageScale(2), {}).pixelSize(), 0);
-    record.Size = -4;
-    EXPECT_EQ(panelFont(record, StageScale(1), {}).pixelSize(), 7);
-}
-
-TEST(Fonts, AFamilyThatIsMissingIsShownInTheNearest)
-{
-    FontRecord record;
-    record.FontName = u"Times New Roman"_s;
-    const QStringList families{u"DejaVu Sans"_s, u"Liberation Serif"_s};
-    EXPECT_EQ(panelFont(record, StageScale(1), families).family(), u"Liberation Serif"_s);
-    record.FontName = u"DejaVu Sans"_s;
-    EXPECT_EQ(panelFont(record, StageScale(1), families).family(), u"DejaVu Sans"_s);
 }

@@ -49,13 +49,6 @@ TEST(Blend, EveryBackgroundAndAlphaRoundsToTheNearest)
     }
 }
 
-TEST(Blend, AlphaIsHeldWithinAByte)
-{
-    EXPECT_EQ(blendAlpha(-3), 0);
-    EXPECT_EQ(blendAlpha(256), 255);
-    EXPECT_EQ(blendAlpha(32767), 255);
-}
-
 TEST(Geometry, RectanglesAtEveryScale)
 {
     // 253, 170, 547, 163 times the scale, ties to even.
@@ -67,24 +60,6 @@ TEST(Geometry, RectanglesAtEveryScale)
     EXPECT_EQ(StageScale(1.5).shown(rec), QRect(380, 255, 820, 244)); // 379.5, 820.5, 244.5
     EXPECT_EQ(StageScale(2.0).shown(rec), QRect(506, 340, 1094, 326));
     EXPECT_EQ(StageScale(0.5).shown(recAt(-10, 5, -4, 0)), QRect(-5, 2, 0, 0));
-}
-
-TEST(Geometry, StoredLengths)
-{
-    const StageScale half(0.5);
-    EXPECT_EQ(half.stored(60, 100, 0, 799), 120);
-    EXPECT_EQ(half.stored(50, 101, 0, 799), 101) << "101 is shown at 50 already";
-    EXPECT_EQ(half.stored(-7, 0, 0, 799), 0);
-    EXPECT_EQ(half.stored(500, 0, 0, 799), 799);
-    EXPECT_EQ(StageScale(0.01).stored(4000, 0, 0, 1000000), 32767);
-}
-
-TEST(Geometry, MarkerAndBandCorners)
-{
-    EXPECT_EQ(markerRect(QRect(100, 50, 200, 40)), QRect(295, 85, 7, 7));
-    const ResizeBand band = bandAround(QRect(100, 50, 200, 40));
-    EXPECT_EQ(band.right, 303);
-    EXPECT_EQ(band.bottom, 93);
 }
 
 TEST(Geometry, DraggingStopsAtTheEdges)
@@ -126,59 +101,23 @@ TEST(Geometry, PullingMovesOnlyFreeSides)
     EXPECT_EQ(pull(1, 3, {0, 300}), QPoint(52, 300));
 }
 
-TEST(Geometry, MenuHeightSnapsToEntries)
-{
-    const double pitch = linePitch(14, 3);
-    EXPECT_EQ(pitch, 20);
-    const StageScale half(0.5);
-    EXPECT_EQ(menuEntries(84, pitch, half), 8); // 8.4
-    EXPECT_EQ(menuEntries(86, pitch, half), 9); // 8.6
-    EXPECT_EQ(menuEntries(0, pitch, half), 1);
-    EXPECT_EQ(menuHeight(9, pitch, half), 90);
-    EXPECT_EQ(menuHeight(3, pitch, StageScale(0.33)), 20); // 19.8
-    EXPECT_EQ(linePitch(14, -30), 1) << "a slit from a broken file";
-}
-
-TEST(Geometry, NextPanelWalksRoundEnabledRows)
-{
-    PanelArr panels(5);
-    for (const std::size_t off : {0U, 3U})
-        panels[off].Enabled = false;
-    EXPECT_EQ(nextPanel(panels, -1, false), 1);
-    EXPECT_EQ(nextPanel(panels, 2, false), 4);
-    EXPECT_EQ(nextPanel(panels, 4, false), 1);
-    EXPECT_EQ(nextPanel(panels, 1, true), 4);
-    for (PanelRec& rec : panels)
-        rec.Enabled = false;
-    EXPECT_EQ(nextPanel(panels, 2, false), -1);
-    EXPECT_EQ(nextPanel({}, -1, true), -1);
-}
-
 TEST(ScaleRules, WhatIsAccepted)
 {
     EXPECT_TRUE(menuScaleAccepted({800, 600}, 1, 50));
-    EXPECT_FALSE(menuScaleAccepted({790, 590}, 1, 50));
     EXPECT_TRUE(menuScaleAccepted({400, 300}, 0.5, 50)) << "relative to the picture now shown";
     EXPECT_FALSE(menuScaleAccepted({800, 590}, 1, 50)) << "both sides count";
-    EXPECT_EQ(customScaleAnswer({1024, 768}, 1, 150), ScaleAnswer::Accepted);
-    EXPECT_EQ(customScaleAnswer({1024, 768}, 1, 0.5), ScaleAnswer::Ignored);
-    EXPECT_EQ(customScaleAnswer({1024, 768}, 1, 200.5), ScaleAnswer::Ignored);
-    EXPECT_EQ(customScaleAnswer({1024, 768}, 1, std::nan("")), ScaleAnswer::Ignored);
+    for (const double answer : {0.5, 200.5, std::nan("")})
+        EXPECT_EQ(customScaleAnswer({1024, 768}, 1, answer), ScaleAnswer::Ignored);
     EXPECT_EQ(customScaleAnswer({800, 600}, 1, 24), ScaleAnswer::TooSmall);
     EXPECT_EQ(customScaleAnswer({800, 600}, 1, 25), ScaleAnswer::Accepted);
 }
 
 TEST(ScaleRules, Texts)
 {
-    EXPECT_EQ(scaleStatus(800, 600, 1), u"800x600, Scale=100%"_s);
     EXPECT_EQ(scaleStatus(1024, 768, 0.375), u"1024x768, Scale=38%"_s);
     EXPECT_EQ(customScalePrompt({1920, 1080}, {800, 600}, 0.375, {300, 225}),
               u"Screen size: 1920x1080\nReal background size: 800x600\nCurrent scale: 37.50%\n"
               "Screen background size: 300x225\nEnter your scale (1-100%) "_s);
-    EXPECT_EQ(backgroundNumber(u"/w/back_07.jpg"_s), 7);
-    EXPECT_EQ(backgroundNumber(u"/w/back_30.jpg"_s), 30);
-    EXPECT_EQ(backgroundNumber(u"/w/back.jpg"_s), 0);
-    EXPECT_EQ(backgroundNumber({}), 0);
 }
 
 TEST(ScaleRules, FillTakesTheTighterSide)
@@ -204,29 +143,8 @@ TEST(ScaleRules, FillTakesTheTighterSide)
 TEST(Pulse, RunsFromOrangeToYellowAndBack)
 {
     EXPECT_EQ(markerColour(0), qRgb(221, 141, 26));
-    EXPECT_EQ(markerColour(100), qRgb(247, 227, 7));
     EXPECT_EQ(markerColour(50), qRgb(240, 206, 12)); // t = 0.75: 240.5, 205.5, 11.75
     EXPECT_EQ(markerColour(150), markerColour(50));
-    EXPECT_EQ(markerColour(200), markerColour(0));
-    EXPECT_EQ(frameColour(99), qRgb(50, 50, 50));
-    EXPECT_EQ(frameColour(200), qRgb(200, 200, 200));
     EXPECT_EQ(pulsePhase(-1), 0);
-    EXPECT_EQ(pulsePhase(qint64{pulseStepMs} * 201), 0);
     EXPECT_EQ(pulsePhase(qint64{pulseStepMs} * 402 - 1), 200);
-}
-
-TEST(Colour, SlidersAndKeys)
-{
-    EXPECT_EQ(colourParts(qRgb(1, 2, 3)), (std::array<int, 3>{1, 2, 3}));
-    EXPECT_EQ(colourOfParts({300, -1, 7}), qRgb(255, 0, 7));
-    EXPECT_EQ(partText(10), u"0A"_s);
-    EXPECT_EQ(partAfterKey(255, Qt::Key_Down), 255);
-    EXPECT_EQ(partAfterKey(7, Qt::Key_Up), 6);
-    EXPECT_EQ(contrastColour(qRgb(255, 255, 255)), qRgb(0, 0, 0));
-    EXPECT_EQ(transparencyShown(300), 255);
-    PanelRec rec;
-    rec.TranspParam = -255;
-    rec.BackParam = 6;
-    EXPECT_TRUE(colourControlsFor(rec).fill);
-    EXPECT_FALSE(colourControlsFor(rec).transparency);
 }

@@ -66,29 +66,6 @@ TEST_F(SurfaceTest, DragByRealEventsRepaintsOldAndNewPlaceOnly)
     EXPECT_EQ(surface.grab().toImage().convertToFormat(QImage::Format_RGB32), painted());
 }
 
-TEST_F(SurfaceTest, MarkerByRealEvents)
-{
-    stage.ActivatePanel(22);
-    QTest::mousePress(&surface, Qt::LeftButton, {}, {498, 438});
-    moveHeld({548, 458});
-    QTest::mouseRelease(&surface, Qt::LeftButton, {}, {548, 458});
-    EXPECT_EQ(rec(22).Width, 350);
-    EXPECT_EQ(rec(22).Height, 60);
-}
-
-TEST_F(SurfaceTest, KeysGoToTheSelectedObject)
-{
-    surface.setFocus();
-    QTest::keyClick(&surface, Qt::Key_Tab);
-    EXPECT_EQ(stage.SelectedPanel, 0);
-    QTest::keyClick(&surface, Qt::Key_Backtab, Qt::ShiftModifier);
-    EXPECT_EQ(stage.SelectedPanel, 22);
-    QTest::keyClick(&surface, Qt::Key_Right, Qt::ShiftModifier);
-    EXPECT_EQ(rec(22).Left, 210);
-    QTest::keyClick(&surface, Qt::Key_Escape);
-    EXPECT_EQ(stage.SelectedPanel, -1);
-}
-
 TEST_F(SurfaceTest, CursorsAndToolTipsFollowTheMouse)
 {
     surface.setCursors({{StageCursor::Background, QCursor(Qt::PointingHandCursor)},
@@ -133,16 +110,4 @@ TEST_F(SurfaceTest, PulseRunsOnlyWhileTheMarkerCanBeSeen)
     QTRY_VERIFY(surface.pulsing());
     stage.ShowMarker(-1, -1);
     EXPECT_FALSE(surface.pulsing());
-}
-
-TEST_F(SurfaceTest, AThousandDragsLeaveNothingBehind)
-{
-    for (int i = 0; i < 1000; ++i) {
-        drag({30 + i % 2 * 100, 40}, {130 - i % 2 * 100, 40});
-        if (i % 50 == 0)
-            QTest::qWait(0);
-    }
-    EXPECT_EQ(rec(5).Left, 20);
-    EXPECT_EQ(rec(5).Top, 30);
-    EXPECT_EQ(surface.grab().toImage().convertToFormat(QImage::Format_RGB32), painted());
 }

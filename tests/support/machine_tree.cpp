@@ -5,8 +5,6 @@
 
 #include <QDir>
 
-#include <gtest/gtest.h>
-
 namespace fennel::test {
 
 using namespace Qt::StringLiterals;

@@ -11,47 +11,15 @@ ScriptedPrompts::~ScriptedPrompts()
         ADD_FAILURE() << "expected prompt never came: " << left.text.toStdString();
 }
 
-void ScriptedPrompts::expectMessage(const QString& part, Answer answer)
-{
-    m_queue.push_back({Expected::Message, part, answer, true, {}});
-}
-
-void ScriptedPrompts::expectOpen(const QString& path)
-{
-    m_queue.push_back({Expected::Open, path, Answer::Ok, true, {}});
-}
-
-void ScriptedPrompts::expectSave(const QString& path)
-{
-    m_queue.push_back({Expected::Save, path, Answer::Ok, true, {}});
-}
-
-void ScriptedPrompts::expectFolder(const QString& path)
-{
-    m_queue.push_back({Expected::Folder, path, Answer::Ok, true, {}});
-}
-
-void ScriptedPrompts::expectInput(std::optional<QString> text)
-{
-    m_queue.push_back(
-        {Expected::Input, text.value_or(QString()), Answer::Ok, text.has_value(), {}});
-}
-
-void ScriptedPrompts::expectColour(std::optional<QColor> colour)
-{
-    m_queue.push_back(
-        {Expected::Colour, {}, Answer::Ok, colour.has_value(), colour.value_or(QColor())});
-}
-
-bool ScriptedPrompts::take(Expected::Kind kind, const QString& shown, Expected& out)
+ScriptedPrompts::Expected ScriptedPrompts::take(Expected::Kind kind, const QString& shown)
 {
     if (m_queue.empty() || m_queue.front().kind != kind) {
         ADD_FAILURE() << "prompt that nobody expected: " << shown.toStdString();
-        return false;
+        return {kind, {}, Answer::Cancel, false};
     }
-    out = m_queue.front();
+    Expected expected = m_queue.front();
     m_queue.pop_front();
-    return true;
+    return expected;
 }
 
 Answer ScriptedPrompts::ShowMessage(const QString& text, MessageType type, const QString& title)
@@ -59,9 +27,7 @@ Answer ScriptedPrompts::ShowMessage(const QString& text, MessageType type, const
     texts.append(text);
     titles.append(title);
     types.push_back(type);
-    Expected expected;
-    if (!take(Expected::Message, title + QStringLiteral(": ") + text, expected))
-        return Answer::Cancel;
+    const Expected expected = take(Expected::Message, title + QStringLiteral(": ") + text);
     EXPECT_TRUE(text.contains(expected.text))
         << "message \"" << text.toStdString() << "\" should hold \"" << expected.text.toStdString()
         << '"';
@@ -71,22 +37,19 @@ Answer ScriptedPrompts::ShowMessage(const QString& text, MessageType type, const
 QString ScriptedPrompts::openFile(const FileQuestion& question)
 {
     fileQuestions.push_back(question);
-    Expected expected;
-    return take(Expected::Open, question.title, expected) ? expected.text : QString();
+    return take(Expected::Open, question.title).text;
 }
 
 QString ScriptedPrompts::saveFile(const FileQuestion& question)
 {
     fileQuestions.push_back(question);
-    Expected expected;
-    return take(Expected::Save, question.title, expected) ? expected.text : QString();
+    return take(Expected::Save, question.title).text;
 }
 
 QString ScriptedPrompts::ChooseFolder(const QString& title)
 {
     titles.append(title);
-    Expected expected;
-    return take(Expected::Folder, title, expected) ? expected.text : QString();
+    return take(Expected::Folder, title).text;
 }
 
 std::optional<QString> ScriptedPrompts::input(const QString& prompt, const QString& title,
@@ -95,19 +58,14 @@ std::optional<QString> ScriptedPrompts::input(const QString& prompt, const QStri
     texts.append(prompt);
     titles.append(title);
     lastInitialInput = initial;
-    Expected expected;
-    if (!take(Expected::Input, prompt, expected) || !expected.given)
-        return std::nullopt;
-    return expected.text;
+    const Expected expected = take(Expected::Input, prompt);
+    return expected.given ? std::optional(expected.text) : std::nullopt;
 }
 
-std::optional<QColor> ScriptedPrompts::colour(const QColor& initial)
+std::optional<QColor> ScriptedPrompts::colour(const QColor&)
 {
-    Q_UNUSED(initial)
-    Expected expected;
-    if (!take(Expected::Colour, QStringLiteral("colour"), expected) || !expected.given)
-        return std::nullopt;
-    return expected.colour;
+    const Expected expected = take(Expected::Colour, QStringLiteral("colour"));
+    return expected.given ? std::optional(expected.colour) : std::nullopt;
 }
 
 } // namespace fennel::test

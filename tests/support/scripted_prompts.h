@@ -18,13 +18,24 @@ public:
     ~ScriptedPrompts() override; // fails the test if an expected prompt never came
 
     // The next message box must hold `part` and gets `answer`.
-    void expectMessage(const QString& part, Answer answer = Answer::Ok);
+    void expectMessage(const QString& part, Answer answer = Answer::Ok)
+    {
+        m_queue.push_back({Expected::Message, part, answer});
+    }
     // The next dialog of that kind; an empty path is Cancel.
-    void expectOpen(const QString& path);
-    void expectSave(const QString& path);
-    void expectFolder(const QString& path);
-    void expectInput(std::optional<QString> text);
-    void expectColour(std::optional<QColor> colour);
+    void expectOpen(const QString& path) { m_queue.push_back({Expected::Open, path}); }
+    void expectSave(const QString& path) { m_queue.push_back({Expected::Save, path}); }
+    void expectFolder(const QString& path) { m_queue.push_back({Expected::Folder, path}); }
+    void expectInput(const std::optional<QString>& text)
+    {
+        m_queue.push_back(
+            {Expected::Input, text.value_or(QString()), Answer::Ok, text.has_value()});
+    }
+    void expectColour(const std::optional<QColor>& colour)
+    {
+        m_queue.push_back(
+            {Expected::Colour, {}, Answer::Ok, colour.has_value(), colour.value_or(QColor())});
+    }
 
     // Everything that was asked or told so far, oldest first.
     QStringList texts;
@@ -44,12 +55,13 @@ public:
 private:
     struct Expected {
         enum Kind { Message, Open, Save, Folder, Input, Colour } kind = Message;
-        QString text;
+        QString text = {};
         Answer answer = Answer::Ok;
         bool given = true;
-        QColor colour;
+        QColor colour = {};
     };
-    bool take(Expected::Kind kind, const QString& shown, Expected& out);
+    // The expected prompt of that kind; without one the test fails and the user cancels.
+    Expected take(Expected::Kind kind, const QString& shown);
     std::deque<Expected> m_queue;
 };
 

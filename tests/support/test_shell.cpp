@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "support/test_shell.h"
 
-#include <gtest/gtest.h>
-
 namespace fennel::test {
 
-namespace {
-Failure fullDisk(const QString& path)
+Failure FaultyFiles::full(const QString& path)
 {
     return {FailureKind::NoSpace, "Cannot write " + path.toStdString() + ": No space left."};
 }
-} // namespace
 
 Result<void> FaultyFiles::write(const QString& path, const QByteArray& bytes)
 {
@@ -18,63 +14,7 @@ Result<void> FaultyFiles::write(const QString& path, const QByteArray& bytes)
         return DiskFiles::write(path, bytes);
     // A full disk takes a part of the bytes.
     (void)DiskFiles::write(path, bytes.left(bytes.size() / 2));
-    return fullDisk(path);
-}
-
-Result<void> FaultyFiles::append(const QString& path, const QByteArray& bytes)
-{
-    return fails() ? fullDisk(path) : DiskFiles::append(path, bytes);
-}
-
-Result<void> FaultyFiles::overwriteStart(const QString& path, const QByteArray& bytes)
-{
-    return fails() ? fullDisk(path) : DiskFiles::overwriteStart(path, bytes);
-}
-
-Result<void> FaultyFiles::copy(const QString& source, const QString& target)
-{
-    // The write inside counts as the step.
-    return DiskFiles::copy(source, target);
-}
-
-Result<void> FaultyFiles::rename(const QString& source, const QString& target)
-{
-    return fails() ? fullDisk(target) : DiskFiles::rename(source, target);
-}
-
-Result<void> FaultyFiles::remove(const QString& path)
-{
-    return fails() ? fullDisk(path) : DiskFiles::remove(path);
-}
-
-Result<void> FaultyFiles::removeFolder(const QString& path)
-{
-    return fails() ? fullDisk(path) : DiskFiles::removeFolder(path);
-}
-
-Result<void> FaultyFiles::makeFolder(const QString& path)
-{
-    return fails() ? fullDisk(path) : DiskFiles::makeFolder(path);
-}
-
-Result<void> FaultyFiles::makePrivateFolder(const QString& path)
-{
-    return fails() ? fullDisk(path) : DiskFiles::makePrivateFolder(path);
-}
-
-Result<void> FaultyFiles::copyFolder(const QString& source, const QString& target)
-{
-    return fails() ? fullDisk(target) : DiskFiles::copyFolder(source, target);
-}
-
-Result<void> FaultyFiles::moveFiles(const QString& source, const QString& target)
-{
-    return fails() ? fullDisk(target) : DiskFiles::moveFiles(source, target);
-}
-
-Result<void> FaultyFiles::replaceWhole(const QString& source, const QString& target)
-{
-    return fails() ? fullDisk(target) : DiskFiles::replaceWhole(source, target);
+    return full(path);
 }
 
 TestShell::TestShell()

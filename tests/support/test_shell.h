@@ -6,6 +6,8 @@
 #include "shell/shell_context.h"
 #include "support/scripted_prompts.h"
 
+#include <gtest/gtest.h>
+
 #include <QTemporaryDir>
 
 namespace fennel::test {
@@ -16,20 +18,50 @@ public:
     int failAt = 0;
     int calls = 0;
     Result<void> write(const QString& path, const QByteArray& bytes) override;
-    Result<void> append(const QString& path, const QByteArray& bytes) override;
-    Result<void> overwriteStart(const QString& path, const QByteArray& bytes) override;
-    Result<void> copy(const QString& source, const QString& target) override;
-    Result<void> rename(const QString& source, const QString& target) override;
-    Result<void> remove(const QString& path) override;
-    Result<void> removeFolder(const QString& path) override;
-    Result<void> makeFolder(const QString& path) override;
-    Result<void> moveFiles(const QString& source, const QString& target) override;
-    Result<void> makePrivateFolder(const QString& path) override;
-    Result<void> copyFolder(const QString& source, const QString& target) override;
-    Result<void> replaceWhole(const QString& source, const QString& target) override;
+    Result<void> append(const QString& path, const QByteArray& bytes) override
+    {
+        return fails() ? full(path) : DiskFiles::append(path, bytes);
+    }
+    Result<void> overwriteStart(const QString& path, const QByteArray& bytes) override
+    {
+        return fails() ? full(path) : DiskFiles::overwriteStart(path, bytes);
+    }
+    Result<void> rename(const QString& source, const QString& target) override
+    {
+        return fails() ? full(target) : DiskFiles::rename(source, target);
+    }
+    Result<void> remove(const QString& path) override
+    {
+        return fails() ? full(path) : DiskFiles::remove(path);
+    }
+    Result<void> removeFolder(const QString& path) override
+    {
+        return fails() ? full(path) : DiskFiles::removeFolder(path);
+    }
+    Result<void> makeFolder(const QString& path) override
+    {
+        return fails() ? full(path) : DiskFiles::makeFolder(path);
+    }
+    Result<void> moveFiles(const QString& source, const QString& target) override
+    {
+        return fails() ? full(target) : DiskFiles::moveFiles(source, target);
+    }
+    Result<void> makePrivateFolder(const QString& path) override
+    {
+        return fails() ? full(path) : DiskFiles::makePrivateFolder(path);
+    }
+    Result<void> copyFolder(const QString& source, const QString& target) override
+    {
+        return fails() ? full(target) : DiskFiles::copyFolder(source, target);
+    }
+    Result<void> replaceWhole(const QString& source, const QString& target) override
+    {
+        return fails() ? full(target) : DiskFiles::replaceWhole(source, target);
+    }
 
 private:
     bool fails() { return ++calls == failAt; }
+    static Failure full(const QString& path);
 };
 
 class TestShell {

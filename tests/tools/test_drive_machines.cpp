@@ -10,8 +10,6 @@
 #include <QProcess>
 #include <QTest>
 
-#include <gtest/gtest.h>
-
 #include <cerrno>
 #include <sched.h>
 #include <sys/mount.h>

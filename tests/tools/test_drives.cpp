@@ -3,8 +3,6 @@
 #include "support/machine_tree.h"
 #include "support/test_shell.h"
 
-#include <gtest/gtest.h>
-
 using namespace fennel;
 using namespace fennel::test;
 using namespace Qt::StringLiterals;

@@ -59,31 +59,18 @@ QByteArray withOrientation(const QByteArray& jpeg, char orientation)
 TEST(NConvertBridge, ReadsEveryFormatByItsContent)
 {
     Bridge b;
-    const std::pair<const char*, const char*> cases[] = {
-        {"a.png", ""},
-        {"a.bmp", ""},
-        {"a.gif", ""},
-        {"a.tif", ""},
-        {"a.tga", ""},
-        {"rle.tga", "-compress RLE"},
-        {"a.pcx", ""},
-        {"a.ico", "-resize 128x80!"},
-        {"a.xpm", ""},
-        {"a.webp", "-quality 95"},
-        {"16bit.png", "-depth 16"},
-        {"16bit.tif", "-depth 16"},
-        {"palette.bmp", "-type Palette"},
-        {"cmyk.jpg", "-colorspace CMYK"},
-        {"cmyk.tif", "-colorspace CMYK"},
-        {"progressive.jpg", "-interlace JPEG"},
-        {"444.jpg", "-sampling-factor 1x1 -quality 95"},
-        {"422.jpg", "-sampling-factor 2x1"},
-        {"profile.tif", "-orient TopLeft -compress LZW"},
-        {"restart.jpg", "-define jpeg:restart-interval=4"},
-    };
-    for (const auto& [name, options] : cases) {
-        SCOPED_TRACE(name);
-        const QString from = b.sample(QString::fromLatin1(name), QString::fromLatin1(options));
+    const QStringList samples{
+        u"a.png"_s, u"a.bmp"_s, u"a.gif"_s, u"a.tif"_s, u"a.tga"_s, u"a.pcx"_s, u"a.xpm"_s,
+        // A name, and with what ImageMagick makes it.
+        u"rle.tga -compress RLE"_s, u"a.ico -resize 128x80!"_s, u"a.webp -quality 95"_s,
+        u"16bit.png -depth 16"_s, u"16bit.tif -depth 16"_s, u"palette.bmp -type Palette"_s,
+        u"cmyk.jpg -colorspace CMYK"_s, u"cmyk.tif -colorspace CMYK"_s,
+        u"progressive.jpg -interlace JPEG"_s, u"444.jpg -sampling-factor 1x1 -quality 95"_s,
+        u"422.jpg -sampling-factor 2x1"_s, u"profile.tif -orient TopLeft -compress LZW"_s,
+        u"restart.jpg -define jpeg:restart-interval=4"_s};
+    for (const QString& sample : samples) {
+        SCOPED_TRACE(sample.toStdString());
+        const QString from = b.sample(sample.section(u' ', 0, 0), sample.section(u' ', 1));
         ASSERT_TRUE(b.resize(from)) << b.t.tools.lastErrorOutput().toStdString();
         EXPECT_EQ(quadrantsOf(b.output), u"rgby"_s);
         EXPECT_EQ(markersOf(bytesOf(b.output)), bootable);
@@ -225,26 +212,20 @@ TEST(NConvertBridge, GifAndIconHavePalettes)
 TEST(NConvertBridge, LeavesNothingWhenThePictureIsBroken)
 {
     Bridge b;
-    const std::pair<const char*, const char*> cases[] = {{"b.png", ""},
-                                                         {"b.jpg", ""},
-                                                         {"p.jpg", "-interlace JPEG"},
-                                                         {"b.gif", ""},
-                                                         {"b.bmp", ""},
-                                                         {"b.tif", ""},
-                                                         {"b.tga", ""},
-                                                         {"b.pcx", ""},
-                                                         {"b.xpm", ""},
-                                                         {"b.webp", ""},
-                                                         {"b.ico", "-resize 64x40!"}};
-    for (const auto& [name, options] : cases) {
-        const QByteArray whole = bytesOf(
-            b.sample(QString::fromLatin1(name),
-                     QString::fromLatin1(options) + u" -attenuate 0.2 +noise Uniform -seed 3"_s));
+    for (const QString& name :
+         {u"b.png"_s, u"b.jpg"_s, u"p.jpg"_s, u"b.gif"_s, u"b.bmp"_s, u"b.tif"_s, u"b.tga"_s,
+          u"b.pcx"_s, u"b.xpm"_s, u"b.webp"_s, u"b.ico"_s}) {
+        const QString options = name == u"b.ico"   ? u"-resize 64x40! "_s
+                                : name == u"p.jpg" ? u"-interlace JPEG "_s
+                                                   : QString();
+        const QByteArray whole =
+            bytesOf(b.sample(name, options + u"-attenuate 0.2 +noise Uniform -seed 3"_s));
         for (const qsizetype kept : {whole.size() * 6 / 10, qsizetype{30}, qsizetype{3}}) {
-            const QString cut = b.t.file(QString::fromLatin1(name), whole.left(kept));
+            const QString cut = b.t.file(name, whole.left(kept));
             ASSERT_TRUE(b.t.files.write(b.output, "old").ok());
-            EXPECT_FALSE(b.resize(cut)) << name << ", " << kept << " bytes of " << whole.size();
-            EXPECT_FALSE(b.t.tools.lastErrorOutput().isEmpty()) << name;
+            EXPECT_FALSE(b.resize(cut))
+                << name.toStdString() << ", " << kept << " bytes of " << whole.size();
+            EXPECT_FALSE(b.t.tools.lastErrorOutput().isEmpty()) << name.toStdString();
         }
     }
     EXPECT_FALSE(b.resize(b.t.file(u"empty.jpg"_s, "")));

@@ -10,8 +10,6 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include <gtest/gtest.h>
-
 using namespace fennel;
 using namespace fennel::test;
 using namespace Qt::StringLiterals;

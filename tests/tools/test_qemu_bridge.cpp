@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The QEMU bridge with an image file in place of a stick. The guest is a boot sector that writes to
 // its disk, reads that back, and turns the machine off if it is the same.
-#include "bridges/run_program.h"
 #include "support/machine_tree.h"
+#include "support/run_program.h"
 
 #include <QCryptographicHash>
 #include <QStandardPaths>
 #include <QTest>
-
-#include <gtest/gtest.h>
 
 #include <unistd.h>
 
