@@ -9,6 +9,7 @@
 #include "params/panel_values.h"
 #include "params/row_values.h"
 #include "params/tabs.h"
+#include "quiet_prompts.h"
 
 #include <benchmark/benchmark.h>
 
@@ -19,26 +20,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class SilentPrompts : public Prompts {
-public:
-    Answer ShowMessage(const QString&, MessageType, const QString&) override { return Answer::Ok; }
-    QString openFile(const FileQuestion&) override { return {}; }
-    QString saveFile(const FileQuestion&) override { return {}; }
-    QString ChooseFolder(const QString&) override { return {}; }
-    std::optional<QString> input(const QString&, const QString&, const QString&) override
-    {
-        return {};
-    }
-    std::optional<QColor> colour(const QColor&) override { return {}; }
-};
-
 // A generation 3 gfxboot with all level files full, and a stick with one large menu.
 struct OpenWithStick {
     QTemporaryDir folder;
     RunState run;
     Log log;
     DiskFiles files;
-    SilentPrompts prompts;
+    QuietPrompts prompts;
     ProcessToolRunner tools;
     Shell shell{run, log, files, prompts, tools};
     ParamLists lists;
