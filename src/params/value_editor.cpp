@@ -156,6 +156,9 @@ void ValueEditor::close()
     delete m_growth;
     m_growth = nullptr;
     hide();
+    // A long text would be laid out again at every later change of the frame's size.
+    if (m_textMode)
+        m_text->clear();
     setTextMode(false);
 }
 
