@@ -5,6 +5,7 @@
 #include "editor.h"
 #include "frame/handlers.h"
 #include "frame/stage_link.h"
+#include "large_menu.h"
 #include "menus/menu_list.h"
 #include "params/right_panel.h"
 #include "params/row_values.h"
@@ -177,21 +178,6 @@ void typedValue(benchmark::State& state)
     });
     if (editor.bench.params.list(tab)->row(4)->text(1) != QString::number(value % 200))
         state.SkipWithError("the value did not reach the row");
-}
-
-// 10,000 titles in 1 MB, every tenth with values for the objects.
-QByteArray largeMenu()
-{
-    QByteArray menu = "gfxmenu (hd0,0)/boot/message\r\n";
-    for (int i = 0; i < 10'000; ++i) {
-        const QByteArray number = QByteArray::number(i);
-        menu += i % 10 == 0 ? "title [zuk000" + QByteArray::number(i / 10 % 9) + "] :2=" + number +
-                                  " :22=0x00ff00 :23=15\r\n"
-                            : "title Entry " + number + "\\nIts help text\r\n";
-        menu += "find --set-root /boot/image" + number + "\r\nkernel /boot/k\r\n";
-        menu += "initrd /boot/initrd.img\r\n";
-    }
-    return menu;
 }
 
 void menuToShown(benchmark::State& state)

@@ -2,6 +2,7 @@
 // A menu file of 1 MB with 10,000 titles made the one in force: read, counted, listed, its data
 // titles overlaid. Limit with its drawing: 100 ms. The switch between the lists' values and the
 // menu's, with all 40 objects: 50 ms.
+#include "large_menu.h"
 #include "menus/menu_list.h"
 #include "params/level_files.h"
 #include "params/menu_level.h"
@@ -62,21 +63,6 @@ struct OpenWithStick {
             lists.ZUKarr.at(file, param).DefValue = 1;
         }
         (void)files.write(run.Workspace + levelFileName(file), bytes);
-    }
-    static QByteArray largeMenu()
-    {
-        QByteArray menu = "gfxmenu (hd0,0)/boot/message\r\n";
-        for (int i = 0; i < 10'000; ++i) {
-            if (i % 10 == 0)
-                menu += "title [zuk000" + QByteArray::number(i / 10 % 9) +
-                        "] :2=" + QByteArray::number(i) + " :22=0x00ff00 :23=15\r\n";
-            else
-                menu += "title Entry " + QByteArray::number(i) + "\\nIts help text\r\n";
-            menu +=
-                "find --set-root /boot/image" + QByteArray::number(i) + "\r\nkernel /boot/k\r\n";
-            menu += "initrd /boot/initrd.img\r\n";
-        }
-        return menu;
     }
 };
 
