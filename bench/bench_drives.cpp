@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The drive list on a machine with 30 volumes, from the files of the system to the entries of the
 // menu. Limit: 20 ms.
+#include "quiet_prompts.h"
 #include "tools/drives.h"
 
 #include <benchmark/benchmark.h>
@@ -15,19 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int volumes = 30;
-
-class SilentPrompts : public Prompts {
-public:
-    Answer ShowMessage(const QString&, MessageType, const QString&) override { return Answer::Ok; }
-    QString openFile(const FileQuestion&) override { return {}; }
-    QString saveFile(const FileQuestion&) override { return {}; }
-    QString ChooseFolder(const QString&) override { return {}; }
-    std::optional<QString> input(const QString&, const QString&, const QString&) override
-    {
-        return {};
-    }
-    std::optional<QColor> colour(const QColor&) override { return {}; }
-};
 
 class SilentHost : public FlashHost {
 public:
@@ -96,7 +84,7 @@ void DriveList(benchmark::State& state)
     RunState run;
     Log log;
     DiskFiles files;
-    SilentPrompts prompts;
+    QuietPrompts prompts;
     ProcessToolRunner tools;
     SilentHost host;
     const Shell shell{run, log, files, prompts, tools};

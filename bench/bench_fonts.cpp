@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Fonts: making them with the tool's start (beside Debian's gfxboot-font), the texts of the
-// character set, the page of the dialog.
+// Fonts: the texts of the character set, the page of the dialog.
 #include "fonts/char_page.h"
 #include "fonts/font_dialog.h"
 #include "shell/installed_fonts.h"
@@ -9,61 +8,11 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QProcess>
-#include <QTemporaryDir>
 
 using namespace fennel;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString dejaVu = u"/usr/share/fonts/truetype/dejavu"_s;
-
-void runTool(benchmark::State& state, const QString& program, const QStringList& arguments)
-{
-    for (auto step : state) {
-        if (QProcess::execute(program, arguments) != 0)
-            state.SkipWithError("the tool failed");
-    }
-}
-
-QString bridge()
-{
-    return QStringLiteral(FENNEL_BIN_DIR "/Tools/MakeFont/mkfnt_bridge");
-}
-
-QString rangesOf(bool many)
-{
-    return many ? u"0x20-0x33ff"_s : u"0x20-0x7e_0x410-0x45f"_s;
-}
-
-void bridgeByName(benchmark::State& state)
-{
-    const QTemporaryDir folder;
-    runTool(state, bridge(),
-            {rangesOf(state.range(0) != 0), u"DejaVuSans"_s, u"19"_s, u"4"_s, u"0"_s, u"0"_s,
-             folder.filePath(u"out.fnt"_s), u",0"_s});
-}
-BENCHMARK(bridgeByName)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
-
-void bridgeByPath(benchmark::State& state)
-{
-    const QTemporaryDir folder;
-    runTool(state, bridge(),
-            {rangesOf(state.range(0) != 0), dejaVu + u"/DejaVuSans.ttf"_s, u"19"_s, u"4"_s, u"0"_s,
-             u"0"_s, folder.filePath(u"out.fnt"_s), u",0"_s});
-}
-BENCHMARK(bridgeByPath)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
-
-void gfxbootFont(benchmark::State& state)
-{
-    const QTemporaryDir folder;
-    QStringList arguments{u"-f"_s, u"DejaVuSans:size=19"_s, u"-p"_s, dejaVu};
-    for (const QString& range : rangesOf(state.range(0) != 0).split(u'_'))
-        arguments << u"-a"_s << range;
-    runTool(state, u"gfxboot-font"_s, arguments << folder.filePath(u"out.fnt"_s));
-}
-BENCHMARK(gfxbootFont)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // The worst set: every other code, 32,768 tokens.
 CharSelected everyOther()

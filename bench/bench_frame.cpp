@@ -1,171 +1,32 @@
 // SPDX-License-Identifier: MIT
-// What people wait for: a message file until it is shown, and the program until its window is
-// painted. Beside them, in the same run, what the plain tools need for the same file. The files are
-// Debian's, made larger with backgrounds; the window is real, its screen is not.
-#include "container/cpio.h"
-#include "container/gzip.h"
-#include "frame/main_window.h"
+// What people wait for: the program until its window is painted, a message file until it is shown,
+// a value until it is seen, a save until the file is there. Beside open and save, in the same run,
+// what the plain tools need for the same file.
+#include "editor.h"
+#include "frame/handlers.h"
+#include "frame/stage_link.h"
+#include "large_menu.h"
+#include "menus/menu_list.h"
+#include "params/right_panel.h"
+#include "params/row_values.h"
+#include "stage/colour_tools.h"
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
-#include <QBuffer>
-#include <QPainter>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFileInfo>
 #include <QProcess>
-#include <QTemporaryDir>
 
-#include <memory>
-#include <sys/resource.h>
+#include <algorithm>
 
 namespace {
 
 using namespace fennel;
 using namespace Qt::StringLiterals;
 
-using Bytes = std::vector<std::uint8_t>;
-
 const QString program = QStringLiteral(FENNEL_BIN_DIR "/fennel-gfx");
-const QString debianMessage = u"/etc/bootsplash/themes/upstream/bootloader/message"_s;
-
-class QuietPrompts : public Prompts {
-public:
-    using Prompts::ShowMessage;
-    Answer ShowMessage(const QString& text, MessageType, const QString&) override
-    {
-        qFatal("%s", qPrintable(text));
-    }
-    QString openFile(const FileQuestion&) override { return {}; }
-    QString saveFile(const FileQuestion&) override { return {}; }
-    QString ChooseFolder(const QString&) override { return {}; }
-    std::optional<QString> input(const QString&, const QString&, const QString&) override
-    {
-        return {};
-    }
-    std::optional<QColor> colour(const QColor&) override { return {}; }
-};
-
-// One run of the program, as main makes it.
-class Editor {
-public:
-    Editor()
-    {
-        run.AppPath = QStringLiteral(FENNEL_BIN_DIR);
-        run.CurrentLang = u"0409"_s;
-        run.ToolCpio = run.AppPath + u"/Tools/CPIO/cpio_bridge"_s;
-        run.Tool7Zip = run.AppPath + u"/Tools/7-Zip/7zip_bridge"_s;
-        run.WorkspaceRoot = folder.filePath(u"root/"_s);
-        (void)files.makeFolder(run.WorkspaceRoot);
-        window = std::make_unique<MainWindow>(bench);
-        window->show();
-        QCoreApplication::processEvents();
-    }
-    QTemporaryDir folder;
-    RunState run;
-    Log log;
-    DiskFiles files;
-    QuietPrompts prompts;
-    ProcessToolRunner tools;
-    SettingsStore store{folder.filePath(u"settings.ini"_s)};
-    Workbench bench{{run, log, files, prompts, tools}, store};
-    std::unique_ptr<MainWindow> window;
-};
-
-// A background of about 200 KB.
-Bytes background(int number)
-{
-    QImage picture(800, 600, QImage::Format_RGB32);
-    for (int y = 0; y < picture.height(); ++y) {
-        auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
-        for (int x = 0; x < picture.width(); ++x)
-            line[x] = qRgb((x * y + number * 31) % 256, (x * 7 + y * y / 9) % 256, (x ^ y) % 256);
-    }
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    picture.save(&buffer, "JPG", 60);
-    return {bytes.begin(), bytes.end()};
-}
-
-// A gzipped message whose archive has about `size` bytes.
-void writeMessage(const QString& path, qint64 size)
-{
-    const QByteArray file = *readBytes(debianMessage);
-    const Bytes archive(file.begin(), file.end());
-    std::vector<CpioMember> members = *readCpio(archive);
-    std::vector<std::unique_ptr<Bytes>> pictures;
-    qint64 total = file.size();
-    for (int number = 1; total < size && number < 100; ++number) {
-        pictures.push_back(std::make_unique<Bytes>(background(number)));
-        const QString name = u"back_%1.jpg"_s.arg(number, 2, 10, QLatin1Char('0'));
-        members.push_back({name.toStdString(), 0, *pictures.back()});
-        total += static_cast<qint64>(pictures.back()->size());
-    }
-    const auto packed = *gzipCompress(*writeCpio(members), "#message", 0, 6);
-    (void)DiskFiles().write(path, QByteArray(reinterpret_cast<const char*>(packed.data()),
-                                             static_cast<qsizetype>(packed.size())));
-}
-
-QString messageOf(const QTemporaryDir& folder, qint64 size)
-{
-    const QString path = folder.filePath(u"message.gz"_s);
-    writeMessage(path, size);
-    return path;
-}
-
-// Processor time of this process and of the tools that it waited for; unlike the time that passed,
-// it tells the same on a busy machine.
-double processorMs()
-{
-    double sum = 0;
-    for (const auto who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
-        rusage usage = {};
-        getrusage(who, &usage);
-        for (const timeval& time : {usage.ru_utime, usage.ru_stime})
-            sum += static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
-    }
-    return sum;
-}
-
-void openToShown(benchmark::State& state)
-{
-    if (!FileExists(debianMessage))
-        return state.SkipWithError("no message file of Debian here");
-    const QTemporaryDir folder;
-    const QString path = messageOf(folder, state.range(0));
-    Editor editor;
-    const double before = processorMs();
-    for (auto _ : state) {
-        if (!editor.window->openGfxboot(path))
-            return state.SkipWithError("not opened");
-        editor.window->repaint();
-        QCoreApplication::processEvents();
-        state.PauseTiming();
-        (void)editor.files.removeFolder(editor.run.Workspace); // the next open is a first one too
-        state.ResumeTiming();
-    }
-    state.counters["processorMs"] =
-        (processorMs() - before) / static_cast<double>(state.iterations());
-    rusage usage = {};
-    getrusage(RUSAGE_SELF, &usage);
-    state.counters["peakMB"] = static_cast<double>(usage.ru_maxrss) / 1024;
-}
-
-void plainTools(benchmark::State& state)
-{
-    if (!FileExists(debianMessage))
-        return state.SkipWithError("no message file of Debian here");
-    const QTemporaryDir folder;
-    const QString path = messageOf(folder, state.range(0));
-    const double before = processorMs();
-    for (auto _ : state) {
-        const QTemporaryDir out;
-        QProcess shell;
-        shell.setWorkingDirectory(out.path());
-        shell.start(u"sh"_s, {u"-c"_s, u"gzip -dc '%1' | cpio -i --quiet"_s.arg(path)});
-        shell.waitForFinished();
-    }
-    state.counters["processorMs"] =
-        (processorMs() - before) / static_cast<double>(state.iterations());
-}
+constexpr const char* noMessage = "no message file of Debian here";
 
 // Qt tells when a window's pixels are handed to the window system.
 void startToPainted(benchmark::State& state)
@@ -193,18 +54,163 @@ void startToPainted(benchmark::State& state)
     }
 }
 
+void openToShown(benchmark::State& state)
+{
+    Editor editor;
+    const QString path = editor.folder.filePath(u"message.gz"_s);
+    if (!writeMessage(path, state.range(0)))
+        return state.SkipWithError(noMessage);
+    for (auto _ : state) {
+        if (!editor.window->openGfxboot(path))
+            return state.SkipWithError("not opened");
+        editor.window->repaint();
+        QCoreApplication::processEvents();
+        state.PauseTiming();
+        (void)editor.files.removeFolder(editor.run.Workspace); // the next open is a first one too
+        state.ResumeTiming();
+    }
+    state.counters["peak_MB"] = peakMegabytes();
+}
+
+void runShell(benchmark::State& state, const QString& folder, const QString& line)
+{
+    QProcess shell;
+    shell.setWorkingDirectory(folder);
+    shell.start(u"sh"_s, {u"-c"_s, line});
+    if (!shell.waitForFinished() || shell.exitCode() != 0)
+        state.SkipWithError("the plain tools failed");
+}
+
+void openByPlainTools(benchmark::State& state)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"message.gz"_s);
+    if (!writeMessage(path, state.range(0)))
+        return state.SkipWithError(noMessage);
+    for (auto _ : state) {
+        const QTemporaryDir out;
+        runShell(state, out.path(), u"gzip -dc '%1' | cpio -i --quiet"_s.arg(path));
+    }
+}
+
+double kilobytes(const QString& path)
+{
+    return static_cast<double>(QFileInfo(path).size()) / 1e3;
+}
+
+void saveWhole(benchmark::State& state)
+{
+    Editor editor;
+    const QString path = editor.folder.filePath(u"message.gz"_s);
+    if (!writeMessage(path, state.range(0)) || !editor.window->openGfxboot(path))
+        return state.SkipWithError(noMessage);
+    for (auto _ : state)
+        editor.window->commands().run(u"mnuFile_Save"_s);
+    state.counters["KB"] = kilobytes(path);
+}
+
+void saveByPlainTools(benchmark::State& state)
+{
+    Editor editor;
+    const QString path = editor.folder.filePath(u"message.gz"_s);
+    if (!writeMessage(path, state.range(0)) || !editor.window->openGfxboot(path))
+        return state.SkipWithError(noMessage);
+    const QString line =
+        u"tr -d '\\r' < '#.lst' | cpio -o -H bin --quiet | gzip -9 > '%1'"_s.arg(path);
+    for (auto _ : state)
+        runShell(state, editor.run.Workspace, line);
+    state.counters["KB"] = kilobytes(path);
+}
+
+// Runs the steps and tells of their times besides the mean the median and the slowest but for one
+// in a hundred.
+template <class Step>
+void timeSteps(benchmark::State& state, const Step& step)
+{
+    std::vector<double> times;
+    for (auto _ : state) {
+        QElapsedTimer timer;
+        timer.start();
+        step();
+        times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+    std::sort(times.begin(), times.end());
+    state.counters["median_ms"] = times[times.size() / 2];
+    state.counters["p99_ms"] = times[times.size() * 99 / 100];
+}
+
+void selectObject(Editor& editor, int object)
+{
+    Q_EMIT editor.window->rightPanel().tabClicked(editor.bench.params.object(object)->TabIndex);
+    editor.paint();
+}
+
+// The argument is the object: 22 is the running line, 8 the help panel, the largest that there is.
+void sliderStep(benchmark::State& state)
+{
+    Editor editor;
+    if (!openTemplate(editor))
+        return state.SkipWithError("no template");
+    selectObject(editor, static_cast<int>(state.range(0)));
+    QSlider& slider = editor.window->colourTools().slider(0);
+    timeSteps(state, [&] {
+        slider.setValue((slider.value() + 1) % 256);
+        editor.paint();
+    });
+}
+
+void typedValue(benchmark::State& state)
+{
+    Editor editor;
+    if (!openTemplate(editor))
+        return state.SkipWithError("no template");
+    selectObject(editor, 5);
+    RightPanel& panel = editor.window->rightPanel();
+    const int tab = editor.bench.params.CurrentTab;
+    panel.view(tab)->select(4);
+    Q_EMIT panel.rowSelected(tab, 4, false);
+    int value = 0;
+    timeSteps(state, [&] {
+        Q_EMIT panel.rowActivated(tab, 4);
+        panel.editor().setText(QString::number(++value % 200));
+        Q_EMIT panel.editor().committed();
+        editor.paint();
+    });
+    if (editor.bench.params.list(tab)->row(4)->text(1) != QString::number(value % 200))
+        state.SkipWithError("the value did not reach the row");
+}
+
+void menuToShown(benchmark::State& state)
+{
+    Editor editor;
+    const MenuDrive drive{u"E"_s, editor.folder.filePath(u"stick/"_s)};
+    (void)editor.files.makeFolder(drive.folder);
+    (void)editor.files.write(drive.folder + u"menu.lst"_s, largeMenu());
+    if (!openTemplate(editor))
+        return state.SkipWithError("no template");
+    ParamLists& lists = editor.bench.params;
+    for (auto _ : state) {
+        MenuListFill(editor.bench.shell, drive, *lists.list(TabMenu));
+        editor.window->stageLink().stage().setMenuEntries(
+            MenuApply(editor.bench.shell, drive, u"menu.lst"_s, lists.ZUKarr));
+        refreshLstColumn(lists);
+        for (int tab = TabMenu; tab <= lists.tabCount(); ++tab)
+            editor.window->rightPanel().refreshList(tab);
+        editor.paint();
+    }
+}
+
 } // namespace
 
 BENCHMARK(startToPainted)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(openToShown)->Arg(450'000)->Arg(4'400'000)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(plainTools)->Arg(450'000)->Arg(4'400'000)->Unit(benchmark::kMillisecond)->UseRealTime();
-
-int main(int argc, char** argv)
-{
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+BENCHMARK(openByPlainTools)
+    ->Arg(450'000)
+    ->Arg(4'400'000)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK(saveWhole)->Arg(4'400'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(saveByPlainTools)->Arg(4'400'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(sliderStep)->Arg(22)->Arg(8)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(typedValue)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(menuToShown)->Unit(benchmark::kMillisecond)->UseRealTime();

@@ -2,6 +2,7 @@
 // A menu file of 1 MB with 10,000 titles made the one in force: read, counted, listed, its data
 // titles overlaid. Limit with its drawing: 100 ms. The switch between the lists' values and the
 // menu's, with all 40 objects: 50 ms.
+#include "large_menu.h"
 #include "menus/menu_list.h"
 #include "params/level_files.h"
 #include "params/menu_level.h"
@@ -9,6 +10,7 @@
 #include "params/panel_values.h"
 #include "params/row_values.h"
 #include "params/tabs.h"
+#include "quiet_prompts.h"
 
 #include <benchmark/benchmark.h>
 
@@ -19,26 +21,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class SilentPrompts : public Prompts {
-public:
-    Answer ShowMessage(const QString&, MessageType, const QString&) override { return Answer::Ok; }
-    QString openFile(const FileQuestion&) override { return {}; }
-    QString saveFile(const FileQuestion&) override { return {}; }
-    QString ChooseFolder(const QString&) override { return {}; }
-    std::optional<QString> input(const QString&, const QString&, const QString&) override
-    {
-        return {};
-    }
-    std::optional<QColor> colour(const QColor&) override { return {}; }
-};
-
 // A generation 3 gfxboot with all level files full, and a stick with one large menu.
 struct OpenWithStick {
     QTemporaryDir folder;
     RunState run;
     Log log;
     DiskFiles files;
-    SilentPrompts prompts;
+    QuietPrompts prompts;
     ProcessToolRunner tools;
     Shell shell{run, log, files, prompts, tools};
     ParamLists lists;
@@ -74,21 +63,6 @@ struct OpenWithStick {
             lists.ZUKarr.at(file, param).DefValue = 1;
         }
         (void)files.write(run.Workspace + levelFileName(file), bytes);
-    }
-    static QByteArray largeMenu()
-    {
-        QByteArray menu = "gfxmenu (hd0,0)/boot/message\r\n";
-        for (int i = 0; i < 10'000; ++i) {
-            if (i % 10 == 0)
-                menu += "title [zuk000" + QByteArray::number(i / 10 % 9) +
-                        "] :2=" + QByteArray::number(i) + " :22=0x00ff00 :23=15\r\n";
-            else
-                menu += "title Entry " + QByteArray::number(i) + "\\nIts help text\r\n";
-            menu +=
-                "find --set-root /boot/image" + QByteArray::number(i) + "\r\nkernel /boot/k\r\n";
-            menu += "initrd /boot/initrd.img\r\n";
-        }
-        return menu;
     }
 };
 

@@ -6,6 +6,7 @@
 #include "params/panel_values.h"
 #include "params/row_values.h"
 #include "params/tabs.h"
+#include "quiet_prompts.h"
 #include "shell/shell_context.h"
 
 #include <benchmark/benchmark.h>
@@ -19,26 +20,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class SilentPrompts : public Prompts {
-public:
-    Answer ShowMessage(const QString&, MessageType, const QString&) override { return Answer::Ok; }
-    QString openFile(const FileQuestion&) override { return {}; }
-    QString saveFile(const FileQuestion&) override { return {}; }
-    QString ChooseFolder(const QString&) override { return {}; }
-    std::optional<QString> input(const QString&, const QString&, const QString&) override
-    {
-        return {};
-    }
-    std::optional<QColor> colour(const QColor&) override { return {}; }
-};
-
 // An open gfxboot with every level file full, eight sparkles, and 240 members besides.
 struct OpenGfxboot {
     QTemporaryDir folder;
     RunState run;
     Log log;
     DiskFiles files;
-    SilentPrompts prompts;
+    QuietPrompts prompts;
     ProcessToolRunner tools;
     Shell shell{run, log, files, prompts, tools};
     ParamLists lists;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What an edit costs: drawing one panel, all panels, and a step of a drag from the mouse event to
 // the painted frame, each at 1024x768 and 2560x1440.
+#include "quiet_prompts.h"
 #include "stage/panel_text.h"
 #include "stage/stage_surface.h"
 
@@ -17,19 +18,6 @@ using namespace fennel;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-class NoPrompts : public Prompts {
-public:
-    Answer ShowMessage(const QString&, MessageType, const QString&) override { return Answer::Ok; }
-    QString openFile(const FileQuestion&) override { return {}; }
-    QString saveFile(const FileQuestion&) override { return {}; }
-    QString ChooseFolder(const QString&) override { return {}; }
-    std::optional<QString> input(const QString&, const QString&, const QString&) override
-    {
-        return {};
-    }
-    std::optional<QColor> colour(const QColor&) override { return {}; }
-};
 
 // Rows as a list keeps them, so that a drag step pays for writing them.
 class RowsHost : public StageHost {
@@ -107,7 +95,7 @@ public:
     RunState run;
     Log log;
     DiskFiles files;
-    NoPrompts prompts;
+    QuietPrompts prompts;
     ProcessToolRunner tools;
     PanelArr panels = PanelArr(40);
     FontTable fonts = FontTable(fontCount);

@@ -1,32 +1,24 @@
 // SPDX-License-Identifier: MIT
-// The picture bridge with the start of its process, beside ImageMagick's `convert` on the same
-// picture. Limits: a change of scale of a 1600x1200 background under 60 ms, the import of a 12
-// megapixel photograph under 400 ms, 20 backgrounds to 1024x768 under 1.5 s.
-#include "shell/tool_runner.h"
+// The commands on pictures and texts in the window, from the choice to the painted frame.
+#include "editor.h"
+#include "frame/handlers.h"
+#include "params/right_panel.h"
 
 #include <benchmark/benchmark.h>
 
+#include <QCoreApplication>
 #include <QImage>
-#include <QTemporaryDir>
 
 #include <cmath>
+
+namespace {
 
 using namespace fennel;
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QString bridge = QStringLiteral(FENNEL_BIN_DIR "/Tools/nconvert/nconvert_bridge");
-const QString convertProgram = u"/usr/bin/convert"_s;
-
-// Waves with some grain: about as hard to encode as a photograph.
-const QString& photo(int width, int height)
+// Waves with some grain: about as hard to code as a photograph.
+bool writePhoto(const QString& path, int width, int height)
 {
-    static const QTemporaryDir folder;
-    static QHash<int, QString> made;
-    QString& path = made[width];
-    if (!path.isEmpty())
-        return path;
     QImage picture(width, height, QImage::Format_RGB32);
     quint32 grain = 1;
     for (int y = 0; y < height; ++y) {
@@ -38,98 +30,73 @@ const QString& photo(int width, int height)
             line[x] = qRgb(value, 255 - value, (x + y) & 255);
         }
     }
-    path = folder.filePath(QString::number(width) + u".jpg"_s);
-    picture.save(path, "jpeg", 90);
-    return path;
+    return picture.save(path, "jpeg", 90);
 }
-
-void run(benchmark::State& state, const QStringList& line, int times = 1)
-{
-    ProcessToolRunner runner;
-    for (auto _ : state) {
-        for (int i = 0; i < times; ++i) {
-            if (!runner.RunToolAndWait(line) || !runner.lastErrorOutput().isEmpty())
-                state.SkipWithError("the tool failed");
-        }
-    }
-}
-
-QStringList bridgeLine(const QString& source, int width, int height)
-{
-    return {bridge,
-            u"-out"_s,
-            u"jpeg"_s,
-            u"-overwrite"_s,
-            u"-resize"_s,
-            QString::number(width),
-            QString::number(height),
-            u"-q"_s,
-            u"85"_s,
-            u"-dpi"_s,
-            u"72"_s,
-            u"-rexifthumb"_s,
-            u"-rmeta"_s,
-            u"-o"_s,
-            source + u".out.jpg"_s,
-            source,
-            u",0"_s};
-}
-
-QStringList convertLine(const QString& source, int width, int height)
-{
-    return {convertProgram,         source,
-            u"-resize"_s,           QString::number(width) + u'x' + QString::number(height) + u'!',
-            u"-quality"_s,          u"85"_s,
-            source + u".out2.jpg"_s};
-}
-
-// The arguments are a picture's width and the percentage of the scale.
-void scale(benchmark::State& state)
-{
-    const int width = static_cast<int>(state.range(0));
-    const int height = width * 3 / 4;
-    const int percent = static_cast<int>(state.range(1));
-    run(state, bridgeLine(photo(width, height), width * percent / 100, height * percent / 100));
-}
-BENCHMARK(scale)
-    ->Args({1600, 50})
-    ->Args({1600, 66})
-    ->Args({1600, 90})
-    ->Args({1600, 125})
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
-
-void scaleByConvert(benchmark::State& state)
-{
-    const int width = static_cast<int>(state.range(0));
-    const int height = width * 3 / 4;
-    const int percent = static_cast<int>(state.range(1));
-    run(state, convertLine(photo(width, height), width * percent / 100, height * percent / 100));
-}
-BENCHMARK(scaleByConvert)
-    ->Args({1600, 50})
-    ->Args({1600, 66})
-    ->Args({1600, 90})
-    ->Args({1600, 125})
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
 
 void import12Megapixels(benchmark::State& state)
 {
-    run(state, bridgeLine(photo(4000, 3000), 1024, 768));
+    Editor editor;
+    editor.prompts.chosen = editor.folder.filePath(u"photo.jpg"_s);
+    if (!openTemplate(editor) || !writePhoto(editor.prompts.chosen, 4000, 3000))
+        return state.SkipWithError("no photograph");
+    for (auto _ : state) {
+        editor.window->commands().run(u"mnuEdit_ChangeBack"_s);
+        editor.paint();
+    }
+    if (!FileExists(editor.run.Workspace + u"back.#pg"_s))
+        state.SkipWithError("not imported");
 }
 BENCHMARK(import12Megapixels)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-void import12MegapixelsByConvert(benchmark::State& state)
-{
-    run(state, convertLine(photo(4000, 3000), 1024, 768));
-}
-BENCHMARK(import12MegapixelsByConvert)->Unit(benchmark::kMillisecond)->UseRealTime();
-
 void resize20Backgrounds(benchmark::State& state)
 {
-    run(state, bridgeLine(photo(1600, 1200), 1024, 768), 20);
+    Editor editor;
+    const QString photo = editor.folder.filePath(u"photo.jpg"_s);
+    if (!openTemplate(editor) || !writePhoto(photo, 1600, 1200))
+        return state.SkipWithError("no photograph");
+    editor.prompts.typed = u"4"_s;
+    for (auto _ : state) {
+        state.PauseTiming();
+        for (int i = 0; i < 20; ++i)
+            (void)editor.files.copy(photo, editor.run.Workspace + u"back_%1.jpg"_s.arg(i + 10));
+        (void)editor.files.copy(photo, editor.run.BackFile);
+        editor.run.BackWidth = 1600;
+        state.ResumeTiming();
+        editor.window->commands().run(u"mnuEdit_Resize"_s);
+        editor.paint();
+    }
+    if (QImage(editor.run.Workspace + u"back_29.jpg"_s).size() != QSize(1024, 768))
+        state.SkipWithError("not resized");
 }
 BENCHMARK(resize20Backgrounds)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// A text of 1 MB, opened until it is painted, saved until the lists show its length.
+void textOpenedAndSaved(benchmark::State& state)
+{
+    Editor editor;
+    if (!openTemplate(editor))
+        return state.SkipWithError("no template");
+    const QString path = editor.run.Workspace + u"ZUK_Read.txt"_s;
+    (void)editor.files.write(
+        path,
+        QByteArray("A line of a text that explains what stands in the menu.\r\n").repeated(18'000));
+    RightPanel& panel = editor.window->rightPanel();
+    Q_EMIT panel.tabClicked(TabGfxboot);
+    const ListRows& list = *editor.bench.params.list(TabGfxboot);
+    int number = 1;
+    while (number < list.count() && list.row(number)->text() != u"ZUK_Read.txt"_s)
+        ++number;
+    for (auto _ : state) {
+        panel.view(TabGfxboot)->select(number);
+        Q_EMIT panel.rowSelected(TabGfxboot, number, false);
+        if (!EditTextFile(*editor.window))
+            return state.SkipWithError("no text");
+        QCoreApplication::processEvents();
+        editor.paint();
+        Q_EMIT panel.editor().textButtonClicked(ValueEditor::SaveText);
+        editor.paint();
+    }
+}
+BENCHMARK(textOpenedAndSaved)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace

@@ -16,6 +16,8 @@ namespace {
 constexpr int editorWidth = 168;
 constexpr int textMargin = 4;
 constexpr int growthMs = 90; // for each of its two directions
+// A longer text takes longer to lay out than a step of the growth lasts.
+constexpr qsizetype longestGrowing = 100'000;
 } // namespace
 
 ValueEditor::ValueEditor(QWidget* parent)
@@ -116,11 +118,16 @@ void ValueEditor::openText(const QString& caption, const QString& text, QPoint a
 {
     setTextMode(false);
     setTitle(caption);
+    delete m_growth;
+    m_growth = nullptr;
     m_colour->setEnabled(false);
     m_pipette->hide();
     place(anchor);
     setTextMode(true);
-    grow(area);
+    if (text.size() <= longestGrowing)
+        grow(area);
+    else
+        setGeometry(area);
     setText(text);
     m_text->moveCursor(QTextCursor::Start);
     m_text->setFocus();
@@ -130,8 +137,6 @@ void ValueEditor::openText(const QString& caption, const QString& text, QPoint a
 // at once.
 void ValueEditor::grow(const QRect& area)
 {
-    delete m_growth;
-    m_growth = nullptr;
     if (style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) <= 0 ||
         !window()->isVisible()) {
         setGeometry(area);
@@ -158,6 +163,9 @@ void ValueEditor::close()
     delete m_growth;
     m_growth = nullptr;
     hide();
+    // A long text would be laid out again at every later change of the frame's size.
+    if (m_textMode)
+        m_text->clear();
     setTextMode(false);
 }
 

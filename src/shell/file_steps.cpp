@@ -16,6 +16,10 @@ FileSteps::~FileSteps()
 // the step back then means removing it.
 Result<void> FileSteps::save(const QString& target)
 {
+    // Neither replaced by a file nor taken away by an undo.
+    if (FolderExists(target))
+        return Failure{FailureKind::Io,
+                       "Cannot write " + target.toStdString() + ": a folder has this name."};
     if (!FileExists(target)) {
         m_saved.push_back({target, {}});
         return {};

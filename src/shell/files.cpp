@@ -163,7 +163,7 @@ Result<void> DiskFiles::rename(const QString& source, const QString& target)
     // The temporary folder often lies on a file system of its own, and rename() does not cross
     // over.
     if (errno != EXDEV)
-        return systemFailure("rename", source, errno);
+        return systemFailure("move", source + QStringLiteral(" to ") + target, errno);
     if (Result<void> moved = replaceWhole(source, target); !moved)
         return moved;
     return remove(source);

@@ -49,12 +49,21 @@ bool isItem(int item)
     return item >= 0 && item < buttonItems;
 }
 
-// Appends the output lines of one source line.
-void wrapLine(QStringView line, int limit, const MeasureText& measure, QString& out)
+// A few letters more than pixels tell it for all texts but those of letters without a width.
+bool tooWide(QStringView text, int limit, const MeasureText& measure)
+{
+    const qsizetype enough = std::max(0, limit) + 1;
+    return measure(text.left(enough)) >= limit || (text.size() > enough && measure(text) >= limit);
+}
+
+// Appends the output lines of one source line, as long as any are wanted.
+void wrapLine(QStringView line, int limit, const MeasureText& measure, int& wanted, QString& out)
 {
     // Most lines fit: one measure instead of one for each word.
     qsizetype start = 0;
-    while (start < line.size() && measure(line.mid(start)) >= limit) {
+    for (; start < line.size() && tooWide(line.mid(start), limit, measure); --wanted) {
+        if (wanted <= 0)
+            return;
         qsizetype cut = -1;
         qsizetype blank = line.indexOf(u' ', start);
         while (blank >= 0 && measure(line.mid(start, blank - start)) < limit) {
@@ -69,6 +78,28 @@ void wrapLine(QStringView line, int limit, const MeasureText& measure, QString& 
         start = cut + 1;
     }
     out.append(line.mid(start)).append(u'|');
+    --wanted;
+}
+
+// The lines that can be seen on the panel; a text of megabytes has many more.
+int linesSeen(const TextJob& job, const StageScale& scale)
+{
+    const double pitch = (job.size + 3 + job.spacing) * scale.factor();
+    if (job.height <= 0 || job.index == ButtonsPanelRow || pitch <= 0)
+        return allLines;
+    const double room = job.height - job.offset.y() * scale.factor();
+    return static_cast<int>(std::clamp(room / pitch, 0.0, 1e6)) + 1;
+}
+
+// The text up to the end of that many lines, whichever ends they have.
+QString firstLines(const QString& text, int lines)
+{
+    qsizetype end = 0;
+    for (; end < text.size() && lines > 0; ++end) {
+        const QChar c = text[end];
+        lines -= c == u'|' || c == u'\n' ? 1 : 0;
+    }
+    return text.left(end);
 }
 
 TextPiece buttonPiece(const TextJob& job, int item, const QString& line, const StageScale& scale,
@@ -108,11 +139,14 @@ QString onOffCaption(int item, bool visible)
     return (visible ? u"Hide "_s : u"Show "_s) + key + u" button"_s;
 }
 
-QString WrapPanelText(const QString& text, int limit, const MeasureText& measure)
+QString WrapPanelText(const QString& text, int limit, const MeasureText& measure, int mostLines)
 {
     QString out;
-    for (const QStringView line : QStringView(text).split(u'|'))
-        wrapLine(line, limit, measure, out);
+    for (const QStringView line : QStringView(text).split(u'|')) {
+        if (mostLines <= 0)
+            break;
+        wrapLine(line, limit, measure, mostLines, out);
+    }
     return out;
 }
 
@@ -140,10 +174,11 @@ QFont panelFont(const FontRecord& record, const StageScale& scale, const QString
 std::vector<TextPiece> layOutText(const TextJob& job, const StageScale& scale,
                                   const MeasureText& measure, const ButtonVisible& visible)
 {
-    QString text = job.text;
+    const int seen = linesSeen(job, scale);
+    QString text = firstLines(job.text, seen);
     // Texts come from members as well, with line ends of their own.
     text.remove(u'\r').replace(u'\n', u'|');
-    const QStringList lines = WrapPanelText(text, job.width, measure).split(u'|');
+    const QStringList lines = WrapPanelText(text, job.width, measure, seen).split(u'|');
     std::vector<TextPiece> pieces;
     for (int i = 0; i < static_cast<int>(lines.size()); ++i) {
         const QString& line = lines[i];

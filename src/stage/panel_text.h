@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <limits>
 #include <vector>
 
 namespace fennel {
@@ -19,6 +20,7 @@ using ButtonVisible = std::function<bool(int item)>;
 // Shown width of a text in the panel's present font.
 using MeasureText = std::function<double(QStringView text)>;
 
+inline constexpr int allLines = std::numeric_limits<int>::max();
 inline constexpr int buttonItems = 9;
 inline const QString buttonBarText =
     QStringLiteral("F1|Help|F2|Language|English (UK)|F9|Reboot|F10|Poweroff");
@@ -32,8 +34,10 @@ int ButtonX(int item, int backWidth, const ButtonVisible& visible);
 QString onOffCaption(int item, bool visible);
 
 // Text with further "|" where a line reaches or passes `limit` shown pixels. Lines break at blanks
-// only: a word wider than the panel stands alone. Every line of the result ends in "|".
-QString WrapPanelText(const QString& text, int limit, const MeasureText& measure);
+// only: a word wider than the panel stands alone. Every line of the result ends in "|"; it has at
+// least `mostLines` of them if the text has.
+QString WrapPanelText(const QString& text, int limit, const MeasureText& measure,
+                      int mostLines = allLines);
 
 // The number of the font that stands in for `wanted`: 0 if that is out of range or has no name.
 int usableFont(const FontTable& fonts, qint64 wanted);
@@ -57,6 +61,7 @@ struct TextJob {
     QPoint offset;   // of the first line, boot pixels
     int width = 0;   // of the panel, shown pixels
     int backWidth = 0;
+    int height = 0; // of the panel, shown pixels; lines below need not be laid out. 0: all are
 };
 // What to print, empty lines left out. Line i stands at i x (size + 3 + spacing) boot pixels; the
 // button bar has two rows and places of its own.

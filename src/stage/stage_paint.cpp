@@ -85,8 +85,8 @@ void Stage::drawContents(int index, QPainter& painter)
     const FontRecord& fontRecord = m_data.FontTable[font];
     const QFont face = panelFont(fontRecord, scale(), m_families);
     const QFontMetrics metrics(face);
-    TextJob job{index, rec.Text, rec.TextColor, fontRecord.Size,
-                0,     QPoint(), rect.width(),  run().BackWidth};
+    TextJob job{index,    rec.Text,     rec.TextColor,   fontRecord.Size, 0,
+                QPoint(), rect.width(), run().BackWidth, rect.height()};
     job.spacing = index == MenuPanelRow ? m_data.MenuSlit : 0;
     painter.setFont(face);
     const auto measure = [&](QStringView text) {

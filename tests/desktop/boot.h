@@ -24,17 +24,24 @@ struct Boot {
 
 Boot boot(const QString& message, const QStringList& options = {});
 
-// The built template, its back.jpg taken out or another put in its place, and another font.
+// The built template, its back.jpg taken out or another put in its place.
 struct Message {
     std::vector<std::uint8_t> archive;
     QImage background;
 
-    explicit Message(const QByteArray& newBackground = {}, const QByteArray& newFont = {});
+    explicit Message(const QByteArray& newBackground = {});
     [[nodiscard]] QString saveIn(const QTemporaryDir& folder) const;
 };
 
-// Mean difference of the colours of two pictures inside a part, in levels of 0 to 255.
-double difference(const QImage& one, const QImage& other, const QRect& part);
+// A JPEG as the engine decodes it, which enlarges the colour planes without smoothing them.
+QImage engineDecoded(const QByteArray& jpeg);
+
+// Of two colours, the difference of the part that differs most, in levels of 0 to 255; the largest
+// of all pixels inside a part of two pictures.
+int difference(QRgb one, QRgb other);
+int difference(const QImage& one, const QImage& other, const QRect& part);
+// What two decoders may differ by in a pixel, as they round at different steps.
+constexpr int decoderRounding = 4;
 
 // Where neither the menu nor the lines below it cover the picture of 800x600.
 std::vector<QRect> bareParts();

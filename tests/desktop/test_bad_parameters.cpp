@@ -8,8 +8,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QElapsedTimer>
 #include <QTest>
+
+#include <ctime>
 
 using namespace fennel;
 using namespace fennel::test;
@@ -48,6 +49,12 @@ void clickRow(Story& story, int row)
     QAbstractItemView* view = shownView(story);
     const QRect place = view->visualRect(view->model()->index(row - 1, 0));
     QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, place.center());
+}
+
+// Of the processor: the rest of a busy machine does not count.
+double millisecondsSince(std::clock_t start)
+{
+    return 1e3 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
 } // namespace
@@ -96,11 +103,10 @@ TEST(BadValues, TypedIntoRowsGiveNumbersAtOnce)
         {u"abc"_s, u"0"_s},      {u"-5"_s, u"-5"_s}, {u"0x1234567"_s, u"0x234567"_s},
         {u"12 13"_s, u"1213"_s}, {u""_s, u"0"_s},    {QString(1'000'000, u'9'), u"2147483647"_s}};
     for (const auto& [typed, shown] : cases) {
-        QElapsedTimer timer;
-        timer.start();
+        const std::clock_t start = std::clock();
         story.type(u":02:="_s, typed);
         EXPECT_EQ(story.value(u":02:="_s), shown);
-        EXPECT_LT(timer.elapsed(), 1500) << typed.left(20).toStdString();
+        EXPECT_LT(millisecondsSince(start), 1500) << typed.left(20).toStdString();
     }
     story.type(u":02:="_s, u"-5"_s);
     story.saveAs(story.shell.path(u"typed"_s), false);
@@ -115,8 +121,7 @@ TEST(BadConfig, IsShownAndSavedThroughTheWindow)
           megabyte, megabyte + "=" + megabyte, "menu_start_x=1 #" + megabyte,
           QByteArray("\xEF\xBB\xBFwelcome =1|2 # \xD0\x96|b\nwelcome=1\nwelcome=2")}) {
         Story story;
-        QElapsedTimer timer;
-        timer.start();
+        const std::clock_t start = std::clock();
         story.open(messageOf(story.shell, generation2Members(cfg)));
         ASSERT_EQ(story.run().gfxboot_var, 2);
         lookAtAllTabs(story);
@@ -128,7 +133,7 @@ TEST(BadConfig, IsShownAndSavedThroughTheWindow)
         }
         story.choose("mnuFile_Save");
         QCoreApplication::processEvents();
-        EXPECT_LT(timer.elapsed(), 4000) << cfg.left(20).toStdString() << cfg.size();
+        EXPECT_LT(millisecondsSince(start), 4000) << cfg.left(20).toStdString() << cfg.size();
         EXPECT_EQ(shownView(story)->model()->rowCount(), story.list().count());
     }
 }

@@ -78,6 +78,32 @@ TEST(Layout, LinesStandAPitchApart)
     EXPECT_EQ(name[1].at, QPoint(0, 4)) << "17 x 0.25, without the slit";
 }
 
+TEST(Layout, OnlyLinesThatAreSeenAreLaidOut)
+{
+    int measured = 0;
+    const auto counting = [&measured](QStringView text) {
+        measured += static_cast<int>(text.size());
+        return tens(text);
+    };
+    for (const QString& line : {u"some words\r\n"_s, u"some words without any end "_s}) {
+        TextJob long1Mb = job(8, line.repeated(50'000));
+        TextJob shortOne = job(8, line.repeated(40));
+        for (TextJob* text : {&long1Mb, &shortOne})
+            text->width = 120;
+        shortOne.height = long1Mb.height = 100; // 17 x 5 is above it, 17 x 6 below
+        const auto seen = layOutText(long1Mb, StageScale(1), counting, all);
+        shortOne.height = 0;
+        const auto whole = layOutText(shortOne, StageScale(1), tens, all);
+        ASSERT_EQ(seen.size(), 6U);
+        ASSERT_GT(whole.size(), 6U);
+        for (std::size_t i = 0; i < seen.size(); ++i) {
+            EXPECT_EQ(seen[i].text, whole[i].text);
+            EXPECT_EQ(seen[i].at, whole[i].at);
+        }
+    }
+    EXPECT_LT(measured, 5000);
+}
+
 TEST(Layout, ButtonBarHasTwoRowsAndTwoColours)
 {
     const auto pieces = layOutText(job(2, buttonBarText), StageScale(2), tens, all);

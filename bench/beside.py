@@ -1,0 +1,116 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""The tools of the editor beside the programs that everybody has, on the same files.
+
+    bench/beside.py BUILD_FOLDER
+
+Each pair runs by turns, so that a busy machine is unfair to neither; the best time counts. Prints
+"name milliseconds" lines, two for each pair: tool/NAME and peer/NAME. Where a file is made there are
+two more with its size in KB, .../KB behind the name.
+"""
+
+import os
+import subprocess
+import sys
+import tempfile
+import time
+
+TURNS, BUDGET_SECONDS = 25, 4.0
+THEME = "/etc/bootsplash/themes/upstream/bootloader/message"
+FONTS = "/usr/share/fonts/truetype/dejavu"
+
+
+def once(command, folder):
+    start = time.perf_counter()
+    subprocess.run(command, cwd=folder, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    return (time.perf_counter() - start) * 1e3
+
+
+def pair(name, ours, peer, folder, made=None):
+    """Both commands by turns until the turns or the time are spent; `made`: the files they write."""
+    times, end = ([], []), time.perf_counter() + BUDGET_SECONDS
+    while len(times[0]) < 3 or (len(times[0]) < TURNS and time.perf_counter() < end):
+        times[0].append(once(ours, folder))
+        times[1].append(once(peer, folder))
+    for side, values, index in (("tool", times[0], 0), ("peer", times[1], 1)):
+        print(f"{side}/{name} {min(values):.3f}")
+        if made:
+            print(f"{side}/{name}/KB {os.path.getsize(made[index]) / 1e3:.3f}")
+
+
+def shell(line):
+    return ["sh", "-c", line]
+
+
+def make_message(work, size, cpio):
+    """A folder with members for an archive of that size, the archive, and it gzipped."""
+    folder = f"{work}/m{size}"
+    os.mkdir(folder)
+    with open(THEME, "rb") as archive:
+        subprocess.run(["cpio", "-i", "--quiet"], stdin=archive, cwd=folder, check=True)
+    names, total = sorted(os.listdir(folder)), os.path.getsize(THEME)
+    picture = open(folder + "/back.jpg", "rb").read()
+    while total < size:
+        names.append(f"back_{len(names):02}.jpg")
+        data = picture + os.urandom(200_000 - len(picture) % 200_000)
+        open(f"{folder}/{names[-1]}", "wb").write(data)
+        total += len(data)
+    with open(folder + "/#.lst", "w", newline="") as out:
+        out.write("".join(name + "\r\n" for name in names))
+    plain = f"{work}/{size}"
+    subprocess.run([cpio, "ASSM", plain, folder, "#.lst", ",0"], check=True)
+    subprocess.run(["gzip", "-9k", plain], check=True)
+    return folder, plain, plain + ".gz"
+
+
+def archives(work, tools):
+    cpio, zipper = tools + "/CPIO/cpio_bridge", tools + "/7-Zip/7zip_bridge"
+    pair("start/cpio", [cpio], ["true"], work)
+    pair("start/7zip", [zipper], ["true"], work)
+    for size in (450_000, 4_400_000):
+        folder, plain, gz = make_message(work, size, cpio)
+        out, report = f"{work}/out{size}", ["#7zip.log", ",0"]
+        os.mkdir(out)
+        pair(f"cpio INFO/{size}", [cpio, "INFO", plain, out, "#.lst", ",0"],
+             shell(f"cpio -it --quiet < {plain}"), out)
+        pair(f"cpio EXTR/{size}", [cpio, "EXTR", plain, out, "#.lst", ",0"],
+             shell(f"cpio -iu --quiet < {plain}"), out)
+        pair(f"cpio ASSM/{size}", [cpio, "ASSM", work + "/new", folder, "#.lst", ",0"],
+             shell(f"tr -d '\\r' < '#.lst' | cpio -o --quiet -H bin > {work}/old"), folder)
+        pair(f"7zip EXTR/{size}", [zipper, "EXTR", gz, out, *report],
+             shell(f"gzip -dc {gz} > {work}/un"), out)
+        pair(f"7zip ASSM/{size}", [zipper, "ASSM", plain, work + "/new.gz", ",0"],
+             shell(f"gzip -9c {plain} > {work}/old.gz"), work, (work + "/new.gz", work + "/old.gz"))
+
+
+def pictures(work, tools):
+    bridge = tools + "/nconvert/nconvert_bridge"
+    subprocess.run(["convert", "-size", "1600x1200", "-seed", "7", "plasma:", "-attenuate", "0.2",
+                    "+noise", "Gaussian", "-quality", "90", work + "/1600.jpg"], check=True)
+    subprocess.run(["convert", work + "/1600.jpg", "-resize", "4000x3000", "-attenuate", "0.1",
+                    "+noise", "Gaussian", "-quality", "90", work + "/4000.jpg"], check=True)
+    for name, source, size in (("scale/50", 1600, (800, 600)), ("scale/90", 1600, (1440, 1080)),
+                               ("scale/125", 1600, (2000, 1500)), ("import", 4000, (1024, 768))):
+        width, height = map(str, size)
+        pair(name, [bridge, "-out", "jpeg", "-overwrite", "-resize", width, height, "-q", "85", "-dpi", "72",
+                    "-rexifthumb", "-rmeta", "-o", "ours.jpg", f"{source}.jpg", ",0"],
+             ["convert", f"{source}.jpg", "-resize", f"{width}x{height}!", "-quality", "85", "peer.jpg"], work)
+
+
+def fonts(work, tools):
+    bridge = tools + "/MakeFont/mkfnt_bridge"
+    for name, ranges in (("175", "0x20-0x7e_0x410-0x45f"), ("5000", "0x20-0x33ff")):
+        added = [word for part in ranges.split("_") for word in ("-a", part)]
+        pair(f"font/{name}", [bridge, ranges, "DejaVuSans", "19", "4", "0", "0", "ours.fnt", ",0"],
+             ["gfxboot-font", "-f", "DejaVuSans:size=19", "-p", FONTS, *added, "peer.fnt"], work)
+
+
+def main():
+    tools = os.path.abspath(sys.argv[1]) + "/bin/Tools"
+    with tempfile.TemporaryDirectory() as work:
+        for part in (archives, pictures, fonts):
+            part(work, tools)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "editor.h"
+
+#include "container/cpio.h"
+#include "container/gzip.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QImage>
+
+#include <benchmark/benchmark.h>
+
+#include <sys/resource.h>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+const QString debianMessage = u"/etc/bootsplash/themes/upstream/bootloader/message"_s;
+
+// About 200 KB.
+Bytes background(int number)
+{
+    QImage picture(800, 600, QImage::Format_RGB32);
+    for (int y = 0; y < picture.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
+        for (int x = 0; x < picture.width(); ++x)
+            line[x] = qRgb((x * y + number * 31) % 256, (x * 7 + y * y / 9) % 256, (x ^ y) % 256);
+    }
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    picture.save(&buffer, "JPG", 60);
+    return {bytes.begin(), bytes.end()};
+}
+
+} // namespace
+
+Editor::Editor()
+{
+    run.AppPath = QStringLiteral(FENNEL_BIN_DIR);
+    run.CurrentLang = u"0409"_s;
+    run.ToolCpio = run.AppPath + u"/Tools/CPIO/cpio_bridge"_s;
+    run.Tool7Zip = run.AppPath + u"/Tools/7-Zip/7zip_bridge"_s;
+    run.ToolNConvert = run.AppPath + u"/Tools/nconvert/nconvert_bridge"_s;
+    run.WorkspaceRoot = folder.filePath(u"root/"_s);
+    (void)files.makeFolder(run.WorkspaceRoot);
+    window = std::make_unique<MainWindow>(bench);
+    window->show();
+    QCoreApplication::processEvents();
+}
+
+void Editor::paint()
+{
+    QEvent frame(QEvent::UpdateRequest); // at once, as a screen's next frame would ask
+    QCoreApplication::sendEvent(window.get(), &frame);
+}
+
+bool writeMessage(const QString& path, qint64 size)
+{
+    const auto file = readBytes(debianMessage);
+    if (!file)
+        return false;
+    const Bytes archive(file->begin(), file->end());
+    std::vector<CpioMember> members = *readCpio(archive);
+    std::vector<std::unique_ptr<Bytes>> pictures;
+    qint64 total = file->size();
+    for (int number = 1; total < size && number < 100; ++number) {
+        pictures.push_back(std::make_unique<Bytes>(background(number)));
+        const QString name = u"back_%1.jpg"_s.arg(number, 2, 10, QLatin1Char('0'));
+        members.push_back({name.toStdString(), 0, *pictures.back()});
+        total += static_cast<qint64>(pictures.back()->size());
+    }
+    const auto packed = *gzipCompress(*writeCpio(members), "#message", 0, 6);
+    const auto* bytes = reinterpret_cast<const char*>(packed.data());
+    return DiskFiles().write(path, {bytes, static_cast<qsizetype>(packed.size())}).ok();
+}
+
+bool openTemplate(Editor& editor)
+{
+    const QString path = editor.folder.filePath(u"template.gz"_s);
+    return editor.files.copy(editor.run.AppPath + u"/data/GFX.GZ"_s, path) &&
+           editor.window->openGfxboot(path);
+}
+
+double peakMegabytes()
+{
+    rusage usage = {};
+    getrusage(RUSAGE_SELF, &usage);
+    return static_cast<double>(usage.ru_maxrss) / 1024;
+}
+
+} // namespace fennel
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

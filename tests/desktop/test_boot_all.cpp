@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+// Real boots of what else people save: Debian's themes opened and saved as they are, and one taken
+// apart, changed and put together again. tests/desktop/boot_all runs them with all other boots.
+#include "desktop/boot.h"
+#include "desktop/boot_letters.h"
+#include "desktop/story.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+
+using namespace fennel;
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QRect whole(0, 0, 800, 600);
+
+QString messageOf(const char* theme)
+{
+    return u"/etc/bootsplash/themes/%1/bootloader/message"_s.arg(QLatin1String(theme));
+}
+
+class BootTheme : public testing::TestWithParam<const char*> {
+protected:
+    void SetUp() override
+    {
+        if (qEnvironmentVariableIntValue("FENNEL_LONG") <= 0)
+            GTEST_SKIP() << "only in the thorough run";
+    }
+};
+
+class BootAssembled : public BootTheme {};
+
+const QStringList entries{u"Boot from this stick"_s, u"Boot from hard disk"_s, u"Memory test"_s};
+
+} // namespace
+
+// The engine's own settings in gfxboot.cfg are unknown to the editor, which keeps such lines
+// switched off; the menu needs them, the background does not.
+TEST_P(BootTheme, ShowsItsBackgroundAlsoAfterASave)
+{
+    Story story;
+    const QString copy = story.shell.path(u"message"_s);
+    ASSERT_TRUE(story.shell.files.copy(messageOf(GetParam()), copy).ok());
+    story.open(copy);
+    story.choose("mnuFile_Save");
+    const auto members = membersOf(copy);
+    EXPECT_EQ(members.at(u"back.jpg"_s), membersOf(messageOf(GetParam())).at(u"back.jpg"_s));
+
+    const Boot first = boot(messageOf(GetParam()), QStringList{u"--menu"_s} + entries);
+    const Boot saved = boot(copy, QStringList{u"--menu"_s} + entries);
+    if (first.code == skipped)
+        GTEST_SKIP() << first.told.toStdString();
+    ASSERT_EQ(first.code, 0) << first.told.toStdString();
+    ASSERT_EQ(saved.code, 0) << saved.told.toStdString();
+    const QImage background = engineDecoded(members.at(u"back.jpg"_s));
+    // Before: the menu in the theme's own font over the background. After: nothing covers it.
+    for (const QRect& part : bareParts())
+        EXPECT_LE(difference(first.screen, background, part), decoderRounding);
+    EXPECT_LE(difference(saved.screen, background, whole), decoderRounding);
+    const TextLine line(fontOf(members.at(u"16x16.fnt"_s)), entries[1]);
+    EXPECT_LE(line.find(first.screen, background, QRect(240, 170, 200, 200)).misfit, 24);
+}
+
+// Taken apart by the program, with another background, font and place of the menu, and assembled.
+TEST_P(BootAssembled, ShowsPictureFontAndPlaceOfTheMenu)
+{
+    Story story;
+    const QString folder = story.shell.path(u"parts"_s);
+    ASSERT_TRUE(QDir().mkpath(folder));
+    story.user().expectOpen(messageOf(GetParam()));
+    story.user().expectFolder(folder);
+    story.choose("mnuEdit_Extract");
+    QByteArray cfg = bytesOf(folder + u"/gfxboot.cfg"_s);
+    ASSERT_TRUE(cfg.contains("mainmenu.pos=-1,170"));
+    cfg.replace("mainmenu.pos=-1,170", "mainmenu.pos=90,330");
+    ASSERT_TRUE(story.shell.files.write(folder + u"/gfxboot.cfg"_s, cfg).ok());
+    const Message other; // the template's picture and font
+    story.makeNew();
+    for (const QString& name : {u"back.jpg"_s, u"16x16.fnt"_s})
+        ASSERT_TRUE(
+            story.shell.files.copy(story.run().Workspace + name, folder + u'/' + name).ok());
+    const QString made = story.shell.path(u"assembled"_s);
+    story.user().expectFolder(folder);
+    story.user().expectSave(made);
+    story.choose("mnuEdit_Assemble");
+
+    const Boot booted = boot(made, QStringList{u"--menu"_s} + entries);
+    if (booted.code == skipped)
+        GTEST_SKIP() << booted.told.toStdString();
+    ASSERT_EQ(booted.code, 0) << booted.told.toStdString();
+    EXPECT_LE(difference(booted.screen, other.background, QRect(400, 0, 400, 400)),
+              decoderRounding);
+    const FntFont font = fontOf(bytesOf(folder + u"/16x16.fnt"_s));
+    std::vector<QPoint> places;
+    for (const QString& entry : entries.mid(1)) {
+        const auto found =
+            TextLine(font, entry).find(booted.screen, other.background, QRect(60, 300, 200, 200));
+        EXPECT_LE(found.misfit, 24) << entry.toStdString();
+        places.push_back(found.at);
+    }
+    EXPECT_EQ(places[0].x(), places[1].x());
+    EXPECT_NEAR(places[0].x(), 90, 20);
+    EXPECT_GT(places[0].y(), 330);
+    EXPECT_LT(places[0].y(), 330 + 2 * 30);
+}
+
+INSTANTIATE_TEST_SUITE_P(Debian, BootTheme,
+                         testing::Values("KDE", "SLED", "SLES", "openSUSE", "upstream"));
+INSTANTIATE_TEST_SUITE_P(Debian, BootAssembled, testing::Values("KDE", "openSUSE"));
