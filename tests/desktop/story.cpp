@@ -4,6 +4,7 @@
 #include "frame/menus.h"
 #include "frame/stage_link.h"
 #include "params/right_panel.h"
+#include "shell/startup.h"
 #include "stage/stage_surface.h"
 
 #include <gtest/gtest.h>
@@ -52,6 +53,13 @@ void Story::open(const QString& path)
         user().expectMessage(u"You can choose any of the variants."_s);
     user().expectOpen(path);
     choose("mnuFile_Open");
+}
+
+void Story::close()
+{
+    window.close();
+    QCoreApplication::processEvents();
+    Form_Unload(shell.shell);
 }
 
 void Story::saveAs(const QString& path, bool compress)
