@@ -138,6 +138,7 @@ void Story::click(QPoint place, Qt::MouseButton button)
 void Story::doubleClick(QPoint place, Qt::KeyboardModifiers keys)
 {
     QTest::mouseDClick(&window.surface(), Qt::LeftButton, keys, place);
+    QTest::mouseRelease(&window.surface(), Qt::LeftButton, keys, place);
 }
 
 void Story::press(int key, Qt::KeyboardModifiers keys)

@@ -37,6 +37,8 @@ public:
             {Expected::Colour, {}, Answer::Ok, colour.has_value(), colour.value_or(QColor())});
     }
 
+    // What was expected and did not come is expected no longer.
+    void forget() { m_queue.clear(); }
     // If set, it answers the messages that nobody expected, and other such prompts are cancelled.
     std::function<Answer(const QString& text, MessageType type)> answerRest;
 
