@@ -175,6 +175,8 @@ std::map<QString, QByteArray> membersOf(const QString& messageFile)
     std::map<QString, QByteArray> members;
     for (const QString& name : QDir(folder.path()).entryList(QDir::Files))
         members[name] = bytesOf(folder.filePath(name));
+    // QTemporaryDir leaves files whose names are not UTF-8.
+    EXPECT_TRUE(DiskFiles().removeFolder(folder.path()).ok());
     return members;
 }
 
