@@ -114,8 +114,11 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
 
 QVariant ListModel::decoration(const ListRow& row) const
 {
-    if (m_measuring && (row.swatch || !row.iconFile.isEmpty()))
-        return QImage(m_iconSize, QImage::Format_Mono);
+    if (m_measuring && (row.swatch || !row.iconFile.isEmpty())) {
+        QImage blank(m_iconSize, QImage::Format_Mono);
+        blank.fill(0); // the view converts it, although only its size counts
+        return blank;
+    }
     if (!row.iconFile.isEmpty()) {
         const QPixmap image = picture(row.iconFile);
         return image.isNull() ? QVariant() : QVariant(image);
