@@ -154,7 +154,7 @@ QPixmap ListModel::picture(const QString& path) const
     // flat picture from vanishing.
     if (size.isValid())
         reader.setScaledSize(size.scaled(m_iconSize, Qt::KeepAspectRatio).expandedTo({1, 1}));
-    const QPixmap image = size.isValid() ? QPixmap::fromImage(reader.read()) : QPixmap();
+    QPixmap image = size.isValid() ? QPixmap::fromImage(reader.read()) : QPixmap();
     // A picture that cannot be read is kept too, as an empty one, and is not tried again at each
     // repaint.
     m_pictures.insert(key, image);

@@ -183,8 +183,8 @@ void HostileMessages::mangleHeader(Members& members, Dice& dice, QString& kind) 
         member.mode = dice.of(modes);
         RawMember through = member;
         through.mode = 0100644;
-        members.push_back(through);
         member.data = "../..";
+        members.push_back(through);
         break;
     }
     case 3:
