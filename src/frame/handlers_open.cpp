@@ -92,8 +92,8 @@ void showAll(MainWindow& window)
     takeMenu(window, window.workbench().CurrentMenuFile);
 }
 
-// Rows move when files come and go; the buttons must not act on another file than before. A row that
-// is gone leaves its place to the next one.
+// Rows move when files come and go; the buttons must not act on another file than before. A row
+// that is gone leaves its place to the next one.
 int placeOf(const ListRows& list, const QString& tag, int before)
 {
     for (int row = 1; row <= list.count(); ++row) {
