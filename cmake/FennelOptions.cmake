@@ -24,10 +24,15 @@ function(fennel_bridge name folder)
         RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin/Tools/${folder})
 endfunction()
 
-# fennel_test(SUBSYSTEM SOURCES...): the test program of one subsystem, its cases known to CTest.
+# fennel_test(SUBSYSTEM [TIMEOUT SECONDS] SOURCES...): the test program of one subsystem, its cases
+# known to CTest.
 function(fennel_test subsystem)
+    cmake_parse_arguments(arg "" TIMEOUT "" ${ARGN})
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 120)
+    endif()
     set(name test_${subsystem})
-    add_executable(${name} ${ARGN})
+    add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
     target_link_libraries(${name} PRIVATE fennel_test_support fennel_options)
     # The cases themselves take no time; compiling them does.
     target_compile_options(${name} PRIVATE -O0)
@@ -36,7 +41,7 @@ function(fennel_test subsystem)
         TEST_PREFIX ${subsystem}/
         DISCOVERY_MODE PRE_TEST
         DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT 120)
+        PROPERTIES TIMEOUT ${arg_TIMEOUT})
 endfunction()
 
 # fennel_link_static(NAME): no dynamic library at all, which halves the time a small program needs to

@@ -94,8 +94,10 @@ bool writeParameters(MainWindow& window)
     if (!shell.run.GfxHasZuk)
         return writeConfig(window);
     GatherListValues(shell, lists);
-    return shell.told(WriteLevelFiles(shell, lists.ZUKarr)) &&
-           RebuildMemberList(shell, QStringLiteral("*.CFG")).ok();
+    const bool done = shell.told(WriteLevelFiles(shell, lists.ZUKarr)) &&
+                      RebuildMemberList(shell, QStringLiteral("*.CFG")).ok();
+    refillList(window, TabGfxboot); // other lengths, perhaps another order
+    return done;
 }
 
 void showLastUsed(MainWindow& window)

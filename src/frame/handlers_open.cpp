@@ -16,6 +16,8 @@
 #include "params/tabs.h"
 #include "stage/background.h"
 
+#include <algorithm>
+
 namespace fennel {
 
 namespace {
@@ -90,6 +92,17 @@ void showAll(MainWindow& window)
     takeMenu(window, window.workbench().CurrentMenuFile);
 }
 
+// Rows move when files come and go; the buttons must not act on another file than before. A row
+// that is gone leaves its place to the next one.
+int placeOf(const ListRows& list, const QString& tag, int before)
+{
+    for (int row = 1; row <= list.count(); ++row) {
+        if (!tag.isEmpty() && list.row(row)->tag == tag)
+            return row;
+    }
+    return std::clamp(before, list.count() > 0 ? 1 : 0, list.count());
+}
+
 } // namespace
 
 void loadLogos(MainWindow& window)
@@ -126,6 +139,7 @@ void refillList(MainWindow& window, int tab)
     Workbench& bench = window.workbench();
     ListRows& list = *bench.params.list(tab);
     const int selected = list.selected;
+    const QString selectedTag = list.row(selected) == nullptr ? QString() : list.row(selected)->tag;
     switch (tab) {
     case TabMenu:
         MenuListFill(bench.shell, window.flashLink().menuDrive(), list);
@@ -150,7 +164,9 @@ void refillList(MainWindow& window, int tab)
         break;
     }
     }
-    list.selected = std::clamp(selected, list.count() > 0 ? 1 : 0, list.count());
+    list.selected = placeOf(list, selectedTag, selected);
+    if (tab == bench.params.CurrentTab)
+        bench.params.CurrentRow = list.selected;
     window.rightPanel().fillList(tab);
 }
 
@@ -189,6 +205,8 @@ void fillStep(MainWindow& window, OpenHost::Step step)
         MenuListFill(bench.shell, window.flashLink().menuDrive(), *params.list(TabMenu));
         break;
     case Step::Members:
+        // The list knew the gfxboot before.
+        params.list(TabGfxboot)->selected = 0;
         MemberListFill(bench.shell, *params.list(TabGfxboot));
         break;
     case Step::Config:

@@ -114,8 +114,11 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
 
 QVariant ListModel::decoration(const ListRow& row) const
 {
-    if (m_measuring && (row.swatch || !row.iconFile.isEmpty()))
-        return QImage(m_iconSize, QImage::Format_Mono);
+    if (m_measuring && (row.swatch || !row.iconFile.isEmpty())) {
+        QImage blank(m_iconSize, QImage::Format_Mono);
+        blank.fill(0); // the view converts it, although only its size counts
+        return blank;
+    }
     if (!row.iconFile.isEmpty()) {
         const QPixmap image = picture(row.iconFile);
         return image.isNull() ? QVariant() : QVariant(image);
@@ -151,7 +154,7 @@ QPixmap ListModel::picture(const QString& path) const
     // flat picture from vanishing.
     if (size.isValid())
         reader.setScaledSize(size.scaled(m_iconSize, Qt::KeepAspectRatio).expandedTo({1, 1}));
-    const QPixmap image = size.isValid() ? QPixmap::fromImage(reader.read()) : QPixmap();
+    QPixmap image = size.isValid() ? QPixmap::fromImage(reader.read()) : QPixmap();
     // A picture that cannot be read is kept too, as an empty one, and is not tried again at each
     // repaint.
     m_pictures.insert(key, image);

@@ -51,8 +51,9 @@ void StageGestures::setTarget(QPoint at)
 
 void StageGestures::press(const StageMouse& mouse)
 {
-    // A second button during a drag belongs to the same gesture.
-    if (m_target == Target::None)
+    // A second button during a drag belongs to the same gesture. If no other is down, the release
+    // of the gesture before got lost, to a window that came up.
+    if (m_target == Target::None || mouse.buttons == mouse.button)
         setTarget(mouse.at);
     switch (m_target) {
     case Target::Panel:
@@ -91,6 +92,8 @@ void StageGestures::release(const StageMouse& mouse)
         m_target = Target::None;
     if (target == Target::Panel && m_stage.isRow(m_panel))
         panelReleased(mouse);
+    else if (target == Target::Panel)
+        m_stage.run().InterfaceReady = true; // the object went with its gfxboot
     else if (target == Target::Marker)
         markerReleased();
     else if (target == Target::Background && mouse.button == Qt::RightButton)

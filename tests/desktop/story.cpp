@@ -4,6 +4,7 @@
 #include "frame/menus.h"
 #include "frame/stage_link.h"
 #include "params/right_panel.h"
+#include "shell/startup.h"
 #include "stage/stage_surface.h"
 
 #include <gtest/gtest.h>
@@ -52,6 +53,13 @@ void Story::open(const QString& path)
         user().expectMessage(u"You can choose any of the variants."_s);
     user().expectOpen(path);
     choose("mnuFile_Open");
+}
+
+void Story::close()
+{
+    window.close();
+    QCoreApplication::processEvents();
+    Form_Unload(shell.shell);
 }
 
 void Story::saveAs(const QString& path, bool compress)
@@ -130,6 +138,7 @@ void Story::click(QPoint place, Qt::MouseButton button)
 void Story::doubleClick(QPoint place, Qt::KeyboardModifiers keys)
 {
     QTest::mouseDClick(&window.surface(), Qt::LeftButton, keys, place);
+    QTest::mouseRelease(&window.surface(), Qt::LeftButton, keys, place);
 }
 
 void Story::press(int key, Qt::KeyboardModifiers keys)
@@ -166,6 +175,8 @@ std::map<QString, QByteArray> membersOf(const QString& messageFile)
     std::map<QString, QByteArray> members;
     for (const QString& name : QDir(folder.path()).entryList(QDir::Files))
         members[name] = bytesOf(folder.filePath(name));
+    // QTemporaryDir leaves files whose names are not UTF-8.
+    EXPECT_TRUE(DiskFiles().removeFolder(folder.path()).ok());
     return members;
 }
 

@@ -20,6 +20,8 @@ public:
     void makeNew() { choose("mnuFile_New"); }
     // File / Open, first with the explaining message if nothing is open.
     void open(const QString& path);
+    // The end of the run: the window closes and the temporary folders go.
+    void close();
     // Save As under this path, compressed or not.
     void saveAs(const QString& path, bool compress);
 

@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: MIT
-// Hours of work in a row: what is dragged and scaled leaves nothing behind in memory. The variable
-// FENNEL_LONG_USE sets how often (1000 for a thorough run).
+// Hours of work in a row: what is dragged and scaled leaves nothing behind in memory.
 #include "desktop/story.h"
 
 #include "frame/stage_link.h"
 #include "stage/scale_commands.h"
+#include "support/long_run.h"
 
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
 #include <QEvent>
-
-#include <malloc.h>
-#include <unistd.h>
 
 using namespace fennel;
 using namespace fennel::test;
@@ -20,21 +17,7 @@ using namespace fennel::test;
 namespace {
 
 constexpr int timeObject = 5;
-constexpr int usualRounds = 30;
 constexpr qint64 allowedGrowth = 1024 * 1024; // caches of glyphs may still fill
-
-int rounds()
-{
-    const int wanted = qEnvironmentVariableIntValue("FENNEL_LONG_USE");
-    return wanted > 0 ? wanted : usualRounds;
-}
-
-qint64 residentBytes()
-{
-    ::malloc_trim(0);
-    const QByteArray pages = bytesOf(QStringLiteral("/proc/self/statm")).split(' ').value(1);
-    return pages.toLongLong() * ::sysconf(_SC_PAGESIZE);
-}
 
 } // namespace
 
@@ -57,11 +40,12 @@ TEST(LongUse, DragsAndScalesLeaveNothingBehind)
         dragRound();
         scaleRound(i);
     }
+    const int count = rounds(30, 1000);
     const qint64 before = residentBytes();
-    for (int i = 0; i < rounds(); ++i)
+    for (int i = 0; i < count; ++i)
         dragRound();
     const qint64 dragged = residentBytes();
-    for (int i = 0; i < rounds(); ++i)
+    for (int i = 0; i < count; ++i)
         scaleRound(i);
     const qint64 scaled = residentBytes();
     RecordProperty("growthByDrags", std::to_string(dragged - before));

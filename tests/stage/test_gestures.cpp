@@ -43,6 +43,20 @@ TEST_F(StageTest, DragInGenerationThreeWritesRowsOnTheWay)
     EXPECT_TRUE(host.cfg.empty());
 }
 
+// A window that comes up during a press takes the release.
+TEST_F(StageTest, APressWithoutOtherButtonsBeginsAnewAfterALostRelease)
+{
+    openZuk();
+    mouse.press(left({30, 40}));
+    mouse.press(left({790, 590}));
+    mouse.release(up({790, 590}));
+    EXPECT_EQ(rec(5).Left, 20);
+    mouse.press({{30, 40}, Qt::RightButton, Qt::RightButton, Qt::NoModifier});
+    mouse.release(up({30, 40}, Qt::RightButton));
+    EXPECT_TRUE(run().InterfaceReady);
+    EXPECT_FALSE(mouse.Dragging());
+}
+
 TEST_F(StageTest, StoredLengthsAtHalfScale)
 {
     openZuk();

@@ -37,6 +37,11 @@ public:
             {Expected::Colour, {}, Answer::Ok, colour.has_value(), colour.value_or(QColor())});
     }
 
+    // What was expected and did not come is expected no longer.
+    void forget() { m_queue.clear(); }
+    // If set, it answers the messages that nobody expected, and other such prompts are cancelled.
+    std::function<Answer(const QString& text, MessageType type)> answerRest;
+
     // Everything that was asked or told so far, oldest first.
     QStringList texts;
     QStringList titles;

@@ -3,9 +3,12 @@
 
 namespace fennel::test {
 
-Failure FaultyFiles::full(const QString& path)
+using namespace Qt::StringLiterals;
+
+Failure FaultyFiles::failure(const QString& path) const
 {
-    return {FailureKind::NoSpace, "Cannot write " + path.toStdString() + ": No space left."};
+    const char* reason = kind == FailureKind::NoSpace ? ": No space left." : ": Permission denied.";
+    return {kind, "Cannot write " + path.toStdString() + reason};
 }
 
 Result<void> FaultyFiles::write(const QString& path, const QByteArray& bytes)
@@ -13,8 +16,44 @@ Result<void> FaultyFiles::write(const QString& path, const QByteArray& bytes)
     if (!fails())
         return DiskFiles::write(path, bytes);
     // A full disk takes a part of the bytes.
-    (void)DiskFiles::write(path, bytes.left(bytes.size() / 2));
-    return full(path);
+    if (kind == FailureKind::NoSpace)
+        (void)DiskFiles::write(path, bytes.left(bytes.size() / 2));
+    return failure(path);
+}
+
+Result<void> FaultyTools::RunToolAndWait(const QStringList& commandLine)
+{
+    m_lastWasHasty = false;
+    if (++calls != failAt)
+        return ProcessToolRunner::RunToolAndWait(commandLine);
+    // The limit counts blocks of 512 bytes; beyond it comes a signal, or an error if that is
+    // ignored.
+    const auto limited = [&](const QString& limits) {
+        return ProcessToolRunner::RunToolAndWait(
+            QStringList{u"/bin/sh"_s, u"-c"_s, u"ulimit -c 0; "_s + limits + u"; exec \"$@\""_s,
+                        u"sh"_s} +
+            commandLine);
+    };
+    switch (fault) {
+    case ToolFault::KilledAtOnce:
+        return limited(u"ulimit -f 0"_s);
+    case ToolFault::KilledHalfWay:
+        return limited(u"ulimit -f 1"_s);
+    case ToolFault::FullDisk:
+        return limited(u"trap '' XFSZ; ulimit -f 1"_s);
+    case ToolFault::Silent:
+        return ProcessToolRunner::RunToolAndWait({u"/bin/false"_s});
+    case ToolFault::Hung:
+        m_lastWasHasty = true;
+        return m_hasty.RunToolAndWait({u"/bin/sleep"_s, u"60"_s});
+    default:
+        return ProcessToolRunner::RunToolAndWait({commandLine.first() + u".gone"_s});
+    }
+}
+
+QString FaultyTools::lastErrorOutput() const
+{
+    return m_lastWasHasty ? m_hasty.lastErrorOutput() : ProcessToolRunner::lastErrorOutput();
 }
 
 TestShell::TestShell()

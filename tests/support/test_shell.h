@@ -12,56 +12,76 @@
 
 namespace fennel::test {
 
-// A file layer in which the n-th change fails as a full disk does; 0 lets all succeed.
+// A file layer in which the n-th change fails, as on a full disk or for want of the right (`kind`
+// is NoSpace or NoPermission); 0 lets all succeed.
 class FaultyFiles : public DiskFiles {
 public:
     int failAt = 0;
     int calls = 0;
+    FailureKind kind = FailureKind::NoSpace;
     Result<void> write(const QString& path, const QByteArray& bytes) override;
     Result<void> append(const QString& path, const QByteArray& bytes) override
     {
-        return fails() ? full(path) : DiskFiles::append(path, bytes);
+        return fails() ? failure(path) : DiskFiles::append(path, bytes);
     }
     Result<void> overwriteStart(const QString& path, const QByteArray& bytes) override
     {
-        return fails() ? full(path) : DiskFiles::overwriteStart(path, bytes);
+        return fails() ? failure(path) : DiskFiles::overwriteStart(path, bytes);
     }
     Result<void> rename(const QString& source, const QString& target) override
     {
-        return fails() ? full(target) : DiskFiles::rename(source, target);
+        return fails() ? failure(target) : DiskFiles::rename(source, target);
     }
     Result<void> remove(const QString& path) override
     {
-        return fails() ? full(path) : DiskFiles::remove(path);
+        return fails() ? failure(path) : DiskFiles::remove(path);
     }
     Result<void> removeFolder(const QString& path) override
     {
-        return fails() ? full(path) : DiskFiles::removeFolder(path);
+        return fails() ? failure(path) : DiskFiles::removeFolder(path);
     }
     Result<void> makeFolder(const QString& path) override
     {
-        return fails() ? full(path) : DiskFiles::makeFolder(path);
+        return fails() ? failure(path) : DiskFiles::makeFolder(path);
     }
     Result<void> moveFiles(const QString& source, const QString& target) override
     {
-        return fails() ? full(target) : DiskFiles::moveFiles(source, target);
+        return fails() ? failure(target) : DiskFiles::moveFiles(source, target);
     }
     Result<void> makePrivateFolder(const QString& path) override
     {
-        return fails() ? full(path) : DiskFiles::makePrivateFolder(path);
+        return fails() ? failure(path) : DiskFiles::makePrivateFolder(path);
     }
     Result<void> copyFolder(const QString& source, const QString& target) override
     {
-        return fails() ? full(target) : DiskFiles::copyFolder(source, target);
+        return fails() ? failure(target) : DiskFiles::copyFolder(source, target);
     }
     Result<void> replaceWhole(const QString& source, const QString& target) override
     {
-        return fails() ? full(target) : DiskFiles::replaceWhole(source, target);
+        return fails() ? failure(target) : DiskFiles::replaceWhole(source, target);
     }
 
 private:
     bool fails() { return ++calls == failAt; }
-    static Failure full(const QString& path);
+    [[nodiscard]] Failure failure(const QString& path) const;
+};
+
+// What may befall a tool: it cannot be started, ends at its first written byte or its 513th, finds
+// the disk full behind the 512th, hangs, or ends without a word and without a result.
+enum class ToolFault { NotStarted, KilledAtOnce, KilledHalfWay, FullDisk, Hung, Silent };
+
+// The real tools, of which the n-th meets its fault; 0 lets all succeed.
+class FaultyTools : public ProcessToolRunner {
+public:
+    int failAt = 0;
+    int calls = 0;
+    ToolFault fault = ToolFault::NotStarted;
+    Result<void> RunToolAndWait(const QStringList& commandLine) override;
+    [[nodiscard]] QString lastErrorOutput() const override;
+
+private:
+    ProcessToolRunner m_hasty{300};
+    bool m_lastWasHasty = false;
 };
 
 class TestShell {
@@ -80,7 +100,7 @@ public:
     Log log;
     FaultyFiles files;
     ScriptedPrompts prompts;
-    ProcessToolRunner tools;
+    FaultyTools tools;
     Shell shell{run, log, files, prompts, tools};
 
 private:
