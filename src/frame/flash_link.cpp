@@ -136,10 +136,21 @@ void FlashLink::chooseEmbeddedMenu()
 
 void FlashLink::bringToFront(qint64 pid)
 {
+    // The bridge that was started has no window; the machine's window belongs to its child.
+    const QString bridge = QString::number(pid);
+    const QByteArray children =
+        FolderDriveSource().read(QStringLiteral("/proc/%1/task/%1/children").arg(bridge));
+    QStringList processes =
+        QString::fromLatin1(children).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    processes.prepend(bridge);
     // Only X11 lets one program raise the window of another, and only through a tool of its own.
-    QProcess::startDetached(QStringLiteral("xdotool"),
-                            {QStringLiteral("search"), QStringLiteral("--pid"),
-                             QString::number(pid), QStringLiteral("windowactivate")});
+    // "--all" with a name that any window has keeps it from taking the command for a name.
+    for (const QString& process : processes)
+        QProcess::startDetached(QStringLiteral("xdotool"),
+                                {QStringLiteral("search"), QStringLiteral("--all"),
+                                 QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
+                                 process.trimmed(), QStringLiteral("--name"), QStringLiteral("."),
+                                 QStringLiteral("windowactivate")});
 }
 
 } // namespace fennel

@@ -74,7 +74,9 @@ void flipButton(MainWindow& window, int button)
     ListRow* row = list.row(number);
     if (row == nullptr)
         return;
+    // What the stage shows must hold when the screen boots, so the row becomes an active one.
     row->colour = cfgActiveRow;
+    row->checked = true;
     row->cells[CfgValueColumn].text =
         stage.ButtonVisible(button) ? QStringLiteral("1") : QStringLiteral("0");
     window.rightPanel().refreshList(TabConfig);

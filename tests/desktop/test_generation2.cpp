@@ -92,6 +92,21 @@ TEST(Generation2, ASecondSaveKeepsNamesAndValues)
     EXPECT_EQ(second, first);
 }
 
+// Both a parameter that the file switches off and one that it never mentions.
+TEST(Generation2, AButtonThatThePopUpHidesIsHiddenInTheFile)
+{
+    Story story;
+    const QString message = messageWith(story.shell, "#hide_help=0\r\n");
+    story.open(message);
+    story.choose("mnupopup_OnOff_1");
+    story.choose("mnupopup_OnOff_3");
+    story.choose("mnuFile_Save");
+    const QByteArray written = membersOf(message)[u"gfxboot.cfg"_s];
+    EXPECT_TRUE(written.startsWith("hide_help=1")) << written.toStdString();
+    EXPECT_TRUE(written.contains("\nhide_lang=1")) << written.toStdString();
+    EXPECT_TRUE(written.contains("\n#hide_reboot=0")) << written.toStdString();
+}
+
 TEST(Generation2, DraggingTheMenuWritesItsPlace)
 {
     Story story;
