@@ -127,11 +127,20 @@ TEST_F(Members, LogosComeWithTheirTextsAndKeepWhatWasTyped)
     for (const char* name : {"Logo_00.jpg", "Logo_01.jpg", "Logo_msk.jpg"})
         EXPECT_EQ(sizeOf(QString::fromLatin1(name)), QSize(80, 60)) << name;
     EXPECT_EQ(stage().panel(LogoPanelRow).rect.size(), QSize(80, 60));
+    // A gap in the numbers is none on the stage.
+    QFile::remove(member(u"Logo_00.jpg"_s));
+    membersChanged(*window, {});
+    stage().LogoIndex = 7;
+    showLogoMember(*window, u"Logo_01.jpg"_s);
+    EXPECT_EQ(stage().LogoIndex, 0);
 }
 
 TEST_F(Members, ATextIsEditedOverTheStageAndSaved)
 {
     const int tab = record(HelpPanelRow).TabIndex;
+    selectRow(tab, u"ZUK_Read.txt"_s);
+    shell.member(u"Logo_07.txt"_s, "other");
+    membersChanged(*window, u"Logo_??.txt"_s);
     selectRow(tab, u"ZUK_Read.txt"_s);
     window->rightPanel().editButton().click();
     ValueEditor& editor = window->rightPanel().editor();
@@ -148,10 +157,13 @@ TEST_F(Members, ATextIsEditedOverTheStageAndSaved)
     QTest::keyClicks(&editor.box(), u"second"_s);
     QTest::keyClick(&editor.box(), Qt::Key_Escape);
     window->surface().setFocus();
+    selectRow(tab, u"Logo_07.txt"_s); // the text goes back to where it came from all the same
     ASSERT_TRUE(editor.textEditMode() && editor.isVisible());
     child<QPushButton>(u"ComFr6ForTXT(1)"_s).click();
     EXPECT_FALSE(editor.isVisible());
     EXPECT_EQ(bytesOf(member(u"ZUK_Read.txt"_s)), "first\r\nsecond");
+    EXPECT_EQ(bytesOf(member(u"Logo_07.txt"_s)), "other");
+    selectRow(tab, u"ZUK_Read.txt"_s);
     EXPECT_EQ(record(HelpPanelRow).Text, u"first\r\nsecond"_s);
 
     // A file that cannot be written keeps the text open.

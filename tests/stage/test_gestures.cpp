@@ -43,6 +43,23 @@ TEST_F(StageTest, DragInGenerationThreeWritesRowsOnTheWay)
     EXPECT_TRUE(host.cfg.empty());
 }
 
+// A menu's values are never written into the gfxboot.
+TEST_F(StageTest, WhatAMenuImposesCannotBePulled)
+{
+    openZuk();
+    host.fromMenu = true;
+    mouse.press(left({30, 40}));
+    mouse.move(held({130, 90}));
+    mouse.release(up({130, 90}));
+    EXPECT_EQ(stage.SelectedPanel, 5);
+    mouse.press(left(stage.marker().center()));
+    mouse.move(held({300, 300}));
+    mouse.release(up({300, 300}));
+    EXPECT_TRUE(mouse.key(Qt::Key_Right, Qt::NoModifier));
+    EXPECT_TRUE(rec(5).Left == 20 && rec(5).Width == 72 && run().InterfaceReady);
+    EXPECT_TRUE(host.rows.empty() && host.cfg.empty());
+}
+
 // A window that comes up during a press takes the release.
 TEST_F(StageTest, APressWithoutOtherButtonsBeginsAnewAfterALostRelease)
 {
