@@ -199,6 +199,7 @@ void MainWindow::place(const LayoutResult& layout)
     m_port->setGeometry(layout.picture);
     m_rightPanel->setGeometry(layout.rightPanel);
     m_rightPanel->setVisible(flags.rightPanelShown);
+    m_rightPanel->editor().moveText(layout.picture);
     m_bottomPanel->setGeometry(layout.bottomPanel);
     m_bottomPanel->setVisible(flags.bottomPanelShown);
     const RunState& run = m_workbench.shell.run;

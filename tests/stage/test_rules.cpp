@@ -223,6 +223,8 @@ TEST(Colour, SlidersAndKeys)
     EXPECT_EQ(partAfterKey(255, Qt::Key_Down), 255);
     EXPECT_EQ(partAfterKey(7, Qt::Key_Up), 6);
     EXPECT_EQ(contrastColour(qRgb(255, 255, 255)), qRgb(0, 0, 0));
+    EXPECT_EQ(textColourOn(qRgb(255, 255, 0)), qRgb(0, 0, 0));
+    EXPECT_EQ(textColourOn(qRgb(0, 0, 255)), qRgb(255, 255, 255));
     EXPECT_EQ(transparencyShown(300), 255);
     PanelRec rec;
     rec.TranspParam = -255;
