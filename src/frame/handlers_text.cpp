@@ -5,7 +5,6 @@
 #include "frame/stage_link.h"
 #include "params/right_panel.h"
 #include "params/text_edit.h"
-#include "stage/stage_surface.h"
 
 namespace fennel {
 
@@ -54,9 +53,7 @@ void open(MainWindow& window, const QString& name)
     }
     window.workbench().TextIsUtf8 = file->TextIsUtf8;
     window.workbench().EditedText = name;
-    const QWidget& port = *window.surface().parentWidget();
-    const QRect stage(port.mapTo(&window.area(), QPoint(0, 0)), port.size());
-    window.rightPanel().openTextEditor(window.area(), name, file->text, stage);
+    window.rightPanel().openTextEditor(window.area(), name, file->text, window.stageView());
 }
 
 void reload(MainWindow& window)

@@ -57,6 +57,8 @@ public:
     [[nodiscard]] ColourLink& colourLink() { return *m_colourLink; }
     // Everything between toolbar and status line; the value editor floats on it.
     [[nodiscard]] QWidget& area() { return *m_area; }
+    // The part of area() that shows the stage, without its scroll bars.
+    [[nodiscard]] QRect stageView() const;
 
     // Opens a message file given in short form; true if it is open now.
     bool openGfxboot(const QString& path);

@@ -207,6 +207,12 @@ void MainWindow::keepOnScreen()
         move(place);
 }
 
+QRect MainWindow::stageView() const
+{
+    const QWidget& view = *m_port->viewport();
+    return {view.mapTo(m_area, QPoint(0, 0)), view.size()};
+}
+
 void MainWindow::LayoutBottomPanel(const LayoutResult& layout)
 {
     const bool shown = m_workbench.flags.bottomPanelShown;
@@ -229,6 +235,7 @@ void MainWindow::LayoutRightPanel(const LayoutResult& layout)
         m_workbench.shell.WriteLog(QStringLiteral(" Frame1.Show "));
     m_rightPanel->setGeometry(layout.rightPanel);
     m_rightPanel->setVisible(shown);
+    m_rightPanel->editor().moveText(stageView());
     showSizes(m_rightPanel->widthSpin(), minRightPanelWidth,
               std::max(layout.largestRightPanel, layout.RightPanelWidth), layout.RightPanelWidth);
 }

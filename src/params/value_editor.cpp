@@ -13,7 +13,7 @@
 namespace fennel {
 
 namespace {
-constexpr int editorWidth = 168;
+constexpr int editorWidth = 200;
 constexpr int textMargin = 4;
 constexpr int growthMs = 90; // for each of its two directions
 // A longer text takes longer to lay out than a step of the growth lasts.
@@ -40,6 +40,7 @@ ValueEditor::ValueEditor(QWidget* parent)
     m_colour->setToolTip(tr("Choose a colour"));
     m_colour->setFixedWidth(28);
     m_pipette->setObjectName(QStringLiteral("Check2Pipetka"));
+    m_pipette->setText(tr("Pick"));
     m_pipette->setToolTip(tr("Pick a colour from the screen"));
     buildTextButtons();
     auto* row = new QHBoxLayout;
@@ -125,12 +126,27 @@ void ValueEditor::openText(const QString& caption, const QString& text, QPoint a
     place(anchor);
     setTextMode(true);
     if (text.size() <= longestGrowing)
-        grow(area);
+        grow(roomFor(area));
     else
-        setGeometry(area);
+        setGeometry(roomFor(area));
     setText(text);
     m_text->moveCursor(QTextCursor::Start);
     m_text->setFocus();
+}
+
+QRect ValueEditor::roomFor(const QRect& area) const
+{
+    return {area.topLeft(), area.size().expandedTo(minimumSizeHint())};
+}
+
+void ValueEditor::moveText(const QRect& area)
+{
+    if (!m_textMode)
+        return;
+    delete m_growth;
+    m_growth = nullptr;
+    setGeometry(roomFor(area));
+    raise();
 }
 
 // To the left edge first, then over the whole area. A desktop without animations gets the end of it

@@ -29,6 +29,9 @@ public:
     // and upwards until it fills `area` (the parent's coordinates). Keys edit the text, and the
     // loss of the focus closes nothing.
     void openText(const QString& caption, const QString& text, QPoint anchor, const QRect& area);
+    // The stage is now there: an open text follows it at once. An area too small for the buttons is
+    // overlapped.
+    void moveText(const QRect& area);
     void close();
     [[nodiscard]] bool textEditMode() const { return m_textMode; }
     // As it was typed; line ends are LF.
@@ -53,6 +56,7 @@ private:
     void buildTextButtons();
     void setTextMode(bool on);
     void place(QPoint anchor);
+    [[nodiscard]] QRect roomFor(const QRect& area) const;
     void grow(const QRect& area);
 
     QPlainTextEdit* m_text;

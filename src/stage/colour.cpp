@@ -37,6 +37,12 @@ QRgb contrastColour(QRgb colour)
     return colour ^ 0x00ffffffU;
 }
 
+QRgb textColourOn(QRgb colour)
+{
+    constexpr int middle = 128;
+    return qGray(colour) < middle ? qRgb(255, 255, 255) : qRgb(0, 0, 0);
+}
+
 int transparencyShown(int transp)
 {
     return std::clamp(transp, 0, 255);

@@ -19,8 +19,10 @@ QRgb colourOfParts(const std::array<int, 3>& parts);
 QString partText(int value);
 // What a key does to a slider: Down adds one up to 255, Up takes one down to 0, others nothing.
 int partAfterKey(int value, int key);
-// Every bit turned: a text in it is legible on the colour.
+// Every bit turned. On a colour near the middle grey it is nearly the same again.
 QRgb contrastColour(QRgb colour);
+// Black or white, whichever a text is read better in on the colour.
+QRgb textColourOn(QRgb colour);
 // What the slider of the transparency shows of a record: at most 255, at least 0.
 int transparencyShown(int transp);
 

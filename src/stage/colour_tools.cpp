@@ -80,7 +80,8 @@ void ColourTools::buildTransparency()
     m_transparency->setPageStep(pageStep);
     m_transpText->setObjectName(u"Text_Transp"_s);
     m_transpText->setFocusPolicy(Qt::NoFocus);
-    setName(m_file, u"Command1"_s, tr("Fill and transparency as they are in the file"));
+    setName(m_file, u"Command1"_s,
+            tr("Fill and transparency as the file had them when it was opened"));
     m_file->setFixedWidth(28);
     connect(m_transparency, &QSlider::valueChanged, this, [this](int value) {
         m_transpText->setText(QString::number(value));
@@ -169,7 +170,7 @@ void ColourTools::showSample(QRgb colour)
 {
     QPalette colours = m_sample->palette();
     colours.setColor(QPalette::Base, QColor(colour));
-    colours.setColor(QPalette::Text, QColor(contrastColour(colour)));
+    colours.setColor(QPalette::Text, QColor(textColourOn(colour)));
     m_sample->setPalette(colours);
     m_sample->setText(hexText(colour & 0xFFFFFFU));
 }

@@ -218,7 +218,7 @@ void Pipette::paintEvent(QPaintEvent*)
     painter.drawImage(lens, m_part);
     const double cell = lensSide / double(std::max(1, m_part.width()));
     const QRectF middle((lensSide - cell) / 2, (lensSide - cell) / 2, cell, cell);
-    painter.setPen(QColor(contrastColour(m_colour)));
+    painter.setPen(QColor(textColourOn(m_colour)));
     painter.drawRect(middle);
     const QRect label(0, lensSide, lensSide, labelHeight);
     painter.fillRect(label, QColor(m_colour));

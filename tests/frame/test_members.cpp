@@ -145,11 +145,16 @@ TEST_F(Members, ATextIsEditedOverTheStageAndSaved)
     window->rightPanel().editButton().click();
     ValueEditor& editor = window->rightPanel().editor();
     ASSERT_TRUE(editor.textEditMode());
-    // It grows over the whole stage.
+    // It grows over the whole stage, and stays there when that changes its size.
     const QWidget& port = *window->surface().parentWidget();
-    EXPECT_TRUE(QTest::qWaitFor([&] {
+    const auto coversStage = [&] {
         return editor.geometry() == QRect(port.mapTo(&window->area(), QPoint()), port.size());
-    }));
+    };
+    EXPECT_TRUE(QTest::qWaitFor(coversStage));
+    const QSize before = port.size();
+    window->commands().runEntry(u"mnuView_scale"_s, 50);
+    EXPECT_NE(port.size(), before);
+    EXPECT_TRUE(coversStage());
     // Enter makes a line, Escape and the loss of the focus do nothing.
     editor.setText(u"first"_s);
     editor.box().moveCursor(QTextCursor::End);

@@ -148,3 +148,10 @@ TEST(Pulse, RunsFromOrangeToYellowAndBack)
     EXPECT_EQ(pulsePhase(-1), 0);
     EXPECT_EQ(pulsePhase(qint64{pulseStepMs} * 402 - 1), 200);
 }
+
+TEST(Colour, TextOnASampleIsLegible)
+{
+    EXPECT_EQ(contrastColour(qRgb(255, 255, 255)), qRgb(0, 0, 0));
+    EXPECT_EQ(textColourOn(qRgb(255, 255, 0)), qRgb(0, 0, 0));
+    EXPECT_EQ(textColourOn(qRgb(0, 0, 255)), qRgb(255, 255, 255));
+}
