@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The commands on archives with Debian's messages and with what goes wrong around them: odd gzip
 // files, places that cannot be written, targets that are there already.
-#include "support/run_program.h"
 #include "container/archive_commands.h"
 #include "container/archive_tools.h"
 #include "container/gfxboot_open.h"
+#include "support/run_program.h"
 
 #include <gtest/gtest.h>
 

@@ -23,7 +23,7 @@ namespace {
 // A new run: nothing is open, and data and tools are those of this build.
 Shell& started(TestShell& shell)
 {
-    shell.run.AppPath = QStringLiteral(FENNEL_BIN_DIR);
+    shell.install();
     shell.run.Workspace.clear();
     shell.run.GfxFolderName.clear();
     shell.run.CurrentLang = u"0409"_s;

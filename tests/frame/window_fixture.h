@@ -20,7 +20,7 @@ class WindowTest : public testing::Test {
 protected:
     WindowTest()
     {
-        shell.run.AppPath = QStringLiteral(FENNEL_BIN_DIR);
+        shell.install();
         shell.run.CurrentLang = u"0409"_s;
         window = std::make_unique<MainWindow>(bench);
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/test_shell.h"
 
+#include <QFile>
+
 namespace fennel::test {
 
 using namespace Qt::StringLiterals;
@@ -77,6 +79,15 @@ TestShell::~TestShell()
 {
     // QTemporaryDir leaves files whose names are not UTF-8.
     (void)DiskFiles().removeFolder(m_folder.path());
+}
+
+void TestShell::install()
+{
+    run.AppPath = path(u"bin"_s);
+    EXPECT_TRUE(DiskFiles().makeFolder(run.AppPath).ok());
+    for (const QString& name : {u"/data"_s, u"/Cursors"_s, u"/docs"_s})
+        EXPECT_TRUE(QFile::link(QStringLiteral(FENNEL_BIN_DIR) + name, run.AppPath + name));
+    file(u"bin/FENNEL.ini"_s, "Default Font Name=DejaVu Sans\r\n");
 }
 
 QString TestShell::file(const QString& name, const QByteArray& bytes)

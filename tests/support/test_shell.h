@@ -90,6 +90,8 @@ public:
     ~TestShell();
     TestShell(const TestShell&) = delete;
     TestShell& operator=(const TestShell&) = delete;
+    // Makes AppPath a folder as the program's first start leaves it: its data, and a settings file.
+    void install();
     // A file in the test's own folder, written with the given bytes; returns its path.
     QString file(const QString& name, const QByteArray& bytes);
     // The same in the Workspace.

@@ -14,7 +14,7 @@ namespace {
 // The program's data lie beside it.
 const Shell& prepared(TestShell& t)
 {
-    t.run.AppPath = QStringLiteral(FENNEL_BIN_DIR);
+    t.install();
     t.run.CurrentLang = u"0409"_s;
     return t.shell;
 }
