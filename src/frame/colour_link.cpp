@@ -128,8 +128,8 @@ void ColourLink::setFileValues()
     const ZUKarr& table = m_window.workbench().params.ZUKarr;
     const int file = levelFileOf(*rec);
     const ColourControls controls = colourControlsFor(*rec);
-    const qint64 fill = table.GetLevelValue(file, rec->BackParam, Layer::Cfg).value_or(-1);
-    const qint64 transp = table.GetLevelValue(file, rec->TranspParam, Layer::Cfg).value_or(-1);
+    const qint64 fill = table.GetLevelValue(file, rec->BackParam, LayerCfg).value_or(-1);
+    const qint64 transp = table.GetLevelValue(file, rec->TranspParam, LayerCfg).value_or(-1);
     if (controls.fill && fill >= 0)
         setFill(0xff000000U | static_cast<QRgb>(fill & 0xFFFFFF));
     if (controls.transparency && transp >= 0)
@@ -140,7 +140,7 @@ void ColourLink::askFill()
 {
     const PanelRec* rec = record();
     const QColor initial(rec == nullptr ? qRgb(0, 0, 0) : rec->BackColor);
-    const auto chosen = m_window.shell().prompts.colour(initial);
+    const auto chosen = m_window.shell().prompts.ChooseColour(initial);
     m_window.surface().setFocus();
     if (chosen)
         setFill(chosen->rgb());
@@ -150,7 +150,7 @@ void ColourLink::askValue()
 {
     ValueEditor& editor = m_window.rightPanel().editor();
     const QRgb shown = 0xff000000U | static_cast<QRgb>(numberFromText(editor.text()) & 0xFFFFFF);
-    const auto chosen = m_window.shell().prompts.colour(QColor(shown));
+    const auto chosen = m_window.shell().prompts.ChooseColour(QColor(shown));
     editor.box().setFocus();
     if (chosen)
         takeValue(chosen->rgb());
@@ -161,7 +161,7 @@ void ColourLink::takeValue(QRgb colour)
     ValueEditor& editor = m_window.rightPanel().editor();
     editor.setText(hexText(colour & 0xFFFFFFU));
     editor.box().setFocus();
-    commitEditor(m_window);
+    CommitValue(m_window);
 }
 
 void ColourLink::onPipette(bool on)

@@ -27,7 +27,7 @@ MenuDrive FlashLink::menuDrive() const
     return {QString(QChar(static_cast<char16_t>(letter))), m_drives.folderOf(letter)};
 }
 
-void FlashLink::setMonitor(bool on)
+void FlashLink::HookDeviceChange(bool on)
 {
     const bool watching = on && m_watch.start();
     if (!on)

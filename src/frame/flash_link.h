@@ -27,7 +27,7 @@ public:
     [[nodiscard]] bool flashThere() const { return !m_drives.flashEntries().empty(); }
 
     // Starts or ends the watch over drives that come and go.
-    void setMonitor(bool on);
+    void HookDeviceChange(bool on);
     void startQemu();
     void chooseBios(VideoBios bios);
     // Brings the state of the BIOS files to their menu items.

@@ -66,7 +66,7 @@ void updateRowButtons(MainWindow& window);
 // Marks a row, from 1, of a tab's list and makes it the one that commands work on.
 void selectRow(MainWindow& window, int tab, int row);
 // Takes the typed value if the value editor is open; closes it without taking the value.
-void commitEditor(MainWindow& window);
+void CommitValue(MainWindow& window);
 void CloseEditor(MainWindow& window);
 
 // Brings the rows of gfxboot.cfg into their file and shows them as they stand then; the same

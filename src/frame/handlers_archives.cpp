@@ -48,7 +48,7 @@ using ArchiveCommand = void (*)(const Shell& shell);
 void add(MainWindow& window, const char* name, ArchiveCommand command)
 {
     window.commands().add(name, [&window, command] {
-        commitEditor(window);
+        CommitValue(window);
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
         command(window.shell());
         QGuiApplication::restoreOverrideCursor();

@@ -90,7 +90,7 @@ bool writeParameters(MainWindow& window)
 {
     const Shell& shell = window.shell();
     ParamLists& lists = window.workbench().params;
-    commitEditor(window);
+    CommitValue(window);
     if (!shell.run.GfxHasZuk)
         return writeConfig(window);
     GatherListValues(shell, lists);

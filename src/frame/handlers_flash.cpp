@@ -144,8 +144,9 @@ void addFlashCommands(MainWindow& window)
     commands.add("mnuFlash_Choose", [&drives] { drives.mnuFlash_Choose(); });
     commands.add("mnuFlash_UnCheckAll", [&drives] { drives.mnuFlash_UnCheckAll(); });
     commands.add("mnuFlash_GetINFO", [&drives] { drives.mnuFlash_GetINFO(); });
-    commands.add("mnuFlash_Monitor",
-                 [&window] { window.flashLink().setMonitor(!window.workbench().flags.MonitorOn); });
+    commands.add("mnuFlash_Monitor", [&window] {
+        window.flashLink().HookDeviceChange(!window.workbench().flags.MonitorOn);
+    });
     commands.add("Toolbar1_18", [&window] { driveInfo(window); });
     commands.add("mnuMenu_Embedded", [&window] { takeEmbeddedMenu(window); });
     commands.addArray("mnuMenu_fromFlash",

@@ -337,7 +337,7 @@ void updateRowButtons(MainWindow& window)
     applyButtons(window, buttonsOfTab(window.shell().run, lists, lists.CurrentTab));
 }
 
-void commitEditor(MainWindow& window)
+void CommitValue(MainWindow& window)
 {
     ValueEditor& editor = window.rightPanel().editor();
     ListRow* row = currentRow(window);
@@ -427,7 +427,7 @@ void connectLists(MainWindow& window)
             showMenuAs(window, entries, place);
     });
     QObject::connect(&panel.editor(), &ValueEditor::committed, &window,
-                     [&window] { commitEditor(window); });
+                     [&window] { CommitValue(window); });
     QObject::connect(&panel.editor(), &ValueEditor::cancelled, &window,
                      [&window] { CloseEditor(window); });
     QObject::connect(&panel.deleteButton(), &QToolButton::clicked, &window,

@@ -21,7 +21,7 @@ void fromClipboard(const Shell& shell, PictureHost& host)
 void add(MainWindow& window, const char* name, PictureCommand command)
 {
     window.commands().add(name, [&window, command] {
-        commitEditor(window);
+        CommitValue(window);
         PictureLink host(window);
         command(window.shell(), host);
     });

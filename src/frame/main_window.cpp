@@ -150,7 +150,7 @@ public:
     [[nodiscard]] int chosenBackground() const override
     {
         return static_cast<int>(
-            m_window.m_workbench.params.ZUKarr.GetLevelValue(0, backgroundParam, Layer::Cfg)
+            m_window.m_workbench.params.ZUKarr.GetLevelValue(0, backgroundParam, LayerCfg)
                 .value_or(0));
     }
     void openEnds(bool opened) override

@@ -193,7 +193,7 @@ void StageLink::setOnOffCaption(int item, const QString& caption)
 
 void StageLink::prepareBackground()
 {
-    commitEditor(m_window);
+    CommitValue(m_window);
 }
 
 void StageLink::layOutWindow()

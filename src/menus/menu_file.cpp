@@ -75,7 +75,7 @@ QString MenuEntries(const QString& text, bool hasZuk, qint64 technical)
 
 qint64 technicalEntries(const ZUKarr& table)
 {
-    const std::optional<qint64> set = table.GetLevelValue(0, technicalParam, Layer::Edit);
+    const std::optional<qint64> set = table.GetLevelValue(0, technicalParam, LayerEdit);
     // Without the parameter a usual count stands in.
     return set && *set >= 0 ? *set : defaultTechnical;
 }

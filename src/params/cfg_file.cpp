@@ -4,7 +4,6 @@
 #include "shell/text.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace fennel {
@@ -298,24 +297,6 @@ void SetCfgValue(ListRows& list, QStringView name, const QString& value)
     ListRow* const row = list.row(CfgRow(list, name));
     if (row && row->cells.size() > CfgValueColumn)
         row->cells[CfgValueColumn].text = value;
-}
-
-// Only these six can be seen on the stage; the others count when the machine boots.
-CfgEffect CfgApply(const ListRows& list, QStringView name)
-{
-    static constexpr std::array<std::pair<QStringView, CfgTarget>, 6> targets = {{
-        {u"menu_bar_color", CfgTarget::MenuBarColor},
-        {u"menu_text_normal", CfgTarget::MenuTextColor},
-        {u"menu_text_select", CfgTarget::MenuSelectColor},
-        {u"menu_max_entries", CfgTarget::MenuEntries},
-        {u"menu_start_x", CfgTarget::MenuLeft},
-        {u"menu_start_y", CfgTarget::MenuTop},
-    }};
-    for (const auto& [known, target] : targets) {
-        if (known == name)
-            return {target, numberFromText(CfgValue(list, name))};
-    }
-    return {};
 }
 
 } // namespace fennel

@@ -55,21 +55,4 @@ QString CfgValue(const ListRows& list, QStringView name);
 // Changes the value in that row, if there is one. The file follows with the next CfgWrite.
 void SetCfgValue(ListRows& list, QStringView name, const QString& value);
 
-// What a changed parameter means for the stage. Everything redraws the menu at least.
-enum class CfgTarget {
-    Redraw,
-    MenuBarColor, // value 0xRRGGBB, as in the next two
-    MenuTextColor,
-    MenuSelectColor,
-    MenuEntries, // value: lines of the menu, which give its height
-    MenuLeft,    // value: boot-screen pixels from the left edge
-    MenuTop,     // value: boot-screen pixels from the top
-};
-struct CfgEffect {
-    CfgTarget target = CfgTarget::Redraw;
-    qint64 value = 0; // 0 for Redraw
-};
-// By the value that the list has now; any name outside the table below asks for a Redraw.
-CfgEffect CfgApply(const ListRows& list, QStringView name);
-
 } // namespace fennel

@@ -34,9 +34,9 @@ std::optional<QString> switchMenuLevel(const Shell& shell, ParamLists& lists, bo
     // in them before.
     if (!checked)
         GatherListValues(shell, lists);
-    RecalcPanelsFromLevels(shell, lists, checked ? Layer::Lst : Layer::Edit);
+    RecalcPanelsFromLevels(shell, lists, checked ? LayerLst : LayerEdit);
     const auto number =
-        lists.ZUKarr.GetLevelValue(0, backgroundParam, checked ? Layer::Lst : Layer::Edit);
+        lists.ZUKarr.GetLevelValue(0, backgroundParam, checked ? LayerLst : LayerEdit);
     if (!number)
         return std::nullopt;
     // Compared with what is shown, since the menu that chose it may be gone by now. A background is

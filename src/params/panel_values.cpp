@@ -125,7 +125,7 @@ void applyGeneration(const Shell& shell, ParamLists& lists, const FontTable& fon
 {
     const int generation = shell.run.gfxboot_var;
     if (generation == 3) {
-        RecalcPanelsFromLevels(shell, lists, Layer::Cfg);
+        RecalcPanelsFromLevels(shell, lists, LayerCfg);
         return;
     }
     shell.WriteLog(QStringLiteral("     gfxboot_var=%1").arg(generation));

@@ -27,7 +27,7 @@ struct Shell;
 using CfgLookup = std::function<QString(QStringView)>;
 
 // Gives the objects built by BuildPanels the values of the open generation: 1 fixed numbers, 2 with
-// six keys of gfxboot.cfg in their places, 3 RecalcPanelsFromLevels(Layer::Cfg).
+// six keys of gfxboot.cfg in their places, 3 RecalcPanelsFromLevels(LayerCfg).
 void applyGeneration(const Shell& shell, ParamLists& lists, const FontTable& fonts,
                      const CfgLookup& CfgValue);
 

@@ -35,16 +35,16 @@ std::optional<qint64> ZUKarr::GetLevelValue(int file, int param, Layer layer) co
     if (!known)
         // A menu may say nothing of a parameter, which is no fault; the other layers always have an
         // answer.
-        return layer == Layer::Lst ? std::nullopt : std::optional<qint64>(-1);
+        return layer == LayerLst ? std::nullopt : std::optional<qint64>(-1);
     const ZukCell& cell = at(file, param);
     switch (layer) {
-    case Layer::Default:
+    case LayerDefault:
         return cell.DefValue;
-    case Layer::Cfg:
+    case LayerCfg:
         return fileValue(cell);
-    case Layer::Edit:
+    case LayerEdit:
         return valueOrBelow(cell.EditValue, cell);
-    case Layer::Lst:
+    case LayerLst:
         // Menu over lists over file over default: each layer shows through where the one above is
         // silent.
         return valueOrBelow(cell.LstValue ? cell.LstValue : cell.EditValue, cell);

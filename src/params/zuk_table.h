@@ -28,7 +28,7 @@ struct ZukCell {
     qint16 RowPos = -1;              // its row there (from 1), -1 none
 };
 
-enum class Layer { Default = 1, Cfg = 4, Edit = 5, Lst = 6 };
+enum Layer : qint8 { LayerDefault = 1, LayerCfg = 4, LayerEdit = 5, LayerLst = 6 };
 
 class ZUKarr {
 public:
@@ -46,7 +46,7 @@ public:
         return m_cells[index(file, param)];
     }
 
-    // The value as seen from a layer, falling through to the layers below. Layer::Lst gives nothing
+    // The value as seen from a layer, falling through to the layers below. LayerLst gives nothing
     // where the others give -1: out of range, or not in the catalogue.
     [[nodiscard]] std::optional<qint64> GetLevelValue(int file, int param, Layer layer) const;
 

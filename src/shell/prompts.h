@@ -41,7 +41,7 @@ public:
     virtual std::optional<QString> input(const QString& prompt, const QString& title,
                                          const QString& initial) = 0;
     // The chosen colour, or nothing if cancelled.
-    virtual std::optional<QColor> colour(const QColor& initial) = 0;
+    virtual std::optional<QColor> ChooseColour(const QColor& initial) = 0;
 
     // A message without a title, of any length, beside a picture (may be null) and what is said
     // under it.

@@ -225,7 +225,7 @@ void QtPrompts::showPicture(const QString& text, const QImage& picture, const QS
     box.exec();
 }
 
-std::optional<QColor> QtPrompts::colour(const QColor& initial)
+std::optional<QColor> QtPrompts::ChooseColour(const QColor& initial)
 {
     const PlainCursor cursor;
     const QColor chosen = QColorDialog::getColor(initial, parent());

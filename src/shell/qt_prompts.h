@@ -20,7 +20,7 @@ public:
     QString ChooseFolder(const QString& title) override;
     std::optional<QString> input(const QString& prompt, const QString& title,
                                  const QString& initial) override;
-    std::optional<QColor> colour(const QColor& initial) override;
+    std::optional<QColor> ChooseColour(const QColor& initial) override;
     void showPicture(const QString& text, const QImage& picture, const QString& caption) override;
 
 private:

@@ -110,7 +110,7 @@ TEST_F(Members, LogosComeWithTheirTextsAndKeepWhatWasTyped)
     const int x = record(LogoPanelRow).LeftParam;
     editRow(LogoPanelRow, x);
     window->rightPanel().editor().setText(u"321"_s);
-    commitEditor(*window);
+    CommitValue(*window);
     selectRow(logoTab(), u"Logo_00.jpg"_s);
     shell.prompts.expectOpen(picture(u"logo.png"_s, {300, 300}, qRgb(255, 255, 0)));
     window->rightPanel().addButton().click();

@@ -80,29 +80,29 @@ TEST_F(LevelFiles, FallThroughTheLayers)
     cell = {};
     const auto value = [&](Layer layer) { return lists.ZUKarr.GetLevelValue(3, 5, layer); };
     cell.LevelValue = 9; // a record, but no catalogue line
-    EXPECT_EQ(value(Layer::Cfg), -1);
-    EXPECT_EQ(value(Layer::Lst), std::nullopt);
+    EXPECT_EQ(value(LayerCfg), -1);
+    EXPECT_EQ(value(LayerLst), std::nullopt);
     cell.LevelValue = -1;
     cell.DefValue = 1;
-    EXPECT_EQ(value(Layer::Cfg), 1);
-    EXPECT_EQ(value(Layer::Lst), 1);
+    EXPECT_EQ(value(LayerCfg), 1);
+    EXPECT_EQ(value(LayerLst), 1);
     cell.LevelValue = 2;
-    EXPECT_EQ(value(Layer::Default), 1);
-    EXPECT_EQ(value(Layer::Edit), 2);
+    EXPECT_EQ(value(LayerDefault), 1);
+    EXPECT_EQ(value(LayerEdit), 2);
     cell.EditValue = 3;
-    EXPECT_EQ(value(Layer::Cfg), 2);
-    EXPECT_EQ(value(Layer::Edit), 3);
-    EXPECT_EQ(value(Layer::Lst), 3);
+    EXPECT_EQ(value(LayerCfg), 2);
+    EXPECT_EQ(value(LayerEdit), 3);
+    EXPECT_EQ(value(LayerLst), 3);
     cell.LstValue = 4;
-    EXPECT_EQ(value(Layer::Edit), 3);
-    EXPECT_EQ(value(Layer::Lst), 4);
+    EXPECT_EQ(value(LayerEdit), 3);
+    EXPECT_EQ(value(LayerLst), 4);
     for (const auto& [file, param] : {std::pair{-1, 1}, {16, 1}, {0, 0}, {0, 100}, {0, -5}})
-        EXPECT_EQ(lists.ZUKarr.GetLevelValue(file, param, Layer::Edit), -1);
+        EXPECT_EQ(lists.ZUKarr.GetLevelValue(file, param, LayerEdit), -1);
 
     cell = {};
     cell.DefValue = -1;
     shell.prompts.expectMessage(u"Файл: ZUK0003.CFG\nParameter :5: does not exist!\n"_s);
-    EXPECT_EQ(GetLevelValue(shell.shell, lists.ZUKarr, 3, 5, Layer::Cfg), -1);
+    EXPECT_EQ(GetLevelValue(shell.shell, lists.ZUKarr, 3, 5, LayerCfg), -1);
     EXPECT_EQ(shell.prompts.titles.last(), u"FENNEL-GFX"_s);
 }
 

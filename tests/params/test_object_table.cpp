@@ -174,7 +174,7 @@ TEST_F(ObjectTable, MixesTheAxesOfSparks)
         set(1, 12 + i, values[3 - i]);
     }
     BuildPanels(shell.shell, lists);
-    RecalcPanelsFromLevels(shell.shell, lists, Layer::Cfg);
+    RecalcPanelsFromLevels(shell.shell, lists, LayerCfg);
     EXPECT_EQ(place(11), QRect(0, 50, 450, 550));
     EXPECT_EQ(place(12), QRect(500, 50, 450, 550)); // T 50, L 550, W 500, H 0
 }

@@ -65,7 +65,7 @@ std::optional<QString> ScriptedPrompts::input(const QString& prompt, const QStri
     return expected.given ? std::optional(expected.text) : std::nullopt;
 }
 
-std::optional<QColor> ScriptedPrompts::colour(const QColor&)
+std::optional<QColor> ScriptedPrompts::ChooseColour(const QColor&)
 {
     const Expected expected = take(Expected::Colour, QStringLiteral("colour"));
     return expected.given ? std::optional(expected.colour) : std::nullopt;
