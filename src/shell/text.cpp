@@ -142,7 +142,7 @@ qint64 numberFromText(QStringView text)
     if (trimmed.startsWith(u"0x", Qt::CaseInsensitive))
         return hexNumber(trimmed.mid(2));
     const double value = leadingNumber(trimmed);
-    return static_cast<qint64>(std::clamp(value, -decimalLimit, decimalLimit));
+    return static_cast<qint64>(std::nearbyint(std::clamp(value, -decimalLimit, decimalLimit)));
 }
 
 // Places on the stage are rounded this way everywhere; another rule would shift objects by a pixel.

@@ -36,10 +36,10 @@ QStringView trimBlanks(QStringView text);
 // line ends are skipped wherever they stand ("12 13" = 1213). Without a number the result is 0.
 double leadingNumber(QStringView text);
 
-// leadingNumber() cut to a whole number, or, if the text begins with "0x" in either case, the
-// hexadecimal number behind it up to the first character that is no digit, its last six digits.
-// The same text gives the same number everywhere: level files, lists, gfxboot.cfg, menus. Decimal
-// numbers are kept within +-2147483647.
+// leadingNumber() rounded to a whole number, ties to even, or, if the text begins with "0x" in
+// either case, the hexadecimal number behind it up to the first character that is no digit, its
+// last six digits. The same text gives the same number everywhere: level files, lists, gfxboot.cfg,
+// menus. Decimal numbers are kept within +-2147483647.
 qint64 numberFromText(QStringView text);
 
 // To the nearest integer, ties to even: 0.5 -> 0, 1.5 -> 2, 2.5 -> 2.

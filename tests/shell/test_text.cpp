@@ -16,13 +16,14 @@ TEST(Number, ReadsTheSameTextTheSameWayEverywhere)
         {"1.2.3", 1},        {"--5", 0},         {"99999999999999", 2147483647},
         {"- 7", -7},         {"0xFFGG00", 0xff}, {"+8", 8},
         {"0-5", 0},          {"007", 7},         {"0.5", 0},
+        {"12.7", 13},        {"15.5", 16},       {"-1.2", -1},
     };
     for (const auto& [text, number] : cases)
         EXPECT_EQ(numberFromText(QString::fromLatin1(text)), number) << text;
     const auto million = [](char c) { return QString(1'000'000, QLatin1Char(c)); };
     EXPECT_EQ(numberFromText(million('9')), 2147483647);
     EXPECT_EQ(numberFromText(u"-"_s + million('9')), -2147483647);
-    EXPECT_EQ(numberFromText(u"-"_s + million('0') + u"12."_s + million('5')), -12);
+    EXPECT_EQ(numberFromText(u"-"_s + million('0') + u"12."_s + million('5')), -13);
     EXPECT_EQ(hexText(0xff00), u"0x00FF00"_s);
     EXPECT_EQ(hexText(0x1234567), u"0x234567"_s);
     EXPECT_EQ(roundToEven(0.5), 0);
