@@ -24,7 +24,7 @@ public:
     DiskFiles files;
     QuietPrompts prompts;
     ProcessToolRunner tools;
-    SettingsStore store{folder.filePath(QStringLiteral("settings.ini"))};
+    UserStore store{folder.filePath(QStringLiteral("settings.ini"))};
     Workbench bench{{run, log, files, prompts, tools}, store};
     std::unique_ptr<MainWindow> window;
 };

@@ -43,7 +43,7 @@ int main(int argc, char** argv)
         yieldToOther(instance, prompts);
         return 0;
     }
-    SettingsStore store;
+    UserStore store;
     Workbench workbench({run, log, files, prompts, tools}, store);
     run.BuildTime = buildTime();
     const StartInput input{QApplication::applicationDirPath(), QApplication::arguments().mid(1),

@@ -17,7 +17,6 @@ namespace {
 constexpr double pointsPerInch = 72.0;
 // The tool gets a font file's name without its ending.
 constexpr qsizetype endingLength = 4; // ".TTF"
-constexpr int lastNumber = 199;       // of a name with two digits, counted from 100
 const QString errorTitle = u"Font creating error"_s;
 
 QString inWorkspace(const Shell& shell, const QString& name)
@@ -160,7 +159,7 @@ QString nextFontName(const ListRows& fontRows)
         // while later ones exist.
         next = std::max(next, number) + 1;
     }
-    return next > lastNumber ? QString() : fontFileName(next);
+    return next > lastFontNumber ? QString() : fontFileName(next);
 }
 
 Result<void> BuildFont(const Shell& shell, const CharSelected& set, const FontChoice& choice,

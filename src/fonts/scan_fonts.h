@@ -7,6 +7,8 @@
 #include "shell/list_rows.h"
 #include "shell/run_state.h"
 
+#include "shell/files.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -16,7 +18,7 @@
 namespace fennel {
 
 inline constexpr int firstFontNumber = 100;
-inline constexpr int lastFontNumber = 199;
+inline constexpr int lastFontNumber = firstFontNumber + lastMemberNumber;
 
 // Only this much of a file is read: the format's limit and room for a long tag.
 inline constexpr qint64 fontReadLimit = 1024 * 1024;

@@ -8,9 +8,9 @@
 #include "frame/toolbar_table.h"
 #include "params/param_lists.h"
 #include "shell/last_used.h"
-#include "shell/settings_store.h"
 #include "shell/shell_context.h"
 #include "shell/status_line.h"
+#include "shell/user_store.h"
 
 namespace fennel {
 
@@ -28,7 +28,7 @@ struct Workbench {
     QString CurrentMenuFile; // a menu file of the Current Flash; empty: the embedded menu
 
     // The shell's parts and the store outlive the workbench.
-    Workbench(const Shell& shellParts, SettingsStore& store) : shell(shellParts), lastUsed(store) {}
+    Workbench(const Shell& shellParts, UserStore& store) : shell(shellParts), lastUsed(store) {}
 };
 
 } // namespace fennel

@@ -376,7 +376,7 @@ QStringList numberedFiles(const QString& folder, const QString& pattern)
     if (place < 0)
         return fitting;
     QStringList found;
-    for (int number = 0; number < 100; ++number) {
+    for (int number = 0; number <= lastMemberNumber; ++number) {
         // Two digits, so that "back_3.jpg" is no numbered member.
         const QString digits = QString::number(100 + number).right(2);
         for (const QString& name : fitting) {

@@ -87,8 +87,11 @@ QString namePart(const QString& path);
 QStringList filesLike(const QString& folder, const QString& pattern);
 // One name against such a pattern.
 bool fitsPattern(const QString& name, const QString& pattern);
-// The members of a numbered pattern such as "back_??.jpg": NN from 00 to 99 in numeric order, each
-// if it exists. A pattern without "??" is filesLike().
+// Members of one kind carry two digits: back_NN.jpg, Logo_NN.jpg, the fonts.
+inline constexpr int lastMemberNumber = 99;
+
+// The members of a numbered pattern such as "back_??.jpg": NN from 00 to the last in numeric order,
+// each if it exists. A pattern without "??" is filesLike().
 QStringList numberedFiles(const QString& folder, const QString& pattern);
 
 } // namespace fennel

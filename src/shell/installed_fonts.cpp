@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/installed_fonts.h"
 
-#include "shell/ini_file.h"
+#include "shell/settings_file.h"
 
 #include <QFile>
 

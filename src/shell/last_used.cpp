@@ -63,7 +63,7 @@ void LastUsed::putFirst(const QString& path)
 // Captions, not paths, are what is kept: a shortened one goes into the store shortened.
 void LastUsed::saveCaptions()
 {
-    SettingsStore::Entries captions;
+    UserStore::Entries captions;
     for (int i = 0; i < lastUsedLimit; ++i) {
         const Entry& entry = m_entries[static_cast<std::size_t>(i)];
         if (entry.visible)

@@ -5,8 +5,8 @@
 // can no longer be opened.
 #pragma once
 
-#include "shell/settings_store.h"
 #include "shell/shell_context.h"
+#include "shell/user_store.h"
 
 #include <array>
 #include <functional>
@@ -24,7 +24,7 @@ public:
     };
     using Progress = std::function<void(int)>; // the progress bar's value, 10 to 20
 
-    explicit LastUsed(SettingsStore& store) : m_store(store) {}
+    explicit LastUsed(UserStore& store) : m_store(store) {}
 
     [[nodiscard]] const std::array<Entry, lastUsedLimit>& entries() const { return m_entries; }
     [[nodiscard]] bool enabled() const { return m_enabled; } // mnuFile_LastUsed
@@ -44,7 +44,7 @@ private:
     void putFirst(const QString& path);
     void saveCaptions();
 
-    SettingsStore& m_store;
+    UserStore& m_store;
     std::array<Entry, lastUsedLimit> m_entries;
     bool m_enabled = false;
 };

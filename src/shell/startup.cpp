@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "shell/startup.h"
 
-#include "shell/ini_file.h"
 #include "shell/installed_fonts.h"
 #include "shell/log_header.h"
+#include "shell/settings_file.h"
 #include "shell/text.h"
 
 #include <QDir>
@@ -82,7 +82,7 @@ void languageFromSettings(const Shell& shell)
                               key + QLatin1Char('=') + hexDigits(decimal)));
 }
 
-void setLanguage(const Shell& shell, SettingsStore& store, const StartInput& input)
+void setLanguage(const Shell& shell, UserStore& store, const StartInput& input)
 {
     RunState& run = shell.run;
     if (!FileExists(settingsFile(run.AppPath))) {
@@ -136,7 +136,7 @@ bool wantsLog(const QStringList& words)
 
 // The language of the system has no say: catalogues exist for a few languages, and English is the
 // one that is always there.
-QString storedLanguage(SettingsStore& store)
+QString storedLanguage(UserStore& store)
 {
     const quint32 number = hexNumber(store.get(langsSection, languageKey).trimmed());
     if (number != 0)
@@ -145,7 +145,7 @@ QString storedLanguage(SettingsStore& store)
     return firstLanguage;
 }
 
-NextStep Form_Initialize(const Shell& shell, SettingsStore& store, const StartInput& input)
+NextStep Form_Initialize(const Shell& shell, UserStore& store, const StartInput& input)
 {
     RunState& run = shell.run;
     // Everything below is found relative to it.

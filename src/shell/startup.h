@@ -4,8 +4,8 @@
 // the end. The order of their steps is fixed.
 #pragma once
 
-#include "shell/settings_store.h"
 #include "shell/shell_context.h"
+#include "shell/user_store.h"
 
 #include <functional>
 
@@ -23,13 +23,13 @@ struct StartInput {
 // Sets the paths, the language and the log, and makes the settings file, the Tools folder and the
 // LOGs folder if they are missing. The test for another copy comes before it. A folder that cannot
 // be written to stops nothing here: settingsFileThere() tells of it.
-NextStep Form_Initialize(const Shell& shell, SettingsStore& store, const StartInput& input);
+NextStep Form_Initialize(const Shell& shell, UserStore& store, const StartInput& input);
 
 // True if the first word, in any case, is "-logfile". Words are what blanks separate.
 bool wantsLog(const QStringList& words);
 // The language code under `DefaultLang`, in upper-case hexadecimal without leading zeros; "0409",
 // which is then stored, if there is none or it is no number above zero.
-QString storedLanguage(SettingsStore& store);
+QString storedLanguage(UserStore& store);
 
 // What is in force when the window comes up: nothing open, no drive chosen, scale 1.
 void resetRun(RunState& run);

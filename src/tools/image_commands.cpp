@@ -20,14 +20,9 @@ const QString canceledMessage = u"Canceled by user"_s;
 // On Windows the name has a blank at its end, which the file system there drops.
 const QString resizedName = u"tmp.jpg"_s;
 
-QString askForPicture(const Shell& shell, const QString& filter)
+QString pictureOrMessage(const Shell& shell, const QString& filter)
 {
-    FileQuestion question;
-    question.folder = picturesFolder();
-    question.title = u"File open...."_s;
-    question.filter = filter;
-    question.picture = true;
-    QString file = shell.prompts.openFile(question);
+    QString file = askForPicture(shell, filter);
     if (file.isEmpty())
         shell.prompts.ShowMessage(canceledMessage);
     return file;
@@ -79,7 +74,7 @@ void mnuT_NConvert_Clipboard(const Shell& shell, const PictureClipboard& clipboa
 
 void mnuT_NConvert_Convert(const Shell& shell)
 {
-    const QString file = askForPicture(
+    const QString file = pictureOrMessage(
         shell, u"NonJPG Files |*.bmp;*.png;*.pcx;*.gif;*.tif;*.tga;*.cur;*.jpeg;*.ico|"_s);
     if (!file.isEmpty())
         CreateJpg(shell, file);
@@ -87,14 +82,14 @@ void mnuT_NConvert_Convert(const Shell& shell)
 
 void mnuT_NConvert_Crop(const Shell& shell)
 {
-    const QString file = askForPicture(shell, u"jpg-files (*.jpg)|*.jpg|"_s);
+    const QString file = pictureOrMessage(shell, u"jpg-files (*.jpg)|*.jpg|"_s);
     if (!file.isEmpty())
         shell.prompts.ShowMessage(file + u"\nЗапланировано...\nPlanned..."_s);
 }
 
 void mnuT_NConvert_Resize(const Shell& shell, PictureClipboard& clipboard)
 {
-    const QString file = askForPicture(shell, u"jpg-files (*.jpg)|*.jpg|"_s);
+    const QString file = pictureOrMessage(shell, u"jpg-files (*.jpg)|*.jpg|"_s);
     if (file.isEmpty())
         return;
     const int width = askForLength(shell, u"Enter new width (0=Cancel)"_s, u"800"_s, 0);

@@ -19,13 +19,12 @@ QString picturesFolder()
     return FolderExists(pictures) ? pictures : QString();
 }
 
-QString askForPicture(const Shell& shell)
+QString askForPicture(const Shell& shell, const QString& filter)
 {
     FileQuestion question;
     question.folder = picturesFolder();
     question.title = u"File open...."_s;
-    question.filter = u"All picture Files |*.jpg;*.bmp;*.png;*.pcx;*.gif;*.tif;*.tga;*.cur;*.jpeg;"
-                      "*.ico|jpg-files (*.jpg)|*.jpg|"_s;
+    question.filter = filter;
     question.picture = true;
     return shell.prompts.openFile(question);
 }
@@ -76,7 +75,6 @@ bool resizeAll(const Shell& shell, const QString& pattern, QSize size)
 QString nextNumber(const Shell& shell, const QStringList& rows, const QString& pattern,
                    const QString& apart, int first)
 {
-    constexpr int highest = 199;
     constexpr qsizetype numberAndEnding = 6; // "07.jpg"
     int number = first;
     for (const QString& row : rows) {
@@ -86,7 +84,7 @@ QString nextNumber(const Shell& shell, const QStringList& rows, const QString& p
         // Counted from 100, so that the last two digits are the number with its leading zero.
         number = std::max(number, taken + 100) + 1;
     }
-    if (number <= highest)
+    if (number <= 100 + lastMemberNumber)
         return QString::number(number).right(2);
     shell.prompts.ShowMessage(u"There is no free number left for a new file "_s + pattern);
     return {};

@@ -11,6 +11,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+const QString guestMemory = u"RAM256"_s; // in MB; the bridge gives it to the machine
 constexpr int lookMs = 100;
 // What fits into a message; the reason stands at the log's end.
 constexpr qsizetype shownLines = 10;
@@ -73,7 +74,7 @@ void QemuRun::RunQemu(int mode)
     const RunState& run = m_shell.run;
     m_arguments = {QString::number(run.CurrentFlashDisk),
                    vgaWord(mode),
-                   u"RAM256"_s,
+                   guestMemory,
                    run.WorkspaceRoot,
                    qemuLogName,
                    u",1"_s};

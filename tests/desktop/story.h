@@ -48,7 +48,7 @@ public:
     [[nodiscard]] ScriptedPrompts& user() { return shell.prompts; }
 
     TestShell shell;
-    SettingsStore store;
+    UserStore store;
     Workbench bench;
     MainWindow window;
 };

@@ -7,7 +7,7 @@
 #include "frame/stage_link.h"
 #include "params/level_files.h"
 #include "params/right_panel.h"
-#include "shell/settings_store.h"
+#include "shell/user_store.h"
 #include "support/test_shell.h"
 
 #include <QTest>
@@ -77,7 +77,7 @@ protected:
     }
 
     TestShell shell;
-    SettingsStore store{shell.path(u"settings.ini"_s)};
+    UserStore store{shell.path(u"settings.ini"_s)};
     Workbench bench{shell.shell, store};
     std::unique_ptr<MainWindow> window;
 };

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Any bytes as a settings file, as a list of installed fonts and as a path on the list of files
 // last used. The first line of the input is the key that is asked for.
-#include "shell/ini_file.h"
 #include "shell/installed_fonts.h"
 #include "shell/last_used.h"
 #include "shell/log_header.h"
+#include "shell/settings_file.h"
 #include "shell/text.h"
 
 #include <cstdlib>

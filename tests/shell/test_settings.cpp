@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "shell/ini_file.h"
 #include "shell/installed_fonts.h"
 #include "shell/last_used.h"
-#include "shell/settings_store.h"
+#include "shell/settings_file.h"
+#include "shell/user_store.h"
 #include "support/run_program.h"
 
 using namespace fennel;
@@ -128,12 +128,12 @@ TEST(Settings, KeepsAnyTextAndReadsWhatPeopleTyped)
     const QString file = t.path(u"store.conf"_s);
     const QString odd = u"@/home/Анна, \"x\"; =%5C/a\\b #1"_s;
     {
-        SettingsStore store(file);
+        UserStore store(file);
         store.save(menuSection, u"0"_s, odd);
         store.save(menuSection, u"1"_s, u"/b"_s);
         store.save(langsSection, u"DefaultLang"_s, u"0419"_s);
     }
-    SettingsStore again(file);
+    UserStore again(file);
     EXPECT_EQ(again.get(menuSection, u"0"_s), odd);
     EXPECT_EQ(again.listAll(menuSection).size(), 2U);
     again.replaceSection(menuSection, {{u"3"_s, u"/c"_s}});
@@ -142,9 +142,9 @@ TEST(Settings, KeepsAnyTextAndReadsWhatPeopleTyped)
     EXPECT_TRUE(again.listAll(menuSection).empty());
     EXPECT_EQ(again.get(langsSection, u"DefaultLang"_s), u"0419"_s);
 
-    SettingsStore typed(t.file(u"typed.conf"_s, "[Menu]\n0=/a, b\n\x01\xff garbage [[\n"));
+    UserStore typed(t.file(u"typed.conf"_s, "[Menu]\n0=/a, b\n\x01\xff garbage [[\n"));
     EXPECT_EQ(typed.get(menuSection, u"0"_s), u"/a, b"_s);
-    SettingsStore nowhere(t.file(u"plain"_s, "x") + u"/store"_s);
+    UserStore nowhere(t.file(u"plain"_s, "x") + u"/store"_s);
     nowhere.save(menuSection, u"0"_s, u"/a"_s);
 }
 
@@ -174,7 +174,7 @@ TEST(LastUsedList, ShortensBehindTwentyCharacters)
 TEST(LastUsedList, NewestIsFirstAndTheEleventhDropsTheOldest)
 {
     TestShell t;
-    SettingsStore store(t.path(u"store.conf"_s));
+    UserStore store(t.path(u"store.conf"_s));
     LastUsed list(store);
     list.Recreate_LastUsed(t.shell);
     EXPECT_FALSE(list.enabled());
@@ -207,7 +207,7 @@ TEST(LastUsedList, OpensFromTheStoreUntilAShortCaptionGoesBack)
     TestShell t;
     ASSERT_TRUE(t.files.makeFolder(t.path(u"a folder"_s)).ok());
     const QString path = t.file(u"a folder/message"_s, "x");
-    SettingsStore store(t.path(u"store.conf"_s));
+    UserStore store(t.path(u"store.conf"_s));
     store.save(menuSection, u"0"_s, path);
     LastUsed list(store);
     list.Recreate_LastUsed(t.shell);
@@ -225,8 +225,7 @@ TEST(LastUsedList, OpensFromTheStoreUntilAShortCaptionGoesBack)
 TEST(LastUsedList, StandsAnyStore)
 {
     TestShell t;
-    SettingsStore store(
-        t.file(u"store.conf"_s, "[Menu]\n0=/a\n5=/f\n10=/x\n-1=/y\nabc=/z\n01=/w\n"));
+    UserStore store(t.file(u"store.conf"_s, "[Menu]\n0=/a\n5=/f\n10=/x\n-1=/y\nabc=/z\n01=/w\n"));
     LastUsed list(store);
     list.Recreate_LastUsed(t.shell);
     EXPECT_EQ(captions(list), (QStringList{u"/a"_s, u"/f"_s}));

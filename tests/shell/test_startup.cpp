@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "shell/ini_file.h"
 #include "shell/language_names.h"
 #include "shell/log_header.h"
+#include "shell/settings_file.h"
 #include "shell/startup.h"
 #include "shell/status_line.h"
 #include "support/test_shell.h"
@@ -35,7 +35,7 @@ protected:
     QByteArray ini() { return bytesOf(t.path(u"bin/FENNEL.ini"_s)); }
 
     TestShell t;
-    SettingsStore store{t.path(u"store.conf"_s)};
+    UserStore store{t.path(u"store.conf"_s)};
     StartInput input;
 
 private:

@@ -32,7 +32,7 @@ public:
     [[nodiscard]] QString field(int number);
 
     TestShell t;
-    SettingsStore store;
+    UserStore store;
     Workbench bench;
     MainWindow window;
 };

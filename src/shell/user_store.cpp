@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "shell/settings_store.h"
+#include "shell/user_store.h"
 
 #include "shell/run_state.h"
 
@@ -22,35 +22,34 @@ QString asText(const QVariant& value)
 
 } // namespace
 
-SettingsStore::SettingsStore()
+UserStore::UserStore()
     : m_settings(QSettings::NativeFormat, QSettings::UserScope, programTitle(), programTitle())
 {
     // Only what this user stored counts, not the defaults of a whole machine.
     m_settings.setFallbacksEnabled(false);
 }
 
-SettingsStore::SettingsStore(const QString& file) : m_settings(file, QSettings::IniFormat) {}
+UserStore::UserStore(const QString& file) : m_settings(file, QSettings::IniFormat) {}
 
-QString SettingsStore::get(const QString& section, const QString& key,
-                           const QString& fallback) const
+QString UserStore::get(const QString& section, const QString& key, const QString& fallback) const
 {
     const QVariant value = m_settings.value(fullKey(section, key));
     return value.isValid() ? asText(value) : fallback;
 }
 
-void SettingsStore::save(const QString& section, const QString& key, const QString& value)
+void UserStore::save(const QString& section, const QString& key, const QString& value)
 {
     m_settings.setValue(fullKey(section, key), value);
     m_settings.sync();
 }
 
-void SettingsStore::deleteSection(const QString& section)
+void UserStore::deleteSection(const QString& section)
 {
     m_settings.remove(section);
     m_settings.sync();
 }
 
-void SettingsStore::replaceSection(const QString& section, const Entries& entries)
+void UserStore::replaceSection(const QString& section, const Entries& entries)
 {
     m_settings.remove(section);
     for (const auto& [key, value] : entries)
@@ -58,7 +57,7 @@ void SettingsStore::replaceSection(const QString& section, const Entries& entrie
     m_settings.sync();
 }
 
-SettingsStore::Entries SettingsStore::listAll(const QString& section) const
+UserStore::Entries UserStore::listAll(const QString& section) const
 {
     m_settings.beginGroup(section);
     // The back ends list keys in different orders.

@@ -16,12 +16,12 @@ namespace fennel {
 inline const QString langsSection = QStringLiteral("Langs"); // key DefaultLang: four hex digits
 inline const QString menuSection = QStringLiteral("Menu");   // keys 0 to 9: files last used
 
-class SettingsStore {
+class UserStore {
 public:
     using Entries = std::vector<std::pair<QString, QString>>; // key, value
 
-    SettingsStore();                             // the user's own
-    explicit SettingsStore(const QString& file); // a file in INI format, such as a test's
+    UserStore();                             // the user's own
+    explicit UserStore(const QString& file); // a file in INI format, such as a test's
 
     // The stored text, or `fallback` if the key was never stored; an empty text counts as stored.
     [[nodiscard]] QString get(const QString& section, const QString& key,

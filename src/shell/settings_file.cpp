@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "shell/ini_file.h"
+#include "shell/settings_file.h"
 
 #include "shell/text.h"
 
