@@ -25,12 +25,6 @@ struct Opened {
 };
 
 // The user needs to know which file the sentence is about.
-Failure about(const std::string& path, Failure failure)
-{
-    failure.text = path + ": " + failure.text;
-    return failure;
-}
-
 Result<Opened> openFile(const std::string& path)
 {
     // Read as a whole, so that what is tested is what is written.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "common/bridge_io.h"
 
+#include "shell/failure_kind.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
@@ -14,25 +16,6 @@ namespace fennel {
 namespace {
 
 constexpr mode_t newFileMode = 0666; // less the user's umask, as every new file
-
-// Only kinds that lead to different advice for the user are told apart.
-FailureKind kindOf(int error)
-{
-    switch (error) {
-    case ENOENT:
-    case ENOTDIR:
-        return FailureKind::NotFound;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-        return FailureKind::NoPermission;
-    case ENOSPC:
-    case EDQUOT:
-        return FailureKind::NoSpace;
-    default:
-        return FailureKind::Io;
-    }
-}
 
 // Archives keep times in 32 bits without sign; others are cut to the ends.
 std::uint32_t seconds(const struct stat& info)
@@ -104,7 +87,13 @@ Failure systemFailure(const std::string& path)
 {
     // Taken first, before anything can change it.
     const int error = errno;
-    return {kindOf(error), path + ": " + std::strerror(error)};
+    return {failureKindOf(error), path + ": " + std::strerror(error)};
+}
+
+Failure about(const std::string& what, Failure failure)
+{
+    failure.text = what + ": " + failure.text;
+    return failure;
 }
 
 Result<WholeFile> readWholeFile(int at, const std::string& path, std::size_t limit)

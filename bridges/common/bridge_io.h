@@ -45,6 +45,8 @@ struct WholeFile {
 
 // A sentence from a path and the pending error number.
 [[nodiscard]] Failure systemFailure(const std::string& path);
+// The same failure, its sentence led by what it is about, such as a path.
+[[nodiscard]] Failure about(const std::string& what, Failure failure);
 
 // One file of at most `limit` bytes. `path` is relative to the folder `at` (AT_FDCWD: to the
 // working folder). Links are followed; what is no plain file (folder, device, pipe) is a failure.

@@ -31,12 +31,6 @@ struct Archive {
     std::vector<CpioMember> members;
 };
 
-Failure about(const std::string& path, Failure failure)
-{
-    failure.text = path + ": " + failure.text;
-    return failure;
-}
-
 // The whole archive is checked before anything of it is used.
 Result<Archive> openArchive(const std::string& path)
 {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/files.h"
 
+#include "shell/failure_kind.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -18,29 +20,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Only kinds that lead to different advice for the user are told apart.
-FailureKind kindOf(int error)
-{
-    switch (error) {
-    case ENOENT:
-    case ENOTDIR:
-        return FailureKind::NotFound;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-        return FailureKind::NoPermission;
-    case ENOSPC:
-    case EDQUOT:
-        return FailureKind::NoSpace;
-    default:
-        return FailureKind::Io;
-    }
-}
-
 Failure systemFailure(const char* verb, const QString& path, int error)
 {
-    return {kindOf(error), "Cannot " + std::string(verb) + " " + path.toStdString() + ": " +
-                               std::strerror(error) + "."};
+    return {failureKindOf(error), "Cannot " + std::string(verb) + " " + path.toStdString() + ": " +
+                                      std::strerror(error) + "."};
 }
 
 // A file descriptor that closes itself.
