@@ -140,7 +140,7 @@ TEST(HostileMessages, AreRefusedOrShownAndLeaveNothingBehind)
             SCOPED_TRACE(what);
             const Watchdog dog((longRun() ? 10U : 60U) * slowness); // a busy machine is slow, too
             const qint64 time = run.tryOut(message, done % 10 == 0);
-            EXPECT_LT(time, allowedTime * slowness);
+            EXPECT_TRUE(!longRun() || time < allowedTime * slowness) << time << " ms";
             sum += time;
             if (time > slowest)
                 std::cout << what << ": " << time << " ms\n" << std::flush;
