@@ -55,7 +55,8 @@ Result<void> CpioInfoExtract(const Shell& shell, const QString& archive, const Q
         return removed;
     Result<void> ran = shell.tools.RunToolAndWait(
         {tool, QStringLiteral("INFO"), archive, folder, memberListName, suffix});
-    if (!FileExists(list))
+    // What a tool left that was killed or stopped may be a part of the list.
+    if (!ran || !FileExists(list))
         return reasonOf(shell, ran, archive + QStringLiteral(" is no cpio archive."));
     ran = shell.tools.RunToolAndWait(
         {tool, QStringLiteral("EXTR"), archive, folder, memberListName, suffix});
@@ -92,7 +93,7 @@ Result<QString> SevenZipExtract(const Shell& shell, const QString& file, const Q
     Result<void> ran = shell.tools.RunToolAndWait(
         {tool, QStringLiteral("INFO"), file, folder, sevenZipLog, suffix});
     const Result<QByteArray> report = readBytes(log);
-    if (!report)
+    if (!ran || !report)
         return reasonOf(shell, ran, file + QStringLiteral(" could not be tested."));
     const QString name = testedName(*report);
     if (name.isEmpty())

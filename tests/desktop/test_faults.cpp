@@ -289,7 +289,7 @@ TEST_P(Faults, OfToolsLeaveEverythingWholeAndAreTold)
         longRun()
             ? std::vector{ToolFault::NotStarted, ToolFault::KilledAtOnce, ToolFault::KilledHalfWay,
                           ToolFault::FullDisk,   ToolFault::Hung,         ToolFault::Silent}
-            : std::vector{ToolFault::NotStarted, ToolFault::KilledHalfWay};
+            : std::vector{ToolFault::NotStarted, ToolFault::KilledAtOnce, ToolFault::KilledHalfWay};
     for (const ToolFault fault : faults) {
         for (int step = 1; step <= m_toolSteps; ++step) {
             SCOPED_TRACE("fault " + std::to_string(static_cast<int>(fault)) + ", tool " +
