@@ -22,7 +22,8 @@ SpacingFrame::SpacingFrame(const QString& name, const QString& title, const QStr
     m_number->setToolTip(tr("Pixels of the boot screen"));
     for (const Word& word : words)
         addWord(word);
-    m_sample->setMinimumSize(m_sample->childrenRect().right() + samplePixels, 3 * samplePixels);
+    // Room for two lines and the spacings that are of use.
+    m_sample->setMinimumSize(m_sample->childrenRect().right() + samplePixels, 4 * samplePixels);
     auto* row = new QHBoxLayout(this);
     row->setSpacing(samplePixels);
     row->addWidget(m_number, 0, Qt::AlignVCenter);

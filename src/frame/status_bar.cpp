@@ -19,6 +19,8 @@ constexpr int buttonWidth = 18;
 constexpr std::array<const char16_t*, statusFieldCount> samples = {
     u"W:", u"", u"", u"", u"gfxboot Object", u"", u"", u""};
 constexpr int firstSharing = 6; // from 0
+constexpr int nameField = 1;    // from 0
+constexpr int nameShare = 5;    // a long name takes this part of the line at most
 
 } // namespace
 
@@ -79,6 +81,8 @@ void StatusBar::layFields()
     for (std::size_t i = 0; i < m_fields.size(); ++i) {
         const int left = std::max(0, end - x);
         int field = neededWidth(i);
+        if (i == nameField)
+            field = std::min(field, width() / nameShare);
         // The hint at the end says what to do next; what stands before it gives way.
         if (i == firstSharing)
             field = m_texts[i].isEmpty() ? 0 : std::max(left - neededWidth(i + 1), left / 4);
@@ -87,8 +91,9 @@ void StatusBar::layFields()
         // Never under the button at the end, however long the texts before.
         field = std::min(field, left);
         m_fields[i]->setGeometry(x, 1, field, height() - 2);
-        m_fields[i]->setText(
-            metrics.elidedText(m_texts[i], Qt::ElideRight, std::max(0, field - 2 * margin)));
+        // Names of several versions of a file differ at their ends.
+        const auto cut = i == nameField ? Qt::ElideMiddle : Qt::ElideRight;
+        m_fields[i]->setText(metrics.elidedText(m_texts[i], cut, std::max(0, field - 2 * margin)));
         x += field;
     }
     m_bottomButton->setGeometry(end, 1, buttonWidth, height() - 2);

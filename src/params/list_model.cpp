@@ -94,7 +94,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
     // A cell's own colour goes before the row's.
     case Qt::ForegroundRole: {
         const std::optional<QRgb> colour = cell.colour ? cell.colour : row->colour;
-        return colour ? QVariant(QBrush(QColor(*colour))) : QVariant();
+        return colour ? QVariant(QBrush(QColor(textOnGround(*colour, m_ground)))) : QVariant();
     }
     case Qt::FontRole: {
         QFont font;

@@ -26,6 +26,8 @@ public:
     void refresh();
     // Pixels; pictures are read anew in the new size.
     void setIconSize(QSize size);
+    // The colour of the list behind the rows.
+    void setGround(QRgb ground) { m_ground = ground; }
     // While columns are measured, pictures only take their room; they are loaded to be painted.
     void setMeasuring(bool on) { m_measuring = on; }
 
@@ -50,6 +52,7 @@ private:
 
     const ListRows* m_rows = nullptr;
     QSize m_iconSize;
+    QRgb m_ground = 0xffffffff;
     bool m_measuring = false;
     // Kept, for the views' style keeps a copy of each pixmap that it has not seen before.
     mutable QHash<QString, QPixmap> m_pictures; // by path, time and size of the file

@@ -41,6 +41,15 @@ ListView::ListView(int number, QWidget* parent)
          {static_cast<QAbstractItemView*>(m_report), static_cast<QAbstractItemView*>(m_icons)})
         connectView(*view);
     connect(&m_model, &ListModel::checkAsked, this, &ListView::rowChecked);
+    m_model.setGround(palette().color(QPalette::Base).rgb());
+}
+
+// The desktop may change between light and dark while the program runs.
+void ListView::changeEvent(QEvent* event)
+{
+    QStackedWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        m_model.setGround(palette().color(QPalette::Base).rgb());
 }
 
 void ListView::connectView(QAbstractItemView& view)

@@ -42,6 +42,7 @@ Q_SIGNALS:
     void keyPressed(int key);
 
 protected:
+    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

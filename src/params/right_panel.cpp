@@ -14,14 +14,14 @@ constexpr int editorGap = 6; // between the value editor and the lists
 
 RightPanel::RightPanel(ParamLists& lists, QWidget* parent)
     : QGroupBox(parent), m_lists(lists), m_tabs(new TabStrip(this)),
-      m_stack(new QStackedWidget(this))
+      m_tabRoom(new TabRoom(*m_tabs, this)), m_stack(new QStackedWidget(this))
 {
     setObjectName(QStringLiteral("Frame1Vkladki"));
     setTitle(QStringLiteral("         GFXBOOT"));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(margin);
-    column->addWidget(m_tabs);
+    column->addWidget(m_tabRoom);
     column->addWidget(m_stack, 1);
     buildButtons();
     connect(m_tabs, &TabStrip::clicked, this, &RightPanel::tabClicked);
@@ -144,6 +144,7 @@ void RightPanel::selectTab(int tab)
         return;
     m_lists.CurrentTab = tab;
     m_tabs->mark(tab);
+    m_tabRoom->showMarked();
     m_stack->setCurrentWidget(list);
     // Icons are laid out for the width that the panel has now.
     list->reorderItems();

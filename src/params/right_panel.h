@@ -65,6 +65,7 @@ private:
 
     ParamLists& m_lists;
     TabStrip* m_tabs;
+    TabRoom* m_tabRoom;
     QStackedWidget* m_stack;
     std::vector<ListView*> m_views; // of tab 1 and on
     QToolButton* m_edit = nullptr;

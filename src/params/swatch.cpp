@@ -3,11 +3,16 @@
 
 #include "shell/text.h"
 
+#include <algorithm>
+
 namespace fennel {
 
 namespace {
 // A frame keeps a swatch in the colour of the list visible.
 constexpr QRgb swatchFrame = 0xff808080;
+
+constexpr int darkGround = 128;    // below it a ground is dark, of 255
+constexpr float lightText = 0.78F; // lightness, of 1; blue and red are still themselves
 } // namespace
 
 std::optional<QRgb> swatchOf(const QString& valueCell)
@@ -29,6 +34,16 @@ QImage swatchImage(QRgb colour, QSize size)
             image.setPixel(x, y, colour);
     }
     return image;
+}
+
+QRgb textOnGround(QRgb colour, QRgb ground)
+{
+    if (qGray(ground) >= darkGround)
+        return colour;
+    const QColor given(colour);
+    // Mirrored, so that what was black becomes white and dark green a light one.
+    const float lightness = std::max(1 - given.lightnessF(), lightText);
+    return QColor::fromHslF(given.hslHueF(), given.hslSaturationF(), lightness).rgb();
 }
 
 } // namespace fennel

@@ -52,6 +52,12 @@ void TabStrip::mark(int tab)
         m_buttons[static_cast<std::size_t>(i)]->setChecked(i + 1 == tab);
 }
 
+QRect TabStrip::place(int tab) const
+{
+    return tab >= 1 && tab <= count() ? m_buttons[static_cast<std::size_t>(tab - 1)]->geometry()
+                                      : QRect();
+}
+
 // Lines of tabs as words in a paragraph; a tab wider than the strip gets a line of its own.
 int TabStrip::flow(int width) const
 {
@@ -85,6 +91,44 @@ void TabStrip::resizeEvent(QResizeEvent* event)
 void TabStrip::contextMenuEvent(QContextMenuEvent* event)
 {
     Q_EMIT menuAsked(event->globalPos());
+}
+
+TabRoom::TabRoom(TabStrip& strip, QWidget* parent) : QScrollArea(parent), m_strip(strip)
+{
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWidgetResizable(true);
+    setWidget(&strip);
+    // The strip shows the panel's ground and not that of a list.
+    viewport()->setAutoFillBackground(false);
+    strip.setAutoFillBackground(false);
+}
+
+void TabRoom::showMarked()
+{
+    const QRect place = m_strip.place(m_strip.marked());
+    if (!place.isEmpty())
+        ensureVisible(place.center().x(), place.center().y(), 0, (place.height() + 1) / 2);
+}
+
+QSize TabRoom::sizeHint() const
+{
+    return {0, m_strip.height()};
+}
+
+QSize TabRoom::minimumSizeHint() const
+{
+    return {0, m_strip.place(1).height()};
+}
+
+// The number of lines changes with the width and with the tabs.
+bool TabRoom::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == &m_strip && event->type() == QEvent::Resize) {
+        setMaximumHeight(m_strip.height());
+        updateGeometry();
+    }
+    return QScrollArea::eventFilter(watched, event);
 }
 
 } // namespace fennel

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
-// TabStrip1: tabs in as many lines as their number needs, so that all of them can be seen.
+// TabStrip1: tabs in as many lines as their number needs, so that all of them can be seen. In a
+// panel too low for all lines they scroll.
 #pragma once
 
+#include <QScrollArea>
 #include <QToolButton>
 #include <QWidget>
 
@@ -25,6 +27,8 @@ public:
     // Tabs are counted from 1; 0 marks none.
     void mark(int tab);
     [[nodiscard]] int marked() const { return m_marked; }
+    // Of a tab's button in the strip, logical pixels; empty for a number without tab.
+    [[nodiscard]] QRect place(int tab) const;
     [[nodiscard]] int count() const { return static_cast<int>(m_buttons.size()); }
 
 Q_SIGNALS:
@@ -44,6 +48,22 @@ private:
 
     std::vector<QToolButton*> m_buttons;
     int m_marked = 0;
+};
+
+// As high as the strip where there is room, and never lower than one line of tabs.
+class TabRoom : public QScrollArea {
+public:
+    TabRoom(TabStrip& strip, QWidget* parent);
+    // Scrolls to the marked tab.
+    void showMarked();
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    TabStrip& m_strip;
 };
 
 } // namespace fennel

@@ -39,8 +39,10 @@ QRgb contrastColour(QRgb colour)
 
 QRgb textColourOn(QRgb colour)
 {
+    // As bright as it looks: green gives most of it, blue next to nothing.
+    const int luma = (299 * qRed(colour) + 587 * qGreen(colour) + 114 * qBlue(colour)) / 1000;
     constexpr int middle = 128;
-    return qGray(colour) < middle ? qRgb(255, 255, 255) : qRgb(0, 0, 0);
+    return luma < middle ? qRgb(255, 255, 255) : qRgb(0, 0, 0);
 }
 
 int transparencyShown(int transp)

@@ -105,10 +105,10 @@ void Stage::showLogo(int number)
 // The old places are repainted before any panel gets a new one.
 void Stage::HideAllPanels()
 {
-    for (StagePanel& panel : m_panels) {
-        if (panel.visible)
-            changed(panel.rect);
-        panel.visible = false;
+    for (std::size_t i = 0; i < m_panels.size(); ++i) {
+        if (m_panels[i].visible)
+            changed(reach(static_cast<int>(i)));
+        m_panels[i].visible = false;
     }
 }
 
@@ -174,7 +174,7 @@ void Stage::setVisible(int index, bool visible)
     if (panel.visible == seen)
         return;
     panel.visible = seen;
-    changed(panel.rect);
+    changed(reach(index));
 }
 
 void Stage::showPanel(int index, bool visible)
@@ -218,19 +218,24 @@ void Stage::raisePanel(int index)
         changed(panel(index).rect);
 }
 
+// The frame of the selected panel lies one pixel outside it.
+QRect Stage::reach(int index) const
+{
+    const int frame = m_markerOn && index == SelectedPanel ? 1 : 0;
+    return m_panels[at(index)].rect.adjusted(-frame, -frame, frame, frame);
+}
+
 void Stage::setPanelRect(int index, const QRect& rect)
 {
     StagePanel& panel = m_panels[at(index)];
     if (panel.rect == rect)
         return;
-    // Both the old and the new place are repainted; the frame of the selected panel lies one pixel
-    // outside it.
-    const int frame = m_markerOn && index == SelectedPanel ? 1 : 0;
+    // Both the old and the new place are repainted.
     if (panel.visible)
-        changed(panel.rect.adjusted(-frame, -frame, frame, frame));
+        changed(reach(index));
     panel.rect = rect;
     if (panel.visible)
-        changed(rect);
+        changed(reach(index));
 }
 
 void Stage::setPlain(int index)

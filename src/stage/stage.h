@@ -161,6 +161,7 @@ private:
     void changedOutline(const std::optional<QRect>& band) const;
     void endClear();
     void place(int index);
+    QRect reach(int index) const; // what is repainted for it
     void setVisible(int index, bool visible);
     void render(int index);
     void drawContents(int index, QPainter& painter);

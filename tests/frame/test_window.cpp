@@ -6,12 +6,15 @@
 #include "frame/thumbnail_strip.h"
 #include "frame/toolbar.h"
 #include "params/right_panel.h"
+#include "params/tab_strip.h"
 #include "stage/stage_surface.h"
 #include "support/run_program.h"
 
 #include <QLabel>
 #include <QScreen>
 #include <QTest>
+#include <QTreeView>
+#include <QVBoxLayout>
 
 using namespace fennel;
 using namespace fennel::test;
@@ -293,4 +296,28 @@ TEST(Window, SaveAndReOpenBringTheFileBack)
     w.choose(u"mnuFile_SaveAs"_s);
     EXPECT_EQ(w.window.windowTitle(), prefix + u"copy.gz"_s);
     EXPECT_EQ(w.window.menus().entries("mnuFile1").size(), 2U);
+}
+
+TEST(Window, TabsOfALowPanelScrollInsteadOfCoveringTheList)
+{
+    QWidget panel;
+    auto* strip = new TabStrip(&panel);
+    auto* room = new TabRoom(*strip, &panel);
+    auto* list = new QTreeView(&panel);
+    auto* column = new QVBoxLayout(&panel);
+    column->addWidget(room);
+    column->addWidget(list, 1);
+    strip->setTabs(std::vector<TabStrip::Tab>(20, {u"Numerical Timer"_s, {}}));
+    panel.resize(400, 600);
+    panel.show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(room->height(), strip->height()) << "all lines, where there is room";
+    panel.resize(400, 160);
+    QCoreApplication::processEvents();
+    EXPECT_LT(room->geometry().bottom(), list->geometry().top());
+    EXPECT_LT(room->height(), strip->height());
+    strip->mark(20);
+    room->showMarked();
+    const QRect last = strip->place(20).translated(strip->pos());
+    EXPECT_TRUE(room->viewport()->rect().contains(last));
 }

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "params/swatch.h"
+
 #include "params_fixture.h"
 
 #include <QFile>
+#include <QSet>
 
 using namespace fennel;
 using namespace Qt::StringLiterals;
@@ -128,4 +131,18 @@ TEST_F(ObjectRows, OfSparklesEndAtTheEmptyElement)
     EXPECT_EQ(itemsOf(11).join(u' '), u":02:= :03:= :04:= :05:= :06:= :07:="_s);
     EXPECT_EQ(itemsOf(12).first(), u":12:="_s);
     EXPECT_EQ(panel(13).TabIndex, 0);
+}
+
+TEST(RowColours, AreReadOnDarkListsAndToldApart)
+{
+    const QRgb dark = qRgb(35, 38, 41);
+    QSet<QRgb> seen;
+    for (const QRgb colour : {qRgb(0, 0, 0), qRgb(0, 0, 255), qRgb(0, 128, 0), qRgb(255, 0, 0),
+                              qRgb(255, 0, 128), qRgb(136, 0, 136)}) {
+        EXPECT_EQ(textOnGround(colour, qRgb(255, 255, 255)), colour);
+        const QRgb shown = textOnGround(colour, dark);
+        EXPECT_GT(qGray(shown), qGray(dark) + 100) << colour;
+        seen.insert(shown);
+    }
+    EXPECT_EQ(seen.size(), 6);
 }

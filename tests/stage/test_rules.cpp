@@ -154,4 +154,5 @@ TEST(Colour, TextOnASampleIsLegible)
     EXPECT_EQ(contrastColour(qRgb(255, 255, 255)), qRgb(0, 0, 0));
     EXPECT_EQ(textColourOn(qRgb(255, 255, 0)), qRgb(0, 0, 0));
     EXPECT_EQ(textColourOn(qRgb(0, 0, 255)), qRgb(255, 255, 255));
+    EXPECT_EQ(textColourOn(qRgb(0, 255, 0)), qRgb(0, 0, 0));
 }

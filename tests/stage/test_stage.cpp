@@ -246,6 +246,10 @@ TEST_F(StageTest, RepaintsOnlyWhatChanged)
     stage.setPulsePhase(50);
     EXPECT_EQ(dirty.boundingRect(), QRect(19, 29, 75, 25)) << "marker and frame";
     EXPECT_FALSE(dirty.contains(QPoint(50, 40)));
+    dirty = {};
+    rec(5).Left = 200;
+    stage.RefreshPanels();
+    EXPECT_TRUE(dirty.contains(QPoint(19, 29))) << "the frame leaves its old place";
     stage.repaint = nullptr;
 }
 
