@@ -260,7 +260,8 @@ private:
         else if (story.run().GfxOpened)
             story.window.commands().runEntry(u"mnuView_scale"_s, m_dice.of(percents));
     }
-    void font()
+    // The dialog that the next command may open.
+    void expectFontDialog()
     {
         QTimer::singleShot(0, &story.window, [this] {
             auto* dialog = qobject_cast<FontWindow*>(QApplication::activeModalWidget());
@@ -269,6 +270,10 @@ private:
             press(*dialog->findChild<QPushButton*>(u"butОК"_s));
             dialog->reject();
         });
+    }
+    void font()
+    {
+        expectFontDialog();
         run(m_dice.chance(50) ? "mnuEDIT_NEWFont" : "mnuEDIT_ADDFont");
         QCoreApplication::processEvents();
     }
@@ -289,12 +294,12 @@ private:
         RightPanel& panel = story.window.rightPanel();
         if (m_dice.chance(50))
             story.user().expectOpen(m_dice.of(m_pictures));
+        expectFontDialog();
         press(m_dice.chance(60)   ? panel.editButton()
               : m_dice.chance(50) ? panel.deleteButton()
                                   : panel.addButton());
         endTyping(m_dice.chance(70));
-        // The font dialog may have come instead.
-        QCoreApplication::processEvents();
+        QCoreApplication::processEvents(); // which ends the expectation
     }
     void editText()
     {
