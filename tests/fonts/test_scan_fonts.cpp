@@ -176,23 +176,6 @@ TEST_F(FontScan, SurvivesEveryShortFile)
     EXPECT_TRUE(far.message.startsWith(u"Position in set =3\n"_s));
 }
 
-TEST_F(FontScan, ListsTheContentsOfAFile)
-{
-    shell.member(u"16x16.fnt"_s, referenceFont(referenceTag));
-    scan(u"16x16.fnt"_s, fillInspection);
-    const QStringList& rows = fonts.inspection.List1;
-    ASSERT_EQ(rows.size(), 178);
-    EXPECT_EQ(rows[0], u"File name: 16x16.fnt"_s);
-    EXPECT_EQ(rows[1], u"Symbols in set: 175, Fontheight:23px, Lineheight:19px"_s);
-    EXPECT_EQ(rows[2], u"06 8E 82 D2  AF 00 00 00  17 04 13 ..."_s);
-    EXPECT_EQ(rows[3],
-              u"2000 C06E00| |UTF 0x0020=0032 | chr data=00886 0x6EC0 ==> offset=0x0376"_s);
-    EXPECT_EQ(rows[98].left(28), u"1004 "_s + rows[98].mid(5, 6) + u"|А|UTF 0x0410=104"_s);
-    scan(); // any other scan empties the rows and keeps the places
-    EXPECT_TRUE(fonts.inspection.List1.isEmpty());
-    EXPECT_EQ(fonts.inspection.FontOffsets.size(), 176U);
-}
-
 TEST_F(FontScan, AClickShowsTheBitsOfAGlyph)
 {
     const QByteArray file = referenceFont("TAG");
@@ -215,24 +198,6 @@ TEST_F(FontScan, AClickShowsTheBitsOfAGlyph)
     const CharacterView gone = clickOnCharacter(fonts.inspection, shell.run, 3);
     EXPECT_TRUE(gone.message.endsWith(u"\n00000000"_s));
     EXPECT_FALSE(gone.glyph);
-}
-
-// A glyph that hangs below the baseline and left of the pen, four screen pixels for one.
-TEST(GlyphPicture, DrawsInkBoxBaselineAndPen)
-{
-    const Glyph glyph{0x6A, 2, 3, -1, -2, 3, {13, 0, 0, 6, 13, 13}};
-    FntHeader header;
-    header.fontHeight = 8;
-    header.baseline = 2;
-    const QImage image = glyphPicture(glyph, header, 8);
-    EXPECT_EQ(image.size(), QSize(4 * 8 + 1, 8 * 8 + 1));
-    EXPECT_EQ(image.pixel(4, 5 * 8 + 4), 0xff000000U);             // top left pixel, full ink
-    EXPECT_EQ(image.pixel(8 + 4, 6 * 8 + 4), qRgb(138, 138, 138)); // 255 - 6 * 255 / 13
-    EXPECT_EQ(image.pixel(8 + 4, 5 * 8 + 4), 0xffffffffU);
-    EXPECT_EQ(image.pixel(2 * 8 + 4, 6 * 8), 0xff2060d0U); // the baseline
-    EXPECT_EQ(image.pixel(8, 4), 0xffd03030U);             // the pen before
-    EXPECT_EQ(image.pixel(4 * 8, 4), 0xffd03030U);         // and after
-    EXPECT_FALSE(glyphPicture({}, {}, 0).isNull());
 }
 
 TEST(FontTag, SaysHowTheFontWasMade)
