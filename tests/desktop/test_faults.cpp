@@ -11,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
-#include <QDir>
 #include <QTest>
 #include <QTimer>
 

@@ -9,8 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QFile>
-
 using namespace fennel;
 using namespace fennel::test;
 using namespace Qt::StringLiterals;

@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QTest>
-
 using namespace fennel;
 using namespace fennel::test;
 using namespace Qt::StringLiterals;

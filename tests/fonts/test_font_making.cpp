@@ -5,8 +5,6 @@
 #include "fonts/font_judge.h"
 #include "support/test_shell.h"
 
-#include <QFile>
-
 using namespace fennel;
 using namespace fennel::test;
 using namespace Qt::StringLiterals;

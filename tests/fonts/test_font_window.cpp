@@ -5,8 +5,6 @@
 #include "fonts/fnt_codec.h"
 #include "support/test_shell.h"
 
-#include <QElapsedTimer>
-#include <QSignalSpy>
 #include <QTest>
 
 using namespace fennel;

@@ -9,7 +9,6 @@
 #include "support/run_program.h"
 #include "window_fixture.h"
 
-#include <QClipboard>
 #include <QImageReader>
 
 namespace fennel::test {

@@ -2,8 +2,6 @@
 #include "frame/menus.h"
 #include "support/test_shell.h"
 
-#include <QCoreApplication>
-
 using namespace fennel;
 using namespace Qt::StringLiterals;
 

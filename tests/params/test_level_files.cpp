@@ -3,8 +3,6 @@
 
 #include "params/level_files.h"
 
-#include <QDir>
-
 #include <random>
 
 using namespace fennel;

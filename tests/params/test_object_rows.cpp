@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "params_fixture.h"
 
-#include <QFile>
-
 using namespace fennel;
 using namespace Qt::StringLiterals;
 

@@ -3,9 +3,7 @@
 #include "stage/stage_surface.h"
 #include "stage_fixture.h"
 
-#include <QSignalSpy>
 #include <QTest>
-#include <QToolTip>
 
 using namespace fennel;
 using namespace fennel::test;
