@@ -200,6 +200,24 @@ TEST_F(FontScan, AClickShowsTheBitsOfAGlyph)
     EXPECT_FALSE(gone.glyph);
 }
 
+// A glyph that hangs below the baseline and left of the pen, four screen pixels for one.
+TEST(GlyphPicture, DrawsInkBoxBaselineAndPen)
+{
+    const Glyph glyph{0x6A, 2, 3, -1, -2, 3, {13, 0, 0, 6, 13, 13}};
+    FntHeader header;
+    header.fontHeight = 8;
+    header.baseline = 2;
+    const QImage image = glyphPicture(glyph, header, 8);
+    EXPECT_EQ(image.size(), QSize(4 * 8 + 1, 8 * 8 + 1));
+    EXPECT_EQ(image.pixel(4, 5 * 8 + 4), 0xff000000U);             // top left pixel, full ink
+    EXPECT_EQ(image.pixel(8 + 4, 6 * 8 + 4), qRgb(138, 138, 138)); // 255 - 6 * 255 / 13
+    EXPECT_EQ(image.pixel(8 + 4, 5 * 8 + 4), 0xffffffffU);
+    EXPECT_EQ(image.pixel(2 * 8 + 4, 6 * 8), 0xff2060d0U); // the baseline
+    EXPECT_EQ(image.pixel(8, 4), 0xffd03030U);             // the pen before
+    EXPECT_EQ(image.pixel(4 * 8, 4), 0xffd03030U);         // and after
+    EXPECT_FALSE(glyphPicture({}, {}, 0).isNull());
+}
+
 TEST(FontTag, SaysHowTheFontWasMade)
 {
     FontChoice choice{u"Ta|ho\tma"_s, true, true, 14.5, {}, 4, -1, 2};

@@ -193,6 +193,31 @@ TEST_F(StageTest, MenuHeightSnapsAndIsWrittenAsEntries)
     EXPECT_EQ(stage.panel(0).rect.height(), 20);
 }
 
+TEST_F(StageTest, DoubleClickStepsTheLogoOnItsTab)
+{
+    openZuk();
+    stage.setLogos({QImage(4, 4, QImage::Format_RGB32), QImage(4, 4, QImage::Format_RGB32),
+                    QImage(4, 4, QImage::Format_RGB32)});
+    const auto twice = [this](QPoint at, Qt::KeyboardModifiers keys) {
+        mouse.doubleClick({at, Qt::LeftButton, Qt::LeftButton, keys});
+        mouse.release({at, Qt::LeftButton, Qt::NoButton, keys});
+    };
+    twice({700, 50}, Qt::NoModifier);
+    EXPECT_EQ(stage.LogoIndex, 0) << "another tab is open";
+    host.tabObject = 4;
+    twice({700, 50}, Qt::NoModifier);
+    EXPECT_EQ(stage.LogoIndex, 1);
+    twice({700, 50}, Qt::ShiftModifier);
+    twice({700, 50}, Qt::ShiftModifier);
+    EXPECT_EQ(stage.LogoIndex, 2);
+    twice({30, 40}, Qt::NoModifier);
+    EXPECT_EQ(stage.LogoIndex, 2) << "not on Time";
+    EXPECT_FALSE(mouse.Dragging());
+    stage.setLogos({});
+    twice({700, 50}, Qt::NoModifier);
+    EXPECT_EQ(stage.LogoIndex, 0);
+}
+
 TEST_F(StageTest, BackgroundTellsItsPixelAndDrawsTheMeasuringBand)
 {
     openZuk();
