@@ -7,9 +7,6 @@
 #include "container/raw_cpio.h"
 #include "support/test_shell.h"
 
-#include <QBuffer>
-#include <QImage>
-
 #include <vector>
 
 namespace fennel::test {
@@ -31,12 +28,7 @@ public:
 
 inline std::string jpegBytes(int width, int height)
 {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    QImage picture(width, height, QImage::Format_RGB32);
-    picture.fill(Qt::darkCyan);
-    picture.save(&buffer, "JPG");
-    return bytes.toStdString();
+    return jpegOf({width, height}).toStdString();
 }
 
 // The least that opens.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Extract, Assemble and the two gzip commands, with the real tools on real files.
+// Extract, Assemble and the two gzip commands, with the real tools on real files, Debian's messages
+// among them, and with what goes wrong around them.
 #include "container/archive_commands.h"
 #include "container/archive_tools.h"
 #include "container/member_list.h"
@@ -10,6 +11,17 @@ namespace fennel::test {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// Names and contents as GNU cpio gives them, in the order of the archive.
+QByteArrayList archived(const QString& archive)
+{
+    return runProgram(u"cpio"_s, {u"-it"_s, u"--quiet"_s}, {}, bytesOf(archive)).out.split('\n');
+}
+QByteArray contentsIn(const QString& archive)
+{
+    return runProgram(u"cpio"_s, {u"-i"_s, u"--to-stdout"_s, u"--quiet"_s}, {}, bytesOf(archive))
+        .out;
+}
 
 class ArchiveCommands : public testing::Test {
 protected:
@@ -34,44 +46,48 @@ protected:
         EXPECT_TRUE(QFile::remove(folder + u"/#.lst"_s));
         return archive;
     }
-    void extract()
+    // Each tells the message, if one is given.
+    void extract(const QString& from, const QString& to, const QString& told = {})
     {
-        shell.prompts.expectOpen(archive);
-        shell.prompts.expectFolder(target);
+        shell.prompts.expectOpen(from);
+        shell.prompts.expectFolder(to);
+        expectTold(told);
         mnuEdit_Extract(shell.shell);
     }
-    void assemble(const QString& saveAs)
+    void assemble(const QString& from, const QString& saveAs, const QString& told = {})
     {
-        shell.prompts.expectFolder(folder);
-        if (!FileExists(folder + u"/#.lst"_s))
+        shell.prompts.expectFolder(from);
+        if (!FileExists(from + u"/#.lst"_s))
             shell.prompts.expectMessage(u"Additional Gfxboot info-file is absent."_s);
         shell.prompts.expectSave(saveAs);
+        expectTold(told);
         mnuEdit_Assemble(shell.shell);
     }
+    void unpack(const QString& file, const QString& told = {}, Answer answer = Answer::Ok)
+    {
+        shell.prompts.expectOpen(file);
+        expectTold(told, answer);
+        mnuT_GZip_Extract(shell.shell);
+    }
+    void pack(const QString& file, const QString& told = {})
+    {
+        shell.prompts.expectOpen(file);
+        expectTold(told);
+        mnuT_GZip_Pack(shell.shell);
+    }
+    void expectTold(const QString& told, Answer answer = Answer::Ok)
+    {
+        if (!told.isEmpty())
+            shell.prompts.expectMessage(told, answer);
+    }
+
+    bool nothingLeft() { return namesIn(shell.run.WorkspaceRoot).isEmpty(); }
+
     TestShell shell;
     QString folder = shell.path(u"theme one"_s);
     QString target = shell.path(u"out"_s);
     QString archive = shell.path(u"message"_s);
 };
-
-TEST_F(ArchiveCommands, ExtractedAndAssembledIsTheSameArchive)
-{
-    put(u"b.txt"_s, "bee");
-    put(u"a.txt"_s, "");
-    put(u"init"_s, QByteArray(3001, 'x'));
-    const QByteArray before = bytesOf(archiveOf({"init", "b.txt", "a.txt"}));
-    extract();
-    EXPECT_EQ(bytesOf(target + u"/#.lst"_s), "init\r\nb.txt\r\na.txt\r\n");
-    EXPECT_EQ(bytesOf(target + u"/init"_s), QByteArray(3001, 'x'));
-    folder = target;
-    assemble(shell.path(u"again"_s));
-    // The members' dates are those of the extraction; names, order and contents are the same.
-    const QByteArray again = bytesOf(shell.path(u"again"_s));
-    EXPECT_EQ(runProgram(u"cpio"_s, {u"-it"_s, u"--quiet"_s}, {}, again).out,
-              "init\nb.txt\na.txt\n");
-    EXPECT_EQ(again.size(), before.size());
-    EXPECT_FALSE(FileExists(shell.run.WorkspaceRoot + assembledName));
-}
 
 TEST_F(ArchiveCommands, ExtractNeverReplacesTheArchiveItself)
 {
@@ -79,10 +95,7 @@ TEST_F(ArchiveCommands, ExtractNeverReplacesTheArchiveItself)
     archiveOf({"message"});
     const QByteArray before = bytesOf(archive);
     target = shell.path({});
-    shell.prompts.expectOpen(archive);
-    shell.prompts.expectFolder(folderPart(archive));
-    shell.prompts.expectMessage(u"would be replaced"_s);
-    mnuEdit_Extract(shell.shell);
+    extract(archive, folderPart(archive), u"would be replaced"_s);
     EXPECT_EQ(bytesOf(archive), before);
 }
 
@@ -107,17 +120,14 @@ TEST_F(ArchiveCommands, AFailedExtractLeavesTheFolder)
         EXPECT_EQ(namesIn(target), QStringList{u"a.txt"_s}) << step;
     }
     shell.files.failAt = 0;
-    extract();
+    extract(archive, target);
     EXPECT_EQ(namesIn(target), (QStringList{u"#.lst"_s, u"a.txt"_s, u"b.txt"_s}));
 }
 
 TEST_F(ArchiveCommands, WhatIsNoPlainArchiveIsToldAndLeavesNothing)
 {
     ASSERT_TRUE(DiskFiles().write(archive, "\x1f\x8b no archive").ok());
-    shell.prompts.expectOpen(archive);
-    shell.prompts.expectFolder(target);
-    shell.prompts.expectMessage({});
-    mnuEdit_Extract(shell.shell);
+    extract(archive, target, u"message"_s);
     EXPECT_TRUE(namesIn(target).isEmpty());
     shell.prompts.expectOpen({});
     mnuEdit_Extract(shell.shell);
@@ -132,7 +142,7 @@ TEST_F(ArchiveCommands, AssembleMakesTheListOfPlainFilesOnly)
     put(u"#message"_s, "working file");
     put(u"#7zip.log"_s, "working file");
     QDir(folder).mkdir(u"sub"_s);
-    assemble(shell.path(u"saved"_s));
+    assemble(folder, shell.path(u"saved"_s));
     EXPECT_EQ(bytesOf(folder + u"/#.lst"_s), "a.txt\r\n");
     EXPECT_TRUE(FileExists(shell.path(u"saved"_s)));
 }
@@ -140,11 +150,7 @@ TEST_F(ArchiveCommands, AssembleMakesTheListOfPlainFilesOnly)
 TEST_F(ArchiveCommands, AKeptProposalStaysInTheWorkspaceAndIsTold)
 {
     put(u"a.txt"_s, "a");
-    shell.prompts.expectFolder(folder);
-    shell.prompts.expectMessage(u"info-file is absent"_s);
-    shell.prompts.expectSave(folder + u"MESS"_s);
-    shell.prompts.expectMessage(u"kept until the program ends"_s);
-    mnuEdit_Assemble(shell.shell);
+    assemble(folder, folder + u"MESS"_s, u"kept until the program ends"_s);
     EXPECT_EQ(shell.prompts.fileQuestions.back().proposedName, u"theme onemess"_s);
     EXPECT_EQ(shell.prompts.fileQuestions.back().title, u"Save assembled gfxboot as..."_s);
     EXPECT_TRUE(FileExists(shell.run.WorkspaceRoot + assembledName));
@@ -183,15 +189,13 @@ TEST_F(GzipCommands, PackAndExtractGiveTheFileBack)
 {
     put(u"some text.txt"_s, QByteArray(5000, 'z'));
     const QString file = folder + u"/some text.txt"_s;
-    shell.prompts.expectOpen(file);
-    mnuT_GZip_Pack(shell.shell);
+    pack(file);
     EXPECT_EQ(shell.prompts.fileQuestions.back().title, u"File to compress...."_s);
     EXPECT_EQ(namesIn(folder), (QStringList{u"some text.txt"_s, u"some text.txt.gz"_s}));
     EXPECT_EQ(runProgram(u"gzip"_s, {u"-dc"_s, file + u".gz"_s}).out, QByteArray(5000, 'z'));
 
     ASSERT_TRUE(QFile::remove(file));
-    shell.prompts.expectOpen(file + u".gz"_s);
-    mnuT_GZip_Extract(shell.shell);
+    unpack(file + u".gz"_s);
     EXPECT_EQ(bytesOf(file), QByteArray(5000, 'z'));
     EXPECT_EQ(namesIn(folder), (QStringList{u"some text.txt"_s, u"some text.txt.gz"_s}));
 }
@@ -201,21 +205,16 @@ TEST_F(GzipCommands, PackStopsAtAnExistingTarget)
     put(u"a.txt"_s, "a");
     put(u"a.txt.gz"_s, "mine");
     shell.run.Tool7Zip = u"/none"_s; // no tool runs
-    shell.prompts.expectOpen(folder + u"/a.txt"_s);
-    shell.prompts.expectMessage(u"File "_s + folder + u"/a.txt.gz is already exist."_s);
-    mnuT_GZip_Pack(shell.shell);
+    pack(folder + u"/a.txt"_s, u"File "_s + folder + u"/a.txt.gz is already exist."_s);
     EXPECT_EQ(bytesOf(folder + u"/a.txt.gz"_s), "mine");
-    shell.prompts.expectOpen({});
-    mnuT_GZip_Pack(shell.shell);
+    pack({});
 }
 
 TEST_F(GzipCommands, AFolderThatCannotBeWrittenIsTold)
 {
     put(u"a.txt"_s, "a");
     shell.files.failAt = 2; // the delivery
-    shell.prompts.expectOpen(folder + u"/a.txt"_s);
-    shell.prompts.expectMessage(u"a.txt.gz"_s);
-    mnuT_GZip_Pack(shell.shell);
+    pack(folder + u"/a.txt"_s, u"a.txt.gz"_s);
     EXPECT_EQ(namesIn(folder), QStringList{u"a.txt"_s});
     EXPECT_TRUE(QDir(shell.run.WorkspaceRoot).entryList(QDir::Files).isEmpty());
 }
@@ -224,20 +223,129 @@ TEST_F(GzipCommands, ExtractAsksBeforeItReplacesAndRefusesWhatIsNoGzip)
 {
     const QString file = packed(u"a.txt"_s, "new");
     put(u"a.txt"_s, "mine");
-    shell.prompts.expectOpen(file);
-    shell.prompts.expectMessage(u"already exists"_s, Answer::No);
-    mnuT_GZip_Extract(shell.shell);
+    unpack(file, u"already exists"_s, Answer::No);
     EXPECT_EQ(bytesOf(folder + u"/a.txt"_s), "mine");
-    shell.prompts.expectOpen(file);
-    shell.prompts.expectMessage(u"already exists"_s, Answer::Yes);
-    mnuT_GZip_Extract(shell.shell);
+    unpack(file, u"already exists"_s, Answer::Yes);
     EXPECT_EQ(bytesOf(folder + u"/a.txt"_s), "new");
 
     put(u"no.gz"_s, "text");
-    shell.prompts.expectOpen(folder + u"/no.gz"_s);
-    shell.prompts.expectMessage(u"no.gz"_s);
-    mnuT_GZip_Extract(shell.shell);
+    unpack(folder + u"/no.gz"_s, u"no.gz"_s);
     EXPECT_EQ(namesIn(folder), (QStringList{u"a.txt"_s, u"a.txt.gz"_s, u"no.gz"_s}));
+}
+
+TEST_F(ArchiveCommands, DebiansMessagesComeApartAndTogetherAgain)
+{
+    const QStringList messages = debianMessages();
+    ASSERT_GE(messages.size(), 5);
+    for (const QString& message : messages) {
+        SCOPED_TRACE(message.toStdString());
+        const QString theme = message.section(u'/', -3, -3);
+        folder = shell.folder(theme + u" apart"_s);
+        extract(message, folder);
+        QByteArrayList listed = bytesOf(folder + u"/#.lst"_s).split('\n');
+        for (QByteArray& name : listed)
+            name = name.trimmed();
+        EXPECT_EQ(listed, archived(message));
+
+        const QString again = shell.path(theme);
+        assemble(folder, again);
+        EXPECT_EQ(archived(again), archived(message));
+        EXPECT_EQ(contentsIn(again), contentsIn(message));
+        EXPECT_EQ(bytesOf(again).size() % 512, 0);
+
+        // Without the list: the same files, whatever order the folder has them in.
+        ASSERT_TRUE(QFile::remove(folder + u"/#.lst"_s));
+        assemble(folder, again);
+        const QString apart = shell.folder(theme + u" judge"_s);
+        EXPECT_EQ(runProgram(u"cpio"_s, {u"-i"_s, u"--quiet"_s}, apart, bytesOf(again)).code, 0);
+        auto files = contentsOf(folder);
+        EXPECT_TRUE(files.remove("#.lst")); // stays there
+        EXPECT_EQ(contentsOf(apart), files);
+        QByteArrayList sorted = archived(again);
+        QByteArrayList expected = archived(message);
+        std::sort(sorted.begin(), sorted.end());
+        std::sort(expected.begin(), expected.end());
+        EXPECT_EQ(sorted, expected);
+    }
+    EXPECT_TRUE(nothingLeft());
+}
+
+QByteArray gzipped(const QByteArray& data)
+{
+    return runProgram(u"gzip"_s, {u"-cn"_s}, {}, data).out;
+}
+
+// The same with a name in its header.
+QByteArray named(const QByteArray& name, const QByteArray& data)
+{
+    QByteArray file = gzipped(data);
+    file[3] = '\x08';
+    return file.insert(10, name + '\0');
+}
+
+TEST_F(ArchiveCommands, OddGzipFilesGiveOneFileBesideThemOrAMessage)
+{
+    const QByteArray megabytes = gzipped(QByteArray(64 << 20, '\0'));
+    const struct {
+        const char* what;
+        QByteArray bytes;
+        QByteArray madeAs; // empty: nothing, and the user is told
+        QByteArray contents;
+    } cases[] = {
+        {"no byte", "", "", ""},
+        {"no member", "just a text", "", ""},
+        {"half a header", QByteArray("\x1f\x8b\x08", 3), "", ""},
+        {"an empty member", gzipped(""), "in", ""},
+        {"one member", named("a name.txt", "one"), "a name.txt", "one"},
+        {"three members", gzipped("one") + named("second", "two") + gzipped("three"), "in",
+         "onetwothree"},
+        {"the second is damaged", gzipped("one") + gzipped("two").chopped(5), "", ""},
+        {"a way out", named("../../out.txt", "x"), "out.txt", "x"},
+        {"an absolute path", named("/etc/passwd.new", "x"), "passwd.new", "x"},
+        {"a path of another system", named("C:\\boot\\menu.lst", "x"), "menu.lst", "x"},
+        {"only a path", named("../..", "x"), "in", "x"},
+        {"a working file", named("#.lst", "x"), "in", "x"},
+        {"its own name", named("in.gz", "x"), "", ""},
+        {"a bomb of 320 MB", megabytes.repeated(5), "", ""},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        folder = shell.folder(QString::fromLatin1(c.what) + u"/deep"_s);
+        ASSERT_TRUE(DiskFiles().write(folder + u"/in.gz"_s, c.bytes).ok());
+        shell.prompts.expectOpen(folder + u"/in.gz"_s);
+        if (c.madeAs.isEmpty())
+            shell.prompts.expectMessage(u"in.gz"_s);
+        mnuT_GZip_Extract(shell.shell);
+        QMap<QByteArray, QByteArray> expected{{"in.gz", c.bytes}};
+        if (!c.madeAs.isEmpty())
+            expected[c.madeAs] = c.contents;
+        EXPECT_EQ(contentsOf(folder), expected);
+        EXPECT_EQ(contentsOf(folderPart(folder)).size(), 1);
+    }
+    EXPECT_TRUE(nothingLeft());
+}
+
+TEST_F(ArchiveCommands, AFolderInThePlaceOfAFileStays)
+{
+    folder = shell.folder(u"out"_s);
+    for (const QString& name : {u"out/init"_s, u"out/a.txt"_s, u"out/b.gz"_s, u"out/saved"_s})
+        ASSERT_TRUE(DiskFiles().write(shell.folder(name) + u"/kept"_s, "kept").ok());
+    const auto before = contentsOf(folder);
+    extract(debianMessages().last(), folder, u"out/init: a folder"_s);
+    EXPECT_EQ(contentsOf(folder), before);
+
+    ASSERT_TRUE(DiskFiles().write(folder + u"/in.gz"_s, named("a.txt", "x")).ok());
+    unpack(folder + u"/in.gz"_s, u"out/a.txt: a folder"_s);
+    ASSERT_TRUE(DiskFiles().write(folder + u"/b"_s, "x").ok());
+    pack(folder + u"/b"_s, u"b.gz"_s);
+    const QString parts = shell.folder(u"parts"_s);
+    ASSERT_TRUE(DiskFiles().write(parts + u"/a"_s, "a").ok());
+    assemble(parts, folder + u"/saved"_s, u"saved"_s);
+    auto after = contentsOf(folder);
+    EXPECT_TRUE(after.remove("in.gz") && after.remove("b"));
+    EXPECT_EQ(after, before);
+    for (const QString& name : {u"init"_s, u"a.txt"_s, u"b.gz"_s, u"saved"_s})
+        EXPECT_TRUE(FileExists(folder + u'/' + name + u"/kept"_s)) << name.toStdString();
 }
 
 } // namespace

@@ -120,27 +120,6 @@ TEST_F(MemberList, ALostListIsToldAndAFullDiskKeepsTheOldOne)
     }
 }
 
-TEST_F(MemberList, RowsShowEveryMemberWithItsLengthAndPicture)
-{
-    members({"init", "back.jpg"});
-    list({"init", "gone", "back.jpg"});
-    ListRows rows;
-    rows.rows.resize(9);
-    MemberListFill(t.shell, rows);
-    ASSERT_EQ(rows.rows.size(), 3U);
-    const struct {
-        QString name, length, icon;
-    } expected[] = {{u"init"_s, u"4"_s, {}},
-                    {u"gone"_s, u"0"_s, {}},
-                    {u"back.jpg"_s, u"8"_s, t.run.Workspace + u"back.jpg"_s}};
-    for (std::size_t i = 0; i < rows.rows.size(); ++i) {
-        EXPECT_EQ(rows.rows[i].cells[0].text, expected[i].name);
-        EXPECT_EQ(rows.rows[i].cells[1].text, expected[i].length);
-        EXPECT_EQ(rows.rows[i].iconFile, expected[i].icon);
-        EXPECT_TRUE(rows.rows[i].tag.contains(u"|File: %1|"_s.arg(expected[i].name)));
-    }
-}
-
 TEST_F(MemberList, FourNamesAreProtectedAndOnlyInTheirOwnCase)
 {
     for (const auto& name : {u"init"_s, u"16x16.fnt"_s, u"ZUK0000.CFG"_s, u"back.jpg"_s})

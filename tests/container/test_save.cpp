@@ -66,13 +66,6 @@ protected:
         expectQuestion(compress);
         return GfxSaveAs(t.shell, written);
     }
-    QString script(const QByteArray& text)
-    {
-        const QString path = t.file(u"tool"_s, "#!/bin/sh\n" + text + "\n");
-        ::chmod(QFile::encodeName(path).constData(), 0755);
-        return path;
-    }
-
     TestShell t;
     std::string m_plain;
 };
@@ -104,7 +97,7 @@ TEST_F(Save, WhatIsMissingIsToldBeforeAnythingIsWritten)
     t.run.ToolCpio = t.path(u"gone"_s);
     t.prompts.expectMessage(t.run.ToolCpio + u" not found!"_s);
     EXPECT_FALSE(GfxSave(t.shell, count));
-    t.run.ToolCpio = script("exit 0");
+    t.run.ToolCpio = t.script(u"tool"_s, "exit 0");
     ASSERT_TRUE(t.files.remove(t.run.Workspace + u"#.lst"_s).ok());
     t.prompts.expectMessage(u"Gfxboot info is lost!"_s);
     EXPECT_FALSE(GfxSave(t.shell, count));
@@ -142,37 +135,6 @@ TEST_F(Save, AnyFailureLeavesTheOldFileWholeAndIsTold)
     EXPECT_EQ(filesBeside(), QStringList{u"message"_s});
     const QByteArray old = bytesOf(t.run.GfxPath);
     EXPECT_FALSE(GfxSave(t.shell, [] { return false; })); // who writes the parameters tells why
-    EXPECT_EQ(bytesOf(t.run.GfxPath), old);
-}
-
-TEST_F(Save, AToolThatDiesHalfWayCostsNothing)
-{
-    const QByteArray old = bytesOf(t.run.GfxPath);
-    const QString cpio = t.run.ToolCpio;
-    const QString sevenZip = t.run.Tool7Zip;
-    ProcessToolRunner hasty(300);
-    const Shell shell{t.run, t.log, t.files, t.prompts, hasty};
-    // Both leave a part of their output behind.
-    const struct {
-        QByteArray end;
-        QString told;
-    } cases[] = {{"kill -KILL $$", u"crashed"_s}, {"exec sleep 60", u"did not end in time"_s}};
-    for (const auto& c : cases) {
-        t.run.GfxIsGz = false;
-        t.run.ToolCpio = script("echo half > \"$2\"\n" + c.end);
-        t.prompts.expectMessage(c.told);
-        EXPECT_FALSE(GfxSave(shell, written));
-        t.run.ToolCpio = cpio;
-        t.run.GfxIsGz = true;
-        t.run.Tool7Zip = script("echo half > \"$3\"\n" + c.end);
-        t.prompts.expectMessage(c.told);
-        EXPECT_FALSE(GfxSave(shell, written));
-        t.run.Tool7Zip = sevenZip;
-        EXPECT_EQ(bytesOf(t.run.GfxPath), old);
-    }
-    t.run.Tool7Zip = t.path(u"gone"_s);
-    t.prompts.expectMessage(u"gone not found!"_s);
-    EXPECT_FALSE(GfxSave(shell, written));
     EXPECT_EQ(bytesOf(t.run.GfxPath), old);
 }
 

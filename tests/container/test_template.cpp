@@ -40,17 +40,6 @@ protected:
 
 } // namespace
 
-TEST_F(Template, EachResourceGoesToItsOwnFileWhateverTheCaseOfItsName)
-{
-    EXPECT_TRUE(write(u"gfx.gz"_s));
-    EXPECT_TRUE(write(u"init"_s));
-    EXPECT_TRUE(write(u"16x16.fnt"_s));
-    EXPECT_EQ(written(u"@ZUK-MOSA@.gz"_s), "GFX.GZ");
-    EXPECT_EQ(written(u"init"_s), "INIT");
-    EXPECT_EQ(written(u"16x16.fnt"_s), "16X16.FNT");
-    EXPECT_EQ(names().size(), 3);
-}
-
 TEST_F(Template, TheCatalogueFollowsTheLanguageAndIsEnglishOtherwise)
 {
     for (const auto& [language, expected] :
@@ -62,14 +51,6 @@ TEST_F(Template, TheCatalogueFollowsTheLanguageAndIsEnglishOtherwise)
         EXPECT_TRUE(write(u"Settings"_s, language));
         EXPECT_EQ(written(u"Settings.txt"_s), expected) << language.toStdString();
     }
-}
-
-TEST_F(Template, UnknownNamesDoNothing)
-{
-    EXPECT_TRUE(write(u"MANIFEST"_s));
-    EXPECT_TRUE(write(u"../INIT"_s));
-    EXPECT_TRUE(write(QString()));
-    EXPECT_TRUE(names().isEmpty());
 }
 
 TEST_F(Template, AFailureAtAnyStepIsToldAndLeavesTheOldFile)

@@ -28,23 +28,6 @@ Records records(const TemplateParts& parts, const QString& name)
     return out;
 }
 
-// What the lists of the objects show, file by file; "x" marks colours and key codes.
-const QMap<QString, QStringList> shown{
-    {u"ZUK0000.CFG"_s,
-     {u"39|40|41|42|43|46x|47|48x|54"_s, u"39|42|43|54|56x|57|58x"_s, u"30|32|33"_s,
-      u"01|02|03|06x|08x|09"_s, u"11|12|13|14|16x|18x"_s, u"22|23|24|26x|28x|29"_s,
-      u"19|20|66x|67|68x|69|79"_s, u"31|34|35|38x|75x|76x|77|99"_s}},
-    {u"ZUK0002.CFG"_s, {u"01|02|03|04|05|06x|07|08x|09|19"_s}},
-    {u"ZUK0003.CFG"_s,
-     {u"01|02|03|19|20x|21x|22x|23x|24x|25x|26x|27x|28x|29x|30x|31x|32x|33x|34x|35x|36x|37x|38x|99"_s}},
-    {u"ZUK0004.CFG"_s, {u"01|02|03|04|05|06x|07|18|19|20|21x|22x|23|24|37|38"_s}},
-    {u"ZUK0005.CFG"_s, {u"01|02|03|04|05|17|18|19|21x|22x|23|24|36|37|38"_s}},
-    {u"ZUK0006.CFG"_s, {u"01|02|03|08x|09|38"_s}},
-    {u"ZUK0007.CFG"_s, {u"01|02|03|04|05|06x|07|08x|09|11|22x"_s}},
-    {u"ZUK0008.CFG"_s, {u"01|02|03|04|05|11|12|13|18|19|99"_s}},
-    {u"ZUK0015.CFG"_s, {u"01|02|03|06x|07|08x|09|17x"_s}},
-};
-
 } // namespace
 
 TEST(TemplateLevels, KnownBytesStandAsTheyMust)
@@ -58,17 +41,6 @@ TEST(TemplateLevels, KnownBytesStandAsTheyMust)
     EXPECT_EQ(parts.members[u"ZUK0006.CFG"_s].size(), 24);
     EXPECT_EQ(records(parts, u"ZUK0006.CFG"_s),
               (Records{{1, 1}, {2, 110}, {3, 205}, {8, 0xFB5944}, {9, 3}, {38, 0}}));
-}
-
-TEST(TemplateLevels, EveryParameterThatAListShowsHasARecordAndNoOtherHas)
-{
-    const TemplateParts parts = templateParts();
-    for (auto file = shown.begin(); file != shown.end(); ++file) {
-        QMap<int, bool> expected;
-        for (const QString& id : file.value().join(u'|').split(u'|'))
-            expected[QString(id).remove(u'x').toInt()] = true;
-        EXPECT_EQ(records(parts, file.key()).keys(), expected.keys()) << file.key().toStdString();
-    }
 }
 
 TEST(TemplateLevels, ObjectsLieOnTheBackground)

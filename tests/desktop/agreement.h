@@ -2,7 +2,7 @@
 // Whether the parts of an idle program agree with each other: rows, records, stage, files, menus.
 #pragma once
 
-#include "desktop/story.h"
+#include "support/story.h"
 
 namespace fennel::test {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Parameters as they should not be, and disks and tools that fail, through the whole window.
-#include "desktop/story.h"
+#include "support/story.h"
 
 #include "frame/handlers.h"
 #include "params/object_table.h"
@@ -30,21 +30,9 @@ std::map<QString, QByteArray> generation2Members(const QByteArray& cfg)
     return members;
 }
 
-void lookAtAllTabs(Story& story)
-{
-    for (int tab = 1; tab <= story.lists().tabCount(); ++tab)
-        story.goToTab(story.lists().tabs[static_cast<std::size_t>(tab)].caption);
-}
-
-QAbstractItemView* shownView(Story& story)
-{
-    ListView* view = story.window.rightPanel().view(story.lists().CurrentTab);
-    return qobject_cast<QAbstractItemView*>(view->currentWidget());
-}
-
 void clickRow(Story& story, int row)
 {
-    QAbstractItemView* view = shownView(story);
+    QAbstractItemView* view = &story.view();
     const QRect place = view->visualRect(view->model()->index(row - 1, 0));
     QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, place.center());
 }
@@ -71,7 +59,7 @@ TEST(BadLevelFiles, AreReadAsFarAsTheyGoAndStayUnlessTheyGetRows)
             story.user().expectMessage(u"is obsolete!"_s, Answer::No);
         story.choose("mnuFile_Open");
         ASSERT_EQ(story.run().gfxboot_var, 3);
-        lookAtAllTabs(story);
+        story.goToAllTabs();
         story.choose("mnuFile_Save");
         auto saved = membersOf(story.run().GfxPath);
         for (const auto& name : {u"ZUK0009.CFG"_s, u"ZUK0014.CFG"_s, u"ZUK0002.CFG"_s})
@@ -86,23 +74,6 @@ TEST(BadLevelFiles, AreReadAsFarAsTheyGoAndStayUnlessTheyGetRows)
     }
 }
 
-TEST(BadValues, TypedIntoRowsGiveNumbers)
-{
-    Story story;
-    story.makeNew();
-    story.goToTab(u"Time"_s);
-    const std::pair<QString, QString> cases[] = {
-        {u"abc"_s, u"0"_s},      {u"-5"_s, u"-5"_s}, {u"0x1234567"_s, u"0x234567"_s},
-        {u"12 13"_s, u"1213"_s}, {u""_s, u"0"_s},    {QString(1'000'000, u'9'), u"2147483647"_s}};
-    for (const auto& [typed, shown] : cases) {
-        story.type(u":02:="_s, typed);
-        EXPECT_EQ(story.value(u":02:="_s), shown);
-    }
-    story.type(u":02:="_s, u"-5"_s);
-    story.saveAs(story.shell.path(u"typed"_s), false);
-    EXPECT_EQ(recordsOf(membersOf(story.run().GfxPath)[u"ZUK0000.CFG"_s]).at(2), 0xFFFFFB);
-}
-
 TEST(BadConfig, IsShownAndSavedThroughTheWindow)
 {
     const QByteArray megabyte(1'000'000, 'x');
@@ -113,45 +84,17 @@ TEST(BadConfig, IsShownAndSavedThroughTheWindow)
         Story story;
         story.open(messageOf(story.shell, generation2Members(cfg)));
         ASSERT_EQ(story.run().gfxboot_var, 2);
-        lookAtAllTabs(story);
+        story.goToAllTabs();
         story.goToTab(u"Config"_s);
         for (int row = 1; row <= std::min(3, story.list().count()); ++row) {
             clickRow(story, row);
-            QTest::keyClick(shownView(story), Qt::Key_Return);
+            QTest::keyClick(&story.view(), Qt::Key_Return);
             QCoreApplication::processEvents();
         }
         story.choose("mnuFile_Save");
         QCoreApplication::processEvents();
-        EXPECT_EQ(shownView(story)->model()->rowCount(), story.list().count());
+        EXPECT_EQ(story.view().model()->rowCount(), story.list().count());
     }
-}
-
-TEST(FailingSave, OfChangedParametersLeavesOldFileAndNewValues)
-{
-    Story story;
-    story.makeNew();
-    const QString path = story.shell.path(u"boot"_s);
-    story.saveAs(path, true);
-    const QByteArray old = bytesOf(story.run().GfxPath);
-    story.goToTab(u"Time"_s);
-    story.type(u":02:="_s, u"77"_s);
-    int failures = 0;
-    for (int step = 1; step < 100; ++step) {
-        story.shell.files.calls = 0;
-        story.shell.files.failAt = step;
-        const qsizetype told = story.user().texts.size();
-        story.user().expectMessage({});
-        story.choose("mnuFile_Save");
-        if (story.user().texts.size() == told) {
-            (void)story.user().ShowMessage({}, MessageType::Ok, {}); // that was not needed
-            break;
-        }
-        ++failures;
-        EXPECT_EQ(bytesOf(story.run().GfxPath), old) << step;
-        EXPECT_EQ(story.value(u":02:="_s), u"77"_s);
-    }
-    EXPECT_GT(failures, 20); // ten level files are written and renamed
-    EXPECT_EQ(recordsOf(membersOf(story.run().GfxPath)[u"ZUK0000.CFG"_s]).at(2), 77);
 }
 
 TEST(Rows, ThatAreGreyAreSteppedOverByMouseAndKeyboard)
@@ -162,10 +105,10 @@ TEST(Rows, ThatAreGreyAreSteppedOverByMouseAndKeyboard)
     story.type(u":01:="_s, u"0"_s);
     clickRow(story, 3);
     EXPECT_EQ(story.lists().CurrentRow, 1);
-    const QItemSelectionModel* selection = shownView(story)->selectionModel();
+    const QItemSelectionModel* selection = story.view().selectionModel();
     ASSERT_EQ(selection->selectedRows().size(), 1);
     EXPECT_EQ(selection->selectedRows().front().row(), 0);
-    QTest::keyClick(shownView(story), Qt::Key_Down);
+    QTest::keyClick(&story.view(), Qt::Key_Down);
     EXPECT_EQ(story.lists().CurrentRow, 1);
     ASSERT_EQ(selection->selectedRows().size(), 1);
     EXPECT_EQ(selection->selectedRows().front().row(), 0);
@@ -177,7 +120,7 @@ TEST(Rows, ShowTheirPopUpForTheRightButtonOnly)
     story.makeNew();
     story.goToTab(u"Gfxboot"_s);
     clickRow(story, 1);
-    QAbstractItemView* view = shownView(story);
+    QAbstractItemView* view = &story.view();
     const QRect place = view->visualRect(view->model()->index(2, 0));
     // The pop-up takes the mouse, so the list never hears of the release.
     QTest::mousePress(view->viewport(), Qt::RightButton, {}, place.center());
@@ -217,11 +160,11 @@ TEST(Rows, StaySelectedWhenHiddenParametersBecomeLines)
     story.goToTab(u"Config"_s);
     const int row = story.goToRow(u"welcome"_s);
     ASSERT_NE(row, 0);
-    QTest::keyClick(shownView(story), Qt::Key_2);
+    QTest::keyClick(&story.view(), Qt::Key_2);
     EXPECT_EQ(story.list().row(story.lists().CurrentRow)->text(), u"welcome"_s);
     EXPECT_EQ(story.list().row(story.lists().CurrentRow)->checked, true);
-    EXPECT_EQ(shownView(story)->currentIndex().row() + 1, story.lists().CurrentRow);
-    QTest::keyClick(shownView(story), Qt::Key_2);
+    EXPECT_EQ(story.view().currentIndex().row() + 1, story.lists().CurrentRow);
+    QTest::keyClick(&story.view(), Qt::Key_2);
     EXPECT_EQ(story.list().row(story.lists().CurrentRow)->text(), u"welcome"_s);
     EXPECT_EQ(story.list().row(story.lists().CurrentRow)->checked, false);
 }

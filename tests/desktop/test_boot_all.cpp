@@ -3,7 +3,7 @@
 // apart, changed and put together again. tests/desktop/boot_all runs them with all other boots.
 #include "desktop/boot.h"
 #include "desktop/boot_letters.h"
-#include "desktop/story.h"
+#include "support/story.h"
 
 #include <gtest/gtest.h>
 

@@ -4,11 +4,11 @@
 // new font's bits say, Cyrillic included.
 #include "desktop/boot.h"
 #include "desktop/boot_letters.h"
-#include "desktop/story.h"
 #include "fonts/char_page.h"
 #include "frame/handlers.h"
 #include "params/object_table.h"
 #include "params/right_panel.h"
+#include "support/story.h"
 
 #include <gtest/gtest.h>
 
@@ -34,14 +34,6 @@ QString picture(TestShell& shell)
             image.setPixel(x, y, qRgb(x * 90 / 1000, y * 60 / 700, (x / 100 + y / 100) % 2 * 70));
     EXPECT_TRUE(image.save(shell.path(u"night sky.png"_s)));
     return shell.path(u"night sky.png"_s);
-}
-
-QString plain(TestShell& shell, const QString& name, QRgb colour)
-{
-    QImage image(90, 90, QImage::Format_RGB32);
-    image.fill(colour);
-    EXPECT_TRUE(image.save(shell.path(name)));
-    return shell.path(name);
 }
 
 void clickButton(QWidget& parent, const QString& name)
@@ -79,26 +71,19 @@ void chooseSerif(QDialog& dialog)
     clickButton(dialog, u"butОК"_s);
 }
 
-void editRow(Story& story, const QString& tab, const QString& row)
-{
-    story.goToTab(tab);
-    ASSERT_NE(story.goToRow(row), 0);
-    QTest::mouseClick(&story.window.rightPanel().editButton(), Qt::LeftButton);
-}
-
 const QString readMe = u"Дальше — 20 €\nsecond line"_s;
 
 void editMembers(Story& story)
 {
     story.user().expectOpen(picture(story.shell));
     story.choose("mnuEdit_ChangeBack");
-    story.user().expectOpen(plain(story.shell, u"logo.png"_s, qRgb(250, 120, 0)));
-    editRow(story, u"LOGO"_s, u"Logo_00.jpg"_s);
-    editRow(story, u"HelpPanel"_s, u"ZUK_Read.txt"_s);
+    story.user().expectOpen(story.shell.picture(u"logo.png"_s, {90, 90}, qRgb(250, 120, 0)));
+    story.editRow(u"LOGO"_s, u"Logo_00.jpg"_s);
+    story.editRow(u"HelpPanel"_s, u"ZUK_Read.txt"_s);
     story.window.rightPanel().editor().setText(readMe);
     clickButton(story.window, u"ComFr6ForTXT(1)"_s);
     inNextDialog(chooseSerif);
-    editRow(story, u"Font(s)"_s, u"16x16.fnt"_s);
+    story.editRow(u"Font(s)"_s, u"16x16.fnt"_s);
 }
 
 const QStringList entries{u"Boot from this stick"_s, u"Boot from hard disk"_s, u"Проверка памяти"_s,

@@ -4,7 +4,6 @@
 #include "desktop/agreement.h"
 #include "fonts/font_window.h"
 #include "frame/menus.h"
-#include "params/cfg_table.h"
 #include "params/object_table.h"
 #include "params/right_panel.h"
 #include "support/long_run.h"
@@ -12,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
-#include <QDir>
 #include <QTest>
 #include <QTimer>
 
@@ -37,9 +35,7 @@ public:
                                                                                   : Answer::Ok;
         };
         EXPECT_TRUE(files().makeFolder(out()).ok());
-        QImage image(300, 200, QImage::Format_RGB32);
-        image.fill(Qt::darkGreen);
-        EXPECT_TRUE(image.save(picture()));
+        story.shell.picture(u"picture.png"_s, {300, 200}, qRgb(0, 99, 0));
         story.makeNew();
         if (generation == 2)
             openSecond();
@@ -85,11 +81,8 @@ public:
 private:
     void openSecond()
     {
-        auto members = membersOf(debian);
-        for (const CfgParam& param : cfgParams)
-            members[u"init"_s] += param.name.toUtf8() + '\0';
-        members[u"gfxboot.cfg"_s] = "menu_start_x=100\r\n";
-        EXPECT_TRUE(files().rename(messageOf(story.shell, members), out() + u"boot"_s).ok());
+        const QString made = messageWith(story.shell, "menu_start_x=100\r\n");
+        EXPECT_TRUE(files().rename(made, out() + u"boot"_s).ok());
         story.user().expectOpen(out() + u"boot"_s);
         story.choose("mnuFile_Open");
     }
@@ -115,10 +108,8 @@ void withInput(Setting& set, const char* item, const QString& text)
 
 void editRow(Setting& set, const QString& tab, const QString& row)
 {
-    set.story.goToTab(tab);
-    set.story.goToRow(row);
     set.story.user().expectOpen(set.picture());
-    QTest::mouseClick(&set.story.window.rightPanel().editButton(), Qt::LeftButton);
+    set.story.editRow(tab, row);
 }
 
 // Chooses what the font dialog proposes. `command`: ComEdit or ComADD, as the buttons run them.

@@ -1,39 +1,17 @@
 // SPDX-License-Identifier: MIT
 // A boot screen with gfxboot.cfg, and one without anything: what can be changed there.
-#include "desktop/story.h"
+#include "support/story.h"
 
 #include "container/gfx_save.h"
 #include "params/cfg_file.h"
-#include "params/cfg_table.h"
 #include "params/object_table.h"
 #include "params/right_panel.h"
 
 #include <gtest/gtest.h>
 
-#include <QFile>
-
 using namespace fennel;
 using namespace fennel::test;
 using namespace Qt::StringLiterals;
-
-namespace {
-
-const QString openSuse = u"/etc/bootsplash/themes/openSUSE/bootloader/message"_s;
-
-// Debian's openSUSE message with this gfxboot.cfg (null: none) and, behind its engine, the names of
-// all parameters.
-QString messageWith(TestShell& shell, const QByteArray& cfg)
-{
-    auto members = membersOf(openSuse);
-    members.erase(u"gfxboot.cfg"_s);
-    for (const CfgParam& param : cfgParams)
-        members[u"init"_s] += param.name.toUtf8() + '\0';
-    if (!cfg.isNull())
-        members[u"gfxboot.cfg"_s] = cfg;
-    return messageOf(shell, members);
-}
-
-} // namespace
 
 TEST(Generation2, OffersWhatTheEngineKnowsAndWritesWhatIsChecked)
 {

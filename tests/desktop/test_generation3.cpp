@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A new boot screen from its making to the file and back.
-#include "desktop/story.h"
+#include "support/story.h"
 
 #include "frame/stage_link.h"
 #include "params/object_table.h"
@@ -18,8 +18,7 @@ TEST(Generation3, ValuesOfEveryKindComeBackFromTheFile)
     ASSERT_TRUE(story.run().GfxHasZuk);
     const auto before = membersOf(story.run().GfxPath);
 
-    for (int tab = 1; tab <= story.lists().tabCount(); ++tab)
-        story.goToTab(story.lists().tabs[static_cast<std::size_t>(tab)].caption);
+    story.goToAllTabs();
 
     story.goToTab(u"Time"_s);
     story.type(u":02:="_s, u"123"_s);
@@ -109,22 +108,4 @@ TEST(Generation3, WhatTheMouseDoesStandsInRowsAndFile)
     EXPECT_EQ(general.at(42), 283);
     EXPECT_EQ(general.at(33), logo.top() + 10);
     EXPECT_EQ(recordsOf(members[u"ZUK0002.CFG"_s]).at(4), width.toInt() - 60);
-}
-
-TEST(Generation3, TabGoesThroughTheObjectsAndBack)
-{
-    Story story;
-    story.makeNew();
-    std::vector<int> seen;
-    Stage& stage = story.window.stageLink().stage();
-    story.click(story.middleOf(LogoPanelRow));
-    do {
-        seen.push_back(stage.SelectedPanel);
-        story.press(Qt::Key_Tab);
-    } while (stage.SelectedPanel != LogoPanelRow && seen.size() < 60);
-    EXPECT_EQ(seen.size(), 16U);
-    for (const int object : seen)
-        EXPECT_TRUE(story.lists().PanelArr[static_cast<std::size_t>(object)].Enabled);
-    story.press(Qt::Key_Backtab, Qt::ShiftModifier);
-    EXPECT_EQ(stage.SelectedPanel, seen.back());
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Message files that are broken or meant to do harm, opened through the whole program.
 #include "desktop/hostile_messages.h"
-#include "desktop/story.h"
 #include "stage/background.h"
+#include "support/story.h"
 
 #include <gtest/gtest.h>
 
@@ -88,8 +88,7 @@ private:
     }
     void look()
     {
-        for (int tab = 1; tab <= story.lists().tabCount(); ++tab)
-            story.goToTab(story.lists().tabs[static_cast<std::size_t>(tab)].caption);
+        story.goToAllTabs();
         (void)story.window.grab();
         const QString copy = story.shell.path(u"in/copy"_s);
         const qsizetype told = story.user().texts.size();

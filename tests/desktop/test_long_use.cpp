@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Hours of work in a row: what is dragged and scaled leaves nothing behind in memory.
-#include "desktop/story.h"
+#include "support/story.h"
 
 #include "frame/stage_link.h"
 #include "stage/scale_commands.h"

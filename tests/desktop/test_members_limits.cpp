@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Members as bad or as many as they may be, through the window: texts of every kind, 99 logos and
 // backgrounds and one more, numbers of modes that are none.
-#include "desktop/story.h"
 #include "params/object_table.h"
 #include "params/right_panel.h"
+#include "support/story.h"
 
 #include <gtest/gtest.h>
-
-#include <QBuffer>
-#include <QImage>
-#include <QTest>
 
 using namespace fennel;
 using namespace fennel::test;
@@ -18,30 +14,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QByteArray mark = "\xEF\xBB\xBF";
-
-void edit(Story& story, const QString& tab, const QString& row)
-{
-    story.goToTab(tab);
-    ASSERT_NE(story.goToRow(row), 0);
-    QTest::mouseClick(&story.window.rightPanel().editButton(), Qt::LeftButton);
-}
-
-void clickTextButton(Story& story, int index)
-{
-    auto* button = story.window.findChild<QPushButton*>(u"ComFr6ForTXT(%1)"_s.arg(index));
-    ASSERT_NE(button, nullptr);
-    QTest::mouseClick(button, Qt::LeftButton);
-}
-
-QByteArray smallJpeg()
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    QImage picture(16, 12, QImage::Format_RGB32);
-    picture.fill(Qt::darkCyan);
-    EXPECT_TRUE(picture.save(&buffer, "JPG"));
-    return bytes;
-}
 
 } // namespace
 
@@ -72,11 +44,11 @@ TEST(TextMembers, ComeOutOfTheEditorAsItShowsThem)
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         ASSERT_TRUE(story.shell.files.write(path, c.file).ok());
-        edit(story, u"HelpPanel"_s, u"ZUK_Read.txt"_s);
+        story.editRow(u"HelpPanel"_s, u"ZUK_Read.txt"_s);
         ASSERT_TRUE(story.window.rightPanel().editor().textEditMode());
         if (c.button >= 0)
-            clickTextButton(story, c.button);
-        clickTextButton(story, 1);
+            story.click(story.find<QPushButton>(u"ComFr6ForTXT(%1)"_s.arg(c.button)));
+        story.click(story.find<QPushButton>(u"ComFr6ForTXT(1)"_s));
         EXPECT_FALSE(story.window.rightPanel().editor().isVisible());
         EXPECT_TRUE(bytesOf(path) == c.saved) << bytesOf(path).left(40).toStdString();
     }
@@ -87,7 +59,7 @@ TEST(ManyPictures, NinetyNineAreTakenAndOneMoreIsRefused)
     Story first;
     first.makeNew();
     auto members = membersOf(first.run().GfxPath);
-    const QByteArray picture = smallJpeg();
+    const QByteArray picture = jpegOf({16, 12});
     for (int i = 1; i < 100; ++i) {
         for (const QString& name : {u"back_%1.jpg"_s, u"Logo_%1.jpg"_s})
             members[name.arg(i, 2, 10, QChar(u'0'))] = picture;

@@ -5,7 +5,6 @@
 #include "fonts/font_window.h"
 #include "frame/menus.h"
 #include "frame/stage_link.h"
-#include "params/cfg_table.h"
 #include "params/right_panel.h"
 #include "stage/stage_surface.h"
 #include "support/long_run.h"
@@ -43,12 +42,9 @@ public:
             m_messages[i] = copy;
         }
         const QSize sizes[] = {{900, 700}, {33, 200}, {640, 480}};
-        for (int i = 0; i < 3; ++i) {
-            QImage picture(sizes[i], QImage::Format_RGB32);
-            picture.fill(QColor::fromHsv(i * 100, 200, 200));
-            m_pictures.append(story.shell.path(u"picture%1.png"_s.arg(i)));
-            EXPECT_TRUE(picture.save(m_pictures.last()));
-        }
+        for (int i = 0; i < 3; ++i)
+            m_pictures.append(story.shell.picture(u"picture%1.png"_s.arg(i), sizes[i],
+                                                  QColor::fromHsv(i * 100, 200, 200).rgb()));
         story.makeNew();
     }
     // Does something; returns what.
@@ -68,12 +64,10 @@ private:
 
     QString generation2()
     {
-        auto members = membersOf(u"/etc/bootsplash/themes/openSUSE/bootloader/message"_s);
-        for (const CfgParam& param : cfgParams)
-            members[u"init"_s] += param.name.toUtf8() + '\0';
-        members[u"gfxboot.cfg"_s] = "menu_start_x=100\r\nmenu_start_y=60\r\n#boot_show=1\r\n";
+        const QString made =
+            messageWith(story.shell, "menu_start_x=100\r\nmenu_start_y=60\r\n#boot_show=1\r\n");
         const QString path = story.shell.path(u"second"_s);
-        EXPECT_TRUE(story.shell.files.rename(messageOf(story.shell, members), path).ok());
+        EXPECT_TRUE(story.shell.files.rename(made, path).ok());
         return path;
     }
     Answer answer(const QString& text, MessageType type)
@@ -103,19 +97,7 @@ private:
         if (button.isEnabled() && button.isVisible())
             QTest::mouseClick(&button, Qt::LeftButton);
     }
-    QAbstractItemView& list()
-    {
-        ListView* view = story.window.rightPanel().view(story.lists().CurrentTab);
-        return *qobject_cast<QAbstractItemView*>(view->currentWidget());
-    }
-    int tabOf(const QString& name)
-    {
-        for (int tab = FirstObjectTab; tab <= story.lists().tabCount(); ++tab) {
-            if (story.lists().tabs[static_cast<std::size_t>(tab)].caption == name)
-                return tab;
-        }
-        return 0;
-    }
+    QAbstractItemView& list() { return story.view(); }
     void clickRow(int row, Qt::MouseButton button = Qt::LeftButton)
     {
         QAbstractItemView& view = list();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A stick with menus of its own: chosen, shown on the stage, laid over the parameters, pulled out.
-#include "desktop/story.h"
+#include "support/story.h"
 
 #include "frame/flash_link.h"
 #include "frame/menus.h"
@@ -118,11 +118,4 @@ TEST_F(StickTest, GoesAndComesBack)
     story.user().expectMessage(u"BOOT ME"_s);
     story.window.flashLink().drives().mountsChanged();
     EXPECT_TRUE(story.window.menus().action(u"mnuFlash"_s)->isEnabled());
-}
-
-TEST_F(StickTest, WithoutADriveQemuAsksForOne)
-{
-    Story story;
-    story.user().expectMessage(u"\"Current Flash Device\""_s);
-    story.window.toolbarCommand(21);
 }

@@ -112,14 +112,11 @@ std::map<std::uint32_t, Glyph> freeTypeGlyphs(const QString& path, int size,
 std::vector<QByteArray> debianFonts()
 {
     std::vector<QByteArray> fonts;
-    const QDir themes(u"/etc/bootsplash/themes"_s);
-    for (const QString& theme : themes.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        const auto message = readBytes(themes.filePath(theme + u"/bootloader/message"_s));
-        if (!message)
-            continue;
+    for (const QString& path : debianMessages()) {
+        const QByteArray message = bytesOf(path);
         const QTemporaryDir folder;
         const Ran ran =
-            runProgram(u"cpio"_s, {u"-id"_s, u"--quiet"_s, u"*.fnt"_s}, folder.path(), *message);
+            runProgram(u"cpio"_s, {u"-id"_s, u"--quiet"_s, u"*.fnt"_s}, folder.path(), message);
         EXPECT_EQ(ran.code, 0);
         for (const QString& name : filesLike(folder.path(), u"*.fnt"_s))
             fonts.push_back(*readBytes(folder.filePath(name)));

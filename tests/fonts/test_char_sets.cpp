@@ -104,23 +104,6 @@ TEST(CharacterPage, ShowsGlyphsHintsAndState)
     EXPECT_EQ(pageText(0).size(), 256 + 8 - 34);
 }
 
-// The bounds are those of Unicode's table; a gap or an overlap would be a slip of the pen.
-TEST(UnicodeBlocks, AreThe150InOrder)
-{
-    EXPECT_EQ(blockText(unicodeBlocks.front()), u"U+0000 - U+007F: Basic Latin"_s);
-    EXPECT_EQ(blockText(unicodeBlocks[1]), u"U+0080 - U+00FF: Latin-1 Supplement"_s);
-    EXPECT_EQ(blockText(unicodeBlocks.back()), u"U+FFF0 - U+FFFF: Specials"_s);
-    int last = -1;
-    for (const UnicodeBlock& block : unicodeBlocks) {
-        EXPECT_GT(int{block.first}, last);
-        EXPECT_GT(block.last, block.first);
-        EXPECT_EQ(block.first % 16, 0);
-        EXPECT_EQ(block.last % 16, 15);
-        EXPECT_EQ(pageOfBlock(blockText(block)), block.first / 256);
-        last = block.last;
-    }
-}
-
 TEST(FontDialog, ListsTrueTypeFilesOnceWithTheirStyle)
 {
     const auto fonts = fontFiles(u"Arial (TrueType)>ARIAL.TTF\nArial Bold (TrueType)>arialbd.ttf\n"
@@ -166,15 +149,4 @@ TEST(FontSubstitution, ShowsTheNearestInstalledFamilyAndSaysSo)
     EXPECT_FALSE(shownFamily(u"Nobody's"_s, debian).note.isEmpty());
     EXPECT_EQ(shownFamily(u"DejaVu Sans"_s, debian).note, QString());
     EXPECT_EQ(shownFamily({}, debian).note, QString());
-}
-
-TEST(FontDialog, NamesItsViewsAndButtons)
-{
-    EXPECT_EQ(viewCaption(ScaledView, 0, 0.625), u"Current scale (62%)"_s);
-    EXPECT_EQ(viewCaption(PageView, 4, 1), u"Characters Page\nU+0400 - U+04FF"_s);
-    const QString title = editFontTitle(u"16x16_02.fnt"_s);
-    EXPECT_EQ(memberOfCaption(fromFontCaption(title)), u"16x16_02.fnt"_s);
-    EXPECT_EQ(fromFontHint(title), u"Load Character Set Font. Edit 16x16_02.fnt"_s);
-    EXPECT_EQ(fromFontCaption(addFontTitle()), u"Load from..."_s);
-    EXPECT_FALSE(offersFromFont(PageView, title));
 }

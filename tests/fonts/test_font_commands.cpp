@@ -4,7 +4,7 @@
 #include "fonts/font_window.h"
 #include "fonts/inspection_list.h"
 #include "params/right_panel.h"
-#include "support/test_window.h"
+#include "support/story.h"
 
 #include <QListView>
 #include <QTest>
@@ -27,14 +27,15 @@ protected:
     void openGeneration(int number)
     {
         if (number == 3) {
-            w.open(w.t.file(u"template"_s, bytesOf(QStringLiteral(FENNEL_BIN_DIR "/data/GFX.GZ"))));
+            w.open(w.shell.file(u"template"_s,
+                                bytesOf(QStringLiteral(FENNEL_BIN_DIR "/data/GFX.GZ"))));
             return;
         }
         RawCpio archive = smallMessage(400, 300);
         archive.add({.name = "16x16.fnt", .data = oldFont()});
         if (number == 2)
             archive.add({.name = "gfxboot.cfg", .data = "foreground=0xFFFFFF\r\n"});
-        w.open(w.t.file(u"message"_s, QByteArray::fromStdString(archive.close())));
+        w.open(w.shell.file(u"message"_s, QByteArray::fromStdString(archive.close())));
     }
     // What the user does when the dialog stands.
     void inDialog(const std::function<void(FontWindow&)>& act)
@@ -71,11 +72,11 @@ protected:
         QCoreApplication::processEvents();
     }
     void goToFonts() { w.click(w.find<QWidget>(u"TabStrip1_%1"_s.arg(int{TabFonts}))); }
-    QByteArray member(const QString& name) { return bytesOf(w.t.run.Workspace + name); }
-    bool has(const QString& name) { return FileExists(w.t.run.Workspace + name); }
+    QByteArray member(const QString& name) { return bytesOf(w.shell.run.Workspace + name); }
+    bool has(const QString& name) { return FileExists(w.shell.run.Workspace + name); }
     QString example() { return w.find<QLabel>(u"FontExample"_s).text(); }
 
-    TestWindow w;
+    Story w;
     QStringList titles; // of the dialogs that came
 };
 
@@ -92,7 +93,7 @@ TEST_F(FontCommands, Generation1KeepsItsFont)
     EXPECT_EQ(member(u"16x16.fnt"_s).toStdString(), oldFont());
     EXPECT_TRUE(has(u"#.#nt"_s));
     goToFonts();
-    w.t.prompts.expectMessage(u"Too old version of the gfxboot.\nFonts are not supported"_s);
+    w.shell.prompts.expectMessage(u"Too old version of the gfxboot.\nFonts are not supported"_s);
     clickRow(1, true);
     EXPECT_FALSE(w.find<QWidget>(u"Frame_for_List1"_s).isVisible());
 }
@@ -101,7 +102,7 @@ TEST_F(FontCommands, Generation2ChangesItsOneFontAndKeepsTheOldOne)
 {
     openGeneration(2);
     applyInDialog();
-    w.choose(u"mnuEDIT_NEWFont"_s);
+    w.choose("mnuEDIT_NEWFont");
     EXPECT_EQ(member(u"#16x16.#nt"_s).toStdString(), oldFont());
     EXPECT_TRUE(member(u"16x16.fnt"_s).contains("utility|DejaVu Serif\t|size\t"));
     EXPECT_FALSE(has(u"#.#nt"_s));
@@ -140,39 +141,8 @@ TEST_F(FontCommands, Generation3ChangesTheSelectedAndAddsFurtherFonts)
     EXPECT_EQ(titles, (QStringList{u"Font. Add"_s, u"Font. Edit 16x16_01.fnt"_s,
                                    u"Font. Edit 16x16_01.fnt"_s}));
     applyInDialog();
-    w.choose(u"mnuEDIT_ADDFont"_s);
+    w.choose("mnuEDIT_ADDFont");
     EXPECT_TRUE(has(u"16x16_02.fnt"_s));
-}
-
-TEST_F(FontCommands, WhatFailsOrIsCancelledChangesNothing)
-{
-    for (const int generation : {2, 3}) {
-        openGeneration(generation);
-        const QByteArray before = member(u"16x16.fnt"_s);
-        inDialog([](FontWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-        run(u"mnuEDIT_NEWFont"_s);
-
-        inDialog([](FontWindow& dialog) {
-            dialog.findChild<QAbstractButton*>(u"Perekluchatel_3"_s)->click();
-            dialog.findChild<QAbstractButton*>(u"SetFromIni"_s)->click();
-            QTest::keyClick(&dialog, Qt::Key_Return);
-        });
-        w.t.prompts.expectMessage(u"ERROR. "_s);
-        run(u"mnuEDIT_NEWFont"_s);
-        EXPECT_EQ(w.t.prompts.titles.back(), u"Font creating error"_s);
-
-        w.bench.characters = startingCharacters();
-        const QString tool = w.t.run.ToolMkFont;
-        w.t.run.ToolMkFont = u"/nowhere/mkfnt"_s;
-        applyInDialog();
-        w.t.prompts.expectMessage(u"/nowhere/mkfnt not found!"_s);
-        w.t.prompts.expectMessage(u"ERROR. File could not be created"_s);
-        run(u"mnuEDIT_NEWFont"_s);
-        w.t.run.ToolMkFont = tool;
-        EXPECT_EQ(member(u"16x16.fnt"_s), before) << generation;
-        EXPECT_FALSE(has(u"#.#nt"_s));
-        EXPECT_FALSE(has(u"#16x16.#nt"_s));
-    }
 }
 
 TEST_F(FontCommands, TheCharactersOfAFontOverTheStage)
@@ -193,16 +163,16 @@ TEST_F(FontCommands, TheCharactersOfAFontOverTheStage)
                           list.visualRect(list.model()->index(row, 0)).center());
         QCoreApplication::processEvents();
     };
-    w.t.prompts.expectMessage(u"Position in set =4\n1604 E00200|Ж|"_s);
+    w.shell.prompts.expectMessage(u"Position in set =4\n1604 E00200|Ж|"_s);
     click(4, Qt::LeftButton);
-    EXPECT_TRUE(w.t.prompts.texts.back().endsWith(u"representation:\n6364"_s));
+    EXPECT_TRUE(w.shell.prompts.texts.back().endsWith(u"representation:\n6364"_s));
     for (const int row : {0, 1, 2}) {
-        w.t.prompts.expectMessage(u"representation:\n---"_s);
+        w.shell.prompts.expectMessage(u"representation:\n---"_s);
         click(row, Qt::LeftButton);
     }
-    w.t.prompts.expectMessage(u"Вызов PopupMenu для List1(2)\nPlanned..."_s);
+    w.shell.prompts.expectMessage(u"Вызов PopupMenu для List1(2)\nPlanned..."_s);
     click(2, Qt::RightButton);
-    w.t.prompts.expectMessage(u"It's roll"_s);
+    w.shell.prompts.expectMessage(u"It's roll"_s);
     click(2, Qt::MiddleButton);
     EXPECT_TRUE(frame.isVisible());
 

@@ -5,8 +5,6 @@
 #include "fonts/font_judge.h"
 #include "support/test_shell.h"
 
-#include <QFile>
-
 using namespace fennel;
 using namespace fennel::test;
 using namespace Qt::StringLiterals;
@@ -41,13 +39,7 @@ protected:
     QByteArray member(const QString& name) { return bytesOf(shell.run.Workspace + name); }
     bool has(const QString& name) { return FileExists(shell.run.Workspace + name); }
     // A tool of ours in place of the bridge.
-    void toolIs(const QByteArray& script)
-    {
-        // Not even its owner may write to the tool that an earlier call left.
-        QFile::remove(shell.path(u"tool"_s));
-        shell.run.ToolMkFont = shell.file(u"tool"_s, "#!/bin/sh\n" + script);
-        QFile::setPermissions(shell.run.ToolMkFont, QFile::ReadOwner | QFile::ExeOwner);
-    }
+    void toolIs(const QByteArray& text) { shell.run.ToolMkFont = shell.script(u"tool"_s, text); }
 
     const QByteArray members = "16x16.fnt\r\n";
     TestShell shell;
@@ -122,22 +114,6 @@ TEST_F(FontMaking, ChangesTheSelectedFontOfGeneration3)
     EXPECT_EQ(fonts.table[2].Size, 14);
 }
 
-TEST_F(FontMaking, AddsAFontInEveryGeneration)
-{
-    command.AddFontMode = true;
-    for (const int number : {1, 2, 3}) {
-        generation(number);
-        const auto change = run();
-        ASSERT_TRUE(change);
-        rescan();
-        EXPECT_EQ(change->component, u"16x16_0%1.fnt"_s.arg(number));
-        EXPECT_EQ(judgedFont(shell.run.Workspace + change->component).glyphs.size(), 161U);
-    }
-    EXPECT_EQ(member(u"#.lst"_s), "16x16.fnt\r\n16x16_01.fnt\r\n16x16_02.fnt\r\n16x16_03.fnt\r\n");
-    EXPECT_EQ(asked.title, u"Font. Add"_s);
-    EXPECT_EQ(member(u"16x16.fnt"_s), "old font 0");
-}
-
 // The tool's own reason reaches the user with the program's message.
 TEST_F(FontMaking, TellsWhyTheToolMadeNothing)
 {
@@ -173,39 +149,6 @@ TEST_F(FontMaking, TellsWhyTheToolMadeNothing)
     EXPECT_FALSE(run());
     EXPECT_FALSE(has(u"#.#nt"_s));
     EXPECT_EQ(member(u"16x16.fnt"_s), "old font 0");
-}
-
-// Whatever single step fails, every member is the old one or the new one, and nothing else lies
-// about.
-TEST_F(FontMaking, IsAllOrNothing)
-{
-    for (const int number : {2, 3}) {
-        generation(number);
-        for (const bool add : {false, true}) {
-            command.AddFontMode = add;
-            int step = 0;
-            do {
-                shell.member(u"16x16.fnt"_s, "old font 0");
-                shell.member(u"#.lst"_s, members);
-                shell.files.calls = 0;
-                shell.files.failAt = ++step;
-                shell.prompts.expectMessage(QString());
-                const bool done = run().has_value();
-                EXPECT_EQ(done, shell.files.calls < step) << number << add << step;
-                if (done)
-                    break;
-                EXPECT_EQ(member(u"16x16.fnt"_s), "old font 0");
-                EXPECT_EQ(member(u"#.lst"_s), members);
-                EXPECT_FALSE(has(u"16x16_01.fnt"_s));
-                EXPECT_FALSE(has(u"#.#nt"_s));
-            } while (step < 10);
-            EXPECT_GT(step, 3);
-            EXPECT_LT(step, 10);
-            shell.prompts.ShowMessage(QString()); // the last run had nothing to tell
-            shell.files.failAt = 0;
-            EXPECT_TRUE(shell.files.remove(shell.run.Workspace + u"16x16_01.fnt"_s).ok());
-        }
-    }
 }
 
 TEST_F(FontMaking, RefusesWhatCouldNotBeKept)

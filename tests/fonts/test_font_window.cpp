@@ -5,8 +5,6 @@
 #include "fonts/fnt_codec.h"
 #include "support/test_shell.h"
 
-#include <QElapsedTimer>
-#include <QSignalSpy>
 #include <QTest>
 
 using namespace fennel;
@@ -64,8 +62,6 @@ protected:
         ASSERT_GE(place, 0) << name.toStdString();
         list->setCurrentIndex(place);
     }
-    QPoint place(const QString& label) { return part<QLabel>(label)->pos(); }
-    bool seen(const QString& name) { return part<QWidget>(name)->isVisible(); }
     // The colour of the ground in a corner of a cell.
     QColor ground(int code)
     {
@@ -115,20 +111,6 @@ TEST_F(FontWindowTest, TogglesWhatLiesAboveTheFixedCharacters)
     EXPECT_EQ(ranges(), u"0x20-0x7E 0xA1 0x410-0x451"_s);
 }
 
-TEST_F(FontWindowTest, APulledMouseTakesFurtherCellsAlong)
-{
-    pages()->setValue(3);
-    QTest::mousePress(grid(), Qt::LeftButton, {}, cellOf(0x391));
-    for (const int code : {0x392, 0x393, 0x392}) {
-        const QPoint at = cellOf(code);
-        QMouseEvent move(QEvent::MouseMove, at, grid()->mapToGlobal(at), Qt::NoButton,
-                         Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(grid(), &move);
-    }
-    QTest::mouseRelease(grid(), Qt::LeftButton, {}, cellOf(0x392));
-    EXPECT_EQ(ranges(), u"0x20-0x7E 0x391-0x393 0x410-0x451"_s);
-}
-
 TEST_F(FontWindowTest, FindsPagesByBlockWheelAndKeys)
 {
     auto* blocks = part<QComboBox>(u"ComboSets"_s);
@@ -176,37 +158,6 @@ TEST_F(FontWindowTest, KeysMoveOverTheCellsAndToggle)
     EXPECT_TRUE(part<QLabel>(u"TextCode"_s)->text().contains(u"not in this font"_s));
 }
 
-TEST_F(FontWindowTest, FourViewsShareOnePlace)
-{
-    const auto pixels = [this](const QString& name) {
-        return part<QPlainTextEdit>(name)->font().pixelSize();
-    };
-    EXPECT_EQ(pixels(u"TextExample3"_s), 21); // 16 points
-    press(u"Perekluchatel_1"_s);
-    EXPECT_TRUE(seen(u"TextExample3"_s));
-    EXPECT_EQ(pixels(u"TextExample3"_s), 11); // at half scale: 10.67
-    EXPECT_FALSE(seen(u"SetFromFNT"_s));
-
-    pages()->setValue(4);
-    press(u"Perekluchatel_2"_s);
-    EXPECT_TRUE(seen(u"TEXTUniCode"_s));
-    EXPECT_FALSE(seen(u"TextExample3"_s));
-    EXPECT_TRUE(text(u"TEXTUniCode"_s).startsWith(u"ЀЁЂ"_s));
-    pages()->setValue(5);
-    EXPECT_TRUE(text(u"TEXTUniCode"_s).startsWith(u"Ԁԁ"_s));
-
-    press(u"Perekluchatel_3"_s);
-    EXPECT_TRUE(seen(u"TextSelected"_s) && seen(u"SetFromFNT"_s) && seen(u"SetFromIni"_s));
-    EXPECT_TRUE(text(u"TextSelected"_s).endsWith(u"я ѐ ё"_s));
-    click(0x452);
-    EXPECT_TRUE(text(u"TextSelected"_s).endsWith(u"я ѐ ё ђ"_s));
-
-    open(u"Font. Add"_s);
-    press(u"Perekluchatel_3"_s);
-    EXPECT_FALSE(seen(u"SetFromFNT"_s));
-    EXPECT_TRUE(seen(u"SetFromIni"_s));
-}
-
 TEST_F(FontWindowTest, LoadsTheSetOfAFontAndTheOneOfTheSettings)
 {
     FntFont font;
@@ -232,24 +183,6 @@ TEST_F(FontWindowTest, LoadsTheSetOfAFontAndTheOneOfTheSettings)
     shell.prompts.expectMessage(u"16x16.fnt"_s);
     press(u"SetFromFNT"_s);
     EXPECT_EQ(ranges(), u"0xA1"_s); // the set stays
-}
-
-TEST_F(FontWindowTest, SpacingsMoveTheirSamples)
-{
-    const QStringList labels{u"words"_s,    u"multi_line"_s, u"Label4_0"_s,
-                             u"Label4_1"_s, u"Label4_2"_s,   u"Label4_3"_s};
-    QList<QPoint> before;
-    for (const QString& label : labels)
-        before << place(label);
-    part<NumberSpin>(u"UpDown_space_width"_s)->setValue(10); // it began with 4
-    part<NumberSpin>(u"UpDown_line_space"_s)->setValue(-3);
-    part<NumberSpin>(u"UpDown_letter_space"_s)->setValue(5);
-    const QPoint moves[] = {{6, 0}, {0, -3}, {0, 0}, {5, 0}, {10, 0}, {15, 0}};
-    for (int i = 0; i < 6; ++i)
-        EXPECT_EQ(place(labels[i]), before[i] + moves[i]) << i;
-    const FontChoice choice = window->choice();
-    EXPECT_TRUE(choice.FontSpaceWidth == 10 && choice.FontLineSpace == -3);
-    EXPECT_EQ(choice.FontLetterSpace, 5);
 }
 
 TEST_F(FontWindowTest, BoldAndItalicOnlyTell)

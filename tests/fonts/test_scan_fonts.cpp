@@ -176,23 +176,6 @@ TEST_F(FontScan, SurvivesEveryShortFile)
     EXPECT_TRUE(far.message.startsWith(u"Position in set =3\n"_s));
 }
 
-TEST_F(FontScan, ListsTheContentsOfAFile)
-{
-    shell.member(u"16x16.fnt"_s, referenceFont(referenceTag));
-    scan(u"16x16.fnt"_s, fillInspection);
-    const QStringList& rows = fonts.inspection.List1;
-    ASSERT_EQ(rows.size(), 178);
-    EXPECT_EQ(rows[0], u"File name: 16x16.fnt"_s);
-    EXPECT_EQ(rows[1], u"Symbols in set: 175, Fontheight:23px, Lineheight:19px"_s);
-    EXPECT_EQ(rows[2], u"06 8E 82 D2  AF 00 00 00  17 04 13 ..."_s);
-    EXPECT_EQ(rows[3],
-              u"2000 C06E00| |UTF 0x0020=0032 | chr data=00886 0x6EC0 ==> offset=0x0376"_s);
-    EXPECT_EQ(rows[98].left(28), u"1004 "_s + rows[98].mid(5, 6) + u"|А|UTF 0x0410=104"_s);
-    scan(); // any other scan empties the rows and keeps the places
-    EXPECT_TRUE(fonts.inspection.List1.isEmpty());
-    EXPECT_EQ(fonts.inspection.FontOffsets.size(), 176U);
-}
-
 TEST_F(FontScan, AClickShowsTheBitsOfAGlyph)
 {
     const QByteArray file = referenceFont("TAG");

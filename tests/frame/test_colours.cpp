@@ -21,8 +21,8 @@ protected:
         openTemplate(lineRow);
         pipette().setScreen([this](QPoint) { return screen; }, [] { return QPoint(5, 5); });
     }
-    ColourTools& tools() { return window->colourTools(); }
-    Pipette& pipette() { return window->colourLink().pipette(); }
+    ColourTools& tools() { return window.colourTools(); }
+    Pipette& pipette() { return window.colourLink().pipette(); }
     void click() { QTest::mouseClick(&pipette(), Qt::LeftButton); }
     // What every place says of the fill.
     void expectFill(QRgb colour, const QString& text)
@@ -34,11 +34,11 @@ protected:
         EXPECT_EQ(tools().sample().text(), text);
         EXPECT_EQ(tools().box(0).text() + tools().box(1).text() + tools().box(2).text(),
                   text.mid(2));
-        ASSERT_TRUE(writeParameters(*window));
-        QByteArray bytes;
-        for (const int part : {qBlue(colour), qGreen(colour), qRed(colour)})
-            bytes += static_cast<char>(part);
-        EXPECT_EQ(savedBytes(levelFileOf(record(lineRow)), record(lineRow).BackParam), bytes);
+        ASSERT_TRUE(writeParameters(window));
+        const int file = levelFileOf(record(lineRow));
+        EXPECT_EQ(recordsOf(bytesOf(shell.run.Workspace + levelFileName(file)))
+                      .at(record(lineRow).BackParam),
+                  int(colour & 0xFFFFFFU));
     }
     static QImage plain(QRgb colour)
     {
@@ -69,37 +69,27 @@ TEST_F(Colours, TransparencyReachesRecordAndRow)
     tools().transparency().setValue(33);
     EXPECT_EQ(record(lineRow).Transp, 33);
     EXPECT_EQ(shown(lineRow, record(lineRow).TranspParam), u"33"_s);
-    EXPECT_EQ(child<QLineEdit>(u"Text_Transp"_s).text(), u"33"_s);
+    EXPECT_EQ(find<QLineEdit>(u"Text_Transp"_s).text(), u"33"_s);
     // Command1 brings the file's own values back.
     const qint64 before =
         bench.params.ZUKarr.at(levelFileOf(record(lineRow)), record(lineRow).TranspParam)
             .LevelValue;
     tools().slider(0).setValue(9);
-    child<QPushButton>(u"Command1"_s).click();
+    find<QPushButton>(u"Command1"_s).click();
     EXPECT_EQ(record(lineRow).Transp, before);
     EXPECT_NE(tools().slider(0).value(), 9);
-}
-
-TEST_F(Colours, TheDialogueGivesTheFillOrLeavesIt)
-{
-    shell.prompts.expectColour(QColor(0x12, 0x34, 0xAB));
-    tools().colourButton().click();
-    expectFill(qRgb(0x12, 0x34, 0xAB), u"0x1234AB"_s);
-    shell.prompts.expectColour(std::nullopt);
-    tools().colourButton().click();
-    expectFill(qRgb(0x12, 0x34, 0xAB), u"0x1234AB"_s);
 }
 
 TEST_F(Colours, AClickTakesTheColourUnderThePipette)
 {
     tools().pipette().setChecked(true);
-    EXPECT_EQ(window->colourLink().pipettesOn(), 1);
+    EXPECT_EQ(window.colourLink().pipettesOn(), 1);
     EXPECT_EQ(tools().sample().text(), u"0x010203"_s);
-    EXPECT_FALSE(window->surface().pulsing());
+    EXPECT_FALSE(window.surface().pulsing());
     screen = plain(qRgb(0, 0x80, 0xFF));
     ASSERT_TRUE(QTest::qWaitFor([&] { return tools().sample().text() == u"0x0080FF"_s; }));
     click();
-    EXPECT_EQ(window->colourLink().pipettesOn(), 0);
+    EXPECT_EQ(window.colourLink().pipettesOn(), 0);
     EXPECT_FALSE(pipette().working());
     EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
     EXPECT_EQ(QWidget::keyboardGrabber(), nullptr);
@@ -107,22 +97,10 @@ TEST_F(Colours, AClickTakesTheColourUnderThePipette)
     expectFill(qRgb(0, 0x80, 0xFF), u"0x0080FF"_s);
 }
 
-TEST_F(Colours, EscapeLeavesEverythingAndGivesTheCursorBack)
-{
-    const QRgb before = record(lineRow).BackColor;
-    const QString text = shown(lineRow, record(lineRow).BackParam);
-    tools().pipette().setChecked(true);
-    EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
-    QTest::keyClick(&pipette(), Qt::Key_Escape);
-    EXPECT_FALSE(tools().pipette().isChecked());
-    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-    expectFill(before, text);
-}
-
 TEST_F(Colours, TheValueEditorHasAPipetteAndADialogueOfItsOwn)
 {
     editRow(lineRow, record(lineRow).TextParam);
-    ValueEditor& editor = window->rightPanel().editor();
+    ValueEditor& editor = window.rightPanel().editor();
     ASSERT_TRUE(editor.isVisible());
     const QString before = editor.text();
     screen = plain(qRgb(255, 255, 255));
@@ -144,25 +122,6 @@ TEST_F(Colours, TheValueEditorHasAPipetteAndADialogueOfItsOwn)
     shell.prompts.expectColour(QColor(0xAA, 0xBB, 0xCC));
     editor.colourButton().click();
     expectFill(qRgb(0xAA, 0xBB, 0xCC), u"0xAABBCC"_s);
-}
-
-TEST_F(Colours, WithoutObjectOrParameterNothingChanges)
-{
-    const QRgb before = record(lineRow).BackColor;
-    stage().SelectPanel(-1);
-    EXPECT_FALSE(tools().slider(0).isEnabled());
-    tools().slider(0).setValue(77); // as a style sheet or a script could
-    shell.prompts.expectColour(QColor(1, 2, 3));
-    window->colourTools().colourButton().setEnabled(true);
-    window->colourTools().colourButton().click();
-    EXPECT_EQ(record(lineRow).BackColor, before);
-    // An object that is not the selected one changes its record and row without a redraw.
-    stage().SelectPanel(lineRow);
-    stage().ColourPanel = lineRow;
-    stage().SelectedPanel = 0;
-    tools().slider(0).setValue(200);
-    EXPECT_EQ(qRed(record(lineRow).BackColor), 200);
-    EXPECT_NE(qRed(stage().panel(lineRow).fill), 200);
 }
 
 } // namespace

@@ -2,8 +2,6 @@
 #include "frame/menus.h"
 #include "support/test_shell.h"
 
-#include <QCoreApplication>
-
 using namespace fennel;
 using namespace Qt::StringLiterals;
 
@@ -97,25 +95,4 @@ TEST_F(MenusTest, AnItemRunsItsCommandAndOneWithoutACommandCannotBeChosen)
         action->trigger();
         EXPECT_EQ(m_ran, QLatin1String(item.name));
     }
-}
-
-TEST_F(MenusTest, EntriesOfAnArrayComeGoAndTellTheirIndex)
-{
-    Menus menus(m_bar, m_commands);
-    menus.setEntries("mnuFile1", {{0, u"first"_s, true, {}, {}}, {7, u"last"_s, true, true, {}}});
-    QMenu* menu = menus.menu(u"mnuFile_LastUsed"_s);
-    EXPECT_EQ(menus.entries("mnuFile1").size(), 2U);
-    QAction* last = menus.entries("mnuFile1").back();
-    EXPECT_TRUE(menu->actions().contains(last));
-    EXPECT_EQ(last->objectName(), u"mnuFile1_7"_s);
-    EXPECT_TRUE(last->isChecked());
-    menus.checkEntry("mnuFile1", 7, false);
-    EXPECT_FALSE(last->isChecked());
-    last->trigger();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(m_index, 7);
-    menus.setEntries("mnuFile1", {});
-    EXPECT_TRUE(menus.entries("mnuFile1").empty());
-    menus.setEntries("mnuFlash_FlashArr", {{0, u"x"_s, true, {}, {}}}); // no command behind it
-    EXPECT_FALSE(menus.entries("mnuFlash_FlashArr").front()->isEnabled());
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "frame/toolbar.h"
-#include "support/test_window.h"
+#include "support/story.h"
 
 using namespace fennel;
 using namespace fennel::test;
@@ -73,48 +73,24 @@ TEST(Toolbar, WhatCanBePressedFollowsTheGeneration)
     }
 }
 
-TEST(Toolbar, FourButtonsShowAStateByTipAndPicture)
-{
-    const struct {
-        int id;
-        bool on;
-        int image;
-        const char* toolTip;
-    } cases[] = {
-        {7, true, 37, "Hide Right Panel"},          {7, false, 7, "Show Right Panel"},
-        {8, true, 38, "Hide Bottom Panel"},         {8, false, 8, "Show Bottom Panel"},
-        {18, true, 18, "Current Flash Drive Info"}, {18, false, 18, "All USB Drives INFO"},
-        {19, true, 49, "USB-Monitoring is ON"},     {19, false, 19, "USB-Monitoring is OFF"},
-    };
-    for (const auto& c : cases) {
-        RunState run = generation(1);
-        run.CurrentFlashChar = c.on ? 'F' : noFlash;
-        const ButtonState state =
-            buttonState({ButtonStyle::Button, c.id, u"built"_s}, run, {c.on, c.on, c.on});
-        EXPECT_EQ(state.image, c.image);
-        EXPECT_EQ(state.toolTip, QLatin1String(c.toolTip));
-    }
-    EXPECT_EQ(buttonState({ButtonStyle::Button, 12, u"FNT-edit"_s}, {}, {}).toolTip, u"FNT-edit"_s);
-}
-
 TEST(Toolbar, UndefinedButtonsAndQemuWithoutADriveTellWhy)
 {
-    TestWindow w;
+    Story w;
     for (const int id : {4, 9, 17, 20, 22, 0, -1}) {
-        w.t.prompts.expectMessage(u"Button ID=%1\nFunction is not defined!"_s.arg(id));
+        w.shell.prompts.expectMessage(u"Button ID=%1\nFunction is not defined!"_s.arg(id));
         w.window.toolbarCommand(id);
     }
     QToolButton& qemu = buttonOf(w.window, 21);
     ASSERT_TRUE(qemu.isEnabled());
-    w.t.prompts.expectMessage(
+    w.shell.prompts.expectMessage(
         u"Select the \"Current Flash Device\" from Flash-menu to start QEMU"_s);
     w.click(qemu);
-    EXPECT_EQ(w.t.prompts.titles.last(), u"QEMU"_s);
+    EXPECT_EQ(w.shell.prompts.titles.last(), u"QEMU"_s);
 }
 
 TEST(Toolbar, TheDropDownHoldsTheDrivesOfTheMenuAndNothingElse)
 {
-    TestWindow w;
+    Story w;
     const QToolButton& button = buttonOf(w.window, 18);
     EXPECT_EQ(button.popupMode(), QToolButton::MenuButtonPopup);
     w.window.menus().setEntries("mnuFlash_FlashArr", {{0, u"    E:   STICK"_s, true, true, {}},

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The whole window on real files, with mouse and menu.
-#include "support/test_window.h"
 #include "container/open_fixture.h"
 #include "frame/status_bar.h"
 #include "frame/thumbnail_strip.h"
@@ -9,6 +8,7 @@
 #include "params/tab_strip.h"
 #include "stage/stage_surface.h"
 #include "support/run_program.h"
+#include "support/story.h"
 
 #include <QLabel>
 #include <QScreen>
@@ -26,13 +26,13 @@ const QString debian = u"/etc/bootsplash/themes/openSUSE/bootloader/message"_s;
 const QString prefix = u"FENNEL-GFX (v. 3.3.1011). "_s;
 
 // A small message, which leaves room on the desktop of the tests.
-QString smallFile(TestWindow& w, const QString& name, int width = 400, int height = 300,
+QString smallFile(Story& w, const QString& name, int width = 400, int height = 300,
                   const std::vector<std::string>& more = {})
 {
     RawCpio archive = smallMessage(width, height);
     for (const std::string& member : more)
         archive.add({.name = member, .data = jpegBytes(30, 20)});
-    return w.t.file(name, QByteArray::fromStdString(archive.close()));
+    return w.shell.file(name, QByteArray::fromStdString(archive.close()));
 }
 
 QStringList column(const ListRows& list, std::size_t cell)
@@ -54,32 +54,18 @@ void drag(QWidget& bar, QPoint distance)
     QCoreApplication::processEvents();
 }
 
-void expectOnDesktop(TestWindow& w)
+void expectOnDesktop(Story& w)
 {
     EXPECT_TRUE(w.window.screen()->availableGeometry().contains(w.window.frameGeometry()))
         << w.window.frameGeometry().right() << ' ' << w.window.frameGeometry().bottom();
 }
 
-bool shown(TestWindow& w, const QString& name)
+bool shown(Story& w, const QString& name)
 {
     return w.find<QWidget>(name).isVisible();
 }
 
 } // namespace
-
-TEST(Window, WithNothingOpenItSaysWhatToDo)
-{
-    TestWindow w;
-    EXPECT_EQ(w.window.windowTitle(), prefix + u"/Component of @ZUK-MOSA@ project/"_s);
-    EXPECT_EQ(w.field(8), u"Select the gfxboot using File/Open"_s);
-    EXPECT_TRUE(shown(w, u"Frame1Vkladki"_s) && shown(w, u"Frame2Podval"_s));
-    EXPECT_FALSE(shown(w, u"ProgressBar1"_s) || shown(w, u"Frame7RDMessage"_s) ||
-                 shown(w, u"Frame5RDPanelTools"_s));
-    for (const QString& item : {u"mnuFile_LastUsed"_s, u"mnuFile_Clear"_s, u"mnuMenu_select"_s})
-        EXPECT_FALSE(w.action(item).isEnabled()) << item.toStdString();
-    EXPECT_TRUE(w.action(u"mnuMenu_Embedded"_s).isChecked());
-    expectOnDesktop(w);
-}
 
 TEST(Window, StatusTextsWithoutRoomAreCutAndTheToolTipHasThemWhole)
 {
@@ -109,24 +95,19 @@ TEST(Window, StatusTextsWithoutRoomAreCutAndTheToolTipHasThemWhole)
 
 TEST(Window, OpensAGzippedMessageOfDebian)
 {
-    TestWindow w;
+    Story w;
     const QByteArray archive = bytesOf(debian);
-    w.open(w.t.file(u"my message.gz"_s, runProgram(u"gzip"_s, {u"-9c"_s}, {}, archive).out));
-    ASSERT_TRUE(w.t.run.GfxOpened && w.t.run.GfxIsGz && w.window.isEnabled());
+    w.open(w.shell.file(u"my message.gz"_s, runProgram(u"gzip"_s, {u"-9c"_s}, {}, archive).out));
+    ASSERT_TRUE(w.shell.run.GfxOpened && w.shell.run.GfxIsGz && w.window.isEnabled());
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
     EXPECT_EQ(w.window.windowTitle(), prefix + u"my message.gz"_s);
-    EXPECT_EQ(QStringList({w.field(2), w.field(3), w.field(4)}).join(u'|'),
-              u"my message.gz|custom|800x600, Scale=100%"_s);
+    EXPECT_EQ(
+        QStringList({w.bench.status.field(2), w.bench.status.field(3), w.bench.status.field(4)})
+            .join(u'|'),
+        u"my message.gz|custom|800x600, Scale=100%"_s);
     EXPECT_EQ(w.action(u"mnuFile_ReOpen"_s).text(), u"ReOpen my message.gz  "_s);
     EXPECT_EQ(w.window.surface().size(), QSize(800, 600));
     EXPECT_TRUE(shown(w, u"Frame7RDMessage"_s));
-    const QByteArray listed = runProgram(u"cpio"_s, {u"-it"_s, u"--quiet"_s}, {}, archive).out;
-    EXPECT_EQ(column(*w.bench.params.list(TabGfxboot), 0).join(u'\n') + u'\n',
-              QString::fromUtf8(listed));
-    for (const ListRow& row : w.bench.params.list(TabGfxboot)->rows) {
-        EXPECT_EQ(row.cells[1].text,
-                  QString::number(fileSize(w.t.run.Workspace + row.cells[0].text)));
-    }
     EXPECT_EQ(column(*w.bench.params.list(TabBackgrounds), 0).first(), u"back.jpg"_s);
     EXPECT_TRUE(w.action(u"mnuFile_LastUsed"_s).isEnabled());
     expectOnDesktop(w);
@@ -134,26 +115,26 @@ TEST(Window, OpensAGzippedMessageOfDebian)
 
 TEST(Window, AFileThatIsNoneLeavesTheWindowUsableAndTheTitleTrue)
 {
-    TestWindow w;
+    Story w;
     w.open(smallFile(w, u"good"_s));
-    w.open(w.t.file(u"bad"_s, "no archive"), u"ERROR. File back.jpg not found!"_s);
+    w.open(w.shell.file(u"bad"_s, "no archive"), u"ERROR. File back.jpg not found!"_s);
     EXPECT_TRUE(w.window.isEnabled());
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-    EXPECT_TRUE(w.t.run.InterfaceReady);
+    EXPECT_TRUE(w.shell.run.InterfaceReady);
     EXPECT_EQ(w.window.windowTitle(), prefix + u"good"_s);
     EXPECT_EQ(w.window.menus().entries("mnuFile1").size(), 1U);
     // A cancelled dialog says nothing.
-    w.t.prompts.expectOpen({});
-    w.choose(u"mnuFile_Open"_s);
-    EXPECT_EQ(w.t.prompts.fileQuestions.back().folder, w.t.path({}) + u'/');
+    w.shell.prompts.expectOpen({});
+    w.choose("mnuFile_Open");
+    EXPECT_EQ(w.shell.prompts.fileQuestions.back().folder, w.shell.path({}) + u'/');
 }
 
 TEST(Window, PanelsHideAndComeBackByEitherButton)
 {
-    TestWindow w;
+    Story w;
     w.open(smallFile(w, u"good"_s, 700, 300));
     const QSize whole = w.window.size();
-    const int panel = w.t.run.RightPanelWidth;
+    const int panel = w.shell.run.RightPanelWidth;
     const std::tuple<QString, QString, QString, QString> sides[] = {
         {u"ComFrame1"_s, u"Toolbar1_7"_s, u"Frame1Vkladki"_s, u"Right"_s},
         {u"ComFrame2"_s, u"Toolbar1_8"_s, u"Frame2Podval"_s, u"Bottom"_s}};
@@ -174,86 +155,52 @@ TEST(Window, PanelsHideAndComeBackByEitherButton)
         EXPECT_TRUE(shown(w, frame));
         EXPECT_EQ(w.window.size(), whole);
     }
-    EXPECT_TRUE(w.t.run.RightPanelWidth == panel && w.t.run.InterfaceReady);
+    EXPECT_TRUE(w.shell.run.RightPanelWidth == panel && w.shell.run.InterfaceReady);
 }
 
 TEST(Window, SplittersMoveTheEdgesWithinTheirLimits)
 {
-    TestWindow w;
+    Story w;
     w.open(smallFile(w, u"good"_s, 360, 280));
     const QSize before = w.window.size();
-    const int width = w.t.run.RightPanelWidth;
-    const int height = w.t.run.BottomPanelHeight;
+    const int width = w.shell.run.RightPanelWidth;
+    const int height = w.shell.run.BottomPanelHeight;
     auto& vertical = w.find<QWidget>(u"Frame3Vertical"_s);
     auto& horizontal = w.find<QWidget>(u"Frame4Horizontal"_s);
     drag(vertical, {60, 0});
     EXPECT_EQ(w.window.size(), before + QSize(60, 0));
-    EXPECT_EQ(w.t.run.RightPanelWidth, width + 60);
+    EXPECT_EQ(w.shell.run.RightPanelWidth, width + 60);
     drag(horizontal, {0, 40});
     EXPECT_EQ(w.window.size(), before + QSize(60, 40));
-    EXPECT_EQ(w.t.run.BottomPanelHeight, height + 40);
+    EXPECT_EQ(w.shell.run.BottomPanelHeight, height + 40);
     EXPECT_EQ(w.window.surface().size(), QSize(360, 280));
     drag(vertical, {-5000, 0});
     EXPECT_EQ(w.window.width(), w.window.toolbar().MinWindowWidth());
     drag(horizontal, {0, -5000});
-    EXPECT_EQ(w.t.run.BottomPanelHeight, minBottomPanelHeight);
+    EXPECT_EQ(w.shell.run.BottomPanelHeight, minBottomPanelHeight);
     drag(vertical, {5000, 0});
     drag(horizontal, {0, 5000});
     expectOnDesktop(w);
     EXPECT_EQ(w.window.surface().visibleRegion().boundingRect().size(), QSize(360, 280));
 }
 
-TEST(Window, SpinControlsSetTheSameWidths)
-{
-    TestWindow w;
-    w.open(smallFile(w, u"good"_s));
-    auto& width = w.find<QSpinBox>(u"UpDown1"_s);
-    auto& height = w.find<QSpinBox>(u"UpDown2"_s);
-    EXPECT_EQ(width.minimum(), 200);
-    EXPECT_EQ(height.minimum(), 60);
-    EXPECT_EQ(width.value(), w.t.run.RightPanelWidth);
-    const QSize before = w.window.size();
-    const int panel = width.value();
-    width.setValue(panel + 30);
-    height.setValue(90);
-    EXPECT_EQ(w.t.run.RightPanelWidth, panel + 30);
-    EXPECT_EQ(w.t.run.BottomPanelHeight, 90);
-    EXPECT_EQ(w.window.size(), before + QSize(30, 90 - 150));
-    width.setValue(100'000);
-    height.setValue(100'000);
-    expectOnDesktop(w);
-}
-
-TEST(Window, ABackgroundLargerThanTheDesktopGetsScrollBars)
-{
-    TestWindow w;
-    w.open(smallFile(w, u"large"_s, 1600, 1200));
-    EXPECT_EQ(w.window.surface().size(), QSize(1600, 1200));
-    EXPECT_EQ(w.field(4), u"1600x1200, Scale=100%"_s);
-    expectOnDesktop(w);
-    w.open(smallFile(w, u"tiny"_s, 40, 30)); // the narrowest window
-    EXPECT_EQ(w.window.surface().size(), QSize(40, 30));
-    EXPECT_EQ(w.window.width(), w.window.toolbar().MinWindowWidth());
-    EXPECT_GE(w.window.height(), 200);
-}
-
 TEST(Window, TheLastUsedFileOpensAgainAndALostOneIsTold)
 {
-    TestWindow w;
+    Story w;
     w.open(smallFile(w, u"first"_s));
     const auto openEntry = [&w] {
         w.window.menus().entries("mnuFile1").front()->trigger();
         QCoreApplication::processEvents();
     };
     ASSERT_EQ(w.window.menus().entries("mnuFile1").size(), 1U);
-    ASSERT_TRUE(w.t.files.remove(w.t.run.Workspace + u"init"_s).ok());
+    ASSERT_TRUE(w.shell.files.remove(w.shell.run.Workspace + u"init"_s).ok());
     openEntry();
-    EXPECT_TRUE(FileExists(w.t.run.Workspace + u"init"_s));
-    ASSERT_TRUE(w.t.files.remove(w.t.path(u"first"_s)).ok());
-    w.t.prompts.expectMessage(u"The specified file is not available at this time."_s);
+    EXPECT_TRUE(FileExists(w.shell.run.Workspace + u"init"_s));
+    ASSERT_TRUE(w.shell.files.remove(w.shell.path(u"first"_s)).ok());
+    w.shell.prompts.expectMessage(u"The specified file is not available at this time."_s);
     openEntry();
     EXPECT_EQ(w.window.windowTitle(), prefix + u"first"_s);
-    w.choose(u"mnuFile_Clear"_s);
+    w.choose("mnuFile_Clear");
     EXPECT_TRUE(w.window.menus().entries("mnuFile1").empty());
     EXPECT_FALSE(w.action(u"mnuFile_LastUsed"_s).isEnabled());
     EXPECT_FALSE(w.action(u"mnuFile_Clear"_s).isEnabled());
@@ -261,15 +208,15 @@ TEST(Window, TheLastUsedFileOpensAgainAndALostOneIsTold)
 
 TEST(Window, FromGenerationToGenerationMenusToolsAndListsFollow)
 {
-    TestWindow w;
-    w.choose(u"mnuFile_New"_s);
-    ASSERT_EQ(w.t.run.gfxboot_var, 3);
+    Story w;
+    w.choose("mnuFile_New");
+    ASSERT_EQ(w.shell.run.gfxboot_var, 3);
     EXPECT_EQ(w.window.windowTitle(), prefix + u"@ZUK-MOSA@.gz"_s);
-    EXPECT_EQ(w.field(3), u"@ZUK-MOSA@"_s);
+    EXPECT_EQ(w.bench.status.field(3), u"@ZUK-MOSA@"_s);
     EXPECT_TRUE(shown(w, u"Frame5RDPanelTools"_s) && !shown(w, u"Frame7RDMessage"_s));
     EXPECT_GT(w.bench.params.tabCount(), 5);
     w.open(smallFile(w, u"old"_s));
-    EXPECT_EQ(w.field(3), u"old version ?"_s);
+    EXPECT_EQ(w.bench.status.field(3), u"old version ?"_s);
     EXPECT_TRUE(!shown(w, u"Frame5RDPanelTools"_s) && shown(w, u"Frame7RDMessage"_s));
     EXPECT_EQ(w.bench.params.tabCount(), 5);
     EXPECT_FALSE(w.action(u"mnuEdit_ZUK"_s).isEnabled());
@@ -282,18 +229,18 @@ TEST(Window, FromGenerationToGenerationMenusToolsAndListsFollow)
 
 TEST(Window, SaveAndReOpenBringTheFileBack)
 {
-    TestWindow w;
+    Story w;
     const QString path = smallFile(w, u"good"_s);
     w.open(path);
-    ASSERT_TRUE(w.t.files.write(w.t.run.Workspace + u"init"_s, "changed").ok());
-    w.choose(u"mnuFile_Save"_s);
-    ASSERT_TRUE(w.t.files.write(w.t.run.Workspace + u"init"_s, "dropped").ok());
-    w.t.prompts.expectMessage(u"Your changes will be lost."_s, Answer::Yes);
-    w.choose(u"mnuFile_ReOpen"_s);
-    EXPECT_EQ(bytesOf(w.t.run.Workspace + u"init"_s), "changed");
-    w.t.prompts.expectSave(w.t.path(u"copy"_s));
-    w.t.prompts.expectMessage(u"To do this?"_s, Answer::Yes);
-    w.choose(u"mnuFile_SaveAs"_s);
+    ASSERT_TRUE(w.shell.files.write(w.shell.run.Workspace + u"init"_s, "changed").ok());
+    w.choose("mnuFile_Save");
+    ASSERT_TRUE(w.shell.files.write(w.shell.run.Workspace + u"init"_s, "dropped").ok());
+    w.shell.prompts.expectMessage(u"Your changes will be lost."_s, Answer::Yes);
+    w.choose("mnuFile_ReOpen");
+    EXPECT_EQ(bytesOf(w.shell.run.Workspace + u"init"_s), "changed");
+    w.shell.prompts.expectSave(w.shell.path(u"copy"_s));
+    w.shell.prompts.expectMessage(u"To do this?"_s, Answer::Yes);
+    w.choose("mnuFile_SaveAs");
     EXPECT_EQ(w.window.windowTitle(), prefix + u"copy.gz"_s);
     EXPECT_EQ(w.window.menus().entries("mnuFile1").size(), 2U);
 }

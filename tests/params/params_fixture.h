@@ -9,9 +9,6 @@
 #include "params/tabs.h"
 #include "support/test_shell.h"
 
-#include <QBuffer>
-#include <QImage>
-
 namespace fennel::test {
 
 using namespace Qt::StringLiterals;
@@ -28,7 +25,7 @@ protected:
         shell.run.GfxFileName = u"boot.gz"_s;
         fonts[0].FontName = u"Sans"_s;
         fonts[0].Size = 14;
-        shell.member(u"Logo_msk.jpg"_s, jpeg(120, 80));
+        shell.member(u"Logo_msk.jpg"_s, jpegOf({120, 80}));
         for (int file = 0; file < zukFileCount; ++file) {
             for (int param = 1; param <= zukParamCount; ++param)
                 describe(file, param);
@@ -36,15 +33,6 @@ protected:
         set(1, 1, 0); // no sparkles
     }
 
-    static QByteArray jpeg(int width, int height)
-    {
-        QImage image(width, height, QImage::Format_RGB32);
-        image.fill(Qt::white);
-        QBuffer buffer;
-        buffer.open(QIODevice::WriteOnly);
-        image.save(&buffer, "JPG");
-        return buffer.data();
-    }
     void describe(int file, int param)
     {
         ZukCell& cell = lists.ZUKarr.at(file, param);

@@ -103,19 +103,6 @@ TEST(Catalogue, ShipsTheSameParametersInBothLanguages)
     EXPECT_EQ(english.filter(u"#сolor"_s).size(), 18);
 }
 
-TEST(Catalogue, LoadsInTheLanguageOfTheRun)
-{
-    for (const QString& language : {u"0409"_s, u"0419"_s, u"0407"_s, QString()}) {
-        TestShell shell;
-        shell.run.AppPath = QStringLiteral(FENNEL_BIN_DIR);
-        shell.run.CurrentLang = language;
-        ZUKarr table;
-        ASSERT_TRUE(LoadCatalogue(shell.shell, table));
-        const QString comment = language == u"0419" ? u"второй цвет текста"_s : u"TextColor2"_s;
-        EXPECT_EQ(shown(table.at(15, 17)), u"s.info.color2=hex 65280|"_s + comment);
-    }
-}
-
 TEST(Catalogue, TellsWhatItCannotRead)
 {
     TestShell shell;

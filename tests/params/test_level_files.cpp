@@ -3,8 +3,6 @@
 
 #include "params/level_files.h"
 
-#include <QDir>
-
 #include <random>
 
 using namespace fennel;
@@ -142,32 +140,4 @@ TEST_F(LevelFiles, NeedGeneration3)
     EXPECT_EQ(level(0, 1), 44);
     EXPECT_TRUE(WriteLevelFiles(shell.shell, lists.ZUKarr));
     EXPECT_EQ(bytes(u"ZUK0000.CFG"_s), quoted);
-}
-
-TEST_F(LevelFiles, AreNeverHalf)
-{
-    build();
-    saveAll();
-    const QDir folder(shell.run.Workspace);
-    const QStringList names = folder.entryList(QDir::Files);
-    setTypedValue(lists, fonts, panel(5).TabIndex, 2, u"1000");
-    GatherListValues(shell.shell, lists);
-    const QByteArray before = bytes(u"ZUK0000.CFG"_s);
-    QByteArray after;
-    int failing = 0;
-    for (bool written = false; !written; ++failing) {
-        ASSERT_LT(failing, 100);
-        shell.files.calls = 0;
-        shell.files.failAt = failing + 1;
-        const Result<void> result = WriteLevelFiles(shell.shell, lists.ZUKarr);
-        written = result.ok();
-        EXPECT_EQ(folder.entryList(QDir::Files), names) << failing;
-        after = bytes(u"ZUK0000.CFG"_s);
-        EXPECT_EQ(after.size(), before.size());
-        if (failing < 9) { // one write for each of the nine files, then the renames
-            EXPECT_EQ(after, before);
-        }
-    }
-    EXPECT_GT(failing, 18);
-    EXPECT_NE(after, before);
 }

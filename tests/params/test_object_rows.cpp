@@ -3,9 +3,6 @@
 
 #include "params_fixture.h"
 
-#include <QFile>
-#include <QSet>
-
 using namespace fennel;
 using namespace Qt::StringLiterals;
 
@@ -47,23 +44,9 @@ TEST_F(ObjectRows, ShowAParameter)
     EXPECT_EQ(lists.ZUKarr.at(0, 6).RowPos, 4);
 }
 
-TEST_F(ObjectRows, AreColouredByTheSwitch)
-{
-    for (const auto& [enabled, own, other] :
-         {std::tuple{1, blueRow, blackRow}, {5, blueRow, blackRow}, {0, greyRow, greyRow}}) {
-        set(4, 1, enabled);
-        build();
-        EXPECT_TRUE(row(24, u":01:="_s).colour == blueRow && row(24, u":01:="_s).bold);
-        EXPECT_EQ(row(24, u":02:="_s).colour, own) << enabled;
-        EXPECT_EQ(row(24, u":02:="_s).cells[1].colour, own) << enabled;
-        EXPECT_EQ(row(24, u":18:="_s).colour, other) << enabled;
-    }
-    EXPECT_EQ(row(0, u":42:="_s).colour, blueRow); // always on
-}
-
 TEST_F(ObjectRows, EndWithTheMembers)
 {
-    shell.member(u"Logo_10.jpg"_s, jpeg(9, 9));
+    shell.member(u"Logo_10.jpg"_s, test::jpegOf({9, 9}));
     shell.member(u"Logo_02.jpg"_s, "12345");
     shell.member(u"Logo_xx.jpg"_s, "no number");
     shell.member(u"ZUK_Read.txt"_s, "help");

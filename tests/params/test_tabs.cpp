@@ -72,17 +72,6 @@ TEST_F(Tabs, OfATemplate)
     EXPECT_EQ(lists.CurrentTab, 1);
 }
 
-TEST_F(Tabs, LeaveObjectsShownOrNot)
-{
-    set(0, 11, 0);
-    build();
-    EXPECT_TRUE(shownAfterLeaving(lists, panel(0).TabIndex));  // constant -1
-    EXPECT_TRUE(shownAfterLeaving(lists, panel(5).TabIndex));  // on
-    EXPECT_FALSE(shownAfterLeaving(lists, panel(6).TabIndex)); // off
-    EXPECT_FALSE(shownAfterLeaving(lists, panel(7).TabIndex)); // only while selected
-    EXPECT_FALSE(shownAfterLeaving(lists, 2));
-}
-
 TEST_F(Tabs, EnableButtonsForMembers)
 {
     build();
@@ -175,44 +164,6 @@ TEST_F(Tabs, AnswerDoubleClicks)
         put(TabConfig, coloured(colour));
         EXPECT_EQ(twice(TabConfig), DoubleClick::Nothing);
     }
-}
-
-TEST_F(Tabs, AnswerKeysAndChecks)
-{
-    EXPECT_EQ(onListKey(TabMenu, Qt::Key_Return), ListKey::TakeMenu);
-    EXPECT_EQ(onListKey(TabConfig, Qt::Key_Enter), ListKey::EditValue);
-    EXPECT_EQ(onListKey(6, Qt::Key_2), ListKey::FlipCheck);
-    EXPECT_EQ(onListKey(TabFonts, Qt::Key_Return), ListKey::Nothing);
-
-    lists.list(TabMenu)->rows = {coloured(blackRow), coloured(blackRow), coloured(blackRow)};
-    EXPECT_EQ(onRowCheck(shell.run, lists, TabMenu, 2), RowCheck::Refuse);
-    EXPECT_EQ(onRowCheck(shell.run, lists, TabMenu, 3), RowCheck::TakeMenu);
-    lists.list(TabConfig)->rows = {coloured(blueRow), coloured(fixedRow)};
-    EXPECT_EQ(onRowCheck(shell.run, lists, TabConfig, 1), RowCheck::Refuse);
-    shell.run.gfxboot_var = 2;
-    EXPECT_EQ(onRowCheck(shell.run, lists, TabConfig, 1), RowCheck::WriteCfg);
-    EXPECT_EQ(onRowCheck(shell.run, lists, TabConfig, 2), RowCheck::Refuse);
-    EXPECT_EQ(onRowCheck(shell.run, lists, TabConfig, 9), RowCheck::Refuse);
-}
-
-TEST_F(Tabs, AnswerButtons)
-{
-    shell.member(u"Logo_01.jpg"_s, "1");
-    build();
-    const int logo = panel(4).TabIndex;
-    EXPECT_EQ(onComADD(lists, TabFonts), AddAction::AddFont);
-    EXPECT_EQ(onComADD(lists, logo), AddAction::AddLogo);
-    EXPECT_EQ(onComADD(lists, panel(23).TabIndex), AddAction::TellPlanned);
-    EXPECT_EQ(onComEdit(lists, TabGfxboot, u"back.jpg"_s), EditAction::TellSpecialTab);
-    EXPECT_EQ(onComEdit(lists, TabGfxboot, u"init"_s), EditAction::EditText);
-    EXPECT_EQ(onComEdit(lists, TabBackgrounds, u"back.jpg"_s), EditAction::EditBackground);
-    EXPECT_EQ(onComEdit(lists, logo, u"Logo_01.jpg"_s), EditAction::EditLogo);
-    EXPECT_EQ(onComEdit(lists, panel(28).TabIndex, u"ani_03.jpg"_s), EditAction::TellPlanned);
-    const int file = rowNumber(4, u"Logo_01.jpg"_s);
-    EXPECT_EQ(onComDEL(lists, logo, file, false), DeleteAction::AskDelete);
-    EXPECT_EQ(onComDEL(lists, logo, file, true), DeleteAction::RefuseRequired);
-    EXPECT_EQ(onComDEL(lists, logo, 1, false), DeleteAction::Nothing);
-    EXPECT_EQ(onComDEL(lists, logo, 0, false), DeleteAction::Nothing);
 }
 
 TEST_F(Tabs, HavePopups)

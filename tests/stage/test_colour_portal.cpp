@@ -144,22 +144,6 @@ TEST_F(Portal, GivesTheColourOrTheCancelOrTheReason)
     EXPECT_FALSE(pipette.working());
 }
 
-TEST_F(Portal, TakesItsQuestionBack)
-{
-    Pipette pipette(nullptr);
-    pipette.usePortal(*client);
-    QSignalSpy finished(&pipette, &Pipette::finished);
-    pipette.start();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !portal.request.isEmpty(); }));
-    pipette.stop();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return portal.closed == 1; }));
-    ASSERT_EQ(finished.size(), 1);
-    EXPECT_FALSE(finished[0][0].toBool());
-    answer(0, {{u"color"_s, QVariant::fromValue(Colour{1, 1, 1})}});
-    QTest::qWait(50);
-    EXPECT_EQ(finished.size(), 1);
-}
-
 } // namespace
 
 } // namespace fennel::test

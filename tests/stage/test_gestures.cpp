@@ -88,32 +88,6 @@ TEST_F(StageTest, StoredLengthsAtHalfScale)
     EXPECT_EQ(rec(5).Top, 31);
 }
 
-TEST_F(StageTest, FixedSidesNeverMove)
-{
-    openZuk();
-    host.tabObject = 8;
-    stage.RefreshPanels();
-    stage.raisePanel(8);
-    drag({90, 70}, {300, 300});
-    EXPECT_EQ(stage.panel(8).rect, QRect(80, 60, 640, 480));
-    rec(5).LeftParam = -20;
-    stage.raisePanel(5);
-    drag({30, 40}, {200, 100});
-    EXPECT_EQ(stage.panel(5).rect.topLeft(), QPoint(20, 90)) << "only vertically";
-}
-
-TEST_F(StageTest, MenuAndBarMoveTogether)
-{
-    openZuk();
-    drag({110, 210}, {160, 250}); // the bar
-    EXPECT_EQ(stage.panel(0).rect, QRect(150, 240, 500, 140));
-    EXPECT_EQ(stage.panel(1).rect, QRect(150, 240, 500, 24));
-    EXPECT_TRUE(rec(0).Left == 150 && rec(0).Top == 240 && host.rows.back() == 1);
-    drag({160, 370}, {760, 600}); // the menu
-    EXPECT_EQ(stage.panel(1).rect, QRect(300, 460, 500, 24)) << "the menu stays on the picture";
-    EXPECT_EQ(stage.stacking().back(), 1);
-}
-
 TEST_F(StageTest, OldMenusReachTheRightEdgeAndWriteTheCfg)
 {
     openOld(2);

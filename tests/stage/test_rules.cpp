@@ -101,25 +101,6 @@ TEST(Geometry, PullingMovesOnlyFreeSides)
     EXPECT_EQ(pull(1, 3, {0, 300}), QPoint(52, 300));
 }
 
-TEST(ScaleRules, WhatIsAccepted)
-{
-    EXPECT_TRUE(menuScaleAccepted({800, 600}, 1, 50));
-    EXPECT_TRUE(menuScaleAccepted({400, 300}, 0.5, 50)) << "relative to the picture now shown";
-    EXPECT_FALSE(menuScaleAccepted({800, 590}, 1, 50)) << "both sides count";
-    for (const double answer : {0.5, 200.5, std::nan("")})
-        EXPECT_EQ(customScaleAnswer({1024, 768}, 1, answer), ScaleAnswer::Ignored);
-    EXPECT_EQ(customScaleAnswer({800, 600}, 1, 24), ScaleAnswer::TooSmall);
-    EXPECT_EQ(customScaleAnswer({800, 600}, 1, 25), ScaleAnswer::Accepted);
-}
-
-TEST(ScaleRules, Texts)
-{
-    EXPECT_EQ(scaleStatus(1024, 768, 0.375), u"1024x768, Scale=38%"_s);
-    EXPECT_EQ(customScalePrompt({1920, 1080}, {800, 600}, 0.375, {300, 225}),
-              u"Screen size: 1920x1080\nReal background size: 800x600\nCurrent scale: 37.50%\n"
-              "Screen background size: 300x225\nEnter your scale (1-100%) "_s);
-}
-
 TEST(ScaleRules, FillTakesTheTighterSide)
 {
     FillRoom room;

@@ -36,27 +36,6 @@ TEST_F(StageTest, TenPlacesOfBlendedPanels)
         EXPECT_EQ(image.pixel(x, y), colour) << x << "," << y;
 }
 
-TEST_F(StageTest, PanelsMeetAtExactPixelsAtHalfScale)
-{
-    openOld();
-    rec(0).Transp = 0;
-    rec(1).Transp = 0;
-    run().PreviewScale = 0.5;
-    stage.setBackground(placePicture({400, 300}));
-    stage.RefreshPanels();
-    const QImage image = painted();
-    EXPECT_EQ(image.size(), QSize(400, 300));
-    // The bar has 12 rows of 11.5, the menu ends behind 85 + 82 of 81.5.
-    for (const auto& [x, y, colour] : {std::tuple{125, 85, qRgb(125, 85, 210)},
-                                       {126, 84, qRgb(126, 84, 210)},
-                                       {126, 85, qRgb(255, 255, 255)},
-                                       {399, 96, qRgb(255, 255, 255)},
-                                       {399, 97, qRgb(128, 128, 128)},
-                                       {399, 166, qRgb(128, 128, 128)},
-                                       {399, 167, qRgb(143, 167, 54)}})
-        EXPECT_EQ(image.pixel(x, y), colour) << x << "," << y;
-}
-
 TEST_F(StageTest, VisibilityInGenerationThree)
 {
     openZuk();
@@ -118,19 +97,6 @@ TEST_F(StageTest, UpperPanelsHideLowerOnesAndSelectionRaises)
     EXPECT_EQ(stage.panelAt({150, 210}), 5);
     rec(5).Enabled = false;
     EXPECT_EQ(stage.panelAt({150, 210}), 1) << "a disabled panel lets the mouse through";
-}
-
-TEST_F(StageTest, MovedPanelKeepsItsPictureUntilItIsDrawn)
-{
-    openZuk();
-    stage.setPanelRect(5, {300, 300, 72, 22});
-    EXPECT_EQ(painted().pixel(300, 300), qRgb(20, 30, 50)) << "the old place's background";
-    stage.DrawPanel(5);
-    EXPECT_EQ(painted().pixel(300, 300), qRgb(44, 44, 88));
-    rec(5).BackColor = qRgb(7, 8, 9);
-    stage.DrawPanel(5);
-    stage.setPlain(5);
-    EXPECT_EQ(painted().pixel(300, 300), qRgb(7, 8, 9));
 }
 
 TEST_F(StageTest, PlacesOffTheScreenAndStrangeSizes)
@@ -270,16 +236,4 @@ TEST_F(StageTest, TabWalksThroughTheObjects)
     run().GfxOpened = false;
     stage.SelectNextPanel(false);
     EXPECT_EQ(stage.SelectedPanel, 22) << "nothing open, nothing activated";
-}
-
-TEST_F(StageTest, AnotherGfxbootStartsUnselected)
-{
-    openZuk();
-    stage.ActivatePanel(22);
-    run().GfxHasZuk = false;
-    openOld();
-    EXPECT_EQ(stage.SelectedPanel, -1);
-    EXPECT_FALSE(stage.markerVisible());
-    EXPECT_EQ(stage.panelAt({30, 35}), -1) << "Time of the last one is gone";
-    EXPECT_EQ(painted().pixel(30, 35), qRgb(30, 35, 65));
 }

@@ -3,9 +3,7 @@
 #include "stage/stage_surface.h"
 #include "stage_fixture.h"
 
-#include <QSignalSpy>
 #include <QTest>
-#include <QToolTip>
 
 using namespace fennel;
 using namespace fennel::test;
@@ -43,15 +41,6 @@ public:
 };
 
 } // namespace
-
-TEST_F(SurfaceTest, ShowsTheStagePixelForPixel)
-{
-    EXPECT_EQ(surface.objectName(), u"Picture1"_s);
-    EXPECT_EQ(surface.size(), QSize(800, 600));
-    EXPECT_EQ(surface.grab().toImage().convertToFormat(QImage::Format_RGB32), painted());
-    stage.setBackground(placePicture({400, 300}));
-    EXPECT_EQ(surface.size(), QSize(400, 300));
-}
 
 TEST_F(SurfaceTest, DragByRealEventsRepaintsOldAndNewPlaceOnly)
 {

@@ -61,4 +61,14 @@ inline QMap<QByteArray, QByteArray> contentsOf(const QString& folder)
     return contents;
 }
 
+// The message files of Debian's boot screens.
+inline QStringList debianMessages()
+{
+    const QDir themes(QStringLiteral("/etc/bootsplash/themes"));
+    QStringList found;
+    for (const QString& theme : themes.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+        found << themes.filePath(theme + QStringLiteral("/bootloader/message"));
+    return found;
+}
+
 } // namespace fennel::test

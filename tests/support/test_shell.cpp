@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/test_shell.h"
 
+#include <QBuffer>
 #include <QFile>
 
 namespace fennel::test {
@@ -97,11 +98,43 @@ QString TestShell::file(const QString& name, const QByteArray& bytes)
     return where;
 }
 
+QString TestShell::folder(const QString& name)
+{
+    EXPECT_TRUE(DiskFiles().makeFolder(path(name)).ok());
+    return path(name);
+}
+
+QString TestShell::script(const QString& name, const QByteArray& text)
+{
+    // Not even its owner may write to a tool that an earlier call left.
+    QFile::remove(path(name));
+    const QString where = file(name, "#!/bin/sh\n" + text + "\n");
+    EXPECT_TRUE(QFile::setPermissions(where, QFile::ReadOwner | QFile::ExeOwner));
+    return where;
+}
+
+QString TestShell::picture(const QString& name, QSize size, QRgb colour)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(colour);
+    EXPECT_TRUE(image.save(path(name)));
+    return path(name);
+}
+
 QString TestShell::member(const QString& name, const QByteArray& bytes)
 {
     const QString where = run.Workspace + name;
     EXPECT_TRUE(DiskFiles().write(where, bytes).ok());
     return where;
+}
+
+QByteArray jpegOf(QSize size)
+{
+    QImage picture(size, QImage::Format_RGB32);
+    picture.fill(Qt::darkCyan);
+    QBuffer buffer;
+    EXPECT_TRUE(buffer.open(QIODevice::WriteOnly) && picture.save(&buffer, "JPG"));
+    return buffer.data();
 }
 
 QByteArray bytesOf(const QString& path)

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
 #include <QTemporaryDir>
 
 namespace fennel::test {
@@ -96,6 +97,11 @@ public:
     QString file(const QString& name, const QByteArray& bytes);
     // The same in the Workspace.
     QString member(const QString& name, const QByteArray& bytes);
+    QString folder(const QString& name);
+    // A shell script that stands in for a tool.
+    QString script(const QString& name, const QByteArray& text);
+    // A picture of one colour, of the kind that the name's ending says.
+    QString picture(const QString& name, QSize size, QRgb colour);
     [[nodiscard]] QString path(const QString& name) const { return m_folder.filePath(name); }
 
     RunState run;
@@ -110,5 +116,6 @@ private:
 };
 
 QByteArray bytesOf(const QString& path);
+QByteArray jpegOf(QSize size); // of one colour
 
 } // namespace fennel::test

@@ -97,16 +97,6 @@ TEST(Backgrounds, AddsUnderTheNextNumberInTheSizeOfTheFirst)
     EXPECT_EQ(w.t.run.BackFile, w.member(u"back_01.jpg"_s));
 }
 
-TEST(Backgrounds, WithoutAMemberListNothingIsAdded)
-{
-    PictureWorkspace w;
-    ASSERT_TRUE(w.t.files.remove(w.member(u"#.lst"_s)).ok());
-    const auto before = w.everything();
-    mnuEDIT_ADDBack(w.shell, w.host);
-    EXPECT_EQ(w.user.texts, QStringList{u"Gfxboot info is lost!"_s});
-    EXPECT_EQ(w.everything().keys(), before.keys());
-}
-
 TEST(Backgrounds, ResizesAllOrNone)
 {
     PictureWorkspace w;

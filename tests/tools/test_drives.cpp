@@ -71,22 +71,6 @@ TEST_F(DrivesTest, AStickComesGoesAndComesBack)
     EXPECT_EQ(summary(drives), u"C Local ; D Local efi; E Removable BOOT ME; F Removable second"_s);
 }
 
-TEST_F(DrivesTest, OneStickForAnotherIsToldAsBoth)
-{
-    mountStick(machine, 1);
-    drives.RefreshDriveInfo(false, false);
-    unmountStick(machine, 1);
-    mountStick(machine, 2);
-    shell.prompts.expectMessage(u"Disconnected drive E:"_s);
-    shell.prompts.expectMessage(u"Connected drive F:"_s);
-    drives.mountsChanged();
-    EXPECT_EQ(summary(drives), u"C Local ; D Local efi; F Removable second"_s);
-    // Without `notify` nothing is said.
-    unmountStick(machine, 2);
-    drives.RefreshDriveInfo(false, false);
-    EXPECT_EQ(summary(drives), u"C Local ; D Local efi"_s);
-}
-
 TEST_F(DrivesTest, ChoosingADriveFindsItsDiskAndMenus)
 {
     mountStick(machine, 1);

@@ -46,27 +46,6 @@ struct ImageTool {
 
 } // namespace
 
-TEST(ImageTool, MakesASplashImageAndItsView)
-{
-    ImageTool w;
-    EXPECT_FALSE(BackToXpm(w.shell));
-    EXPECT_FALSE(FileExists(w.logPath) && !w.logLines().isEmpty());
-    EXPECT_TRUE(w.recorder.lines.isEmpty());
-
-    w.t.run.BackFile = w.root + u"message/back.jpg"_s;
-    w.t.member(u"back.jpg"_s, bytesOf(w.jpeg(u"b.jpg"_s)));
-    EXPECT_TRUE(BackToXpm(w.shell));
-    EXPECT_EQ(w.lastLine(), u"T -overwrite -blur 25 -colors 14 -out xpm -resize 640 480 -dpi 72"
-                            " -o R/~splash.xpm R/message/back.jpg ,0"_s);
-    EXPECT_TRUE(XpmToGif(w.shell));
-    EXPECT_EQ(w.lastLine(), u"T -overwrite -out gif -o R/~splash.gif R/~splash.xpm ,0"_s);
-    EXPECT_EQ(outputOf(u"identify"_s, {u"-format"_s, u"%m %wx%h"_s, w.root + splashGifName}),
-              u"GIF 640x480"_s);
-    EXPECT_EQ(quadrantsOf(w.root + splashGifName), u"rgby"_s);
-    EXPECT_EQ(w.logLines(),
-              (QStringList{u"      ncovert.back_2_XPM"_s, u"      ncovert.XPM_2_JPG"_s}));
-}
-
 TEST(ImageTool, MakesIconsAndForgetsOldOnes)
 {
     ImageTool w;

@@ -29,26 +29,6 @@ TEST(Logos, AddsALogoInTheSizeOfTheMaskWithItsText)
     EXPECT_FALSE(w.listed().contains(u"Logo_02.txt"_s));
 }
 
-TEST(Logos, AddingNeedsTheMaskAGenerationAndANumber)
-{
-    PictureWorkspace w;
-    const auto before = w.everything();
-    w.host.logos = QStringList{u"logo_99.jpg"_s};
-    mnuEDIT_ADDLogo(w.shell, w.host);
-    EXPECT_TRUE(w.user.texts.last().contains(u"no free number"_s));
-    w.host.logos = QStringList{u"Logo_msk.jpg"_s};
-    w.user.chosen = w.t.file(u"broken.png"_s, "no picture");
-    mnuEDIT_ADDLogo(w.shell, w.host);
-    EXPECT_TRUE(w.everything() == before);
-    ASSERT_TRUE(w.t.files.remove(w.member(u"Logo_msk.jpg"_s)).ok());
-    mnuEDIT_ADDLogo(w.shell, w.host);
-    EXPECT_EQ(w.user.texts.last(), u"File Logo_msk.jpg not found"_s);
-    const qsizetype told = w.user.texts.size();
-    w.t.run.GfxHasZuk = false;
-    mnuEDIT_ADDLogo(w.shell, w.host);
-    EXPECT_EQ(w.user.texts.size(), told);
-}
-
 TEST(Logos, AChangedLogoKeepsItsOwnSize)
 {
     PictureWorkspace w;

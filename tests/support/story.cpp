@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/story.h"
+#include "support/story.h"
 
-#include "frame/menus.h"
 #include "frame/stage_link.h"
+#include "params/cfg_table.h"
 #include "params/right_panel.h"
 #include "shell/startup.h"
 #include "stage/stage_surface.h"
@@ -35,23 +35,31 @@ Shell& started(TestShell& shell)
 Story::Story() : store(shell.path(u"settings.ini"_s)), bench(started(shell), store), window(bench)
 {
     window.show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
+QAction& Story::action(const QString& name)
+{
+    QAction* found = window.menus().action(name);
+    if (found == nullptr)
+        qFatal("no %s", qPrintable(name));
+    return *found;
 }
 
 void Story::choose(const char* item)
 {
-    QAction* action = window.menus().action(QLatin1String(item));
-    ASSERT_NE(action, nullptr) << item;
-    ASSERT_TRUE(action->isEnabled()) << item;
-    action->trigger();
+    ASSERT_TRUE(action(QLatin1String(item)).isEnabled()) << item;
+    action(QLatin1String(item)).trigger();
     QCoreApplication::processEvents();
 }
 
-void Story::open(const QString& path)
+void Story::open(const QString& path, const QString& message)
 {
     if (!run().GfxOpened)
         user().expectMessage(u"You can choose any of the variants."_s);
     user().expectOpen(path);
+    if (!message.isEmpty())
+        user().expectMessage(message);
     choose("mnuFile_Open");
 }
 
@@ -83,16 +91,34 @@ void Story::goToTab(const QString& caption)
     FAIL() << "no tab " << caption.toStdString();
 }
 
+void Story::goToAllTabs()
+{
+    for (int tab = 1; tab <= lists().tabCount(); ++tab)
+        goToTab(lists().tabs[static_cast<std::size_t>(tab)].caption);
+}
+
+QAbstractItemView& Story::view()
+{
+    ListView* shown = window.rightPanel().view(lists().CurrentTab);
+    return *qobject_cast<QAbstractItemView*>(shown->currentWidget());
+}
+
+void Story::editRow(const QString& tab, const QString& item)
+{
+    goToTab(tab);
+    ASSERT_NE(goToRow(item), 0);
+    QTest::mouseClick(&window.rightPanel().editButton(), Qt::LeftButton);
+}
+
 int Story::goToRow(const QString& item)
 {
-    ListView* view = window.rightPanel().view(lists().CurrentTab);
     for (int row = 1; row <= list().count(); ++row) {
         if (list().row(row)->text() != item)
             continue;
-        view->select(row);
-        auto* inner = qobject_cast<QAbstractItemView*>(view->currentWidget());
-        QTest::mouseClick(inner->viewport(), Qt::LeftButton, {},
-                          inner->visualRect(inner->currentIndex()).center());
+        window.rightPanel().view(lists().CurrentTab)->select(row);
+        QAbstractItemView& shown = view();
+        QTest::mouseClick(shown.viewport(), Qt::LeftButton, {},
+                          shown.visualRect(shown.currentIndex()).center());
         return row;
     }
     ADD_FAILURE() << "no row " << item.toStdString();
@@ -103,8 +129,7 @@ void Story::type(const QString& item, const QString& value)
 {
     const int row = goToRow(item);
     ASSERT_NE(row, 0);
-    auto* inner = window.rightPanel().view(lists().CurrentTab)->currentWidget();
-    QTest::keyClick(inner, Qt::Key_Return);
+    QTest::keyClick(&view(), Qt::Key_Return);
     ValueEditor& editor = window.rightPanel().editor();
     ASSERT_TRUE(editor.isVisible()) << item.toStdString();
     editor.setText(value);
@@ -128,6 +153,12 @@ void Story::drag(QPoint from, QPoint to)
     QTest::mouseMove(&stage, (from + to) / 2);
     QTest::mouseMove(&stage, to);
     QTest::mouseRelease(&stage, Qt::LeftButton, {}, to);
+}
+
+void Story::click(QWidget& widget)
+{
+    QTest::mouseClick(&widget, Qt::LeftButton);
+    QCoreApplication::processEvents();
 }
 
 void Story::click(QPoint place, Qt::MouseButton button)
@@ -178,6 +209,17 @@ std::map<QString, QByteArray> membersOf(const QString& messageFile)
     // QTemporaryDir leaves files whose names are not UTF-8.
     EXPECT_TRUE(DiskFiles().removeFolder(folder.path()).ok());
     return members;
+}
+
+QString messageWith(TestShell& shell, const QByteArray& cfg)
+{
+    auto members = membersOf(u"/etc/bootsplash/themes/openSUSE/bootloader/message"_s);
+    members.erase(u"gfxboot.cfg"_s);
+    for (const CfgParam& param : cfgParams)
+        members[u"init"_s] += param.name.toUtf8() + '\0';
+    if (!cfg.isNull())
+        members[u"gfxboot.cfg"_s] = cfg;
+    return messageOf(shell, members);
 }
 
 QString messageOf(TestShell& shell, const std::map<QString, QByteArray>& members)
