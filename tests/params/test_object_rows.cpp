@@ -3,6 +3,8 @@
 
 #include "params_fixture.h"
 
+#include <QSet>
+
 using namespace fennel;
 using namespace Qt::StringLiterals;
 
