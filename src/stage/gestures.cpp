@@ -229,6 +229,21 @@ void StageGestures::storePlace(int index)
     }
 }
 
+// While it moves, an object larger than the picture may stand above or left of it, where no move is
+// stored. One that a typed value put there stays.
+void StageGestures::keepInside(int index)
+{
+    for (const int row : {index, isMenuRow(index) ? MenuBarRow - index : -1}) {
+        if (!m_stage.isRow(row))
+            continue;
+        const PanelRec& rec = m_stage.record(row);
+        QRect rect = m_stage.panel(row).rect;
+        rect.moveTopLeft({rec.Left < 0 ? rect.x() : std::max(0, rect.x()),
+                          rec.Top < 0 ? rect.y() : std::max(0, rect.y())});
+        m_stage.setPanelRect(row, rect);
+    }
+}
+
 // The end of a move: record, picture and rows say the same.
 void StageGestures::settle(int index)
 {
@@ -237,6 +252,7 @@ void StageGestures::settle(int index)
         return;
     }
     storePlace(index);
+    keepInside(index);
     if (index == m_stage.SelectedPanel)
         m_stage.redraw(index);
     if (levels())
@@ -260,6 +276,8 @@ void StageGestures::panelReleased(const StageMouse& mouse)
         stepLogo(mouse.modifiers & Qt::ShiftModifier);
     } else if (mouse.button == Qt::LeftButton && !roll) {
         settle(index);
+    } else if (mouse.button == Qt::LeftButton && levels()) {
+        keepInside(index); // the move has stored its place already
     }
     // Hidden while the panel moved, as it would have stayed behind.
     m_stage.ShowMarker(m_stage.SelectedPanel, 0);

@@ -80,6 +80,7 @@ private:
     [[nodiscard]] const Before* before(int index) const;
     [[nodiscard]] qint16 lengthFor(int shown, qint16 now, qint16 old, int high) const;
     void storePlace(int index);
+    void keepInside(int index);
     void settle(int index);
     void nudge(int index, QPoint by);
 

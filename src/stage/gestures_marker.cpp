@@ -109,6 +109,9 @@ void StageGestures::markerReleased()
             m_stage.host().PanelParamsToRow(index);
         else if (isMenuRow(index))
             writeMenuEntries();
+        // One line of a huge font is higher than the screen, and more than the record holds.
+        rect.setSize(rect.size().boundedTo(m_stage.pictureSize()));
+        m_stage.setPanelRect(index, rect);
     }
     m_pulled = false;
     m_stage.redraw(index);
