@@ -276,8 +276,6 @@ void StageGestures::panelReleased(const StageMouse& mouse)
         stepLogo(mouse.modifiers & Qt::ShiftModifier);
     } else if (mouse.button == Qt::LeftButton && !roll) {
         settle(index);
-    } else if (mouse.button == Qt::LeftButton && levels()) {
-        keepInside(index); // the move has stored its place already
     }
     // Hidden while the panel moved, as it would have stayed behind.
     m_stage.ShowMarker(m_stage.SelectedPanel, 0);

@@ -193,6 +193,29 @@ TEST_F(StageTest, MenuHeightSnapsAndIsWrittenAsEntries)
     EXPECT_EQ(stage.panel(0).rect.height(), 20);
 }
 
+TEST_F(StageTest, WhatIsLargerThanThePictureEndsWhereItsRecordSays)
+{
+    openZuk();
+    setPlace(22, 0, 10, 300, 700);
+    stage.RefreshPanels();
+    stage.ActivatePanel(22);
+    drag({100, 100}, {100, 300});
+    EXPECT_EQ(rec(22).Top, 0);
+    EXPECT_EQ(stage.panel(22).rect, QRect(0, 0, 300, 700));
+    setPlace(22, 0, -5, 300, 40); // as it was typed
+    stage.RefreshPanels();
+    mouse.press(left({100, 20}));
+    mouse.release(up({100, 20}));
+    EXPECT_EQ(rec(22).Top, -5);
+    EXPECT_EQ(stage.panel(22).rect.y(), -5);
+    fonts[0].Size = 5000;
+    openOld(2);
+    stage.ActivatePanel(0);
+    drag(stage.marker().center(), stage.marker().center() + QPoint(0, 30));
+    EXPECT_EQ(rec(0).Height, 600);
+    EXPECT_EQ(stage.panel(0).rect.height(), 600);
+}
+
 TEST_F(StageTest, DoubleClickStepsTheLogoOnItsTab)
 {
     openZuk();
