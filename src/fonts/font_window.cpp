@@ -5,6 +5,8 @@
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QScreen>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace fennel {
@@ -15,6 +17,7 @@ namespace {
 
 constexpr int cellPixels = 15; // letters in the cells
 constexpr int scrollBarRoom = 28;
+constexpr int frameRoom = 40;           // of the window system, around a dialog
 constexpr int usualSpace = 4;           // boot-screen pixels
 constexpr NumberRange sizes{1, 200, 1}; // points; what is too large for the format the tool refuses
 
@@ -50,11 +53,12 @@ FontWindow::FontWindow(const Shell& shell, const FontDialogStart& start, CharSel
     auto* top = new QHBoxLayout;
     top->addWidget(m_views, 3);
     top->addWidget(makeFontFrame(), 2);
-    auto* column = new QVBoxLayout(this);
+    auto* tall = new QWidget;
+    auto* column = new QVBoxLayout(tall);
     column->addLayout(top, 1);
     column->addLayout(makeSpacings());
     column->addWidget(m_page);
-    column->addLayout(makeEnd());
+    addScrolling(*tall);
     m_list->setCurrentIndex(placeOfFont(m_fonts, start.FontStyleName));
     connectParts();
     chooseFont(m_list->currentIndex());
@@ -62,6 +66,24 @@ FontWindow::FontWindow(const Shell& shell, const FontDialogStart& start, CharSel
     m_views->setSize(m_size->value());
     m_space->setValue(usualSpace);
     m_list->setFocus();
+    const QSize wanted = tall->sizeHint() + QSize(0, layout()->minimumSize().height());
+    resize(wanted.boundedTo(screen()->availableSize() - QSize(frameRoom, frameRoom)));
+}
+
+// On a small screen the upper part scrolls; the buttons stay in sight.
+void FontWindow::addScrolling(QWidget& upper)
+{
+    auto* view = new QScrollArea(this);
+    view->setFrameShape(QFrame::NoFrame);
+    view->setWidgetResizable(true);
+    view->setWidget(&upper);
+    const QMargins edges = upper.layout()->contentsMargins();
+    QLayout* end = makeEnd();
+    end->setContentsMargins(edges.left(), 0, edges.right(), edges.bottom());
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins({});
+    all->addWidget(view, 1);
+    all->addLayout(end);
 }
 
 QCheckBox* FontWindow::addIndicator(const QString& name, const QString& caption)

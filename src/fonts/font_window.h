@@ -35,6 +35,7 @@ private:
     QGroupBox* makeFontFrame();
     QLayout* makeSpacings();
     QLayout* makeEnd();
+    void addScrolling(QWidget& upper);
     QCheckBox* addIndicator(const QString& name, const QString& caption);
     void connectParts();
     void chooseFont(int place);
