@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -45,6 +46,23 @@ public:
 private:
     int m_fd;
 };
+
+constexpr qint64 readStep = 64LL * 1024; // bytes, of a file that claims to be shorter
+
+// At most `most` bytes from the start of a file. QFile::read() sets aside all that it is asked for,
+// so it is asked for what the file claims to have, and again for as long as more comes.
+QByteArray upTo(qint64 most, QFile& file)
+{
+    const qint64 step = std::max(file.size() + 1, readStep);
+    QByteArray bytes;
+    while (bytes.size() < most) {
+        const QByteArray part = file.read(std::min(step, most - bytes.size()));
+        if (part.isEmpty())
+            break;
+        bytes += part;
+    }
+    return bytes;
+}
 
 // Without `sync` the bytes may still be in the system's cache when this returns: good enough for
 // working files, not for the file that replaces the user's only copy.
@@ -280,7 +298,7 @@ Result<QByteArray> readBytes(const QString& path, qint64 limit)
     if (!file.open(QIODevice::ReadOnly))
         return systemFailure("read", path, errno != 0 ? errno : EISDIR);
     // One byte more than allowed tells a file that is too large from one that just fits.
-    const QByteArray bytes = file.read(limit + 1);
+    const QByteArray bytes = upTo(limit + 1, file);
     if (file.error() != QFileDevice::NoError)
         return systemFailure("read", path, errno != 0 ? errno : EIO);
     if (bytes.size() > limit)
