@@ -38,6 +38,7 @@ int main(int argc, char** argv)
     DiskFiles files;
     QtPrompts prompts;
     ProcessToolRunner tools;
+    tools.logTo(log);
     SingleInstance instance;
     if (!instance.acquire()) {
         yieldToOther(instance, prompts);

@@ -4,21 +4,18 @@
 #include "container/archive_tools.h"
 #include "container/gfx_save.h"
 #include "container/member_list.h"
+#include "container/member_name.h"
 #include "shell/file_steps.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <algorithm>
-
 namespace fennel {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString workingMark = u"#"_s; // first character of the tools' working files
 
 QString ask(const Shell& shell, const QString& title, const QString& filter, const QString& folder)
 {
@@ -36,30 +33,56 @@ void tell(const Shell& shell, const Failure& failure)
         (void)shell.told(failure);
 }
 
-// The plain files of a folder in directory order.
-QStringList plainFiles(const QString& folder)
-{
-    return QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot,
-                                  QDir::Unsorted);
-}
+// A folder for the output of a tool, with all that is left in it.
+class Staging {
+public:
+    Staging(const Shell& shell, const QString& name)
+        : m_shell(shell), m_folder(shell.run.WorkspaceRoot + name)
+    {
+        // QTemporaryDir cannot remove files whose names have no QString.
+        m_folder.setAutoRemove(false);
+    }
+    ~Staging()
+    {
+        if (m_folder.isValid())
+            (void)m_shell.files.removeFolder(m_folder.path());
+    }
+    Staging(const Staging&) = delete;
+    Staging& operator=(const Staging&) = delete;
+
+    [[nodiscard]] QString path() const { return m_folder.path(); }
+    [[nodiscard]] Result<void> made() const
+    {
+        if (m_folder.isValid())
+            return {};
+        return Failure{FailureKind::Io, "Cannot make a folder in " +
+                                            m_shell.run.WorkspaceRoot.toStdString() + ": " +
+                                            m_folder.errorString().toStdString()};
+    }
+
+private:
+    const Shell& m_shell;
+    QTemporaryDir m_folder;
+};
 
 // All files of the staging folder go over those of the target, or none does.
 Result<void> deliver(const Shell& shell, const QString& staging, const QString& target)
 {
     const QString from = withSeparator(staging);
     const QString to = withSeparator(target);
-    const QStringList names = plainFiles(staging);
-    // Names in an unknown code page have no path of ours and go as bytes, without a way back.
-    if (std::any_of(names.begin(), names.end(),
-                    [&from](const QString& name) { return !FileExists(from + name); }))
-        return shell.files.moveFiles(staging, target);
     FileSteps steps(shell);
-    for (const QString& name : names) {
+    for (const QByteArray& bytes : plainFiles(staging)) {
+        const QString name = QFile::decodeName(bytes);
+        if (QFile::encodeName(name) != bytes)
+            continue;
         if (Result<void> put = steps.replace(from + name, to + name); !put)
             return put;
     }
-    steps.keep();
-    return {};
+    // What is left has names in an unknown code page. It goes last, as there is no way back for it.
+    Result<void> moved = shell.files.moveFiles(staging, target);
+    if (moved)
+        steps.keep();
+    return moved;
 }
 
 Failure wouldReplaceItself(const QString& archive)
@@ -77,11 +100,9 @@ bool holds(const QString& staging, const QString& target, const QString& archive
 
 Result<void> extractTo(const Shell& shell, const QString& archive, const QString& folder)
 {
-    const QTemporaryDir staging(shell.run.WorkspaceRoot + u"#extract-XXXXXX"_s);
-    if (!staging.isValid())
-        return Failure{FailureKind::Io, "Cannot make a folder in " +
-                                            shell.run.WorkspaceRoot.toStdString() + ": " +
-                                            staging.errorString().toStdString()};
+    const Staging staging(shell, u"#extract-XXXXXX"_s);
+    if (Result<void> made = staging.made(); !made)
+        return made;
     if (Result<void> extracted = CpioInfoExtract(shell, archive, staging.path()); !extracted)
         return extracted;
     if (holds(staging.path(), folder, archive))
@@ -89,13 +110,13 @@ Result<void> extractTo(const Shell& shell, const QString& archive, const QString
     return deliver(shell, staging.path(), folder);
 }
 
-// "#.lst" of all files but the tools' own.
+// "#.lst" of all files but the bridges' own.
 Result<void> makeList(const Shell& shell, const QString& folder)
 {
     QByteArray names;
-    for (const QString& name : plainFiles(folder)) {
-        if (!name.startsWith(workingMark))
-            names += QFile::encodeName(name) + "\r\n";
+    for (const QByteArray& name : plainFiles(folder)) {
+        if (!isWorkingFile(name.toStdString()))
+            names += name + "\r\n";
     }
     if (names.isEmpty())
         return Failure{FailureKind::NotFound, folder.toStdString() + " holds no files."};
@@ -141,19 +162,18 @@ bool mayPut(const Shell& shell, const QString& path)
 
 Result<void> unwrapBeside(const Shell& shell, const QString& file)
 {
-    const QTemporaryDir staging(shell.run.WorkspaceRoot + u"#unwrap-XXXXXX"_s);
-    if (!staging.isValid())
-        return Failure{FailureKind::Io, "Cannot make a folder in " +
-                                            shell.run.WorkspaceRoot.toStdString() + ": " +
-                                            staging.errorString().toStdString()};
+    const Staging staging(shell, u"#unwrap-XXXXXX"_s);
+    if (Result<void> made = staging.made(); !made)
+        return made;
     const Result<QString> name = SevenZipExtract(shell, file, staging.path());
     if (!name)
         return name.failure();
     if (name->isEmpty())
         return Failure{FailureKind::Malformed, file.toStdString() + " is no gZip archive."};
     const QString folder = folderPart(file);
-    for (const QString& made : plainFiles(staging.path())) {
-        if (made.startsWith(workingMark) && made != *name)
+    for (const QByteArray& bytes : plainFiles(staging.path())) {
+        const QString made = QFile::decodeName(bytes);
+        if (made != *name && made.startsWith(u'#'))
             (void)shell.files.remove(withSeparator(staging.path()) + made);
         else if (shortForm(folder + made) == shortForm(file))
             return wouldReplaceItself(file);

@@ -144,7 +144,8 @@ bool GfxSave(const Shell& shell, const WriteParameters& writeParameters)
 {
     if (!shell.toolThere(shell.run.ToolCpio))
         return false;
-    if (!FileExists(shell.run.Workspace + memberListName)) {
+    // With nothing open there is no Workspace, and the current folder may have such a list.
+    if (shell.run.Workspace.isEmpty() || !FileExists(shell.run.Workspace + memberListName)) {
         shell.prompts.ShowMessage(QStringLiteral("Gfxboot info is lost!"));
         return false;
     }

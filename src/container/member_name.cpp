@@ -36,6 +36,11 @@ bool isDeviceName(std::string_view name)
 
 } // namespace
 
+bool isWorkingFile(std::string_view name)
+{
+    return std::find(workingFiles.begin(), workingFiles.end(), name) != workingFiles.end();
+}
+
 // The answer continues "the name ... ", for the message that refuses it.
 std::string_view whyNoMemberName(std::string_view name)
 {
@@ -51,7 +56,7 @@ std::string_view whyNoMemberName(std::string_view name)
         return "is longer than 255 bytes";
     if (isDeviceName(name))
         return "is the name of a device";
-    if (std::find(workingFiles.begin(), workingFiles.end(), name) != workingFiles.end())
+    if (isWorkingFile(name))
         return "is kept for a working file";
     return {};
 }

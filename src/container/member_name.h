@@ -20,6 +20,9 @@ inline constexpr std::size_t maxMemberName = 255;
 // beside the members.
 [[nodiscard]] std::string_view whyNoMemberName(std::string_view name);
 
+// Whether the bridges keep a file of this name beside the members.
+[[nodiscard]] bool isWorkingFile(std::string_view name);
+
 // The name in quotation marks, fit for a message: bytes that are not printable ASCII as \xNN, the
 // rest of a very long name as "...".
 [[nodiscard]] std::string printableName(std::string_view name);

@@ -210,7 +210,7 @@ void onDelete(MainWindow& window)
     const int tab = lists.CurrentTab;
     switch (onComDEL(lists, tab, lists.CurrentRow, IsRequiredMember(name))) {
     case DeleteAction::RefuseRequired:
-        shell.prompts.ShowMessage(QStringLiteral("File %1 can not be removed.\n"
+        shell.prompts.ShowMessage(QStringLiteral("File \"%1\" can not be removed.\n"
                                                  "It is in the \"Required Files\" list\n"
                                                  "However, you can try to EDIT it.")
                                       .arg(name),
@@ -243,8 +243,9 @@ void deleteAll(MainWindow& window)
         if (!shell.told(steps.remove(shell.run.Workspace + name)))
             return;
     }
+    // RebuildMemberList() tells its failure itself.
     if (!shell.told(steps.save(shell.run.Workspace + memberListName)) ||
-        !shell.told(RebuildMemberList(shell, {})))
+        !RebuildMemberList(shell, {}))
         return;
     steps.keep();
     membersChanged(window, {});

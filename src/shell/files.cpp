@@ -56,9 +56,11 @@ QByteArray upTo(qint64 most, QFile& file)
     const qint64 step = std::max(file.size() + 1, readStep);
     QByteArray bytes;
     while (bytes.size() < most) {
-        const QByteArray part = file.read(std::min(step, most - bytes.size()));
-        if (part.isEmpty())
+        QByteArray part(std::min(step, most - bytes.size()), Qt::Uninitialized);
+        const qint64 got = file.read(part.data(), part.size());
+        if (got <= 0)
             break;
+        part.truncate(got);
         bytes += part;
     }
     return bytes;
@@ -202,7 +204,15 @@ Result<void> DiskFiles::makeFolder(const QString& path)
 Result<void> DiskFiles::moveFiles(const QString& source, const QString& target)
 {
     return forEachFile(source, target, [](const fs::path& from, const fs::path& to) {
-        return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+        if (::rename(from.c_str(), to.c_str()) == 0)
+            return 0;
+        if (errno != EXDEV)
+            return errno;
+        std::error_code error;
+        fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
+        if (!error)
+            fs::remove(from, error);
+        return error.value();
     });
 }
 
@@ -284,6 +294,18 @@ bool isOwnFolder(const QString& path)
     struct stat facts = {};
     return ::lstat(QFile::encodeName(bare).constData(), &facts) == 0 && S_ISDIR(facts.st_mode) &&
            facts.st_uid == ::geteuid();
+}
+
+QByteArrayList plainFiles(const QString& folder)
+{
+    QByteArrayList names;
+    std::error_code error;
+    for (const fs::directory_entry& file :
+         fs::directory_iterator(QFile::encodeName(folder).toStdString(), error)) {
+        if (file.is_regular_file(error))
+            names += QByteArray::fromStdString(file.path().filename().string());
+    }
+    return names;
 }
 
 qint64 fileSize(const QString& path)

@@ -6,6 +6,7 @@
 #include "shell/result.h"
 
 #include <QByteArray>
+#include <QByteArrayList>
 #include <QString>
 #include <QStringList>
 
@@ -82,6 +83,9 @@ QString folderPart(const QString& path);
 // The whole path if it has no "/".
 QString namePart(const QString& path);
 
+// The names of the plain files of a folder, and of links to such, in directory order, as bytes: a
+// name in an unknown code page has no QString. None if the folder cannot be read.
+QByteArrayList plainFiles(const QString& folder);
 // Names of the plain files of a folder that fit a DOS pattern ("?" one character, "*" any run, case
 // ignored), sorted without regard to case. "back_??.jpg" fits "Back_03.JPG".
 QStringList filesLike(const QString& folder, const QString& pattern);

@@ -39,6 +39,8 @@ Result<void> ProcessToolRunner::run(const QStringList& commandLine, const QStrin
     m_errorOutput.clear();
     if (commandLine.isEmpty())
         return toolFailure(QStringLiteral("tool"), QStringLiteral("has no name."), {});
+    if (m_log != nullptr)
+        m_log->WriteLog(QStringLiteral("      ") + commandLine.join(QLatin1Char(' ')));
     const QString& tool = commandLine.first();
     QProcess process;
     if (outputFile.isEmpty()) {

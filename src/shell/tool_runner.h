@@ -3,6 +3,7 @@
 // the tools leave, never by exit codes; what a tool says on standard error is kept for the message.
 #pragma once
 
+#include "shell/log.h"
 #include "shell/result.h"
 
 #include <QString>
@@ -34,10 +35,14 @@ public:
     Result<void> RunToolAndWait(const QStringList& commandLine) override;
     Result<void> runIntoFile(const QStringList& commandLine, const QString& outputFile) override;
     [[nodiscard]] QString lastErrorOutput() const override { return m_errorOutput; }
+    // From now on every command line goes into the log, joined with blanks. The log must outlive
+    // the runner.
+    void logTo(Log& log) { m_log = &log; }
 
 private:
     Result<void> run(const QStringList& commandLine, const QString& outputFile);
     int m_timeLimitMs;
+    Log* m_log = nullptr;
     QString m_errorOutput;
 };
 

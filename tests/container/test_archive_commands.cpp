@@ -6,6 +6,8 @@
 #include "container/member_list.h"
 #include "support/run_program.h"
 
+#include <fstream>
+
 namespace fennel::test {
 
 using namespace Qt::StringLiterals;
@@ -97,6 +99,27 @@ TEST_F(ArchiveCommands, ExtractNeverReplacesTheArchiveItself)
     target = shell.path({});
     extract(archive, folderPart(archive), u"would be replaced"_s);
     EXPECT_EQ(bytesOf(archive), before);
+}
+
+// A name in an unknown code page has no QString and is a member like any other.
+TEST_F(ArchiveCommands, NamesOfAnyCodePageComeApartAndTogether)
+{
+    const QByteArray odd = "\xcc\xe5\xed\xfe.txt";
+    const auto onDisk = [](const QString& where, const QByteArray& name) {
+        return std::string(QFile::encodeName(where + u'/') + name);
+    };
+    std::ofstream(onDisk(folder, odd)) << "odd";
+    put(u"#notes.txt"_s, "not the tools'");
+    assemble(folder, archive);
+    EXPECT_TRUE(archived(archive).contains("#notes.txt"));
+    EXPECT_EQ(contentsIn(archive).size(), 17);
+    std::ofstream(onDisk(target, odd)) << "an old one";
+    extract(archive, target);
+    std::string text;
+    std::getline(std::ifstream(onDisk(target, odd)), text);
+    EXPECT_EQ(text, "odd");
+    EXPECT_EQ(bytesOf(target + u"/#.lst"_s), bytesOf(folder + u"/#.lst"_s));
+    EXPECT_TRUE(QDir(shell.run.WorkspaceRoot).entryList({u"#*"_s}).isEmpty());
 }
 
 TEST_F(ArchiveCommands, AFailedExtractLeavesTheFolder)

@@ -147,7 +147,7 @@ TEST_F(Members, DeletingAllAsksAndKeepsWhatIsRequired)
     EXPECT_FALSE(bytesOf(member(u"#.lst"_s)).contains("16x16_"));
     // What is required goes by no button either.
     selectRow(TabFonts, u"16x16.fnt"_s);
-    shell.prompts.expectMessage(u"File 16x16.fnt can not be removed."_s);
+    shell.prompts.expectMessage(u"File \"16x16.fnt\" can not be removed."_s);
     window.rightPanel().deleteButton().click();
     EXPECT_EQ(fonts(), QStringList{u"16x16.fnt"_s});
 }
