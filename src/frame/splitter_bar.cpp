@@ -43,4 +43,20 @@ void SplitterBar::mouseReleaseEvent(QMouseEvent* event)
     Q_EMIT released();
 }
 
+void SplitterBar::showEvent(QShowEvent* event)
+{
+    QFrame::showEvent(event);
+    window()->installEventFilter(this);
+}
+
+// A message that comes up by itself during the drag swallows the release.
+bool SplitterBar::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::WindowBlocked && m_dragging) {
+        m_dragging = false;
+        Q_EMIT released();
+    }
+    return QFrame::eventFilter(watched, event);
+}
+
 } // namespace fennel

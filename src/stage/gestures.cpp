@@ -53,8 +53,13 @@ void StageGestures::press(const StageMouse& mouse)
 {
     // A second button during a drag belongs to the same gesture. If no other is down, the release
     // of the gesture before got lost, to a window that came up.
-    if (m_target == Target::None || mouse.buttons == mouse.button)
+    const bool second = m_target != Target::None && mouse.buttons != mouse.button;
+    if (second && m_target == Target::Marker)
+        return;
+    if (!second) {
         setTarget(mouse.at);
+        m_before = {};
+    }
     switch (m_target) {
     case Target::Panel:
         panelPressed(mouse);
@@ -121,7 +126,9 @@ void StageGestures::panelPressed(const StageMouse& mouse)
     // Until the release: what the drag writes into the lists must not come back as a change by
     // hand.
     m_stage.run().InterfaceReady = false;
-    remember(index);
+    // Escape goes back to the first press.
+    if (m_before[0].index != index)
+        remember(index);
     if (m_stage.record(index).Roll)
         return;
     m_stage.raisePanel(index);

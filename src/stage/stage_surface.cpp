@@ -213,6 +213,12 @@ bool StageSurface::eventFilter(QObject* watched, QEvent* event)
     const bool handled = QWidget::eventFilter(watched, event);
     if (watched == m_window && event->type() == QEvent::Expose)
         updatePulse();
+    // A message that comes up by itself during a drag swallows the release.
+    if (watched == m_window && event->type() == QEvent::WindowBlocked && m_buttonDown) {
+        m_buttonDown = false;
+        m_gestures.release({{}, Qt::LeftButton, Qt::NoButton, Qt::NoModifier});
+        updatePulse();
+    }
     return handled;
 }
 

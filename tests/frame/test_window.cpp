@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 // The whole window on real files, with mouse and menu.
 #include "container/open_fixture.h"
+#include "frame/stage_link.h"
 #include "frame/status_bar.h"
 #include "frame/thumbnail_strip.h"
 #include "frame/toolbar.h"
+#include "params/object_table.h"
 #include "params/right_panel.h"
 #include "params/tab_strip.h"
 #include "stage/stage_surface.h"
 #include "support/run_program.h"
 #include "support/story.h"
 
+#include <QDialog>
 #include <QLabel>
 #include <QScreen>
 #include <QTest>
@@ -182,6 +185,28 @@ TEST(Window, SplittersMoveTheEdgesWithinTheirLimits)
     drag(horizontal, {0, 5000});
     expectOnDesktop(w);
     EXPECT_EQ(w.window.surface().visibleRegion().boundingRect().size(), QSize(360, 280));
+}
+
+// A message that comes up by itself takes the release of the button away.
+TEST(Window, AMessageDuringADragEndsIt)
+{
+    Story w;
+    w.open(smallFile(w, u"good"_s, 360, 280));
+    w.window.stageLink().stage().ActivatePanel(MenuPanelRow);
+    const QPoint menu = w.window.stageLink().stage().panel(MenuPanelRow).rect.topLeft();
+    const std::pair<QWidget*, QPoint> dragged[] = {{&w.find<QWidget>(u"Frame3Vertical"_s), {1, 9}},
+                                                   {&w.window.surface(), menu + QPoint(3, 3)}};
+    for (const auto& [widget, place] : dragged) {
+        QTest::mousePress(widget, Qt::LeftButton, {}, place);
+        EXPECT_FALSE(w.shell.run.InterfaceReady);
+        QDialog message(&w.window);
+        message.open();
+        EXPECT_TRUE(w.shell.run.InterfaceReady);
+        message.close();
+    }
+    EXPECT_TRUE(w.window.stageLink().stage().markerVisible());
+    QTest::keyClick(&w.window.surface(), Qt::Key_Tab);
+    EXPECT_NE(w.window.stageLink().stage().SelectedPanel, MenuPanelRow);
 }
 
 TEST(Window, TheLastUsedFileOpensAgainAndALostOneIsTold)

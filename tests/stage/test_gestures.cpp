@@ -188,6 +188,13 @@ TEST_F(StageTest, MenuHeightSnapsAndIsWrittenAsEntries)
     EXPECT_EQ(host.cfg[u"menu_max_entries"_s], u"12"_s);
     EXPECT_EQ(rec(0).Height, 240);
     EXPECT_EQ(rec(1).Width, 547);
+    // Another button on the way changes nothing about it.
+    mouse.press(left(stage.marker().center()));
+    mouse.move(held({0, 300}));
+    mouse.press({{0, 300}, Qt::RightButton, Qt::LeftButton | Qt::RightButton, Qt::NoModifier});
+    mouse.release({{0, 300}, Qt::RightButton, Qt::LeftButton, Qt::NoModifier});
+    mouse.release(up({0, 300}));
+    EXPECT_EQ(stage.panel(0).rect.height() % 20, 0);
     drag(stage.marker().center(), {0, 0});
     EXPECT_EQ(host.cfg[u"menu_max_entries"_s], u"1"_s);
     EXPECT_EQ(stage.panel(0).rect.height(), 20);
