@@ -15,6 +15,8 @@
 
 #include <QScopedValueRollback>
 
+#include <utility>
+
 namespace fennel {
 
 using namespace Qt::StringLiterals;
@@ -99,8 +101,10 @@ bool ColourLink::writeRow(int param, const QString& value)
 void ColourLink::setFill(QRgb colour)
 {
     PanelRec* rec = record();
-    if (rec == nullptr)
+    if (rec == nullptr) {
+        showControls(-1);
         return;
+    }
     const QRgb before = rec->BackColor;
     rec->BackColor = colour;
     if (!writeRow(rec->BackParam, hexText(colour & 0xFFFFFFU)))
@@ -172,7 +176,10 @@ void ColourLink::onPipette(bool on)
         m_pipette->stop();
         return;
     }
-    if (m_window.colourTools().pipette().isChecked())
+    // Kept apart from the boxes: one that is unchecked by hand takes the last sample, too.
+    m_forFill = m_window.colourTools().pipette().isChecked();
+    m_forValue = m_window.rightPanel().editor().pipette().isChecked();
+    if (m_forFill)
         m_window.surface().setFocus();
     m_window.surface().updatePulse();
     m_pipette->start();
@@ -198,14 +205,12 @@ void ColourLink::onSample(QRgb colour)
 
 void ColourLink::onPicked(bool taken)
 {
-    QCheckBox& fill = m_window.colourTools().pipette();
-    QCheckBox& value = m_window.rightPanel().editor().pipette();
-    const bool forFill = fill.isChecked();
-    const bool forValue = value.isChecked();
+    const bool forFill = std::exchange(m_forFill, false);
+    const bool forValue = std::exchange(m_forValue, false);
     {
         const QScopedValueRollback<bool> ending(m_ending, true);
-        fill.setChecked(false);
-        value.setChecked(false);
+        m_window.colourTools().pipette().setChecked(false);
+        m_window.rightPanel().editor().pipette().setChecked(false);
     }
     showValueSample(nullptr);
     if (forFill && taken)

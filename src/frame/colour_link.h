@@ -43,6 +43,9 @@ private:
 
     MainWindow& m_window;
     Pipette* m_pipette = nullptr;
+    // What the picking that goes on is for.
+    bool m_forFill = false;
+    bool m_forValue = false;
     bool m_ending = false; // the check boxes are being turned off by the end of a picking
 };
 

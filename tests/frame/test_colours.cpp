@@ -95,6 +95,14 @@ TEST_F(Colours, AClickTakesTheColourUnderThePipette)
     EXPECT_EQ(QWidget::keyboardGrabber(), nullptr);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
     expectFill(qRgb(0, 0x80, 0xFF), u"0x0080FF"_s);
+    // The box turned off by hand takes what is under the mouse, too.
+    screen = plain(qRgb(0x12, 0x34, 0x56));
+    tools().pipette().setChecked(true);
+    tools().pipette().setChecked(false);
+    expectFill(qRgb(0x12, 0x34, 0x56), u"0x123456"_s);
+    // With another gfxboot there is no object to colour yet.
+    open(shell.run.GfxPath);
+    EXPECT_FALSE(tools().slider(0).isEnabled());
 }
 
 TEST_F(Colours, TheValueEditorHasAPipetteAndADialogueOfItsOwn)
@@ -121,6 +129,15 @@ TEST_F(Colours, TheValueEditorHasAPipetteAndADialogueOfItsOwn)
     editRow(lineRow, record(lineRow).BackParam);
     shell.prompts.expectColour(QColor(0xAA, 0xBB, 0xCC));
     editor.colourButton().click();
+    expectFill(qRgb(0xAA, 0xBB, 0xCC), u"0xAABBCC"_s);
+
+    // What was typed for one row never reaches another.
+    editRow(lineRow, record(lineRow).BackParam);
+    editor.setText(u"0x112233"_s);
+    editor.colourButton().setFocus();
+    Q_EMIT window.rightPanel().rowSelected(record(lineRow).TabIndex, 1, false);
+    window.ShowBackground();
+    EXPECT_FALSE(editor.isVisible());
     expectFill(qRgb(0xAA, 0xBB, 0xCC), u"0xAABBCC"_s);
 }
 
