@@ -35,6 +35,7 @@ public:
     void setBackgroundNumber(int) override {}
     int objectOfCurrentTab() override { return -1; }
     void selectTabOf(int) override {}
+    void focusStage() override {}
     bool menuLevelShown() override { return false; }
     int pipettesOn() override { return 0; }
     void showColourControls(int) override {}

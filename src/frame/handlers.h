@@ -59,6 +59,8 @@ void switchLevels(MainWindow& window, bool fromMenu);
 
 // Shows a tab with everything that depends on it: stage, thumbnails, buttons.
 void selectTab(MainWindow& window, int tab);
+// The same by the user's own choice: the tab's object is marked, or none.
+void activateTab(MainWindow& window, int tab);
 // Shows what a changed value of a row of `tab` changed: lists, objects, colour controls.
 void applyChange(MainWindow& window, int tab, const RowChange& change);
 // Enabled state of the buttons beside the list and of the edit buttons of the toolbar.
@@ -68,6 +70,8 @@ void selectRow(MainWindow& window, int tab, int row);
 // Takes the typed value if the value editor is open; closes it without taking the value.
 void CommitValue(MainWindow& window);
 void CloseEditor(MainWindow& window);
+// CloseEditor(), but a text in work stays open with what was typed.
+void closeValueEditor(MainWindow& window);
 
 // Brings the rows of gfxboot.cfg into their file and shows them as they stand then; the same
 // parameter stays selected. False if that failed and the user was told.

@@ -15,7 +15,7 @@ namespace {
 
 void pointAtMembers(MainWindow& window)
 {
-    selectTab(window, TabGfxboot);
+    activateTab(window, TabGfxboot);
     window.shell().prompts.ShowMessage(
         QStringLiteral("Double click on item to open a dialogue \n"
                        "\n"
@@ -28,9 +28,8 @@ void pointAtMembers(MainWindow& window)
 
 void chooseObjectTab(MainWindow& window, int tab)
 {
-    selectTab(window, tab);
+    activateTab(window, tab);
     window.showObjectMenu();
-    window.stageLink().stage().ActivatePanel(window.stageLink().objectOfCurrentTab());
 }
 
 void onThumbnail(MainWindow& window, const QString& name, Qt::MouseButton button)

@@ -83,7 +83,7 @@ void addQemuCommands(MainWindow& window)
 void switchLevels(MainWindow& window, bool fromMenu)
 {
     ParamLists& lists = window.workbench().params;
-    CloseEditor(window);
+    closeValueEditor(window);
     showMenuLevelBox(window);
     const auto background = switchMenuLevel(window.shell(), lists, fromMenu);
     if (background) {

@@ -103,7 +103,7 @@ void changeFont(MainWindow& window, bool AddFontMode)
     Workbench& bench = window.workbench();
     if (!bench.shell.run.GfxOpened)
         return;
-    CloseEditor(window);
+    closeValueEditor(window);
     window.surface().setTickGate(false);
     const auto opened = qScopeGuard([&window] { window.surface().setTickGate(true); });
     FontCommand command;

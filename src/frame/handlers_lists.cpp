@@ -75,9 +75,13 @@ void onRowSelected(MainWindow& window, int tab, int row, bool rightButton)
     if (!run.GfxOpened || !run.InterfaceReady || tab != lists.CurrentTab)
         return;
     lists.list(tab)->selected = row; // the buttons look at it
+    const int before = lists.CurrentRow;
     const ItemClick click = onItemClick(run, lists, tab, row, rightButton);
     lists.CurrentRow = click.select;
     lists.list(tab)->selected = click.select;
+    // What was typed for one row must not be committed to another.
+    if (click.select != before)
+        closeValueEditor(window);
     if (click.skipped) {
         window.rightPanel().view(tab)->select(click.select);
         // The mouse stepped over grey rows: the buttons wait for a row that is chosen itself.
@@ -358,6 +362,12 @@ void CommitValue(MainWindow& window)
     writeCfgRow(window);
 }
 
+void closeValueEditor(MainWindow& window)
+{
+    if (!window.rightPanel().editor().textEditMode())
+        CloseEditor(window);
+}
+
 void CloseEditor(MainWindow& window)
 {
     ValueEditor& editor = window.rightPanel().editor();
@@ -389,12 +399,14 @@ void selectTab(MainWindow& window, int tab)
     Stage& stage = window.stageLink().stage();
     const int old = lists.CurrentTab;
     if (old != tab) {
-        CloseEditor(window);
+        closeValueEditor(window);
         if (const int object = lists.objectOfTab(old); object >= 0)
             stage.showPanel(object, shownAfterLeaving(lists, old));
         window.rightPanel().selectTab(tab);
         if (const int object = lists.objectOfTab(tab); object >= 0)
             stage.showPanel(object, true);
+        // The marker comes and goes with its object.
+        stage.ShowMarker(stage.SelectedPanel, 0);
         window.showObjectMenu();
         window.refreshThumbnails();
         window.LayoutWindow();
@@ -404,13 +416,19 @@ void selectTab(MainWindow& window, int tab)
     }
 }
 
+void activateTab(MainWindow& window, int tab)
+{
+    selectTab(window, tab);
+    window.stageLink().stage().ActivatePanel(window.stageLink().objectOfCurrentTab());
+}
+
 void connectLists(MainWindow& window)
 {
     RightPanel& panel = window.rightPanel();
     QObject::connect(&panel, &RightPanel::tabClicked, &window, [&window](int tab) {
-        selectTab(window, tab);
-        window.stageLink().stage().ActivatePanel(window.stageLink().objectOfCurrentTab());
+        // An object that is seen takes the keys from its list.
         window.rightPanel().view(tab)->setFocus();
+        activateTab(window, tab);
     });
     QObject::connect(
         &panel, &RightPanel::rowSelected, &window,

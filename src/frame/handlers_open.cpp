@@ -43,6 +43,11 @@ void fillBackgrounds(const Shell& shell, ListRows& list)
     }
 }
 
+void selectFirst(ListRows& list)
+{
+    list.selected = list.rows.empty() ? 0 : 1;
+}
+
 void fillFonts(Workbench& bench)
 {
     bench.shell.WriteLog(QStringLiteral("     5_Fonts_in_ListView"));
@@ -185,6 +190,9 @@ void membersChanged(MainWindow& window, const QString& addedPattern)
     if (!FileExists(shell.run.BackFile)) {
         shell.run.BackFile = shell.run.Workspace + QStringLiteral("back.jpg");
         window.ShowBackground();
+    } else {
+        // With the fonts and logos that are there now.
+        window.stageLink().stage().RefreshPanels();
     }
     updateRowButtons(window);
 }
@@ -205,18 +213,19 @@ void fillStep(MainWindow& window, OpenHost::Step step)
         MenuListFill(bench.shell, window.flashLink().menuDrive(), *params.list(TabMenu));
         break;
     case Step::Members:
-        // The list knew the gfxboot before.
-        params.list(TabGfxboot)->selected = 0;
         MemberListFill(bench.shell, *params.list(TabGfxboot));
+        selectFirst(*params.list(TabGfxboot));
         break;
     case Step::Config:
         ConfigInListView(bench.shell, *params.list(TabConfig));
         break;
     case Step::Backgrounds:
         fillBackgrounds(bench.shell, *params.list(TabBackgrounds));
+        selectFirst(*params.list(TabBackgrounds));
         break;
     case Step::Fonts:
         fillFonts(bench);
+        selectFirst(*params.list(TabFonts));
         break;
     case Step::Stage:
         bench.shell.WriteLog(QStringLiteral("     Frame2.Preview.Fill"));

@@ -98,6 +98,10 @@ void MainWindow::UpdateInterface()
     m_statusBar->progressBar().setGeometry(
         ProgressBar_reset(m_workbench.shell, m_statusBar->rect(), m_statusBar->fieldPlace(2)));
     selectTab(*this, TabConfig);
+    // An object that went with its tab can no longer be worked on.
+    Stage& stage = m_stageLink->stage();
+    if (stage.isRow(stage.SelectedPanel) && !stage.panel(stage.SelectedPanel).visible)
+        stage.SelectPanel(-1);
     m_workbench.lastUsed.Recreate_LastUsed(m_workbench.shell,
                                            [&progress](int value) { progress.setValue(value); });
     showLastUsed(*this);

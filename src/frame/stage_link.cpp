@@ -143,6 +143,11 @@ void StageLink::selectTabOf(int index)
         selectTab(m_window, object->TabIndex);
 }
 
+void StageLink::focusStage()
+{
+    m_surface->setFocus();
+}
+
 bool StageLink::menuLevelShown()
 {
     return m_window.shell().run.GfxHasZuk && m_window.rightPanel().fromMenu().isChecked();

@@ -32,6 +32,7 @@ public:
     void setBackgroundNumber(int number) override;
     int objectOfCurrentTab() override;
     void selectTabOf(int index) override;
+    void focusStage() override;
     bool menuLevelShown() override;
     int pipettesOn() override;
     void showColourControls(int index) override;

@@ -67,6 +67,7 @@ void Stage::adoptPanels()
     m_panels.resize(std::max(m_panels.size(), m_data.PanelArr.size()));
     for (StagePanel& panel : m_panels)
         panel = StagePanel();
+    host().showColourControls(-1);
     // The order of panels outlives an open; new ones come on top.
     while (m_order.size() < m_panels.size())
         m_order.push_back(static_cast<int>(m_order.size()));
@@ -161,6 +162,9 @@ void Stage::RefreshPanels()
     // The object whose tab is open shows, or it could not be edited.
     if (isRow(object) && record(object).OnlySelected)
         setVisible(object, true);
+    // The marker goes with its panel, and away if that is no longer seen.
+    if (m_markerOn)
+        ShowMarker(SelectedPanel, 0);
 }
 
 // Pictures are drawn when a panel is first seen, so a hidden object costs nothing.

@@ -30,6 +30,7 @@ public:
     [[nodiscard]] virtual int objectOfCurrentTab() = 0; // -1: a tab without object
     // Selects the tab of the object and rebuilds its page. Generation 3 only.
     virtual void selectTabOf(int index) = 0;
+    virtual void focusStage() = 0; // the keys are the stage's now
     // CheckFromMenu is on: the stage shows what a menu file imposes.
     [[nodiscard]] virtual bool menuLevelShown() = 0;
     // How many of the two pipettes are on; above 0 the mouse picks a colour and nothing else.

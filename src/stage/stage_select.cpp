@@ -45,6 +45,7 @@ void Stage::ActivatePanel(int index)
     // A hidden object can be selected, but there is nothing to mark.
     if (!isRow(index) || !panel(index).visible)
         return;
+    host().focusStage();
     redraw(index);
     if (isMenuRow(index)) {
         host().SetCfgValue(u"menu_start_x"_s, QString::number(record(MenuPanelRow).Left));

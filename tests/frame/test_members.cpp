@@ -86,6 +86,7 @@ TEST_F(Members, ATextIsEditedOverTheStageAndSaved)
     QTest::keyClicks(&editor.box(), u"second"_s);
     QTest::keyClick(&editor.box(), Qt::Key_Escape);
     window.surface().setFocus();
+    Q_EMIT window.rightPanel().tabClicked(TabConfig);
     selectRow(tab, u"Logo_07.txt"_s); // the text goes back to where it came from all the same
     ASSERT_TRUE(editor.textEditMode() && editor.isVisible());
     find<QPushButton>(u"ComFr6ForTXT(1)"_s).click();

@@ -32,6 +32,7 @@ public:
     void setBackgroundNumber(int number) override { backgrounds.push_back(number); }
     int objectOfCurrentTab() override { return tabObject; }
     void selectTabOf(int index) override { tabObject = index; }
+    void focusStage() override {}
     bool menuLevelShown() override { return fromMenu; }
     int pipettesOn() override { return pipettes; }
     void showColourControls(int index) override { colours = index; }

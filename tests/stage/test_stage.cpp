@@ -216,6 +216,10 @@ TEST_F(StageTest, RepaintsOnlyWhatChanged)
     rec(5).Left = 200;
     stage.RefreshPanels();
     EXPECT_TRUE(dirty.contains(QPoint(19, 29))) << "the frame leaves its old place";
+    EXPECT_EQ(stage.marker(), QRect(267, 47, 7, 7)) << "and the marker goes with it";
+    rec(5).OnlySelected = true;
+    stage.RefreshPanels();
+    EXPECT_FALSE(stage.markerVisible());
     stage.repaint = nullptr;
 }
 
