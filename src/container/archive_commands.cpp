@@ -151,15 +151,6 @@ void saveAssembled(const Shell& shell, const QString& made, const QString& folde
         (void)shell.files.remove(made);
 }
 
-// Whether what was unwrapped may go into the folder.
-bool mayPut(const Shell& shell, const QString& path)
-{
-    return !FileExists(path) ||
-           shell.prompts.ShowMessage(
-               u"File %1 already exists.\nDo you want to replace it?"_s.arg(path),
-               MessageType::YesNo, u"Extract"_s) == Answer::Yes;
-}
-
 Result<void> unwrapBeside(const Shell& shell, const QString& file)
 {
     const Staging staging(shell, u"#unwrap-XXXXXX"_s);
@@ -177,7 +168,7 @@ Result<void> unwrapBeside(const Shell& shell, const QString& file)
             (void)shell.files.remove(withSeparator(staging.path()) + made);
         else if (shortForm(folder + made) == shortForm(file))
             return wouldReplaceItself(file);
-        else if (!mayPut(shell, folder + made))
+        else if (!mayReplace(shell, folder + made, {}, u"Extract"_s))
             return {};
     }
     return deliver(shell, staging.path(), folder);

@@ -55,17 +55,6 @@ struct SaveTarget {
     bool compress = false;
 };
 
-bool mayReplace(const Shell& shell, const SaveTarget& target, const QString& chosen)
-{
-    // The dialog has asked about the chosen name only.
-    const QString path = target.folder + target.name;
-    if (target.name == chosen || !FileExists(path))
-        return true;
-    return shell.prompts.ShowMessage(
-               QStringLiteral("File %1 already exists.\nDo you want to replace it?").arg(path),
-               MessageType::YesNo, QStringLiteral("Saving As...")) == Answer::Yes;
-}
-
 std::optional<SaveTarget> askTarget(const Shell& shell)
 {
     const RunState& run = shell.run;
@@ -84,7 +73,9 @@ std::optional<SaveTarget> askTarget(const Shell& shell)
         return std::nullopt;
     const bool compress = answer == Answer::Yes;
     const SaveTarget target{folderPart(path), savedName(namePart(path), compress), compress};
-    return mayReplace(shell, target, namePart(path)) ? std::optional(target) : std::nullopt;
+    return mayReplace(shell, target.folder + target.name, path, QStringLiteral("Saving As..."))
+               ? std::optional(target)
+               : std::nullopt;
 }
 
 // Makes the run state and a copy of the Workspace that belong to the target.
@@ -140,6 +131,15 @@ QString SaveDialog(const Shell& shell, const QString& folder, const QString& tit
 
 // Tools and list are looked for before the parameters are written, so a save that cannot work
 // changes no member.
+bool mayReplace(const Shell& shell, const QString& path, const QString& chosen,
+                const QString& title)
+{
+    return path == chosen || !FileExists(path) ||
+           shell.prompts.ShowMessage(
+               QStringLiteral("File %1 already exists.\nDo you want to replace it?").arg(path),
+               MessageType::YesNo, title) == Answer::Yes;
+}
+
 bool GfxSave(const Shell& shell, const WriteParameters& writeParameters)
 {
     if (!shell.toolThere(shell.run.ToolCpio))

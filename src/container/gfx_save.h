@@ -31,6 +31,11 @@ QString savedName(const QString& chosen, bool compress);
 QString SaveDialog(const Shell& shell, const QString& folder, const QString& title,
                    const QString& proposedName);
 
+// Asks before a file is replaced that the dialog did not ask about: `path` is what will be written,
+// `chosen` what the user named.
+bool mayReplace(const Shell& shell, const QString& path, const QString& chosen,
+                const QString& title);
+
 // Whether the open file may be read again: it is there, and the user gives up the changes.
 bool mayReOpen(const Shell& shell);
 

@@ -3,6 +3,7 @@
 
 #include "fonts/font_dialog.h"
 
+#include <QApplication>
 #include <QGlyphRun>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -187,7 +188,8 @@ void CharGrid::mousePressEvent(QMouseEvent* event)
     m_last = m_mark = cell;
     Q_EMIT cellPressed(codeOf(cell));
     // The fixed characters never change; a drag that starts on one paints nothing.
-    m_painting = codeOf(cell) > lastFixedCharacter;
+    m_painting = false;
+    m_pressedAt = codeOf(cell) > lastFixedCharacter ? std::optional(event->pos()) : std::nullopt;
     // After the press has flipped the cell: the drag brings all others to the same state.
     m_paintTo = chosen(cell);
     update();
@@ -195,9 +197,14 @@ void CharGrid::mousePressEvent(QMouseEvent* event)
 
 void CharGrid::mouseMoveEvent(QMouseEvent* event)
 {
+    // A slip of the hand during a click takes no neighbour along.
+    const bool starts =
+        m_pressedAt && !m_painting &&
+        (event->pos() - *m_pressedAt).manhattanLength() >= QApplication::startDragDistance();
+    m_painting = m_painting || starts;
     const int cell = cellAt(event->position().toPoint());
     // Once for each cell, however slowly the mouse moves over it.
-    if (cell < 0 || cell == m_last)
+    if (cell < 0 || (cell == m_last && !starts))
         return;
     m_last = cell;
     Q_EMIT cellEntered(codeOf(cell));

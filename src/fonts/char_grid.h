@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace fennel {
@@ -55,9 +56,10 @@ private:
     static constexpr int cellCountOfPage = 256;
     const CharSelected& m_set;
     int m_page = 0;
-    int m_mark = 0;          // the cell that keys work on
-    int m_last = -1;         // that the mouse or the mark came to, -1 none yet
-    bool m_painting = false; // a pressed button takes further cells along
+    int m_mark = 0;                    // the cell that keys work on
+    int m_last = -1;                   // that the mouse or the mark came to, -1 none yet
+    std::optional<QPoint> m_pressedAt; // the start of what may become a drag
+    bool m_painting = false;           // a drag takes further cells along
     bool m_paintTo = false;
     int m_turned = 0; // by the wheel, in eighths of a degree, less than a step
     QRawFont m_face;

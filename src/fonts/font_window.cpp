@@ -21,8 +21,16 @@ constexpr int frameRoom = 40;           // of the window system, around a dialog
 constexpr int usualSpace = 4;           // boot-screen pixels
 constexpr NumberRange sizes{1, 200, 1}; // points; what is too large for the format the tool refuses
 
-// Sets with many gaps have texts of a quarter of a million letters, which nobody reads.
-constexpr qsizetype shownRanges = 4000;
+// Sets with many gaps have texts of a quarter of a million letters, and only the lines that are
+// seen are laid out.
+QString inLines(QString ranges)
+{
+    constexpr qsizetype lineLength = 500;
+    for (qsizetype at = ranges.indexOf(u',', lineLength); at >= 0;
+         at = ranges.indexOf(u',', at + lineLength))
+        ranges.insert(at + 1, u'\n');
+    return ranges;
+}
 
 QString pathOf(const std::vector<InstalledFont>& fonts, const FontFile& font)
 {
@@ -280,9 +288,7 @@ void FontWindow::press(int code)
 
 void FontWindow::showSet()
 {
-    const QString ranges = FormatCharacterRanges(m_set);
-    m_ranges->setPlainText(ranges.size() > shownRanges ? ranges.left(shownRanges) + u"..."_s
-                                                       : ranges);
+    m_ranges->setPlainText(inLines(FormatCharacterRanges(m_set)));
     m_views->setChanged();
     CharSelected wanted = m_set;
     wanted[0] = false; // never goes into a font

@@ -30,8 +30,8 @@ void fillTheScreen(MainWindow& window)
 void toggleSplash(MainWindow& window)
 {
     QAction* action = window.menus().action(QStringLiteral("mnuView_Splash"));
-    if (action->isChecked() && (!BackToXpm(window.shell()) || !XpmToGif(window.shell())))
-        action->setChecked(false);
+    if (action->isChecked() && BackToXpm(window.shell()))
+        (void)XpmToGif(window.shell());
 }
 
 void showScales(MainWindow& window)

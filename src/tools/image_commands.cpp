@@ -54,9 +54,11 @@ void mnuT_NConvert_Clipboard(const Shell& shell, const PictureClipboard& clipboa
     if (chosen.isEmpty())
         return;
     // The dialog does not add the ending by itself on every desktop.
+    const QString answer = chosen;
     if (!chosen.endsWith(u".jpg"_s, Qt::CaseInsensitive))
         chosen += u".jpg"_s;
-    if (!shell.toolThere(shell.run.ToolNConvert))
+    if (!shell.toolThere(shell.run.ToolNConvert) ||
+        !mayReplace(shell, chosen, answer, u"Save Clipboard image as..."_s))
         return;
     const QString output = shell.run.WorkspaceRoot + clipboardJpgName;
     // Other than PictureFromClipboard() on purpose: a little smaller.

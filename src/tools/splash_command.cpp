@@ -16,15 +16,6 @@ namespace {
 const QString ending = u".xpm.gz"_s;
 const QString packedName = u"~splash.xpm.gz"_s;
 
-// The dialog has asked about the name without the ending.
-bool mayReplace(const Shell& shell, const QString& target, const QString& chosen)
-{
-    return target == chosen || !FileExists(target) ||
-           shell.prompts.ShowMessage(
-               u"File %1 already exists.\nDo you want to replace it?"_s.arg(target),
-               MessageType::YesNo, u"Save splashimage as..."_s) == Answer::Yes;
-}
-
 } // namespace
 
 void mnuFile_Splash(const Shell& shell)
@@ -35,7 +26,7 @@ void mnuFile_Splash(const Shell& shell)
         return;
     const bool named = namePart(chosen).endsWith(ending, Qt::CaseInsensitive);
     const QString target = named ? chosen : chosen + ending;
-    if (!mayReplace(shell, target, chosen) || !BackToXpm(shell))
+    if (!mayReplace(shell, target, chosen, u"Save splashimage as..."_s) || !BackToXpm(shell))
         return;
     const QString& folder = shell.run.WorkspaceRoot;
     const Result<QString> packed = SevenZipPack(shell, folder + splashXpmName, folder, packedName);

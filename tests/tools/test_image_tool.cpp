@@ -148,7 +148,13 @@ TEST(ImageTool, TakesPicturesFromTheClipboard)
     EXPECT_EQ(w.t.prompts.fileQuestions.back().proposedName, u"Clipboard.jpg"_s);
     EXPECT_FALSE(FileExists(w.root + clipboardJpgName));
 
+    // The dialog asked about the name that was typed, not about the one with the ending.
     const QString kept = w.t.file(u"kept.JPG"_s, "mine");
+    const QString there = w.t.file(u"there.jpg"_s, "mine");
+    w.t.prompts.expectSave(w.t.path(u"there"_s));
+    w.t.prompts.expectMessage(u"already exists"_s, Answer::No);
+    mnuT_NConvert_Clipboard(w.shell, w.clipboard);
+    EXPECT_EQ(bytesOf(there), "mine");
     w.clipboard.held = QImage();
     w.t.prompts.expectSave(kept);
     w.t.prompts.expectMessage(u"Perhaps the Clipboard is empty or contains no image data."_s);
