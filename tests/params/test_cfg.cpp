@@ -54,8 +54,16 @@ struct CfgShell : TestShell {
 TEST(CfgParams, BringsValuesIntoOneForm)
 {
     const std::pair<QStringView, QStringView> cases[] = {
-        {u"0xff # red", u"0x0000FF"}, {u"12 13", u"1213"}, {u"0xzz", u"0x000000"}, {u"-1", u"-1"},
-        {u"0x1234567", u"0x234567"},  {u"", u"0"},         {u"5|6", u"5"},
+        {u"0xff # red", u"0x0000FF"},
+        {u"12 13", u"1213"},
+        {u"0xzz", u"0x000000"},
+        {u"-1", u"-1"},
+        {u"0x1234567", u"0x234567"},
+        {u"", u"0"},
+        {u"5|6", u"5"},
+        {u" 0xff", u"0"},
+        {u" 4294967295 # all", u"4294967295"},
+        {u"0.50", u"0.5"},
     };
     for (const auto& [text, value] : cases)
         EXPECT_EQ(CfgNormalise(text), value) << text.toString().toStdString();
