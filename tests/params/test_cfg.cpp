@@ -93,7 +93,8 @@ TEST(CfgRows, TellsTheStatesApart)
               CfgComment(u"boot_show"));
     expectRow(3, u"on|menu_start_x|0x00000A| x = 1#"_s, green, std::nullopt, u" x = 1#"_s);
     expectRow(4, u"off|welcome|0| no"_s, blue, std::nullopt, u"welcome=0 # no"_s);
-    expectRow(5, u"off|hide_help|1|"_s + CfgComment(u"hide_help"), blue, std::nullopt, u""_s);
+    expectRow(5, u"off|hide_help|1|"_s + CfgComment(u"hide_help"), blue, std::nullopt,
+              u"hide_help =1"_s);
     expectRow(6, u"off|MENU_START_Y|5|"_s + wrong, fixed, qRgb(255, 0, 0),
               wrong + u" \"MENU_START_Y\""_s);
     expectRow(7, separator, pink, std::nullopt, u""_s);
@@ -116,9 +117,9 @@ TEST(CfgRows, OffersWhatTheEngineKnowsAndTheFileDoesNotName)
               QStringList({separator, penguin}));
     EXPECT_EQ(rowsOf(u"foo=1 # penguin menu_start_x boot_show"_s, engine).mid(1),
               QStringList({separator}));
-    // Switched off by a blank: no "#", so the engine's parameter is still offered.
-    EXPECT_EQ(rowsOf(u"menu_start_x =5\nboot_show=1\npenguin=0"_s, engine).mid(3),
-              QStringList({separator, startX}));
+    // Switched off by a blank, or named in a wrong line: all of a line without "#" is a mention.
+    EXPECT_EQ(rowsOf(u"menu_start_x =5\nfoo=1 penguin"_s, engine).mid(2),
+              QStringList({separator, u"off|boot_show|1|"_s + CfgComment(u"boot_show") + u' '}));
 
     QString all;
     for (const CfgParam& param : cfgParams)
