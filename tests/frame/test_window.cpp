@@ -5,6 +5,7 @@
 #include "frame/status_bar.h"
 #include "frame/thumbnail_strip.h"
 #include "frame/toolbar.h"
+#include "params/list_view.h"
 #include "params/object_table.h"
 #include "params/right_panel.h"
 #include "params/tab_strip.h"
@@ -268,6 +269,20 @@ TEST(Window, SaveAndReOpenBringTheFileBack)
     w.choose("mnuFile_SaveAs");
     EXPECT_EQ(w.window.windowTitle(), prefix + u"copy.gz"_s);
     EXPECT_EQ(w.window.menus().entries("mnuFile1").size(), 2U);
+}
+
+TEST(Window, ColumnsAreWideOnlyWhenAskedFor)
+{
+    ListRows rows;
+    rows.columns = {u"a"_s, u"b"_s};
+    rows.rows.emplace_back();
+    rows.rows[0].cells = {{QString(100, u'w'), {}, {}, {}, false}, {}};
+    ListView view(1, nullptr);
+    view.setRows(&rows);
+    const auto& report = *view.findChild<QTreeView*>();
+    EXPECT_LE(report.columnWidth(0), 260);
+    view.fitColumns();
+    EXPECT_GE(report.columnWidth(0), report.fontMetrics().horizontalAdvance(rows.rows[0].text()));
 }
 
 TEST(Window, TabsOfALowPanelScrollInsteadOfCoveringTheList)
