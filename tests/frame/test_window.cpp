@@ -271,6 +271,16 @@ TEST(Window, SaveAndReOpenBringTheFileBack)
     EXPECT_EQ(w.window.menus().entries("mnuFile1").size(), 2U);
 }
 
+TEST(Window, AStartWithoutAFileLogsNoOpen)
+{
+    Story w;
+    w.shell.log.start(w.shell.path(u"log"_s));
+    const MainWindow another(w.bench);
+    const QByteArray log = bytesOf(w.shell.path(u"log"_s));
+    EXPECT_TRUE(log.contains("UpdateInterface") && !log.contains("     ")) << log.toStdString();
+    EXPECT_EQ(w.bench.params.tabs[TabFonts].caption, u"Font(s)"_s);
+}
+
 TEST(Window, ColumnsAreWideOnlyWhenAskedFor)
 {
     ListRows rows;
