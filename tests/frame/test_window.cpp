@@ -281,6 +281,30 @@ TEST(Window, AStartWithoutAFileLogsNoOpen)
     EXPECT_EQ(w.bench.params.tabs[TabFonts].caption, u"Font(s)"_s);
 }
 
+// The file has no row for the left edge, the engine knows none: the drag lives in the run only.
+TEST(Window, AnEditOfGfxbootCfgLeavesADraggedMenuAndMovesTheMarker)
+{
+    Story w;
+    RawCpio archive = smallMessage(400, 300);
+    archive.add({.name = "gfxboot.cfg", .data = "menu_start_y=100\r\nwelcome=1"});
+    w.open(w.shell.file(u"custom"_s, QByteArray::fromStdString(archive.close())));
+    w.goToTab(u"Config"_s);
+    const Stage& stage = w.window.stageLink().stage();
+    const PanelRec& menu = *w.lists().object(MenuPanelRow);
+    const QPoint bar = w.middleOf(MenuBarRow);
+    w.drag(bar, bar - QPoint(30, 0));
+    ASSERT_EQ(menu.Left, 223);
+    w.shell.log.start(w.shell.path(u"log"_s));
+    w.type(u"welcome"_s, u"0"_s);
+    EXPECT_EQ(menu.Left, 223);
+    EXPECT_FALSE(FileExists(w.shell.path(u"log"_s))); // nothing of an open
+    const QPoint marker = stage.marker().topLeft();
+    w.type(u"menu_start_y"_s, u"60"_s);
+    EXPECT_EQ(menu.Left, 223);
+    EXPECT_TRUE(stage.markerVisible());
+    EXPECT_EQ(stage.marker().topLeft(), marker - QPoint(0, 40));
+}
+
 TEST(Window, ColumnsAreWideOnlyWhenAskedFor)
 {
     ListRows rows;
