@@ -82,12 +82,10 @@ void selectFont(MainWindow& window, const QString& component)
 void showNewFont(MainWindow& window)
 {
     Workbench& bench = window.workbench();
-    if (!bench.shell.run.GfxHasZuk) {
-        const ListRows& cfg = *bench.params.list(TabConfig);
-        applyGeneration(bench.shell, bench.params, bench.fonts.table,
-                        [&cfg](QStringView name) { return CfgValue(cfg, name); });
-    }
-    window.stageLink().stage().RefreshPanels();
+    const ListRows& cfg = *bench.params.list(TabConfig);
+    fitMenuToFont(bench.shell.run, bench.params, bench.fonts.table,
+                  [&cfg](QStringView name) { return CfgValue(cfg, name); });
+    window.ShowBackground();
 }
 
 std::optional<FontChoice> askForFont(MainWindow& window, const FontDialogStart& start)

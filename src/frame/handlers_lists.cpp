@@ -153,14 +153,18 @@ void onRowActivated(MainWindow& window, int tab, int row)
 }
 
 // A changed row of gfxboot.cfg reaches the file and the stage at once.
-void writeCfgRow(MainWindow& window)
+void writeCfgRow(MainWindow& window, const QString& name)
 {
     ParamLists& lists = window.workbench().params;
-    ListRows& list = *lists.list(TabConfig);
+    const ListRows& list = *lists.list(TabConfig);
     (void)writeConfig(window);
-    applyGeneration(window.shell(), lists, window.workbench().fonts.table,
-                    [&list](QStringView key) { return CfgValue(list, key); });
-    window.stageLink().stage().RefreshPanels();
+    CfgApply(window.shell().run, lists, window.workbench().fonts.table, name,
+             [&list](QStringView key) { return CfgValue(list, key); });
+    Stage& stage = window.stageLink().stage();
+    stage.RefreshPanels();
+    // The selected object may stand elsewhere now.
+    stage.ShowMarker(-1, -1);
+    stage.ShowMarker(stage.SelectedPanel, 0);
 }
 
 void onRowChecked(MainWindow& window, int tab, int row, bool checked)
@@ -174,7 +178,7 @@ void onRowChecked(MainWindow& window, int tab, int row, bool checked)
         return;
     changed->checked = checked;
     changed->colour = checkedColour(checked);
-    writeCfgRow(window);
+    writeCfgRow(window, changed->text());
 }
 
 void onKey(MainWindow& window, int tab, int key)
@@ -359,7 +363,7 @@ void CommitValue(MainWindow& window)
         return;
     }
     row->cells[1].text = normaliseTyped(typed);
-    writeCfgRow(window);
+    writeCfgRow(window, row->text());
 }
 
 void closeValueEditor(MainWindow& window)

@@ -58,7 +58,8 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     m_toolbar->BuildToolbar(m_commands);
     connectAreas();
     (void)LoadCatalogue(workbench.shell, workbench.params.ZUKarr);
-    BuildTabs(workbench.shell, workbench.params, {});
+    // Not by BuildTabs(), whose lines in the log tell of an open.
+    workbench.params.tabs = fixedTabs();
     rebuildTabs(*this);
     UpdateInterface();
     showWelcome();

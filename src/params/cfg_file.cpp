@@ -35,11 +35,10 @@ void setTip(ListRow& row, const QString& tip)
     row.cells[CfgCommentColumn].toolTip = tip;
 }
 
-// Empty without a "#".
+// The whole text without a "#".
 QString behindHash(const QString& text)
 {
-    const qsizetype hash = text.indexOf(u'#');
-    return hash < 0 ? QString() : text.mid(hash + 1);
+    return text.mid(text.indexOf(u'#') + 1);
 }
 
 QString commentOr(const QString& comment, const QString& name)
@@ -78,14 +77,16 @@ ListRow offRow(const QString& line, qsizetype equals, const QString& name, const
 {
     // The line's first "#" is mostly the one that switches it off, so the comment is looked for
     // behind the value.
-    const QString comment = commentOr(behindHash(line.mid(equals + 1)), name);
+    const QString right = line.mid(equals + 1);
+    const QString comment = commentOr(right.contains(u'#') ? behindHash(right) : QString(), name);
     ListRow row = makeRow(name, value, comment, false, cfgOffRow);
     setTip(row, behindHash(line));
     row.tag = name;
     return row;
 }
 
-// `seen` collects what the file mentions: names, and all text behind "#".
+// `seen` collects what the file mentions: names, and all text behind "#", or without one the whole
+// line, so that a parameter that a blank switches off is not offered a second time.
 ListRow rowOfLine(const QString& line, QString& seen)
 {
     const qsizetype equals = line.indexOf(u'=');

@@ -47,10 +47,9 @@ QString CfgKnownName(QStringView text)
 
 QString CfgNormalise(QStringView text)
 {
-    const qint64 number = numberFromText(text);
     // Colours are shown with six digits, everything else as people write numbers.
-    return text.trimmed().startsWith(u"0x", Qt::CaseInsensitive) ? hexText(number)
-                                                                 : QString::number(number);
+    return text.startsWith(u"0x", Qt::CaseInsensitive) ? hexText(numberFromText(text))
+                                                       : leadingNumberText(text);
 }
 
 } // namespace fennel

@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
+#include <limits>
 #include <utility>
 
 namespace fennel {
@@ -14,7 +15,8 @@ namespace {
 constexpr QSize reportIcon(22, 16);
 constexpr QSize largeIcon(144, 108);
 constexpr QSize largeCell(164, 146);
-// Logical pixels. A long comment in an inner column must not push the others out of sight.
+// Logical pixels. A long comment in an inner column must not push the others out of sight, unless
+// the user asks for it.
 constexpr int widestColumn = 260;
 } // namespace
 
@@ -93,7 +95,7 @@ void ListView::setRows(const ListRows* rows)
     m_model.setRows(rows);
     setCurrentWidget(icons ? static_cast<QWidget*>(m_icons) : m_report);
     setFocusProxy(currentWidget());
-    fitColumns();
+    fitWithin(widestColumn);
     select(rows == nullptr ? 0 : rows->selected);
 }
 
@@ -119,14 +121,19 @@ int ListView::selected() const
 
 void ListView::fitColumns()
 {
+    fitWithin(std::numeric_limits<int>::max());
+}
+
+void ListView::fitWithin(int widest)
+{
     if (current() != m_report)
         return;
     m_model.setMeasuring(true);
     for (int column = 0; column < m_model.columnCount(); ++column) {
         m_report->resizeColumnToContents(column);
         const bool last = column + 1 == m_model.columnCount();
-        if (!last && m_report->columnWidth(column) > widestColumn)
-            m_report->setColumnWidth(column, widestColumn);
+        if (!last && m_report->columnWidth(column) > widest)
+            m_report->setColumnWidth(column, widest);
     }
     m_model.setMeasuring(false);
 }

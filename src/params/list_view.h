@@ -25,7 +25,8 @@ public:
     void select(int row);
     // From 1; 0 if no row is selected.
     [[nodiscard]] int selected() const;
-    // "Columns AutoWidth": each column as wide as its widest text.
+    // "Columns AutoWidth": each column as wide as its widest text. setRows() keeps all columns but
+    // the last from growing very wide.
     void fitColumns();
     // "Reorder ITEMs": lays large icons out anew.
     void reorderItems();
@@ -48,6 +49,8 @@ protected:
 private:
     void connectView(QAbstractItemView& view);
     [[nodiscard]] QAbstractItemView* current() const;
+    // Each column but the last gets at most so many logical pixels.
+    void fitWithin(int widest);
 
     ListModel m_model;
     QTreeView* m_report;

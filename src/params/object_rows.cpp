@@ -224,7 +224,8 @@ QString lstCellText(std::optional<qint64> value, bool hex)
     if (!hex)
         return QString::number(*value);
     // Without leading zeros, unlike the six digits of the level column.
-    return QStringLiteral("0x") + QString::number(static_cast<quint32>(*value), 16).toUpper();
+    return QStringLiteral("0x") +
+           QString::number(*value < 0 ? static_cast<quint32>(*value) : *value, 16).toUpper();
 }
 
 // The switch itself is never grey, or nobody could switch the object on again.

@@ -6,6 +6,7 @@
 #include "shell/shell_context.h"
 #include "shell/text.h"
 
+#include <array>
 #include <cstdlib>
 
 namespace fennel {
@@ -80,43 +81,37 @@ void place(PanelRec& panel, int left, int top, int width, int height, const Look
     panel.BackColor = look.back;
 }
 
-// What generations 1 and 2 place alike, in boot-screen pixels.
-void placeFixed(const RunState& run, ParamLists& lists, double line)
+// Height of a line of the menu in generations 1 and 2, in boot-screen pixels.
+double lineHeight(const ParamLists& lists, const FontTable& fonts)
 {
-    // Ties to even, like all places on the stage.
-    const int oneLine = roundToEven(line + 3);
-    place(*lists.object(MenuPanelRow), menuLeft, menuTop, run.BackWidth - menuLeft,
-          roundToEven(line * menuEntries + 3), {255, white, grey});
-    place(*lists.object(MenuBarRow), menuLeft, menuTop, run.BackWidth - menuLeft, oneLine,
+    const double size = fonts.empty() ? 0.0 : fonts.front().Size;
+    return size + 3 + lists.MenuSlit;
+}
+
+// Ties to even, like all places on the stage.
+qint16 menuHeight(double line, qint64 entries)
+{
+    return clampToI16(roundToEven(static_cast<double>(entries) * line + 3));
+}
+
+// What generations 1 and 2 place alike, in boot-screen pixels; the heights that a font sets stay.
+void placeFixed(const RunState& run, ParamLists& lists)
+{
+    place(*lists.object(MenuPanelRow), menuLeft, menuTop, run.BackWidth - menuLeft, 0,
+          {255, white, grey});
+    place(*lists.object(MenuBarRow), menuLeft, menuTop, run.BackWidth - menuLeft, 0,
           {70, black, white});
     place(*lists.object(ButtonsPanelRow), 0, run.BackHeight - buttonsHeight, run.BackWidth,
           buttonsHeight, {255, white, grey});
-    place(*lists.object(OptionsPanelRow), 263, 480, run.BackWidth - 263, oneLine,
-          {255, white, grey});
+    place(*lists.object(OptionsPanelRow), 263, 480, run.BackWidth - 263, 0, {255, white, grey});
     lists.object(ButtonsPanelRow)->Text =
         QStringLiteral("F1|Help|F2|Language|English (UK)|F9|Reboot|F10|Poweroff");
     lists.object(OptionsPanelRow)->Text = QStringLiteral("OptionsPanel");
 }
 
-void placeByCfg(const RunState& run, ParamLists& lists, double line, const CfgLookup& CfgValue)
-{
-    const auto number = [&](QStringView name) { return numberFromText(CfgValue(name)); };
-    const qint64 left = number(u"menu_start_x");
-    for (const int row : {MenuPanelRow, MenuBarRow}) {
-        PanelRec& panel = *lists.object(row);
-        panel.Left = clampToI16(left);
-        panel.Top = clampToI16(number(u"menu_start_y"));
-        // Up to the right edge of the background, as the engine draws it.
-        panel.Width = clampToI16(run.BackWidth - left);
-    }
-    PanelRec& menu = *lists.object(MenuPanelRow);
-    const auto entries = static_cast<double>(number(u"menu_max_entries"));
-    menu.Height = clampToI16(roundToEven(entries * line + 3));
-    menu.TextColor = opaque(number(u"menu_text_normal"));
-    PanelRec& bar = *lists.object(MenuBarRow);
-    bar.TextColor = opaque(number(u"menu_text_select"));
-    bar.BackColor = opaque(number(u"menu_bar_color"));
-}
+// Beside menu_max_entries, which the height depends on as on the font.
+constexpr std::array<QStringView, 5> stageKeys = {
+    u"menu_start_x", u"menu_start_y", u"menu_text_normal", u"menu_text_select", u"menu_bar_color"};
 
 } // namespace
 
@@ -131,11 +126,47 @@ void applyGeneration(const Shell& shell, ParamLists& lists, const FontTable& fon
     shell.WriteLog(QStringLiteral("     gfxboot_var=%1").arg(generation));
     if (!lists.object(OptionsPanelRow))
         return; // nothing is open
-    const double size = fonts.empty() ? 0.0 : fonts.front().Size;
-    const double line = size + 3 + lists.MenuSlit;
-    placeFixed(shell.run, lists, line);
-    if (generation == 2)
-        placeByCfg(shell.run, lists, line, CfgValue);
+    placeFixed(shell.run, lists);
+    fitMenuToFont(shell.run, lists, fonts, CfgValue);
+    for (const QStringView key : stageKeys)
+        CfgApply(shell.run, lists, fonts, key, CfgValue);
+}
+
+void fitMenuToFont(const RunState& run, ParamLists& lists, const FontTable& fonts,
+                   const CfgLookup& CfgValue)
+{
+    if (run.gfxboot_var > 2 || !lists.object(OptionsPanelRow))
+        return;
+    const double line = lineHeight(lists, fonts);
+    lists.object(MenuPanelRow)->Height = menuHeight(line, menuEntries);
+    for (const int row : {MenuBarRow, OptionsPanelRow})
+        lists.object(row)->Height = menuHeight(line, 1);
+    CfgApply(run, lists, fonts, u"menu_max_entries", CfgValue);
+}
+
+void CfgApply(const RunState& run, ParamLists& lists, const FontTable& fonts, QStringView name,
+              const CfgLookup& CfgValue)
+{
+    PanelRec* menu = lists.object(MenuPanelRow);
+    PanelRec* bar = lists.object(MenuBarRow);
+    if (run.gfxboot_var != 2 || !bar)
+        return;
+    const qint64 value = numberFromText(CfgValue(name));
+    if (name == u"menu_bar_color")
+        bar->BackColor = opaque(value);
+    else if (name == u"menu_text_normal")
+        menu->TextColor = opaque(value);
+    else if (name == u"menu_text_select")
+        bar->TextColor = opaque(value);
+    else if (name == u"menu_max_entries")
+        menu->Height = menuHeight(lineHeight(lists, fonts), value);
+    else if (name == u"menu_start_y")
+        menu->Top = bar->Top = clampToI16(value);
+    else if (name == u"menu_start_x") {
+        menu->Left = bar->Left = clampToI16(value);
+        // Up to the right edge of the background, as the engine draws it.
+        menu->Width = bar->Width = clampToI16(run.BackWidth - value);
+    }
 }
 
 void RecalcPanelsFromLevels(const Shell& shell, ParamLists& lists, Layer layer)

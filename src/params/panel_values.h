@@ -14,6 +14,7 @@
 
 namespace fennel {
 
+struct RunState;
 struct Shell;
 
 // Lengths that fit no boot screen stop at the ends of 16 bits.
@@ -30,6 +31,16 @@ using CfgLookup = std::function<QString(QStringView)>;
 // six keys of gfxboot.cfg in their places, 3 RecalcPanelsFromLevels(LayerCfg).
 void applyGeneration(const Shell& shell, ParamLists& lists, const FontTable& fonts,
                      const CfgLookup& CfgValue);
+
+// The heights that the font sets in generations 1 and 2: of the menu, its bar and the options line.
+// For a font that has changed since applyGeneration(); places that were dragged stay.
+void fitMenuToFont(const RunState& run, ParamLists& lists, const FontTable& fonts,
+                   const CfgLookup& CfgValue);
+
+// Brings one parameter of gfxboot.cfg to the objects of generation 2: colours, height or place of
+// the menu and its bar. Most names have no effect there.
+void CfgApply(const RunState& run, ParamLists& lists, const FontTable& fonts, QStringView name,
+              const CfgLookup& CfgValue);
 
 // Recomputes all objects of generation 3 from ZUKarr as seen from `layer`. PanelRec::On stays.
 void RecalcPanelsFromLevels(const Shell& shell, ParamLists& lists, Layer layer);

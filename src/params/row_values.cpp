@@ -99,11 +99,10 @@ void alignMenuAndBar(ParamLists& lists, int object)
 
 QString normaliseTyped(QStringView text)
 {
-    const QStringView typed = text.trimmed();
-    if (!typed.startsWith(u"0x", Qt::CaseInsensitive))
-        return QString::number(numberFromText(typed));
+    if (!text.startsWith(u"0x", Qt::CaseInsensitive))
+        return leadingNumberText(text);
     // Letters that are no digits stay as they were typed; they end the number when it is read.
-    const QString digits = QStringLiteral("000000") + typed.mid(2).right(6).toString().toUpper();
+    const QString digits = QStringLiteral("000000") + text.mid(2).right(6).toString().toUpper();
     return QStringLiteral("0x") + digits.right(6);
 }
 

@@ -19,8 +19,9 @@ struct RowChange {
     std::vector<int> objects; // rows of PanelArr that were recomputed and are to be drawn, in order
 };
 
-// A typed text as the row stores it: behind "0x" the last six characters, padded with zeros and in
-// upper case; any other text as the decimal number that it begins with. Nothing is refused.
+// A typed text as the row stores it: behind "0x" at its very start the last six characters, padded
+// with zeros and in upper case; any other text as the decimal number that it begins with, of any
+// size and with its fraction. Nothing is refused.
 QString normaliseTyped(QStringView text);
 
 // Acts on the value that now stands in a row: the object's switch recolours the rows, a parameter

@@ -28,16 +28,6 @@ constexpr CaptionMask captionMasks[] = {
     {u"LOGO", u"Logo_??.jpg"},
 };
 
-// Index 0 stays empty: tabs count from 1.
-std::vector<ParamTab> fixedTabs()
-{
-    std::vector<ParamTab> tabs{std::size_t{FirstObjectTab}};
-    std::size_t tab = TabMenu;
-    for (const char* caption : {"Menu", "Gfxboot", "Config", "Background(s)", "Font(s)"})
-        tabs[tab++].caption = QString::fromLatin1(caption);
-    return tabs;
-}
-
 ParamTab objectTab(const PanelRec& panel, int object)
 {
     ParamTab tab;
@@ -69,6 +59,15 @@ bool fontSelected(const RunState& run, const ParamLists& lists)
 }
 
 } // namespace
+
+std::vector<ParamTab> fixedTabs()
+{
+    std::vector<ParamTab> tabs{std::size_t{FirstObjectTab}};
+    std::size_t tab = TabMenu;
+    for (const char* caption : {"Menu", "Gfxboot", "Config", "Background(s)", "Font(s)"})
+        tabs[tab++].caption = QString::fromLatin1(caption);
+    return tabs;
+}
 
 void BuildTabs(const Shell& shell, ParamLists& lists, const FillOptions& options)
 {

@@ -16,6 +16,9 @@ namespace fennel {
 struct RunState;
 struct Shell;
 
+// The tabs that are there before anything is open, 1 to 5; element 0 is never used.
+std::vector<ParamTab> fixedTabs();
+
 // Makes the tabs anew: the five fixed ones, whose lists stay, and in generation 3 one per Enabled
 // object with its list filled. Sets PanelRec::TabIndex. A current tab that is gone becomes the
 // first. The old lists stand until the last new one is ready; then all elements of

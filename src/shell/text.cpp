@@ -27,8 +27,9 @@ constexpr std::array<char16_t, 128> cp1251High = {
     0x0448, 0x0449, 0x044A, 0x044B, 0x044C, 0x044D, 0x044E, 0x044F};
 
 constexpr char utf8Mark[] = "\xEF\xBB\xBF";
-// Numbers of the files are kept in 32 bits by what reads them.
-constexpr double decimalLimit = 2147483647.0;
+// Up to here a double counts in ones.
+constexpr double wholeLimit = 9007199254740992.0;
+constexpr double placeLimit = 2147483647.0;
 // Digits of the largest double and more: what stands behind them does not change the number.
 constexpr qsizetype mostDigits = 330;
 
@@ -48,6 +49,30 @@ qint64 hexNumber(QStringView digits)
         value = ((value << 4) | digit) & 0xFFFFFF;
     }
     return value;
+}
+
+// Sign, digits and point as they stand, without the zeros in front.
+QString leadingCharacters(QStringView text)
+{
+    QString number;
+    bool started = false;
+    bool point = false;
+    for (const QChar c : text) {
+        if (isSkipped(c))
+            continue;
+        const bool sign = (c == u'-' || c == u'+') && !started;
+        const bool firstPoint = c == u'.' && !point;
+        const bool digit = c >= u'0' && c <= u'9';
+        if (!sign && !firstPoint && !digit)
+            break;
+        started = true;
+        point = point || firstPoint;
+        // Zeros in front are no digits of the number, however many there are.
+        const bool inFront = c == u'0' && (number.isEmpty() || number == u"-" || number == u"+");
+        if (!inFront && number.size() < mostDigits)
+            number.append(c);
+    }
+    return number;
 }
 
 } // namespace
@@ -112,28 +137,29 @@ QStringView trimBlanks(QStringView text)
     return text;
 }
 
+QString leadingNumberText(QStringView text)
+{
+    QString number = leadingCharacters(text);
+    const bool negative = number.startsWith(u'-');
+    if (negative || number.startsWith(u'+'))
+        number.remove(0, 1);
+    if (number.contains(u'.')) {
+        while (number.endsWith(u'0'))
+            number.chop(1);
+        if (number.endsWith(u'.'))
+            number.chop(1);
+    }
+    if (number.isEmpty())
+        return QStringLiteral("0");
+    if (number.startsWith(u'.'))
+        number.prepend(u'0');
+    return negative ? u'-' + number : number;
+}
+
 double leadingNumber(QStringView text)
 {
-    QString number;
-    bool started = false;
-    bool point = false;
-    for (const QChar c : text) {
-        if (isSkipped(c))
-            continue;
-        const bool sign = (c == u'-' || c == u'+') && !started;
-        const bool firstPoint = c == u'.' && !point;
-        const bool digit = c >= u'0' && c <= u'9';
-        if (!sign && !firstPoint && !digit)
-            break;
-        started = true;
-        point = point || firstPoint;
-        // Zeros in front are no digits of the number, however many there are.
-        const bool inFront = c == u'0' && (number.isEmpty() || number == u"-" || number == u"+");
-        if (!inFront && number.size() < mostDigits)
-            number.append(c);
-    }
     constexpr double largest = std::numeric_limits<double>::max();
-    return std::clamp(number.toDouble(), -largest, largest);
+    return std::clamp(leadingNumberText(text).toDouble(), -largest, largest);
 }
 
 qint64 numberFromText(QStringView text)
@@ -142,13 +168,13 @@ qint64 numberFromText(QStringView text)
     if (trimmed.startsWith(u"0x", Qt::CaseInsensitive))
         return hexNumber(trimmed.mid(2));
     const double value = leadingNumber(trimmed);
-    return static_cast<qint64>(std::nearbyint(std::clamp(value, -decimalLimit, decimalLimit)));
+    return static_cast<qint64>(std::nearbyint(std::clamp(value, -wholeLimit, wholeLimit)));
 }
 
 // Places on the stage are rounded this way everywhere; another rule would shift objects by a pixel.
 int roundToEven(double value)
 {
-    return static_cast<int>(std::nearbyint(std::clamp(value, -decimalLimit, decimalLimit)));
+    return static_cast<int>(std::nearbyint(std::clamp(value, -placeLimit, placeLimit)));
 }
 
 QString hexText(qint64 value)

@@ -32,17 +32,21 @@ TextFile FileReadAll(const QString& path);
 // a no-break space may be half of a character that is not of code page 1251.
 QStringView trimBlanks(QStringView text);
 
-// The decimal number at the start of a text, as in "14 px" = 14 and "12abc" = 12. Blanks, tabs and
-// line ends are skipped wherever they stand ("12 13" = 1213). Without a number the result is 0.
+// The decimal number at the start of a text, as in "14 px" = "14", written in its shortest form:
+// ".50" is "0.5", "-0" is "0". Blanks, tabs and line ends are skipped wherever they stand ("12 13"
+// = "1213"). Without a number the result is "0". Of a longer number the first 330 characters count.
+QString leadingNumberText(QStringView text);
+
+// Its value, as near as a double comes; a number beyond them all is the largest.
 double leadingNumber(QStringView text);
 
-// leadingNumber() rounded to a whole number, ties to even, or, if the text begins with "0x" in
-// either case, the hexadecimal number behind it up to the first character that is no digit, its
-// last six digits. The same text gives the same number everywhere: level files, lists, gfxboot.cfg,
-// menus. Decimal numbers are kept within +-2147483647.
+// leadingNumber() rounded to a whole number, ties to even, or, if the text behind blanks begins
+// with "0x" in either case, the hexadecimal number behind it up to the first character that is no
+// digit, its last six digits. Decimal numbers are kept within +-2^53; what takes fewer bits cuts
+// them itself, a level file to the low 24.
 qint64 numberFromText(QStringView text);
 
-// To the nearest integer, ties to even: 0.5 -> 0, 1.5 -> 2, 2.5 -> 2.
+// To the nearest integer, ties to even: 0.5 -> 0, 1.5 -> 2, 2.5 -> 2. Within +-2147483647.
 int roundToEven(double value);
 
 // "0x" and six upper-case digits, the last six of a longer number.

@@ -5,6 +5,7 @@
 #include "frame/status_bar.h"
 #include "frame/thumbnail_strip.h"
 #include "frame/toolbar.h"
+#include "params/list_view.h"
 #include "params/object_table.h"
 #include "params/right_panel.h"
 #include "params/tab_strip.h"
@@ -268,6 +269,54 @@ TEST(Window, SaveAndReOpenBringTheFileBack)
     w.choose("mnuFile_SaveAs");
     EXPECT_EQ(w.window.windowTitle(), prefix + u"copy.gz"_s);
     EXPECT_EQ(w.window.menus().entries("mnuFile1").size(), 2U);
+}
+
+TEST(Window, AStartWithoutAFileLogsNoOpen)
+{
+    Story w;
+    w.shell.log.start(w.shell.path(u"log"_s));
+    const MainWindow another(w.bench);
+    const QByteArray log = bytesOf(w.shell.path(u"log"_s));
+    EXPECT_TRUE(log.contains("UpdateInterface") && !log.contains("     ")) << log.toStdString();
+    EXPECT_EQ(w.bench.params.tabs[TabFonts].caption, u"Font(s)"_s);
+}
+
+// The file has no row for the left edge, the engine knows none: the drag lives in the run only.
+TEST(Window, AnEditOfGfxbootCfgLeavesADraggedMenuAndMovesTheMarker)
+{
+    Story w;
+    RawCpio archive = smallMessage(400, 300);
+    archive.add({.name = "gfxboot.cfg", .data = "menu_start_y=100\r\nwelcome=1"});
+    w.open(w.shell.file(u"custom"_s, QByteArray::fromStdString(archive.close())));
+    w.goToTab(u"Config"_s);
+    const Stage& stage = w.window.stageLink().stage();
+    const PanelRec& menu = *w.lists().object(MenuPanelRow);
+    const QPoint bar = w.middleOf(MenuBarRow);
+    w.drag(bar, bar - QPoint(30, 0));
+    ASSERT_EQ(menu.Left, 223);
+    w.shell.log.start(w.shell.path(u"log"_s));
+    w.type(u"welcome"_s, u"0"_s);
+    EXPECT_EQ(menu.Left, 223);
+    EXPECT_FALSE(FileExists(w.shell.path(u"log"_s))); // nothing of an open
+    const QPoint marker = stage.marker().topLeft();
+    w.type(u"menu_start_y"_s, u"60"_s);
+    EXPECT_EQ(menu.Left, 223);
+    EXPECT_TRUE(stage.markerVisible());
+    EXPECT_EQ(stage.marker().topLeft(), marker - QPoint(0, 40));
+}
+
+TEST(Window, ColumnsAreWideOnlyWhenAskedFor)
+{
+    ListRows rows;
+    rows.columns = {u"a"_s, u"b"_s};
+    rows.rows.emplace_back();
+    rows.rows[0].cells = {{QString(100, u'w'), {}, {}, {}, false}, {}};
+    ListView view(1, nullptr);
+    view.setRows(&rows);
+    const auto& report = *view.findChild<QTreeView*>();
+    EXPECT_LE(report.columnWidth(0), 260);
+    view.fitColumns();
+    EXPECT_GE(report.columnWidth(0), report.fontMetrics().horizontalAdvance(rows.rows[0].text()));
 }
 
 TEST(Window, TabsOfALowPanelScrollInsteadOfCoveringTheList)

@@ -108,7 +108,7 @@ TEST(MenuOverlay, ItemsOfADataTitle)
               u"1:5=255 1:6=10 1:7=12 1:8=0 1:9=0 1:10=1"_s);
     // Numbers that are no parameters, and values beyond what a cell holds.
     EXPECT_EQ(overlay(u"title [zuk0001] :0=1 :100=1 :99999=1 :-3=1 :abc=1 :2=99999999999999"_s),
-              u"1:2=2147483647"_s);
+              u"1:2=99999999999999"_s);
     EXPECT_EQ(overlay(u"title   [zuk0002] :1=5"_s), u"2:1=5"_s);
 }
 

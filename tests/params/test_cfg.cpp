@@ -54,8 +54,16 @@ struct CfgShell : TestShell {
 TEST(CfgParams, BringsValuesIntoOneForm)
 {
     const std::pair<QStringView, QStringView> cases[] = {
-        {u"0xff # red", u"0x0000FF"}, {u"12 13", u"1213"}, {u"0xzz", u"0x000000"}, {u"-1", u"-1"},
-        {u"0x1234567", u"0x234567"},  {u"", u"0"},         {u"5|6", u"5"},
+        {u"0xff # red", u"0x0000FF"},
+        {u"12 13", u"1213"},
+        {u"0xzz", u"0x000000"},
+        {u"-1", u"-1"},
+        {u"0x1234567", u"0x234567"},
+        {u"", u"0"},
+        {u"5|6", u"5"},
+        {u" 0xff", u"0"},
+        {u" 4294967295 # all", u"4294967295"},
+        {u"0.50", u"0.5"},
     };
     for (const auto& [text, value] : cases)
         EXPECT_EQ(CfgNormalise(text), value) << text.toString().toStdString();
@@ -85,7 +93,8 @@ TEST(CfgRows, TellsTheStatesApart)
               CfgComment(u"boot_show"));
     expectRow(3, u"on|menu_start_x|0x00000A| x = 1#"_s, green, std::nullopt, u" x = 1#"_s);
     expectRow(4, u"off|welcome|0| no"_s, blue, std::nullopt, u"welcome=0 # no"_s);
-    expectRow(5, u"off|hide_help|1|"_s + CfgComment(u"hide_help"), blue, std::nullopt, u""_s);
+    expectRow(5, u"off|hide_help|1|"_s + CfgComment(u"hide_help"), blue, std::nullopt,
+              u"hide_help =1"_s);
     expectRow(6, u"off|MENU_START_Y|5|"_s + wrong, fixed, qRgb(255, 0, 0),
               wrong + u" \"MENU_START_Y\""_s);
     expectRow(7, separator, pink, std::nullopt, u""_s);
@@ -108,9 +117,9 @@ TEST(CfgRows, OffersWhatTheEngineKnowsAndTheFileDoesNotName)
               QStringList({separator, penguin}));
     EXPECT_EQ(rowsOf(u"foo=1 # penguin menu_start_x boot_show"_s, engine).mid(1),
               QStringList({separator}));
-    // Switched off by a blank: no "#", so the engine's parameter is still offered.
-    EXPECT_EQ(rowsOf(u"menu_start_x =5\nboot_show=1\npenguin=0"_s, engine).mid(3),
-              QStringList({separator, startX}));
+    // Switched off by a blank, or named in a wrong line: all of a line without "#" is a mention.
+    EXPECT_EQ(rowsOf(u"menu_start_x =5\nfoo=1 penguin"_s, engine).mid(2),
+              QStringList({separator, u"off|boot_show|1|"_s + CfgComment(u"boot_show") + u' '}));
 
     QString all;
     for (const CfgParam& param : cfgParams)

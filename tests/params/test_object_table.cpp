@@ -142,6 +142,29 @@ TEST_F(OldGenerations, SecondTakesSixKeysOfItsFile)
     expectPlace(0, {100, 200, 700, 103}, 255, 0xff112233, 0xff808080);
     expectPlace(1, {100, 200, 700, 23}, 70, 0xff445566, 0xff778899);
     expectPlace(3, {263, 480, 537, 23}, 255, 0xffffffff, 0xff808080);
+
+    // A change brings its own parameter only; what was dragged meanwhile stays.
+    panel(0).Left = panel(1).Left = 150;
+    panel(0).Width = panel(1).Width = 500;
+    const auto one = [&](QStringView name, const QString& value) {
+        CfgApply(shell.run, lists, fonts, name, [&value](QStringView) { return value; });
+    };
+    one(u"welcome", u"9"_s);
+    one(u"menu_start_y", u"50"_s);
+    one(u"menu_max_entries", u"2"_s);
+    one(u"menu_text_normal", u"0x1"_s);
+    one(u"menu_text_select", u"0x2"_s);
+    one(u"menu_bar_color", u"0x3"_s);
+    expectPlace(0, {150, 50, 500, 43}, 255, 0xff000001, 0xff808080);
+    expectPlace(1, {150, 50, 500, 23}, 70, 0xff000002, 0xff000003);
+    one(u"menu_start_x", u"10"_s);
+    EXPECT_EQ(place(0).left(), 10);
+    EXPECT_EQ(place(1).width(), 790);
+    fonts[0].Size = 24;
+    fitMenuToFont(shell.run, lists, fonts, [](QStringView) { return u"2"_s; });
+    EXPECT_EQ(place(0), QRect(10, 50, 790, 63));
+    EXPECT_EQ(place(1), QRect(10, 50, 790, 33));
+
     applyGeneration(shell.shell, lists, fonts, [](QStringView) { return u"-99999999"_s; });
     EXPECT_TRUE(panel(0).Left == -32768 && panel(0).Width == 32767);
 }

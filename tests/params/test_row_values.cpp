@@ -16,8 +16,9 @@ protected:
 TEST(Typed, IsNeverRefused)
 {
     const std::pair<QString, QString> cases[] = {
-        {u"0X1234567"_s, u"0x234567"_s}, {u"12abc"_s, u"12"_s},      {QString(), u"0"_s},
-        {u"0x"_s, u"0x000000"_s},        {u"0xGG"_s, u"0x0000GG"_s}, {u" 0xff"_s, u"0x0000FF"_s},
+        {u"0X1234567"_s, u"0x234567"_s},    {u"12abc"_s, u"12"_s},      {QString(), u"0"_s},
+        {u"0x"_s, u"0x000000"_s},           {u"0xGG"_s, u"0x0000GG"_s}, {u" 0xff"_s, u"0"_s},
+        {u"4294967295"_s, u"4294967295"_s}, {u"12.5"_s, u"12.5"_s},
     };
     for (const auto& [typed, stored] : cases)
         EXPECT_EQ(normaliseTyped(typed), stored);
@@ -41,6 +42,17 @@ TEST_F(RowValues, ReachRowSwatchAndObject)
     change = type(24, u":18:="_s, u"9"_s);
     EXPECT_TRUE(change.objects.empty() && !change.statesPainted);
     EXPECT_EQ(value(24, u":18:="_s), u"9"_s);
+    // Wider than its record: the low 24 bits are saved, the row keeps the number.
+    type(24, u":18:="_s, u"3000000000"_s);
+    GatherListValues(shell.shell, lists);
+    ASSERT_TRUE(WriteLevelFiles(shell.shell, lists.ZUKarr));
+    ReadLevelFiles(shell.shell, lists.ZUKarr);
+    EXPECT_EQ(value(24, u":18:="_s), u"3000000000"_s);
+    EXPECT_EQ(lists.ZUKarr.at(4, 18).LevelValue, 0xD05E00);
+    type(5, u":02:="_s, u"3000000000"_s);
+    EXPECT_EQ(panel(5).Left, 32767);
+    type(5, u":02:="_s, u"12.5"_s);
+    EXPECT_EQ(panel(5).Left, 12);
     // Font 33 is not there, font 12 is.
     fonts[12].FontName = u"Serif"_s;
     type(5, u":09:="_s, u"12"_s);
