@@ -13,7 +13,7 @@ namespace fennel {
 
 FlashLink::FlashLink(MainWindow& window)
     : m_window(window), m_source(FolderDriveSource::fromEnvironment()),
-      m_drives(window.shell(), m_source, *this), m_qemu(window.shell(), *this),
+      m_drives(window.shell(), m_source, *this), m_qemu(window.shell(), m_source, *this),
       m_bios(biosStates(window.shell().run))
 {
     QObject::connect(&m_watch, &MountWatch::changed, &window, [this] { m_drives.mountsChanged(); });
