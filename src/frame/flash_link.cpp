@@ -109,7 +109,10 @@ void FlashLink::showFlashMenus(const FlashMenus& menus)
                            QString(menus.entries[i]).replace(u'&', QStringLiteral("&&")),
                            menus.anyFile, std::nullopt, menus.entries[i]});
     m_window.menus().setEntries("mnuMenu_fromFlash", entries);
-    m_window.menus().action(QStringLiteral("mnuMenu_select"))->setText(menus.selectCaption);
+    const QString select = QStringLiteral("mnuMenu_select");
+    m_window.menus().action(select)->setText(menus.selectCaption.isEmpty()
+                                                 ? QString::fromUtf16(menuItem(select)->caption)
+                                                 : menus.selectCaption);
     m_window.menus().setEnabled("mnuMenu_select", !menus.entries.isEmpty());
 }
 

@@ -113,6 +113,9 @@ TEST_F(StickTest, GoesAndComesBack)
     EXPECT_FALSE(story.window.menus().action(u"mnuFlash"_s)->isEnabled());
     EXPECT_TRUE(story.bench.CurrentMenuFile.isEmpty());
     EXPECT_TRUE(story.lists().PanelArr[MenuBarRow].Text.startsWith(u"RECALL"));
+    EXPECT_FALSE(story.action(u"mnuMenu_select"_s).isEnabled());
+    EXPECT_EQ(story.action(u"mnuMenu_select"_s).text(), u"Select MENU from X:"_s);
+    EXPECT_TRUE(story.window.menus().entries("mnuMenu_fromFlash").empty());
 
     mountStick(machine, 1);
     story.user().expectMessage(u"BOOT ME"_s);
