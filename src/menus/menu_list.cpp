@@ -35,6 +35,11 @@ ListRow embeddedRow()
     return row;
 }
 
+QString notFound(const MenuDrive& drive, const QString& name)
+{
+    return drive.letter + u":/"_s + name + u" not found!"_s;
+}
+
 // The device in front goes, "(hd0,0)/boot/message" as "/boot/message".
 QString shownPath(const QString& gfxmenu)
 {
@@ -62,6 +67,9 @@ ListRow fileRowOf(const MenuDrive& drive, const QString& name)
 
 Result<QString> readMenu(const MenuDrive& drive, const QString& name)
 {
+    // The name alone would mean a file of the folder that the program was started in.
+    if (drive.folder.isEmpty())
+        return Failure{FailureKind::NotFound, notFound(drive, name).toStdString()};
     const QString path = drive.folder + name;
     const QString root = withSeparator(shortForm(drive.folder));
     // A drive comes from anywhere; a link on it must not make us read files of this machine.

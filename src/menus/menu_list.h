@@ -20,7 +20,7 @@ inline constexpr QRgb dataMenuRow = qRgb(136, 0, 136); // a menu with bracket ti
 inline constexpr qint64 menuSizeLimit = 32LL * 1024 * 1024;
 
 // The text of a menu file of the drive. A file that a link leads to outside of the drive is
-// refused.
+// refused, and so is any file of a drive without a folder: it was pulled out.
 Result<QString> readMenu(const MenuDrive& drive, const QString& name);
 
 // Fills the rows: Embedded, a separator, then every *.lst in the root of the drive. The selected

@@ -156,6 +156,10 @@ TEST_F(MenuListTest, FilesThatCannotBeRead)
     EXPECT_EQ(apply(u"z.lst"_s), embedded);
     MenuListFill(shell.shell, drive, list);
     EXPECT_EQ(list.count(), 2);
+    // Its letter stands for no folder any more.
+    drive.folder.clear();
+    shell.prompts.expectMessage(u"E:/z.lst not found!"_s);
+    EXPECT_EQ(apply(u"z.lst"_s), embedded);
 }
 
 } // namespace
