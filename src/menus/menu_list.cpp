@@ -113,12 +113,17 @@ QString menuOfRow(const ListRows& list, int row)
     return found ? fileOfTag(found->tag) : QString();
 }
 
-int mnuMenu_fromFlash(const Shell& shell, const ListRows& list, const QString& name)
+int mnuMenu_fromFlash(const Shell& shell, const MenuDrive& drive, const ListRows& list,
+                      const QString& name)
 {
-    if (shell.run.GfxOpened)
-        return menuRow(list, name);
-    shell.prompts.ShowMessage(u"First, you need to open some gfxboot"_s);
-    return 0;
+    if (!shell.run.GfxOpened) {
+        shell.prompts.ShowMessage(u"First, you need to open some gfxboot"_s);
+        return 0;
+    }
+    const int row = menuRow(list, name);
+    if (row == 0)
+        shell.prompts.ShowMessage(notFound(drive, name));
+    return row;
 }
 
 QString MenuApply(const Shell& shell, const MenuDrive& drive, const QString& CurrentMenuFile,

@@ -33,8 +33,9 @@ int menuRow(const ListRows& list, const QString& name);
 QString menuOfRow(const ListRows& list, int row);
 
 // mnuMenu_fromFlash: the row to select and to click on, or 0 after the user was told that no
-// gfxboot is open.
-int mnuMenu_fromFlash(const Shell& shell, const ListRows& list, const QString& name);
+// gfxboot is open or that the list has no such file.
+int mnuMenu_fromFlash(const Shell& shell, const MenuDrive& drive, const ListRows& list,
+                      const QString& name);
 
 // Makes the menu named by CurrentMenuFile (empty: the Embedded one) the one in force: its data
 // titles go to the menu layer of the parameters, its entries are returned for the stage, each

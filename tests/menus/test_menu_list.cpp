@@ -88,9 +88,11 @@ TEST_F(MenuListTest, AChoiceNeedsAnOpenGfxboot)
     menu(u"menu.lst"_s, "title a\n");
     MenuListFill(shell.shell, drive, list);
     shell.prompts.expectMessage(u"First, you need to open some gfxboot"_s);
-    EXPECT_EQ(mnuMenu_fromFlash(shell.shell, list, u"menu.lst"_s), 0);
+    EXPECT_EQ(mnuMenu_fromFlash(shell.shell, drive, list, u"menu.lst"_s), 0);
     shell.run.GfxOpened = true;
-    EXPECT_EQ(mnuMenu_fromFlash(shell.shell, list, u"menu.lst"_s), 3);
+    EXPECT_EQ(mnuMenu_fromFlash(shell.shell, drive, list, u"menu.lst"_s), 3);
+    shell.prompts.expectMessage(u"E:/gone.lst not found!"_s);
+    EXPECT_EQ(mnuMenu_fromFlash(shell.shell, drive, list, u"gone.lst"_s), 0);
 }
 
 TEST_F(MenuListTest, ApplyingAMenu)
