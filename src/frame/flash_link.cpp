@@ -126,8 +126,8 @@ void FlashLink::refillMenuList()
     if (!m_window.shell().run.GfxOpened)
         return;
     refillList(m_window, TabMenu);
-    markMenuRow(m_window);
     MenuApply(m_window);
+    markMenuRow(m_window);
     if (m_window.workbench().params.CurrentTab == TabMenu)
         selectRow(m_window, TabMenu, 1);
 }

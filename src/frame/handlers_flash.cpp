@@ -106,8 +106,9 @@ void switchLevels(MainWindow& window, bool fromMenu)
 void takeMenu(MainWindow& window, const QString& file)
 {
     window.workbench().CurrentMenuFile = file;
-    markMenuRow(window);
     MenuApply(window);
+    // Behind it: a menu that cannot be read is not taken.
+    markMenuRow(window);
 }
 
 void takeEmbeddedMenu(MainWindow& window)

@@ -126,7 +126,7 @@ int mnuMenu_fromFlash(const Shell& shell, const MenuDrive& drive, const ListRows
     return row;
 }
 
-QString MenuApply(const Shell& shell, const MenuDrive& drive, const QString& CurrentMenuFile,
+QString MenuApply(const Shell& shell, const MenuDrive& drive, QString& CurrentMenuFile,
                   ZUKarr& table)
 {
     // First, so that whatever happens below no value of the menu before stays.
@@ -135,6 +135,8 @@ QString MenuApply(const Shell& shell, const MenuDrive& drive, const QString& Cur
         return embeddedMenu;
     const Result<QString> text = readMenu(drive, CurrentMenuFile);
     if (!text) {
+        // Kept, it would be told again with every gfxboot that is opened.
+        CurrentMenuFile.clear();
         shell.prompts.ShowMessage(QString::fromStdString(text.failure().text));
         return embeddedMenu;
     }

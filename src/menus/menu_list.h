@@ -39,8 +39,9 @@ int mnuMenu_fromFlash(const Shell& shell, const MenuDrive& drive, const ListRows
 
 // Makes the menu named by CurrentMenuFile (empty: the Embedded one) the one in force: its data
 // titles go to the menu layer of the parameters, its entries are returned for the stage, each
-// followed by a "|". A menu that cannot be read is told, and the Embedded entries stand in.
-QString MenuApply(const Shell& shell, const MenuDrive& drive, const QString& CurrentMenuFile,
+// followed by a "|". A menu that cannot be read is told and CurrentMenuFile emptied, so that the
+// Embedded one is in force.
+QString MenuApply(const Shell& shell, const MenuDrive& drive, QString& CurrentMenuFile,
                   ZUKarr& table);
 
 } // namespace fennel
