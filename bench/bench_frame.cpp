@@ -185,14 +185,15 @@ void menuToShown(benchmark::State& state)
     Editor editor;
     const MenuDrive drive{u"E"_s, editor.folder.filePath(u"stick/"_s)};
     (void)editor.files.makeFolder(drive.folder);
-    (void)editor.files.write(drive.folder + u"menu.lst"_s, largeMenu());
+    QString name = u"menu.lst"_s;
+    (void)editor.files.write(drive.folder + name, largeMenu());
     if (!openTemplate(editor))
         return state.SkipWithError("no template");
     ParamLists& lists = editor.bench.params;
     for (auto _ : state) {
         MenuListFill(editor.bench.shell, drive, *lists.list(TabMenu));
         editor.window->stageLink().stage().setMenuEntries(
-            MenuApply(editor.bench.shell, drive, u"menu.lst"_s, lists.ZUKarr));
+            MenuApply(editor.bench.shell, drive, name, lists.ZUKarr));
         refreshLstColumn(lists);
         for (int tab = TabMenu; tab <= lists.tabCount(); ++tab)
             editor.window->rightPanel().refreshList(tab);

@@ -69,9 +69,10 @@ struct OpenWithStick {
 void FillAndApplyMenu(benchmark::State& state)
 {
     OpenWithStick open;
+    QString name = u"menu.lst"_s;
     for (auto step : state) {
         MenuListFill(open.shell, open.drive, *open.lists.list(TabMenu));
-        const QString entries = MenuApply(open.shell, open.drive, u"menu.lst"_s, open.lists.ZUKarr);
+        const QString entries = MenuApply(open.shell, open.drive, name, open.lists.ZUKarr);
         refreshLstColumn(open.lists);
         state.counters["characters"] = static_cast<double>(entries.size());
     }
@@ -81,7 +82,8 @@ BENCHMARK(FillAndApplyMenu)->Unit(benchmark::kMillisecond);
 void SwitchMenuLevelOnAndOff(benchmark::State& state)
 {
     OpenWithStick open;
-    (void)MenuApply(open.shell, open.drive, u"menu.lst"_s, open.lists.ZUKarr);
+    QString name = u"menu.lst"_s;
+    (void)MenuApply(open.shell, open.drive, name, open.lists.ZUKarr);
     for (auto step : state) {
         benchmark::DoNotOptimize(switchMenuLevel(open.shell, open.lists, true));
         benchmark::DoNotOptimize(switchMenuLevel(open.shell, open.lists, false));

@@ -24,7 +24,7 @@ public:
     {
         return typed;
     }
-    std::optional<QColor> colour(const QColor&) override { return {}; }
+    std::optional<QColor> ChooseColour(const QColor&) override { return {}; }
 };
 
 } // namespace fennel

@@ -13,7 +13,7 @@ namespace fennel {
 
 FlashLink::FlashLink(MainWindow& window)
     : m_window(window), m_source(FolderDriveSource::fromEnvironment()),
-      m_drives(window.shell(), m_source, *this), m_qemu(window.shell(), *this),
+      m_drives(window.shell(), m_source, *this), m_qemu(window.shell(), m_source, *this),
       m_bios(biosStates(window.shell().run))
 {
     QObject::connect(&m_watch, &MountWatch::changed, &window, [this] { m_drives.mountsChanged(); });
@@ -109,7 +109,10 @@ void FlashLink::showFlashMenus(const FlashMenus& menus)
                            QString(menus.entries[i]).replace(u'&', QStringLiteral("&&")),
                            menus.anyFile, std::nullopt, menus.entries[i]});
     m_window.menus().setEntries("mnuMenu_fromFlash", entries);
-    m_window.menus().action(QStringLiteral("mnuMenu_select"))->setText(menus.selectCaption);
+    const QString select = QStringLiteral("mnuMenu_select");
+    m_window.menus().action(select)->setText(menus.selectCaption.isEmpty()
+                                                 ? QString::fromUtf16(menuItem(select)->caption)
+                                                 : menus.selectCaption);
     m_window.menus().setEnabled("mnuMenu_select", !menus.entries.isEmpty());
 }
 
@@ -123,8 +126,8 @@ void FlashLink::refillMenuList()
     if (!m_window.shell().run.GfxOpened)
         return;
     refillList(m_window, TabMenu);
-    markMenuRow(m_window);
     MenuApply(m_window);
+    markMenuRow(m_window);
     if (m_window.workbench().params.CurrentTab == TabMenu)
         selectRow(m_window, TabMenu, 1);
 }

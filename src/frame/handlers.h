@@ -48,7 +48,8 @@ void showLogoMember(MainWindow& window, const QString& name);
 void showTextMember(MainWindow& window, const QString& name);
 // Gives the stage the entries of the menu in force, and the lists what it overrides.
 void MenuApply(MainWindow& window);
-// Makes a menu file of the Current Flash the menu in force; empty: the embedded menu.
+// Makes a menu file of the Current Flash the menu in force; empty, or if it cannot be read: the
+// embedded menu.
 void takeMenu(MainWindow& window, const QString& file);
 // Checks the row of the menu in force alone.
 void markMenuRow(MainWindow& window);

@@ -50,7 +50,14 @@ void chooseFlashMenu(MainWindow& window, int entry)
     const ListRows& list = *window.workbench().params.list(TabMenu);
     // By its name: the drive may hold other files than when the entries were made.
     const QString name = window.flashLink().menuEntry(entry);
-    const int number = mnuMenu_fromFlash(window.shell(), list, name);
+    if (name.isEmpty()) // a click that came behind the end of its entry
+        return;
+    if (window.shell().run.GfxOpened && menuRow(list, name) == 0) {
+        refillList(window, TabMenu);
+        markMenuRow(window);
+    }
+    const int number =
+        mnuMenu_fromFlash(window.shell(), window.flashLink().menuDrive(), list, name);
     if (number == 0)
         return;
     selectTab(window, TabMenu);
@@ -99,8 +106,9 @@ void switchLevels(MainWindow& window, bool fromMenu)
 void takeMenu(MainWindow& window, const QString& file)
 {
     window.workbench().CurrentMenuFile = file;
-    markMenuRow(window);
     MenuApply(window);
+    // Behind it: a menu that cannot be read is not taken.
+    markMenuRow(window);
 }
 
 void takeEmbeddedMenu(MainWindow& window)

@@ -35,6 +35,11 @@ ListRow embeddedRow()
     return row;
 }
 
+QString notFound(const MenuDrive& drive, const QString& name)
+{
+    return drive.letter + u":/"_s + name + u" not found!"_s;
+}
+
 // The device in front goes, "(hd0,0)/boot/message" as "/boot/message".
 QString shownPath(const QString& gfxmenu)
 {
@@ -62,6 +67,9 @@ ListRow fileRowOf(const MenuDrive& drive, const QString& name)
 
 Result<QString> readMenu(const MenuDrive& drive, const QString& name)
 {
+    // The name alone would mean a file of the folder that the program was started in.
+    if (drive.folder.isEmpty())
+        return Failure{FailureKind::NotFound, notFound(drive, name).toStdString()};
     const QString path = drive.folder + name;
     const QString root = withSeparator(shortForm(drive.folder));
     // A drive comes from anywhere; a link on it must not make us read files of this machine.
@@ -105,15 +113,20 @@ QString menuOfRow(const ListRows& list, int row)
     return found ? fileOfTag(found->tag) : QString();
 }
 
-int mnuMenu_fromFlash(const Shell& shell, const ListRows& list, const QString& name)
+int mnuMenu_fromFlash(const Shell& shell, const MenuDrive& drive, const ListRows& list,
+                      const QString& name)
 {
-    if (shell.run.GfxOpened)
-        return menuRow(list, name);
-    shell.prompts.ShowMessage(u"First, you need to open some gfxboot"_s);
-    return 0;
+    if (!shell.run.GfxOpened) {
+        shell.prompts.ShowMessage(u"First, you need to open some gfxboot"_s);
+        return 0;
+    }
+    const int row = menuRow(list, name);
+    if (row == 0)
+        shell.prompts.ShowMessage(notFound(drive, name));
+    return row;
 }
 
-QString MenuApply(const Shell& shell, const MenuDrive& drive, const QString& CurrentMenuFile,
+QString MenuApply(const Shell& shell, const MenuDrive& drive, QString& CurrentMenuFile,
                   ZUKarr& table)
 {
     // First, so that whatever happens below no value of the menu before stays.
@@ -122,6 +135,8 @@ QString MenuApply(const Shell& shell, const MenuDrive& drive, const QString& Cur
         return embeddedMenu;
     const Result<QString> text = readMenu(drive, CurrentMenuFile);
     if (!text) {
+        // Kept, it would be told again with every gfxboot that is opened.
+        CurrentMenuFile.clear();
         shell.prompts.ShowMessage(QString::fromStdString(text.failure().text));
         return embeddedMenu;
     }

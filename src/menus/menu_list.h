@@ -20,7 +20,7 @@ inline constexpr QRgb dataMenuRow = qRgb(136, 0, 136); // a menu with bracket ti
 inline constexpr qint64 menuSizeLimit = 32LL * 1024 * 1024;
 
 // The text of a menu file of the drive. A file that a link leads to outside of the drive is
-// refused.
+// refused, and so is any file of a drive without a folder: it was pulled out.
 Result<QString> readMenu(const MenuDrive& drive, const QString& name);
 
 // Fills the rows: Embedded, a separator, then every *.lst in the root of the drive. The selected
@@ -33,13 +33,15 @@ int menuRow(const ListRows& list, const QString& name);
 QString menuOfRow(const ListRows& list, int row);
 
 // mnuMenu_fromFlash: the row to select and to click on, or 0 after the user was told that no
-// gfxboot is open.
-int mnuMenu_fromFlash(const Shell& shell, const ListRows& list, const QString& name);
+// gfxboot is open or that the list has no such file.
+int mnuMenu_fromFlash(const Shell& shell, const MenuDrive& drive, const ListRows& list,
+                      const QString& name);
 
 // Makes the menu named by CurrentMenuFile (empty: the Embedded one) the one in force: its data
 // titles go to the menu layer of the parameters, its entries are returned for the stage, each
-// followed by a "|". A menu that cannot be read is told, and the Embedded entries stand in.
-QString MenuApply(const Shell& shell, const MenuDrive& drive, const QString& CurrentMenuFile,
+// followed by a "|". A menu that cannot be read is told and CurrentMenuFile emptied, so that the
+// Embedded one is in force.
+QString MenuApply(const Shell& shell, const MenuDrive& drive, QString& CurrentMenuFile,
                   ZUKarr& table);
 
 } // namespace fennel

@@ -228,6 +228,7 @@ void Drives::mnuFlash_UnCheckAll()
     m_shell.run.CurrentFlashChar = noFlash;
     checkEntries();
     m_host.clearMenuFile();
+    m_host.showFlashMenus({});
     m_host.flashChanged();
     if (m_shell.run.GfxOpened)
         m_host.refillMenuList();

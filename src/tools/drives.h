@@ -35,8 +35,8 @@ struct FlashEntry {
 
 // What mnuMenu_select and its array mnuMenu_fromFlash show for the Current Flash.
 struct FlashMenus {
-    QString selectCaption;
-    QStringList entries; // names of the *.lst files, or the one line that says that there is none
+    QString selectCaption; // empty: the caption of the start, as no drive is chosen
+    QStringList entries;   // names of the *.lst files, or the one line that says that there is none
     bool anyFile = false;
 };
 
@@ -54,7 +54,8 @@ public:
     // Ends a running boot test without waiting for it.
     virtual void closeQemu() = 0;
     virtual void enableQemuStart(bool enabled) = 0; // mnuT_Qemu_Start
-    // Fills mnuMenu_select; an entry can be chosen only with anyFile.
+    // Fills mnuMenu_select; an entry can be chosen only with anyFile. Without entries the menu
+    // cannot be opened.
     virtual void showFlashMenus(const FlashMenus& menus) = 0;
     virtual void clearMenuFile() = 0; // CurrentMenuFile becomes empty
     // A gfxboot is open: fill the first list anew, and if its tab is shown select its first row.

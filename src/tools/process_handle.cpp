@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/process_handle.h"
 
+#include <QFileInfo>
+
 #include <csignal>
 #include <unistd.h>
 
@@ -10,6 +12,20 @@ extern "C" {
 }
 
 namespace fennel {
+
+std::vector<qint64> processesOf(const DriveSource& system, const QString& program)
+{
+    std::vector<qint64> found;
+    const QString wanted = QFileInfo(program).canonicalFilePath();
+    for (const QString& name : system.names(QStringLiteral("/proc"))) {
+        const QString folder = QStringLiteral("/proc/") + name;
+        const qint64 pid = name.toLongLong(); // 0 for what is no process
+        if (pid > 0 && QFileInfo(system.place(folder)).ownerId() == ::geteuid() &&
+            !wanted.isEmpty() && system.resolved(folder + QStringLiteral("/exe")) == wanted)
+            found.push_back(pid);
+    }
+    return found;
+}
 
 ProcessHandle::~ProcessHandle()
 {

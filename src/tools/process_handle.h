@@ -3,13 +3,20 @@
 // process.
 #pragma once
 
+#include "tools/drive_source.h"
+
 #include <QObject>
 #include <QSocketNotifier>
 #include <QTimer>
 
 #include <memory>
+#include <vector>
 
 namespace fennel {
+
+// The running processes of this user whose program is that file, links followed. A program that was
+// deleted or replaced since is none of them.
+std::vector<qint64> processesOf(const DriveSource& system, const QString& program);
 
 class ProcessHandle : public QObject {
     Q_OBJECT

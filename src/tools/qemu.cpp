@@ -4,6 +4,7 @@
 #include <QProcess>
 
 #include <algorithm>
+#include <utility>
 
 namespace fennel {
 
@@ -35,8 +36,9 @@ QString lastLines(const QString& text)
 
 } // namespace
 
-QemuRun::QemuRun(const Shell& shell, QemuHost& host, QemuLimits limits, QObject* parent)
-    : QObject(parent), m_shell(shell), m_host(host), m_limits(limits)
+QemuRun::QemuRun(const Shell& shell, const DriveSource& source, QemuHost& host, QemuLimits limits,
+                 QObject* parent)
+    : QObject(parent), m_shell(shell), m_source(source), m_host(host), m_limits(limits)
 {
     m_look.setInterval(lookMs);
     m_limit.setSingleShot(true);
@@ -81,7 +83,7 @@ void QemuRun::RunQemu(int mode)
     if (m_phase == Phase::Late && logText().contains(qemuRunningLine))
         m_phase = Phase::Running;
     // One guest at a time: two would write to the same disk.
-    if (m_process && m_phase != Phase::Late) {
+    if ((m_process || adopt()) && m_phase != Phase::Late) {
         m_host.bringToFront(m_process->pid());
         return;
     }
@@ -114,15 +116,42 @@ bool QemuRun::launch(qint64& pid)
     return false;
 }
 
-void QemuRun::watch(qint64 pid)
+bool QemuRun::hold(qint64 pid)
 {
     m_process = new ProcessHandle(this);
     connect(m_process, &ProcessHandle::ended, this, &QemuRun::onEnd);
+    return m_process->open(pid);
+}
+
+void QemuRun::watch(qint64 pid)
+{
     m_phase = Phase::Starting;
     m_look.start();
     m_limit.start(m_limits.startMs);
-    if (!m_process->open(pid)) // it has ended already
+    if (!hold(pid)) // it has ended already
         onEnd();
+}
+
+// Takes over a QEMU that is not ours yet; those that were asked to end are still ours.
+bool QemuRun::adopt()
+{
+    const auto held = findChildren<ProcessHandle*>();
+    for (const qint64 pid : processesOf(m_source, m_shell.run.ToolQemu)) {
+        const bool ours = std::any_of(held.begin(), held.end(), [pid](const ProcessHandle* handle) {
+            return handle->pid() == pid;
+        });
+        if (ours)
+            continue;
+        const bool open = hold(pid);
+        // Looked at again: before the handle held it, the number may have changed hands.
+        const auto now = processesOf(m_source, m_shell.run.ToolQemu);
+        if (open && std::find(now.begin(), now.end(), pid) != now.end()) {
+            m_phase = Phase::Running; // its log is gone, so nothing tells more
+            return true;
+        }
+        delete std::exchange(m_process, nullptr);
+    }
+    return false;
 }
 
 void QemuRun::lookAtLog()
@@ -168,8 +197,12 @@ QString QemuRun::logText() const
 
 void QemuRun::closeQemu()
 {
-    if (!m_process)
-        return;
+    while (m_process || adopt())
+        letGo();
+}
+
+void QemuRun::letGo()
+{
     ProcessHandle* leaving = m_process;
     // Let go at once: a new guest may be started while the old one still ends.
     m_process = nullptr;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The boot test: the QEMU bridge started with the disk of the Current Flash, watched without
-// waiting for it. One QEMU runs at a time; it is known by its process.
+// waiting for it. One QEMU runs at a time; it is known by its process. One that an earlier run or
+// another copy of the editor left running counts as well.
 #pragma once
 
 #include "shell/shell_context.h"
@@ -32,8 +33,10 @@ inline constexpr char flashLetterVariable[] = "FENNEL_FLASH_LETTER";
 class QemuRun : public QObject {
     Q_OBJECT
 public:
-    // What `shell` refers to and the host outlive this.
-    QemuRun(const Shell& shell, QemuHost& host, QemuLimits limits = {}, QObject* parent = nullptr);
+    // What `shell` refers to, the host and the source, which tells of running processes, outlive
+    // this.
+    QemuRun(const Shell& shell, const DriveSource& source, QemuHost& host, QemuLimits limits = {},
+            QObject* parent = nullptr);
     // A running QEMU goes on.
     ~QemuRun() override;
 
@@ -41,7 +44,7 @@ public:
     // memory. Returns at once. A start that fails, or is not done within the limit, is told in a
     // message with the last lines of the log.
     void RunQemu(int mode);
-    // Asks a running QEMU to end, without waiting for it.
+    // Asks every running QEMU to end, without waiting for it.
     void closeQemu();
 
     [[nodiscard]] bool isRunning() const { return m_process != nullptr; }
@@ -58,12 +61,16 @@ private:
     [[nodiscard]] bool mayBoot() const;
     [[nodiscard]] bool launch(qint64& pid);
     void watch(qint64 pid);
+    [[nodiscard]] bool hold(qint64 pid);
+    [[nodiscard]] bool adopt();
+    void letGo();
     void lookAtLog();
     void onEnd();
     void tellFailure();
     [[nodiscard]] QString logText() const;
 
     Shell m_shell;
+    const DriveSource& m_source;
     QemuHost& m_host;
     QemuLimits m_limits;
     QStringList m_arguments;

@@ -113,9 +113,48 @@ TEST_F(StickTest, GoesAndComesBack)
     EXPECT_FALSE(story.window.menus().action(u"mnuFlash"_s)->isEnabled());
     EXPECT_TRUE(story.bench.CurrentMenuFile.isEmpty());
     EXPECT_TRUE(story.lists().PanelArr[MenuBarRow].Text.startsWith(u"RECALL"));
+    EXPECT_FALSE(story.action(u"mnuMenu_select"_s).isEnabled());
+    EXPECT_EQ(story.action(u"mnuMenu_select"_s).text(), u"Select MENU from X:"_s);
+    EXPECT_TRUE(story.window.menus().entries("mnuMenu_fromFlash").empty());
 
     mountStick(machine, 1);
     story.user().expectMessage(u"BOOT ME"_s);
     story.window.flashLink().drives().mountsChanged();
     EXPECT_TRUE(story.window.menus().action(u"mnuFlash"_s)->isEnabled());
+}
+
+TEST_F(StickTest, WhenItsMenuCannotBeReadTheEmbeddedOneIsInForce)
+{
+    Story story;
+    story.makeNew();
+    runEntry(story, "mnuFlash_FlashArr", 0);
+    runEntry(story, "mnuMenu_fromFlash", 0);
+    QCheckBox& box = story.window.rightPanel().fromMenu();
+    box.click();
+    EXPECT_EQ(story.lists().PanelArr[timeObject].Left, 200);
+
+    // Nobody watches: the drive stays chosen and its letter has no folder.
+    unmountStick(machine, 1);
+    story.window.flashLink().drives().RefreshDriveInfo(false, false);
+    EXPECT_EQ(story.run().CurrentFlashChar, 'E');
+    story.user().expectMessage(u"E:/MENU.LST not found!"_s);
+    story.makeNew();
+    story.makeNew(); // told once
+    EXPECT_TRUE(story.bench.CurrentMenuFile.isEmpty());
+    EXPECT_TRUE(*story.lists().list(TabMenu)->row(1)->checked);
+    EXPECT_TRUE(story.action(u"mnuMenu_Embedded"_s).isChecked());
+    EXPECT_FALSE(box.isEnabled());
+    EXPECT_FALSE(box.isChecked());
+    EXPECT_TRUE(story.lists().PanelArr[MenuBarRow].Text.startsWith(u"RECALL"));
+
+    story.user().expectMessage(u"E:/MENU.LST not found!"_s);
+    runEntry(story, "mnuMenu_fromFlash", 0);
+    EXPECT_TRUE(story.bench.CurrentMenuFile.isEmpty());
+
+    // Back again, its entry finds it although the list was filled without it.
+    mountStick(machine, 1);
+    story.window.flashLink().drives().RefreshDriveInfo(false, false);
+    runEntry(story, "mnuMenu_fromFlash", 0);
+    EXPECT_EQ(story.bench.CurrentMenuFile, u"MENU.LST"_s);
+    EXPECT_TRUE(*story.lists().list(TabMenu)->row(3)->checked);
 }

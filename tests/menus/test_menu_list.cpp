@@ -31,7 +31,11 @@ protected:
     {
         EXPECT_TRUE(DiskFiles().write(drive.folder + name, bytes).ok());
     }
-    QString apply(const QString& name) { return MenuApply(shell.shell, drive, name, table); }
+    QString apply(const QString& name)
+    {
+        CurrentMenuFile = name;
+        return MenuApply(shell.shell, drive, CurrentMenuFile, table);
+    }
     // "name, path, primary" of a row.
     QString row(int number)
     {
@@ -42,6 +46,7 @@ protected:
 
     TestShell shell;
     MenuDrive drive;
+    QString CurrentMenuFile;
     ListRows list;
     ZUKarr table;
 };
@@ -88,9 +93,11 @@ TEST_F(MenuListTest, AChoiceNeedsAnOpenGfxboot)
     menu(u"menu.lst"_s, "title a\n");
     MenuListFill(shell.shell, drive, list);
     shell.prompts.expectMessage(u"First, you need to open some gfxboot"_s);
-    EXPECT_EQ(mnuMenu_fromFlash(shell.shell, list, u"menu.lst"_s), 0);
+    EXPECT_EQ(mnuMenu_fromFlash(shell.shell, drive, list, u"menu.lst"_s), 0);
     shell.run.GfxOpened = true;
-    EXPECT_EQ(mnuMenu_fromFlash(shell.shell, list, u"menu.lst"_s), 3);
+    EXPECT_EQ(mnuMenu_fromFlash(shell.shell, drive, list, u"menu.lst"_s), 3);
+    shell.prompts.expectMessage(u"E:/gone.lst not found!"_s);
+    EXPECT_EQ(mnuMenu_fromFlash(shell.shell, drive, list, u"gone.lst"_s), 0);
 }
 
 TEST_F(MenuListTest, ApplyingAMenu)
@@ -102,6 +109,7 @@ TEST_F(MenuListTest, ApplyingAMenu)
     shell.run.GfxHasZuk = true;
     table.at(0, 77).LevelValue = 1;
     EXPECT_EQ(apply(u"menu.lst"_s), u"Пуск|"_s);
+    EXPECT_EQ(CurrentMenuFile, u"menu.lst"_s);
     EXPECT_EQ(table.at(0, 99).LstValue, 2);
     menu(u"other.lst"_s, "\xEF\xBB\xBFtitle \xD0\x9F\r\ntitle two");
     EXPECT_EQ(apply(u"other.lst"_s), u"П|"_s);
@@ -154,8 +162,13 @@ TEST_F(MenuListTest, FilesThatCannotBeRead)
     ASSERT_TRUE(QDir(drive.folder).removeRecursively());
     shell.prompts.expectMessage(u"z.lst"_s);
     EXPECT_EQ(apply(u"z.lst"_s), embedded);
+    EXPECT_EQ(CurrentMenuFile, QString());
     MenuListFill(shell.shell, drive, list);
     EXPECT_EQ(list.count(), 2);
+    // Its letter stands for no folder any more.
+    drive.folder.clear();
+    shell.prompts.expectMessage(u"E:/z.lst not found!"_s);
+    EXPECT_EQ(apply(u"z.lst"_s), embedded);
 }
 
 } // namespace

@@ -124,6 +124,8 @@ TEST_F(DrivesTest, PullingTheCurrentFlashClearsTheChoice)
     EXPECT_EQ(host.closes, closes + 2);
     EXPECT_EQ(host.menuFileCleared, 1);
     EXPECT_EQ(host.embedded, 1);
+    EXPECT_TRUE(host.menus.entries.empty());
+    EXPECT_TRUE(host.menus.selectCaption.isEmpty());
     EXPECT_EQ(host.refills, 1);
     EXPECT_TRUE(drives.flashEntries().empty());
 

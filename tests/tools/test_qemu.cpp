@@ -7,6 +7,8 @@
 #include "tools/video_bios.h"
 
 #include <QFile>
+#include <QFileInfo>
+#include <QProcess>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -54,7 +56,8 @@ protected:
 
     TestShell shell;
     RecordingQemuHost host;
-    QemuRun qemu{shell.shell, host, {.startMs = 1500, .closeMs = 300}};
+    FolderDriveSource system;
+    QemuRun qemu{shell.shell, system, host, {.startMs = 1500, .closeMs = 300}};
 };
 
 constexpr char runs[] =
@@ -120,6 +123,33 @@ TEST_F(QemuTest, AHangingStartIsToldAndReplacedByTheNext)
     EXPECT_TRUE(started.wait(3000));
     EXPECT_NE(qemu.processId(), first);
     EXPECT_TRUE(host.raised.empty());
+}
+
+// What an earlier run of the editor started, by links or not, and what is another program.
+TEST_F(QemuTest, OneThatRunsAlreadyIsTakenOver)
+{
+    const QString program = shell.path(u"QEMU_bridge"_s);
+    ASSERT_TRUE(QFile::copy(QFileInfo(u"/bin/sleep"_s).canonicalFilePath(), program));
+    shell.run.ToolQemu = shell.path(u"link"_s);
+    ASSERT_TRUE(QFile::link(program, shell.run.ToolQemu));
+    QProcess running;
+    QProcess second;
+    QProcess stranger;
+    running.start(program, {u"30"_s});
+    stranger.start(u"/bin/sleep"_s, {u"30"_s});
+    ASSERT_TRUE(running.waitForStarted() && stranger.waitForStarted());
+    qemu.RunQemu(2);
+    EXPECT_EQ(host.raised, std::vector<qint64>{running.processId()});
+
+    second.start(program, {u"30"_s});
+    ASSERT_TRUE(second.waitForStarted());
+    qemu.closeQemu();
+    EXPECT_TRUE(running.waitForFinished(3000));
+    EXPECT_TRUE(second.waitForFinished(3000));
+    EXPECT_FALSE(qemu.isRunning());
+    EXPECT_EQ(stranger.state(), QProcess::Running);
+    stranger.kill();
+    stranger.waitForFinished();
 }
 
 TEST_F(QemuTest, TheSystemDiskIsRefused)
