@@ -99,8 +99,10 @@ void switchLevels(MainWindow& window, bool fromMenu)
     } else {
         window.stageLink().stage().RefreshPanels();
     }
-    window.stageLink().stage().ActivatePanel(lists.objectOfTab(lists.CurrentTab));
-    window.rightPanel().view(lists.CurrentTab)->fitColumns();
+    const int object = lists.objectOfTab(lists.CurrentTab);
+    window.stageLink().stage().ActivatePanel(object);
+    if (object >= 0)
+        window.rightPanel().view(lists.CurrentTab)->fitColumns();
 }
 
 void takeMenu(MainWindow& window, const QString& file)
