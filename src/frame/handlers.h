@@ -44,8 +44,8 @@ void changeLogo(MainWindow& window, const QString& name);
 [[nodiscard]] bool EditTextFile(MainWindow& window);
 // Shows the logo of that name on the stage; without such a member nothing happens.
 void showLogoMember(MainWindow& window, const QString& name);
-// The object of the selected tab shows the text of a member on the stage.
-void showTextMember(MainWindow& window, const QString& name);
+// The object shows the text of a member on the stage, now or when it is next seen.
+void showTextMember(MainWindow& window, int object, const QString& name);
 // Gives the stage the entries of the menu in force, and the lists what it overrides.
 void MenuApply(MainWindow& window);
 // Makes a menu file of the Current Flash the menu in force; empty, or if it cannot be read: the

@@ -127,7 +127,7 @@ void onRowActivated(MainWindow& window, int tab, int row)
         takeMenu(window, menuOfRow(*lists.list(tab), row));
         break;
     case DoubleClick::ShowText:
-        showTextMember(window, name);
+        showTextMember(window, lists.objectOfTab(tab), name);
         break;
     case DoubleClick::ShowLogo:
         showLogoMember(window, name);
@@ -297,14 +297,17 @@ void runPopup(MainWindow& window, int index)
 
 } // namespace
 
-void showTextMember(MainWindow& window, const QString& name)
+void showTextMember(MainWindow& window, int object, const QString& name)
 {
-    const int object = window.stageLink().objectOfCurrentTab();
     PanelRec* panel = window.workbench().params.object(object);
     if (panel == nullptr)
         return;
     panel->Text = FileReadAll(window.shell().run.Workspace + name).text;
-    window.stageLink().stage().DrawPanel(object);
+    Stage& stage = window.stageLink().stage();
+    const bool seen = !panel->OnlySelected || object == window.stageLink().objectOfCurrentTab();
+    stage.DrawPanel(object);
+    if (!seen)
+        stage.showPanel(object, false);
 }
 
 bool writeConfig(MainWindow& window)

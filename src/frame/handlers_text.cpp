@@ -19,28 +19,31 @@ QString currentMember(MainWindow& window)
 }
 
 // Lists that show the member's length.
-void refillLengths(MainWindow& window)
+void refillLengths(MainWindow& window, int object)
 {
-    const int tab = window.workbench().params.CurrentTab;
+    const ParamLists& lists = window.workbench().params;
     refillList(window, TabGfxboot);
-    if (tab >= FirstObjectTab)
-        refillList(window, tab);
+    for (int tab = FirstObjectTab; tab <= lists.tabCount(); ++tab) {
+        if (lists.objectOfTab(tab) == object)
+            refillList(window, tab);
+    }
     updateRowButtons(window);
 }
 
 void save(MainWindow& window)
 {
     const Shell& shell = window.shell();
-    // Another row may be chosen by now; the text goes back to where it came from.
+    // Another row or tab may be chosen by now; the text goes back to where it came from.
     const QString name = window.workbench().EditedText;
+    const int object = window.workbench().EditedObject;
     if (!window.rightPanel().editor().textEditMode() || name.isEmpty())
         return;
     const QString text = window.rightPanel().editor().text();
     if (!shell.told(saveTextMember(shell.files, shell.run.Workspace + name, text)))
         return; // the text stays open
     CloseEditor(window);
-    refillLengths(window);
-    showTextMember(window, name);
+    refillLengths(window, object);
+    showTextMember(window, object, name);
 }
 
 void open(MainWindow& window, const QString& name)
@@ -80,6 +83,7 @@ bool EditTextFile(MainWindow& window)
     const QString name = currentMember(window);
     if (!isTextMember(name))
         return false;
+    window.workbench().EditedObject = window.stageLink().objectOfCurrentTab();
     open(window, name);
     return true;
 }

@@ -145,7 +145,9 @@ void StageLink::selectTabOf(int index)
 
 void StageLink::focusStage()
 {
-    m_surface->setFocus();
+    // A text in work lies over the stage: keys must not go to what is not seen.
+    if (!m_window.rightPanel().editor().textEditMode())
+        m_surface->setFocus();
 }
 
 bool StageLink::menuLevelShown()

@@ -25,6 +25,7 @@ struct Workbench {
     StatusFields status;
     bool TextIsUtf8 = false; // the text in the text editor came from a file with the mark of UTF-8
     QString EditedText;      // the member that the text editor was last opened for
+    int EditedObject = -1;   // the object that shows that text, -1 none
     QString CurrentMenuFile; // a menu file of the Current Flash; empty: the embedded menu
 
     // The shell's parts and the store outlive the workbench.

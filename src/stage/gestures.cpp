@@ -374,6 +374,7 @@ void StageGestures::nudge(int index, QPoint by)
     }
     settle(index);
     m_stage.ShowMarker(index, 0);
+    showPanelStatus(index);
 }
 
 // Rects, records, rows and cfg values go back together, as the drag has written to all of them.

@@ -86,13 +86,17 @@ TEST_F(Members, ATextIsEditedOverTheStageAndSaved)
     QTest::keyClicks(&editor.box(), u"second"_s);
     QTest::keyClick(&editor.box(), Qt::Key_Escape);
     window.surface().setFocus();
-    Q_EMIT window.rightPanel().tabClicked(TabConfig);
     selectRow(tab, u"Logo_07.txt"_s); // the text goes back to where it came from all the same
+    selectObject(LogoPanelRow);
+    const QString other = record(LogoPanelRow).Text;
     ASSERT_TRUE(editor.textEditMode() && editor.isVisible());
     find<QPushButton>(u"ComFr6ForTXT(1)"_s).click();
     EXPECT_FALSE(editor.isVisible());
     EXPECT_EQ(bytesOf(member(u"ZUK_Read.txt"_s)), "first\r\nsecond");
     EXPECT_EQ(bytesOf(member(u"Logo_07.txt"_s)), "other");
+    EXPECT_EQ(record(LogoPanelRow).Text, other);
+    EXPECT_EQ(record(HelpPanelRow).Text, u"first\r\nsecond"_s);
+    EXPECT_FALSE(stage().panel(HelpPanelRow).visible);
     selectRow(tab, u"ZUK_Read.txt"_s);
     EXPECT_EQ(record(HelpPanelRow).Text, u"first\r\nsecond"_s);
 
