@@ -382,5 +382,7 @@ TEST(RandomUser, FindsThePartsInAgreementWhateverItDoes)
     std::cout << "seed " << first << ": " << count << " actions, " << user.story.user().texts.size()
               << " messages, memory " << residentBytes() / 1024 << " KiB, " << growth / 1024
               << " KiB more than after a quarter of them\n";
-    EXPECT_LT(growth, allowedGrowth);
+    if (memoryIsCounted) {
+        EXPECT_LT(growth, allowedGrowth);
+    }
 }
