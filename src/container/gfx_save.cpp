@@ -129,8 +129,6 @@ QString SaveDialog(const Shell& shell, const QString& folder, const QString& tit
     return path;
 }
 
-// Tools and list are looked for before the parameters are written, so a save that cannot work
-// changes no member.
 bool mayReplace(const Shell& shell, const QString& path, const QString& chosen,
                 const QString& title)
 {
@@ -140,6 +138,8 @@ bool mayReplace(const Shell& shell, const QString& path, const QString& chosen,
                MessageType::YesNo, title) == Answer::Yes;
 }
 
+// Tools and list are looked for before the parameters are written, so a save that cannot work
+// changes no member.
 bool GfxSave(const Shell& shell, const WriteParameters& writeParameters)
 {
     if (!shell.toolThere(shell.run.ToolCpio))
@@ -162,16 +162,32 @@ bool GfxSaveAs(const Shell& shell, const WriteParameters& writeParameters)
     const std::optional<SaveTarget> target = askTarget(shell);
     if (!target)
         return false;
-    // A save that fails must leave the run on its old file, as if nothing had been asked.
-    const RunState before = shell.run;
-    const QString workspace = before.WorkspaceRoot + target->name + QLatin1Char('/');
-    // A folder of that name holds what was extracted, and perhaps edited, earlier in this run.
-    const bool fresh = !FolderExists(workspace);
-    if (adoptTarget(shell, *target, workspace) && GfxSave(shell, writeParameters))
+    RunState& run = shell.run;
+    const RunState before = run;
+    const QString workspace = run.WorkspaceRoot + target->name + QLatin1Char('/');
+    // What was once opened under this name must not mix with the copy.
+    const bool known = workspace != run.Workspace && FolderExists(workspace);
+    const QString aside = run.WorkspaceRoot + QStringLiteral("~undo_folder");
+    if (known && (!shell.told(shell.files.removeFolder(aside)) ||
+                  !shell.told(shell.files.rename(workspace, aside))))
+        return false;
+    if (adoptTarget(shell, *target, workspace) && GfxSave(shell, writeParameters)) {
+        if (known)
+            (void)shell.files.removeFolder(aside);
         return true;
-    shell.run = before;
-    if (fresh)
+    }
+    // A save that fails leaves the run on its old file. The rest stays: a stick may have gone while
+    // the message was shown.
+    run.GfxIsGz = before.GfxIsGz;
+    run.GfxFileName = before.GfxFileName;
+    run.GfxFolderName = before.GfxFolderName;
+    run.GfxPath = before.GfxPath;
+    run.Workspace = before.Workspace;
+    run.BackFile = before.BackFile;
+    if (workspace != run.Workspace)
         (void)shell.files.removeFolder(workspace);
+    if (known)
+        (void)shell.told(shell.files.rename(aside, workspace));
     return false;
 }
 

@@ -2,6 +2,7 @@
 #include "container/gfxboot_open.h"
 
 #include "container/archive_tools.h"
+#include "container/member_list.h"
 
 #include <QImageReader>
 #include <QTemporaryDir>
@@ -76,6 +77,15 @@ void showFailure(const Shell& shell, const std::string& reason)
     shell.prompts.ShowMessage(text);
 }
 
+// Whether the gfxboot has that member: what another file of the same name left in the folder is
+// none.
+bool holds(const QString& folder, const QString& name)
+{
+    const Result<QByteArray> list = readBytes(folder + memberListName);
+    return FileExists(folder + name) &&
+           (!list || ("\n" + *list).contains("\n" + name.toLatin1() + "\r\n"));
+}
+
 // Only after the members are in place: until then the run still shows the gfxboot before.
 void setRunState(const Shell& shell, const QString& path, const QString& folder, bool wrapped)
 {
@@ -87,14 +97,14 @@ void setRunState(const Shell& shell, const QString& path, const QString& folder,
     run.GfxFileName = namePart(path);
     run.GfxOpened = true;
     run.BackFile = folder + QStringLiteral("back.jpg");
-    run.GfxHasCfg = FileExists(folder + QStringLiteral("gfxboot.cfg"));
-    run.GfxHasZuk = FileExists(folder + QStringLiteral("ZUK0000.CFG"));
+    run.GfxHasCfg = holds(folder, QStringLiteral("gfxboot.cfg"));
+    run.GfxHasZuk = holds(folder, QStringLiteral("ZUK0000.CFG"));
     // The newest sign wins: a generation 3 file may still hold the cfg of generation 2.
     run.gfxboot_var = run.GfxHasZuk ? 3 : run.GfxHasCfg ? 2 : 1;
     run.ObjectCount = run.GfxHasZuk ? 40 : 4;
 }
 
-void measureBack(const Shell& shell)
+void measureBack(const Shell& shell, OpenHost& host)
 {
     // From the picture's header alone. Places on the screen are kept in 16 bits.
     const QSize size = QImageReader(shell.run.BackFile).size();
@@ -102,19 +112,21 @@ void measureBack(const Shell& shell)
     const bool readable = size.isValid() && size.width() <= limit && size.height() <= limit;
     shell.run.BackWidth = readable ? size.width() : fallbackBackWidth;
     shell.run.BackHeight = readable ? size.height() : fallbackBackHeight;
-    if (!readable)
-        shell.prompts.ShowMessage(QStringLiteral("%1 is not a picture that can be shown.\n"
-                                                 "The screen counts as %2x%3 until it is changed.")
-                                      .arg(namePart(shell.run.BackFile))
-                                      .arg(fallbackBackWidth)
-                                      .arg(fallbackBackHeight));
+    if (readable)
+        return;
+    shell.prompts.ShowMessage(QStringLiteral("%1 is not a picture that can be shown.\n"
+                                             "The screen counts as %2x%3 until it is changed.")
+                                  .arg(namePart(shell.run.BackFile))
+                                  .arg(fallbackBackWidth)
+                                  .arg(fallbackBackHeight));
+    host.backgroundRefused();
 }
 
 void fillAll(const Shell& shell, OpenHost& host)
 {
     // Objects of the gfxboot before must not flash up over the new background.
     host.hideObjects();
-    measureBack(shell);
+    measureBack(shell, host);
     host.fill(Step::Pictures);
     if (shell.run.GfxHasZuk) {
         host.fill(Step::Levels);

@@ -30,6 +30,8 @@ public:
     virtual void openBegins() = 0;
     // The objects of the gfxboot before go off the stage.
     virtual void hideObjects() = 0;
+    // The user was told that the main background is no picture.
+    virtual void backgroundRefused() {}
     // Fills one part of the window from the run state and the Workspace.
     virtual void fill(Step step) = 0;
     // Number of the background that the parameters choose; asked after Step::Levels.

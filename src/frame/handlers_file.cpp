@@ -62,8 +62,12 @@ void saveAs(MainWindow& window)
 {
     const Shell& shell = window.shell();
     const QString shown = namePart(shell.run.BackFile);
-    if (!GfxSaveAs(shell, [&window] { return writeParameters(window); }))
+    if (!GfxSaveAs(shell, [&window] { return writeParameters(window); })) {
+        // The list was filled from the copy, which is gone.
+        if (shell.run.GfxOpened)
+            refillList(window, TabGfxboot);
         return;
+    }
     window.workbench().lastUsed.LastUsedAdd(shell, shell.run.GfxPath);
     window.UpdateInterface();
     if (namePart(shell.run.BackFile) != shown)

@@ -321,6 +321,12 @@ bool writeConfig(MainWindow& window)
     window.rightPanel().fillList(TabConfig);
     if (shown)
         lists.CurrentRow = list.selected;
+    for (ListRow& row : lists.list(TabGfxboot)->rows) {
+        if (fileOfTag(row.tag) == cfgMemberName)
+            row.cells[1].text =
+                QString::number(fileSize(window.shell().run.Workspace + cfgMemberName));
+    }
+    window.rightPanel().refreshList(TabGfxboot);
     return done;
 }
 

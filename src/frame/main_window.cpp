@@ -142,7 +142,7 @@ public:
     void openBegins() override
     {
         m_window.m_workbench.shell.run.InterfaceReady = false;
-        CloseEditor(m_window);
+        closeValueEditor(m_window);
         Stage& stage = m_window.m_stageLink->stage();
         stage.ShowMarker(-1, -1);
         stage.SelectedPanel = -1;
@@ -150,7 +150,13 @@ public:
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
         m_window.setEnabled(false);
     }
-    void hideObjects() override { m_window.m_stageLink->stage().HideAllPanels(); }
+    // The other gfxboot is there: a text of the one before has no place any more.
+    void hideObjects() override
+    {
+        CloseEditor(m_window);
+        m_window.m_stageLink->stage().HideAllPanels();
+    }
+    void backgroundRefused() override { m_window.m_stageLink->stage().tellNoMore(); }
     void fill(Step step) override { fillStep(m_window, step); }
     [[nodiscard]] int chosenBackground() const override
     {

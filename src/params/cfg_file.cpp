@@ -12,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString memberName = u"gfxboot.cfg"_s;
 // Known by its name again when the list is written, as it is no line of the file.
 const QString separatorName = u"# Additional list ->"_s;
 
@@ -208,7 +207,7 @@ Result<void> cfgRowsFrom(const QString& text, const QByteArray& engine, ListRows
         // saved over it.
         if (list.count() >= cfgLineLimit) {
             list.rows.clear();
-            return Failure{FailureKind::TooLarge, memberName.toStdString() + " has more than " +
+            return Failure{FailureKind::TooLarge, cfgMemberName.toStdString() + " has more than " +
                                                       std::to_string(cfgLineLimit) + " lines."};
         }
         list.rows.push_back(rowOfLine(line.toString(), seen));
@@ -233,8 +232,8 @@ QString cfgTextFrom(const ListRows& list)
 void ConfigInListView(const Shell& shell, ListRows& list)
 {
     shell.WriteLog(u"     3_Config_in_ListView"_s);
-    list.columns = columnsFrom(u"Parameter|Value|Comment from the \""_s + memberName + u"\"|"_s);
-    CfgFill(shell, shell.run.Workspace + memberName, list);
+    list.columns = columnsFrom(u"Parameter|Value|Comment from the \""_s + cfgMemberName + u"\"|"_s);
+    CfgFill(shell, shell.run.Workspace + cfgMemberName, list);
 }
 
 void CfgFill(const Shell& shell, const QString& path, ListRows& list)
@@ -245,7 +244,7 @@ void CfgFill(const Shell& shell, const QString& path, ListRows& list)
         // With it off nothing is written back later, and the row below is only a notice.
         shell.run.GfxHasCfg = false;
         ListRow row;
-        row.cells.push_back({u"File \""_s + memberName + u"\" is absent"_s, {}, {}, {}, false});
+        row.cells.push_back({u"File \""_s + cfgMemberName + u"\" is absent"_s, {}, {}, {}, false});
         row.colour = fixedRow;
         list.rows.push_back(row);
         return;
@@ -266,7 +265,7 @@ bool CfgWrite(const Shell& shell, ListRows& list)
     // A list without lines never empties the file.
     if (!shell.run.GfxHasCfg || text.isEmpty())
         return true;
-    const QString path = shell.run.Workspace + memberName;
+    const QString path = shell.run.Workspace + cfgMemberName;
     if (!shell.told(writeOverStart(shell, path, text)))
         return false;
     const int selected = list.selected;

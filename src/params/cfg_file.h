@@ -13,6 +13,8 @@
 
 namespace fennel {
 
+inline const QString cfgMemberName = QStringLiteral("gfxboot.cfg");
+
 // Cells of a row. The check of a row says whether the parameter is active in the file; the tag of a
 // row is the parameter's name, empty for rows that are none.
 enum CfgColumn { CfgNameColumn, CfgValueColumn, CfgCommentColumn };

@@ -249,10 +249,9 @@ Result<void> DiskFiles::replaceWhole(const QString& source, const QString& targe
     const QString real = linkTarget(target);
     if (FolderExists(real))
         return systemFailure("write", target, EISDIR);
-    // Beside the target, since only a rename within one file system is a single step. The process
-    // id keeps two copies of the program apart.
-    const QString beside = folderPart(real) + QStringLiteral(".") + namePart(real) +
-                           QStringLiteral(".%1.new").arg(::getpid());
+    // Beside the target, since only a rename within one file system is a single step, under a name
+    // that is short enough everywhere. The process id keeps two copies of the program apart.
+    const QString beside = folderPart(real) + QStringLiteral(".fennel-gfx.%1.new").arg(::getpid());
     struct stat old = {};
     const bool existed = ::stat(QFile::encodeName(real).constData(), &old) == 0;
     // A rename would replace a write-protected file without asking, as it needs rights on the

@@ -74,6 +74,8 @@ public:
     // ShowBackground after a change of PreviewScale; menu and bar of generations 1 and 2 reach
     // from their left edge to the right end of the picture.
     void ApplyScale();
+    // The user knows already that the present background cannot be shown.
+    void tellNoMore();
     [[nodiscard]] QSize pictureSize() const { return m_background.size(); }
     [[nodiscard]] const QImage& background() const { return m_background; }
     void setBackground(const QImage& picture); // Format_RGB32, not empty

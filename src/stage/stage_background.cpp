@@ -29,16 +29,20 @@ void Stage::setBackground(const QImage& picture)
     changed(QRect(QPoint(), pictureSize()));
 }
 
+void Stage::tellNoMore()
+{
+    const QFileInfo file(run().BackFile);
+    m_told = u"%1|%2|%3"_s.arg(run().BackFile, file.lastModified().toString(Qt::ISODateWithMs))
+                 .arg(run().PreviewScale);
+}
+
 // ShowBackground runs at every move of a splitter; the same broken file is told once.
 void Stage::tellOnce(const Failure& failure)
 {
-    const QFileInfo file(run().BackFile);
-    const QString what =
-        u"%1|%2|%3"_s.arg(run().BackFile, file.lastModified().toString(Qt::ISODateWithMs))
-            .arg(run().PreviewScale);
-    if (what == m_told)
+    const QString before = m_told;
+    tellNoMore();
+    if (m_told == before)
         return;
-    m_told = what;
     // The user knows the background by its own name, not by that of the work file.
     QString text = QString::fromStdString(failure.text);
     text.replace(run().WorkspaceRoot + scaledBackName, run().BackFile);
