@@ -42,6 +42,8 @@ void changeBackground(MainWindow& window, const QString& name);
 void changeLogo(MainWindow& window, const QString& name);
 // Opens the text member of the current row in the text editor; false if the row is none.
 [[nodiscard]] bool EditTextFile(MainWindow& window);
+// Whether the editor's frame may be used for something else: a changed text in it is asked about.
+[[nodiscard]] bool mayLeaveText(MainWindow& window);
 // Shows the logo of that name on the stage; without such a member nothing happens.
 void showLogoMember(MainWindow& window, const QString& name);
 // The object shows the text of a member on the stage, now or when it is next seen.

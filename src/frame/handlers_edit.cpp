@@ -50,29 +50,19 @@ void onThumbnail(MainWindow& window, const QString& name, Qt::MouseButton button
     }
 }
 
-// Keys of gfxboot.cfg that hide a function-key button, by the button's place in the bar.
-QString hideKey(int button)
-{
-    switch (button) {
-    case 1:
-        return QStringLiteral("hide_help");
-    case 3:
-        return QStringLiteral("hide_lang");
-    case 5:
-        return QStringLiteral("hide_reboot");
-    default:
-        return QStringLiteral("hide_poweroff");
-    }
-}
-
 void flipButton(MainWindow& window, int button)
 {
     Stage& stage = window.stageLink().stage();
     ListRows& list = *window.workbench().params.list(TabConfig);
     const int number = CfgRow(list, hideKey(button));
     ListRow* row = list.row(number);
-    if (row == nullptr)
+    if (row == nullptr) {
+        window.shell().prompts.ShowMessage(
+            QStringLiteral("The tab Config has no row for %1:\n"
+                           "this gfxboot cannot switch the button.")
+                .arg(hideKey(button)));
         return;
+    }
     // What the stage shows must hold when the screen boots, so the row becomes an active one.
     row->colour = cfgActiveRow;
     row->checked = true;

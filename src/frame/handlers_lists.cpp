@@ -16,9 +16,12 @@
 #include "params/right_panel.h"
 #include "params/row_values.h"
 #include "params/tabs.h"
+#include "params/text_edit.h"
 #include "shell/file_steps.h"
 #include "shell/text.h"
 #include "tools/image_tool.h"
+
+#include <QApplication>
 
 #include <algorithm>
 
@@ -49,7 +52,7 @@ ListRow* currentRow(MainWindow& window)
 void openEditor(MainWindow& window)
 {
     const ListRow* row = currentRow(window);
-    if (row == nullptr || row->cells.size() < 2)
+    if (row == nullptr || row->cells.size() < 2 || !mayLeaveText(window))
         return;
     window.rightPanel().openEditor(window.area(), row->text(), row->text(1));
 }
@@ -302,6 +305,9 @@ void showTextMember(MainWindow& window, int object, const QString& name)
     PanelRec* panel = window.workbench().params.object(object);
     if (panel == nullptr)
         return;
+    const Result<TextFile> file = readTextMember(window.shell().run.Workspace + name);
+    if (!window.shell().told(file ? Result<void>() : Result<void>(file.failure())))
+        return;
     panel->Text = FileReadAll(window.shell().run.Workspace + name).text;
     Stage& stage = window.stageLink().stage();
     const bool seen = !panel->OnlySelected || object == window.stageLink().objectOfCurrentTab();
@@ -386,10 +392,13 @@ void CloseEditor(MainWindow& window)
     ValueEditor& editor = window.rightPanel().editor();
     if (!editor.isVisible())
         return;
+    // Whoever clicked elsewhere wants to go on there.
+    const bool focused = editor.isAncestorOf(QApplication::focusWidget());
     editor.close();
     ListView* view = window.rightPanel().view(window.workbench().params.CurrentTab);
     view->select(window.workbench().params.CurrentRow);
-    view->setFocus();
+    if (focused)
+        view->setFocus();
 }
 
 void selectRow(MainWindow& window, int tab, int row)

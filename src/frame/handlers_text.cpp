@@ -6,6 +6,10 @@
 #include "params/right_panel.h"
 #include "params/text_edit.h"
 
+#include <QTextDocument>
+
+#include <algorithm>
+
 namespace fennel {
 
 namespace {
@@ -19,12 +23,14 @@ QString currentMember(MainWindow& window)
 }
 
 // Lists that show the member's length.
-void refillLengths(MainWindow& window, int object)
+void refillLengths(MainWindow& window, const QString& name)
 {
-    const ParamLists& lists = window.workbench().params;
+    ParamLists& lists = window.workbench().params;
     refillList(window, TabGfxboot);
     for (int tab = FirstObjectTab; tab <= lists.tabCount(); ++tab) {
-        if (lists.objectOfTab(tab) == object)
+        const std::vector<ListRow>& rows = lists.list(tab)->rows;
+        if (std::any_of(rows.begin(), rows.end(),
+                        [&name](const ListRow& row) { return fileOfTag(row.tag) == name; }))
             refillList(window, tab);
     }
     updateRowButtons(window);
@@ -42,11 +48,11 @@ void save(MainWindow& window)
     if (!shell.told(saveTextMember(shell.files, shell.run.Workspace + name, text)))
         return; // the text stays open
     CloseEditor(window);
-    refillLengths(window, object);
+    refillLengths(window, name);
     showTextMember(window, object, name);
 }
 
-void open(MainWindow& window, const QString& name)
+void open(MainWindow& window, const QString& name, int object)
 {
     const Shell& shell = window.shell();
     const Result<TextFile> file = readTextMember(shell.run.Workspace + name);
@@ -56,13 +62,14 @@ void open(MainWindow& window, const QString& name)
     }
     window.workbench().TextIsUtf8 = file->TextIsUtf8;
     window.workbench().EditedText = name;
+    window.workbench().EditedObject = object;
     window.rightPanel().openTextEditor(window.area(), name, file->text, window.stageView());
 }
 
 void reload(MainWindow& window)
 {
     CloseEditor(window);
-    open(window, window.workbench().EditedText);
+    open(window, window.workbench().EditedText, window.workbench().EditedObject);
 }
 
 void convert(MainWindow& window)
@@ -74,17 +81,28 @@ void convert(MainWindow& window)
     }
     ValueEditor& editor = window.rightPanel().editor();
     editor.setText(readAsUtf8(editor.text()));
+    editor.box().document()->setModified(true);
 }
 
 } // namespace
+
+bool mayLeaveText(MainWindow& window)
+{
+    const ValueEditor& editor = window.rightPanel().editor();
+    return !editor.textEditMode() || !editor.box().document()->isModified() ||
+           window.shell().prompts.ShowMessage(
+               QStringLiteral("The changes of %1 are not saved.\nDiscard them?")
+                   .arg(window.workbench().EditedText),
+               MessageType::YesNo, window.workbench().EditedText) == Answer::Yes;
+}
 
 bool EditTextFile(MainWindow& window)
 {
     const QString name = currentMember(window);
     if (!isTextMember(name))
         return false;
-    window.workbench().EditedObject = window.stageLink().objectOfCurrentTab();
-    open(window, name);
+    if (mayLeaveText(window))
+        open(window, name, window.stageLink().objectOfCurrentTab());
     return true;
 }
 

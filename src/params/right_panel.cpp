@@ -57,6 +57,7 @@ void RightPanel::buildButtons()
     m_rowSpin = new QSpinBox(this);
     m_rowSpin->setObjectName(QStringLiteral("UpDown3"));
     m_rowSpin->setRange(-1000, 1000);
+    m_rowSpin->setKeyboardTracking(false);
     m_rowSpin->setEnabled(false);
     m_rowSpin->setFocusPolicy(Qt::ClickFocus);
     m_rowSpin->setFixedWidth(46);

@@ -101,8 +101,10 @@ QString normaliseTyped(QStringView text)
 {
     if (!text.startsWith(u"0x", Qt::CaseInsensitive))
         return leadingNumberText(text);
-    // Letters that are no digits stay as they were typed; they end the number when it is read.
-    const QString digits = QStringLiteral("000000") + text.mid(2).right(6).toString().toUpper();
+    // Letters that are no digits stay as they were typed; they end the number when it is read. A
+    // line end that was pasted along would break the line of a file.
+    QString digits = QStringLiteral("000000") + text.mid(2).toString().toUpper();
+    digits.remove(u'\n').remove(u'\r').remove(u'\t');
     return QStringLiteral("0x") + digits.right(6);
 }
 

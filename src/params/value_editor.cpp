@@ -102,6 +102,8 @@ void ValueEditor::place(QPoint anchor)
 void ValueEditor::open(const QString& caption, const QString& text, QPoint anchor)
 {
     setTextMode(false);
+    delete m_growth;
+    m_growth = nullptr;
     setTitle(caption);
     setText(text);
     // Values in hexadecimal are colours; the others have no use for a colour dialog.

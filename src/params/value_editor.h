@@ -38,7 +38,7 @@ public:
     [[nodiscard]] QString text() const;
     // Replaces what was typed, as a colour tool does.
     void setText(const QString& text);
-    [[nodiscard]] QPlainTextEdit& box() { return *m_text; }         // TextValue
+    [[nodiscard]] QPlainTextEdit& box() const { return *m_text; }   // TextValue
     [[nodiscard]] QPushButton& colourButton() { return *m_colour; } // ComColor
     [[nodiscard]] QCheckBox& pipette() { return *m_pipette; }       // Check2Pipetka
 

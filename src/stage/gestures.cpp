@@ -59,6 +59,7 @@ void StageGestures::press(const StageMouse& mouse)
     if (!second) {
         setTarget(mouse.at);
         m_before = {};
+        m_moved = false;
     }
     switch (m_target) {
     case Target::Panel:
@@ -169,6 +170,7 @@ void StageGestures::panelMoved(const StageMouse& mouse, int index)
         m_cursor = index == m_stage.SelectedPanel ? StageCursor::Selected : StageCursor::Other;
     if (m_dragging && (mouse.buttons & Qt::LeftButton) && !picking()) {
         movePanelTo(index, mouse.at - m_grab);
+        m_moved = true;
         // Generation 3 keeps a place in parameters, generation 2 in two lines of the cfg file.
         if (levels()) {
             storePlace(index);
@@ -282,7 +284,11 @@ void StageGestures::panelReleased(const StageMouse& mouse)
         m_stage.data().shell.prompts.ShowMessage(rollText);
         stepLogo(mouse.modifiers & Qt::ShiftModifier);
     } else if (mouse.button == Qt::LeftButton && !roll) {
-        settle(index);
+        // A mere click rounds and limits nothing.
+        if (m_moved)
+            settle(index);
+        else if (index == m_stage.SelectedPanel)
+            m_stage.redraw(index);
     }
     // Hidden while the panel moved, as it would have stayed behind.
     m_stage.ShowMarker(m_stage.SelectedPanel, 0);

@@ -99,6 +99,7 @@ private:
     Target m_target = Target::None;
     int m_panel = -1; // the pressed one
     bool m_dragging = false;
+    bool m_moved = false;  // the panel was dragged since its press
     bool m_pulled = false; // the marker was moved since its press
     QPoint m_grab;         // in the panel, or from the band's corner
     ResizeBand m_band;
