@@ -228,10 +228,13 @@ TEST_F(Save, ACopyHasItsOwnNameFolderAndCompression)
     EXPECT_EQ(bytesOf(t.path(u"boot/message"_s)).toStdString(), m_plain);
     EXPECT_EQ(bytesOf(first + u"note"_s), "copy"); // the earlier folder stays as it was
 
-    // A typed ".gz" stays with a plain content too.
+    // A typed ".gz" stays with a plain content too. What was opened under that name is no part.
+    ASSERT_TRUE(t.files.makeFolder(t.run.WorkspaceRoot + u"plain.gz"_s).ok());
+    t.file(u"root/plain.gz/stray"_s, "of another gfxboot");
     ASSERT_TRUE(saveAs(t.path(u"boot/plain.gz"_s), Answer::No));
     EXPECT_FALSE(t.run.GfxIsGz);
     EXPECT_EQ(noteIn(t.path(u"boot/plain.gz"_s), false), "copy");
+    EXPECT_FALSE(FileExists(t.run.Workspace + u"stray"_s));
     // The same name in another folder uses the folder that is open.
     ASSERT_TRUE(t.files.makeFolder(t.path(u"else"_s)).ok());
     ASSERT_TRUE(saveAs(t.path(u"else/plain.gz"_s), Answer::No));

@@ -131,6 +131,11 @@ TEST_F(Colours, TheValueEditorHasAPipetteAndADialogueOfItsOwn)
     editor.colourButton().click();
     expectFill(qRgb(0xAA, 0xBB, 0xCC), u"0xAABBCC"_s);
 
+    // Who clicks elsewhere goes on there.
+    editRow(lineRow, record(lineRow).BackParam);
+    window.surface().setFocus();
+    EXPECT_FALSE(editor.isVisible());
+    EXPECT_TRUE(window.surface().hasFocus());
     // What was typed for one row never reaches another.
     editRow(lineRow, record(lineRow).BackParam);
     editor.setText(u"0x112233"_s);

@@ -110,6 +110,15 @@ TEST_F(Members, ATextIsEditedOverTheStageAndSaved)
     EXPECT_TRUE(editor.isVisible());
     EXPECT_EQ(bytesOf(member(u"ZUK_Read.txt"_s)), "first\r\nsecond");
     shell.files.failAt = 0;
+    // Neither a row nor a file that cannot be opened throws it away.
+    QTest::keyClicks(&editor.box(), u"typed"_s);
+    const QString typed = editor.text();
+    shell.prompts.expectMessage(u"not saved"_s, Answer::No);
+    Q_EMIT window.rightPanel().rowActivated(tab, 1);
+    shell.prompts.expectOpen(shell.file(u"none"_s, "no message"));
+    shell.prompts.expectMessage(u"ERROR. File back.jpg not found!"_s);
+    runCommand("mnuFile_Open");
+    EXPECT_TRUE(editor.textEditMode() && editor.text() == typed);
     find<QPushButton>(u"ComFr6ForTXT(2)"_s).click(); // reload
     EXPECT_EQ(editor.text(), u"first\nsecond"_s);
     find<QPushButton>(u"ComFr6ForTXT(0)"_s).click();

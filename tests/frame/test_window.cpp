@@ -127,6 +127,12 @@ TEST(Window, AFileThatIsNoneLeavesTheWindowUsableAndTheTitleTrue)
     EXPECT_TRUE(w.shell.run.InterfaceReady);
     EXPECT_EQ(w.window.windowTitle(), prefix + u"good"_s);
     EXPECT_EQ(w.window.menus().entries("mnuFile1").size(), 1U);
+    // One message for one broken background.
+    RawCpio odd;
+    odd.add({.name = "back.jpg", .data = "text"});
+    w.open(w.shell.file(u"odd"_s, QByteArray::fromStdString(odd.close())),
+           u"back.jpg is not a picture"_s);
+    w.open(w.shell.path(u"good"_s));
     // A cancelled dialog says nothing.
     w.shell.prompts.expectOpen({});
     w.choose("mnuFile_Open");
