@@ -126,6 +126,10 @@ void FlashLink::refillMenuList()
     if (!m_window.shell().run.GfxOpened)
         return;
     refillList(m_window, TabMenu);
+    // The menu of the drive before: nobody asked for a file of that name on this one.
+    QString& file = m_window.workbench().CurrentMenuFile;
+    if (menuRow(*m_window.workbench().params.list(TabMenu), file) == 0)
+        file.clear();
     MenuApply(m_window);
     markMenuRow(m_window);
     if (m_window.workbench().params.CurrentTab == TabMenu)

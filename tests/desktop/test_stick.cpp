@@ -123,6 +123,32 @@ TEST_F(StickTest, GoesAndComesBack)
     EXPECT_TRUE(story.window.menus().action(u"mnuFlash"_s)->isEnabled());
 }
 
+TEST_F(StickTest, AnotherDriveWithoutThatMenuShowsTheEmbeddedOne)
+{
+    mountStick(machine, 2);
+    machine.write(u"/media/ann/second/plain.lst"_s, "title Second stick\n");
+    Story story;
+    story.makeNew();
+    runEntry(story, "mnuFlash_FlashArr", 0);
+    runEntry(story, "mnuMenu_fromFlash", 1);
+    // A file of the same name is the menu again; without one nothing is said.
+    runEntry(story, "mnuFlash_FlashArr", 1);
+    EXPECT_TRUE(story.lists().PanelArr[MenuBarRow].Text.startsWith(u"Second stick"));
+    runEntry(story, "mnuFlash_FlashArr", 0);
+    runEntry(story, "mnuMenu_fromFlash", 0);
+    runEntry(story, "mnuFlash_FlashArr", 1);
+    EXPECT_TRUE(story.bench.CurrentMenuFile.isEmpty());
+    EXPECT_TRUE(*story.lists().list(TabMenu)->row(1)->checked);
+    EXPECT_TRUE(story.lists().PanelArr[MenuBarRow].Text.startsWith(u"RECALL"));
+    // One that is there and cannot be read is told.
+    runEntry(story, "mnuFlash_FlashArr", 0);
+    runEntry(story, "mnuMenu_fromFlash", 0);
+    ASSERT_TRUE(QFile::link(u"/etc/hostname"_s, machine.root() + u"/media/ann/second/MENU.LST"_s));
+    story.user().expectMessage(u"MENU.LST is a link that leads out of the drive."_s);
+    runEntry(story, "mnuFlash_FlashArr", 1);
+    EXPECT_TRUE(story.bench.CurrentMenuFile.isEmpty());
+}
+
 TEST_F(StickTest, WhenItsMenuCannotBeReadTheEmbeddedOneIsInForce)
 {
     Story story;
