@@ -67,14 +67,19 @@ Drives::Letters Drives::assigned() const
 {
     std::vector<Volume> volumes = volumesOf(m_source);
     Letters letters = kept(volumes);
+    // Another volume under the letter of the Current Flash would pass for the chosen one.
+    const int flash = m_shell.run.CurrentFlashChar - 'A';
     const auto firstFree = [&](bool evenJustFreed) {
         int i = firstFreeIndex;
-        while (i < letterCount && (letters[at(i)] || (m_letters[at(i)] && !evenJustFreed)))
+        while (i < letterCount &&
+               (letters[at(i)] || i == flash || (m_letters[at(i)] && !evenJustFreed)))
             ++i;
         return i;
     };
     for (Volume& volume : volumes) {
         int index = volume.root ? rootIndex : volume.floppy;
+        if (index < 0 && flash >= firstFreeIndex && volume.key == m_flashKey)
+            index = flash;
         // A letter that goes and comes in one look would hide that another drive is there.
         if (index < 0)
             index = firstFree(false);
@@ -195,6 +200,8 @@ void Drives::mnuFlash_FlashArr(int entry)
     if (run.CurrentFlashChar != letter.unicode())
         m_host.closeQemu();
     run.CurrentFlashChar = letter.unicode();
+    const std::optional<Volume>& volume = m_letters[at(letter.unicode() - 'A')];
+    m_flashKey = volume ? volume->key : QString();
     checkEntries();
     m_host.flashChanged();
     // Unknown until the tool has answered, so that no old number is booted.

@@ -4,6 +4,7 @@
 //
 // Letters: the root file system is C; A and B are floppies; every other volume takes the first free
 // letter from D on when it is first seen and keeps it until it goes. A volume beyond Z has none.
+// The letter of the Current Flash waits for its own volume as long as that is chosen.
 #pragma once
 
 #include "shell/shell_context.h"
@@ -117,6 +118,7 @@ private:
     FlashHost& m_host;
     DriveTable m_table;
     Letters m_letters;
+    QString m_flashKey; // of the volume that was chosen as Current Flash
     std::vector<FlashEntry> m_entries;
     QStringList m_list1;
     bool m_refreshing = false;

@@ -139,6 +139,35 @@ TEST_F(DrivesTest, PullingTheCurrentFlashClearsTheChoice)
     EXPECT_EQ(drives.folderOf('E'), QString());
 }
 
+TEST_F(DrivesTest, TheLetterOfTheCurrentFlashWaitsForItsVolume)
+{
+    mountStick(machine, 1);
+    drives.RefreshDriveInfo(false, false);
+    drives.mnuFlash_FlashArr(0);
+    unmountStick(machine, 1);
+    drives.RefreshDriveInfo(false, false);
+    mountStick(machine, 2);
+    drives.RefreshDriveInfo(false, false);
+    EXPECT_EQ(summary(drives), u"C Local ; D Local efi; F Removable second"_s);
+    EXPECT_FALSE(drives.flashEntries()[0].checked);
+    // Other drives do not get it even when there is no other letter left.
+    for (int i = 0; i < 30; ++i)
+        machine.mount(u"0:%1"_s.arg(100 + i), u"/mnt/v%1"_s.arg(i), u"nfs"_s, u"host:/v"_s);
+    drives.RefreshDriveInfo(false, false);
+    drives.RefreshDriveInfo(false, false);
+    EXPECT_FALSE(drives.table()[4].Present);
+    EXPECT_TRUE(drives.table()[25].Present);
+    mountStick(machine, 1);
+    drives.RefreshDriveInfo(false, false);
+    EXPECT_EQ(drives.table()[4].VolumeName, u"BOOT ME"_s);
+    EXPECT_TRUE(drives.flashEntries()[0].checked);
+    // Given up, the letter is as free as any other.
+    unmountStick(machine, 1);
+    drives.mnuFlash_UnCheckAll();
+    drives.RefreshDriveInfo(false, false);
+    EXPECT_NE(drives.table()[4].VolumeName, QString());
+}
+
 TEST_F(DrivesTest, ReportsOfAllSorts)
 {
     tool.report = "No drive here\nMountPoint        = K:\\\nModel             = Stick\n"
