@@ -141,6 +141,11 @@ void FlashLink::chooseEmbeddedMenu()
     takeEmbeddedMenu(m_window);
 }
 
+bool FlashLink::askFlashDisk()
+{
+    return m_drives.askFlashDisk();
+}
+
 void FlashLink::bringToFront(qint64 pid)
 {
     // The bridge that was started has no window; the machine's window belongs to its child.

@@ -88,6 +88,9 @@ public:
     // stands for all drives. With `setDisk` the number goes to CurrentFlashDisk, otherwise each
     // drive of the report is shown in a message.
     void ListUsb(int driveChar, bool setDisk);
+    // Sets CurrentFlashDisk: the disk of the Current Flash as it is counted now, 0 if the drive is
+    // gone. False and -1 if the tool could not be asked, which the user is told.
+    bool askFlashDisk();
     // The volume label of the Current Flash, empty if there is none.
     [[nodiscard]] QString CurrentFlashLabel() const;
 
@@ -106,6 +109,7 @@ private:
     void refreshLetter(int index, const Letters& letters, bool notify, bool connected);
     void tell(const DriveRecord& record, bool connected) const;
     void notifyChanges();
+    void disksChanged();
     void checkEntries();
     void showMenusOf(QChar letter);
     [[nodiscard]] Letters kept(std::vector<Volume>& volumes) const;

@@ -149,6 +149,27 @@ TEST_F(StickTest, AnotherDriveWithoutThatMenuShowsTheEmbeddedOne)
     EXPECT_TRUE(story.bench.CurrentMenuFile.isEmpty());
 }
 
+// The number of a pulled stick passes to the disk behind it; here that is a built-in one.
+TEST_F(StickTest, APulledStickIsNotBootedByItsOldNumber)
+{
+    machine.disk(u"sdc"_s, u"8:32"_s, u"ata1"_s, 1'000'000);
+    machine.removeDisk(u"sdb"_s);
+    Story story;
+    story.makeNew();
+    runEntry(story, "mnuFlash_FlashArr", 0);
+    EXPECT_EQ(story.run().CurrentFlashDisk, 1);
+    story.run().ToolQemu =
+        story.shell.script(u"bridge"_s, "echo $1 > \"$4/booted\"\n"
+                                        "echo 'QEMU is running.' >> \"$4/$5\"\nexec sleep 30\n");
+    unmountStick(machine, 1);
+    machine.removeDisk(u"sda"_s);
+    story.user().expectMessage(u"run QEMU only for removable disks."_s);
+    story.choose("mnuT_Qemu_Start");
+    EXPECT_FALSE(story.window.flashLink().qemu().isRunning());
+    EXPECT_FALSE(FileExists(story.run().WorkspaceRoot + u"booted"_s));
+    EXPECT_FALSE(story.action(u"mnuT_Qemu_Start"_s).isEnabled());
+}
+
 TEST_F(StickTest, WhenItsMenuCannotBeReadTheEmbeddedOneIsInForce)
 {
     Story story;

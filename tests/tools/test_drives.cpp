@@ -239,7 +239,29 @@ TEST_F(DrivesTest, TheBridgeReportsWithTheEditorsLetters)
         "bytes)\nVendor            = Kingston\nModel             = DT 101\n"
         "Serial Number     = 0013\nBus Type          = USB\n"_s);
     real.ListUsb('F', false);
+
+    // The other one goes, watched; the chosen one is counted anew.
+    shell.prompts.expectMessage(u"Disconnected drive F:"_s);
+    unmountStick(machine, 1);
+    machine.removeDisk(u"sda"_s);
+    real.mountsChanged();
+    EXPECT_EQ(shell.run.CurrentFlashDisk, 1);
+    // It is exchanged, unseen, for one with the same name.
+    unmountStick(machine, 2);
+    machine.removeDisk(u"sdb"_s);
+    machine.disk(u"sdc"_s, u"8:32"_s, u"usb2/2-3"_s, 100, true);
+    machine.mount(u"8:32"_s, u"/media/ann/second"_s, u"vfat"_s, u"/dev/sdc"_s);
+    EXPECT_TRUE(real.askFlashDisk());
+    EXPECT_EQ(shell.run.CurrentFlashDisk, 0);
     qunsetenv(systemRootVariable);
+    // A tool that is gone is told once, not at every change.
+    shell.run.CurrentFlashDisk = 1;
+    shell.run.ToolListUsb = u"/no/such/tool"_s;
+    shell.prompts.expectMessage(u"/no/such/tool not found!"_s);
+    real.RefreshDriveInfo(false, false);
+    machine.unmount(u"/media/ann/second"_s);
+    real.RefreshDriveInfo(false, false);
+    EXPECT_EQ(shell.run.CurrentFlashDisk, -1);
 }
 
 } // namespace
