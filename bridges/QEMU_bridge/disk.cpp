@@ -63,6 +63,15 @@ bool isThatDevice(const struct stat& facts, const QString& number)
     return number == u"%1:%2"_s.arg(major(facts.st_rdev)).arg(minor(facts.st_rdev));
 }
 
+// The caller's number may be old: when a drive goes, the disks behind it are counted anew.
+Failure notRemovable(const QString& name, int number)
+{
+    return failure(
+        FailureKind::NoPermission,
+        u"Disk %1 (/dev/%2) is built in, and only removable disks are booted. Choose the "
+        "drive again in the menu Flash."_s.arg(QString::number(number), name));
+}
+
 } // namespace
 
 Result<OpenDisk> openDisk(const FolderDriveSource& source, int number)
@@ -73,6 +82,8 @@ Result<OpenDisk> openDisk(const FolderDriveSource& source, int number)
         return failure(FailureKind::NotFound,
                        u"There is no disk %1 that may be booted. Plug the drive in and choose it "
                        "again in the menu Flash."_s.arg(number));
+    if (!blocks.isRemovable(name))
+        return notRemovable(name, number);
     const QString node = source.place(u"/dev/"_s + name);
     // For reading only; O_NONBLOCK, or a drive without a medium would hold us up.
     const int descriptor =

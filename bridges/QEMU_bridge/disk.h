@@ -13,8 +13,8 @@ struct OpenDisk {
     bool isDevice = false; // a block device; otherwise an image file that stands in for one
 };
 
-// The disk of that number, as BlockDevices counts them. Disk 0 is refused, and so is whatever bears
-// its device number. On the real system only a block device is taken.
+// The disk of that number, as BlockDevices counts them. Disk 0 is refused, and so is every disk
+// that cannot be taken out of the machine. On the real system only a block device is taken.
 Result<OpenDisk> openDisk(const FolderDriveSource& source, int number);
 
 } // namespace fennel

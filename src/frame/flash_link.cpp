@@ -126,6 +126,10 @@ void FlashLink::refillMenuList()
     if (!m_window.shell().run.GfxOpened)
         return;
     refillList(m_window, TabMenu);
+    // The menu of the drive before: nobody asked for a file of that name on this one.
+    QString& file = m_window.workbench().CurrentMenuFile;
+    if (menuRow(*m_window.workbench().params.list(TabMenu), file) == 0)
+        file.clear();
     MenuApply(m_window);
     markMenuRow(m_window);
     if (m_window.workbench().params.CurrentTab == TabMenu)
@@ -135,6 +139,11 @@ void FlashLink::refillMenuList()
 void FlashLink::chooseEmbeddedMenu()
 {
     takeEmbeddedMenu(m_window);
+}
+
+bool FlashLink::askFlashDisk()
+{
+    return m_drives.askFlashDisk();
 }
 
 void FlashLink::bringToFront(qint64 pid)

@@ -43,6 +43,7 @@ public:
     void refillMenuList() override;
     void chooseEmbeddedMenu() override;
     void bringToFront(qint64 pid) override;
+    [[nodiscard]] bool askFlashDisk() override;
 
 private:
     MainWindow& m_window;

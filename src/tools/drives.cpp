@@ -67,14 +67,19 @@ Drives::Letters Drives::assigned() const
 {
     std::vector<Volume> volumes = volumesOf(m_source);
     Letters letters = kept(volumes);
+    // Another volume under the letter of the Current Flash would pass for the chosen one.
+    const int flash = m_shell.run.CurrentFlashChar - 'A';
     const auto firstFree = [&](bool evenJustFreed) {
         int i = firstFreeIndex;
-        while (i < letterCount && (letters[at(i)] || (m_letters[at(i)] && !evenJustFreed)))
+        while (i < letterCount &&
+               (letters[at(i)] || i == flash || (m_letters[at(i)] && !evenJustFreed)))
             ++i;
         return i;
     };
     for (Volume& volume : volumes) {
         int index = volume.root ? rootIndex : volume.floppy;
+        if (index < 0 && flash >= firstFreeIndex && volume.key == m_flashKey)
+            index = flash;
         // A letter that goes and comes in one look would hide that another drive is there.
         if (index < 0)
             index = firstFree(false);
@@ -93,7 +98,11 @@ void Drives::RefreshDriveInfo(bool notify, bool connected)
     // A message inside lets events in, and with them the next change of the drives.
     if (m_refreshing)
         return;
-    refreshFrom(assigned(), notify, connected);
+    const Letters letters = assigned();
+    const bool changed = letters != m_letters;
+    refreshFrom(letters, notify, connected);
+    if (changed)
+        disksChanged();
     // What came meanwhile is looked at now.
     if (m_pending)
         mountsChanged();
@@ -159,6 +168,7 @@ void Drives::mountsChanged()
 void Drives::notifyChanges()
 {
     const Letters now = assigned();
+    const bool changed = now != m_letters;
     Letters remaining = m_letters;
     // A volume that was exchanged under its letter counts as both.
     bool gone = false;
@@ -174,8 +184,18 @@ void Drives::notifyChanges()
         refreshFrom(remaining, true, false);
     if (came)
         refreshFrom(now, true, true);
-    else if (!gone && now != m_letters)
+    else if (!gone && changed)
         refreshFrom(now, false, false);
+    if (changed)
+        disksChanged();
+}
+
+// A disk that goes or comes may move the numbers of the others. A tool that could not be asked when
+// the drive was chosen is not asked again unbidden.
+void Drives::disksChanged()
+{
+    if (m_shell.run.CurrentFlashChar != noFlash && m_shell.run.CurrentFlashDisk >= 0)
+        (void)askFlashDisk();
 }
 
 void Drives::checkEntries()
@@ -195,13 +215,12 @@ void Drives::mnuFlash_FlashArr(int entry)
     if (run.CurrentFlashChar != letter.unicode())
         m_host.closeQemu();
     run.CurrentFlashChar = letter.unicode();
+    const std::optional<Volume>& volume = m_letters[at(letter.unicode() - 'A')];
+    m_flashKey = volume ? volume->key : QString();
     checkEntries();
     m_host.flashChanged();
-    // Unknown until the tool has answered, so that no old number is booted.
-    run.CurrentFlashDisk = -1;
-    ListUsb(run.CurrentFlashChar, true);
     // 0 is a disk of the system, which is never booted.
-    if (run.CurrentFlashDisk > 0)
+    if (askFlashDisk() && run.CurrentFlashDisk > 0)
         m_host.enableQemuStart(true);
     showMenusOf(letter);
     if (run.GfxOpened)

@@ -4,6 +4,7 @@
 //
 // Letters: the root file system is C; A and B are floppies; every other volume takes the first free
 // letter from D on when it is first seen and keeps it until it goes. A volume beyond Z has none.
+// The letter of the Current Flash waits for its own volume as long as that is chosen.
 #pragma once
 
 #include "shell/shell_context.h"
@@ -87,6 +88,9 @@ public:
     // stands for all drives. With `setDisk` the number goes to CurrentFlashDisk, otherwise each
     // drive of the report is shown in a message.
     void ListUsb(int driveChar, bool setDisk);
+    // Sets CurrentFlashDisk: the disk of the Current Flash as it is counted now, 0 if the drive is
+    // gone. False and -1 if the tool could not be asked, which the user is told.
+    bool askFlashDisk();
     // The volume label of the Current Flash, empty if there is none.
     [[nodiscard]] QString CurrentFlashLabel() const;
 
@@ -105,6 +109,7 @@ private:
     void refreshLetter(int index, const Letters& letters, bool notify, bool connected);
     void tell(const DriveRecord& record, bool connected) const;
     void notifyChanges();
+    void disksChanged();
     void checkEntries();
     void showMenusOf(QChar letter);
     [[nodiscard]] Letters kept(std::vector<Volume>& volumes) const;
@@ -117,6 +122,7 @@ private:
     FlashHost& m_host;
     DriveTable m_table;
     Letters m_letters;
+    QString m_flashKey; // of the volume that was chosen as Current Flash
     std::vector<FlashEntry> m_entries;
     QStringList m_list1;
     bool m_refreshing = false;

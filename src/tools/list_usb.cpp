@@ -17,10 +17,12 @@ const QString reportName = QStringLiteral("#ListUSB");
 // "E:=/media/user/STICK", and the suffix stays the last argument.
 QStringList Drives::listUsbCommand() const
 {
+    // As of now: the folder of a drive that went may have passed to another one.
+    const Letters letters = assigned();
     QStringList command{m_shell.run.ToolListUsb};
-    for (std::size_t i = 0; i < m_letters.size(); ++i) {
-        if (m_letters[i])
-            command.append(m_table[i].Letter + u":="_s + m_letters[i]->mountFolder);
+    for (std::size_t i = 0; i < letters.size(); ++i) {
+        if (letters[i])
+            command.append(m_table[i].Letter + u":="_s + letters[i]->mountFolder);
     }
     command.append(u",0"_s);
     return command;
@@ -45,6 +47,14 @@ void Drives::ListUsb(int driveChar, bool setDisk)
         takeReport(QString::fromUtf8(*bytes), driveChar, setDisk);
     else
         m_shell.prompts.ShowMessage(QString::fromStdString(bytes.failure().text));
+}
+
+bool Drives::askFlashDisk()
+{
+    // Unknown until the tool has answered, so that no old number is booted.
+    m_shell.run.CurrentFlashDisk = -1;
+    ListUsb(m_shell.run.CurrentFlashChar, true);
+    return m_shell.run.CurrentFlashDisk >= 0;
 }
 
 void Drives::takeReport(const QString& text, int driveChar, bool setDisk)

@@ -73,13 +73,6 @@ void QemuRun::RunQemu(int mode)
 {
     if (!m_shell.toolThere(m_shell.run.ToolQemu) || !mayBoot())
         return;
-    const RunState& run = m_shell.run;
-    m_arguments = {QString::number(run.CurrentFlashDisk),
-                   vgaWord(mode),
-                   guestMemory,
-                   run.WorkspaceRoot,
-                   qemuLogName,
-                   u",1"_s};
     if (m_phase == Phase::Late && logText().contains(qemuRunningLine))
         m_phase = Phase::Running;
     // One guest at a time: two would write to the same disk.
@@ -88,6 +81,17 @@ void QemuRun::RunQemu(int mode)
         return;
     }
     closeQemu(); // one that was started and never ran
+    // Disks are counted in the order of their names: since the drive was chosen its number may have
+    // passed to another disk.
+    if (!m_host.askFlashDisk() || !mayBoot())
+        return;
+    const RunState& run = m_shell.run;
+    m_arguments = {QString::number(run.CurrentFlashDisk),
+                   vgaWord(mode),
+                   guestMemory,
+                   run.WorkspaceRoot,
+                   qemuLogName,
+                   u",1"_s};
     if (!m_shell.told(m_shell.files.remove(run.WorkspaceRoot + qemuLogName)))
         return;
     qint64 pid = 0;

@@ -14,6 +14,8 @@ class QemuHost {
 public:
     virtual ~QemuHost() = default;
     virtual void enableQemuStart(bool enabled) = 0; // mnuT_Qemu_Start
+    // Brings CurrentFlashDisk up to date; false after the user was told why that failed.
+    [[nodiscard]] virtual bool askFlashDisk() = 0;
     // Gives the foreground to the window of this process (or of a child of it) where the window
     // system allows that.
     virtual void bringToFront(qint64 pid) = 0;

@@ -123,6 +123,53 @@ TEST_F(StickTest, GoesAndComesBack)
     EXPECT_TRUE(story.window.menus().action(u"mnuFlash"_s)->isEnabled());
 }
 
+TEST_F(StickTest, AnotherDriveWithoutThatMenuShowsTheEmbeddedOne)
+{
+    mountStick(machine, 2);
+    machine.write(u"/media/ann/second/plain.lst"_s, "title Second stick\n");
+    Story story;
+    story.makeNew();
+    runEntry(story, "mnuFlash_FlashArr", 0);
+    runEntry(story, "mnuMenu_fromFlash", 1);
+    // A file of the same name is the menu again; without one nothing is said.
+    runEntry(story, "mnuFlash_FlashArr", 1);
+    EXPECT_TRUE(story.lists().PanelArr[MenuBarRow].Text.startsWith(u"Second stick"));
+    runEntry(story, "mnuFlash_FlashArr", 0);
+    runEntry(story, "mnuMenu_fromFlash", 0);
+    runEntry(story, "mnuFlash_FlashArr", 1);
+    EXPECT_TRUE(story.bench.CurrentMenuFile.isEmpty());
+    EXPECT_TRUE(*story.lists().list(TabMenu)->row(1)->checked);
+    EXPECT_TRUE(story.lists().PanelArr[MenuBarRow].Text.startsWith(u"RECALL"));
+    // One that is there and cannot be read is told.
+    runEntry(story, "mnuFlash_FlashArr", 0);
+    runEntry(story, "mnuMenu_fromFlash", 0);
+    ASSERT_TRUE(QFile::link(u"/etc/hostname"_s, machine.root() + u"/media/ann/second/MENU.LST"_s));
+    story.user().expectMessage(u"MENU.LST is a link that leads out of the drive."_s);
+    runEntry(story, "mnuFlash_FlashArr", 1);
+    EXPECT_TRUE(story.bench.CurrentMenuFile.isEmpty());
+}
+
+// The number of a pulled stick passes to the disk behind it; here that is a built-in one.
+TEST_F(StickTest, APulledStickIsNotBootedByItsOldNumber)
+{
+    machine.disk(u"sdc"_s, u"8:32"_s, u"ata1"_s, 1'000'000);
+    machine.removeDisk(u"sdb"_s);
+    Story story;
+    story.makeNew();
+    runEntry(story, "mnuFlash_FlashArr", 0);
+    EXPECT_EQ(story.run().CurrentFlashDisk, 1);
+    story.run().ToolQemu =
+        story.shell.script(u"bridge"_s, "echo $1 > \"$4/booted\"\n"
+                                        "echo 'QEMU is running.' >> \"$4/$5\"\nexec sleep 30\n");
+    unmountStick(machine, 1);
+    machine.removeDisk(u"sda"_s);
+    story.user().expectMessage(u"run QEMU only for removable disks."_s);
+    story.choose("mnuT_Qemu_Start");
+    EXPECT_FALSE(story.window.flashLink().qemu().isRunning());
+    EXPECT_FALSE(FileExists(story.run().WorkspaceRoot + u"booted"_s));
+    EXPECT_FALSE(story.action(u"mnuT_Qemu_Start"_s).isEnabled());
+}
+
 TEST_F(StickTest, WhenItsMenuCannotBeReadTheEmbeddedOneIsInForce)
 {
     Story story;

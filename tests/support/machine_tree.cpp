@@ -43,6 +43,22 @@ void MachineTree::disk(const QString& name, const QString& number, const QString
     EXPECT_TRUE(QFile::link(u"../devices/"_s + path, root() + u"/sys/block/"_s + name));
 }
 
+void MachineTree::removeDisk(const QString& name)
+{
+    const QString own = m_paths.value(name);
+    for (auto it = m_paths.begin(); it != m_paths.end();) {
+        if (it.value() != own && !it.value().startsWith(own + u'/')) {
+            ++it;
+            continue;
+        }
+        const QByteArray number = m_source.read(u"/sys/class/block/"_s + it.key() + u"/dev"_s);
+        QFile::remove(root() + u"/sys/dev/block/"_s + QString::fromUtf8(number).trimmed());
+        QFile::remove(root() + u"/sys/class/block/"_s + it.key());
+        it = m_paths.erase(it);
+    }
+    EXPECT_TRUE(QFile::remove(root() + u"/sys/block/"_s + name));
+}
+
 void MachineTree::partition(const QString& disk, const QString& name, const QString& number,
                             int index, int mib)
 {

@@ -20,6 +20,8 @@ public:
     // "major:minor", sizes in MiB.
     void disk(const QString& name, const QString& number, const QString& bus, int mib,
               bool removableFlag = false);
+    // Pulled out with its partitions; what is mounted stays so.
+    void removeDisk(const QString& name);
     void partition(const QString& disk, const QString& name, const QString& number, int index,
                    int mib);
     // A device of the device mapper, or a RAID, on others.

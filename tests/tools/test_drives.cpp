@@ -139,6 +139,35 @@ TEST_F(DrivesTest, PullingTheCurrentFlashClearsTheChoice)
     EXPECT_EQ(drives.folderOf('E'), QString());
 }
 
+TEST_F(DrivesTest, TheLetterOfTheCurrentFlashWaitsForItsVolume)
+{
+    mountStick(machine, 1);
+    drives.RefreshDriveInfo(false, false);
+    drives.mnuFlash_FlashArr(0);
+    unmountStick(machine, 1);
+    drives.RefreshDriveInfo(false, false);
+    mountStick(machine, 2);
+    drives.RefreshDriveInfo(false, false);
+    EXPECT_EQ(summary(drives), u"C Local ; D Local efi; F Removable second"_s);
+    EXPECT_FALSE(drives.flashEntries()[0].checked);
+    // Other drives do not get it even when there is no other letter left.
+    for (int i = 0; i < 30; ++i)
+        machine.mount(u"0:%1"_s.arg(100 + i), u"/mnt/v%1"_s.arg(i), u"nfs"_s, u"host:/v"_s);
+    drives.RefreshDriveInfo(false, false);
+    drives.RefreshDriveInfo(false, false);
+    EXPECT_FALSE(drives.table()[4].Present);
+    EXPECT_TRUE(drives.table()[25].Present);
+    mountStick(machine, 1);
+    drives.RefreshDriveInfo(false, false);
+    EXPECT_EQ(drives.table()[4].VolumeName, u"BOOT ME"_s);
+    EXPECT_TRUE(drives.flashEntries()[0].checked);
+    // Given up, the letter is as free as any other.
+    unmountStick(machine, 1);
+    drives.mnuFlash_UnCheckAll();
+    drives.RefreshDriveInfo(false, false);
+    EXPECT_NE(drives.table()[4].VolumeName, QString());
+}
+
 TEST_F(DrivesTest, ReportsOfAllSorts)
 {
     tool.report = "No drive here\nMountPoint        = K:\\\nModel             = Stick\n"
@@ -210,7 +239,29 @@ TEST_F(DrivesTest, TheBridgeReportsWithTheEditorsLetters)
         "bytes)\nVendor            = Kingston\nModel             = DT 101\n"
         "Serial Number     = 0013\nBus Type          = USB\n"_s);
     real.ListUsb('F', false);
+
+    // The other one goes, watched; the chosen one is counted anew.
+    shell.prompts.expectMessage(u"Disconnected drive F:"_s);
+    unmountStick(machine, 1);
+    machine.removeDisk(u"sda"_s);
+    real.mountsChanged();
+    EXPECT_EQ(shell.run.CurrentFlashDisk, 1);
+    // It is exchanged, unseen, for one with the same name.
+    unmountStick(machine, 2);
+    machine.removeDisk(u"sdb"_s);
+    machine.disk(u"sdc"_s, u"8:32"_s, u"usb2/2-3"_s, 100, true);
+    machine.mount(u"8:32"_s, u"/media/ann/second"_s, u"vfat"_s, u"/dev/sdc"_s);
+    EXPECT_TRUE(real.askFlashDisk());
+    EXPECT_EQ(shell.run.CurrentFlashDisk, 0);
     qunsetenv(systemRootVariable);
+    // A tool that is gone is told once, not at every change.
+    shell.run.CurrentFlashDisk = 1;
+    shell.run.ToolListUsb = u"/no/such/tool"_s;
+    shell.prompts.expectMessage(u"/no/such/tool not found!"_s);
+    real.RefreshDriveInfo(false, false);
+    machine.unmount(u"/media/ann/second"_s);
+    real.RefreshDriveInfo(false, false);
+    EXPECT_EQ(shell.run.CurrentFlashDisk, -1);
 }
 
 } // namespace

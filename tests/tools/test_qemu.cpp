@@ -27,6 +27,13 @@ public:
     std::vector<qint64> raised;
     void enableQemuStart(bool on) override { enabled.push_back(on); }
     void bringToFront(qint64 pid) override { raised.push_back(pid); }
+    bool askFlashDisk() override
+    {
+        ++asked;
+        return !answer || answer();
+    }
+    int asked = 0;
+    std::function<bool()> answer; // none: the number is still right
 };
 
 class QemuTest : public testing::Test {
@@ -77,6 +84,7 @@ TEST_F(QemuTest, RunsOnceAndEndsOnRequest)
     // A second start, whatever its mode, only shows the first.
     qemu.RunQemu(1);
     EXPECT_EQ(host.raised, std::vector<qint64>{qemu.processId()});
+    EXPECT_EQ(host.asked, 1);
     EXPECT_EQ(qemu.processId(), scriptPid());
     qemu.closeQemu();
     EXPECT_FALSE(qemu.isRunning());
@@ -163,7 +171,20 @@ TEST_F(QemuTest, TheSystemDiskIsRefused)
         qemu.RunQemu(2);
         EXPECT_FALSE(qemu.isRunning());
     }
-    EXPECT_EQ(host.enabled, std::vector<bool>({false, false}));
+    EXPECT_EQ(host.asked, 0);
+    // The drive went since it was chosen; or nobody can tell, which the user has heard.
+    shell.run.CurrentFlashDisk = 2;
+    host.answer = [this] {
+        shell.run.CurrentFlashDisk = 0;
+        return true;
+    };
+    shell.prompts.expectMessage(u"run QEMU only for removable disks."_s);
+    qemu.RunQemu(2);
+    shell.run.CurrentFlashDisk = 2;
+    host.answer = [] { return false; };
+    qemu.RunQemu(2);
+    EXPECT_FALSE(qemu.isRunning());
+    EXPECT_EQ(host.enabled, std::vector<bool>({false, false, false}));
     shell.run.ToolQemu = u"/no/such/bridge"_s;
     shell.prompts.expectMessage(u"/no/such/bridge not found!"_s);
     qemu.RunQemu(2);

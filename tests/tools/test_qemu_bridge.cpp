@@ -137,6 +137,11 @@ TEST_F(QemuBridge, WhatMustNotBeBootedIsRefused)
     EXPECT_TRUE(log().contains(u"\"sdb\" is no disk number."_s));
     EXPECT_EQ(run(u"2"_s), 2); // gone
     EXPECT_TRUE(log().contains(u"There is no disk 2"_s));
+    // A built-in disk that has taken over the number of a stick.
+    machine.disk(u"sdaa"_s, u"65:160"_s, u"ata2"_s, 8);
+    image(u"sdaa"_s, writingGuest);
+    EXPECT_EQ(run(u"2"_s), 2);
+    EXPECT_TRUE(log().contains(u"Disk 2 (/dev/sdaa) is built in"_s)) << log().toStdString();
     // Where the system's disk is not known, no fixed disk can be reached.
     machine.unmount(u"/"_s);
     EXPECT_EQ(run(u"2"_s), 2);
