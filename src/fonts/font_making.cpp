@@ -15,9 +15,21 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double pointsPerInch = 72.0;
-// The tool gets a font file's name without its ending.
-constexpr qsizetype endingLength = 4; // ".TTF"
 const QString errorTitle = u"Font creating error"_s;
+
+// The points are rounded before they become pixels: 14.5 points make the pixels of 14.
+int pixelSize(double points, int logPixelsY)
+{
+    return roundToEven(roundToEven(points) * logPixelsY / pointsPerInch);
+}
+
+// A path goes whole: without its ending it could mean a neighbour.
+QString fontArgument(const QString& fileName)
+{
+    if (fileName.contains(u'/'))
+        return fileName;
+    return fileName.chopped(std::min(fontEndingLength, fileName.size()));
+}
 
 QString inWorkspace(const Shell& shell, const QString& name)
 {
@@ -133,13 +145,11 @@ FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMod
 QStringList fontMakerCommand(const Shell& shell, const CharSelected& set, const FontChoice& choice,
                              int logPixelsY)
 {
-    // The points are rounded before they become pixels: 14.5 points make the pixels of 14.
-    const int points = roundToEven(choice.size);
     // The order of the arguments is the bridge's contract.
     return {shell.run.ToolMkFont,
             FormatCharacterRanges(set).replace(u' ', u'_'),
-            choice.fileName.chopped(std::min(endingLength, choice.fileName.size())),
-            QString::number(roundToEven(points * logPixelsY / pointsPerInch)),
+            fontArgument(choice.fileName),
+            QString::number(pixelSize(choice.size, logPixelsY)),
             QString::number(choice.FontSpaceWidth),
             QString::number(choice.FontLineSpace),
             QString::number(choice.FontLetterSpace),

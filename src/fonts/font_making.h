@@ -30,8 +30,8 @@ struct FontDialogStart {
 FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMode);
 
 // The argument list for the font tool: tool, ranges with "_" between them, the file's name without
-// its last four characters, the size in pixels (points by LOGPIXELSY, ties to even), the three
-// spacings, the output's path, ",0".
+// its last four characters or its whole path, the size in pixels (points by LOGPIXELSY, ties to
+// even), the three spacings, the output's path, ",0".
 QStringList fontMakerCommand(const Shell& shell, const CharSelected& set, const FontChoice& choice,
                              int logPixelsY);
 

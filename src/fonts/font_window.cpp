@@ -314,7 +314,8 @@ FontChoice FontWindow::choice() const
         choice.family = m_family.isEmpty() ? plainName(font) : m_family;
         choice.bold = font.bold();
         choice.italic = font.italic();
-        choice.fileName = font.fileName;
+        const QString path = pathOf(m_installed, font);
+        choice.fileName = path.isEmpty() ? font.fileName : nameForTool(path, installedFontFiles());
     }
     choice.size = m_size->value();
     choice.FontSpaceWidth = m_space->value();

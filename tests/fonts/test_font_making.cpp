@@ -64,6 +64,20 @@ TEST_F(FontMaking, OrdersWhatTheToolTakes)
     choice.size = 15.5;
     EXPECT_EQ(fontMakerCommand(shell.shell, {}, choice, 120)[3], u"27"_s); // 16 points: 26.7
     EXPECT_EQ(fontMakerCommand(shell.shell, {}, choice, 120)[1], QString());
+    choice.fileName = u"/a b/Foo.ttf"_s; // beside it may lie a Foo.otf, or a plain Foo
+    EXPECT_EQ(fontMakerCommand(shell.shell, set, choice, 96)[2], u"/a b/Foo.ttf"_s);
+}
+
+// The tool takes the first file of a name, so a name that others have too is not enough.
+TEST(FontFileName, GivesThePathOfAFileWhoseNameFindsAnother)
+{
+    const QStringList files{u"/a/Regular.ttf"_s, u"/b/regular.TTF"_s,  u"/a/Foo.otf"_s,
+                            u"/b/Foo.ttf"_s,     u"/a/Foo-Bold.ttf"_s, u"/a/Bar.ttf"_s,
+                            u"/a/Bar.ttf.pfb"_s, u"/a/New.ttf.old"_s};
+    for (const QString& path : {files[0], files[1], files[3], files[7]})
+        EXPECT_EQ(nameForTool(path, files), path);
+    EXPECT_EQ(nameForTool(files[4], files), u"Foo-Bold.ttf"_s);
+    EXPECT_EQ(nameForTool(files[5], files), u"Bar.ttf"_s);
 }
 
 TEST_F(FontMaking, NumbersGrowPastAnyGap)
