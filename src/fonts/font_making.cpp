@@ -3,6 +3,7 @@
 
 #include "container/member_list.h"
 #include "fonts/fnt_bytes.h"
+#include "fonts/fnt_codec.h"
 #include "fonts/font_tag.h"
 #include "shell/text.h"
 
@@ -123,7 +124,16 @@ QString refusal(const Shell& shell, const FontState& fonts, const FontCommand& c
 
 } // namespace
 
-FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMode)
+int mostFontPoints(int logPixelsY)
+{
+    // Half a pixel more is rounded away, by some sizes.
+    int points = static_cast<int>((fntLargestSize + 0.5) * pointsPerInch / logPixelsY);
+    while (pixelSize(points, logPixelsY) > fntLargestSize)
+        --points;
+    return points;
+}
+
+FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMode, int logPixelsY)
 {
     const ListRow* selected = fonts.rows.row(row);
     FontDialogStart start;
@@ -139,6 +149,7 @@ FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMod
         start.FontStyleName += u" Italic"_s;
     start.size = record.Size;
     start.wholeSize = roundToEven(record.Size);
+    start.mostPoints = mostFontPoints(logPixelsY);
     return start;
 }
 
@@ -210,8 +221,8 @@ std::optional<FontChange> ChangeFont(const Shell& shell, const FontState& fonts,
         shell.prompts.ShowMessage(refused, MessageType::Ok, errorTitle);
         return std::nullopt;
     }
-    const std::optional<FontChoice> choice =
-        command.askUser(fontDialogStart(fonts, command.row, command.AddFontMode));
+    const std::optional<FontChoice> choice = command.askUser(
+        fontDialogStart(fonts, command.row, command.AddFontMode, command.logPixelsY));
     if (!choice)
         return std::nullopt;
     const Result<void> built = BuildFont(shell, command.characters(), *choice, command.logPixelsY);

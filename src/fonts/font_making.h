@@ -22,12 +22,16 @@ struct FontDialogStart {
     QString FontStyleName; // family and style words of the font under edit
     double size = 14;      // points
     int wholeSize = 14;    // for the control that counts in whole points
+    int mostPoints = 191;  // the largest size that can be made; as given, at 96 dots per inch
     QString rowTag;
 };
 
+// The largest whole size in points that makes at most fntLargestSize pixels.
+int mostFontPoints(int logPixelsY);
+
 // What the dialog opens with for a row of the font list, counted from 1; a row that is not there
 // has the first font's record.
-FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMode);
+FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMode, int logPixelsY);
 
 // The argument list for the font tool: tool, ranges with "_" between them, the file's name without
 // its last four characters or its whole path, the size in pixels (points by LOGPIXELSY, ties to

@@ -66,6 +66,8 @@ TEST_F(FontMaking, OrdersWhatTheToolTakes)
     EXPECT_EQ(fontMakerCommand(shell.shell, {}, choice, 120)[1], QString());
     choice.fileName = u"/a b/Foo.ttf"_s; // beside it may lie a Foo.otf, or a plain Foo
     EXPECT_EQ(fontMakerCommand(shell.shell, set, choice, 96)[2], u"/a b/Foo.ttf"_s);
+    for (const auto& [dots, most] : {std::pair{96, 191}, {72, 255}, {120, 153}, {144, 127}})
+        EXPECT_EQ(mostFontPoints(dots), most);
 }
 
 // The tool takes the first file of a name, so a name that others have too is not enough.
