@@ -2,9 +2,11 @@
 #include "fonts/font_making.h"
 
 #include "container/member_list.h"
+#include "container/member_table.h"
 #include "fonts/fnt_bytes.h"
 #include "fonts/fnt_codec.h"
 #include "fonts/font_tag.h"
+#include "shell/file_steps.h"
 #include "shell/text.h"
 
 #include <algorithm>
@@ -66,47 +68,63 @@ Result<void> appendTag(const Shell& shell, const QString& output, const FontChoi
     return appended;
 }
 
-// The first font of generation 2: the old one stays as backup. It is copied and not moved, so that
-// there is a first font at every moment.
-Result<void> replaceFirstFont(const Shell& shell)
+// The old first font stays as backup. It is copied and not moved, so that there is a first font at
+// every moment.
+Result<void> keepFirstFont(const Shell& shell)
 {
     const QString first = inWorkspace(shell, fontFileName(firstFontNumber));
-    if (FileExists(first)) {
-        Result<void> kept = shell.files.replaceWhole(first, inWorkspace(shell, fontBackupFile));
-        if (!kept)
-            return kept;
-    }
-    return shell.files.rename(inWorkspace(shell, newFontFile), first);
+    if (!FileExists(first))
+        return {};
+    return shell.files.replaceWhole(first, inWorkspace(shell, fontBackupFile));
+}
+
+bool isListed(const Shell& shell, const QString& name)
+{
+    const Result<QByteArray> list = readBytes(inWorkspace(shell, memberListName));
+    const std::vector<MemberName> names = list ? memberNames(*list) : std::vector<MemberName>();
+    return std::ranges::find(names, name, &MemberName::text) != names.end();
+}
+
+// Makes the file a member. The failure has no text if the user knows already.
+Result<void> registerMember(const Shell& shell, FileSteps& steps, const QString& name)
+{
+    const QString list = inWorkspace(shell, memberListName);
+    Result<void> saved = steps.save(list);
+    if (!saved)
+        return saved;
+    if (!RebuildMemberList(shell, name))
+        return Failure{FailureKind::Io, {}};
+    // A name that no pattern fits is taken in by no rebuilding, and kept at the end by each.
+    return isListed(shell, name) ? Result<void>()
+                                 : shell.files.append(list, name.toUtf8() + "\r\n");
+}
+
+// Puts the new font where the name says. A file that was no member becomes one, as it would be lost
+// at the next save; if it cannot, everything is as it was.
+Result<QString> install(const Shell& shell, const QString& name)
+{
+    const QString path = inWorkspace(shell, name);
+    const bool member = FileExists(path) && isListed(shell, name);
+    FileSteps steps(shell);
+    Result<void> done = steps.replace(inWorkspace(shell, newFontFile), path);
+    // The order of the members stays when none is added.
+    if (done && !member)
+        done = registerMember(shell, steps, name);
+    if (!done)
+        return done.failure();
+    steps.keep();
+    return name;
 }
 
 Result<QString> installChanged(const Shell& shell, const QString& rowText)
 {
-    Result<void> done;
-    QString component;
-    if (shell.run.gfxboot_var == 2) {
-        component = fontFileName(firstFontNumber);
-        done = replaceFirstFont(shell);
-    } else if (shell.run.gfxboot_var == 3) {
-        component = rowText;
-        // In generation 3 the selected font is replaced without a backup.
-        done = shell.files.rename(inWorkspace(shell, newFontFile), inWorkspace(shell, component));
-    }
-    return done ? Result<QString>(component) : done.failure();
-}
-
-// A font that cannot be registered would be lost at the next save, so it does not stay either. The
-// failure has no text if the user knows already.
-Result<QString> installAdded(const Shell& shell, const QString& name)
-{
-    const QString path = inWorkspace(shell, name);
-    const Result<void> moved = shell.files.rename(inWorkspace(shell, newFontFile), path);
-    if (!moved)
-        return moved.failure();
-    if (!RebuildMemberList(shell, name)) {
-        (void)shell.files.remove(path);
-        return Failure{FailureKind::Io, {}};
-    }
-    return name;
+    // In generation 3 the row's text is the name, without a backup, whatever the row tells.
+    if (shell.run.gfxboot_var == 3)
+        return install(shell, rowText);
+    if (shell.run.gfxboot_var != 2)
+        return QString();
+    const Result<void> kept = keepFirstFont(shell);
+    return kept ? install(shell, fontFileName(firstFontNumber)) : kept.failure();
 }
 
 // What would make the command's result useless, found before the user chooses a font.
@@ -236,7 +254,7 @@ std::optional<FontChange> ChangeFont(const Shell& shell, const FontState& fonts,
     const ListRow* row = fonts.rows.row(command.row);
     const Result<QString> component =
         command.AddFontMode
-            ? installAdded(shell, nextFontName(fonts.rows))
+            ? install(shell, nextFontName(fonts.rows))
             : installChanged(shell, row != nullptr ? row->text().trimmed() : QString());
     if (!component) {
         (void)shell.files.remove(inWorkspace(shell, newFontFile));

@@ -66,8 +66,8 @@ struct FontChange {
 };
 
 // The whole command with its messages. Nothing: cancelled or failed; then every member is as it
-// was. Afterwards the caller refills the lists, scans the fonts and, with GfxHasCfg, shows the
-// panels 0 to 3 in the new font.
+// was. A font under a name that was in no list is a member now. Afterwards the caller refills the
+// lists, scans the fonts and, with GfxHasCfg, shows the panels 0 to 3 in the new font.
 std::optional<FontChange> ChangeFont(const Shell& shell, const FontState& fonts,
                                      const FontCommand& command);
 

@@ -130,6 +130,34 @@ TEST_F(FontMaking, ChangesTheSelectedFontOfGeneration3)
     EXPECT_EQ(fonts.table[2].Size, 14);
 }
 
+// What is in no list would not be saved.
+TEST_F(FontMaking, AFontOfAnUnlistedNameBecomesAMember)
+{
+    command.row = 2;
+    ASSERT_EQ(fonts.rows.row(2)->text(), u"Length"_s);
+    for (int times = 0; times < 2; ++times)
+        ASSERT_TRUE(run());
+    EXPECT_EQ(asked.title, u"Font. Edit Length"_s);
+    EXPECT_EQ(FontSymbolCount(member(u"Length"_s)), 161);
+    EXPECT_EQ(member(u"16x16.fnt"_s), "old font 0");
+    EXPECT_EQ(member(u"#.lst"_s), members + "Length\r\n");
+
+    generation(2);
+    EXPECT_TRUE(shell.files.remove(shell.run.Workspace + u"16x16.fnt"_s).ok());
+    shell.member(u"init"_s, {});
+    shell.member(u"#.lst"_s, "Length\r\ninit\r\n");
+    rescan();
+    shell.prompts.answerRest = [](const QString&, MessageType) { return Answer::Ok; };
+    // All or nothing, whichever of the changes of files fails.
+    while (!has(u"16x16.fnt"_s)) {
+        EXPECT_EQ(member(u"#.lst"_s), "Length\r\ninit\r\n");
+        shell.files.calls = 0;
+        shell.files.failAt += 1;
+        (void)run();
+    }
+    EXPECT_EQ(member(u"#.lst"_s), "init\r\n16x16.fnt\r\nLength\r\n");
+}
+
 // The tool's own reason reaches the user with the program's message.
 TEST_F(FontMaking, TellsWhyTheToolMadeNothing)
 {
