@@ -177,8 +177,13 @@ void refillList(MainWindow& window, int tab)
 
 void membersChanged(MainWindow& window, const QString& addedPattern)
 {
+    (void)RebuildMemberList(window.shell(), addedPattern);
+    refillMembers(window);
+}
+
+void refillMembers(MainWindow& window)
+{
     const Shell& shell = window.shell();
-    (void)RebuildMemberList(shell, addedPattern);
     const int tab = window.workbench().params.CurrentTab;
     refillList(window, TabGfxboot);
     refillList(window, TabBackgrounds);

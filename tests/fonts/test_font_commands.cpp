@@ -101,8 +101,11 @@ TEST_F(FontCommands, Generation1KeepsItsFont)
 TEST_F(FontCommands, Generation2ChangesItsOneFontAndKeepsTheOldOne)
 {
     openGeneration(2);
+    const QByteArray order = member(u"#.lst"_s);
+    EXPECT_TRUE(order.endsWith("16x16.fnt\r\ngfxboot.cfg\r\n")) << order.constData();
     applyInDialog();
     w.choose("mnuEDIT_NEWFont");
+    EXPECT_EQ(member(u"#.lst"_s), order);
     EXPECT_EQ(member(u"#16x16.#nt"_s).toStdString(), oldFont());
     EXPECT_TRUE(member(u"16x16.fnt"_s).contains("utility|DejaVu Serif\t|size\t"));
     EXPECT_FALSE(has(u"#.#nt"_s));
