@@ -3,6 +3,7 @@
 #include "container/open_fixture.h"
 #include "fonts/font_window.h"
 #include "fonts/inspection_list.h"
+#include "frame/handlers.h"
 #include "params/right_panel.h"
 #include "support/story.h"
 
@@ -188,4 +189,20 @@ TEST_F(FontCommands, TheCharactersOfAFontOverTheStage)
     w.find<QWidget>(u"Picture1"_s).setFocus();
     QCoreApplication::processEvents();
     EXPECT_FALSE(frame.isVisible()) << "it goes with the focus";
+
+    // Nothing of a font stays that is not there any more, or another one by now.
+    const std::function<void()> changes[] = {
+        [&] {
+            applyInDialog();
+            run(u"mnuEDIT_NEWFont"_s);
+        },
+        [&] { run(u"mnuFile_New"_s); },
+    };
+    for (const auto& change : changes) {
+        openFontContent(w.window, u"16x16.fnt"_s);
+        ASSERT_TRUE(frame.isVisible() && list.model()->rowCount() > 3);
+        change();
+        EXPECT_FALSE(frame.isVisible());
+        EXPECT_EQ(list.model()->rowCount(), 0);
+    }
 }
