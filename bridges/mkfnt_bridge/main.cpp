@@ -36,11 +36,13 @@ Result<int> wholeNumber(const std::string& text, const char* what, int least, in
 {
     int value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    const std::string given = std::string(what) + " \"" + text + "\" is ";
+    const std::string limits = std::to_string(least) + " to " + std::to_string(most) + ".";
     // The whole word must be a number: half of one would make a font nobody asked for.
-    if (error != std::errc() || end != text.data() + text.size() || value < least || value > most)
-        return Failure{FailureKind::Malformed,
-                       std::string(what) + " \"" + text + "\" is no whole number from " +
-                           std::to_string(least) + " to " + std::to_string(most) + "."};
+    if (error == std::errc::invalid_argument || end != text.data() + text.size())
+        return Failure{FailureKind::Malformed, given + "no whole number from " + limits};
+    if (error != std::errc() || value < least || value > most)
+        return Failure{FailureKind::TooLarge, given + "out of range, which is " + limits};
     return value;
 }
 
@@ -74,7 +76,7 @@ Result<FontOrder> readOrder(std::span<char*> arguments)
         int most;
     };
     const Field fields[] = {
-        {Size, "The size", &order.size, smallestFont, largestFont},
+        {Size, "The size", &order.size, smallestFont, fntLargestSize},
         {Space, "The space width", &order.spaceWidth, -largestSpacing, largestSpacing},
         {Line, "The line space", &order.lineSpace, -largestSpacing, largestSpacing},
         {Letter, "The letter space", &order.letterSpace, -largestSpacing, largestSpacing},

@@ -11,9 +11,7 @@
 
 namespace fennel {
 
-// A bitmap side has at most 255 pixels; larger letters cannot be stored.
-inline constexpr int smallestFont = 1;  // pixels
-inline constexpr int largestFont = 255; // pixels
+inline constexpr int smallestFont = 1; // pixels
 
 // Spacings are sums with one signed byte of the file; more than this can never fit.
 inline constexpr int largestSpacing = 127; // pixels, also below zero
@@ -22,7 +20,7 @@ inline constexpr int largestSpacing = 127; // pixels, also below zero
 inline constexpr int usualLineGap = 2; // pixels
 
 struct FontOrder {
-    int size = 0;                     // pixels of the em square, smallestFont to largestFont
+    int size = 0;                     // pixels of the em square, smallestFont to fntLargestSize
     int spaceWidth = 0;               // pixels: the advance of U+0020
     int lineSpace = 0;                // pixels, added to the line height
     int letterSpace = 0;              // pixels, added to every advance, that of U+0020 too

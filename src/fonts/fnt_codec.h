@@ -20,7 +20,9 @@ inline constexpr std::uint32_t fntMagic = 0xD2828E06;
 inline constexpr std::size_t fntHeaderSize = 11;
 inline constexpr std::size_t fntEntrySize = 5;
 inline constexpr std::uint32_t fntLastCode = 0x1FFFFF; // 21 bits
-inline constexpr std::uint8_t fullInk = 13;            // levels run from 0 (none) to this
+// Fonts are made up to this size of the em square, in pixels: no bitmap side can be longer.
+inline constexpr int fntLargestSize = 255;
+inline constexpr std::uint8_t fullInk = 13; // levels run from 0 (none) to this
 
 // A glyph's place has 19 bits, so nothing behind this many bytes can be reached.
 inline constexpr std::size_t fntSizeLimit = 512 * 1024;

@@ -2,6 +2,7 @@
 #include "fonts/font_dialog.h"
 
 #include "fonts/fnt_bytes.h"
+#include "shell/files.h"
 #include "shell/text.h"
 
 #include <QSet>
@@ -86,6 +87,22 @@ QString familyOfName(const QString& name, const QStringList& families)
             family = installed;
     }
     return family;
+}
+
+QString nameForTool(const QString& path, const QStringList& files)
+{
+    // The tool tries these endings behind the name, in any case.
+    constexpr std::array endings{"", ".ttf", ".otf", ".ttc"};
+    const QString name = namePart(path);
+    const QString wanted = name.chopped(std::min(fontEndingLength, name.size())).toLower();
+    const auto fits = [&](const QString& file) {
+        const QString other = namePart(file).toLower();
+        return std::ranges::any_of(
+            endings, [&](const char* end) { return other == wanted + QLatin1String(end); });
+    };
+    const bool taken =
+        std::ranges::any_of(files, [&](const QString& file) { return file != path && fits(file); });
+    return taken || !fits(path) ? path : name;
 }
 
 QString fontExampleText(const FontFile& font)

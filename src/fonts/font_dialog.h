@@ -38,6 +38,9 @@ QString familyOfName(const QString& name, const QStringList& families);
 // "Font name: …" and "Font file: …", a line each.
 QString fontExampleText(const FontFile& font);
 
+// The font tool gets a file's name without its ending ".TTF".
+inline constexpr qsizetype fontEndingLength = 4;
+
 inline constexpr int pageCount = 256;
 inline constexpr int cellCount = 256; // of a page
 inline constexpr int cellColumns = 32;
@@ -83,13 +86,18 @@ QString fromFontHint(const QString& title);
 // The member that a caption of that button names.
 QString memberOfCaption(const QString& caption);
 
+// By what the font tool finds the file at `path`: its bare name if the tool's search by that name,
+// without its last four characters, finds no other of `files`, the paths of all font files of the
+// system; otherwise the path.
+QString nameForTool(const QString& path, const QStringList& files);
+
 // What the user chose. Sizes are points, spacings boot-screen pixels.
 struct FontChoice {
     QString family;
     bool bold = false;
     bool italic = false;
     double size = 14;
-    QString fileName; // of the TrueType file; a full path is taken too
+    QString fileName; // of the TrueType file, as nameForTool() has it
     qint16 FontSpaceWidth = 4;
     qint16 FontLineSpace = 0;
     qint16 FontLetterSpace = 0;

@@ -2,8 +2,11 @@
 #include "fonts/font_making.h"
 
 #include "container/member_list.h"
+#include "container/member_table.h"
 #include "fonts/fnt_bytes.h"
+#include "fonts/fnt_codec.h"
 #include "fonts/font_tag.h"
+#include "shell/file_steps.h"
 #include "shell/text.h"
 
 #include <algorithm>
@@ -15,9 +18,21 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double pointsPerInch = 72.0;
-// The tool gets a font file's name without its ending.
-constexpr qsizetype endingLength = 4; // ".TTF"
 const QString errorTitle = u"Font creating error"_s;
+
+// The points are rounded before they become pixels: 14.5 points make the pixels of 14.
+int pixelSize(double points, int logPixelsY)
+{
+    return roundToEven(roundToEven(points) * logPixelsY / pointsPerInch);
+}
+
+// A path goes whole: without its ending it could mean a neighbour.
+QString fontArgument(const QString& fileName)
+{
+    if (fileName.contains(u'/'))
+        return fileName;
+    return fileName.chopped(std::min(fontEndingLength, fileName.size()));
+}
 
 QString inWorkspace(const Shell& shell, const QString& name)
 {
@@ -53,47 +68,63 @@ Result<void> appendTag(const Shell& shell, const QString& output, const FontChoi
     return appended;
 }
 
-// The first font of generation 2: the old one stays as backup. It is copied and not moved, so that
-// there is a first font at every moment.
-Result<void> replaceFirstFont(const Shell& shell)
+// The old first font stays as backup. It is copied and not moved, so that there is a first font at
+// every moment.
+Result<void> keepFirstFont(const Shell& shell)
 {
     const QString first = inWorkspace(shell, fontFileName(firstFontNumber));
-    if (FileExists(first)) {
-        Result<void> kept = shell.files.replaceWhole(first, inWorkspace(shell, fontBackupFile));
-        if (!kept)
-            return kept;
-    }
-    return shell.files.rename(inWorkspace(shell, newFontFile), first);
+    if (!FileExists(first))
+        return {};
+    return shell.files.replaceWhole(first, inWorkspace(shell, fontBackupFile));
+}
+
+bool isListed(const Shell& shell, const QString& name)
+{
+    const Result<QByteArray> list = readBytes(inWorkspace(shell, memberListName));
+    const std::vector<MemberName> names = list ? memberNames(*list) : std::vector<MemberName>();
+    return std::ranges::find(names, name, &MemberName::text) != names.end();
+}
+
+// Makes the file a member. The failure has no text if the user knows already.
+Result<void> registerMember(const Shell& shell, FileSteps& steps, const QString& name)
+{
+    const QString list = inWorkspace(shell, memberListName);
+    Result<void> saved = steps.save(list);
+    if (!saved)
+        return saved;
+    if (!RebuildMemberList(shell, name))
+        return Failure{FailureKind::Io, {}};
+    // A name that no pattern fits is taken in by no rebuilding, and kept at the end by each.
+    return isListed(shell, name) ? Result<void>()
+                                 : shell.files.append(list, name.toUtf8() + "\r\n");
+}
+
+// Puts the new font where the name says. A file that was no member becomes one, as it would be lost
+// at the next save; if it cannot, everything is as it was.
+Result<QString> install(const Shell& shell, const QString& name)
+{
+    const QString path = inWorkspace(shell, name);
+    const bool member = FileExists(path) && isListed(shell, name);
+    FileSteps steps(shell);
+    Result<void> done = steps.replace(inWorkspace(shell, newFontFile), path);
+    // The order of the members stays when none is added.
+    if (done && !member)
+        done = registerMember(shell, steps, name);
+    if (!done)
+        return done.failure();
+    steps.keep();
+    return name;
 }
 
 Result<QString> installChanged(const Shell& shell, const QString& rowText)
 {
-    Result<void> done;
-    QString component;
-    if (shell.run.gfxboot_var == 2) {
-        component = fontFileName(firstFontNumber);
-        done = replaceFirstFont(shell);
-    } else if (shell.run.gfxboot_var == 3) {
-        component = rowText;
-        // In generation 3 the selected font is replaced without a backup.
-        done = shell.files.rename(inWorkspace(shell, newFontFile), inWorkspace(shell, component));
-    }
-    return done ? Result<QString>(component) : done.failure();
-}
-
-// A font that cannot be registered would be lost at the next save, so it does not stay either. The
-// failure has no text if the user knows already.
-Result<QString> installAdded(const Shell& shell, const QString& name)
-{
-    const QString path = inWorkspace(shell, name);
-    const Result<void> moved = shell.files.rename(inWorkspace(shell, newFontFile), path);
-    if (!moved)
-        return moved.failure();
-    if (!RebuildMemberList(shell, name)) {
-        (void)shell.files.remove(path);
-        return Failure{FailureKind::Io, {}};
-    }
-    return name;
+    // In generation 3 the row's text is the name, without a backup, whatever the row tells.
+    if (shell.run.gfxboot_var == 3)
+        return install(shell, rowText);
+    if (shell.run.gfxboot_var != 2)
+        return QString();
+    const Result<void> kept = keepFirstFont(shell);
+    return kept ? install(shell, fontFileName(firstFontNumber)) : kept.failure();
 }
 
 // What would make the command's result useless, found before the user chooses a font.
@@ -111,7 +142,16 @@ QString refusal(const Shell& shell, const FontState& fonts, const FontCommand& c
 
 } // namespace
 
-FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMode)
+int mostFontPoints(int logPixelsY)
+{
+    // Half a pixel more is rounded away, by some sizes.
+    int points = static_cast<int>((fntLargestSize + 0.5) * pointsPerInch / logPixelsY);
+    while (pixelSize(points, logPixelsY) > fntLargestSize)
+        --points;
+    return points;
+}
+
+FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMode, int logPixelsY)
 {
     const ListRow* selected = fonts.rows.row(row);
     FontDialogStart start;
@@ -127,19 +167,18 @@ FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMod
         start.FontStyleName += u" Italic"_s;
     start.size = record.Size;
     start.wholeSize = roundToEven(record.Size);
+    start.mostPoints = mostFontPoints(logPixelsY);
     return start;
 }
 
 QStringList fontMakerCommand(const Shell& shell, const CharSelected& set, const FontChoice& choice,
                              int logPixelsY)
 {
-    // The points are rounded before they become pixels: 14.5 points make the pixels of 14.
-    const int points = roundToEven(choice.size);
     // The order of the arguments is the bridge's contract.
     return {shell.run.ToolMkFont,
             FormatCharacterRanges(set).replace(u' ', u'_'),
-            choice.fileName.chopped(std::min(endingLength, choice.fileName.size())),
-            QString::number(roundToEven(points * logPixelsY / pointsPerInch)),
+            fontArgument(choice.fileName),
+            QString::number(pixelSize(choice.size, logPixelsY)),
             QString::number(choice.FontSpaceWidth),
             QString::number(choice.FontLineSpace),
             QString::number(choice.FontLetterSpace),
@@ -200,8 +239,8 @@ std::optional<FontChange> ChangeFont(const Shell& shell, const FontState& fonts,
         shell.prompts.ShowMessage(refused, MessageType::Ok, errorTitle);
         return std::nullopt;
     }
-    const std::optional<FontChoice> choice =
-        command.askUser(fontDialogStart(fonts, command.row, command.AddFontMode));
+    const std::optional<FontChoice> choice = command.askUser(
+        fontDialogStart(fonts, command.row, command.AddFontMode, command.logPixelsY));
     if (!choice)
         return std::nullopt;
     const Result<void> built = BuildFont(shell, command.characters(), *choice, command.logPixelsY);
@@ -215,7 +254,7 @@ std::optional<FontChange> ChangeFont(const Shell& shell, const FontState& fonts,
     const ListRow* row = fonts.rows.row(command.row);
     const Result<QString> component =
         command.AddFontMode
-            ? installAdded(shell, nextFontName(fonts.rows))
+            ? install(shell, nextFontName(fonts.rows))
             : installChanged(shell, row != nullptr ? row->text().trimmed() : QString());
     if (!component) {
         (void)shell.files.remove(inWorkspace(shell, newFontFile));

@@ -22,16 +22,20 @@ struct FontDialogStart {
     QString FontStyleName; // family and style words of the font under edit
     double size = 14;      // points
     int wholeSize = 14;    // for the control that counts in whole points
+    int mostPoints = 191;  // the largest size that can be made; as given, at 96 dots per inch
     QString rowTag;
 };
 
+// The largest whole size in points that makes at most fntLargestSize pixels.
+int mostFontPoints(int logPixelsY);
+
 // What the dialog opens with for a row of the font list, counted from 1; a row that is not there
 // has the first font's record.
-FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMode);
+FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMode, int logPixelsY);
 
 // The argument list for the font tool: tool, ranges with "_" between them, the file's name without
-// its last four characters, the size in pixels (points by LOGPIXELSY, ties to even), the three
-// spacings, the output's path, ",0".
+// its last four characters or its whole path, the size in pixels (points by LOGPIXELSY, ties to
+// even), the three spacings, the output's path, ",0".
 QStringList fontMakerCommand(const Shell& shell, const CharSelected& set, const FontChoice& choice,
                              int logPixelsY);
 
@@ -62,8 +66,8 @@ struct FontChange {
 };
 
 // The whole command with its messages. Nothing: cancelled or failed; then every member is as it
-// was. Afterwards the caller refills the lists, scans the fonts and, with GfxHasCfg, shows the
-// panels 0 to 3 in the new font.
+// was. A font under a name that was in no list is a member now. Afterwards the caller refills the
+// lists, scans the fonts and, with GfxHasCfg, shows the panels 0 to 3 in the new font.
 std::optional<FontChange> ChangeFont(const Shell& shell, const FontState& fonts,
                                      const FontCommand& command);
 

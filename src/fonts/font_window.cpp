@@ -17,9 +17,8 @@ namespace {
 
 constexpr int cellPixels = 15; // letters in the cells
 constexpr int scrollBarRoom = 28;
-constexpr int frameRoom = 40;           // of the window system, around a dialog
-constexpr int usualSpace = 4;           // boot-screen pixels
-constexpr NumberRange sizes{1, 200, 1}; // points; what is too large for the format the tool refuses
+constexpr int frameRoom = 40; // of the window system, around a dialog
+constexpr int usualSpace = 4; // boot-screen pixels
 
 // Sets with many gaps have texts of a quarter of a million letters, and only the lines that are
 // seen are laid out.
@@ -60,7 +59,7 @@ FontWindow::FontWindow(const Shell& shell, const FontDialogStart& start, CharSel
     setWindowTitle(start.title);
     auto* top = new QHBoxLayout;
     top->addWidget(m_views, 3);
-    top->addWidget(makeFontFrame(), 2);
+    top->addWidget(makeFontFrame(start.mostPoints), 2);
     auto* tall = new QWidget;
     auto* column = new QVBoxLayout(tall);
     column->addLayout(top, 1);
@@ -106,7 +105,7 @@ QCheckBox* FontWindow::addIndicator(const QString& name, const QString& caption)
     return box;
 }
 
-QGroupBox* FontWindow::makeFontFrame()
+QGroupBox* FontWindow::makeFontFrame(int mostPoints)
 {
     auto* frame = new QGroupBox(u"Windows ttf-file INFO"_s, this);
     frame->setObjectName(u"Frame1"_s);
@@ -121,7 +120,7 @@ QGroupBox* FontWindow::makeFontFrame()
     m_list->view()->setMinimumWidth(m_list->view()->sizeHintForColumn(0) + scrollBarRoom);
     m_bold = addIndicator(u"CheckBold"_s, u"Bold"_s);
     m_italic = addIndicator(u"CheckItalic"_s, u"Italic"_s);
-    m_size = new NumberSpin(u"UpDown1"_s, u"Text2"_s, sizes, frame);
+    m_size = new NumberSpin(u"UpDown1"_s, u"Text2"_s, NumberRange{1, double(mostPoints), 1}, frame);
     auto* sizeLabel = new QLabel(u"Win Font Size"_s, frame);
     sizeLabel->setBuddy(m_size);
     m_note = new QLabel(frame);
@@ -314,7 +313,8 @@ FontChoice FontWindow::choice() const
         choice.family = m_family.isEmpty() ? plainName(font) : m_family;
         choice.bold = font.bold();
         choice.italic = font.italic();
-        choice.fileName = font.fileName;
+        const QString path = pathOf(m_installed, font);
+        choice.fileName = path.isEmpty() ? font.fileName : nameForTool(path, installedFontFiles());
     }
     choice.size = m_size->value();
     choice.FontSpaceWidth = m_space->value();

@@ -32,7 +32,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QGroupBox* makeFontFrame();
+    QGroupBox* makeFontFrame(int mostPoints);
     QLayout* makeSpacings();
     QLayout* makeEnd();
     void addScrolling(QWidget& upper);

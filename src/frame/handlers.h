@@ -35,6 +35,8 @@ void rebuildTabs(MainWindow& window);
 void refillList(MainWindow& window, int tab);
 // After members came or went: #.lst, the lists, the thumbnails. A pattern names what is new.
 void membersChanged(MainWindow& window, const QString& addedPattern);
+// The same for members that changed only: #.lst stays, with the order of the archive.
+void refillMembers(MainWindow& window);
 // The pictures Logo_??.jpg of the Workspace go to the stage.
 void loadLogos(MainWindow& window);
 // Replaces the member of a row by a picture of the user's choice.

@@ -113,7 +113,7 @@ void changeFont(MainWindow& window, bool AddFontMode)
     const std::optional<FontChange> change = ChangeFont(bench.shell, bench.fonts, command);
     if (!change)
         return;
-    membersChanged(window, {});
+    refillMembers(window);
     selectFont(window, change->component);
     showNewFont(window);
     showFontSample(window);

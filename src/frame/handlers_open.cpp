@@ -2,6 +2,7 @@
 // Filling the window from an opened gfxboot, step by step.
 #include "container/member_list.h"
 #include "container/template.h"
+#include "fonts/inspection_list.h"
 #include "frame/flash_link.h"
 #include "frame/handlers.h"
 #include "frame/main_window.h"
@@ -48,12 +49,16 @@ void selectFirst(ListRows& list)
     list.selected = list.rows.empty() ? 0 : 1;
 }
 
-void fillFonts(Workbench& bench)
+void fillFonts(MainWindow& window)
 {
+    Workbench& bench = window.workbench();
     bench.shell.WriteLog(QStringLiteral("     5_Fonts_in_ListView"));
     ScanFonts(bench.fonts, bench.shell.run, bench.fontSettings, QStringLiteral("?"),
               keepInspection);
     *bench.params.list(TabFonts) = bench.fonts.rows;
+    // The scan has emptied the list of characters; a click would find nothing behind its rows.
+    window.inspectionList().setRows(bench.fonts.inspection.List1);
+    window.inspectionList().ShowListPanel({});
 }
 
 void buildObjects(MainWindow& window)
@@ -75,7 +80,7 @@ void updateEngine(MainWindow& window)
         return;
     (void)RebuildMemberList(shell, {});
     MemberListFill(shell, *window.workbench().params.list(TabGfxboot));
-    fillFonts(window.workbench());
+    fillFonts(window);
     window.rightPanel().fillList(TabGfxboot);
     window.rightPanel().fillList(TabFonts);
 }
@@ -159,7 +164,7 @@ void refillList(MainWindow& window, int tab)
         fillBackgrounds(bench.shell, list);
         break;
     case TabFonts:
-        fillFonts(bench);
+        fillFonts(window);
         showFontSample(window);
         break;
     default: {
@@ -177,8 +182,13 @@ void refillList(MainWindow& window, int tab)
 
 void membersChanged(MainWindow& window, const QString& addedPattern)
 {
+    (void)RebuildMemberList(window.shell(), addedPattern);
+    refillMembers(window);
+}
+
+void refillMembers(MainWindow& window)
+{
     const Shell& shell = window.shell();
-    (void)RebuildMemberList(shell, addedPattern);
     const int tab = window.workbench().params.CurrentTab;
     refillList(window, TabGfxboot);
     refillList(window, TabBackgrounds);
@@ -224,7 +234,7 @@ void fillStep(MainWindow& window, OpenHost::Step step)
         selectFirst(*params.list(TabBackgrounds));
         break;
     case Step::Fonts:
-        fillFonts(bench);
+        fillFonts(window);
         selectFirst(*params.list(TabFonts));
         break;
     case Step::Stage:

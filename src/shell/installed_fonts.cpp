@@ -88,6 +88,18 @@ std::vector<InstalledFont> installedFonts()
     return fonts;
 }
 
+QStringList installedFontFiles()
+{
+    const Pattern wanted(FcPatternCreate());
+    const ObjectSet asked(FcObjectSetBuild(FC_FILE, nullptr));
+    const FontSet found(FcFontList(nullptr, wanted.get(), asked.get()));
+    QStringList paths;
+    for (int i = 0; found && i < found->nfont; ++i)
+        paths.append(QFile::decodeName(rawText(found->fonts[i], FC_FILE, 0)));
+    paths.removeDuplicates();
+    return paths;
+}
+
 QString fontListText(const std::vector<InstalledFont>& fonts)
 {
     QStringList lines;

@@ -22,6 +22,8 @@ struct InstalledFont {
 
 // Asks fontconfig. One entry for each face; of a variable font only its default instance.
 std::vector<InstalledFont> installedFonts();
+// The paths of all font files of the system, whatever their format, each once.
+QStringList installedFontFiles();
 // The fonts as list text, without doubles. Files stand without their folder.
 QString fontListText(const std::vector<InstalledFont>& fonts);
 // fontListText() of installedFonts().

@@ -3,6 +3,7 @@
 #include "container/open_fixture.h"
 #include "fonts/font_window.h"
 #include "fonts/inspection_list.h"
+#include "frame/handlers.h"
 #include "params/right_panel.h"
 #include "support/story.h"
 
@@ -101,8 +102,11 @@ TEST_F(FontCommands, Generation1KeepsItsFont)
 TEST_F(FontCommands, Generation2ChangesItsOneFontAndKeepsTheOldOne)
 {
     openGeneration(2);
+    const QByteArray order = member(u"#.lst"_s);
+    EXPECT_TRUE(order.endsWith("16x16.fnt\r\ngfxboot.cfg\r\n")) << order.constData();
     applyInDialog();
     w.choose("mnuEDIT_NEWFont");
+    EXPECT_EQ(member(u"#.lst"_s), order);
     EXPECT_EQ(member(u"#16x16.#nt"_s).toStdString(), oldFont());
     EXPECT_TRUE(member(u"16x16.fnt"_s).contains("utility|DejaVu Serif\t|size\t"));
     EXPECT_FALSE(has(u"#.#nt"_s));
@@ -185,4 +189,20 @@ TEST_F(FontCommands, TheCharactersOfAFontOverTheStage)
     w.find<QWidget>(u"Picture1"_s).setFocus();
     QCoreApplication::processEvents();
     EXPECT_FALSE(frame.isVisible()) << "it goes with the focus";
+
+    // Nothing of a font stays that is not there any more, or another one by now.
+    const std::function<void()> changes[] = {
+        [&] {
+            applyInDialog();
+            run(u"mnuEDIT_NEWFont"_s);
+        },
+        [&] { run(u"mnuFile_New"_s); },
+    };
+    for (const auto& change : changes) {
+        openFontContent(w.window, u"16x16.fnt"_s);
+        ASSERT_TRUE(frame.isVisible() && list.model()->rowCount() > 3);
+        change();
+        EXPECT_FALSE(frame.isVisible());
+        EXPECT_EQ(list.model()->rowCount(), 0);
+    }
 }

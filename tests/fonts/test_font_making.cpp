@@ -64,6 +64,22 @@ TEST_F(FontMaking, OrdersWhatTheToolTakes)
     choice.size = 15.5;
     EXPECT_EQ(fontMakerCommand(shell.shell, {}, choice, 120)[3], u"27"_s); // 16 points: 26.7
     EXPECT_EQ(fontMakerCommand(shell.shell, {}, choice, 120)[1], QString());
+    choice.fileName = u"/a b/Foo.ttf"_s; // beside it may lie a Foo.otf, or a plain Foo
+    EXPECT_EQ(fontMakerCommand(shell.shell, set, choice, 96)[2], u"/a b/Foo.ttf"_s);
+    for (const auto& [dots, most] : {std::pair{96, 191}, {72, 255}, {120, 153}, {144, 127}})
+        EXPECT_EQ(mostFontPoints(dots), most);
+}
+
+// The tool takes the first file of a name, so a name that others have too is not enough.
+TEST(FontFileName, GivesThePathOfAFileWhoseNameFindsAnother)
+{
+    const QStringList files{u"/a/Regular.ttf"_s, u"/b/regular.TTF"_s,  u"/a/Foo.otf"_s,
+                            u"/b/Foo.ttf"_s,     u"/a/Foo-Bold.ttf"_s, u"/a/Bar.ttf"_s,
+                            u"/a/Bar.ttf.pfb"_s, u"/a/New.ttf.old"_s};
+    for (const QString& path : {files[0], files[1], files[3], files[7]})
+        EXPECT_EQ(nameForTool(path, files), path);
+    EXPECT_EQ(nameForTool(files[4], files), u"Foo-Bold.ttf"_s);
+    EXPECT_EQ(nameForTool(files[5], files), u"Bar.ttf"_s);
 }
 
 TEST_F(FontMaking, NumbersGrowPastAnyGap)
@@ -112,6 +128,34 @@ TEST_F(FontMaking, ChangesTheSelectedFontOfGeneration3)
     EXPECT_EQ(fonts.table[2].FontName, u"DejaVu Sans"_s);
     EXPECT_TRUE(fonts.table[2].Bold);
     EXPECT_EQ(fonts.table[2].Size, 14);
+}
+
+// What is in no list would not be saved.
+TEST_F(FontMaking, AFontOfAnUnlistedNameBecomesAMember)
+{
+    command.row = 2;
+    ASSERT_EQ(fonts.rows.row(2)->text(), u"Length"_s);
+    for (int times = 0; times < 2; ++times)
+        ASSERT_TRUE(run());
+    EXPECT_EQ(asked.title, u"Font. Edit Length"_s);
+    EXPECT_EQ(FontSymbolCount(member(u"Length"_s)), 161);
+    EXPECT_EQ(member(u"16x16.fnt"_s), "old font 0");
+    EXPECT_EQ(member(u"#.lst"_s), members + "Length\r\n");
+
+    generation(2);
+    EXPECT_TRUE(shell.files.remove(shell.run.Workspace + u"16x16.fnt"_s).ok());
+    shell.member(u"init"_s, {});
+    shell.member(u"#.lst"_s, "Length\r\ninit\r\n");
+    rescan();
+    shell.prompts.answerRest = [](const QString&, MessageType) { return Answer::Ok; };
+    // All or nothing, whichever of the changes of files fails.
+    while (!has(u"16x16.fnt"_s)) {
+        EXPECT_EQ(member(u"#.lst"_s), "Length\r\ninit\r\n");
+        shell.files.calls = 0;
+        shell.files.failAt += 1;
+        (void)run();
+    }
+    EXPECT_EQ(member(u"#.lst"_s), "init\r\n16x16.fnt\r\nLength\r\n");
 }
 
 // The tool's own reason reaches the user with the program's message.

@@ -144,12 +144,12 @@ TEST_F(Bridge, RefusesBadArguments)
         0x110000;19;4;0;0;no character with the number
         -5;19;4;0;0;no character with the number
         0xe000-0xe010;19;4;0;0;none of the characters
-        0x41;0;4;0;0;size
-        0x41;-1;4;0;0;size
-        0x41;500;4;0;0;size
-        0x41;14.5;4;0;0;size
-        0x41;;4;0;0;size
-        0x41;19x;4;0;0;size
+        0x41;0;4;0;0;size "0" is out of range
+        0x41;-1;4;0;0;size "-1" is out of range
+        0x41;99999999999;4;0;0;size "99999999999" is out of range, which is 1 to 255.
+        0x41;14.5;4;0;0;size "14.5" is no whole number from 1 to 255.
+        0x41;;4;0;0;size "" is no whole
+        0x41;19x;4;0;0;size "19x" is no whole
         0x7c;127;4;0;0;line height
         0x41;255;4;0;0;no character fits
         0x41;19;100000;0;0;space width
