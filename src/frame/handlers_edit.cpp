@@ -57,10 +57,9 @@ void flipButton(MainWindow& window, int button)
     const int number = CfgRow(list, hideKey(button));
     ListRow* row = list.row(number);
     if (row == nullptr) {
-        window.shell().prompts.ShowMessage(
-            QStringLiteral("The tab Config has no row for %1:\n"
-                           "this gfxboot cannot switch the button.")
-                .arg(hideKey(button)));
+        window.shell().prompts.ShowMessage(QStringLiteral("The tab Config has no row for %1:\n"
+                                                          "this gfxboot cannot switch the button.")
+                                               .arg(hideKey(button)));
         return;
     }
     // What the stage shows must hold when the screen boots, so the row becomes an active one.
