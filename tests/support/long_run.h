@@ -52,7 +52,7 @@ public:
     template <class List>
     auto& of(List& list)
     {
-        return list[static_cast<std::size_t>(below(std::ssize(list)))];
+        return *std::next(std::begin(list), below(std::ssize(list)));
     }
 
 private:
