@@ -7,7 +7,7 @@ build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-base-dev-tools
  libdeflate-dev libfontconfig-dev libfreetype-dev libmagick++-6.q16-dev libgtest-dev libgmock-dev
  seabios vgabios gfxboot-themes fonts-dejavu-core fonts-liberation qt6-qpa-plugins"
 run_packages="xvfb xauth xdotool openbox imagemagick qemu-system-x86 qemu-system-gui"
-test_packages="cpio libarchive-tools p7zip-full gfxboot-dev syslinux syslinux-common mtools
+test_packages="cpio fontconfig libarchive-tools p7zip-full gfxboot-dev syslinux syslinux-common mtools
  qemu-system-x86 qemu-system-gui procps imagemagick xvfb openbox xdotool libbenchmark-dev"
 check_packages="clang-format clang-tidy git"
 

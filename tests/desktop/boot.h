@@ -14,10 +14,8 @@
 
 namespace fennel::test {
 
-constexpr int skipped = 77; // a program that the boot needs is missing
-
 struct Boot {
-    int code = -1; // 0 boots, 1 does not, or `skipped`
+    int code = -1; // 0 boots, 1 does not, 77 a program that the boot needs is missing
     QByteArray told;
     QImage screen;
 };

@@ -22,14 +22,7 @@ QString messageOf(const char* theme)
     return u"/etc/bootsplash/themes/%1/bootloader/message"_s.arg(QLatin1String(theme));
 }
 
-class BootTheme : public testing::TestWithParam<const char*> {
-protected:
-    void SetUp() override
-    {
-        if (qEnvironmentVariableIntValue("FENNEL_LONG") <= 0)
-            GTEST_SKIP() << "only in the thorough run";
-    }
-};
+class BootTheme : public testing::TestWithParam<const char*> {};
 
 class BootAssembled : public BootTheme {};
 
@@ -51,8 +44,6 @@ TEST_P(BootTheme, ShowsItsBackgroundAlsoAfterASave)
 
     const Boot first = boot(messageOf(GetParam()), QStringList{u"--menu"_s} + entries);
     const Boot saved = boot(copy, QStringList{u"--menu"_s} + entries);
-    if (first.code == skipped)
-        GTEST_SKIP() << first.told.toStdString();
     ASSERT_EQ(first.code, 0) << first.told.toStdString();
     ASSERT_EQ(saved.code, 0) << saved.told.toStdString();
     const QImage background = engineDecoded(members.at(u"back.jpg"_s));
@@ -88,8 +79,6 @@ TEST_P(BootAssembled, ShowsPictureFontAndPlaceOfTheMenu)
     story.choose("mnuEdit_Assemble");
 
     const Boot booted = boot(made, QStringList{u"--menu"_s} + entries);
-    if (booted.code == skipped)
-        GTEST_SKIP() << booted.told.toStdString();
     ASSERT_EQ(booted.code, 0) << booted.told.toStdString();
     EXPECT_LE(difference(booted.screen, other.background, QRect(400, 0, 400, 400)),
               decoderRounding);
