@@ -5,11 +5,11 @@
 #include "container/gfx_save.h"
 #include "container/member_list.h"
 #include "container/member_name.h"
+#include "container/staging.h"
 #include "shell/file_steps.h"
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 namespace fennel {
 
@@ -32,38 +32,6 @@ void tell(const Shell& shell, const Failure& failure)
     if (!failure.text.empty())
         (void)shell.told(failure);
 }
-
-// A folder for the output of a tool, with all that is left in it.
-class Staging {
-public:
-    Staging(const Shell& shell, const QString& name)
-        : m_shell(shell), m_folder(shell.run.WorkspaceRoot + name)
-    {
-        // QTemporaryDir cannot remove files whose names have no QString.
-        m_folder.setAutoRemove(false);
-    }
-    ~Staging()
-    {
-        if (m_folder.isValid())
-            (void)m_shell.files.removeFolder(m_folder.path());
-    }
-    Staging(const Staging&) = delete;
-    Staging& operator=(const Staging&) = delete;
-
-    [[nodiscard]] QString path() const { return m_folder.path(); }
-    [[nodiscard]] Result<void> made() const
-    {
-        if (m_folder.isValid())
-            return {};
-        return Failure{FailureKind::Io, "Cannot make a folder in " +
-                                            m_shell.run.WorkspaceRoot.toStdString() + ": " +
-                                            m_folder.errorString().toStdString()};
-    }
-
-private:
-    const Shell& m_shell;
-    QTemporaryDir m_folder;
-};
 
 // All files of the staging folder go over those of the target, or none does.
 Result<void> deliver(const Shell& shell, const QString& staging, const QString& target)
@@ -100,7 +68,7 @@ bool holds(const QString& staging, const QString& target, const QString& archive
 
 Result<void> extractTo(const Shell& shell, const QString& archive, const QString& folder)
 {
-    const Staging staging(shell, u"#extract-XXXXXX"_s);
+    const Staging staging(shell, u"#extract"_s);
     if (Result<void> made = staging.made(); !made)
         return made;
     if (Result<void> extracted = CpioInfoExtract(shell, archive, staging.path()); !extracted)
@@ -153,7 +121,7 @@ void saveAssembled(const Shell& shell, const QString& made, const QString& folde
 
 Result<void> unwrapBeside(const Shell& shell, const QString& file)
 {
-    const Staging staging(shell, u"#unwrap-XXXXXX"_s);
+    const Staging staging(shell, u"#unwrap"_s);
     if (Result<void> made = staging.made(); !made)
         return made;
     const Result<QString> name = SevenZipExtract(shell, file, staging.path());

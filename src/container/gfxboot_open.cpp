@@ -3,9 +3,9 @@
 
 #include "container/archive_tools.h"
 #include "container/member_list.h"
+#include "container/staging.h"
 
 #include <QImageReader>
-#include <QTemporaryDir>
 
 #include <array>
 
@@ -47,21 +47,16 @@ Result<bool> extract(const Shell& shell, const QString& path, const QString& fol
 // Everything is extracted beside the Workspace first, so that a broken file spoils nothing.
 Result<bool> fillFolder(const Shell& shell, const QString& path, const QString& folder)
 {
-    QTemporaryDir staging(shell.run.WorkspaceRoot + QStringLiteral("#open-XXXXXX"));
-    if (!staging.isValid())
-        return Failure{FailureKind::Io, "Cannot make a folder in " +
-                                            shell.run.WorkspaceRoot.toStdString() + ": " +
-                                            staging.errorString().toStdString()};
-    // It cannot remove files whose names are not in the system's encoding.
-    staging.setAutoRemove(false);
-    Result<bool> done = extract(shell, path, staging.path());
-    if (done) {
-        // Members of an earlier open under this name that the new file lacks stay there.
-        if (Result<void> delivered = shell.files.moveFiles(staging.path(), folder); !delivered)
-            done = delivered.failure();
-    }
-    (void)shell.files.removeFolder(staging.path()); // what stays goes with WorkspaceRoot
-    return done;
+    const Staging staging(shell, QStringLiteral("#open"));
+    if (Result<void> made = staging.made(); !made)
+        return made.failure();
+    Result<bool> wrapped = extract(shell, path, staging.path());
+    if (!wrapped)
+        return wrapped;
+    // Members of an earlier open under this name that the new file lacks stay there.
+    if (Result<void> delivered = shell.files.moveFiles(staging.path(), folder); !delivered)
+        return delivered.failure();
+    return wrapped;
 }
 
 void showFailure(const Shell& shell, const std::string& reason)
@@ -81,9 +76,8 @@ void showFailure(const Shell& shell, const std::string& reason)
 // none.
 bool holds(const QString& folder, const QString& name)
 {
-    const Result<QByteArray> list = readBytes(folder + memberListName);
     return FileExists(folder + name) &&
-           (!list || ("\n" + *list).contains("\n" + name.toLatin1() + "\r\n"));
+           (!FileExists(folder + memberListName) || isListed(folder, name));
 }
 
 // Only after the members are in place: until then the run still shows the gfxboot before.

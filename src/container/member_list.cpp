@@ -3,6 +3,8 @@
 
 #include "container/member_table.h"
 
+#include <algorithm>
+
 namespace fennel {
 
 namespace {
@@ -55,6 +57,13 @@ Result<void> RebuildMemberList(const Shell& shell, const QString& addedPattern)
         (void)shell.files.remove(fresh);
     (void)shell.told(done);
     return done;
+}
+
+bool isListed(const QString& folder, const QString& name)
+{
+    const Result<QByteArray> list = readBytes(folder + memberListName);
+    const std::vector<MemberName> names = list ? memberNames(*list) : std::vector<MemberName>();
+    return std::ranges::find(names, name, &MemberName::text) != names.end();
 }
 
 void MemberListFill(const Shell& shell, ListRows& list)

@@ -15,6 +15,9 @@ inline const QString memberListName = QStringLiteral("#.lst");
 // "Gfxboot info is lost!" and the result is a failure whose text was already shown.
 Result<void> RebuildMemberList(const Shell& shell, const QString& addedPattern);
 
+// Whether the "#.lst" of a folder, which ends in "/", names that member; not without a "#.lst".
+[[nodiscard]] bool isListed(const QString& folder, const QString& name);
+
 // The rows of the list "Gfxboot": one per line of "#.lst" with its length in bytes.
 void MemberListFill(const Shell& shell, ListRows& list);
 

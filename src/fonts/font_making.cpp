@@ -2,7 +2,6 @@
 #include "fonts/font_making.h"
 
 #include "container/member_list.h"
-#include "container/member_table.h"
 #include "fonts/fnt_bytes.h"
 #include "fonts/fnt_codec.h"
 #include "fonts/font_tag.h"
@@ -78,13 +77,6 @@ Result<void> keepFirstFont(const Shell& shell)
     return shell.files.replaceWhole(first, inWorkspace(shell, fontBackupFile));
 }
 
-bool isListed(const Shell& shell, const QString& name)
-{
-    const Result<QByteArray> list = readBytes(inWorkspace(shell, memberListName));
-    const std::vector<MemberName> names = list ? memberNames(*list) : std::vector<MemberName>();
-    return std::ranges::find(names, name, &MemberName::text) != names.end();
-}
-
 // Makes the file a member. The failure has no text if the user knows already.
 Result<void> registerMember(const Shell& shell, FileSteps& steps, const QString& name)
 {
@@ -95,8 +87,8 @@ Result<void> registerMember(const Shell& shell, FileSteps& steps, const QString&
     if (!RebuildMemberList(shell, name))
         return Failure{FailureKind::Io, {}};
     // A name that no pattern fits is taken in by no rebuilding, and kept at the end by each.
-    return isListed(shell, name) ? Result<void>()
-                                 : shell.files.append(list, name.toUtf8() + "\r\n");
+    return isListed(shell.run.Workspace, name) ? Result<void>()
+                                               : shell.files.append(list, name.toUtf8() + "\r\n");
 }
 
 // Puts the new font where the name says. A file that was no member becomes one, as it would be lost
@@ -104,7 +96,7 @@ Result<void> registerMember(const Shell& shell, FileSteps& steps, const QString&
 Result<QString> install(const Shell& shell, const QString& name)
 {
     const QString path = inWorkspace(shell, name);
-    const bool member = FileExists(path) && isListed(shell, name);
+    const bool member = FileExists(path) && isListed(shell.run.Workspace, name);
     FileSteps steps(shell);
     Result<void> done = steps.replace(inWorkspace(shell, newFontFile), path);
     // The order of the members stays when none is added.

@@ -18,24 +18,24 @@ namespace {
 constexpr int leastHeight = 120;
 constexpr double pixelsPerPoint = 96.0 / 72;
 
-// Lines of a very large set are laid out one by one, so it is cut into lines of its own.
-constexpr qsizetype lineLength = 512;
-
-QString inLines(const QString& text)
-{
-    if (text.size() <= lineLength)
-        return text;
-    QString lines;
-    lines.reserve(text.size() + text.size() / lineLength);
-    for (qsizetype at = 0; at < text.size(); at += lineLength) {
-        if (at > 0)
-            lines += u'\n';
-        lines += QStringView(text).mid(at, lineLength);
-    }
-    return lines;
-}
-
 } // namespace
+
+QString inLines(const QString& text, QChar mark)
+{
+    constexpr qsizetype lineLength = 512;
+    QString lines;
+    qsizetype from = 0;
+    while (text.size() - from > lineLength) {
+        const qsizetype end =
+            mark.isNull() ? from + lineLength : text.indexOf(mark, from + lineLength) + 1;
+        if (end == 0)
+            break;
+        lines += QStringView(text).mid(from, end - from);
+        lines += u'\n';
+        from = end;
+    }
+    return lines + text.mid(from);
+}
 
 FontViews::FontViews(const QString& title, double previewScale, const CharSelected& set,
                      QWidget* parent)

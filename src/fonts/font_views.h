@@ -13,6 +13,10 @@
 
 namespace fennel {
 
+// A long text in lines that break behind a `mark` after 512 characters, or anywhere without
+// one: only the lines that are seen are laid out.
+QString inLines(const QString& text, QChar mark = {});
+
 class FontViews : public QGroupBox {
     Q_OBJECT
 public:

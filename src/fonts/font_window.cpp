@@ -20,17 +20,6 @@ constexpr int scrollBarRoom = 28;
 constexpr int frameRoom = 40; // of the window system, around a dialog
 constexpr int usualSpace = 4; // boot-screen pixels
 
-// Sets with many gaps have texts of a quarter of a million letters, and only the lines that are
-// seen are laid out.
-QString inLines(QString ranges)
-{
-    constexpr qsizetype lineLength = 500;
-    for (qsizetype at = ranges.indexOf(u',', lineLength); at >= 0;
-         at = ranges.indexOf(u',', at + lineLength))
-        ranges.insert(at + 1, u'\n');
-    return ranges;
-}
-
 QString pathOf(const std::vector<InstalledFont>& fonts, const FontFile& font)
 {
     for (const InstalledFont& one : fonts) {
@@ -287,7 +276,7 @@ void FontWindow::press(int code)
 
 void FontWindow::showSet()
 {
-    m_ranges->setPlainText(inLines(FormatCharacterRanges(m_set)));
+    m_ranges->setPlainText(inLines(FormatCharacterRanges(m_set), u','));
     m_views->setChanged();
     CharSelected wanted = m_set;
     wanted[0] = false; // never goes into a font

@@ -16,7 +16,6 @@
 #include "params/right_panel.h"
 #include "params/row_values.h"
 #include "params/tabs.h"
-#include "params/text_edit.h"
 #include "shell/file_steps.h"
 #include "shell/text.h"
 #include "tools/image_tool.h"
@@ -165,8 +164,7 @@ void writeCfgRow(MainWindow& window, const QString& name)
              [&list](QStringView key) { return CfgValue(list, key); });
     Stage& stage = window.stageLink().stage();
     stage.RefreshPanels();
-    // The selected object may stand elsewhere now.
-    stage.ShowMarker(-1, -1);
+    // The selected object may be seen again.
     stage.ShowMarker(stage.SelectedPanel, 0);
 }
 
@@ -305,10 +303,12 @@ void showTextMember(MainWindow& window, int object, const QString& name)
     PanelRec* panel = window.workbench().params.object(object);
     if (panel == nullptr)
         return;
-    const Result<TextFile> file = readTextMember(window.shell().run.Workspace + name);
-    if (!window.shell().told(file ? Result<void>() : Result<void>(file.failure())))
+    const Result<QByteArray> bytes = readBytes(window.shell().run.Workspace + name);
+    if (!bytes) {
+        (void)window.shell().told(bytes.failure());
         return;
-    panel->Text = FileReadAll(window.shell().run.Workspace + name).text;
+    }
+    panel->Text = decodeText(*bytes).text;
     Stage& stage = window.stageLink().stage();
     const bool seen = !panel->OnlySelected || object == window.stageLink().objectOfCurrentTab();
     stage.DrawPanel(object);

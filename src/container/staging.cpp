@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "container/staging.h"
+
+namespace fennel {
+
+Staging::Staging(const Shell& shell, const QString& name)
+    : m_shell(shell), m_folder(shell.run.WorkspaceRoot + name + QStringLiteral("-XXXXXX"))
+{
+    // QTemporaryDir cannot remove files whose names have no QString.
+    m_folder.setAutoRemove(false);
+}
+
+Staging::~Staging()
+{
+    if (m_folder.isValid())
+        (void)m_shell.files.removeFolder(m_folder.path()); // what stays goes with WorkspaceRoot
+}
+
+Result<void> Staging::made() const
+{
+    if (m_folder.isValid())
+        return {};
+    return Failure{FailureKind::Io, "Cannot make a folder in " +
+                                        m_shell.run.WorkspaceRoot.toStdString() + ": " +
+                                        m_folder.errorString().toStdString()};
+}
+
+} // namespace fennel
