@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Fonts: the texts of the character set, the page of the dialog.
-#include "fonts/char_page.h"
+#include "editor/fonts/char_page.h"
 #include "fonts/font_dialog.h"
-#include "shell/installed_fonts.h"
+#include "fonts/installed_fonts.h"
 
 #include <benchmark/benchmark.h>
 

@@ -3,13 +3,13 @@
 // a value until it is seen, a save until the file is there. Beside open and save, in the same run,
 // what the plain tools need for the same file.
 #include "editor.h"
-#include "frame/handlers.h"
-#include "frame/stage_link.h"
+#include "editor/colour/colour_tools.h"
+#include "editor/commands/handlers.h"
+#include "editor/lists/right_panel.h"
+#include "editor/stage/stage_link.h"
 #include "large_menu.h"
 #include "menus/menu_list.h"
-#include "params/right_panel.h"
 #include "params/row_values.h"
-#include "stage/colour_tools.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,6 +2,7 @@
 // A menu file of 1 MB with 10,000 titles made the one in force: read, counted, listed, its data
 // titles overlaid. Limit with its drawing: 100 ms. The switch between the lists' values and the
 // menu's, with all 40 objects: 50 ms.
+#include "editor/lists/tabs.h"
 #include "large_menu.h"
 #include "menus/menu_list.h"
 #include "params/level_files.h"
@@ -9,7 +10,6 @@
 #include "params/object_table.h"
 #include "params/panel_values.h"
 #include "params/row_values.h"
-#include "params/tabs.h"
 #include "quiet_prompts.h"
 
 #include <benchmark/benchmark.h>

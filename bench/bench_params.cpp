@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // What an open costs in the lists: all 40 objects built and all tabs filled. Limit: 40 ms. A typed
 // value has to be in row, record and swatch within a frame, 16 ms.
+#include "base/shell_context.h"
+#include "editor/lists/tabs.h"
 #include "params/level_files.h"
 #include "params/object_table.h"
 #include "params/panel_values.h"
 #include "params/row_values.h"
-#include "params/tabs.h"
 #include "quiet_prompts.h"
-#include "shell/shell_context.h"
 
 #include <benchmark/benchmark.h>
 

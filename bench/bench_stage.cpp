@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What an edit costs: drawing one panel, all panels, and a step of a drag from the mouse event to
 // the painted frame, each at 1024x768 and 2560x1440.
+#include "editor/stage/stage_surface.h"
 #include "quiet_prompts.h"
-#include "stage/panel_text.h"
-#include "stage/stage_surface.h"
+#include "screen/panel_text.h"
 
 #include <benchmark/benchmark.h>
 

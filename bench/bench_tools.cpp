@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The commands on pictures and texts in the window, from the choice to the painted frame.
 #include "editor.h"
-#include "frame/handlers.h"
-#include "params/right_panel.h"
+#include "editor/commands/handlers.h"
+#include "editor/lists/right_panel.h"
 
 #include <benchmark/benchmark.h>
 

@@ -3,7 +3,7 @@
 // open in it. The window is real, its screen is not.
 #pragma once
 
-#include "frame/main_window.h"
+#include "editor/window/main_window.h"
 #include "quiet_prompts.h"
 
 #include <QTemporaryDir>

@@ -2,7 +2,7 @@
 // A user who answers at once, always the same.
 #pragma once
 
-#include "shell/prompts.h"
+#include "base/prompts.h"
 
 namespace fennel {
 

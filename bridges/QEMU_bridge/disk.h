@@ -3,7 +3,7 @@
 // descriptor: QEMU itself never gets to see the name of a disk.
 #pragma once
 
-#include "shell/result.h"
+#include "base/result.h"
 #include "tools/drive_source.h"
 
 namespace fennel {

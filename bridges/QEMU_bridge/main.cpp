@@ -7,7 +7,7 @@
 #include "machine.h"
 #include "supervisor.h"
 
-#include "shell/files.h"
+#include "base/files.h"
 #include "tools/qemu.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "request.h"
 
-#include "shell/files.h"
+#include "base/files.h"
 
 namespace fennel {
 

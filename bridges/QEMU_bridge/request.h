@@ -5,7 +5,7 @@
 // and the guest's changes go.
 #pragma once
 
-#include "shell/result.h"
+#include "base/result.h"
 
 #include <QString>
 #include <QStringList>

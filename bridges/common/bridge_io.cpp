@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "common/bridge_io.h"
 
-#include "shell/failure_kind.h"
+#include "base/failure_kind.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -4,7 +4,7 @@
 // Each failure is a sentence with the path and the system's reason.
 #pragma once
 
-#include "shell/result.h"
+#include "base/result.h"
 
 #include <cstddef>
 #include <cstdint>

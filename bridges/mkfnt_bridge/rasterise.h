@@ -2,8 +2,8 @@
 // Outlines to the grey bitmaps of a boot-screen font, by FreeType.
 #pragma once
 
+#include "base/result.h"
 #include "fonts/fnt_codec.h"
-#include "shell/result.h"
 
 #include <cstdint>
 #include <string>

@@ -7,7 +7,7 @@
 // The options may stand in any order; the suffix may be missing.
 #pragma once
 
-#include "shell/result.h"
+#include "base/result.h"
 
 #include <optional>
 #include <string>

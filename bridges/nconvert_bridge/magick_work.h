@@ -7,7 +7,7 @@
 // guessed: guessing would open formats that can read other files or run programs.
 #pragma once
 
-#include "shell/result.h"
+#include "base/result.h"
 
 #include <QByteArray>
 #include <QImage>

@@ -5,7 +5,7 @@
 // Everything behind ";" is a remark.
 #pragma once
 
-#include "shell/result.h"
+#include "base/result.h"
 
 #include <cstdint>
 #include <string>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "frame/main_window.h"
-#include "shell/build_time.h"
-#include "shell/end_signals.h"
-#include "shell/installed_fonts.h"
-#include "shell/qt_prompts.h"
-#include "shell/single_instance.h"
-#include "shell/startup.h"
+#include "app/end_signals.h"
+#include "app/single_instance.h"
+#include "app/startup.h"
+#include "base/build_time.h"
+#include "editor/window/main_window.h"
+#include "editor/window/qt_prompts.h"
+#include "fonts/installed_fonts.h"
 
 #include <QApplication>
 

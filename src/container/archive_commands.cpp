@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "container/archive_commands.h"
 
+#include "base/file_steps.h"
 #include "container/archive_tools.h"
 #include "container/gfx_save.h"
 #include "container/member_list.h"
 #include "container/member_name.h"
 #include "container/staging.h"
-#include "shell/file_steps.h"
 
 #include <QDir>
 #include <QFile>

@@ -4,7 +4,7 @@
 // leaves the user's folders as they were.
 #pragma once
 
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
 
 namespace fennel {
 

@@ -2,7 +2,7 @@
 // The two tools of the container as the editor calls them: cpio and gzip, each through its bridge.
 #pragma once
 
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
 
 namespace fennel {
 

@@ -4,7 +4,7 @@
 // of failures name the member, never the archive's path: that is the caller's to put in front.
 #pragma once
 
-#include "shell/result.h"
+#include "base/result.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -3,7 +3,7 @@
 // then on the new one is.
 #pragma once
 
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
 
 #include <functional>
 

@@ -2,7 +2,7 @@
 // Turns a message file into the open gfxboot of the run.
 #pragma once
 
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
 
 namespace fennel {
 

@@ -4,7 +4,7 @@
 // front.
 #pragma once
 
-#include "shell/result.h"
+#include "base/result.h"
 
 #include <cstddef>
 #include <cstdint>

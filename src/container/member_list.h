@@ -2,8 +2,8 @@
 // The file "#.lst" of the Workspace: the only record of which files are members and in which order.
 #pragma once
 
-#include "shell/list_rows.h"
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
+#include "params/list_rows.h"
 
 namespace fennel {
 

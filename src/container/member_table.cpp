@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "container/member_table.h"
 
-#include "shell/files.h"
-#include "shell/text.h"
+#include "base/files.h"
+#include "base/text.h"
 
 #include <QFile>
 #include <QStringDecoder>

@@ -3,7 +3,7 @@
 // with the object, with all that is left in it.
 #pragma once
 
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
 
 #include <QTemporaryDir>
 

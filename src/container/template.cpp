@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "container/template.h"
 
-#include "shell/files.h"
+#include "base/files.h"
 
 #include <algorithm>
 #include <array>

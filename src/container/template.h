@@ -3,7 +3,7 @@
 // message file to start from, the current engine and standard font, the parameter catalogues.
 #pragma once
 
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
 
 #include <QString>
 

@@ -3,7 +3,7 @@
 // the font bridge read it with the same rules. The standard library only.
 #pragma once
 
-#include "shell/result.h"
+#include "base/result.h"
 
 #include <cstdint>
 #include <string_view>

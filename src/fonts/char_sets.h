@@ -2,7 +2,7 @@
 // The set of characters that a new font is to hold, and its texts.
 #pragma once
 
-#include "shell/result.h"
+#include "base/result.h"
 
 #include <QByteArray>
 #include <QString>

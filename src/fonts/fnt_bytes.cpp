@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "fonts/fnt_bytes.h"
 
-#include "shell/text.h"
+#include "base/text.h"
 
 namespace fennel {
 

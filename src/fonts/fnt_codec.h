@@ -6,7 +6,7 @@
 // a file is trusted: every number is checked against the bytes that are there.
 #pragma once
 
-#include "shell/result.h"
+#include "base/result.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "fonts/font_dialog.h"
 
+#include "base/files.h"
+#include "base/text.h"
 #include "fonts/fnt_bytes.h"
-#include "shell/files.h"
-#include "shell/text.h"
 
 #include <QSet>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "fonts/font_inspection.h"
 
+#include "base/files.h"
 #include "fonts/fnt_bytes.h"
 #include "fonts/font_substitution.h"
-#include "shell/files.h"
 
 #include <algorithm>
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "fonts/font_making.h"
 
+#include "base/file_steps.h"
+#include "base/text.h"
 #include "container/member_list.h"
 #include "fonts/fnt_bytes.h"
 #include "fonts/fnt_codec.h"
 #include "fonts/font_tag.h"
-#include "shell/file_steps.h"
-#include "shell/text.h"
 
 #include <algorithm>
 

@@ -3,10 +3,10 @@
 // place of the new file in the Workspace. The old font stays until the new one is whole.
 #pragma once
 
+#include "base/shell_context.h"
 #include "fonts/char_sets.h"
 #include "fonts/font_dialog.h"
 #include "fonts/scan_fonts.h"
-#include "shell/shell_context.h"
 
 #include <functional>
 #include <optional>

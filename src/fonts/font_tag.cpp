@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "fonts/font_tag.h"
 
+#include "base/text.h"
 #include "fonts/font_dialog.h"
-#include "shell/text.h"
 
 #include <algorithm>
 #include <cmath>

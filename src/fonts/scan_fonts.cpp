@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "fonts/scan_fonts.h"
 
+#include "base/files.h"
+#include "base/text.h"
 #include "fonts/fnt_bytes.h"
 #include "fonts/fnt_codec.h"
 #include "fonts/font_inspection.h"
 #include "fonts/font_tag.h"
-#include "shell/files.h"
-#include "shell/text.h"
 
 #include <QFile>
 

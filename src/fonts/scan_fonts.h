@@ -3,11 +3,11 @@
 // "Font(s)", and the contents of one font file as text rows.
 #pragma once
 
+#include "base/run_state.h"
 #include "fonts/font_table.h"
-#include "shell/list_rows.h"
-#include "shell/run_state.h"
+#include "params/list_rows.h"
 
-#include "shell/files.h"
+#include "base/files.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "menus/menu_file.h"
 
-#include "shell/text.h"
+#include "base/text.h"
 
 #include <QList>
 

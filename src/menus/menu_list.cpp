@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "menus/menu_list.h"
 
+#include "base/text.h"
 #include "menus/menu_file.h"
 #include "menus/menu_overlay.h"
 #include "params/object_table.h"
-#include "shell/text.h"
 
 namespace fennel {
 

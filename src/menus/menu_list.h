@@ -2,8 +2,8 @@
 // The first tab: the menus of the Current Flash, and the one that the stage shows.
 #pragma once
 
+#include "base/shell_context.h"
 #include "params/param_lists.h"
-#include "shell/shell_context.h"
 
 namespace fennel {
 

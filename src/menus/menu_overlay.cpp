@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "menus/menu_overlay.h"
 
+#include "base/text.h"
 #include "menus/menu_file.h"
-#include "shell/text.h"
 
 #include <QList>
 

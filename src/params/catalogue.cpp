@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "params/catalogue.h"
 
+#include "base/text.h"
 #include "container/template.h"
-#include "shell/text.h"
 
 namespace fennel {
 

@@ -4,8 +4,8 @@
 // for this version of the program. The format is described in docs/formats/catalogue.md.
 #pragma once
 
+#include "base/shell_context.h"
 #include "params/zuk_table.h"
-#include "shell/shell_context.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "params/cfg_file.h"
 
-#include "shell/text.h"
+#include "base/text.h"
 
 #include <algorithm>
 #include <utility>

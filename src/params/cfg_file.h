@@ -4,9 +4,9 @@
 // it knows. Lines, states and the rules of writing are described in docs/formats/gfxboot-cfg.md.
 #pragma once
 
+#include "base/shell_context.h"
 #include "params/cfg_table.h"
-#include "shell/list_rows.h"
-#include "shell/shell_context.h"
+#include "params/list_rows.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "params/level_files.h"
 
+#include "base/shell_context.h"
+#include "base/text.h"
 #include "params/object_rows.h"
-#include "shell/shell_context.h"
-#include "shell/text.h"
 
 namespace fennel {
 

@@ -8,8 +8,8 @@
 // last whole record is dropped, and so are records with a number above 99.
 #pragma once
 
+#include "base/result.h"
 #include "params/param_lists.h"
-#include "shell/result.h"
 
 #include <QByteArray>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "params/menu_level.h"
 
+#include "base/shell_context.h"
 #include "params/level_files.h"
 #include "params/panel_values.h"
-#include "shell/shell_context.h"
 
 namespace fennel {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "params/object_rows.h"
 
+#include "base/shell_context.h"
+#include "base/text.h"
+#include "editor/lists/swatch.h"
 #include "params/level_files.h"
-#include "params/swatch.h"
-#include "shell/shell_context.h"
-#include "shell/text.h"
 
 #include <algorithm>
 #include <cstdlib>

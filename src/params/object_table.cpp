@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "params/object_table.h"
 
+#include "base/shell_context.h"
 #include "params/panel_values.h"
-#include "shell/shell_context.h"
 
 #include <QImageReader>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "params/panel_values.h"
 
+#include "base/shell_context.h"
+#include "base/text.h"
 #include "params/level_files.h"
 #include "params/object_table.h"
-#include "shell/shell_context.h"
-#include "shell/text.h"
 
 #include <array>
 #include <cstdlib>

@@ -4,9 +4,9 @@
 // test makes its own.
 #pragma once
 
+#include "params/list_rows.h"
 #include "params/panel_rec.h"
 #include "params/zuk_table.h"
-#include "shell/list_rows.h"
 
 #include <cstddef>
 #include <vector>

@@ -4,8 +4,8 @@
 // mark, which cannot be told from it.
 #pragma once
 
-#include "shell/files.h"
-#include "shell/text.h"
+#include "base/files.h"
+#include "base/text.h"
 
 namespace fennel {
 

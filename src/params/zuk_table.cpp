@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "params/zuk_table.h"
 
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
 
 namespace fennel {
 

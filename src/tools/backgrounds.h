@@ -3,7 +3,7 @@
 // members and "#.lst" are as they were, and the user is told.
 #pragma once
 
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
 #include "tools/image_tool.h"
 #include "tools/picture_host.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/drives.h"
 
-#include "shell/text.h"
+#include "base/text.h"
 
 #include <algorithm>
 

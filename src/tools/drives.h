@@ -7,7 +7,7 @@
 // The letter of the Current Flash waits for its own volume as long as that is chosen.
 #pragma once
 
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
 #include "tools/volumes.h"
 
 #include <array>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/image_commands.h"
 
+#include "base/text.h"
 #include "container/gfx_save.h"
-#include "shell/text.h"
 #include "tools/picture_import.h"
 
 #include <QDir>

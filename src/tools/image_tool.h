@@ -7,7 +7,7 @@
 // afterwards. What the tool said on standard error is put below the message.
 #pragma once
 
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
 
 #include <QImage>
 #include <QString>

@@ -4,7 +4,7 @@
 // all desktop programs show it. Marker layout after ITU-T T.81, annex B; density after JFIF 1.02.
 #pragma once
 
-#include "shell/result.h"
+#include "base/result.h"
 
 #include <string_view>
 

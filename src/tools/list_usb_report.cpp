@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/list_usb_report.h"
 
-#include "shell/text.h"
+#include "base/text.h"
 
 #include <limits>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/logos.h"
 
+#include "base/text.h"
 #include "container/member_list.h"
-#include "shell/text.h"
 #include "tools/picture_import.h"
 
 #include <algorithm>

@@ -4,7 +4,7 @@
 // they were, and the user is told.
 #pragma once
 
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
 #include "tools/picture_host.h"
 
 namespace fennel {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/picture_import.h"
 
-#include "shell/text.h"
+#include "base/text.h"
 #include "tools/image_tool.h"
 #include "tools/picture_size.h"
 

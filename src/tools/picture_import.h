@@ -3,7 +3,7 @@
 // making of a member from it, the scaling of a whole group, the number of a new member.
 #pragma once
 
-#include "shell/file_steps.h"
+#include "base/file_steps.h"
 
 #include <QSize>
 

@@ -4,7 +4,7 @@
 // before anything is decoded.
 #pragma once
 
-#include "shell/result.h"
+#include "base/result.h"
 
 #include <cstdint>
 #include <string>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/picture_size.h"
 
-#include "shell/files.h"
+#include "base/files.h"
 #include "tools/jpeg_check.h"
 #include "tools/picture_limits.h"
 

@@ -2,7 +2,7 @@
 // How large a picture is, from the head of its file: nothing is decoded.
 #pragma once
 
-#include "shell/result.h"
+#include "base/result.h"
 
 #include <QSize>
 #include <QString>

@@ -4,7 +4,7 @@
 // another copy of the editor left running counts as well.
 #pragma once
 
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
 #include "tools/process_handle.h"
 
 namespace fennel {

@@ -2,7 +2,7 @@
 // The shown background as a splash image for GRUB Legacy and its kin.
 #pragma once
 
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
 
 namespace fennel {
 

@@ -3,7 +3,7 @@
 // copied as the one that QEMU loads. Which one that is, is told by its length alone.
 #pragma once
 
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
 
 #include <array>
 

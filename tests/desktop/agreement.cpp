@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/agreement.h"
 
-#include "frame/flash_link.h"
-#include "frame/menu_table.h"
-#include "frame/menus.h"
-#include "frame/stage_link.h"
+#include "base/text.h"
+#include "editor/lists/right_panel.h"
+#include "editor/stage/stage_link.h"
+#include "editor/window/flash_link.h"
+#include "editor/window/menu_table.h"
+#include "editor/window/menus.h"
 #include "params/level_files.h"
 #include "params/object_rows.h"
 #include "params/panel_values.h"
-#include "params/right_panel.h"
-#include "shell/text.h"
 
 #include <QApplication>
 

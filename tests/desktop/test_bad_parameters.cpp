@@ -2,9 +2,9 @@
 // Parameters as they should not be, and disks and tools that fail, through the whole window.
 #include "support/story.h"
 
-#include "frame/handlers.h"
+#include "editor/commands/handlers.h"
+#include "editor/lists/right_panel.h"
 #include "params/object_table.h"
-#include "params/right_panel.h"
 
 #include <gtest/gtest.h>
 

@@ -4,10 +4,10 @@
 // new font's bits say, Cyrillic included.
 #include "desktop/boot.h"
 #include "desktop/boot_letters.h"
-#include "fonts/char_page.h"
-#include "frame/handlers.h"
+#include "editor/commands/handlers.h"
+#include "editor/fonts/char_page.h"
+#include "editor/lists/right_panel.h"
 #include "params/object_table.h"
-#include "params/right_panel.h"
 #include "support/story.h"
 
 #include <gtest/gtest.h>

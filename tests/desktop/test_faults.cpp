@@ -2,10 +2,10 @@
 // Every change of a file and every start of a tool that a command makes, failing one after the
 // other: what is on disk stays whole, the user is told, the window works on.
 #include "desktop/agreement.h"
-#include "fonts/font_window.h"
-#include "frame/menus.h"
+#include "editor/fonts/font_window.h"
+#include "editor/lists/right_panel.h"
+#include "editor/window/menus.h"
 #include "params/object_table.h"
-#include "params/right_panel.h"
 #include "support/long_run.h"
 
 #include <gtest/gtest.h>

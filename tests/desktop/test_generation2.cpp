@@ -3,9 +3,9 @@
 #include "support/story.h"
 
 #include "container/gfx_save.h"
+#include "editor/lists/right_panel.h"
 #include "params/cfg_file.h"
 #include "params/object_table.h"
-#include "params/right_panel.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // A new boot screen from its making to the file and back.
 #include "support/story.h"
 
-#include "frame/stage_link.h"
+#include "editor/stage/stage_link.h"
 #include "params/object_table.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Message files that are broken or meant to do harm, opened through the whole program.
 #include "desktop/hostile_messages.h"
-#include "stage/background.h"
+#include "screen/background.h"
 #include "support/story.h"
 
 #include <gtest/gtest.h>

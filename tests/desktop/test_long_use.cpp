@@ -2,8 +2,8 @@
 // Hours of work in a row: what is dragged and scaled leaves nothing behind in memory.
 #include "support/story.h"
 
-#include "frame/stage_link.h"
-#include "stage/scale_commands.h"
+#include "editor/stage/scale_commands.h"
+#include "editor/stage/stage_link.h"
 #include "support/long_run.h"
 
 #include <gtest/gtest.h>

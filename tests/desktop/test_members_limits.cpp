@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Members as bad or as many as they may be, through the window: texts of every kind, 99 logos and
 // backgrounds and one more, numbers of modes that are none.
+#include "editor/lists/right_panel.h"
 #include "params/object_table.h"
-#include "params/right_panel.h"
 #include "support/story.h"
 
 #include <gtest/gtest.h>

@@ -2,11 +2,11 @@
 // A user who does anything at any time, from a seed that is printed: after every action the parts
 // of the program agree, and hours of it need no more memory than minutes.
 #include "desktop/agreement.h"
-#include "fonts/font_window.h"
-#include "frame/menus.h"
-#include "frame/stage_link.h"
-#include "params/right_panel.h"
-#include "stage/stage_surface.h"
+#include "editor/fonts/font_window.h"
+#include "editor/lists/right_panel.h"
+#include "editor/stage/stage_link.h"
+#include "editor/stage/stage_surface.h"
+#include "editor/window/menus.h"
 #include "support/long_run.h"
 
 #include <gtest/gtest.h>

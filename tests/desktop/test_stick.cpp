@@ -2,11 +2,11 @@
 // A stick with menus of its own: chosen, shown on the stage, laid over the parameters, pulled out.
 #include "support/story.h"
 
-#include "frame/flash_link.h"
-#include "frame/menus.h"
-#include "frame/stage_link.h"
+#include "editor/lists/right_panel.h"
+#include "editor/stage/stage_link.h"
+#include "editor/window/flash_link.h"
+#include "editor/window/menus.h"
 #include "params/object_table.h"
-#include "params/right_panel.h"
 #include "support/machine_tree.h"
 
 #include <gtest/gtest.h>

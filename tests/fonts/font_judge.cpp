@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "fonts/font_judge.h"
 
-#include "shell/files.h"
+#include "base/files.h"
 #include "support/run_program.h"
 
 #include <ft2build.h>

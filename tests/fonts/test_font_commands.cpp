@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Changing, adding and looking into fonts in the whole window: menu, buttons, lists, dialog.
 #include "container/open_fixture.h"
-#include "fonts/font_window.h"
-#include "fonts/inspection_list.h"
-#include "frame/handlers.h"
-#include "params/right_panel.h"
+#include "editor/commands/handlers.h"
+#include "editor/fonts/font_window.h"
+#include "editor/fonts/inspection_list.h"
+#include "editor/lists/right_panel.h"
 #include "support/story.h"
 
 #include <QListView>

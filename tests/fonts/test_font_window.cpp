@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The font dialog as a person uses it: real clicks and keys on its controls.
-#include "fonts/font_window.h"
+#include "editor/fonts/font_window.h"
 
 #include "fonts/fnt_codec.h"
 #include "support/test_shell.h"

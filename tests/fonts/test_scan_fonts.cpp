@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "fonts/scan_fonts.h"
 
+#include "base/text.h"
 #include "fonts/fnt_bytes.h"
 #include "fonts/font_dialog.h"
 #include "fonts/font_inspection.h"
 #include "fonts/font_tag.h"
-#include "shell/text.h"
 #include "support/test_shell.h"
 
 using namespace fennel;

@@ -2,7 +2,7 @@
 // The catalogue parser takes any bytes, and every cell it fills is one that a line could name.
 #include "params/catalogue.h"
 
-#include "shell/text.h"
+#include "base/text.h"
 
 #include <cstdlib>
 

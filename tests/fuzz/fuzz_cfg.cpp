@@ -3,7 +3,7 @@
 // of lines when it is read again. The input serves as engine too.
 #include "params/cfg_file.h"
 
-#include "shell/text.h"
+#include "base/text.h"
 
 #include <cstdlib>
 

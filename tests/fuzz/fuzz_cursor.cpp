@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "frame/cursor_file.h"
+#include "editor/stage/cursor_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size)
 {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // A menu file of any bytes. The counts fit together, what a plain boot screen shows has a "|" for
 // each title, and the overlay stays within the table (which the sanitizer watches).
+#include "base/text.h"
 #include "menus/menu_file.h"
 #include "menus/menu_overlay.h"
-#include "shell/text.h"
 
 #include <QStringList>
 

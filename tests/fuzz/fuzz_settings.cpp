@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Any bytes as a settings file, as a list of installed fonts and as a path on the list of files
 // last used. The first line of the input is the key that is asked for.
-#include "shell/installed_fonts.h"
-#include "shell/last_used.h"
-#include "shell/log_header.h"
-#include "shell/settings_file.h"
-#include "shell/text.h"
+#include "base/last_used.h"
+#include "base/log_header.h"
+#include "base/settings_file.h"
+#include "base/text.h"
+#include "fonts/installed_fonts.h"
 
 #include <cstdlib>
 

@@ -3,10 +3,10 @@
 // shows has a record and a catalogue line, the logo is 120 by 80, the background 800 by 600.
 #pragma once
 
+#include "editor/lists/tabs.h"
 #include "params/object_table.h"
 #include "params/panel_values.h"
 #include "params/row_values.h"
-#include "params/tabs.h"
 #include "support/test_shell.h"
 
 namespace fennel::test {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "params/catalogue.h"
 
-#include "shell/text.h"
+#include "base/text.h"
 #include "support/test_shell.h"
 
 #include <QRegularExpression>

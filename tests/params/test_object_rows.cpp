@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "params/swatch.h"
+#include "editor/lists/swatch.h"
 
 #include "params_fixture.h"
 

@@ -2,9 +2,9 @@
 // The table of boot-screen objects against the catalogue, and the numbers computed from it.
 #include "params_fixture.h"
 
+#include "base/text.h"
 #include "params/catalogue.h"
 #include "params/level_files.h"
-#include "shell/text.h"
 
 using namespace fennel;
 using namespace Qt::StringLiterals;

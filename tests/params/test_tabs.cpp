@@ -2,7 +2,7 @@
 // Tabs, the buttons beside their lists, and what a click means.
 #include "params_fixture.h"
 
-#include "params/list_actions.h"
+#include "editor/lists/list_actions.h"
 
 using namespace fennel;
 using namespace Qt::StringLiterals;

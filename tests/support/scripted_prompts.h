@@ -3,7 +3,7 @@
 // that nobody expected.
 #pragma once
 
-#include "shell/prompts.h"
+#include "base/prompts.h"
 
 #include <QStringList>
 

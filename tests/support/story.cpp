@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "support/story.h"
 
-#include "frame/stage_link.h"
+#include "app/startup.h"
+#include "editor/lists/right_panel.h"
+#include "editor/stage/stage_link.h"
+#include "editor/stage/stage_surface.h"
 #include "params/cfg_table.h"
-#include "params/right_panel.h"
-#include "shell/startup.h"
-#include "stage/stage_surface.h"
 
 #include <gtest/gtest.h>
 

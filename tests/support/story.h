@@ -3,8 +3,8 @@
 // settings file and folders of its own, and a scripted user.
 #pragma once
 
-#include "frame/main_window.h"
-#include "frame/menus.h"
+#include "editor/window/main_window.h"
+#include "editor/window/menus.h"
 #include "support/test_shell.h"
 
 #include <QAbstractItemView>

@@ -3,7 +3,7 @@
 // bridges of this build. Two can stand side by side.
 #pragma once
 
-#include "shell/shell_context.h"
+#include "base/shell_context.h"
 #include "support/scripted_prompts.h"
 
 #include <gtest/gtest.h>

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+// One copy of the program for each user: a lock file that the first copy holds, and a local socket
+// on which a second one asks the first to come to the front.
+#pragma once
+
+#include "base/files.h"
+
+#include <QObject>
+
+#include <memory>
+#include <optional>
+
+class QLocalServer;
+class QWidget;
+
+namespace fennel {
+
+// Where the lock and the socket lie: XDG_RUNTIME_DIR if it is this user's own folder, otherwise a
+// private folder in the temporary folder, which the last copy removes.
+QString instanceFolder();
+
+// The token with which the desktop started this process (XDG_ACTIVATION_TOKEN under Wayland,
+// DESKTOP_STARTUP_ID under X11). Under Wayland a window may come to the front only with it. Empty
+// if it was started from a terminal.
+QString activationToken();
+
+class SingleInstance : public QObject {
+    Q_OBJECT
+public:
+    // Only remembers where; nothing is made before acquire().
+    explicit SingleInstance(QString folder = instanceFolder());
+    ~SingleInstance() override; // gives the lock up
+
+    // True if no other copy runs; this one then holds the lock and answers. The system itself drops
+    // the lock of a process that ends in any way, so what a crashed run left keeps nobody out. A
+    // place where no lock can be had at all counts as free.
+    bool acquire();
+    // Asks the copy that runs to raise its window. False if nobody listens there; a copy that is
+    // busy gets the request when it is done.
+    [[nodiscard]] bool askOtherToRaise(const QString& token) const;
+
+Q_SIGNALS:
+    // Another start of the program wants the window in front.
+    void raiseRequested(const QString& token);
+
+private:
+    // A locked file descriptor; nothing if another copy has the lock.
+    [[nodiscard]] std::optional<int> lockFile();
+    void listen();
+    void onConnection();
+
+    QString m_folder;
+    QString m_lockPath;
+    QString m_socketPath;
+    std::unique_ptr<QLocalServer> m_server;
+    int m_lock = -1;
+    bool m_acquired = false;
+};
+
+// Brings a window to the front, with the token of the start that asked for it.
+void raiseWindow(QWidget& window, const QString& token);
+
+} // namespace fennel

@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: MIT
+#include "app/startup.h"
+
+#include "base/log_header.h"
+#include "base/settings_file.h"
+#include "base/text.h"
+#include "fonts/installed_fonts.h"
+
+#include <QDir>
+
+#include <unistd.h>
+
+namespace fennel {
+
+namespace {
+
+const QString languageKey = QStringLiteral("DefaultLang");
+const QString firstLanguage = QStringLiteral("0409");
+
+QString hexDigits(qint64 value)
+{
+    return QString::number(value, 16).toUpper();
+}
+
+// A shorter code is filled up, of a longer one the end counts.
+QString fourDigits(const QString& language)
+{
+    return (QStringLiteral("0000") + language).right(4);
+}
+
+// The hexadecimal number at the start of a text; blanks within it are skipped. Of more than eight
+// digits the last eight count.
+quint32 hexNumber(const QString& text)
+{
+    quint32 number = 0;
+    for (const QChar c : text) {
+        if (c == u' ' || c == u'\t')
+            continue;
+        bool isDigit = false;
+        const uint digit = QString(c).toUInt(&isDigit, 16);
+        if (!isDigit)
+            break;
+        number = number * 16 + digit;
+    }
+    return number;
+}
+
+// A failure that a later step tells the user of.
+void note(const Shell& shell, const Result<void>& result)
+{
+    if (!result)
+        shell.logFailure(result.failure());
+}
+
+void startLog(const Shell& shell, const StartInput& input)
+{
+    RunState& run = shell.run;
+    run.LoggingOn = wantsLog(input.words);
+    run.BuildTime = input.buildTime;
+    if (!run.LoggingOn)
+        return;
+    // Before anything else is done, so that the log can tell of all that fails.
+    shell.log.start(run.AppPath + QStringLiteral("/FENNEL-GFX.log"));
+    const QStringList header = logHeader(systemFacts(), run.BuildTime);
+    for (const QString& line : header)
+        shell.WriteLog(line);
+}
+
+// The language of the settings file wins over the stored one. A file without the key gains it, as
+// the hexadecimal form of the code read as a decimal number: "0409" gives "199".
+void languageFromSettings(const Shell& shell)
+{
+    RunState& run = shell.run;
+    const QString key = QStringLiteral("Default Language");
+    const QString language = IniRead(shell, key);
+    if (!language.isEmpty()) {
+        run.CurrentLang = language;
+        return;
+    }
+    const auto decimal = static_cast<qint64>(leadingNumber(run.CurrentLang));
+    note(shell, IniAppendLine(shell, settingsFile(run.AppPath),
+                              key + QLatin1Char('=') + hexDigits(decimal)));
+}
+
+void setLanguage(const Shell& shell, UserStore& store, const StartInput& input)
+{
+    RunState& run = shell.run;
+    if (!FileExists(settingsFile(run.AppPath))) {
+        // Listing the fonts takes long, so a later start does without.
+        const QString font = firstRunFontName(input.fontList ? input.fontList() : QString());
+        // A program folder that is write-protected shows here; settingsFileThere() ends the run
+        // over it later.
+        note(shell, createSettingsFile(shell, font, fourDigits(run.CurrentLang)));
+    }
+    languageFromSettings(shell);
+    run.CurrentLang = fourDigits(run.CurrentLang);
+    // The file's language becomes the stored one, so both agree from now on.
+    store.save(langsSection, languageKey, run.CurrentLang);
+}
+
+// Only the folder is asked for. A "No" leaves it empty and the run goes on: each tool is missed by
+// name where it is needed, and everything else works.
+NextStep needTools(const Shell& shell)
+{
+    if (FolderExists(shell.run.ToolsPath))
+        return NextStep::GoOn;
+    note(shell, shell.files.makeFolder(shell.run.ToolsPath));
+    const Answer answer = shell.prompts.ShowMessage(
+        QStringLiteral("Download a Set of Tools for the FENNEL-GFX?"), MessageType::YesNo,
+        QStringLiteral("ERROR. No necessary tools for the program!"));
+    if (answer != Answer::Yes)
+        return NextStep::GoOn;
+    shell.prompts.ShowMessage(QStringLiteral("ПЛАН...\nPlanned..."));
+    return NextStep::EndProcess;
+}
+
+void setToolPaths(RunState& run)
+{
+    run.ToolNConvert = run.ToolsPath + QStringLiteral("nconvert/nconvert_bridge");
+    run.ToolCpio = run.ToolsPath + QStringLiteral("CPIO/cpio_bridge");
+    run.ToolQemu = run.ToolsPath + QStringLiteral("QEMU/QEMU_bridge");
+    run.Tool7Zip = run.ToolsPath + QStringLiteral("7-Zip/7zip_bridge");
+    run.ToolListUsb = run.ToolsPath + QStringLiteral("ListUsb/ListUsbDrives");
+    run.ToolMkFont = run.ToolsPath + QStringLiteral("MakeFont/mkfnt_bridge");
+}
+
+} // namespace
+
+bool wantsLog(const QStringList& words)
+{
+    const QString commandLine = words.join(QLatin1Char(' ')).trimmed();
+    // Only the first word counts, any other is passed over without a message.
+    return commandLine.section(QLatin1Char(' '), 0, 0).trimmed().toLower() ==
+           QLatin1String("-logfile");
+}
+
+// The language of the system has no say: catalogues exist for a few languages, and English is the
+// one that is always there.
+QString storedLanguage(UserStore& store)
+{
+    const quint32 number = hexNumber(store.get(langsSection, languageKey).trimmed());
+    if (number != 0)
+        return hexDigits(number);
+    store.save(langsSection, languageKey, firstLanguage);
+    return firstLanguage;
+}
+
+NextStep Form_Initialize(const Shell& shell, UserStore& store, const StartInput& input)
+{
+    RunState& run = shell.run;
+    // Everything below is found relative to it.
+    run.AppPath = shortForm(input.executableFolder);
+    startLog(shell, input);
+    run.CurrentLang = storedLanguage(store);
+    shell.WriteLog({});
+    shell.WriteLog(QStringLiteral("Start Logging from Form_Initialize..."));
+    setLanguage(shell, store, input);
+    run.ToolsPath = run.AppPath + QStringLiteral("/Tools/");
+    if (needTools(shell) == NextStep::EndProcess)
+        return NextStep::EndProcess;
+    setToolPaths(run);
+    run.LogsPath = run.AppPath + QStringLiteral("/LOGs/");
+    note(shell, shell.files.makeFolder(run.LogsPath));
+    shell.WriteLog(QStringLiteral("Form_Initialize End"));
+    return NextStep::GoOn;
+}
+
+// The panels' widths are left alone, they belong to the window.
+void resetRun(RunState& run)
+{
+    run.GfxOpened = false;
+    run.GfxHasCfg = false;
+    run.GfxHasZuk = false;
+    run.GfxIsGz = false;
+    run.CurrentFlashChar = noFlash;
+    run.PreviewScale = 1.0;
+}
+
+QStringList workspaceRootNames()
+{
+    const QString named = qEnvironmentVariable("Temp");
+    const QString folder =
+        shortForm(!named.isEmpty() && FolderExists(named) ? named : QDir::tempPath());
+    // The second name is for a machine where another user's copy holds the first.
+    const QString name = withSeparator(folder) + programTitle();
+    return {name + QLatin1Char('/'),
+            name + QLatin1Char('-') + QString::number(::geteuid()) + QLatin1Char('/')};
+}
+
+// What an existing root holds stays: after a crash the user finds the extracted members there.
+NextStep makeWorkspaceRoot(const Shell& shell)
+{
+    Result<void> made;
+    const QStringList names = workspaceRootNames();
+    for (const QString& name : names) {
+        // The root is removed at the end, and the program must not go with it.
+        if (withSeparator(shell.run.AppPath).startsWith(name))
+            continue;
+        made = shell.files.makePrivateFolder(name);
+        if (made) {
+            shell.run.WorkspaceRoot = name;
+            return NextStep::GoOn;
+        }
+    }
+    shell.told(made);
+    return NextStep::EndProcess;
+}
+
+void Form_Unload(const Shell& shell)
+{
+    const QString appFolder = withSeparator(shell.run.AppPath);
+    // Roots that an earlier crash left go as well. A folder that is not ours or holds the program
+    // is never removed, whatever the variable "Temp" says.
+    const QStringList names = workspaceRootNames() + QStringList(shell.run.WorkspaceRoot);
+    for (const QString& name : names) {
+        if (!name.isEmpty() && isOwnFolder(name) && !appFolder.startsWith(name))
+            note(shell, shell.files.removeFolder(name));
+    }
+    shell.WriteLog(QStringLiteral("End logging"));
+}
+
+} // namespace fennel

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "base/settings_file.h"
+
+#include "base/text.h"
+
+#include <QDir>
+#include <QRegularExpression>
+
+namespace fennel {
+
+namespace {
+
+const QString settingsFileName = QStringLiteral("FENNEL.ini");
+
+// People edit this file by hand: case and blanks, even within a key, do not count.
+QString foldedKey(const QString& text)
+{
+    QString key = text.trimmed().toLower();
+    key.remove(QLatin1Char('\t'));
+    key.remove(QLatin1Char(' '));
+    return key;
+}
+
+bool endsInLineEnd(const QByteArray& bytes)
+{
+    return bytes.isEmpty() || bytes.endsWith('\n') || bytes.endsWith('\r');
+}
+
+} // namespace
+
+// A file that was spelled "Fennel.ini" elsewhere must stay the one settings file, and not get a
+// second one beside it.
+QString settingsFile(const QString& folder)
+{
+    QString usual = withSeparator(folder) + settingsFileName;
+    if (FileExists(usual))
+        return usual;
+    const QStringList others = filesLike(folder, settingsFileName);
+    return others.isEmpty() ? usual : withSeparator(folder) + others.first();
+}
+
+QString iniValue(const QString& text, const QString& key)
+{
+    // "|" ends a line like a line end does, so no value can hold one.
+    static const QRegularExpression lineEnds(QStringLiteral("[\r\n|]"));
+    const QString wanted = foldedKey(key);
+    const QStringList lines = text.trimmed().split(lineEnds);
+    // The first line that fits wins, so an appended line never overrides one higher up.
+    for (const QString& line : lines) {
+        const qsizetype equals = line.indexOf(QLatin1Char('='));
+        if (equals >= 0 && foldedKey(line.left(equals)) == wanted)
+            return line.mid(equals + 1).trimmed();
+    }
+    return {};
+}
+
+QString IniRead(const Shell& shell, const QString& key, const QString& file)
+{
+    const QString path = file.isEmpty() ? settingsFile(shell.run.AppPath) : file;
+    if (!FileExists(path)) {
+        shell.prompts.ShowMessage(QStringLiteral("File not found: ") + path);
+        return {};
+    }
+    return iniValue(FileReadAll(path).text, key);
+}
+
+Result<void> IniAppend(const Shell& shell, const QString& file, const QString& text)
+{
+    const bool utf8 = FileReadAll(file).TextIsUtf8;
+    // encodeText() puts a mark first, which belongs at a file's beginning only.
+    return shell.files.append(file, utf8 ? text.toUtf8() : encodeText(text, false));
+}
+
+Result<void> IniAppendLine(const Shell& shell, const QString& file, const QString& line)
+{
+    const Result<QByteArray> before = readBytes(file);
+    // A last line without an end would swallow the new key.
+    const bool ended = !before || endsInLineEnd(*before);
+    const QString lineEnd = QStringLiteral("\r\n");
+    return IniAppend(shell, file, (ended ? QString() : lineEnd) + line + lineEnd);
+}
+
+Result<void> createSettingsFile(const Shell& shell, const QString& fontName,
+                                const QString& language)
+{
+    // All four keys are written for the people who read the file; only the font and the language
+    // are ever read back.
+    const QString text = QStringLiteral("Monitoring USB connections=1\r\n"
+                                        "Default Font Name=%1\r\n"
+                                        "Default Character Set=0x20-0x7e, 0x0410-0x044f\r\n"
+                                        "Default Language=%2\r\n")
+                             .arg(fontName, language);
+    // A font's name may need more than the 8-bit code page has.
+    const bool utf8 = fromCp1251(toCp1251(text)) != text;
+    const QString path = settingsFile(shell.run.AppPath);
+    Result<void> written = shell.files.write(path, encodeText(text, utf8));
+    if (!written)
+        // Half a file would count as existing settings at the next start, and its missing keys
+        // would stay missing.
+        (void)shell.files.remove(path);
+    return written;
+}
+
+// The whole of the test of the user's rights: the first start could write beside the program or it
+// could not.
+NextStep settingsFileThere(const Shell& shell)
+{
+    if (FileExists(settingsFile(shell.run.AppPath)))
+        return NextStep::GoOn;
+    shell.prompts.ShowMessage(QStringLiteral("Is Not Admin"));
+    return NextStep::EndProcess;
+}
+
+} // namespace fennel

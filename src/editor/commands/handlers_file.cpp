@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+// The File menu.
+#include "container/gfx_save.h"
+#include "container/member_list.h"
+#include "container/template.h"
+#include "editor/commands/handlers.h"
+#include "editor/lists/right_panel.h"
+#include "editor/window/main_window.h"
+#include "editor/window/menus.h"
+#include "params/level_files.h"
+
+#include <QDir>
+
+namespace fennel {
+
+namespace {
+
+void open(MainWindow& window)
+{
+    const Shell& shell = window.shell();
+    if (!shell.run.GfxOpened)
+        shell.prompts.ShowMessage(
+            QStringLiteral("\"Gfxboot message\" (then simply \"gfxboot\") is a cpio-archive , \n"
+                           "but additionally it can be compressed with gZip.\n"
+                           "\n"
+                           "You can choose any of the variants."));
+    FileQuestion question;
+    question.folder = shell.run.GfxOpened ? folderPart(shell.run.GfxPath) : QDir::homePath();
+    question.title = QStringLiteral("File open....");
+    question.filter = QStringLiteral("All Files (*.*)|*.*|");
+    const QString path = shell.prompts.openFile(question);
+    if (path.isEmpty() || !window.openGfxboot(shortForm(path)))
+        return;
+    window.workbench().lastUsed.LastUsedAdd(shell, path);
+    showLastUsed(window);
+}
+
+void openLastUsed(MainWindow& window, int index)
+{
+    const auto path = window.workbench().lastUsed.clicked(window.shell(), index);
+    if (path)
+        window.openGfxboot(*path);
+}
+
+void clearLastUsed(MainWindow& window)
+{
+    window.workbench().lastUsed.clear();
+    showLastUsed(window);
+}
+
+void makeNew(MainWindow& window)
+{
+    const Shell& shell = window.shell();
+    const QString folder = shell.run.WorkspaceRoot + QStringLiteral("~tmp/");
+    if (shell.told(shell.files.removeFolder(folder)) &&
+        shell.told(shell.files.makeFolder(folder)) &&
+        WriteResource(shell, folder, QStringLiteral("GFX.GZ")))
+        window.openGfxboot(shortForm(folder + unsavedGfxName));
+}
+
+void saveAs(MainWindow& window)
+{
+    const Shell& shell = window.shell();
+    const QString shown = namePart(shell.run.BackFile);
+    if (!GfxSaveAs(shell, [&window] { return writeParameters(window); })) {
+        // The list was filled from the copy, which is gone.
+        if (shell.run.GfxOpened)
+            refillList(window, TabGfxboot);
+        return;
+    }
+    window.workbench().lastUsed.LastUsedAdd(shell, shell.run.GfxPath);
+    window.UpdateInterface();
+    if (namePart(shell.run.BackFile) != shown)
+        window.ShowBackground();
+}
+
+void save(MainWindow& window)
+{
+    if (window.shell().run.GfxFileName == unsavedGfxName)
+        saveAs(window);
+    else
+        (void)GfxSave(window.shell(), [&window] { return writeParameters(window); });
+}
+
+void reOpen(MainWindow& window)
+{
+    if (mayReOpen(window.shell()))
+        window.openGfxboot(window.shell().run.GfxPath);
+}
+
+} // namespace
+
+bool writeParameters(MainWindow& window)
+{
+    const Shell& shell = window.shell();
+    ParamLists& lists = window.workbench().params;
+    CommitValue(window);
+    if (!shell.run.GfxHasZuk)
+        return writeConfig(window);
+    GatherListValues(shell, lists);
+    const bool done = shell.told(WriteLevelFiles(shell, lists.ZUKarr)) &&
+                      RebuildMemberList(shell, QStringLiteral("*.CFG")).ok();
+    refillList(window, TabGfxboot); // other lengths, perhaps another order
+    return done;
+}
+
+void showLastUsed(MainWindow& window)
+{
+    const LastUsed& list = window.workbench().lastUsed;
+    std::vector<Menus::Entry> entries;
+    for (int i = 0; i < lastUsedLimit; ++i) {
+        const LastUsed::Entry& entry = list.entries()[static_cast<std::size_t>(i)];
+        if (entry.visible)
+            entries.push_back({i, QString(entry.caption).replace(u'&', QStringLiteral("&&")), true,
+                               std::nullopt, entry.caption});
+    }
+    window.menus().setEntries("mnuFile1", entries);
+    window.menus().setEnabled("mnuFile_LastUsed", list.enabled());
+    window.menus().setEnabled("mnuFile_Clear", list.enabled());
+}
+
+void addFileCommands(MainWindow& window)
+{
+    Commands& commands = window.commands();
+    commands.add("mnuFile_Open", [&window] { open(window); });
+    commands.add("mnuFile_New", [&window] { makeNew(window); });
+    commands.add("mnuFile_Save", [&window] { save(window); });
+    commands.add("mnuFile_SaveAs", [&window] { saveAs(window); });
+    commands.add("mnuFile_ReOpen", [&window] { reOpen(window); });
+    commands.addArray("mnuFile1", [&window](int index) { openLastUsed(window, index); });
+    commands.add("mnuFile_Clear", [&window] { clearLastUsed(window); });
+    commands.add("mnuFile_Exit", [&window] { window.close(); });
+}
+
+} // namespace fennel

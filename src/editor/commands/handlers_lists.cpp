@@ -1,0 +1,484 @@
+// SPDX-License-Identifier: MIT
+// What the user does in the lists at the right: choosing tabs and rows, typing values, files.
+#include "base/file_steps.h"
+#include "base/text.h"
+#include "container/member_list.h"
+#include "container/member_table.h"
+#include "editor/commands/handlers.h"
+#include "editor/fonts/font_info.h"
+#include "editor/lists/list_actions.h"
+#include "editor/lists/right_panel.h"
+#include "editor/lists/tabs.h"
+#include "editor/stage/stage_link.h"
+#include "editor/window/main_window.h"
+#include "editor/window/menus.h"
+#include "editor/window/thumbnail_strip.h"
+#include "editor/window/toolbar.h"
+#include "menus/menu_list.h"
+#include "params/cfg_file.h"
+#include "params/panel_values.h"
+#include "params/row_values.h"
+#include "tools/image_tool.h"
+
+#include <QApplication>
+
+#include <algorithm>
+
+namespace fennel {
+
+namespace {
+
+void applyButtons(MainWindow& window, const RowButtons& buttons)
+{
+    RightPanel& panel = window.rightPanel();
+    panel.addButton().setEnabled(buttons.ComADD);
+    panel.deleteButton().setEnabled(buttons.ComDEL);
+    panel.editButton().setEnabled(buttons.ComEdit);
+    panel.rowSpin().setEnabled(buttons.UpDown3);
+    window.fontInfo().changeButton().setEnabled(buttons.Font_change);
+    window.toolbar().enableButton(12, buttons.toolbar12);
+    window.toolbar().enableButton(13, buttons.toolbar13);
+    window.toolbar().enableButton(14, buttons.toolbar14);
+}
+
+ListRow* currentRow(MainWindow& window)
+{
+    ParamLists& lists = window.workbench().params;
+    ListRows* list = lists.list(lists.CurrentTab);
+    return list == nullptr ? nullptr : list->row(lists.CurrentRow);
+}
+
+void openEditor(MainWindow& window)
+{
+    const ListRow* row = currentRow(window);
+    if (row == nullptr || row->cells.size() < 2 || !mayLeaveText(window))
+        return;
+    window.rightPanel().openEditor(window.area(), row->text(), row->text(1));
+}
+
+void showMenuAs(MainWindow& window, const std::vector<PopupEntry>& entries, QPoint place)
+{
+    std::vector<Menus::Entry> shown;
+    shown.reserve(entries.size());
+    for (const PopupEntry& entry : entries)
+        shown.push_back({entry.index,
+                         QString(entry.caption).replace(u'&', QStringLiteral("&&")),
+                         entry.enabled,
+                         std::nullopt,
+                         {}});
+    window.menus().setEntries("ListView1Popup", shown);
+    window.menus().menu(QStringLiteral("mnu_Context_ListView1Popup"))->popup(place);
+}
+
+void onRowSelected(MainWindow& window, int tab, int row, bool rightButton)
+{
+    ParamLists& lists = window.workbench().params;
+    const RunState& run = window.shell().run;
+    if (!run.GfxOpened || !run.InterfaceReady || tab != lists.CurrentTab)
+        return;
+    lists.list(tab)->selected = row; // the buttons look at it
+    const int before = lists.CurrentRow;
+    const ItemClick click = onItemClick(run, lists, tab, row, rightButton);
+    lists.CurrentRow = click.select;
+    lists.list(tab)->selected = click.select;
+    // What was typed for one row must not be committed to another.
+    if (click.select != before)
+        closeValueEditor(window);
+    if (click.skipped) {
+        window.rightPanel().view(tab)->select(click.select);
+        // The mouse stepped over grey rows: the buttons wait for a row that is chosen itself.
+        applyButtons(window, {});
+        return;
+    }
+    applyButtons(window, click.buttons);
+    const ListRow* shown = lists.list(tab)->row(row);
+    if (tab == TabFonts)
+        showFontRow(window, row);
+    if (click.showPopup)
+        showMenuAs(window, rowPopup(tab, shown->text()), QCursor::pos());
+    if (click.showCfgStatus) {
+        window.setStatusField(7, shown->text() + QStringLiteral("=") + shown->text(1));
+        window.setStatusField(8, QStringLiteral("DblClick or ENTER for \"Value\" edit"));
+        CloseEditor(window);
+    }
+}
+
+void showBackgroundMember(MainWindow& window, const QString& name)
+{
+    window.shell().run.BackFile = window.shell().run.Workspace + name;
+    window.ShowBackground();
+}
+
+void onRowActivated(MainWindow& window, int tab, int row)
+{
+    ParamLists& lists = window.workbench().params;
+    const Shell& shell = window.shell();
+    const ListRow* shown = lists.list(tab)->row(row);
+    if (shown == nullptr)
+        return;
+    const QString name = fileOfTag(shown->tag);
+    switch (onDoubleClick(shell.run, lists, tab, row, window.stageLink().menuLevelShown())) {
+    case DoubleClick::RefuseMenuLevel:
+        shell.prompts.ShowMessage(overlappedText(), MessageType::Ok,
+                                  QStringLiteral("MenuLevel data"));
+        break;
+    case DoubleClick::SelectFirst:
+        selectRow(window, tab, 1);
+        break;
+    case DoubleClick::TakeMenu:
+        takeMenu(window, menuOfRow(*lists.list(tab), row));
+        break;
+    case DoubleClick::ShowText:
+        showTextMember(window, lists.objectOfTab(tab), name);
+        break;
+    case DoubleClick::ShowLogo:
+        showLogoMember(window, name);
+        break;
+    case DoubleClick::ShowBackground:
+        showBackgroundMember(window, name);
+        break;
+    case DoubleClick::OpenPicture:
+        FileEditPlanned(shell, name, {});
+        break;
+    case DoubleClick::TellOldFonts:
+        shell.prompts.ShowMessage(oldFontsText());
+        break;
+    case DoubleClick::ShowFont:
+        openFontContent(window, name);
+        break;
+    case DoubleClick::EditValue:
+        openEditor(window);
+        break;
+    default:
+        break;
+    }
+}
+
+// A changed row of gfxboot.cfg reaches the file and the stage at once.
+void writeCfgRow(MainWindow& window, const QString& name)
+{
+    ParamLists& lists = window.workbench().params;
+    const ListRows& list = *lists.list(TabConfig);
+    (void)writeConfig(window);
+    CfgApply(window.shell().run, lists, window.workbench().fonts.table, name,
+             [&list](QStringView key) { return CfgValue(list, key); });
+    Stage& stage = window.stageLink().stage();
+    stage.RefreshPanels();
+    // The selected object may be seen again.
+    stage.ShowMarker(stage.SelectedPanel, 0);
+}
+
+void onRowChecked(MainWindow& window, int tab, int row, bool checked)
+{
+    ParamLists& lists = window.workbench().params;
+    const RowCheck check = onRowCheck(window.shell().run, lists, tab, row);
+    ListRow* changed = lists.list(tab)->row(row);
+    if (check == RowCheck::TakeMenu)
+        takeMenu(window, menuOfRow(*lists.list(tab), row));
+    if (check != RowCheck::WriteCfg || changed == nullptr)
+        return;
+    changed->checked = checked;
+    changed->colour = checkedColour(checked);
+    writeCfgRow(window, changed->text());
+}
+
+void onKey(MainWindow& window, int tab, int key)
+{
+    ParamLists& lists = window.workbench().params;
+    const ListRow* row = currentRow(window);
+    switch (onListKey(tab, key)) {
+    case ListKey::EditValue:
+        if (row != nullptr)
+            onRowActivated(window, tab, lists.CurrentRow);
+        break;
+    case ListKey::TakeMenu:
+        // The line between the embedded menu and the files is none.
+        if (lists.CurrentRow == 2)
+            selectRow(window, tab, 1);
+        onRowChecked(window, tab, lists.CurrentRow, true);
+        window.shell().prompts.ShowMessage(plannedMenuText());
+        break;
+    case ListKey::FlipCheck:
+        if (row != nullptr && row->checked)
+            onRowChecked(window, tab, lists.CurrentRow, !*row->checked);
+        break;
+    default:
+        // The fonts' list opens by Enter as by a double click.
+        if (tab == TabFonts && (key == Qt::Key_Return || key == Qt::Key_Enter) && row != nullptr)
+            onRowActivated(window, tab, lists.CurrentRow);
+        break;
+    }
+}
+
+void onDelete(MainWindow& window)
+{
+    ParamLists& lists = window.workbench().params;
+    const Shell& shell = window.shell();
+    const ListRow* row = currentRow(window);
+    const QString name = row == nullptr ? QString() : fileOfTag(row->tag);
+    const int tab = lists.CurrentTab;
+    switch (onComDEL(lists, tab, lists.CurrentRow, IsRequiredMember(name))) {
+    case DeleteAction::RefuseRequired:
+        shell.prompts.ShowMessage(QStringLiteral("File \"%1\" can not be removed.\n"
+                                                 "It is in the \"Required Files\" list\n"
+                                                 "However, you can try to EDIT it.")
+                                      .arg(name),
+                                  MessageType::Ok, QStringLiteral("Required Files"));
+        break;
+    case DeleteAction::AskDelete:
+        if (shell.prompts.ShowMessage(askDeleteText(name), MessageType::YesNo,
+                                      QStringLiteral("DEL")) == Answer::Yes &&
+            shell.told(shell.files.remove(shell.run.Workspace + name)))
+            membersChanged(window, {});
+        break;
+    case DeleteAction::TellPlanned:
+        shell.prompts.ShowMessage(plannedText());
+        break;
+    default:
+        break;
+    }
+}
+
+void deleteAll(MainWindow& window)
+{
+    const Shell& shell = window.shell();
+    if (shell.prompts.ShowMessage(QStringLiteral("Do you really want to delete all files?"),
+                                  MessageType::OkCancel,
+                                  QStringLiteral("Files Deleting")) != Answer::Ok)
+        return;
+    const ParamLists& lists = window.workbench().params;
+    FileSteps steps(shell);
+    for (const QString& name : deleteAllNames(lists, lists.CurrentTab)) {
+        if (!shell.told(steps.remove(shell.run.Workspace + name)))
+            return;
+    }
+    // RebuildMemberList() tells its failure itself.
+    if (!shell.told(steps.save(shell.run.Workspace + memberListName)) ||
+        !RebuildMemberList(shell, {}))
+        return;
+    steps.keep();
+    membersChanged(window, {});
+}
+
+void runPopup(MainWindow& window, int index)
+{
+    Commands& commands = window.commands();
+    ListView* view = window.rightPanel().view(window.workbench().params.CurrentTab);
+    switch (index) {
+    case popupEdit:
+        commands.run(QStringLiteral("ComEdit"));
+        break;
+    case popupDelete:
+        onDelete(window);
+        break;
+    case popupReorder:
+        view->reorderItems();
+        break;
+    case popupFitColumns:
+        view->fitColumns();
+        break;
+    case popupDeleteAll:
+        deleteAll(window);
+        break;
+    case popupAdd:
+        if (onComADD(window.workbench().params, window.workbench().params.CurrentTab) !=
+            AddAction::TellPlanned)
+            commands.run(QStringLiteral("ComADD"));
+        break;
+    case popupResizeBackgrounds:
+        commands.run(QStringLiteral("mnuEdit_Resize"));
+        break;
+    case popupResizeLogos:
+        commands.run(QStringLiteral("mnuEdit_ResizeLOGO"));
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace
+
+void showTextMember(MainWindow& window, int object, const QString& name)
+{
+    PanelRec* panel = window.workbench().params.object(object);
+    if (panel == nullptr)
+        return;
+    const Result<QByteArray> bytes = readBytes(window.shell().run.Workspace + name);
+    if (!bytes) {
+        (void)window.shell().told(bytes.failure());
+        return;
+    }
+    panel->Text = decodeText(*bytes).text;
+    Stage& stage = window.stageLink().stage();
+    const bool seen = !panel->OnlySelected || object == window.stageLink().objectOfCurrentTab();
+    stage.DrawPanel(object);
+    if (!seen)
+        stage.showPanel(object, false);
+}
+
+bool writeConfig(MainWindow& window)
+{
+    ParamLists& lists = window.workbench().params;
+    ListRows& list = *lists.list(TabConfig);
+    const bool shown = lists.CurrentTab == TabConfig;
+    if (shown)
+        list.selected = lists.CurrentRow;
+    const bool done = CfgWrite(window.shell(), list);
+    window.rightPanel().fillList(TabConfig);
+    if (shown)
+        lists.CurrentRow = list.selected;
+    for (ListRow& row : lists.list(TabGfxboot)->rows) {
+        if (fileOfTag(row.tag) == cfgMemberName)
+            row.cells[1].text =
+                QString::number(fileSize(window.shell().run.Workspace + cfgMemberName));
+    }
+    window.rightPanel().refreshList(TabGfxboot);
+    return done;
+}
+
+void applyChange(MainWindow& window, int tab, const RowChange& change)
+{
+    ParamLists& lists = window.workbench().params;
+    window.rightPanel().refreshList(tab);
+    for (const int object : change.objects) {
+        if (const PanelRec* panel = lists.object(object); panel->TabIndex != tab)
+            window.rightPanel().refreshList(panel->TabIndex);
+        window.stageLink().stage().ApplyPanel(object);
+    }
+    Stage& stage = window.stageLink().stage();
+    // Applying the menu brought it to the front; its bar belongs above it.
+    if (std::any_of(change.objects.begin(), change.objects.end(), isMenuRow)) {
+        stage.raisePanel(MenuPanelRow);
+        stage.raisePanel(MenuBarRow);
+    }
+    stage.ShowMarker(stage.SelectedPanel, 0);
+    window.stageLink().showColourControls(stage.ColourPanel);
+}
+
+void updateRowButtons(MainWindow& window)
+{
+    const ParamLists& lists = window.workbench().params;
+    applyButtons(window, buttonsOfTab(window.shell().run, lists, lists.CurrentTab));
+}
+
+void CommitValue(MainWindow& window)
+{
+    ValueEditor& editor = window.rightPanel().editor();
+    ListRow* row = currentRow(window);
+    if (!editor.isVisible() || editor.textEditMode() || row == nullptr)
+        return;
+    Workbench& bench = window.workbench();
+    const QString typed = editor.text();
+    CloseEditor(window);
+    const int tab = bench.params.CurrentTab;
+    if (bench.shell.run.GfxHasZuk) {
+        applyChange(
+            window, tab,
+            setTypedValue(bench.params, bench.fonts.table, tab, bench.params.CurrentRow, typed));
+        return;
+    }
+    row->cells[1].text = normaliseTyped(typed);
+    writeCfgRow(window, row->text());
+}
+
+void closeValueEditor(MainWindow& window)
+{
+    if (!window.rightPanel().editor().textEditMode())
+        CloseEditor(window);
+}
+
+void CloseEditor(MainWindow& window)
+{
+    ValueEditor& editor = window.rightPanel().editor();
+    if (!editor.isVisible())
+        return;
+    // Whoever clicked elsewhere wants to go on there.
+    const bool focused = editor.isAncestorOf(QApplication::focusWidget());
+    editor.close();
+    ListView* view = window.rightPanel().view(window.workbench().params.CurrentTab);
+    view->select(window.workbench().params.CurrentRow);
+    if (focused)
+        view->setFocus();
+}
+
+void selectRow(MainWindow& window, int tab, int row)
+{
+    ParamLists& lists = window.workbench().params;
+    ListRows* list = lists.list(tab);
+    if (list == nullptr || list->row(row) == nullptr)
+        return;
+    list->selected = row;
+    window.rightPanel().view(tab)->select(row);
+    if (tab != lists.CurrentTab)
+        return;
+    lists.CurrentRow = row;
+    updateRowButtons(window);
+}
+
+void selectTab(MainWindow& window, int tab)
+{
+    ParamLists& lists = window.workbench().params;
+    Stage& stage = window.stageLink().stage();
+    const int old = lists.CurrentTab;
+    if (old != tab) {
+        closeValueEditor(window);
+        if (const int object = lists.objectOfTab(old); object >= 0)
+            stage.showPanel(object, shownAfterLeaving(lists, old));
+        window.rightPanel().selectTab(tab);
+        if (const int object = lists.objectOfTab(tab); object >= 0)
+            stage.showPanel(object, true);
+        // The marker comes and goes with its object.
+        stage.ShowMarker(stage.SelectedPanel, 0);
+        window.showObjectMenu();
+        window.refreshThumbnails();
+        window.LayoutWindow();
+        const ListRows* list = lists.list(tab);
+        lists.CurrentRow = list == nullptr ? 0 : list->selected;
+        updateRowButtons(window);
+    }
+}
+
+void activateTab(MainWindow& window, int tab)
+{
+    selectTab(window, tab);
+    window.stageLink().stage().ActivatePanel(window.stageLink().objectOfCurrentTab());
+}
+
+void connectLists(MainWindow& window)
+{
+    RightPanel& panel = window.rightPanel();
+    QObject::connect(&panel, &RightPanel::tabClicked, &window, [&window](int tab) {
+        // An object that is seen takes the keys from its list.
+        window.rightPanel().view(tab)->setFocus();
+        activateTab(window, tab);
+    });
+    QObject::connect(
+        &panel, &RightPanel::rowSelected, &window,
+        [&window](int tab, int row, bool right) { onRowSelected(window, tab, row, right); });
+    QObject::connect(&panel, &RightPanel::rowActivated, &window,
+                     [&window](int tab, int row) { onRowActivated(window, tab, row); });
+    QObject::connect(
+        &panel, &RightPanel::rowChecked, &window,
+        [&window](int tab, int row, bool checked) { onRowChecked(window, tab, row, checked); });
+    QObject::connect(&panel, &RightPanel::keyPressed, &window,
+                     [&window](int tab, int key) { onKey(window, tab, key); });
+    QObject::connect(&panel, &RightPanel::tabMenuAsked, &window, [&window](int tab, QPoint place) {
+        const auto entries = tabPopup(window.shell().run, window.workbench().params, tab);
+        if (entries.size() >= 2)
+            showMenuAs(window, entries, place);
+    });
+    QObject::connect(&panel.editor(), &ValueEditor::committed, &window,
+                     [&window] { CommitValue(window); });
+    QObject::connect(&panel.editor(), &ValueEditor::cancelled, &window,
+                     [&window] { CloseEditor(window); });
+    QObject::connect(&panel.deleteButton(), &QToolButton::clicked, &window,
+                     [&window] { onDelete(window); });
+    QObject::connect(&panel.rowSpin(), &QSpinBox::valueChanged, &window, [&window](int value) {
+        window.shell().prompts.ShowMessage(plannedUpDownText(value));
+    });
+    QObject::connect(&panel.fromMenu(), &QCheckBox::clicked, &window,
+                     [&window](bool checked) { switchLevels(window, checked); });
+    window.commands().addArray("ListView1Popup", [&window](int index) { runPopup(window, index); });
+}
+
+} // namespace fennel

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include "editor/fonts/font_info.h"
+
+#include "base/text.h"
+
+#include <QHBoxLayout>
+
+#include <algorithm>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr double pixelsPerPoint = 96.0 / 72;
+constexpr double largestSize = 200; // points: a tag may claim any
+constexpr int margin = 8;
+} // namespace
+
+FontInfo::FontInfo(QWidget* parent)
+    : QGroupBox(u"Font INFO"_s, parent), m_example(new QLabel), m_change(new QPushButton(this))
+{
+    setObjectName(u"Frame8FontINFO"_s);
+    setAutoFillBackground(true);
+    m_example->setObjectName(u"FontExample"_s);
+    m_example->setText(u"Однажды в студеную зимнюю пору"_s);
+    // The text comes from a file's tag and must not be read as markup.
+    m_example->setTextFormat(Qt::PlainText);
+    m_example->setWordWrap(true);
+    m_example->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_change->setObjectName(u"Font_change"_s);
+    m_change->setText(tr("Change font..."));
+    // A click must not take the focus from the list that the font is chosen in.
+    m_change->setFocusPolicy(Qt::TabFocus);
+    m_change->setEnabled(false);
+    auto* port = new QScrollArea(this);
+    // It scrolls, as a large size would otherwise push the window apart.
+    port->setFrameStyle(QFrame::NoFrame);
+    port->setWidgetResizable(true);
+    port->setWidget(m_example);
+    port->viewport()->setAutoFillBackground(false);
+    m_example->setAutoFillBackground(false);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(margin, margin / 2, margin, margin / 2);
+    row->addWidget(port, 1);
+    row->addWidget(m_change, 0, Qt::AlignVCenter);
+    hide();
+}
+
+void FontInfo::showSample(const FontSample& sample)
+{
+    QFont font = m_example->font();
+    if (!sample.record.FontName.isEmpty())
+        font.setFamily(sample.record.FontName);
+    font.setBold(sample.record.Bold);
+    font.setItalic(sample.record.Italic);
+    const double points = std::clamp(sample.record.Size, 1.0, largestSize);
+    font.setPixelSize(std::max(1, roundToEven(points * pixelsPerPoint)));
+    m_example->setFont(font);
+    m_example->setText(sample.text);
+}
+
+} // namespace fennel

@@ -1,0 +1,315 @@
+// SPDX-License-Identifier: MIT
+#include "editor/fonts/font_window.h"
+
+#include <QAbstractItemView>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int cellPixels = 15; // letters in the cells
+constexpr int scrollBarRoom = 28;
+constexpr int frameRoom = 40; // of the window system, around a dialog
+constexpr int usualSpace = 4; // boot-screen pixels
+
+QString pathOf(const std::vector<InstalledFont>& fonts, const FontFile& font)
+{
+    for (const InstalledFont& one : fonts) {
+        if (one.fullName() == font.name && one.path.endsWith(u'/' + font.fileName))
+            return one.path;
+    }
+    return {};
+}
+
+// The name without the words that say bold and italic.
+QString plainName(const FontFile& font)
+{
+    return QString(font.name).remove(u" Bold"_s).remove(u" Italic"_s).remove(u" Обычный"_s);
+}
+
+} // namespace
+
+FontWindow::FontWindow(const Shell& shell, const FontDialogStart& start, CharSelected& set,
+                       const QString& defaultFontName, QWidget* parent)
+    : QDialog(parent), m_shell(shell), m_set(set), m_defaultFontName(defaultFontName),
+      m_installed(installedFonts()), m_fonts(fontFiles(fontListText(m_installed))),
+      m_views(new FontViews(start.title, shell.run.PreviewScale, set, this)),
+      m_page(new CharPage(set, this))
+{
+    setObjectName(u"frmFonts"_s);
+    setWindowTitle(start.title);
+    auto* top = new QHBoxLayout;
+    top->addWidget(m_views, 3);
+    top->addWidget(makeFontFrame(start.mostPoints), 2);
+    auto* tall = new QWidget;
+    auto* column = new QVBoxLayout(tall);
+    column->addLayout(top, 1);
+    column->addLayout(makeSpacings());
+    column->addWidget(m_page);
+    addScrolling(*tall);
+    m_list->setCurrentIndex(placeOfFont(m_fonts, start.FontStyleName));
+    connectParts();
+    chooseFont(m_list->currentIndex());
+    m_size->setValue(start.wholeSize);
+    m_views->setSize(m_size->value());
+    m_space->setValue(usualSpace);
+    m_list->setFocus();
+    const QSize wanted = tall->sizeHint() + QSize(0, layout()->minimumSize().height());
+    resize(wanted.boundedTo(screen()->availableSize() - QSize(frameRoom, frameRoom)));
+}
+
+// On a small screen the upper part scrolls; the buttons stay in sight.
+void FontWindow::addScrolling(QWidget& upper)
+{
+    auto* view = new QScrollArea(this);
+    view->setFrameShape(QFrame::NoFrame);
+    view->setWidgetResizable(true);
+    view->setWidget(&upper);
+    const QMargins edges = upper.layout()->contentsMargins();
+    QLayout* end = makeEnd();
+    end->setContentsMargins(edges.left(), 0, edges.right(), edges.bottom());
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins({});
+    all->addWidget(view, 1);
+    all->addLayout(end);
+}
+
+QCheckBox* FontWindow::addIndicator(const QString& name, const QString& caption)
+{
+    auto* box = new QCheckBox(caption, this);
+    box->setObjectName(name);
+    box->setTristate(true);
+    box->setFocusPolicy(Qt::NoFocus);
+    box->setToolTip(tr("Told by the name of the font; choose another one to change it"));
+    // It tells and cannot be set.
+    connect(box, &QCheckBox::clicked, this, &FontWindow::showStyles);
+    return box;
+}
+
+QGroupBox* FontWindow::makeFontFrame(int mostPoints)
+{
+    auto* frame = new QGroupBox(u"Windows ttf-file INFO"_s, this);
+    frame->setObjectName(u"Frame1"_s);
+    m_list = new QComboBox(frame);
+    m_list->setObjectName(u"Combo1"_s);
+    m_list->setStyleSheet(u"QComboBox { combobox-popup: 0; }"_s);
+    m_list->setMaxVisibleItems(20);
+    m_list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_list->setMinimumContentsLength(30);
+    for (const FontFile& font : m_fonts)
+        m_list->addItem(font.rowText());
+    m_list->view()->setMinimumWidth(m_list->view()->sizeHintForColumn(0) + scrollBarRoom);
+    m_bold = addIndicator(u"CheckBold"_s, u"Bold"_s);
+    m_italic = addIndicator(u"CheckItalic"_s, u"Italic"_s);
+    m_size = new NumberSpin(u"UpDown1"_s, u"Text2"_s, NumberRange{1, double(mostPoints), 1}, frame);
+    auto* sizeLabel = new QLabel(u"Win Font Size"_s, frame);
+    sizeLabel->setBuddy(m_size);
+    m_note = new QLabel(frame);
+    m_note->setObjectName(u"LabelNote"_s);
+    m_note->setWordWrap(true);
+    auto* row = new QHBoxLayout;
+    row->addWidget(m_bold);
+    row->addWidget(m_italic);
+    row->addStretch(1);
+    row->addWidget(sizeLabel);
+    row->addWidget(m_size);
+    auto* column = new QVBoxLayout(frame);
+    column->addWidget(m_list);
+    column->addLayout(row);
+    column->addWidget(m_note, 1);
+    return frame;
+}
+
+QLayout* FontWindow::makeSpacings()
+{
+    m_space = new SpacingFrame(
+        u"Frame3"_s, u"Space Width"_s, u"space_width"_s,
+        {{u"Label3"_s, u"Two"_s, {}, false}, {u"words"_s, u"words"_s, {1, 0}, false}}, this);
+    m_line = new SpacingFrame(u"Frame2"_s, u"Line Space"_s, u"line_space"_s,
+                              {{u"Label2"_s, u"This is a sample of a"_s, {}, false},
+                               {u"multi_line"_s, u"multi-line text"_s, {0, 1}, true}},
+                              this);
+    m_letter = new SpacingFrame(u"Frame4"_s, u"Letter Space"_s, u"letter_space"_s,
+                                {{u"Label4_0"_s, u"f"_s, {}, false},
+                                 {u"Label4_1"_s, u"o"_s, {1, 0}, false},
+                                 {u"Label4_2"_s, u"n"_s, {2, 0}, false},
+                                 {u"Label4_3"_s, u"t"_s, {3, 0}, false}},
+                                this);
+    auto* row = new QHBoxLayout;
+    for (SpacingFrame* frame : {m_space, m_line, m_letter})
+        row->addWidget(frame);
+    return row;
+}
+
+QLayout* FontWindow::makeEnd()
+{
+    m_count = new QLabel(this);
+    m_count->setObjectName(u"LabelCount"_s);
+    m_ranges = new QPlainTextEdit(this);
+    m_ranges->setObjectName(u"LabelFNTSet"_s);
+    m_ranges->setReadOnly(true);
+    m_ranges->setFocusPolicy(Qt::ClickFocus);
+    m_ranges->setFixedHeight(3 * fontMetrics().height());
+    auto* apply = new QPushButton(u"Apply"_s, this);
+    apply->setObjectName(u"butОК"_s);
+    apply->setDefault(true);
+    auto* cancel = new QPushButton(u"Cancel"_s, this);
+    cancel->setObjectName(u"butCancel"_s);
+    cancel->setAutoDefault(false);
+    connect(apply, &QPushButton::clicked, this, &FontWindow::apply);
+    connect(cancel, &QPushButton::clicked, this, &FontWindow::reject);
+    auto* set = new QVBoxLayout;
+    set->addWidget(m_count);
+    set->addWidget(m_ranges);
+    auto* row = new QHBoxLayout;
+    row->addLayout(set, 1);
+    row->addWidget(apply, 0, Qt::AlignBottom);
+    row->addWidget(cancel, 0, Qt::AlignBottom);
+    return row;
+}
+
+void FontWindow::connectParts()
+{
+    connect(m_list, &QComboBox::currentIndexChanged, this, &FontWindow::chooseFont);
+    connect(m_size, &QDoubleSpinBox::valueChanged, m_views, &FontViews::setSize);
+    connect(m_views, &FontViews::loadFromMember, this, &FontWindow::loadFromMember);
+    connect(m_views, &FontViews::loadDefault, this,
+            [this] { setRanges(ParseCharacterRanges(rangesOfDefault(m_defaultFontName))); });
+    connect(m_page, &CharPage::pageChanged, m_views, &FontViews::setPage);
+    connect(m_page, &CharPage::cellPressed, this, &FontWindow::press);
+    // Enter is Apply in the texts too, which would take it as a new line.
+    const auto texts = findChildren<QPlainTextEdit*>();
+    for (QPlainTextEdit* text : texts)
+        text->installEventFilter(this);
+}
+
+bool FontWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            apply();
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void FontWindow::chooseFont(int place)
+{
+    if (place < 0 || place >= static_cast<int>(m_fonts.size())) {
+        m_note->setText(tr("No TrueType font is installed on this system."));
+        showSet();
+        return;
+    }
+    const FontFile& font = m_fonts[static_cast<std::size_t>(place)];
+    m_family = familyOfName(font.name, QFontDatabase::families());
+    m_note->setText(m_family.isEmpty()
+                        ? tr("%1 cannot be shown here, so the examples stand in another font. The "
+                             "boot screen's font is made from its file all the same.")
+                              .arg(font.name)
+                        : QString());
+    m_views->setExample(fontExampleText(font));
+    showStyles();
+    loadFace(font);
+    showSet();
+}
+
+void FontWindow::loadFace(const FontFile& font)
+{
+    QFont shown = m_family.isEmpty() ? QFont() : QFont(m_family);
+    shown.setBold(font.bold());
+    shown.setItalic(font.italic());
+    m_views->setFace(shown);
+    shown.setPixelSize(cellPixels);
+    // The file itself, if it is found: a family may have other files of the same name.
+    const QString path = pathOf(m_installed, font);
+    QRawFont face(path, cellPixels);
+    if (path.isEmpty() || !face.isValid())
+        face = QRawFont::fromFont(shown);
+    m_there = charactersOf(face);
+    m_page->setFace(face, shown, m_there);
+}
+
+void FontWindow::showStyles()
+{
+    const int place = m_list->currentIndex();
+    const FontFile font = place >= 0 ? m_fonts[static_cast<std::size_t>(place)] : FontFile();
+    m_bold->setCheckState(font.bold() ? Qt::PartiallyChecked : Qt::Unchecked);
+    m_italic->setCheckState(font.italic() ? Qt::PartiallyChecked : Qt::Unchecked);
+}
+
+void FontWindow::setRanges(const Result<CharSelected>& set)
+{
+    if (!set) {
+        m_shell.prompts.ShowMessage(QString::fromStdString(set.failure().text));
+        return;
+    }
+    m_set = *set;
+    m_page->setChanged();
+    showSet();
+}
+
+void FontWindow::loadFromMember(const QString& member)
+{
+    const Result<QByteArray> file = readBytes(m_shell.run.Workspace + member);
+    if (!file) {
+        m_shell.prompts.ShowMessage(QString::fromStdString(file.failure().text));
+        return;
+    }
+    setRanges(ParseCharacterRanges(rangesOfFont(*file)));
+}
+
+void FontWindow::press(int code)
+{
+    (void)toggleCharacter(m_set, code);
+    showSet();
+}
+
+void FontWindow::showSet()
+{
+    m_ranges->setPlainText(inLines(FormatCharacterRanges(m_set), u','));
+    m_views->setChanged();
+    CharSelected wanted = m_set;
+    wanted[0] = false; // never goes into a font
+    const auto all = static_cast<int>(wanted.count());
+    const auto missing = static_cast<int>((wanted & ~m_there).count());
+    QString text = tr("%1 characters selected").arg(all);
+    if (missing > 0)
+        text += tr(", %1 of them not in this font: they are left out").arg(missing);
+    m_count->setText(text);
+}
+
+void FontWindow::apply()
+{
+    m_views->showView(WindowsView);
+    accept();
+}
+
+FontChoice FontWindow::choice() const
+{
+    FontChoice choice;
+    if (const int place = m_list->currentIndex(); place >= 0) {
+        const FontFile& font = m_fonts[static_cast<std::size_t>(place)];
+        choice.family = m_family.isEmpty() ? plainName(font) : m_family;
+        choice.bold = font.bold();
+        choice.italic = font.italic();
+        const QString path = pathOf(m_installed, font);
+        choice.fileName = path.isEmpty() ? font.fileName : nameForTool(path, installedFontFiles());
+    }
+    choice.size = m_size->value();
+    choice.FontSpaceWidth = m_space->value();
+    choice.FontLineSpace = m_line->value();
+    choice.FontLetterSpace = m_letter->value();
+    return choice;
+}
+
+} // namespace fennel

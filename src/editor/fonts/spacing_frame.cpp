@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "editor/fonts/spacing_frame.h"
+
+#include <QHBoxLayout>
+
+namespace fennel {
+
+namespace {
+// What the font format can hold as an advance.
+constexpr NumberRange spacings{-127, 127, 0};
+constexpr int samplePixels = 15; // height of the sample's letters
+} // namespace
+
+SpacingFrame::SpacingFrame(const QString& name, const QString& title, const QString& number,
+                           const std::vector<Word>& words, QWidget* parent)
+    : QGroupBox(title, parent),
+      m_number(new NumberSpin(QStringLiteral("UpDown_") + number, number, spacings, this)),
+      m_sample(new QWidget(this))
+{
+    setObjectName(name);
+    m_number->setSuffix(QStringLiteral(" px"));
+    m_number->setToolTip(tr("Pixels of the boot screen"));
+    for (const Word& word : words)
+        addWord(word);
+    // Room for two lines and the spacings that are of use.
+    m_sample->setMinimumSize(m_sample->childrenRect().right() + samplePixels, 4 * samplePixels);
+    auto* row = new QHBoxLayout(this);
+    row->setSpacing(samplePixels);
+    row->addWidget(m_number, 0, Qt::AlignVCenter);
+    row->addWidget(m_sample, 1);
+    connect(m_number, &QDoubleSpinBox::valueChanged, this, &SpacingFrame::moveWords);
+}
+
+// Each further word stands behind or below the one before.
+void SpacingFrame::addWord(const Word& word)
+{
+    auto* label = new QLabel(word.text, m_sample);
+    label->setObjectName(word.name);
+    QFont font = label->font();
+    font.setPixelSize(samplePixels);
+    label->setFont(font);
+    label->adjustSize();
+    QPoint base(0, samplePixels / 2);
+    if (!m_words.empty()) {
+        const QRect before = m_words.back().label->geometry();
+        base = word.newLine ? QPoint(0, before.bottom() + 1)
+                            : QPoint(before.right() + 1, before.top());
+    }
+    label->move(base);
+    m_words.push_back({label, base, word.step});
+}
+
+void SpacingFrame::moveWords()
+{
+    for (const Placed& word : m_words)
+        // From the base and not from the present place, so that roundings do not add up. One pixel
+        // here is one of the boot screen.
+        word.label->move(word.base + word.step * value());
+}
+
+void SpacingFrame::setValue(int value)
+{
+    m_number->setValue(value);
+}
+
+qint16 SpacingFrame::value() const
+{
+    return static_cast<qint16>(m_number->value());
+}
+
+} // namespace fennel

@@ -1,0 +1,301 @@
+// SPDX-License-Identifier: MIT
+#include "editor/lists/list_actions.h"
+
+#include "base/files.h"
+#include "base/run_state.h"
+#include "params/object_table.h"
+
+namespace fennel {
+
+namespace {
+
+constexpr int separatorOfMenus = 2; // row 2 of list 1 parts the embedded menu from the files
+
+const ListRow* rowAt(const ParamLists& lists, int tab, int row)
+{
+    const ListRows* list = lists.list(tab);
+    return list ? list->row(row) : nullptr;
+}
+
+bool isMember(const ListRow& row)
+{
+    return row.tag.contains(QLatin1String("|File: "));
+}
+
+// Grey means "has no effect now", so such rows are passed over when one is selected.
+bool isGrey(const ListRow& row)
+{
+    return row.colour == greyRow;
+}
+
+DoubleClick onPicture(const RunState& run, const ParamLists& lists, int tab, const QString& name)
+{
+    if (run.gfxboot_var == 1)
+        return DoubleClick::Nothing;
+    if (isLogoTab(lists, tab) && fitsPattern(name, QStringLiteral("Logo_??.jpg")))
+        return DoubleClick::ShowLogo;
+    return tab == TabBackgrounds ? DoubleClick::ShowBackground : DoubleClick::OpenPicture;
+}
+
+// By the ending of the name, as members have no other type.
+DoubleClick onMember(const RunState& run, const ParamLists& lists, int tab, const ListRow& row,
+                     int number)
+{
+    const QString name = row.text().toLower();
+    if (name.endsWith(QLatin1String(".lst")))
+        return tab == TabMenu && number != separatorOfMenus ? DoubleClick::TakeMenu
+                                                            : DoubleClick::Nothing;
+    if (name.endsWith(QLatin1String(".txt")))
+        return lists.objectOfTab(tab) >= 0 ? DoubleClick::ShowText : DoubleClick::Nothing;
+    if (name.endsWith(QLatin1String(".jpg")))
+        return onPicture(run, lists, tab, row.text());
+    if (name.endsWith(QLatin1String(".fnt")))
+        return run.GfxHasCfg || run.GfxHasZuk ? DoubleClick::ShowFont : DoubleClick::TellOldFonts;
+    return DoubleClick::Nothing;
+}
+
+DoubleClick onPlainRow(const RunState& run, int tab, const ListRow& row, int number)
+{
+    // Only rows with an id are values; the member rows below them were handled before.
+    if (tab >= FirstObjectTab)
+        return isParameterRow(row) ? DoubleClick::EditValue : DoubleClick::Nothing;
+    if (row.tag.isEmpty())
+        return DoubleClick::Nothing; // comment lines, separators
+    if (tab == TabMenu && number != separatorOfMenus)
+        return DoubleClick::TakeMenu;
+    return tab == TabConfig && !run.GfxHasZuk ? DoubleClick::EditValue : DoubleClick::Nothing;
+}
+
+// Names made of a bare "??", such as "01", are no members: on other tabs nothing is deleted.
+QString deleteAllMask(const ParamLists& lists, int tab)
+{
+    if (tab == TabBackgrounds)
+        return QStringLiteral("back_??.jpg");
+    if (tab == TabFonts)
+        return QStringLiteral("16x16_??.fnt");
+    return isLogoTab(lists, tab) ? QStringLiteral("Logo_??.jpg") : QStringLiteral("??");
+}
+
+} // namespace
+
+// Goes on in the direction of the movement, so the arrow keys pass over grey rows instead of
+// sticking at them, and round the ends. The count bounds the search if every row is grey.
+int selectableRow(const ListRows& list, int clicked, int cameFrom)
+{
+    const int count = list.count();
+    const int step = clicked < cameFrom ? -1 : 1;
+    int row = clicked;
+    for (int tried = 0; tried < count; ++tried) {
+        if (const ListRow* found = list.row(row); found && !isGrey(*found))
+            return row;
+        row += step;
+        if (row < 1)
+            row = count;
+        else if (row > count)
+            row = 1;
+    }
+    return 0;
+}
+
+// Decides only; the window carries it out. Nothing here changes the lists.
+ItemClick onItemClick(const RunState& run, const ParamLists& lists, int tab, int row,
+                      bool rightButton)
+{
+    ItemClick click;
+    click.select = row;
+    const ListRow* clicked = rowAt(lists, tab, row);
+    if (!clicked)
+        return click;
+    const bool generation3 = run.gfxboot_var == 3;
+    click.showFont = generation3 && tab == TabFonts;
+    // Only generation 3 has rows that can be switched off as a group.
+    if (generation3 && isGrey(*clicked)) {
+        click.select = selectableRow(*lists.list(tab), row, lists.CurrentRow);
+        click.skipped = true;
+        return click;
+    }
+    click.buttons = buttonsOfRow(run, lists, tab, row);
+    click.showPopup =
+        rightButton && run.gfxboot_var >= 2 && !isGrey(*clicked) && isMember(*clicked);
+    click.showCfgStatus = tab == TabConfig && !rightButton;
+    return click;
+}
+
+DoubleClick onDoubleClick(const RunState& run, const ParamLists& lists, int tab, int row,
+                          bool checkFromMenu)
+{
+    // While a menu's values lie over the lists, a value edited here would seem to have no effect.
+    if (checkFromMenu)
+        return DoubleClick::RefuseMenuLevel;
+    const ListRow* clicked = rowAt(lists, tab, row);
+    if (!clicked)
+        return DoubleClick::Nothing;
+    if (isGrey(*clicked) || clicked->colour == fixedRow)
+        return run.gfxboot_var == 3 ? DoubleClick::SelectFirst : DoubleClick::Nothing;
+    if (isMember(*clicked))
+        return onMember(run, lists, tab, *clicked, row);
+    return onPlainRow(run, tab, *clicked, row);
+}
+
+ListKey onListKey(int tab, int key)
+{
+    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (tab == TabMenu)
+        // Other keys belong to the list itself, such as the search for a name.
+        return enter ? ListKey::TakeMenu : ListKey::Nothing;
+    if (tab != TabConfig && tab < FirstObjectTab)
+        return ListKey::Nothing;
+    if (enter)
+        return ListKey::EditValue;
+    // The key "2" flips a check mark by old habit of this list.
+    return key == Qt::Key_2 ? ListKey::FlipCheck : ListKey::Nothing;
+}
+
+// The check marks of list 1 choose the menu; those of list 3 switch lines of the cfg file.
+RowCheck onRowCheck(const RunState& run, const ParamLists& lists, int tab, int row)
+{
+    const ListRow* clicked = rowAt(lists, tab, row);
+    if (!clicked)
+        return RowCheck::Refuse;
+    if (tab == TabMenu)
+        return row == separatorOfMenus ? RowCheck::Refuse : RowCheck::TakeMenu;
+    const bool fixed = clicked->colour == fixedRow || isGrey(*clicked);
+    return tab == TabConfig && run.gfxboot_var == 2 && !fixed ? RowCheck::WriteCfg
+                                                              : RowCheck::Refuse;
+}
+
+QRgb checkedColour(bool checked)
+{
+    return checked ? qRgb(0, 128, 0) : blueRow;
+}
+
+// What is only planned is told as such, as the button is there on every tab.
+AddAction onComADD(const ParamLists& lists, int tab)
+{
+    if (tab == TabFonts)
+        return AddAction::AddFont;
+    if (tab == TabBackgrounds)
+        return AddAction::AddBackground;
+    return isLogoTab(lists, tab) ? AddAction::AddLogo : AddAction::TellPlanned;
+}
+
+// The order matters: a picture on the tab of all members has a tab of its own to be edited on.
+EditAction onComEdit(const ParamLists& lists, int tab, const QString& name)
+{
+    if (tab == TabGfxboot && name.contains(QLatin1String(".jpg"), Qt::CaseInsensitive))
+        return EditAction::TellSpecialTab;
+    if (tab == TabBackgrounds)
+        return EditAction::EditBackground;
+    if (tab == TabFonts)
+        return EditAction::EditFont;
+    if (isLogoTab(lists, tab))
+        return EditAction::EditLogo;
+    const QString caption =
+        lists.objectOfTab(tab) >= 0 ? lists.tabs[static_cast<std::size_t>(tab)].caption : QString();
+    const bool planned =
+        caption == QLatin1String("Glasses") || caption == QLatin1String("Animation");
+    return planned ? EditAction::TellPlanned : EditAction::EditText;
+}
+
+DeleteAction onComDEL(const ParamLists& lists, int tab, int row, bool required)
+{
+    const ListRow* selected = rowAt(lists, tab, row);
+    if (!selected || !isMember(*selected))
+        return DeleteAction::Nothing;
+    // These stay, whatever tab they are to be deleted from.
+    if (required)
+        return DeleteAction::RefuseRequired;
+    const bool handled = tab == TabBackgrounds || tab == TabFonts || isLogoTab(lists, tab);
+    return handled ? DeleteAction::AskDelete : DeleteAction::TellPlanned;
+}
+
+std::vector<PopupEntry> rowPopup(int tab, const QString& name)
+{
+    // Entry 0 is the heading; here it can be clicked, on other tabs it only names the row.
+    if (tab == TabConfig)
+        return {{0, name, true}};
+    return {{0, name, false},
+            {1, QStringLiteral("1 - ") + name, true},
+            {popupEdit, QStringLiteral("Edit ") + name, true},
+            {popupDelete, QStringLiteral("Delete ") + name, true}};
+}
+
+std::vector<PopupEntry> tabPopup(const RunState& run, const ParamLists& lists, int tab)
+{
+    if (run.gfxboot_var < 2 || !lists.list(tab))
+        return {};
+    const QString caption = lists.tabs[static_cast<std::size_t>(tab)].caption;
+    const bool logo = isLogoTab(lists, tab);
+    std::vector<PopupEntry> entries = {
+        {0, caption + QStringLiteral(" Контекстное меню для вкладки"), true}};
+    if ((tab >= FirstObjectTab && !logo) || tab == TabMenu)
+        entries.push_back({popupFitColumns, QStringLiteral("Columns AutoWidth")});
+    if (tab == TabBackgrounds) {
+        entries.push_back({popupReorder, QStringLiteral("Reorder ITEMs")});
+        entries.push_back({popupFitColumns, QStringLiteral("Columns AutoWidth")});
+    }
+    if (run.GfxHasZuk && tab != TabGfxboot && tab != TabConfig) {
+        entries.push_back({popupDeleteAll, QStringLiteral("Delete all files")});
+        entries.push_back({popupAdd, QStringLiteral("Add NEW file")});
+        if (tab == TabBackgrounds)
+            entries.push_back(
+                {popupResizeBackgrounds, QStringLiteral("Resize all backgrounds...")});
+        if (logo)
+            entries.push_back({popupResizeLogos, QStringLiteral("Resize all LOGOs...")});
+    }
+    return entries;
+}
+
+QStringList deleteAllNames(const ParamLists& lists, int tab)
+{
+    const QString mask = deleteAllMask(lists, tab);
+    QStringList names;
+    // 01 to 99: number 00 is the first of its kind, which must stay.
+    for (int number = 101; number < 200; ++number)
+        names.append(QString(mask).replace(QStringLiteral("??"), QString::number(number).right(2)));
+    return names;
+}
+
+QString overlappedText()
+{
+    return QStringLiteral("You can not edit data, while they are overlap by\n"
+                          "the \"MenuLevel data\"!\n\n"
+                          "Uncheck \"MenuLevel data\" to edit ZUKxxxx.CFG data");
+}
+
+QString oldFontsText()
+{
+    return QStringLiteral("Too old version of the gfxboot.\nFonts are not supported");
+}
+
+QString plannedText()
+{
+    return QStringLiteral("ПЛАН...\nPlanned...");
+}
+
+QString plannedMenuText()
+{
+    return QStringLiteral("Запланировано...\nPlanned...\nMenu TEXT changing...");
+}
+
+QString plannedUpDownText(int value)
+{
+    return plannedText() + QStringLiteral("\nUpDown: %1").arg(value);
+}
+
+QString specialTabText()
+{
+    return QStringLiteral("Use a special tab for this item");
+}
+
+QString notTextFileText()
+{
+    return QStringLiteral("This file is not a text file");
+}
+
+QString askDeleteText(const QString& name)
+{
+    return QStringLiteral("Удалить файл %1?").arg(name);
+}
+
+} // namespace fennel

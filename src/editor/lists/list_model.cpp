@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: MIT
+#include "editor/lists/list_model.h"
+
+#include "editor/lists/swatch.h"
+
+#include <QBrush>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QFont>
+#include <QImageReader>
+#include <QTextDocument>
+
+namespace fennel {
+
+namespace {
+
+// A text of a megabyte would be measured and drawn for seconds; the row itself keeps it whole.
+constexpr qsizetype longestShown = 500;
+
+QString shortened(const QString& text)
+{
+    return text.size() > longestShown ? text.left(longestShown) + QChar(u'…') : text;
+}
+
+// Tool tips take what looks like markup for markup; comments of files are plain text.
+QString plainTip(const QString& text)
+{
+    const QString tip = shortened(text);
+    return Qt::mightBeRichText(tip) ? QStringLiteral("<qt>%1</qt>").arg(tip.toHtmlEscaped()) : tip;
+}
+
+} // namespace
+
+ListModel::ListModel(QSize iconSize, QObject* parent)
+    : QAbstractTableModel(parent), m_iconSize(iconSize)
+{
+}
+
+void ListModel::setRows(const ListRows* rows)
+{
+    beginResetModel();
+    m_rows = rows;
+    endResetModel();
+}
+
+void ListModel::reset()
+{
+    beginResetModel();
+    endResetModel();
+}
+
+// Unlike reset() this keeps selection and scroll place, for changes within rows.
+void ListModel::refresh()
+{
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+void ListModel::setIconSize(QSize size)
+{
+    m_iconSize = size;
+    // They were read in the old size.
+    m_pictures.clear();
+    m_swatches.clear();
+}
+
+int ListModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() || m_rows == nullptr ? 0 : m_rows->count();
+}
+
+int ListModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() || m_rows == nullptr ? 0 : static_cast<int>(m_rows->columns.size());
+}
+
+const ListRow* ListModel::rowAt(const QModelIndex& index) const
+{
+    return m_rows == nullptr || !index.isValid() ? nullptr : m_rows->row(index.row() + 1);
+}
+
+QVariant ListModel::data(const QModelIndex& index, int role) const
+{
+    const ListRow* row = rowAt(index);
+    if (row == nullptr)
+        return {};
+    const auto column = static_cast<std::size_t>(index.column());
+    const RowCell cell = column < row->cells.size() ? row->cells[column] : RowCell{};
+    switch (role) {
+    case Qt::DisplayRole:
+        return shortened(cell.text);
+    case Qt::ToolTipRole:
+        return cell.toolTip.isEmpty() ? QVariant() : QVariant(plainTip(cell.toolTip));
+    // A cell's own colour goes before the row's.
+    case Qt::ForegroundRole: {
+        const std::optional<QRgb> colour = cell.colour ? cell.colour : row->colour;
+        return colour ? QVariant(QBrush(QColor(textOnGround(*colour, m_ground)))) : QVariant();
+    }
+    case Qt::FontRole: {
+        QFont font;
+        font.setBold(cell.bold || row->bold);
+        return font;
+    }
+    case Qt::CheckStateRole:
+        if (column == 0 && row->checked)
+            return *row->checked ? Qt::Checked : Qt::Unchecked;
+        return {};
+    case Qt::DecorationRole:
+        return column == 0 ? decoration(*row) : QVariant();
+    default:
+        return {};
+    }
+}
+
+QVariant ListModel::decoration(const ListRow& row) const
+{
+    if (m_measuring && (row.swatch || !row.iconFile.isEmpty())) {
+        QImage blank(m_iconSize, QImage::Format_Mono);
+        blank.fill(0); // the view converts it, although only its size counts
+        return blank;
+    }
+    if (!row.iconFile.isEmpty()) {
+        const QPixmap image = picture(row.iconFile);
+        return image.isNull() ? QVariant() : QVariant(image);
+    }
+    return row.swatch ? QVariant(swatch(*row.swatch)) : QVariant();
+}
+
+QPixmap ListModel::swatch(QRgb colour) const
+{
+    constexpr qsizetype keptSwatches = 256; // a slider passes through more colours than it shows
+    if (m_swatches.size() >= keptSwatches)
+        m_swatches.clear();
+    QPixmap& kept = m_swatches[colour];
+    if (kept.isNull())
+        kept = QPixmap::fromImage(swatchImage(colour, m_iconSize));
+    return kept;
+}
+
+QPixmap ListModel::picture(const QString& path) const
+{
+    const QFileInfo info(path);
+    // Time and size are part of the key: a picture that was replaced under its name must not show
+    // as before.
+    const QString key = path + QLatin1Char('|') +
+                        QString::number(info.lastModified().toMSecsSinceEpoch()) +
+                        QLatin1Char('|') + QString::number(info.size());
+    const auto found = m_pictures.constFind(key);
+    if (found != m_pictures.constEnd())
+        return *found;
+    QImageReader reader(path);
+    const QSize size = reader.size();
+    // Scaled while it is read, which spares decoding a large JPEG in full. expandedTo keeps a very
+    // flat picture from vanishing.
+    if (size.isValid())
+        reader.setScaledSize(size.scaled(m_iconSize, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    QPixmap image = size.isValid() ? QPixmap::fromImage(reader.read()) : QPixmap();
+    // A picture that cannot be read is kept too, as an empty one, and is not tried again at each
+    // repaint.
+    m_pictures.insert(key, image);
+    return image;
+}
+
+QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 ||
+        section >= columnCount())
+        return {};
+    return m_rows->columns[section];
+}
+
+Qt::ItemFlags ListModel::flags(const QModelIndex& index) const
+{
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    const ListRow* row = rowAt(index);
+    if (row != nullptr && row->checked && index.column() == 0)
+        flags |= Qt::ItemIsUserCheckable;
+    return flags;
+}
+
+// The model never changes the rows itself: whether a mark may change is decided by who listens.
+bool ListModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (role != Qt::CheckStateRole)
+        return false;
+    Q_EMIT checkAsked(index.row() + 1, value.toInt() == Qt::Checked);
+    return true;
+}
+
+} // namespace fennel

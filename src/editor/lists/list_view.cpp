@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: MIT
+#include "editor/lists/list_view.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+#include <limits>
+#include <utility>
+
+namespace fennel {
+
+namespace {
+constexpr QSize reportIcon(22, 16);
+constexpr QSize largeIcon(144, 108);
+constexpr QSize largeCell(164, 146);
+// Logical pixels. A long comment in an inner column must not push the others out of sight, unless
+// the user asks for it.
+constexpr int widestColumn = 260;
+} // namespace
+
+ListView::ListView(int number, QWidget* parent)
+    : QStackedWidget(parent), m_model(reportIcon, this), m_report(new QTreeView(this)),
+      m_icons(new QListView(this))
+{
+    // Lists are numbered from 1, as the tabs are.
+    setObjectName(QStringLiteral("ListView1_%1").arg(number));
+    m_report->setRootIsDecorated(false);
+    m_report->setUniformRowHeights(true);
+    m_report->setIconSize(reportIcon);
+    m_report->setAllColumnsShowFocus(true);
+    m_report->header()->setHighlightSections(false);
+    m_icons->setViewMode(QListView::IconMode);
+    m_icons->setResizeMode(QListView::Adjust);
+    m_icons->setMovement(QListView::Snap);
+    m_icons->setIconSize(largeIcon);
+    m_icons->setGridSize(largeCell);
+    m_icons->setWordWrap(true);
+    addWidget(m_report);
+    addWidget(m_icons);
+    for (QAbstractItemView* view :
+         {static_cast<QAbstractItemView*>(m_report), static_cast<QAbstractItemView*>(m_icons)})
+        connectView(*view);
+    connect(&m_model, &ListModel::checkAsked, this, &ListView::rowChecked);
+    m_model.setGround(palette().color(QPalette::Base).rgb());
+}
+
+// The desktop may change between light and dark while the program runs.
+void ListView::changeEvent(QEvent* event)
+{
+    QStackedWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        m_model.setGround(palette().color(QPalette::Base).rgb());
+}
+
+void ListView::connectView(QAbstractItemView& view)
+{
+    view.setModel(&m_model);
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setSelectionMode(QAbstractItemView::SingleSelection);
+    view.setSelectionBehavior(QAbstractItemView::SelectRows);
+    view.viewport()->installEventFilter(this);
+    view.installEventFilter(this);
+    connect(view.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this, &view](const QModelIndex& now) {
+                // Both views share one model and both hear of changes; only the one on top speaks.
+                if (m_silent || !now.isValid() || &view != current())
+                    return;
+                m_moved = false;
+                // A pop-up takes the release of the button away, so the flag ends here.
+                Q_EMIT rowSelected(now.row() + 1, std::exchange(m_rightButton, false));
+            });
+    // The view marks the row that was clicked only after it has told of it: a row selected in
+    // answer has to be marked once more.
+    connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        if (!m_silent && std::exchange(m_moved, false))
+            select(selected());
+    });
+    connect(&view, &QAbstractItemView::doubleClicked, this,
+            [this](const QModelIndex& index) { Q_EMIT rowActivated(index.row() + 1); });
+}
+
+QAbstractItemView* ListView::current() const
+{
+    return static_cast<QAbstractItemView*>(currentWidget());
+}
+
+// Silent: filling a list is no click of the user's.
+void ListView::setRows(const ListRows* rows)
+{
+    const QScopedValueRollback<bool> silent(m_silent, true);
+    const bool icons = rows != nullptr && rows->iconView;
+    m_model.setIconSize(icons ? largeIcon : reportIcon);
+    m_model.setRows(rows);
+    setCurrentWidget(icons ? static_cast<QWidget*>(m_icons) : m_report);
+    setFocusProxy(currentWidget());
+    fitWithin(widestColumn);
+    select(rows == nullptr ? 0 : rows->selected);
+}
+
+void ListView::refresh()
+{
+    m_model.refresh();
+}
+
+void ListView::select(int row)
+{
+    const QScopedValueRollback<bool> silent(m_silent, true);
+    const QModelIndex index = m_model.index(row - 1, 0);
+    current()->setCurrentIndex(index);
+    if (index.isValid())
+        current()->scrollTo(index);
+    m_moved = true;
+}
+
+int ListView::selected() const
+{
+    return current()->currentIndex().row() + 1;
+}
+
+void ListView::fitColumns()
+{
+    fitWithin(std::numeric_limits<int>::max());
+}
+
+void ListView::fitWithin(int widest)
+{
+    if (current() != m_report)
+        return;
+    m_model.setMeasuring(true);
+    for (int column = 0; column < m_model.columnCount(); ++column) {
+        m_report->resizeColumnToContents(column);
+        const bool last = column + 1 == m_model.columnCount();
+        if (!last && m_report->columnWidth(column) > widest)
+            m_report->setColumnWidth(column, widest);
+    }
+    m_model.setMeasuring(false);
+}
+
+void ListView::reorderItems()
+{
+    // Icons can be dragged about; this puts them back into their rows.
+    m_icons->doItemsLayout();
+}
+
+QRect ListView::rowRect(int row) const
+{
+    const QRect rect = current()->visualRect(m_model.index(row - 1, 0));
+    const QPoint corner = current()->viewport()->mapTo(this, rect.topLeft());
+    return rect.isEmpty() ? QRect() : QRect(corner, rect.size());
+}
+
+bool ListView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress && watched == currentWidget()) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_2) {
+            // The Enter of the number pad counts as the other one.
+            Q_EMIT keyPressed(key == Qt::Key_Enter ? static_cast<int>(Qt::Key_Return) : key);
+            return true;
+        }
+    }
+    if (event->type() == QEvent::MouseButtonPress && watched == current()->viewport()) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        const QModelIndex index = current()->indexAt(mouse->pos());
+        m_rightButton = mouse->button() == Qt::RightButton;
+        // A press on the row that is selected already moves nothing, but is a click all the same.
+        if (index.isValid() && index.row() + 1 == selected())
+            Q_EMIT rowSelected(index.row() + 1, std::exchange(m_rightButton, false));
+    }
+    // Selections by keyboard must not count as made with the button of the last click.
+    if (event->type() == QEvent::MouseButtonRelease)
+        m_rightButton = false;
+    return QStackedWidget::eventFilter(watched, event);
+}
+
+} // namespace fennel

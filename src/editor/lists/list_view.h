@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+// ListView1: one list of the workbench, as a report or as large icons. It shows rows and passes on
+// what the user does to them; what that means is decided elsewhere.
+#pragma once
+
+#include "editor/lists/list_model.h"
+
+#include <QListView>
+#include <QStackedWidget>
+#include <QTreeView>
+
+namespace fennel {
+
+class ListView : public QStackedWidget {
+    Q_OBJECT
+public:
+    // `number` from 1, as its tab; it names the widget.
+    ListView(int number, QWidget* parent);
+
+    // Shows the rows from scratch and selects rows.selected. Null empties the list.
+    void setRows(const ListRows* rows);
+    // Cells changed, rows did not.
+    void refresh();
+    // Rows are counted from 1; 0 selects none. Scrolls the row into view without rowSelected().
+    void select(int row);
+    // From 1; 0 if no row is selected.
+    [[nodiscard]] int selected() const;
+    // "Columns AutoWidth": each column as wide as its widest text. setRows() keeps all columns but
+    // the last from growing very wide.
+    void fitColumns();
+    // "Reorder ITEMs": lays large icons out anew.
+    void reorderItems();
+    // Where a row stands, in this widget's coordinates; empty if it is scrolled away.
+    [[nodiscard]] QRect rowRect(int row) const;
+
+Q_SIGNALS:
+    // By the user only; again for a click on the row that is selected already.
+    void rowSelected(int row, bool rightButton);
+    void rowActivated(int row); // double click
+    // Asked for, not done: the rows change only if the listener changes them.
+    void rowChecked(int row, bool checked);
+    // Qt::Key_Return (for either Enter) or Qt::Key_2; other keys are the list's own.
+    void keyPressed(int key);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void connectView(QAbstractItemView& view);
+    [[nodiscard]] QAbstractItemView* current() const;
+    // Each column but the last gets at most so many logical pixels.
+    void fitWithin(int widest);
+
+    ListModel m_model;
+    QTreeView* m_report;
+    QListView* m_icons;
+    bool m_silent = false;
+    bool m_rightButton = false;
+    bool m_moved = false; // select() answered the latest rowSelected()
+};
+
+} // namespace fennel

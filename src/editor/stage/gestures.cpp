@@ -1,0 +1,443 @@
+// SPDX-License-Identifier: MIT
+// Gestures on the background and on panels, and the keys.
+#include "editor/stage/gestures.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int nameStatus = 5;
+constexpr int placeStatus = 6;
+constexpr int statusEvery = 100; // x + y divided by it: how seldom a move updates the status line
+constexpr int statusRest = 49;
+
+// Without "0x", which the text around it has.
+QString hexDigits(QRgb colour)
+{
+    return QString::number(colour & 0xffffffU, 16).toUpper().rightJustified(6, u'0');
+}
+
+// Both corners belong to the box. (QRect::normalized moves an upside-down box by one.)
+QRect boxOf(QPoint a, QPoint b)
+{
+    return {QPoint(std::min(a.x(), b.x()), std::min(a.y(), b.y())),
+            QPoint(std::max(a.x(), b.x()), std::max(a.y(), b.y()))};
+}
+
+} // namespace
+
+QString StageGestures::toolTip(QPoint at) const
+{
+    const int index = m_stage.panelAt(at);
+    return index < 0 ? QString() : m_stage.record(index).Name;
+}
+
+void StageGestures::setTarget(QPoint at)
+{
+    m_panel = -1;
+    // The marker lies over all panels.
+    if (m_stage.markerVisible() && m_stage.marker().contains(at)) {
+        m_target = Target::Marker;
+        return;
+    }
+    m_panel = m_stage.panelAt(at);
+    m_target = m_panel < 0 ? Target::Background : Target::Panel;
+}
+
+void StageGestures::press(const StageMouse& mouse)
+{
+    // A second button during a drag belongs to the same gesture. If no other is down, the release
+    // of the gesture before got lost, to a window that came up.
+    const bool second = m_target != Target::None && mouse.buttons != mouse.button;
+    if (second && m_target == Target::Marker)
+        return;
+    if (!second) {
+        setTarget(mouse.at);
+        m_before = {};
+        m_moved = false;
+    }
+    switch (m_target) {
+    case Target::Panel:
+        panelPressed(mouse);
+        break;
+    case Target::Marker:
+        markerPressed(mouse);
+        break;
+    default:
+        m_selFrom = m_selTo = mouse.at;
+        m_stage.setOverlay({});
+        break;
+    }
+}
+
+void StageGestures::move(const StageMouse& mouse)
+{
+    const bool held = m_target != Target::None;
+    if (!held)
+        setTarget(mouse.at);
+    if (m_target == Target::Panel && m_stage.isRow(m_panel))
+        panelMoved(mouse, m_panel);
+    else if (m_target == Target::Marker)
+        markerMoved(mouse);
+    else
+        backgroundMoved(mouse);
+    if (!held)
+        m_target = Target::None;
+}
+
+void StageGestures::release(const StageMouse& mouse)
+{
+    // Over before it is acted on: a message or a menu lets other events in.
+    const Target target = m_target;
+    if (mouse.buttons == Qt::NoButton)
+        m_target = Target::None;
+    if (target == Target::Panel && m_stage.isRow(m_panel))
+        panelReleased(mouse);
+    else if (target == Target::Panel)
+        m_stage.run().InterfaceReady = true; // the object went with its gfxboot
+    else if (target == Target::Marker)
+        markerReleased();
+    else if (target == Target::Background && mouse.button == Qt::RightButton)
+        m_stage.host().backgroundMenu(mouse.at);
+}
+
+void StageGestures::remember(int index)
+{
+    // Menu and bar are rows 0 and 1, so the one is MenuBarRow minus the other.
+    const int other = isMenuRow(index) ? MenuBarRow - index : -1;
+    m_before = {};
+    for (std::size_t i = 0; i < m_before.size(); ++i) {
+        const int row = i == 0 ? index : other;
+        if (m_stage.isRow(row))
+            m_before[i] = {row, m_stage.panel(row).rect, m_stage.record(row)};
+    }
+}
+
+void StageGestures::panelPressed(const StageMouse& mouse)
+{
+    if (picking())
+        return;
+    const int index = m_panel;
+    m_dragging = !locked();
+    // Until the release: what the drag writes into the lists must not come back as a change by
+    // hand.
+    m_stage.run().InterfaceReady = false;
+    // Escape goes back to the first press.
+    if (m_before[0].index != index)
+        remember(index);
+    if (m_stage.record(index).Roll)
+        return;
+    m_stage.raisePanel(index);
+    // Raised after the menu, as it lies on it.
+    if (isMenuRow(index))
+        m_stage.raisePanel(MenuBarRow);
+    if (levels())
+        m_stage.host().selectTabOf(index);
+    if (!m_stage.isRow(index))
+        return; // the tab's page brought another gfxboot
+    // The point of the panel under the mouse stays there for the whole drag.
+    m_grab = mouse.at - m_stage.panel(index).rect.topLeft();
+    m_stage.ShowMarker(-1, -1);
+    if (index != m_stage.SelectedPanel)
+        m_stage.SelectPanel(index);
+}
+
+void StageGestures::showPanelStatus(int index)
+{
+    const StageScale scale = m_stage.scale();
+    const PanelRec& rec = m_stage.record(index);
+    const QRect& rect = m_stage.panel(index).rect;
+    m_stage.host().setStatus(nameStatus, rec.Name);
+    m_stage.host().setStatus(placeStatus, u"(%1;%2), %3x%4, Transp.=%5"_s.arg(scale.boot(rect.x()))
+                                              .arg(scale.boot(rect.y()))
+                                              .arg(scale.boot(rect.width()))
+                                              .arg(scale.boot(rect.height()))
+                                              .arg(rec.Transp));
+}
+
+void StageGestures::panelMoved(const StageMouse& mouse, int index)
+{
+    if (m_stage.record(index).Roll)
+        return;
+    if (picking())
+        m_cursor = StageCursor::Picker;
+    else
+        m_cursor = index == m_stage.SelectedPanel ? StageCursor::Selected : StageCursor::Other;
+    if (m_dragging && (mouse.buttons & Qt::LeftButton) && !picking()) {
+        movePanelTo(index, mouse.at - m_grab);
+        m_moved = true;
+        // Generation 3 keeps a place in parameters, generation 2 in two lines of the cfg file.
+        if (levels()) {
+            storePlace(index);
+            m_stage.host().PanelParamsToRow(index);
+        } else if (isMenuRow(index)) {
+            const QRect& menu = m_stage.panel(MenuPanelRow).rect;
+            writeMenuStart(m_stage.scale().boot(menu.x()), m_stage.scale().boot(menu.y()));
+        }
+    }
+    showPanelStatus(index);
+}
+
+// The menu and its bar move together.
+void StageGestures::movePanelTo(int index, QPoint wanted)
+{
+    const int generation = m_stage.run().gfxboot_var;
+    const QSize picture = m_stage.pictureSize();
+    QRect rect = m_stage.panel(index).rect;
+    const int menuHeight = m_stage.panel(MenuPanelRow).rect.height();
+    rect.moveTopLeft(limitedPlace(wanted, dragLimits(index, m_stage.record(index), rect, menuHeight,
+                                                     picture, generation, m_stage.scale())));
+    if (isMenuRow(index)) {
+        rect.setWidth(menuWidth(rect.x(), rect.width(), picture.width(), generation));
+        const int other = MenuBarRow - index;
+        if (m_stage.isRow(other)) {
+            const int height = m_stage.panel(other).rect.height();
+            m_stage.setPanelRect(other, {rect.x(), rect.y(), rect.width(), height});
+        }
+    }
+    m_stage.setPanelRect(index, rect);
+}
+
+const StageGestures::Before* StageGestures::before(int index) const
+{
+    for (const Before& before : m_before) {
+        if (before.index == index)
+            return &before;
+    }
+    return nullptr;
+}
+
+// A side that came back to where the gesture found it gets its old number back, too.
+qint16 StageGestures::lengthFor(int shown, qint16 now, qint16 old, int high) const
+{
+    const StageScale scale = m_stage.scale();
+    const bool same = scale.shown(now) != shown && scale.shown(old) == shown;
+    return same ? old : scale.stored(shown, now, 0, high);
+}
+
+void StageGestures::storePlace(int index)
+{
+    for (const int row : {index, isMenuRow(index) ? MenuBarRow - index : -1}) {
+        if (!m_stage.isRow(row))
+            continue;
+        PanelRec& rec = m_stage.record(row);
+        const QRect& rect = m_stage.panel(row).rect;
+        const RunState& run = m_stage.run();
+        const auto* start = before(row);
+        const PanelRec old = start != nullptr ? start->record : rec;
+        // At most the last pixel of the background: an object must stay reachable.
+        rec.Left = lengthFor(rect.x(), rec.Left, old.Left, run.BackWidth - 1);
+        rec.Top = lengthFor(rect.y(), rec.Top, old.Top, run.BackHeight - 1);
+        if (isMenuRow(row))
+            rec.Width = lengthFor(rect.width(), rec.Width, old.Width, run.BackWidth);
+    }
+}
+
+// While it moves, an object larger than the picture may stand above or left of it, where no move is
+// stored. One that a typed value put there stays.
+void StageGestures::keepInside(int index)
+{
+    for (const int row : {index, isMenuRow(index) ? MenuBarRow - index : -1}) {
+        if (!m_stage.isRow(row))
+            continue;
+        const PanelRec& rec = m_stage.record(row);
+        QRect rect = m_stage.panel(row).rect;
+        rect.moveTopLeft({rec.Left < 0 ? rect.x() : std::max(0, rect.x()),
+                          rec.Top < 0 ? rect.y() : std::max(0, rect.y())});
+        m_stage.setPanelRect(row, rect);
+    }
+}
+
+// The end of a move: record, picture and rows say the same.
+void StageGestures::settle(int index)
+{
+    if (locked()) {
+        m_stage.redraw(index);
+        return;
+    }
+    storePlace(index);
+    keepInside(index);
+    if (index == m_stage.SelectedPanel)
+        m_stage.redraw(index);
+    if (levels())
+        m_stage.host().PanelParamsToRow(index);
+    else
+        writeMenuStart(m_stage.record(MenuPanelRow).Left, m_stage.record(MenuPanelRow).Top);
+}
+
+void StageGestures::panelReleased(const StageMouse& mouse)
+{
+    if (picking())
+        return;
+    m_dragging = false;
+    const int index = m_panel;
+    const bool roll = m_stage.record(index).Roll;
+    // Rows 0 to 2 have a menu of their own, where there is a cfg file that it can change.
+    const bool menu =
+        mouse.button == Qt::RightButton && index <= ButtonsPanelRow && m_stage.run().GfxHasCfg;
+    if (mouse.button == Qt::MiddleButton && roll) {
+        m_stage.data().shell.prompts.ShowMessage(rollText);
+        stepLogo(mouse.modifiers & Qt::ShiftModifier);
+    } else if (mouse.button == Qt::LeftButton && !roll) {
+        // A mere click rounds and limits nothing.
+        if (m_moved)
+            settle(index);
+        else if (index == m_stage.SelectedPanel)
+            m_stage.redraw(index);
+    }
+    // Hidden while the panel moved, as it would have stayed behind.
+    m_stage.ShowMarker(m_stage.SelectedPanel, 0);
+    m_stage.run().InterfaceReady = true;
+    // Last, since a menu runs until it is answered.
+    if (menu)
+        m_stage.host().panelMenu(index, mouse.at);
+}
+
+void StageGestures::doubleClick(const StageMouse& mouse)
+{
+    if (m_target == Target::None)
+        setTarget(mouse.at);
+    if (m_target != Target::Panel) {
+        press(mouse); // two quick gestures at the marker are two gestures
+        return;
+    }
+    if (picking() || m_panel != LogoPanelRow)
+        return;
+    remember(m_panel);
+    m_stage.run().InterfaceReady = false;
+    m_dragging = true;
+    stepLogo(mouse.modifiers & Qt::ShiftModifier);
+    m_dragging = false;
+    m_stage.run().InterfaceReady = true;
+}
+
+void StageGestures::stepLogo(bool backwards)
+{
+    const int count = m_stage.logoCount();
+    if (m_panel != LogoPanelRow || m_stage.host().objectOfCurrentTab() != LogoPanelRow ||
+        count == 0)
+        return;
+    m_stage.LogoIndex = (m_stage.LogoIndex + (backwards ? count - 1 : 1)) % count;
+    m_stage.DrawPanel(LogoPanelRow);
+}
+
+void StageGestures::backgroundMoved(const StageMouse& mouse)
+{
+    StageHost& host = m_stage.host();
+    m_cursor = picking() ? StageCursor::Picker : StageCursor::Background;
+    const QImage& picture = m_stage.background();
+    if (picture.rect().contains(mouse.at)) {
+        const double factor = m_stage.scale().factor();
+        // Half a pixel more before the cut, so places are rounded like those of panels.
+        const QPointF boot(mouse.at.x() / factor + 0.5, mouse.at.y() / factor + 0.5);
+        host.setStatus(placeStatus, u"(%1;%2) RGB=0x%3"_s.arg(std::floor(boot.x()))
+                                        .arg(std::floor(boot.y()))
+                                        .arg(hexDigits(picture.pixel(mouse.at))));
+    }
+    if (m_stage.run().GfxOpened)
+        host.setStatus(nameStatus, u"Background"_s + QString::number(host.pipettesOn()));
+    // The whole line is costly to set, so only some places of the mouse do it.
+    if ((mouse.at.x() + mouse.at.y()) % statusEvery == statusRest)
+        host.refreshStatus();
+    if (m_target == Target::Background && (mouse.buttons & Qt::LeftButton) && !m_dragging) {
+        m_selTo = mouse.at;
+        m_stage.setOverlay({{}, boxOf(m_selFrom, m_selTo)});
+    }
+}
+
+void StageGestures::writeMenuStart(int left, int top)
+{
+    // Into the list only; the file is written at the save.
+    m_stage.host().SetCfgValue(u"menu_start_x"_s, QString::number(left));
+    m_stage.host().SetCfgValue(u"menu_start_y"_s, QString::number(top));
+}
+
+void StageGestures::nudge(int index, QPoint by)
+{
+    if (locked())
+        return;
+    remember(index);
+    PanelRec& rec = m_stage.record(index);
+    const StageScale scale = m_stage.scale();
+    // A place that is a constant cannot be nudged either.
+    const QPoint wish(rec.LeftParam < 0 ? rec.Left : rec.Left + by.x(),
+                      rec.TopParam < 0 ? rec.Top : rec.Top + by.y());
+    const QPoint corner(std::clamp(wish.x(), 0, std::max(0, m_stage.run().BackWidth - 1)),
+                        std::clamp(wish.y(), 0, std::max(0, m_stage.run().BackHeight - 1)));
+    m_stage.ShowMarker(-1, -1);
+    movePanelTo(index, {scale.shown(corner.x()), scale.shown(corner.y())});
+    // Where a shown pixel stands for several boot pixels, the wish itself is what is stored.
+    rec.Left = static_cast<qint16>(corner.x());
+    rec.Top = static_cast<qint16>(corner.y());
+    if (isMenuRow(index) && m_stage.isRow(MenuBarRow - index)) {
+        m_stage.record(MenuBarRow - index).Left = rec.Left;
+        m_stage.record(MenuBarRow - index).Top = rec.Top;
+    }
+    settle(index);
+    m_stage.ShowMarker(index, 0);
+    showPanelStatus(index);
+}
+
+// Rects, records, rows and cfg values go back together, as the drag has written to all of them.
+bool StageGestures::restore()
+{
+    if (m_target == Target::None)
+        return false;
+    const bool panel = m_target == Target::Panel || m_target == Target::Marker;
+    m_target = Target::None;
+    m_dragging = false;
+    m_stage.setOverlay({});
+    if (!panel || m_before[0].index < 0)
+        return true;
+    for (const Before& before : m_before) {
+        if (!m_stage.isRow(before.index))
+            continue;
+        m_stage.setPanelRect(before.index, before.rect);
+        m_stage.record(before.index) = before.record;
+    }
+    const int index = m_before[0].index;
+    if (!m_stage.record(index).Roll) {
+        settle(index);
+        if (!levels() && isMenuRow(index) && m_pulled)
+            writeMenuEntries();
+    }
+    m_pulled = false;
+    m_stage.ShowMarker(m_stage.SelectedPanel, 0);
+    m_stage.run().InterfaceReady = true;
+    return true;
+}
+
+bool StageGestures::key(int key, Qt::KeyboardModifiers modifiers)
+{
+    if (key == Qt::Key_Escape) {
+        if (restore())
+            return true;
+        m_stage.ShowMarker(-1, -1);
+        m_stage.SelectPanel(-1);
+        return true;
+    }
+    if (m_target != Target::None || picking())
+        return false;
+    const bool shift = modifiers & Qt::ShiftModifier;
+    if (key == Qt::Key_Tab || key == Qt::Key_Backtab) {
+        m_stage.SelectNextPanel(key == Qt::Key_Backtab || shift);
+        return true;
+    }
+    // Boot-screen pixels, whatever the scale.
+    const int step = shift ? 10 : 1;
+    const QPoint by((key == Qt::Key_Right) * step - (key == Qt::Key_Left) * step,
+                    (key == Qt::Key_Down) * step - (key == Qt::Key_Up) * step);
+    const int index = m_stage.SelectedPanel;
+    if (by.isNull() || !m_stage.isRow(index) || !m_stage.panel(index).visible ||
+        m_stage.record(index).Roll)
+        return false;
+    nudge(index, by);
+    return true;
+}
+
+} // namespace fennel

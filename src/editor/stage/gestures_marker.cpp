@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+// Pulling the marker: the panel grows live as a plain box, its record follows at the release.
+#include "editor/stage/gestures.h"
+
+#include <algorithm>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+void StageGestures::markerPressed(const StageMouse& mouse)
+{
+    const int index = m_stage.SelectedPanel;
+    if (picking() || locked() || !m_stage.isRow(index))
+        return; // m_panel is -1 then, and the moves that follow find nothing to pull
+    m_stage.run().InterfaceReady = false;
+    // The band takes its place until the release.
+    m_stage.ShowMarker(-1, -1);
+    remember(index);
+    // A press without a pull must not round anything.
+    m_pulled = false;
+    m_panel = index;
+    m_band = bandAround(m_stage.panel(index).rect);
+    m_grab = mouse.at - QPoint(m_band.right, m_band.bottom);
+    showBand();
+}
+
+void StageGestures::showBand()
+{
+    m_stage.setOverlay({m_band.box(), {}});
+}
+
+void StageGestures::markerMoved(const StageMouse& mouse)
+{
+    m_cursor = StageCursor::Resize;
+    const int index = m_panel;
+    // Without a press the marker is only under the mouse.
+    if (!m_stage.isRow(index) || !(mouse.buttons & Qt::LeftButton) || picking())
+        return;
+    const QRect rect = m_stage.panel(index).rect;
+    const ResizeLimits limits = resizeLimits(index, m_stage.record(index), rect.topLeft(),
+                                             m_stage.panel(MenuPanelRow).rect.topLeft(),
+                                             m_stage.pictureSize(), m_stage.run().gfxboot_var);
+    const ResizeBand band = pulledBand(m_band, mouse.at - m_grab, limits);
+    // The first tremble of the hand is no pull: nothing is written before the size changes.
+    if (!m_pulled && band.box() == m_band.box())
+        return;
+    m_pulled = true;
+    m_band = band;
+    // A plain box while pulling: text would be laid out anew at every step.
+    m_stage.setPlain(index);
+    m_stage.setPanelRect(index, m_band.box());
+    if (isMenuRow(index) && m_stage.isRow(MenuBarRow - index)) {
+        QRect other = m_stage.panel(MenuBarRow - index).rect;
+        other.setWidth(m_band.right - m_band.left);
+        m_stage.setPanelRect(MenuBarRow - index, other);
+    }
+    showBand();
+    storeSize(index);
+    if (levels())
+        m_stage.host().PanelParamsToRow(index);
+    else if (isMenuRow(index))
+        writeMenuEntries();
+    showPanelStatus(index);
+}
+
+void StageGestures::storeSize(int index)
+{
+    const StageScale scale = m_stage.scale();
+    const QRect& rect = m_stage.panel(index).rect;
+    const QSize picture = m_stage.pictureSize();
+    // No object is larger than the screen.
+    const int widest = scale.boot(picture.width());
+    const int highest = scale.boot(picture.height());
+    PanelRec& rec = m_stage.record(index);
+    const PanelRec old = before(index) != nullptr ? before(index)->record : rec;
+    rec.Width = lengthFor(rect.width(), rec.Width, old.Width, widest);
+    rec.Height = lengthFor(rect.height(), rec.Height, old.Height, highest);
+    if (!isMenuRow(index) || !m_stage.isRow(MenuBarRow - index))
+        return;
+    m_stage.record(MenuBarRow - index).Width = rec.Width;
+}
+
+void StageGestures::markerReleased()
+{
+    const int index = m_panel;
+    // The gesture is over, whatever happens below.
+    m_panel = -1;
+    if (!m_stage.isRow(index))
+        return;
+    if (m_pulled) {
+        QRect rect = m_stage.panel(index).rect;
+        rect.setSize({std::max(0, m_band.right - m_band.left - bandMargin),
+                      std::max(0, m_band.bottom - m_band.top - bandMargin)});
+        // The menu snaps to whole lines at the end; while pulling it follows the mouse.
+        if (index == MenuPanelRow) {
+            const double pitch = m_stage.menuPitch();
+            const int entries = menuEntries(rect.height(), pitch, m_stage.scale());
+            rect.setHeight(menuHeight(entries, pitch, m_stage.scale()));
+        }
+        m_stage.setPanelRect(index, rect);
+        if (isMenuRow(index) && m_stage.isRow(MenuBarRow - index)) {
+            QRect other = m_stage.panel(MenuBarRow - index).rect;
+            other.setWidth(rect.width());
+            m_stage.setPanelRect(MenuBarRow - index, other);
+        }
+        storeSize(index);
+        if (levels())
+            m_stage.host().PanelParamsToRow(index);
+        else if (isMenuRow(index))
+            writeMenuEntries();
+        // One line of a huge font is higher than the screen, and more than the record holds.
+        rect.setSize(rect.size().boundedTo(m_stage.pictureSize()));
+        m_stage.setPanelRect(index, rect);
+    }
+    m_pulled = false;
+    m_stage.redraw(index);
+    m_stage.ShowMarker(m_stage.SelectedPanel, 0);
+    m_stage.run().InterfaceReady = true;
+}
+
+void StageGestures::writeMenuEntries()
+{
+    const int entries = menuEntries(m_stage.panel(MenuPanelRow).rect.height(), m_stage.menuPitch(),
+                                    m_stage.scale());
+    m_stage.host().SetCfgValue(u"menu_max_entries"_s, QString::number(entries));
+}
+
+} // namespace fennel

@@ -1,0 +1,275 @@
+// SPDX-License-Identifier: MIT
+#include "editor/stage/stage.h"
+
+#include "screen/panel_text.h"
+
+#include <QFontDatabase>
+
+#include <algorithm>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize emptyStage(400, 300); // before the first background
+
+} // namespace
+
+Stage::Stage(const StageData& data) : m_data(data), m_background(emptyStage, QImage::Format_RGB32)
+{
+    m_background.fill(Qt::black);
+}
+
+// The records may have been replaced before the stage has adopted them.
+int Stage::rows() const
+{
+    return static_cast<int>(std::min(m_panels.size(), m_data.PanelArr.size()));
+}
+
+bool Stage::isRow(int index) const
+{
+    return index >= 0 && index < rows();
+}
+
+void Stage::changed(const QRect& area) const
+{
+    if (repaint && !area.isEmpty())
+        repaint(area);
+}
+
+// Rules that no visibility of a record or a tab overrides.
+bool Stage::mayShow(int index) const
+{
+    if (index == ButtonsPanelRow || index == OptionsPanelRow) {
+        if (run().GfxHasZuk)
+            return false; // the enhanced engine has no such objects
+    }
+    return index != OptionsPanelRow || host().CfgValue(u"boot_show"_s) != u'0';
+}
+
+// An empty boot_show says neither yes nor no: the line is left as it was drawn.
+bool Stage::isFrozen(int index) const
+{
+    return index == OptionsPanelRow && run().GfxHasCfg && host().CfgValue(u"boot_show"_s).isEmpty();
+}
+
+void Stage::adoptPanels()
+{
+    HideAllPanels();
+    ShowMarker(-1, -1);
+    SelectedPanel = -1;
+    ColourPanel = -1;
+    LogoIndex = 0;
+    // Asked once for each gfxboot, as the list takes long on some systems.
+    m_families = QFontDatabase::families();
+    m_panels.resize(std::max(m_panels.size(), m_data.PanelArr.size()));
+    for (StagePanel& panel : m_panels)
+        panel = StagePanel();
+    host().showColourControls(-1);
+    // The order of panels outlives an open; new ones come on top.
+    while (m_order.size() < m_panels.size())
+        m_order.push_back(static_cast<int>(m_order.size()));
+}
+
+void Stage::setMenuEntries(const QString& entries)
+{
+    if (rows() <= MenuBarRow)
+        return;
+    const MenuTexts texts = menuTexts(entries);
+    record(MenuBarRow).Text = texts.bar;
+    record(MenuPanelRow).Text = texts.menu;
+    redraw(MenuPanelRow);
+}
+
+void Stage::setLogos(std::vector<QImage> logos)
+{
+    m_logos = std::move(logos);
+    // The logos of another gfxboot, or one was deleted.
+    if (LogoIndex >= logoCount())
+        LogoIndex = 0;
+    if (isRow(LogoPanelRow))
+        // Drawn when it is next shown.
+        m_panels[LogoPanelRow].stale = true;
+}
+
+void Stage::showLogo(int number)
+{
+    if (number < 0 || number >= logoCount() || !isRow(LogoPanelRow))
+        return;
+    LogoIndex = number;
+    raisePanel(LogoPanelRow);
+    DrawPanel(LogoPanelRow);
+}
+
+// The old places are repainted before any panel gets a new one.
+void Stage::HideAllPanels()
+{
+    for (std::size_t i = 0; i < m_panels.size(); ++i) {
+        if (m_panels[i].visible)
+            changed(reach(static_cast<int>(i)));
+        m_panels[i].visible = false;
+    }
+}
+
+void Stage::clear()
+{
+    HideAllPanels();
+    m_cleared = true;
+    changed(QRect(QPoint(), pictureSize()));
+}
+
+void Stage::endClear()
+{
+    if (!m_cleared)
+        return;
+    m_cleared = false;
+    changed(QRect(QPoint(), pictureSize()));
+}
+
+void Stage::place(int index)
+{
+    const PanelRec& rec = record(index);
+    StagePanel& panel = m_panels[at(index)];
+    panel.fill = rec.BackColor;
+    setPanelRect(index, scale().shown(rec));
+    if (panel.visible && rec.Enabled)
+        raisePanel(index);
+}
+
+void Stage::ApplyPanel(int index)
+{
+    if (!isRow(index))
+        return;
+    place(index);
+    if (record(index).Shown)
+        DrawPanel(index);
+}
+
+void Stage::RefreshPanels()
+{
+    HideAllPanels();
+    for (int i = 0; i < rows(); ++i) {
+        const PanelRec& rec = record(i);
+        StagePanel& panel = m_panels[at(i)];
+        place(i);
+        panel.stale = panel.stale || (rec.Shown && !isFrozen(i));
+        panel.plain = false;
+        setVisible(i, !rec.OnlySelected);
+    }
+    const int object = host().objectOfCurrentTab();
+    // The object whose tab is open shows, or it could not be edited.
+    if (isRow(object) && record(object).OnlySelected)
+        setVisible(object, true);
+    // The marker goes with its panel, and away if that is no longer seen.
+    if (m_markerOn)
+        ShowMarker(SelectedPanel, 0);
+}
+
+// Pictures are drawn when a panel is first seen, so a hidden object costs nothing.
+void Stage::setVisible(int index, bool visible)
+{
+    StagePanel& panel = m_panels[at(index)];
+    const bool seen = visible && mayShow(index) && (!isFrozen(index) || panel.drawn);
+    // Drawn before it is shown, so it never flashes up with its old picture.
+    if (seen && panel.stale && !isFrozen(index))
+        render(index);
+    if (panel.visible == seen)
+        return;
+    panel.visible = seen;
+    changed(reach(index));
+}
+
+void Stage::showPanel(int index, bool visible)
+{
+    if (isRow(index))
+        setVisible(index, visible);
+}
+
+// Marks the picture stale; it is drawn only if the panel can be seen.
+void Stage::DrawPanel(int index)
+{
+    if (!isRow(index) || isFrozen(index))
+        return;
+    StagePanel& panel = m_panels[at(index)];
+    panel.plain = false;
+    panel.stale = true;
+    panel.fill = record(index).BackColor;
+    if (panel.visible)
+        changed(panel.rect);
+    setVisible(index, record(index).Shown);
+}
+
+void Stage::redraw(int index)
+{
+    // The bar prints the menu's first entry, so the two are always drawn together.
+    if (!isMenuRow(index)) {
+        DrawPanel(index);
+        return;
+    }
+    DrawPanel(MenuPanelRow);
+    DrawPanel(MenuBarRow);
+}
+
+void Stage::raisePanel(int index)
+{
+    const auto found = std::find(m_order.begin(), m_order.end(), index);
+    if (found == m_order.end() || !isRow(index))
+        return;
+    std::rotate(found, found + 1, m_order.end());
+    if (panel(index).visible)
+        changed(panel(index).rect);
+}
+
+// The frame of the selected panel lies one pixel outside it.
+QRect Stage::reach(int index) const
+{
+    const int frame = m_markerOn && index == SelectedPanel ? 1 : 0;
+    return m_panels[at(index)].rect.adjusted(-frame, -frame, frame, frame);
+}
+
+void Stage::setPanelRect(int index, const QRect& rect)
+{
+    StagePanel& panel = m_panels[at(index)];
+    if (panel.rect == rect)
+        return;
+    // Both the old and the new place are repainted.
+    if (panel.visible)
+        changed(reach(index));
+    panel.rect = rect;
+    if (panel.visible)
+        changed(reach(index));
+}
+
+void Stage::setPlain(int index)
+{
+    m_panels[at(index)].plain = true;
+    changed(panel(index).rect);
+}
+
+int Stage::panelAt(QPoint point) const
+{
+    // From the top, as the user sees them.
+    for (auto i = m_order.rbegin(); i != m_order.rend(); ++i) {
+        if (isRow(*i) && panel(*i).visible && record(*i).Enabled && panel(*i).rect.contains(point))
+            return *i;
+    }
+    return -1;
+}
+
+bool Stage::ButtonVisible(int item) const
+{
+    // Without a cfg file nothing can hide a button.
+    return !run().GfxHasCfg || host().CfgValue(hideKey(item)) == u'0';
+}
+
+double Stage::menuPitch() const
+{
+    const int font = isRow(MenuPanelRow) ? record(MenuPanelRow).FontIndex : 0;
+    const std::size_t known = at(usableFont(m_data.FontTable, font));
+    const double size = known < m_data.FontTable.size() ? m_data.FontTable[known].Size : 0;
+    return linePitch(size, m_data.MenuSlit);
+}
+
+} // namespace fennel

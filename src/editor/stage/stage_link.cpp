@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+#include "editor/stage/stage_link.h"
+
+#include "editor/colour/colour_link.h"
+#include "editor/commands/handlers.h"
+#include "editor/lists/right_panel.h"
+#include "editor/lists/tabs.h"
+#include "editor/stage/cursor_file.h"
+#include "editor/stage/stage_surface.h"
+#include "editor/window/main_window.h"
+#include "editor/window/menus.h"
+#include "params/cfg_file.h"
+#include "params/object_rows.h"
+#include "params/object_table.h"
+#include "params/panel_values.h"
+#include "params/row_values.h"
+#include "tools/image_tool.h"
+
+#include <QApplication>
+
+namespace fennel {
+
+namespace {
+
+struct CursorName {
+    StageCursor cursor;
+    const char16_t* file;
+};
+constexpr std::array<CursorName, 5> cursorNames = {{
+    {StageCursor::Picker, u"Picker_Fsh.ani"},
+    {StageCursor::Resize, u"Dgn1_Fsh.cur"},
+    {StageCursor::Background, u"Link_Fsh.ani"},
+    {StageCursor::Other, u"Help_Fsh.ani"},
+    {StageCursor::Selected, u"Unav_Fsh.ani"},
+}};
+
+// The pointers beside the program. One that does not load leaves the usual pointer, and no message.
+StageCursors loadCursors(const QString& folder)
+{
+    StageCursors cursors;
+    for (const CursorName& name : cursorNames) {
+        const auto frames = readCursorFile(folder + QString::fromUtf16(name.file));
+        if (!frames)
+            continue;
+        const CursorFrame& first = frames->front();
+        cursors[name.cursor] =
+            QCursor(QPixmap::fromImage(first.image), first.hotSpot.x(), first.hotSpot.y());
+    }
+    return cursors;
+}
+
+} // namespace
+
+StageLink::StageLink(MainWindow& window) : m_window(window), m_stage(stageData()) {}
+
+StageLink::~StageLink()
+{
+    // The surface uses the stage for as long as it lives.
+    delete m_surface;
+}
+
+StageData StageLink::stageData()
+{
+    Workbench& bench = m_window.workbench();
+    const Shell& shell = bench.shell;
+    return {shell,
+            bench.params.PanelArr,
+            bench.fonts.table,
+            bench.params.MenuSlit,
+            *this,
+            [&shell](int width, int height, const QString& source, const QString& target) {
+                (void)ResizeJpg(shell, width, height, source, target);
+            }};
+}
+
+StageSurface* StageLink::makeSurface(QWidget* parent)
+{
+    m_surface = new StageSurface(m_stage, parent);
+    const StageCursors cursors =
+        loadCursors(m_window.shell().run.AppPath + QStringLiteral("/Cursors/"));
+    m_surface->setCursors(cursors);
+    if (const auto picker = cursors.find(StageCursor::Picker); picker != cursors.end())
+        m_picker = picker->second;
+    return m_surface;
+}
+
+QCursor StageLink::pickerCursor() const
+{
+    return m_picker;
+}
+
+void StageLink::PanelParamsToRow(int index)
+{
+    ParamLists& lists = m_window.workbench().params;
+    const PanelRec* object = lists.object(index);
+    if (object == nullptr || menuLevelShown())
+        return;
+    // The record is exact where the shown pixels are coarser, so it stands for the shown place.
+    const QRectF place(object->Left, object->Top, object->Width, object->Height);
+    fennel::PanelParamsToRow(lists, index, place, 1.0);
+    m_window.rightPanel().refreshList(object->TabIndex);
+}
+
+qint64 StageLink::GetPanelParam(int tab, int id)
+{
+    return fennel::GetPanelParam(m_window.workbench().params, tab, id);
+}
+
+QString StageLink::CfgValue(const QString& name)
+{
+    return fennel::CfgValue(*m_window.workbench().params.list(TabConfig), name);
+}
+
+void StageLink::SetCfgValue(const QString& name, const QString& value)
+{
+    fennel::SetCfgValue(*m_window.workbench().params.list(TabConfig), name, value);
+    m_window.rightPanel().refreshList(TabConfig);
+}
+
+void StageLink::setBackgroundNumber(int number)
+{
+    ParamLists& lists = m_window.workbench().params;
+    ZukCell& cell = lists.ZUKarr.at(0, backgroundParam);
+    cell.EditValue = number;
+    ListRows* list = lists.list(cell.TabPos);
+    ListRow* row = list == nullptr ? nullptr : list->row(cell.RowPos);
+    if (row == nullptr)
+        return;
+    row->cells[1].text = cfgCellText(number, row->tag.contains(hexMark));
+    m_window.rightPanel().refreshList(cell.TabPos);
+}
+
+int StageLink::objectOfCurrentTab()
+{
+    const ParamLists& lists = m_window.workbench().params;
+    return lists.objectOfTab(lists.CurrentTab);
+}
+
+void StageLink::selectTabOf(int index)
+{
+    const PanelRec* object = m_window.workbench().params.object(index);
+    if (object != nullptr && object->TabIndex >= FirstObjectTab)
+        selectTab(m_window, object->TabIndex);
+}
+
+void StageLink::focusStage()
+{
+    // A text in work lies over the stage: keys must not go to what is not seen.
+    if (!m_window.rightPanel().editor().textEditMode())
+        m_surface->setFocus();
+}
+
+bool StageLink::menuLevelShown()
+{
+    return m_window.shell().run.GfxHasZuk && m_window.rightPanel().fromMenu().isChecked();
+}
+
+int StageLink::pipettesOn()
+{
+    return m_window.colourLink().pipettesOn();
+}
+
+void StageLink::showColourControls(int index)
+{
+    m_window.colourLink().showControls(index);
+}
+
+void StageLink::setStatus(int panel, const QString& text)
+{
+    m_window.setStatusField(panel, text);
+}
+
+void StageLink::refreshStatus()
+{
+    m_window.setStatus();
+}
+
+void StageLink::popUp(const QString& menu, QPoint at)
+{
+    const QPointF logical = QPointF(at) / m_surface->devicePixelRatioF();
+    if (QMenu* found = m_window.menus().menu(menu))
+        found->popup(m_surface->mapToGlobal(logical.toPoint()));
+}
+
+void StageLink::panelMenu(int index, QPoint at)
+{
+    popUp(QStringLiteral("mnupopup_%1").arg(index), at);
+}
+
+void StageLink::backgroundMenu(QPoint at)
+{
+    popUp(QStringLiteral("mnu_Context_picture1"), at);
+}
+
+void StageLink::setOnOffCaption(int item, const QString& caption)
+{
+    if (QAction* action = m_window.menus().action(QStringLiteral("mnupopup_OnOff_%1").arg(item)))
+        action->setText(caption);
+}
+
+void StageLink::prepareBackground()
+{
+    CommitValue(m_window);
+}
+
+void StageLink::layOutWindow()
+{
+    m_window.LayoutWindow();
+}
+
+void StageLink::scaleApplied()
+{
+    m_window.refreshThumbnails();
+}
+
+void StageLink::beep(double hertz, int milliseconds)
+{
+    // The window system's own tone: it can be switched off where people do not want it.
+    Q_UNUSED(hertz)
+    Q_UNUSED(milliseconds)
+    QApplication::beep();
+}
+
+} // namespace fennel

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+#include "editor/window/main_window.h"
+
+#include "base/settings_file.h"
+#include "editor/colour/colour_link.h"
+#include "editor/commands/handlers.h"
+#include "editor/lists/right_panel.h"
+#include "editor/lists/tabs.h"
+#include "editor/stage/stage_link.h"
+#include "editor/stage/stage_surface.h"
+#include "editor/window/flash_link.h"
+#include "editor/window/menus.h"
+#include "editor/window/status_bar.h"
+#include "editor/window/thumbnail_strip.h"
+#include "editor/window/toolbar.h"
+#include "params/catalogue.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+
+// Resources of a static library must be asked for, from outside any namespace.
+static void loadIcons()
+{
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace fennel {
+
+MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
+{
+    loadIcons();
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowIcon(QIcon(QStringLiteral(":/icons/fennel-gfx.svg")));
+    m_toolbar = new Toolbar(this);
+    addToolBar(m_toolbar);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    m_colourLink = std::make_unique<ColourLink>(*this);
+    m_stageLink = std::make_unique<StageLink>(*this);
+    m_flashLink = std::make_unique<FlashLink>(*this);
+    buildAreas();
+    m_colourLink->connectControls();
+    addFileCommands(*this);
+    addViewCommands(*this);
+    addEditCommands(*this);
+    addToolCommands(*this);
+    addPictureCommands(*this);
+    addComponentCommands(*this);
+    addArchiveCommands(*this);
+    addFlashCommands(*this);
+    addHelpCommands(*this);
+    addFontCommands(*this);
+    connectLists(*this);
+    connectTextButtons(*this);
+    m_menus = std::make_unique<Menus>(*menuBar(), m_commands);
+    showFixedEntries(*this);
+    m_menus->action(QStringLiteral("mnuMenu_Embedded"))->setChecked(true);
+    m_flashLink->showBios();
+    m_toolbar->BuildToolbar(m_commands);
+    connectAreas();
+    (void)LoadCatalogue(workbench.shell, workbench.params.ZUKarr);
+    // Not by BuildTabs(), whose lines in the log tell of an open.
+    workbench.params.tabs = fixedTabs();
+    rebuildTabs(*this);
+    UpdateInterface();
+    showWelcome();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::setStatus()
+{
+    Status_set(m_workbench.shell, m_workbench.status);
+    for (int number = 1; number <= statusFieldCount; ++number)
+        m_statusBar->setField(number, m_workbench.status.field(number));
+}
+
+void MainWindow::setStatusField(int number, const QString& text)
+{
+    m_workbench.status.field(number) = text;
+    m_statusBar->setField(number, text);
+}
+
+void MainWindow::UpdateToolbar()
+{
+    m_toolbar->UpdateToolbar(m_workbench.shell.run, m_workbench.flags);
+    m_toolbar->setDrives(m_menus->entries("mnuFlash_FlashArr"));
+}
+
+void MainWindow::UpdateInterface()
+{
+    const RunState& run = m_workbench.shell.run;
+    m_workbench.shell.WriteLog(QStringLiteral("-UpdateInterface"));
+    setWindowTitle(QStringLiteral("%1 (v. %2). %3")
+                       .arg(programTitle(), versionText(),
+                            run.GfxOpened ? run.GfxFileName
+                                          : QStringLiteral("/Component of @ZUK-MOSA@ project/")));
+    QProgressBar& progress = m_statusBar->progressBar();
+    progress.show();
+    m_statusBar->progressBar().setGeometry(
+        ProgressBar_reset(m_workbench.shell, m_statusBar->rect(), m_statusBar->fieldPlace(2)));
+    selectTab(*this, TabConfig);
+    // An object that went with its tab can no longer be worked on.
+    Stage& stage = m_stageLink->stage();
+    if (stage.isRow(stage.SelectedPanel) && !stage.panel(stage.SelectedPanel).visible)
+        stage.SelectPanel(-1);
+    m_workbench.lastUsed.Recreate_LastUsed(m_workbench.shell,
+                                           [&progress](int value) { progress.setValue(value); });
+    showLastUsed(*this);
+    m_flashLink->drives().RefreshDriveInfo(false, false);
+    m_menus->update(run, m_flashLink->flashThere());
+    UpdateToolbar();
+    progress.hide();
+    setStatus();
+}
+
+void MainWindow::Form_Activate()
+{
+    const Shell& shell = m_workbench.shell;
+    shell.WriteLog(QStringLiteral("Form_Activate Start"));
+    if (settingsFileThere(shell) == NextStep::EndProcess) {
+        QCoreApplication::quit();
+        return;
+    }
+    if (!shell.run.GfxOpened)
+        UpdateInterface();
+    shell.WriteLog(QStringLiteral("Form_Activate End"));
+    Q_EMIT activated();
+}
+
+void MainWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        Form_Activate();
+}
+
+// What happens on screen while gfxboot_open works.
+class MainWindow::Opening : public OpenHost {
+public:
+    explicit Opening(MainWindow& window) : m_window(window) {}
+
+    void openBegins() override
+    {
+        m_window.m_workbench.shell.run.InterfaceReady = false;
+        closeValueEditor(m_window);
+        Stage& stage = m_window.m_stageLink->stage();
+        stage.ShowMarker(-1, -1);
+        stage.SelectedPanel = -1;
+        stage.clear();
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        m_window.setEnabled(false);
+    }
+    // The other gfxboot is there: a text of the one before has no place any more.
+    void hideObjects() override
+    {
+        CloseEditor(m_window);
+        m_window.m_stageLink->stage().HideAllPanels();
+    }
+    void backgroundRefused() override { m_window.m_stageLink->stage().tellNoMore(); }
+    void fill(Step step) override { fillStep(m_window, step); }
+    [[nodiscard]] int chosenBackground() const override
+    {
+        return static_cast<int>(
+            m_window.m_workbench.params.ZUKarr.GetLevelValue(0, backgroundParam, LayerCfg)
+                .value_or(0));
+    }
+    void openEnds(bool opened) override
+    {
+        Q_UNUSED(opened)
+        m_window.m_workbench.shell.run.InterfaceReady = true;
+        m_window.setEnabled(true);
+        QGuiApplication::restoreOverrideCursor();
+    }
+
+private:
+    MainWindow& m_window;
+};
+
+bool MainWindow::openGfxboot(const QString& path)
+{
+    Opening host(*this);
+    return gfxboot_open(m_workbench.shell, path, host);
+}
+
+} // namespace fennel

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// The real prompts: Qt's dialogs above the window that is active.
+#pragma once
+
+#include "base/prompts.h"
+
+class QWidget;
+
+namespace fennel {
+
+class QtPrompts : public Prompts {
+public:
+    using Prompts::ShowMessage;
+    // Dialogs appear above `parent` (may be null before the window stands).
+    void setParent(QWidget* parent) { m_parent = parent; }
+
+    Answer ShowMessage(const QString& text, MessageType type, const QString& title) override;
+    QString openFile(const FileQuestion& question) override;
+    QString saveFile(const FileQuestion& question) override;
+    QString ChooseFolder(const QString& title) override;
+    std::optional<QString> input(const QString& prompt, const QString& title,
+                                 const QString& initial) override;
+    std::optional<QColor> ChooseColour(const QColor& initial) override;
+    void showPicture(const QString& text, const QImage& picture, const QString& caption) override;
+
+private:
+    [[nodiscard]] QWidget* parent() const;
+    QWidget* m_parent = nullptr;
+};
+
+// "JPG files|*.jpg;*.jpeg|All|*|" as the text that Qt's file dialog takes. Patterns fit in any
+// case.
+QString qtFilter(const QString& filter);
+
+} // namespace fennel

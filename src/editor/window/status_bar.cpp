@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "editor/window/status_bar.h"
+
+#include "editor/window/status_line.h"
+
+#include <QFontMetrics>
+
+#include <algorithm>
+
+namespace fennel {
+
+namespace {
+
+constexpr int margin = 3;
+constexpr int buttonWidth = 18;
+
+// What a field keeps room for, so that the others stand still while its text changes. Fields 7 and
+// 8 share what is left.
+constexpr std::array<const char16_t*, statusFieldCount> samples = {
+    u"W:", u"", u"", u"", u"gfxboot Object", u"", u"", u""};
+constexpr int firstSharing = 6; // from 0
+constexpr int nameField = 1;    // from 0
+constexpr int nameShare = 5;    // a long name takes this part of the line at most
+
+} // namespace
+
+StatusBar::StatusBar(QWidget* parent)
+    : QWidget(parent), m_progress(new QProgressBar(this)), m_bottomButton(new QToolButton(this))
+{
+    setObjectName(QStringLiteral("StatusBar1"));
+    for (int i = 0; i < statusFieldCount; ++i) {
+        auto* label = new QLabel(this);
+        label->setObjectName(QStringLiteral("StatusBar1_%1").arg(i + 1));
+        label->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | QFrame::Sunken);
+        // Names of files and drives may hold "<".
+        label->setTextFormat(Qt::PlainText);
+        label->setMargin(1);
+        m_fields[static_cast<std::size_t>(i)] = label;
+    }
+    m_progress->setObjectName(QStringLiteral("ProgressBar1"));
+    m_progress->setTextVisible(false);
+    // It lies over the second field and hides it while it shows.
+    m_progress->raise();
+    m_progress->hide();
+    m_bottomButton->setObjectName(QStringLiteral("ComFrame2"));
+    m_bottomButton->setAutoRaise(true);
+    setFixedHeight(fontMetrics().height() + 2 * margin + 4);
+}
+
+void StatusBar::setField(int number, const QString& text)
+{
+    const auto i = static_cast<std::size_t>(number - 1);
+    // Set at every move of the mouse, so an equal text must cost nothing.
+    if (m_texts.at(i) == text)
+        return;
+    m_texts[i] = text;
+    // The whole text, as the field may show only the beginning of it.
+    m_fields[i]->setToolTip(text);
+    layFields();
+}
+
+QString StatusBar::field(int number) const
+{
+    return m_texts.at(static_cast<std::size_t>(number - 1));
+}
+
+int StatusBar::neededWidth(std::size_t i) const
+{
+    const QFontMetrics metrics(font());
+    const int text = metrics.horizontalAdvance(m_texts[i]);
+    const int sample = metrics.horizontalAdvance(QString::fromUtf16(samples[i]));
+    // Frame and margin on either side.
+    return std::max(text, sample) + 4 * margin;
+}
+
+void StatusBar::layFields()
+{
+    const QFontMetrics metrics(font());
+    const int end = width() - buttonWidth;
+    int x = 0;
+    for (std::size_t i = 0; i < m_fields.size(); ++i) {
+        const int left = std::max(0, end - x);
+        int field = neededWidth(i);
+        if (i == nameField)
+            field = std::min(field, width() / nameShare);
+        // The hint at the end says what to do next; what stands before it gives way.
+        if (i == firstSharing)
+            field = m_texts[i].isEmpty() ? 0 : std::max(left - neededWidth(i + 1), left / 4);
+        else if (i > firstSharing)
+            field = left;
+        // Never under the button at the end, however long the texts before.
+        field = std::min(field, left);
+        m_fields[i]->setGeometry(x, 1, field, height() - 2);
+        // Names of several versions of a file differ at their ends.
+        const auto cut = i == nameField ? Qt::ElideMiddle : Qt::ElideRight;
+        m_fields[i]->setText(metrics.elidedText(m_texts[i], cut, std::max(0, field - 2 * margin)));
+        x += field;
+    }
+    m_bottomButton->setGeometry(end, 1, buttonWidth, height() - 2);
+    m_progress->setGeometry(progressPlace(rect(), fieldPlace(2)));
+}
+
+QRect StatusBar::fieldPlace(int number) const
+{
+    return m_fields.at(static_cast<std::size_t>(number - 1))->geometry();
+}
+
+void StatusBar::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    layFields();
+}
+
+} // namespace fennel

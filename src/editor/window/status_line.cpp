@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "editor/window/status_line.h"
+
+namespace fennel {
+
+namespace {
+
+// "old version ?" also stands there while nothing is open.
+QString generationText(const RunState& run)
+{
+    if (run.GfxOpened && run.GfxHasZuk)
+        return QStringLiteral("@ZUK-MOSA@");
+    if (run.GfxOpened && run.GfxHasCfg)
+        return QStringLiteral("custom");
+    return QStringLiteral("old version ?");
+}
+
+QString hintText(const RunState& run)
+{
+    if (!run.GfxOpened)
+        return QStringLiteral("Select the gfxboot using File/Open");
+    if (run.CurrentFlashChar == noFlash)
+        return QStringLiteral("Specify the Current Flash Drive using the Flash/Choose");
+    return {};
+}
+
+} // namespace
+
+void Status_set(const Shell& shell, StatusFields& fields)
+{
+    const RunState& run = shell.run;
+    shell.WriteLog(QStringLiteral(" Status.set"));
+    // A blank and a colon while no drive is chosen.
+    fields.field(1) = QChar(static_cast<char16_t>(run.CurrentFlashChar)) + QLatin1Char(':');
+    fields.field(2) = run.GfxOpened ? run.GfxFileName : QStringLiteral("no current gfxboot");
+    fields.field(3) = generationText(run);
+    // With a gfxboot open these fields belong to the stage and keep what it wrote.
+    if (!run.GfxOpened) {
+        fields.field(4) = QStringLiteral("gfxboot size");
+        fields.field(5) = QStringLiteral("gfxboot Object");
+        fields.field(6) = QStringLiteral("(x;y), WxH, transp");
+        fields.field(7).clear();
+    }
+    fields.field(8) = hintText(run);
+}
+
+// The bar lies over the second field with a pixel of the line's frame free above and below.
+QRect progressPlace(const QRect& statusLine, const QRect& secondField)
+{
+    return {secondField.left(), statusLine.top() + 1, secondField.width(),
+            std::max(0, statusLine.height() - 2)};
+}
+
+QRect ProgressBar_reset(const Shell& shell, const QRect& statusLine, const QRect& secondField)
+{
+    shell.WriteLog(QStringLiteral(" ProgressBar_reset"));
+    return progressPlace(statusLine, secondField);
+}
+
+} // namespace fennel

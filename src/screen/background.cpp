@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "screen/background.h"
+
+#include "base/text.h"
+
+#include <QImageReader>
+#include <QPainter>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Failure failure(FailureKind kind, const QString& text)
+{
+    return {kind, text.toStdString()};
+}
+
+Failure tooLarge(const QString& path, QSize size)
+{
+    return failure(
+        FailureKind::TooLarge,
+        u"%1: %2x%3 pixels are too many to show"_s.arg(path).arg(size.width()).arg(size.height()));
+}
+
+// Panels are mixed with the background's own colours, which have no opacity on the boot screen.
+QImage onBlack(const QImage& image)
+{
+    if (!image.hasAlphaChannel())
+        return image.convertToFormat(QImage::Format_RGB32);
+    QImage flat(image.size(), QImage::Format_RGB32);
+    flat.fill(Qt::black);
+    QPainter painter(&flat);
+    painter.drawImage(QRect(QPoint(), image.size()), image);
+    return flat;
+}
+
+} // namespace
+
+// In 64 bits: the sides may come from a file and their product pass 32 bits.
+bool backSizeAllowed(QSize size)
+{
+    return size.width() <= maxBackSide && size.height() <= maxBackSide &&
+           qint64{size.width()} * size.height() <= maxBackPixels;
+}
+
+Result<void> makeScaledBack(const Shell& shell, const ResizeJpgCall& resize)
+{
+    const RunState& run = shell.run;
+    if (!FileExists(run.BackFile))
+        return failure(FailureKind::NotFound, u"File %1 not found"_s.arg(run.BackFile));
+    // The same work file in both branches, so whoever shows it need not know the scale.
+    const QString target = run.WorkspaceRoot + scaledBackName;
+    // Copied byte for byte at 100 %: going through the tool would cost quality and time.
+    if (run.PreviewScale == 1.0) {
+        if (Result<void> removed = shell.files.remove(target); !removed)
+            return removed;
+        return shell.files.copy(run.BackFile, target);
+    }
+    const QSize size(std::max(1, roundToEven(run.BackWidth * run.PreviewScale)),
+                     std::max(1, roundToEven(run.BackHeight * run.PreviewScale)));
+    // Before the tool runs, which would fill the memory with it.
+    if (!backSizeAllowed(size))
+        return tooLarge(run.BackFile, size);
+    resize(size.width(), size.height(), run.BackFile, target);
+    return {};
+}
+
+Result<void> checkPicture(const QString& path)
+{
+    if (!FileExists(path))
+        return failure(FailureKind::NotFound, u"File %1 not found"_s.arg(path));
+    QImageReader reader(path);
+    // Members are named ".jpg" whatever is in them.
+    reader.setDecideFormatFromContent(true);
+    if (!reader.canRead())
+        return failure(FailureKind::Malformed, u"%1: %2"_s.arg(path, reader.errorString()));
+    const QSize size = reader.size();
+    if (size.isValid() && !backSizeAllowed(size))
+        return tooLarge(path, size);
+    return {};
+}
+
+Result<QImage> loadPicture(const QString& path)
+{
+    if (const Result<void> checked = checkPicture(path); !checked)
+        return checked.failure();
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    QImage image = reader.read();
+    if (image.isNull())
+        return failure(FailureKind::Malformed, u"%1: %2"_s.arg(path, reader.errorString()));
+    // Some formats tell their size only with the picture.
+    if (!backSizeAllowed(image.size()))
+        return tooLarge(path, image.size());
+    // A name with "@2x" would halve the picture.
+    image.setDevicePixelRatio(1);
+    return onBlack(image);
+}
+
+} // namespace fennel

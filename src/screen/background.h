@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// The scaled background: a work file in WorkspaceRoot, made anew at every change of the picture or
+// the scale, and read into a picture that the panels are blended from.
+#pragma once
+
+#include "base/shell_context.h"
+
+#include <QImage>
+
+#include <functional>
+
+namespace fennel {
+
+inline const QString scaledBackName = QStringLiteral("~bck_scale~.jpg");
+
+// No side of a shown background is longer, and no more memory is taken: 32 million pixels of four
+// bytes are two screens of 5120 by 2880. A file that claims more is told as too large before
+// a byte of it is decoded.
+inline constexpr int maxBackSide = 16384;
+inline constexpr qint64 maxBackPixels = 32'000'000;
+// Pixels; true within maxBackSide and maxBackPixels.
+bool backSizeAllowed(QSize size);
+
+// Makes `target` from `source` in the given size, any side from 1 to 32767; judged by the file that
+// it leaves. It tells the user itself when it fails.
+using ResizeJpgCall =
+    std::function<void(int width, int height, const QString& source, const QString& target)>;
+
+// Brings BackFile of the run to its scale: at exactly 1 a plain copy, otherwise one run of the
+// resize tool. Fails with NotFound (no BackFile), TooLarge (the scaled size), or what the file
+// layer says; a tool that left no file is no failure here, the last one stays if there is one.
+Result<void> makeScaledBack(const Shell& shell, const ResizeJpgCall& resize);
+
+// The claims of a picture's header, without decoding it: NotFound, TooLarge, or Malformed if the
+// bytes are those of no known format.
+Result<void> checkPicture(const QString& path);
+// A picture file by its content, whatever its name says, upright, transparent parts on black, as
+// Format_RGB32. Fails with NotFound, TooLarge (maxBackSide, maxBackPixels) or Malformed.
+Result<QImage> loadPicture(const QString& path);
+
+} // namespace fennel

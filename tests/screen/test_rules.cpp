@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+// Blending, geometry, scales, pulse and colours as plain functions.
+#include "editor/stage/pulse.h"
+#include "screen/blend.h"
+#include "screen/colour.h"
+#include "screen/geometry.h"
+#include "screen/scale_rules.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace fennel;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+PanelRec recAt(int left, int top, int width, int height)
+{
+    PanelRec rec;
+    rec.Left = static_cast<qint16>(left);
+    rec.Top = static_cast<qint16>(top);
+    rec.Width = static_cast<qint16>(width);
+    rec.Height = static_cast<qint16>(height);
+    return rec;
+}
+
+} // namespace
+
+TEST(Blend, EveryBackgroundAndAlphaRoundsToTheNearest)
+{
+    // All 256 values in each channel, on a width that is no multiple of any vector.
+    QImage background(259, 1, QImage::Format_RGB32);
+    for (int x = 0; x < 259; ++x)
+        background.setPixel(x, 0, qRgb(x % 256, 255 - x % 256, (x * 7) % 256));
+    const QRgb fill = qRgb(3, 128, 251);
+    for (int a = 0; a <= 255; ++a) {
+        QImage out;
+        blendPanel(background, QRect(1, 0, 258, 1), fill, a, out);
+        for (int x = 0; x < 258; ++x) {
+            const QRgb from = background.pixel(x + 1, 0);
+            const auto mixed = [a](int b, int f) {
+                return static_cast<int>(std::lround((b * double(a) + f * (255.0 - a)) / 255.0));
+            };
+            const QRgb want =
+                qRgb(mixed(qRed(from), 3), mixed(qGreen(from), 128), mixed(qBlue(from), 251));
+            ASSERT_EQ(out.pixel(x, 0), want) << "a " << a << " x " << x;
+        }
+    }
+}
+
+TEST(Geometry, RectanglesAtEveryScale)
+{
+    // 253, 170, 547, 163 times the scale, ties to even.
+    const PanelRec rec = recAt(253, 170, 547, 163);
+    EXPECT_EQ(StageScale(0.33).shown(rec), QRect(83, 56, 181, 54));
+    EXPECT_EQ(StageScale(0.5).shown(rec), QRect(126, 85, 274, 82)); // 126.5, 273.5, 81.5
+    EXPECT_EQ(StageScale(0.75).shown(rec), QRect(190, 128, 410, 122));
+    EXPECT_EQ(StageScale(1.0).shown(rec), QRect(253, 170, 547, 163));
+    EXPECT_EQ(StageScale(1.5).shown(rec), QRect(380, 255, 820, 244)); // 379.5, 820.5, 244.5
+    EXPECT_EQ(StageScale(2.0).shown(rec), QRect(506, 340, 1094, 326));
+    EXPECT_EQ(StageScale(0.5).shown(recAt(-10, 5, -4, 0)), QRect(-5, 2, 0, 0));
+}
+
+TEST(Geometry, DraggingStopsAtTheEdges)
+{
+    PanelRec rec = recAt(0, 0, 100, 50);
+    const StageScale full(1);
+    const QRect panel(10, 10, 100, 50);
+    const auto zuk = dragLimits(5, rec, panel, 300, {800, 600}, 3, full);
+    EXPECT_EQ(limitedPlace({-5, -9}, zuk), QPoint(0, 0));
+    EXPECT_EQ(limitedPlace({790, 590}, zuk), QPoint(700, 550));
+    const auto old = dragLimits(1, rec, panel, 300, {800, 600}, 1, full);
+    EXPECT_EQ(limitedPlace({900, 590}, old), QPoint(800, 300)) << "left edge only; menu's height";
+    rec.LeftParam = -80;
+    rec.TopParam = 0;
+    const auto fixed = dragLimits(8, rec, panel, 300, {400, 300}, 3, StageScale(0.5));
+    EXPECT_EQ(limitedPlace({5, 5}, fixed), QPoint(40, 5)) << "a constant stays, scaled";
+    const auto wide = dragLimits(5, rec, QRect(0, 0, 900, 50), 0, {800, 600}, 3, full);
+    EXPECT_EQ(wide.picture.width() - wide.inside, -100) << "wider than the picture";
+}
+
+TEST(Geometry, PullingMovesOnlyFreeSides)
+{
+    PanelRec rec = recAt(0, 0, 100, 50);
+    const QRect panel(200, 100, 100, 50);
+    const auto pull = [&](int index, int generation, QPoint to) {
+        const ResizeLimits limits =
+            resizeLimits(index, rec, panel.topLeft(), {50, 60}, {800, 600}, generation);
+        const ResizeBand band = pulledBand(bandAround(panel), to, limits);
+        return QPoint(band.right, band.bottom);
+    };
+    EXPECT_EQ(pull(22, 3, {400, 300}), QPoint(303, 153)) << "no parameter, no size";
+    rec.WidthParam = 4;
+    EXPECT_EQ(pull(22, 3, {400, 300}), QPoint(400, 153));
+    rec.HeightParam = -24;
+    EXPECT_EQ(pull(22, 3, {0, 300}), QPoint(202, 153));
+    rec.HeightParam = 5;
+    EXPECT_EQ(pull(22, 3, {9999, 9999}), QPoint(799, 599));
+    EXPECT_EQ(pull(0, 2, {400, 0}), QPoint(303, 62)) << "old menus: height only, from the menu";
+    EXPECT_EQ(pull(1, 3, {0, 300}), QPoint(52, 300));
+}
+
+TEST(ScaleRules, FillTakesTheTighterSide)
+{
+    FillRoom room;
+    room.workArea = QRect(0, 0, 1920, 1080);
+    room.rightPanel = 320;
+    room.bottomPanel = 100;
+    room.toolbar = 40;
+    room.statusBar = 20;
+    room.chromeHeight = 50;
+    room.frameHeight = 8;
+    room.frameWidth = 8;
+    // Across (1920 - 320) / 800 = 200 %, down 862 / 600 = 143.67 %.
+    const FillResult fill = fillScale(room, 800, 600);
+    EXPECT_NEAR(fill.scale, 862.0 / 600, 1e-9);
+    EXPECT_EQ(fill.rightPanel, 1920 - 1149 - 4 - 8);
+    EXPECT_EQ(fillScale(room, 100, 100).scale, 2.0);
+    room.workArea = QRect(0, 0, 300, 100);
+    EXPECT_EQ(fillScale(room, 800, 600).scale, 0.01) << "no room at all";
+}
+
+TEST(Pulse, RunsFromOrangeToYellowAndBack)
+{
+    EXPECT_EQ(markerColour(0), qRgb(221, 141, 26));
+    EXPECT_EQ(markerColour(50), qRgb(240, 206, 12)); // t = 0.75: 240.5, 205.5, 11.75
+    EXPECT_EQ(markerColour(150), markerColour(50));
+    EXPECT_EQ(pulsePhase(-1), 0);
+    EXPECT_EQ(pulsePhase(qint64{pulseStepMs} * 402 - 1), 200);
+}
+
+TEST(Colour, TextOnASampleIsLegible)
+{
+    EXPECT_EQ(contrastColour(qRgb(255, 255, 255)), qRgb(0, 0, 0));
+    EXPECT_EQ(textColourOn(qRgb(255, 255, 0)), qRgb(0, 0, 0));
+    EXPECT_EQ(textColourOn(qRgb(0, 0, 255)), qRgb(255, 255, 255));
+    EXPECT_EQ(textColourOn(qRgb(0, 255, 0)), qRgb(0, 0, 0));
+}

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+// Picture1 as a widget: real events in, painted pixels out, and no work while nothing moves.
+#include "editor/stage/stage_surface.h"
+#include "stage_fixture.h"
+
+#include <QTest>
+
+using namespace fennel;
+using namespace fennel::test;
+
+namespace {
+
+class SurfaceTest : public StageTest {
+protected:
+    SurfaceTest()
+    {
+        openZuk();
+        surface.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&surface));
+    }
+    void moveHeld(QPoint at)
+    {
+        QMouseEvent event(QEvent::MouseMove, at, surface.mapToGlobal(at), Qt::NoButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&surface, &event);
+    }
+    StageSurface surface{stage};
+};
+
+// Counts the paint events of a widget and adds up what they cover.
+class PaintWatch : public QObject {
+public:
+    explicit PaintWatch(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            painted += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+    QRegion painted;
+};
+
+} // namespace
+
+TEST_F(SurfaceTest, DragByRealEventsRepaintsOldAndNewPlaceOnly)
+{
+    QTest::mousePress(&surface, Qt::LeftButton, {}, {30, 40});
+    QTest::qWait(20);
+    PaintWatch watch(surface);
+    moveHeld({130, 90});
+    QTest::qWait(20);
+    EXPECT_EQ(watch.painted, QRegion(20, 30, 72, 22) + QRegion(120, 80, 72, 22));
+    QTest::mouseRelease(&surface, Qt::LeftButton, {}, {130, 90});
+    EXPECT_EQ(rec(5).Left, 120);
+    EXPECT_EQ(surface.grab().toImage().convertToFormat(QImage::Format_RGB32), painted());
+}
+
+TEST_F(SurfaceTest, CursorsAndToolTipsFollowTheMouse)
+{
+    surface.setCursors({{StageCursor::Background, QCursor(Qt::PointingHandCursor)},
+                        {StageCursor::Other, QCursor(Qt::WhatsThisCursor)},
+                        {StageCursor::Selected, QCursor(Qt::ForbiddenCursor)}});
+    const auto hover = [this](QPoint at) {
+        QMouseEvent event(QEvent::MouseMove, at, surface.mapToGlobal(at), Qt::NoButton,
+                          Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(&surface, &event);
+        return surface.cursor().shape();
+    };
+    EXPECT_EQ(hover({10, 590}), Qt::PointingHandCursor);
+    EXPECT_EQ(hover({30, 40}), Qt::WhatsThisCursor);
+    stage.ActivatePanel(5);
+    EXPECT_EQ(hover({30, 40}), Qt::ForbiddenCursor);
+    EXPECT_EQ(surface.gestures().toolTip({250, 410}), u"RunLine"_s);
+    EXPECT_EQ(surface.gestures().toolTip({10, 590}), QString());
+}
+
+TEST_F(SurfaceTest, PulseRunsOnlyWhileTheMarkerCanBeSeen)
+{
+    EXPECT_FALSE(surface.pulsing());
+    QTest::qWait(30);
+    PaintWatch watch(surface);
+    QTest::qWait(60);
+    EXPECT_TRUE(watch.painted.isEmpty()) << "an idle stage paints nothing";
+    stage.ActivatePanel(22);
+    EXPECT_TRUE(surface.pulsing());
+    QTest::qWait(20);
+    watch.painted = {};
+    QTest::qWait(200);
+    EXPECT_TRUE(watch.painted.contains(stage.marker().center()));
+    EXPECT_FALSE(watch.painted.contains(QPoint(250, 410))) << "marker and frame, nothing else";
+    QTest::mousePress(&surface, Qt::LeftButton, {}, {10, 590});
+    EXPECT_FALSE(surface.pulsing()) << "a button is down";
+    QTest::mouseRelease(&surface, Qt::LeftButton, {}, {10, 590});
+    EXPECT_TRUE(surface.pulsing());
+    surface.hide();
+    EXPECT_FALSE(surface.pulsing());
+    surface.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&surface));
+    QTRY_VERIFY(surface.pulsing());
+    stage.ShowMarker(-1, -1);
+    EXPECT_FALSE(surface.pulsing());
+}
