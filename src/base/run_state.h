@@ -47,7 +47,6 @@ struct RunState {
 
     int CurrentFlashChar = noFlash; // letter of the chosen drive
     int CurrentFlashDisk = -1;      // its physical disk number; -1 unknown, 0 never booted
-    bool InterfaceReady = true;     // false while the code itself changes controls
 };
 
 // The version shown to people, as "major.minor.revision" with the revision padded to two digits.

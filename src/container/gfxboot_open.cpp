@@ -100,13 +100,7 @@ void setRunState(const Shell& shell, const QString& path, const QString& folder,
 
 void measureBack(const Shell& shell, OpenHost& host)
 {
-    // From the picture's header alone. Places on the screen are kept in 16 bits.
-    const QSize size = QImageReader(shell.run.BackFile).size();
-    constexpr int limit = 32767;
-    const bool readable = size.isValid() && size.width() <= limit && size.height() <= limit;
-    shell.run.BackWidth = readable ? size.width() : fallbackBackWidth;
-    shell.run.BackHeight = readable ? size.height() : fallbackBackHeight;
-    if (readable)
+    if (measureBackground(shell.run))
         return;
     shell.prompts.ShowMessage(QStringLiteral("%1 is not a picture that can be shown.\n"
                                              "The screen counts as %2x%3 until it is changed.")
@@ -135,6 +129,17 @@ void fillAll(const Shell& shell, OpenHost& host)
 }
 
 } // namespace
+
+bool measureBackground(RunState& run)
+{
+    // From the picture's header alone. Places on the screen are kept in 16 bits.
+    const QSize size = QImageReader(run.Workspace + QStringLiteral("back.jpg")).size();
+    constexpr int limit = 32767;
+    const bool readable = size.isValid() && size.width() <= limit && size.height() <= limit;
+    run.BackWidth = readable ? size.width() : fallbackBackWidth;
+    run.BackHeight = readable ? size.height() : fallbackBackHeight;
+    return readable;
+}
 
 QString backgroundFile(const QString& workspace, qint64 number)
 {

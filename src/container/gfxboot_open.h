@@ -47,6 +47,10 @@ bool gfxboot_open(const Shell& shell, const QString& path, OpenHost& host);
 // Path of the background with this number: "back_NN.jpg", or "back.jpg" if there is no such file.
 QString backgroundFile(const QString& workspace, qint64 number);
 
+// Sets BackWidth and BackHeight from back.jpg of the Workspace; false if it is no picture that can
+// be shown, and counts with the size below.
+bool measureBackground(RunState& run);
+
 // The size that a background counts with if its picture cannot be read.
 inline constexpr int fallbackBackWidth = 800;
 inline constexpr int fallbackBackHeight = 600;

@@ -66,25 +66,4 @@ bool isListed(const QString& folder, const QString& name)
     return std::ranges::find(names, name, &MemberName::text) != names.end();
 }
 
-void MemberListFill(const Shell& shell, ListRows& list)
-{
-    shell.WriteLog(QStringLiteral("     2_GFXBOOT_in_ListView"));
-    list.columns = columnsFrom(QStringLiteral("File|Length|"));
-    // Before the list is read, so that a lost one shows as empty and not as the one before.
-    list.rows.clear();
-    const Result<QByteArray> names = readBytes(shell.run.Workspace + memberListName);
-    if (!names)
-        return;
-    for (const MemberName& name : memberNames(*names)) {
-        ListRow row;
-        const qint64 size = memberSize(shell.run.Workspace, name.bytes);
-        row.tag = fileTag(name.text);
-        row.cells = {{name.text, {}, {}, {}, false},
-                     {QString::number(std::max<qint64>(size, 0)), {}, {}, {}, false}};
-        if (memberKind(name.text) == MemberKind::Picture)
-            row.iconFile = shell.run.Workspace + name.text;
-        list.rows.push_back(row);
-    }
-}
-
 } // namespace fennel

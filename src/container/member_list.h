@@ -3,7 +3,6 @@
 #pragma once
 
 #include "base/shell_context.h"
-#include "params/list_rows.h"
 
 namespace fennel {
 
@@ -17,8 +16,5 @@ Result<void> RebuildMemberList(const Shell& shell, const QString& addedPattern);
 
 // Whether the "#.lst" of a folder, which ends in "/", names that member; not without a "#.lst".
 [[nodiscard]] bool isListed(const QString& folder, const QString& name);
-
-// The rows of the list "Gfxboot": one per line of "#.lst" with its length in bytes.
-void MemberListFill(const Shell& shell, ListRows& list);
 
 } // namespace fennel

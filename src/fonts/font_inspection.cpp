@@ -130,10 +130,10 @@ QString middleClickText()
 FontSample fontSample(const FontState& fonts, int row, const QStringList& families)
 {
     const ListRow* shown = fonts.rows.row(row);
-    const int record = shown != nullptr ? recordOfTag(shown->tag) : 0;
+    const int record = shown != nullptr ? shown->number : 0;
     FontSample sample;
-    if (shown != nullptr && shown->cells.size() > 2)
-        sample.text = shown->cells[2].tag + u'\n';
+    if (shown != nullptr)
+        sample.text = shown->tip + u'\n';
     sample.record = fonts.table[static_cast<std::size_t>(record)];
     const ShownFamily family = shownFamily(sample.record.FontName, families);
     if (!family.note.isEmpty())

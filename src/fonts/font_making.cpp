@@ -126,7 +126,7 @@ QString refusal(const Shell& shell, const FontState& fonts, const FontCommand& c
         return nextFontName(fonts.rows).isEmpty() ? u"There is no number left for a further font."_s
                                                   : QString();
     const ListRow* row = fonts.rows.row(command.row);
-    const QString name = row != nullptr ? row->text().trimmed() : QString();
+    const QString name = row != nullptr ? row->texts.value(0).trimmed() : QString();
     const bool plain = !name.isEmpty() && !name.contains(u'/') && !name.startsWith(u'.');
     return shell.run.gfxboot_var == 3 && !plain ? u"Select the font to be changed first."_s
                                                 : QString();
@@ -147,10 +147,11 @@ FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMod
 {
     const ListRow* selected = fonts.rows.row(row);
     FontDialogStart start;
-    start.rowTag = selected != nullptr ? selected->tag : QString();
-    const FontRecord& record = fonts.table[static_cast<std::size_t>(recordOfTag(start.rowTag))];
-    start.title = AddFontMode ? addFontTitle()
-                              : editFontTitle(selected != nullptr ? selected->text() : QString());
+    const FontRecord& record =
+        fonts.table[static_cast<std::size_t>(selected != nullptr ? selected->number : 0)];
+    start.title = AddFontMode
+                      ? addFontTitle()
+                      : editFontTitle(selected != nullptr ? selected->texts.value(0) : QString());
     start.FontStyleName = record.FontName;
     // The dialog lists faces by their full names.
     if (record.Bold)
@@ -182,8 +183,8 @@ QString nextFontName(const ListRows& fontRows)
 {
     int next = firstFontNumber + 1;
     for (const ListRow& row : fontRows.rows) {
-        const QString name = row.text();
-        if (!name.endsWith(u".fnt"_s, Qt::CaseInsensitive) || name == fontFileName(firstFontNumber))
+        const QString name = row.member();
+        if (name.isEmpty() || name == fontFileName(firstFontNumber))
             continue;
         const int number = roundToEven(leadingNumber(QStringView(name).right(6))) + firstFontNumber;
         // Counted up at every row, so gaps may stay: numbers of deleted fonts are not given out
@@ -247,7 +248,7 @@ std::optional<FontChange> ChangeFont(const Shell& shell, const FontState& fonts,
     const Result<QString> component =
         command.AddFontMode
             ? install(shell, nextFontName(fonts.rows))
-            : installChanged(shell, row != nullptr ? row->text().trimmed() : QString());
+            : installChanged(shell, row != nullptr ? row->texts.value(0).trimmed() : QString());
     if (!component) {
         (void)shell.files.remove(inWorkspace(shell, newFontFile));
         if (!component.failure().text.empty())

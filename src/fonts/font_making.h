@@ -23,7 +23,6 @@ struct FontDialogStart {
     double size = 14;      // points
     int wholeSize = 14;    // for the control that counts in whole points
     int mostPoints = 191;  // the largest size that can be made; as given, at 96 dots per inch
-    QString rowTag;
 };
 
 // The largest whole size in points that makes at most fntLargestSize pixels.

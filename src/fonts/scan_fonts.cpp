@@ -82,12 +82,10 @@ void addHeading(FontState& fonts, const RunState& run, const FontFileFacts& file
 {
     const int number =
         AddFontInfoRow(fonts, file.name, {}, {}, run.Workspace + file.name, headingColour);
-    ListRow& row = *fonts.rows.row(number);
-    row.bold = true;
-    for (RowCell& cell : row.cells)
-        cell.bold = true;
     // The heading stands for the member: commands for files act on it.
-    row.tag.prepend(fileTag(file.name));
+    ListRow& row = *fonts.rows.row(number);
+    row.kind = RowKind::Font;
+    row.name = file.name;
 }
 
 // The record as far as it follows from the heights of the file.
@@ -196,7 +194,8 @@ void ScanFonts(FontState& fonts, const RunState& run, const FontScanSettings& se
 {
     fonts.inspection.List1.clear();
     // Emptied first, so nothing of the gfxboot before stays, also if it has no font.
-    fonts.rows = ListRows{{u"File"_s, u"Value"_s, u"Unit"_s}, {}, 0, false};
+    fonts.rows = ListRows();
+    fonts.rows.columns = {u"File"_s, u"Value"_s, u"Unit"_s};
     // Record n belongs to font number firstFontNumber + n; gaps stay empty records.
     fonts.table.assign(fontCount, FontRecord());
     fonts.table[0] = standardRecord(settings.defaultFontName);
@@ -220,28 +219,17 @@ void ScanFonts(FontState& fonts, const RunState& run, const FontScanSettings& se
 int AddFontInfoRow(FontState& fonts, const QString& column1, const QString& column2,
                    const QString& column3, const QString& iconFile, QRgb colour)
 {
-    const QRgb shown = colour == 0 ? fixedRow : colour;
     ListRow row;
-    for (const QString& text : {column1, column2, column3}) {
-        RowCell cell;
-        cell.text = trimBlanks(text);
-        cell.colour = shown;
-        row.cells.push_back(cell);
-    }
-    row.cells.back().tag = fonts.FontVersionText;
-    row.colour = shown;
+    row.kind = RowKind::FontFact;
+    row.number = fonts.FontNumber - firstFontNumber;
+    for (const QString& text : {column1, column2, column3})
+        row.texts.append(trimBlanks(text));
+    row.tip = fonts.FontVersionText;
+    if (colour != 0)
+        row.colour = colour;
     row.iconFile = iconFile;
-    // The tag leads from any row of a font to its record.
-    row.tag = u"|arr"_s + QString::number(fonts.FontNumber).right(2) + u'|';
     fonts.rows.rows.push_back(std::move(row));
     return fonts.rows.count();
-}
-
-int recordOfTag(const QString& tag)
-{
-    const qsizetype mark = tag.indexOf(u"|arr"_s);
-    // Clamped, as the result is used as an index.
-    return mark < 0 ? 0 : std::clamp(tag.mid(mark + 4, 2).toInt(), 0, fontCount - 1);
 }
 
 } // namespace fennel

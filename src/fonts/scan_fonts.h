@@ -62,7 +62,4 @@ void ScanFonts(FontState& fonts, const RunState& run, const FontScanSettings& se
 int AddFontInfoRow(FontState& fonts, const QString& column1, const QString& column2,
                    const QString& column3, const QString& iconFile = {}, QRgb colour = 0);
 
-// The record number in a row's tag ("…|arr07|" gives 7); 0 if there is none.
-int recordOfTag(const QString& tag);
-
 } // namespace fennel

@@ -6,32 +6,20 @@
 #include "menus/menu_overlay.h"
 #include "params/object_table.h"
 
+#include <algorithm>
+
 namespace fennel {
 
 namespace {
 
 using namespace Qt::StringLiterals;
 
-ListRow plainRow(const QString& name, const QString& path, const QString& primary)
+ListRow menuRow(RowKind kind, const QString& name, const QStringList& texts)
 {
     ListRow row;
-    for (const QString& text : {name, path, primary})
-        row.cells.emplace_back().text = text;
-    return row;
-}
-
-// The menu in the template, which is always there; it is what the stage shows first.
-ListRow embeddedRow()
-{
-    ListRow row = plainRow(u"Embedded"_s, u"menu"_s, {});
-    row.tag = embeddedTag;
-    row.colour = blueRow;
-    row.bold = true;
-    row.checked = true;
-    for (std::size_t i = 0; i < 2; ++i) {
-        row.cells[i].bold = true;
-        row.cells[i].colour = blueRow;
-    }
+    row.kind = kind;
+    row.name = name;
+    row.texts = texts;
     return row;
 }
 
@@ -52,14 +40,14 @@ ListRow fileRowOf(const MenuDrive& drive, const QString& name)
     const Result<QString> text = readMenu(drive, name);
     // A file that cannot be read gets its row all the same, with the reason as its tip.
     ListRow row =
-        plainRow(name, drive.letter + u":\\"_s, text ? shownPath(MenuPrimary(*text)) : QString());
-    row.tag = fileTag(name);
-    row.cells[1].toolTip = drive.folder;
+        menuRow(RowKind::Menu, name,
+                {name, drive.letter + u":\\"_s, text ? shownPath(MenuPrimary(*text)) : QString()});
+    row.folder = drive.folder;
     if (!text)
-        row.cells[0].toolTip = QString::fromStdString(text.failure().text);
-    // Menus that set parameters stand out by their colour.
-    else if (!MenuCounts(*text).endsWith(u"/0/0"_s))
-        row.colour = dataMenuRow;
+        row.tip = QString::fromStdString(text.failure().text);
+    // Menus that set parameters stand out.
+    else
+        row.own = !MenuCounts(*text).endsWith(u"/0/0"_s);
     return row;
 }
 
@@ -87,9 +75,11 @@ void MenuListFill(const Shell& shell, const MenuDrive& drive, ListRows& list)
     shell.WriteLog(u"     1_Menu_in_ListView"_s);
     const int kept = list.selected;
     list.rows.clear();
-    list.columns = columnsFrom(u"Menu file|Path|Primary gfxmenu|"_s);
-    list.rows.push_back(embeddedRow());
-    list.rows.push_back(plainRow(u"__________"_s, u"___"_s, u"__________"_s));
+    list.columns = {u"Menu file"_s, u"Path"_s, u"Primary gfxmenu"_s};
+    // The menu in the template, which is always there; it is what the stage shows first.
+    list.rows.push_back(menuRow(RowKind::Menu, {}, {u"Embedded"_s, u"menu"_s, {}}));
+    list.rows.push_back(
+        menuRow(RowKind::MenuLine, {}, {u"__________"_s, u"___"_s, u"__________"_s}));
     if (!drive.folder.isEmpty()) {
         for (const QString& name : filesLike(drive.folder, u"*.lst"_s))
             list.rows.push_back(fileRowOf(drive, name));
@@ -100,17 +90,10 @@ void MenuListFill(const Shell& shell, const MenuDrive& drive, ListRows& list)
 
 int menuRow(const ListRows& list, const QString& name)
 {
-    for (int row = 1; row <= list.count(); ++row) {
-        if (!name.isEmpty() && menuOfRow(list, row) == name)
-            return row;
-    }
-    return 0;
-}
-
-QString menuOfRow(const ListRows& list, int row)
-{
-    const ListRow* found = list.row(row);
-    return found ? fileOfTag(found->tag) : QString();
+    const auto found = std::ranges::find_if(list.rows, [&name](const ListRow& row) {
+        return row.kind == RowKind::Menu && !name.isEmpty() && row.name == name;
+    });
+    return found == list.rows.end() ? 0 : static_cast<int>(found - list.rows.begin()) + 1;
 }
 
 int mnuMenu_fromFlash(const Shell& shell, const MenuDrive& drive, const ListRows& list,

@@ -3,7 +3,8 @@
 #pragma once
 
 #include "base/shell_context.h"
-#include "params/param_lists.h"
+#include "params/list_rows.h"
+#include "params/zuk_table.h"
 
 namespace fennel {
 
@@ -14,8 +15,6 @@ struct MenuDrive {
     QString folder;
 };
 
-inline const QString embeddedTag = QStringLiteral("|Embedded|");
-inline constexpr QRgb dataMenuRow = qRgb(136, 0, 136); // a menu with bracket titles
 // Above this a *.lst is no menu. Titles of 10 MB still are.
 inline constexpr qint64 menuSizeLimit = 32LL * 1024 * 1024;
 
@@ -29,8 +28,6 @@ void MenuListFill(const Shell& shell, const MenuDrive& drive, ListRows& list);
 
 // Row (from 1) of a menu file, 0 if the list has none.
 int menuRow(const ListRows& list, const QString& name);
-// The file of a row, empty for the Embedded row and the separator.
-QString menuOfRow(const ListRows& list, int row);
 
 // mnuMenu_fromFlash: the row to select and to click on, or 0 after the user was told that no
 // gfxboot is open or that the list has no such file.

@@ -3,7 +3,6 @@
 
 #include "base/shell_context.h"
 #include "base/text.h"
-#include "params/object_rows.h"
 
 namespace fennel {
 
@@ -19,8 +18,7 @@ void forgetFile(ZUKarr& table, int file)
         ZukCell& cell = table.at(file, param);
         cell.LevelValue = -1;
         cell.EditValue.reset();
-        cell.TabPos = -1;
-        cell.RowPos = -1;
+        cell.Value.reset();
     }
 }
 
@@ -99,21 +97,13 @@ void ReadLevelFiles(const Shell& shell, ZUKarr& table)
     }
 }
 
-// The lists are where people edit, so what they show is what will be written. A parameter shown in
-// several tabs has the same value in each.
-void GatherListValues(const Shell& shell, ParamLists& lists)
+void GatherListValues(ZUKarr& table)
 {
-    if (!shell.run.GfxHasZuk)
-        return;
-    for (int tab = FirstObjectTab; tab <= lists.tabCount(); ++tab) {
-        const PanelRec* object = lists.object(lists.objectOfTab(tab));
-        if (!object)
-            continue;
-        const int file = levelFileOf(*object);
-        for (const ListRow& row : lists.list(tab)->rows) {
-            const int param = static_cast<int>(numberFromText(row.tag));
-            if (isParameterRow(row) && ZUKarr::inRange(file, param))
-                lists.ZUKarr.at(file, param).EditValue = numberFromText(row.text(LevelColumn));
+    for (int file = 0; file < zukFileCount; ++file) {
+        for (int param = 1; param <= zukParamCount; ++param) {
+            ZukCell& cell = table.at(file, param);
+            if (cell.Value)
+                cell.EditValue = cell.Value->number;
         }
     }
 }

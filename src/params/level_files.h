@@ -9,7 +9,8 @@
 #pragma once
 
 #include "base/result.h"
-#include "params/param_lists.h"
+#include "params/panel_rec.h"
+#include "params/zuk_table.h"
 
 #include <QByteArray>
 
@@ -26,13 +27,12 @@ int levelFileOf(const PanelRec& object);
 // Takes the records of one file into the LevelValue cells of `file`.
 void readLevelRecords(const QByteArray& bytes, int file, ZUKarr& table);
 
-// Empties LevelValue, EditValue, TabPos and RowPos of every cell and reads the files that are
+// Empties LevelValue, Value and EditValue of every cell and reads the files that are
 // there. Does nothing unless GfxHasZuk. A file that cannot be read is told, its cells stay at -1.
 void ReadLevelFiles(const Shell& shell, ZUKarr& table);
 
-// Copies the value cells of the parameter rows of all object lists into EditValue. Does nothing
-// unless GfxHasZuk. Where two lists show the same parameter, they show the same value.
-void GatherListValues(const Shell& shell, ParamLists& lists);
+// Copies every Value that a list shows into EditValue.
+void GatherListValues(ZUKarr& table);
 
 // Writes EditValue, cut to 24 bits, in ascending parameter number. A file without any EditValue
 // stays as it is; every other one is replaced and then holds nothing but what the lists showed. All

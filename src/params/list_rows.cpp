@@ -1,33 +1,29 @@
 // SPDX-License-Identifier: MIT
 #include "params/list_rows.h"
 
+#include <algorithm>
+
 namespace fennel {
 
 namespace {
-const QString fileMark = QStringLiteral("|File: ");
+
+template <class Test>
+int numberOf(const std::vector<ListRow>& rows, const Test& test)
+{
+    const auto found = std::ranges::find_if(rows, test);
+    return found == rows.end() ? 0 : static_cast<int>(found - rows.begin()) + 1;
 }
 
-// Every column is ended by a "|", so what stands behind the last one is no column.
-QStringList columnsFrom(const QString& text)
+} // namespace
+
+int ListRows::find(const ListRow& wanted) const
 {
-    const qsizetype last = text.lastIndexOf(QLatin1Char('|'));
-    return last < 0 ? QStringList() : text.left(last).split(QLatin1Char('|'));
+    return numberOf(rows, [&](const ListRow& row) { return row.sameAs(wanted); });
 }
 
-QString fileTag(const QString& name)
+int ListRows::findMember(const QString& name) const
 {
-    return fileMark + name + QLatin1Char('|');
-}
-
-// A tag may hold more than the file, before and after it.
-QString fileOfTag(const QString& tag)
-{
-    const qsizetype start = tag.indexOf(fileMark);
-    if (start < 0)
-        return {};
-    const qsizetype from = start + fileMark.size();
-    const qsizetype end = tag.indexOf(QLatin1Char('|'), from);
-    return end < 0 ? tag.mid(from) : tag.mid(from, end - from);
+    return numberOf(rows, [&](const ListRow& row) { return row.member() == name; });
 }
 
 } // namespace fennel

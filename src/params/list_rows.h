@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The rows of a list as data: what a list of the workbench shows, without a widget. Every list, the
-// five fixed ones and one per boot-screen object, is filled into this and shown from it.
+// The rows of a list as data: what each row stands for. How a row looks, its texts and colours, is
+// made from it where it is shown (editor/lists/row_look.h).
 #pragma once
 
 #include <QColor>
@@ -12,26 +12,44 @@
 
 namespace fennel {
 
-struct RowCell {
-    QString text;
-    QString toolTip;
-    QString tag;
-    std::optional<QRgb> colour; // none: the row's colour
-    bool bold = false;
+enum class RowKind {
+    Parameter, // of a level file: `file`, `number`
+    CfgLine,   // of gfxboot.cfg: `number` counts its lines from 0
+    Member,    // a file of the gfxboot: `name`
+    Font,      // the first row of a font, which stands for its file, too: `name`, `number`
+    FontFact,  // a further row of a font: `number` is its record
+    Menu,      // a menu file of the drive: `name`; empty: the menu inside the gfxboot
+    MenuLine,  // parts that menu from the files
+    Separator, // parts blocks of rows; never selected
+    Heading,   // over a block of members
+    Notice,    // tells something and stands for nothing
 };
 
 struct ListRow {
-    std::vector<RowCell> cells; // cell 0 is the item, the others follow the columns
-    QString tag;                // what the row is, such as "|File: back.jpg|"
-    std::optional<QRgb> colour; // none: the palette's text colour
-    bool bold = false;
-    std::optional<bool> checked; // none: the row has no check box
-    std::optional<QRgb> swatch;  // a solid block of colour as icon
-    QString iconFile;            // full path of a picture shown small as icon; empty for none
+    RowKind kind = RowKind::Notice;
+    int file = 0;
+    int number = 0;
+    QString name;
+    qint64 size = 0;  // of a member, bytes
+    bool hex = false; // a parameter shown in hexadecimal
+    bool own = false; // a parameter that places or colours its object; a menu that sets parameters
+    bool onOff = false;         // a parameter that switches its object on and off
+    QStringList texts;          // of rows whose words are no parameter's, a cell each
+    QString tip;                // of the row, what else there is to know
+    std::optional<QRgb> colour; // of rows that come in colours of their own; none: as its kind is
+    QString folder;             // of a menu file
+    QString iconFile;           // full path of a picture shown small as icon; empty for none
 
-    [[nodiscard]] QString text(std::size_t column = 0) const
+    // Stands for the same thing: its place in the list may differ.
+    [[nodiscard]] bool sameAs(const ListRow& other) const
     {
-        return column < cells.size() ? cells[column].text : QString();
+        return kind == other.kind && file == other.file && number == other.number &&
+               name == other.name;
+    }
+    // The file that commands work on; empty for rows that are none.
+    [[nodiscard]] QString member() const
+    {
+        return kind == RowKind::Member || kind == RowKind::Font ? name : QString();
     }
 };
 
@@ -42,6 +60,9 @@ struct ListRows {
     std::vector<ListRow> rows;
     int selected = 0;      // from 1; 0 none
     bool iconView = false; // large icons instead of a report
+    int object = -1;       // row of PanelArr whose list it is, -1 none
+    // The value that the object's switch was set to last; none: as it was when the list was made.
+    std::optional<qint64> switched;
 
     [[nodiscard]] ListRow* row(int number)
     {
@@ -54,22 +75,10 @@ struct ListRows {
         return const_cast<ListRows*>(this)->row(number);
     }
     [[nodiscard]] int count() const { return static_cast<int>(rows.size()); }
+    // The number of the row that stands for the same, 0 without one.
+    [[nodiscard]] int find(const ListRow& wanted) const;
+    // The number of the row of a member.
+    [[nodiscard]] int findMember(const QString& name) const;
 };
-
-// Splits a text such as "File|Length|" into its columns: every piece up to the last "|".
-QStringList columnsFrom(const QString& text);
-
-// The mark of a row that stands for a member file, and the way back (empty if the tag has none).
-QString fileTag(const QString& name);
-// Empty for a tag without a file.
-QString fileOfTag(const QString& tag);
-
-// Colours of rows, as they are seen on screen.
-inline constexpr QRgb greyRow = 0xffcccccc;     // the object is off; not selectable
-inline constexpr QRgb fixedRow = 0xff171615;    // near black: rows that cannot be edited
-inline constexpr QRgb commentCell = 0xff271615; // the comment column
-inline constexpr QRgb fileRow = 0xffb55300;
-inline constexpr QRgb blueRow = 0xff0000ff;
-inline constexpr QRgb blackRow = 0xff000000;
 
 } // namespace fennel

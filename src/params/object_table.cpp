@@ -2,6 +2,7 @@
 #include "params/object_table.h"
 
 #include "base/shell_context.h"
+#include "base/text.h"
 #include "params/panel_values.h"
 
 #include <QImageReader>
@@ -167,14 +168,23 @@ const ObjectSpec* specOf(int row)
     return found == std::end(objectTable) ? nullptr : found;
 }
 
-// The list of sparkle g: its six geometry and colour parameters between two ids that the catalogue
-// of its file does not have. The empty element before the last one ends the list when it is filled.
-QString sparkleIds(int g)
+// The list of sparkle g: its six geometry and colour parameters behind one that the catalogue of
+// its file does not have.
+std::vector<PanelParam> sparkleIds(int g)
 {
-    QString ids = QStringLiteral("19|");
+    std::vector<PanelParam> ids = {{19, false}};
     for (int digit = 2; digit <= 7; ++digit)
-        ids += QString::number(g) + QString::number(digit) + QLatin1Char('|');
-    return ids + QStringLiteral("|79");
+        ids.push_back({10 * g + digit, false});
+    return ids;
+}
+
+// "01|06x|": numbers, hexadecimal with an x behind.
+std::vector<PanelParam> idsOf(QStringView text)
+{
+    std::vector<PanelParam> ids;
+    for (const QStringView element : text.split(u'|', Qt::SkipEmptyParts))
+        ids.push_back({static_cast<int>(numberFromText(element)), element.endsWith(u'x')});
+    return ids;
 }
 
 void setSources(PanelRec& panel, std::array<int, 9> sources, int step)
@@ -219,7 +229,7 @@ PanelRec panelFrom(const ObjectSpec& spec, int row)
     const int member = row - spec.row;
     PanelRec panel;
     panel.Name = spec.name.toString();
-    panel.Ids = spec.ids.toString();
+    panel.Ids = idsOf(spec.ids);
     if (spec.count > 1) {
         panel.Name += QString::number(member + 1);
         panel.Ids = sparkleIds(member);
@@ -227,7 +237,8 @@ PanelRec panelFrom(const ObjectSpec& spec, int row)
     setSources(panel, spec.sources, member * 10);
     if (spec.file != noFile)
         panel.CfgFile = levelFileName(spec.file);
-    panel.Ids2 = spec.ids2.toString();
+    for (const PanelParam& id : idsOf(spec.ids2))
+        panel.Ids2.push_back(id.number);
     panel.Component = spec.component.toString();
     panel.Editable = (spec.flags & Editable) != 0;
     panel.Roll = (spec.flags & Roll) != 0;
@@ -254,11 +265,11 @@ void setLogoSize(const Shell& shell, PanelRec& logo)
 
 // In generation 3 the engine has no button bar and no options line, and only as many sparkles as
 // parameter 1 of their file says.
-void finishGeneration3(const Shell& shell, ParamLists& lists)
+void finishGeneration3(const Shell& shell, ParamState& state)
 {
-    const int sparkles = lists.ZUKarr.at(1, 1).LevelValue;
-    for (int row = 0; row < static_cast<int>(lists.PanelArr.size()); ++row) {
-        PanelRec& panel = *lists.object(row);
+    const int sparkles = state.ZUKarr.at(1, 1).LevelValue;
+    for (int row = 0; row < static_cast<int>(state.PanelArr.size()); ++row) {
+        PanelRec& panel = *state.object(row);
         if (row == ButtonsPanelRow || row == OptionsPanelRow)
             panel.Enabled = false;
         else if (isSparkle(row))
@@ -269,6 +280,9 @@ void finishGeneration3(const Shell& shell, ParamLists& lists)
         else if (row == HelpPanelRow)
             fitHelpPanel(shell.run, panel);
     }
+    int tab = FirstObjectTab;
+    for (PanelRec& panel : state.PanelArr)
+        panel.TabIndex = panel.Enabled ? tab++ : 0;
 }
 
 } // namespace
@@ -294,25 +308,24 @@ QString objectCaption(const QString& name)
     return caption.remove(QStringLiteral("|Panel")).replace(QLatin1Char('|'), QLatin1Char(' '));
 }
 
-void BuildPanels(const Shell& shell, ParamLists& lists)
+void BuildPanels(const Shell& shell, ParamState& state)
 {
     shell.WriteLog(QStringLiteral("     TEX&DEF"));
-    lists.MenuSlit = 3;
-    lists.PanelArr.clear();
+    state.PanelArr.clear();
     for (int row = 0; row < shell.run.ObjectCount; ++row) {
         const ObjectSpec* spec = specOf(row);
-        lists.PanelArr.push_back(spec ? panelFrom(*spec, row) : placeholder(row));
-        PanelRec& panel = lists.PanelArr.back();
+        state.PanelArr.push_back(spec ? panelFrom(*spec, row) : placeholder(row));
+        PanelRec& panel = state.PanelArr.back();
         setDefaultPlace(panel, row, shell.run.BackWidth);
         // "|" ends a line of the text that is drawn in the object.
         panel.Text = panel.Name + QLatin1Char('|');
     }
     if (shell.run.gfxboot_var == 3)
-        finishGeneration3(shell, lists);
+        finishGeneration3(shell, state);
     const MenuTexts texts = menuTexts(embeddedMenu);
-    if (PanelRec* menu = lists.object(MenuPanelRow))
+    if (PanelRec* menu = state.object(MenuPanelRow))
         menu->Text = texts.menu;
-    if (PanelRec* bar = lists.object(MenuBarRow))
+    if (PanelRec* bar = state.object(MenuBarRow))
         bar->Text = texts.bar;
 }
 

@@ -3,7 +3,7 @@
 // which parameters its tab lists, and how they look before any parameter is read.
 #pragma once
 
-#include "params/param_lists.h"
+#include "params/param_state.h"
 
 #include <QSize>
 #include <QStringView>
@@ -25,6 +25,8 @@ enum ObjectRow {
     HelpPanelRow = 8,
     FirstSparkleRow = 11,
     LastSparkleRow = 18,
+    GlassesRow = 23,
+    AnimationRow = 28,
     GeneralRow = 39,
 };
 inline constexpr int zukObjectCount = 40; // rows in generation 3
@@ -51,9 +53,9 @@ QString objectCaption(const QString& name);
 // Sizes the help panel for the background of the run.
 void fitHelpPanel(const RunState& run, PanelRec& help);
 
-// Fills PanelArr with RunState::ObjectCount rows and sets MenuSlit to 3. Needs BackWidth and
+// Fills PanelArr with RunState::ObjectCount rows. Needs BackWidth and
 // BackHeight, and in generation 3 the LevelValues and the Workspace, whose Logo_msk.jpg gives the
 // size of the logo; without a readable one the user is told and the logo is 100 by 50.
-void BuildPanels(const Shell& shell, ParamLists& lists);
+void BuildPanels(const Shell& shell, ParamState& state);
 
 } // namespace fennel

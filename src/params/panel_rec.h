@@ -9,6 +9,13 @@
 
 namespace fennel {
 
+// A parameter that an object's tab lists.
+struct PanelParam {
+    int number = 0;
+    bool hex = false; // shown in hexadecimal
+    bool operator==(const PanelParam&) const = default;
+};
+
 // Lengths are boot-screen pixels, the origin is the top left corner of the background. A source
 // field (…Param) above 0 is a parameter number of CfgFile; 0 or below is a constant, taken by its
 // absolute value, that no parameter sets and no mouse changes.
@@ -35,14 +42,15 @@ struct PanelRec {
     bool Editable = false; // has level records; its rows get swatches
     QString Component;     // "|"-separated masks of the files that belong to it
     bool Shown = true;
-    bool Enabled = true;       // can be selected, gets a tab
-    bool Roll = false;         // cannot be moved or sized with the mouse
-    QString CfgFile;           // such as "ZUK0004.CFG"
-    int TabIndex = 0;          // its tab, from 6 on; 0 none
-    bool OnlySelected = false; // shown only while its tab is selected
-    QString Ids;               // parameters that its tab lists; "x" behind one: hexadecimal
-    QString Ids2;              // further parameters whose change recomputes the object
-    QString Text;              // the words printed on it, lines separated by "|"
+    bool Enabled = true;         // can be selected, gets a tab
+    bool Roll = false;           // cannot be moved or sized with the mouse
+    QString CfgFile;             // such as "ZUK0004.CFG"
+    int TabIndex = 0;            // its tab, from 6 on; 0 none
+    bool OnlySelected = false;   // shown only while its tab is selected
+    std::vector<PanelParam> Ids; // parameters that its tab lists, in its order
+    std::vector<int> Ids2;       // further parameters whose change recomputes the object
+    QString Text;                // the words printed on it, lines separated by "|"
+    bool operator==(const PanelRec&) const = default;
 };
 
 using PanelArr = std::vector<PanelRec>;

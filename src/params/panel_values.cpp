@@ -6,8 +6,10 @@
 #include "params/level_files.h"
 #include "params/object_table.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <functional>
 
 namespace fennel {
 
@@ -29,16 +31,16 @@ QRgb opaque(qint64 colour)
 }
 
 // The value of a source field: a parameter's, or a constant.
-using ParamValue = std::function<qint64(int)>;
+using ParamSource = std::function<qint64(int)>;
 
-qint64 fromSource(int source, const ParamValue& param)
+qint64 fromSource(int source, const ParamSource& param)
 {
     // 0 is neither: it gives the constant 0.
     return source > 0 ? param(source) : std::abs(source);
 }
 
 // Values are cut to 16 bits: any number may stand in a file, and sums of places must not overflow.
-void recalcPanel(PanelRec& panel, const ParamValue& param)
+void recalcPanel(PanelRec& panel, const ParamSource& param)
 {
     panel.Width = clampToI16(fromSource(panel.WidthParam, param));
     panel.Left = clampToI16(fromSource(panel.LeftParam, param));
@@ -82,10 +84,10 @@ void place(PanelRec& panel, int left, int top, int width, int height, const Look
 }
 
 // Height of a line of the menu in generations 1 and 2, in boot-screen pixels.
-double lineHeight(const ParamLists& lists, const FontTable& fonts)
+double lineHeight(const ParamState& state, const FontTable& fonts)
 {
     const double size = fonts.empty() ? 0.0 : fonts.front().Size;
-    return size + 3 + lists.MenuSlit;
+    return size + 3 + menuSlit(state);
 }
 
 // Ties to even, like all places on the stage.
@@ -95,18 +97,18 @@ qint16 menuHeight(double line, qint64 entries)
 }
 
 // What generations 1 and 2 place alike, in boot-screen pixels; the heights that a font sets stay.
-void placeFixed(const RunState& run, ParamLists& lists)
+void placeFixed(const RunState& run, ParamState& state)
 {
-    place(*lists.object(MenuPanelRow), menuLeft, menuTop, run.BackWidth - menuLeft, 0,
+    place(*state.object(MenuPanelRow), menuLeft, menuTop, run.BackWidth - menuLeft, 0,
           {255, white, grey});
-    place(*lists.object(MenuBarRow), menuLeft, menuTop, run.BackWidth - menuLeft, 0,
+    place(*state.object(MenuBarRow), menuLeft, menuTop, run.BackWidth - menuLeft, 0,
           {70, black, white});
-    place(*lists.object(ButtonsPanelRow), 0, run.BackHeight - buttonsHeight, run.BackWidth,
+    place(*state.object(ButtonsPanelRow), 0, run.BackHeight - buttonsHeight, run.BackWidth,
           buttonsHeight, {255, white, grey});
-    place(*lists.object(OptionsPanelRow), 263, 480, run.BackWidth - 263, 0, {255, white, grey});
-    lists.object(ButtonsPanelRow)->Text =
+    place(*state.object(OptionsPanelRow), 263, 480, run.BackWidth - 263, 0, {255, white, grey});
+    state.object(ButtonsPanelRow)->Text =
         QStringLiteral("F1|Help|F2|Language|English (UK)|F9|Reboot|F10|Poweroff");
-    lists.object(OptionsPanelRow)->Text = QStringLiteral("OptionsPanel");
+    state.object(OptionsPanelRow)->Text = QStringLiteral("OptionsPanel");
 }
 
 // Beside menu_max_entries, which the height depends on as on the font.
@@ -115,43 +117,40 @@ constexpr std::array<QStringView, 5> stageKeys = {
 
 } // namespace
 
-void applyGeneration(const Shell& shell, ParamLists& lists, const FontTable& fonts,
-                     const CfgLookup& CfgValue)
+void applyGeneration(const Shell& shell, ParamState& state, const FontTable& fonts)
 {
     const int generation = shell.run.gfxboot_var;
     if (generation == 3) {
-        RecalcPanelsFromLevels(shell, lists, LayerCfg);
+        RecalcPanelsFromLevels(shell, state, LayerCfg);
         return;
     }
     shell.WriteLog(QStringLiteral("     gfxboot_var=%1").arg(generation));
-    if (!lists.object(OptionsPanelRow))
+    if (!state.object(OptionsPanelRow))
         return; // nothing is open
-    placeFixed(shell.run, lists);
-    fitMenuToFont(shell.run, lists, fonts, CfgValue);
+    placeFixed(shell.run, state);
+    fitMenuToFont(shell.run, state, fonts);
     for (const QStringView key : stageKeys)
-        CfgApply(shell.run, lists, fonts, key, CfgValue);
+        CfgApply(shell.run, state, fonts, key);
 }
 
-void fitMenuToFont(const RunState& run, ParamLists& lists, const FontTable& fonts,
-                   const CfgLookup& CfgValue)
+void fitMenuToFont(const RunState& run, ParamState& state, const FontTable& fonts)
 {
-    if (run.gfxboot_var > 2 || !lists.object(OptionsPanelRow))
+    if (run.gfxboot_var > 2 || !state.object(OptionsPanelRow))
         return;
-    const double line = lineHeight(lists, fonts);
-    lists.object(MenuPanelRow)->Height = menuHeight(line, menuEntries);
+    const double line = lineHeight(state, fonts);
+    state.object(MenuPanelRow)->Height = menuHeight(line, menuEntries);
     for (const int row : {MenuBarRow, OptionsPanelRow})
-        lists.object(row)->Height = menuHeight(line, 1);
-    CfgApply(run, lists, fonts, u"menu_max_entries", CfgValue);
+        state.object(row)->Height = menuHeight(line, 1);
+    CfgApply(run, state, fonts, u"menu_max_entries");
 }
 
-void CfgApply(const RunState& run, ParamLists& lists, const FontTable& fonts, QStringView name,
-              const CfgLookup& CfgValue)
+void CfgApply(const RunState& run, ParamState& state, const FontTable& fonts, QStringView name)
 {
-    PanelRec* menu = lists.object(MenuPanelRow);
-    PanelRec* bar = lists.object(MenuBarRow);
+    PanelRec* menu = state.object(MenuPanelRow);
+    PanelRec* bar = state.object(MenuBarRow);
     if (run.gfxboot_var != 2 || !bar)
         return;
-    const qint64 value = numberFromText(CfgValue(name));
+    const qint64 value = numberFromText(CfgValue(state.cfg, name));
     if (name == u"menu_bar_color")
         bar->BackColor = opaque(value);
     else if (name == u"menu_text_normal")
@@ -159,7 +158,7 @@ void CfgApply(const RunState& run, ParamLists& lists, const FontTable& fonts, QS
     else if (name == u"menu_text_select")
         bar->TextColor = opaque(value);
     else if (name == u"menu_max_entries")
-        menu->Height = menuHeight(lineHeight(lists, fonts), value);
+        menu->Height = menuHeight(lineHeight(state, fonts), value);
     else if (name == u"menu_start_y")
         menu->Top = bar->Top = clampToI16(value);
     else if (name == u"menu_start_x") {
@@ -169,56 +168,121 @@ void CfgApply(const RunState& run, ParamLists& lists, const FontTable& fonts, QS
     }
 }
 
-void RecalcPanelsFromLevels(const Shell& shell, ParamLists& lists, Layer layer)
+void RecalcPanelsFromLevels(const Shell& shell, ParamState& state, Layer layer)
 {
     shell.WriteLog(QStringLiteral("     gfxboot_var=3"));
-    for (int row = 0; row < static_cast<int>(lists.PanelArr.size()); ++row) {
-        PanelRec& panel = *lists.object(row);
+    for (int row = 0; row < static_cast<int>(state.PanelArr.size()); ++row) {
+        PanelRec& panel = *state.object(row);
         const int file = levelFileOf(panel);
         recalcPanel(panel, [&](int source) {
             // A parameter that is missing is told by GetLevelValue() and counts as -1.
-            return GetLevelValue(shell, lists.ZUKarr, file, source, layer).value_or(-1);
+            return GetLevelValue(shell, state.ZUKarr, file, source, layer).value_or(-1);
         });
         if (isSparkle(row))
             pointsToRectangle(panel);
     }
 }
 
-bool RecalcPanelFromList(ParamLists& lists, const FontTable& fonts, int tab, int object)
+PanelRec panelFromValues(const ParamState& state, const FontTable& fonts, int object)
 {
-    PanelRec* panel = lists.object(object);
-    // A disabled object has no tab whose list could be read.
-    if (!panel || !panel->Enabled)
-        return false;
-    const ParamValue param = [&](int source) { return GetPanelParam(lists, tab, source); };
-    recalcPanel(*panel, param);
-    panel->On = clampToI16(fromSource(panel->OnParam, param));
+    PanelRec panel = *state.object(object);
+    if (!panel.Enabled)
+        return panel;
+    const ParamSource param = [&](int source) { return GetPanelParam(state, object, source); };
+    recalcPanel(panel, param);
+    panel.On = clampToI16(fromSource(panel.OnParam, param));
     if (isSparkle(object))
-        pointsToRectangle(*panel);
-    const int font = panel->FontIndex;
+        pointsToRectangle(panel);
+    const int font = panel.FontIndex;
     const bool there = font >= 0 && font < static_cast<int>(fonts.size()) &&
                        !fonts[static_cast<std::size_t>(font)].FontName.isEmpty();
     if (!there)
         // An index without a font could not be drawn; 0 is the standard font.
-        panel->FontIndex = 0;
-    // The space between menu lines belongs to the first object's tab, whichever object changed.
-    lists.MenuSlit = clampToI16(GetPanelParam(lists, FirstObjectTab, 40));
-    return true;
+        panel.FontIndex = 0;
+    return panel;
 }
 
-qint64 GetPanelParam(const ParamLists& lists, int tab, int id)
+namespace {
+
+// Every parameter that a tab lists and the table has, as call(cell, parameter).
+template <class State, class Call>
+void forListed(State& state, const Call& call)
 {
-    const ListRows* list = lists.list(tab);
-    if (!list || id < 1)
-        return -1;
-    for (const ListRow& row : list->rows) {
-        if (numberFromText(row.tag) != id)
-            continue;
-        const qint64 value = numberFromText(row.text(LevelColumn));
-        // Colours have 24 bits; more digits may have been typed.
-        return row.tag.contains(QLatin1String("|x|")) ? value & 0xFFFFFF : value;
+    for (auto& panel : state.PanelArr) {
+        const int file = levelFileOf(panel);
+        for (const PanelParam& id : panel.Ids) {
+            if (panel.Enabled && ZUKarr::inRange(file, id.number))
+                call(state.ZUKarr.at(file, id.number), id);
+        }
     }
-    return -1;
+}
+
+} // namespace
+
+void listValues(ParamState& state)
+{
+    forListed(state, [&](ZukCell& cell, const PanelParam& id) {
+        // A parameter that the catalogue does not know has no default: saving it would put an
+        // unknown record into the file.
+        const qint64 value = cell.LevelValue != -1      ? cell.LevelValue
+                             : state.UpgradeChoice == 1 ? cell.DefValue.value_or(-1)
+                                                        : -1;
+        if (value >= 0)
+            cell.Value = ParamValue{value, id.hex, {}};
+    });
+}
+
+bool lacksParameters(const ParamState& state)
+{
+    bool lacks = false;
+    forListed(state, [&](const ZukCell& cell, const PanelParam&) {
+        lacks = lacks || (cell.LevelValue == -1 && cell.DefValue);
+    });
+    return lacks;
+}
+
+qint64 GetPanelParam(const ParamState& state, int object, int id)
+{
+    const PanelRec* panel = state.object(object);
+    if (panel == nullptr || !panel->Enabled)
+        return -1;
+    const auto listed = std::ranges::find(panel->Ids, id, &PanelParam::number);
+    const int file = levelFileOf(*panel);
+    if (listed == panel->Ids.end() || !ZUKarr::inRange(file, id))
+        return -1;
+    const auto& value = state.ZUKarr.at(file, id).Value;
+    if (!value)
+        return -1;
+    // Colours have 24 bits; more digits may have been typed.
+    return listed->hex ? value->number & 0xFFFFFF : value->number;
+}
+
+qint64 switchValue(const ParamState& state, const PanelRec& panel)
+{
+    // A constant instead of a parameter: such an object cannot be switched.
+    if (panel.OnParam <= 0)
+        return std::abs(panel.OnParam);
+    const ZukCell& cell = state.ZUKarr.at(levelFileOf(panel), panel.OnParam);
+    return cell.Value ? cell.Value->number : cell.LevelValue;
+}
+
+int menuSlit(const ParamState& state)
+{
+    constexpr int oldSlit = 3; // of the engines without level files
+    constexpr int slitParam = 40;
+    // Only generation 3 has all objects.
+    return state.PanelArr.size() == zukObjectCount
+               ? clampToI16(GetPanelParam(state, MenuPanelRow, slitParam))
+               : oldSlit;
+}
+
+bool feedsPanel(const PanelRec& panel, int id)
+{
+    const qint32 sources[] = {panel.OnParam,    panel.TopParam,    panel.LeftParam,
+                              panel.WidthParam, panel.HeightParam, panel.BackParam,
+                              panel.TextParam,  panel.TranspParam, panel.FontParam};
+    return std::ranges::find(sources, id) != std::end(sources) ||
+           std::ranges::find(panel.Ids2, id) != panel.Ids2.end();
 }
 
 } // namespace fennel

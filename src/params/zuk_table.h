@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // ZUKarr: every parameter of a generation 3 boot screen, 16 level files of 99 parameters, each with
-// its layers: catalogue default, value from the file, value from the lists, value from a menu file.
+// its layers: catalogue default, value from the file, value that was set, value from a menu file.
 #pragma once
+
+#include "params/param_value.h"
 
 #include <QString>
 
@@ -22,10 +24,9 @@ struct ZukCell {
     bool IsHex = false;              // the catalogue wrote the default with 0x
     QString Comment;                 // in the run's language
     qint32 LevelValue = -1;          // from the file; -1: no record
-    std::optional<qint64> EditValue; // from the lists at the last gathering
+    std::optional<ParamValue> Value; // as the lists show it, and a save writes it; none: in no list
+    std::optional<qint64> EditValue; // of Value at the last gathering
     std::optional<qint64> LstValue;  // from the selected menu file
-    qint16 TabPos = -1;              // the list that shows it, -1 none
-    qint16 RowPos = -1;              // its row there (from 1), -1 none
 };
 
 enum Layer : qint8 { LayerDefault = 1, LayerCfg = 4, LayerEdit = 5, LayerLst = 6 };

@@ -10,8 +10,7 @@
 #include "editor/stage/stage_surface.h"
 #include "editor/window/main_window.h"
 #include "params/level_files.h"
-#include "params/object_rows.h"
-#include "params/row_values.h"
+#include "params/object_table.h"
 
 #include <QScopedValueRollback>
 
@@ -44,23 +43,23 @@ void ColourLink::connectControls()
     connect(&editor.pipette(), &QCheckBox::toggled, this, &ColourLink::onPipette);
 }
 
-PanelRec* ColourLink::record() const
+const PanelRec* ColourLink::record() const
 {
-    return m_window.workbench().params.object(m_window.stageLink().stage().ColourPanel);
+    return m_window.document().object(m_window.stageLink().stage().ColourPanel);
 }
 
 void ColourLink::showControls(int index)
 {
     if (m_pipette == nullptr)
         return; // the window is still being built
-    const PanelRec* rec = m_window.workbench().params.object(index);
+    const PanelRec* rec = m_window.document().object(index);
     ColourTools& tools = m_window.colourTools();
     if (rec == nullptr || !m_window.shell().run.GfxHasZuk) {
         tools.showNothing();
         return;
     }
     // While a menu file's values lie over the object, no value of the file can be changed.
-    const bool locked = m_window.rightPanel().fromMenu().isChecked();
+    const bool locked = m_window.document().menuLevelShown();
     tools.showValues(locked ? ColourControls() : colourControlsFor(*rec), rec->BackColor,
                      rec->Transp);
 }
@@ -73,54 +72,34 @@ int ColourLink::pipettesOn() const
            (m_window.rightPanel().editor().pipette().isChecked() ? 1 : 0);
 }
 
-bool ColourLink::writeRow(int param, const QString& value)
+// A parameter that no list shows reaches no file, so nothing changes then.
+void ColourLink::writeParam(int param, const ParamValue& value, const QString& what)
 {
-    Workbench& bench = m_window.workbench();
+    const int object = m_window.stageLink().stage().ColourPanel;
     const PanelRec* rec = record();
     if (rec == nullptr || !ZUKarr::inRange(levelFileOf(*rec), param))
-        return false;
-    const ZukCell& cell = bench.params.ZUKarr.at(levelFileOf(*rec), param);
-    ListRows* list = bench.params.list(cell.TabPos);
-    ListRow* row = list == nullptr ? nullptr : list->row(cell.RowPos);
-    if (row == nullptr)
-        return false;
-    row->cells[LevelColumn].text = value;
-    const RowChange change =
-        OnRowValueChanged(bench.params, bench.fonts.table, cell.TabPos, cell.RowPos);
-    refreshSwatches(bench.params, cell.TabPos);
-    const Stage& stage = m_window.stageLink().stage();
-    if (stage.ColourPanel == stage.SelectedPanel)
-        applyChange(m_window, cell.TabPos, change);
-    else
-        m_window.rightPanel().refreshList(cell.TabPos);
-    return true;
+        return;
+    Change change;
+    change.params[{levelFileOf(*rec), param}] = value;
+    StepInfo info{what.arg(objectCaption(rec->Name)), {}, {}};
+    info.place.object = object;
+    info.place.param = {levelFileOf(*rec), param};
+    // One journey of a slider is one step.
+    info.mergeKey = u"%1 %2 %3"_s.arg(param).arg(object).arg(m_window.colourTools().journey());
+    (void)m_window.document().apply(std::move(change), info);
 }
 
-// A parameter that no list shows reaches no file, so the record keeps its old value then, and the
-// controls go back to it.
 void ColourLink::setFill(QRgb colour)
 {
-    PanelRec* rec = record();
-    if (rec == nullptr) {
-        showControls(-1);
-        return;
-    }
-    const QRgb before = rec->BackColor;
-    rec->BackColor = colour;
-    if (!writeRow(rec->BackParam, hexText(colour & 0xFFFFFFU)))
-        rec->BackColor = before;
+    if (const PanelRec* rec = record())
+        writeParam(rec->BackParam, ParamValue{colour & 0xFFFFFFU, true, {}}, u"colour of %1"_s);
     showControls(m_window.stageLink().stage().ColourPanel);
 }
 
 void ColourLink::setTransparency(int value)
 {
-    PanelRec* rec = record();
-    if (rec == nullptr)
-        return;
-    const qint16 before = rec->Transp;
-    rec->Transp = static_cast<qint16>(value);
-    if (!writeRow(rec->TranspParam, QString::number(value)))
-        rec->Transp = before;
+    if (const PanelRec* rec = record())
+        writeParam(rec->TranspParam, ParamValue{value, false, {}}, u"transparency of %1"_s);
     showControls(m_window.stageLink().stage().ColourPanel);
 }
 
@@ -129,8 +108,9 @@ void ColourLink::setFileValues()
     const PanelRec* rec = record();
     if (rec == nullptr)
         return;
-    const ZUKarr& table = m_window.workbench().params.ZUKarr;
+    const ZUKarr& table = m_window.document().state().ZUKarr;
     const int file = levelFileOf(*rec);
+    m_window.colourTools().newJourney();
     const ColourControls controls = colourControlsFor(*rec);
     const qint64 fill = table.GetLevelValue(file, rec->BackParam, LayerCfg).value_or(-1);
     const qint64 transp = table.GetLevelValue(file, rec->TranspParam, LayerCfg).value_or(-1);
@@ -146,6 +126,7 @@ void ColourLink::askFill()
     const QColor initial(rec == nullptr ? qRgb(0, 0, 0) : rec->BackColor);
     const auto chosen = m_window.shell().prompts.ChooseColour(initial);
     m_window.surface().setFocus();
+    m_window.colourTools().newJourney();
     if (chosen)
         setFill(chosen->rgb());
 }
@@ -213,6 +194,7 @@ void ColourLink::onPicked(bool taken)
         m_window.rightPanel().editor().pipette().setChecked(false);
     }
     showValueSample(nullptr);
+    m_window.colourTools().newJourney();
     if (forFill && taken)
         setFill(m_pipette->colour());
     else

@@ -12,6 +12,7 @@ namespace fennel {
 class MainWindow;
 class Pipette;
 struct PanelRec;
+struct ParamValue;
 
 class ColourLink : public QObject {
     Q_OBJECT
@@ -27,12 +28,12 @@ public:
     [[nodiscard]] Pipette& pipette() { return *m_pipette; }
 
 private:
-    [[nodiscard]] PanelRec* record() const;
+    [[nodiscard]] const PanelRec* record() const;
     void setFill(QRgb colour);
     void setTransparency(int value);
     void setFileValues();
-    // The row of a parameter of the object in work gets the value; false if no list shows it.
-    bool writeRow(int param, const QString& value);
+    // A parameter of the object in work gets the value.
+    void writeParam(int param, const ParamValue& value, const QString& what);
     void askFill();
     void askValue();
     void onPipette(bool on);

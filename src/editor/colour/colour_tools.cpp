@@ -83,6 +83,7 @@ void ColourTools::buildTransparency()
     setName(m_file, u"Command1"_s,
             tr("Fill and transparency as the file had them when it was opened"));
     m_file->setFixedWidth(28);
+    connect(m_transparency, &QSlider::sliderPressed, this, &ColourTools::newJourney);
     connect(m_transparency, &QSlider::valueChanged, this, [this](int value) {
         m_transpText->setText(QString::number(value));
         if (!m_silent)
@@ -116,6 +117,7 @@ void ColourTools::buildFill()
         m_boxes[part]->setStyleSheet(u"color: %1; font-weight: bold;"_s.arg(partColours[part]));
         m_boxes[part]->installEventFilter(this);
         connect(m_sliders[part], &QSlider::valueChanged, this, &ColourTools::partMoved);
+        connect(m_sliders[part], &QSlider::sliderPressed, this, &ColourTools::newJourney);
     }
 }
 

@@ -32,6 +32,9 @@ public:
     void showSample(QRgb colour);
 
     [[nodiscard]] QRgb sliderColour() const;
+    // Changes of one number belong together: a slider that is pulled, or a run of its keys.
+    [[nodiscard]] int journey() const { return m_journey; }
+    void newJourney() { ++m_journey; }
     [[nodiscard]] QLineEdit& sample() { return *m_sample; }      // TextColor
     [[nodiscard]] QCheckBox& pipette() { return *m_pipette; }    // Check1Pipetka
     [[nodiscard]] QPushButton& colourButton() { return *m_ask; } // ComRGB
@@ -65,6 +68,7 @@ private:
     std::array<QSlider*, 3> m_sliders{};
     std::array<QLineEdit*, 3> m_boxes{};
     QGridLayout* m_parts;
+    int m_journey = 0;
     bool m_silent = false; // the sliders are being set by showValues
     bool m_low = false;    // the frame is too low for boxes under the sliders
 };

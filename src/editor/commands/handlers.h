@@ -10,7 +10,7 @@
 namespace fennel {
 
 class MainWindow;
-struct RowChange;
+struct DocumentChange;
 
 void addFileCommands(MainWindow& window);
 void addViewCommands(MainWindow& window);
@@ -66,8 +66,11 @@ void switchLevels(MainWindow& window, bool fromMenu);
 void selectTab(MainWindow& window, int tab);
 // The same by the user's own choice: the tab's object is marked, or none.
 void activateTab(MainWindow& window, int tab);
-// Shows what a changed value of a row of `tab` changed: lists, objects, colour controls.
-void applyChange(MainWindow& window, int tab, const RowChange& change);
+// From here on whatever changes in the document is shown, and where an undo took place.
+void connectDocument(MainWindow& window);
+// Undo and redo as the history has them, and the mark for changes that are not saved.
+void showHistory(MainWindow& window);
+void addHistoryCommands(MainWindow& window);
 // Enabled state of the buttons beside the list and of the edit buttons of the toolbar.
 void updateRowButtons(MainWindow& window);
 // Marks a row, from 1, of a tab's list and makes it the one that commands work on.
@@ -78,9 +81,8 @@ void CloseEditor(MainWindow& window);
 // CloseEditor(), but a text in work stays open with what was typed.
 void closeValueEditor(MainWindow& window);
 
-// Brings the rows of gfxboot.cfg into their file and shows them as they stand then; the same
-// parameter stays selected. False if that failed and the user was told.
-bool writeConfig(MainWindow& window);
+// A background of the Workspace becomes the one in use: a step, where the gfxboot keeps the choice.
+void chooseBackground(MainWindow& window, const QString& name);
 // Brings the parameters from the lists into their files.
 bool writeParameters(MainWindow& window);
 

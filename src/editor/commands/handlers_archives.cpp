@@ -30,7 +30,7 @@ void showInfo(MainWindow& window)
     const ListRows& members = *window.workbench().params.list(TabGfxboot);
     qint64 bytes = 0;
     for (const ListRow& row : members.rows)
-        bytes += static_cast<qint64>(leadingNumber(row.text(1)));
+        bytes += row.size;
     window.shell().prompts.ShowMessage(
         QStringLiteral("Gfxboot: %1\nPath: %2\nGeneration: %3\nCompressed: %4\n"
                        "Files: %5, %6 byte\nBackground: %7")

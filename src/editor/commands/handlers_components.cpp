@@ -14,7 +14,7 @@ void onEdit(MainWindow& window)
     const ParamLists& lists = window.workbench().params;
     const ListRows* list = lists.list(lists.CurrentTab);
     const ListRow* row = list == nullptr ? nullptr : list->row(lists.CurrentRow);
-    const QString name = row == nullptr ? QString() : fileOfTag(row->tag);
+    const QString name = row == nullptr ? QString() : row->member();
     switch (onComEdit(lists, lists.CurrentTab, name)) {
     case EditAction::EditFont:
         window.commands().run(QStringLiteral("mnuEDIT_NEWFont"));

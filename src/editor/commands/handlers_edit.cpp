@@ -6,7 +6,7 @@
 #include "editor/stage/stage_link.h"
 #include "editor/window/main_window.h"
 #include "editor/window/thumbnail_strip.h"
-#include "params/cfg_file.h"
+#include "params/cfg_lines.h"
 #include "screen/panel_text.h"
 
 namespace fennel {
@@ -43,8 +43,7 @@ void onThumbnail(MainWindow& window, const QString& name, Qt::MouseButton button
     } else if (button == Qt::MiddleButton) {
         shell.prompts.ShowMessage(QStringLiteral("It's roll"));
     } else if (fitsPattern(name, QStringLiteral("back*.jpg"))) {
-        shell.run.BackFile = shell.run.Workspace + name;
-        window.ShowBackground();
+        chooseBackground(window, name);
     } else if (fitsPattern(name, QStringLiteral("Logo_??.jpg"))) {
         showLogoMember(window, name);
     }
@@ -52,24 +51,25 @@ void onThumbnail(MainWindow& window, const QString& name, Qt::MouseButton button
 
 void flipButton(MainWindow& window, int button)
 {
-    Stage& stage = window.stageLink().stage();
-    ListRows& list = *window.workbench().params.list(TabConfig);
-    const int number = CfgRow(list, hideKey(button));
-    ListRow* row = list.row(number);
-    if (row == nullptr) {
+    const Stage& stage = window.stageLink().stage();
+    const QString key = hideKey(button);
+    Change change;
+    change.cfg = window.document().state().cfg;
+    const int number = cfgLineOf(*change.cfg, key);
+    if (number < 0) {
         window.shell().prompts.ShowMessage(QStringLiteral("The tab Config has no row for %1:\n"
                                                           "this gfxboot cannot switch the button.")
-                                               .arg(hideKey(button)));
+                                               .arg(key));
         return;
     }
     // What the stage shows must hold when the screen boots, so the row becomes an active one.
-    row->colour = cfgActiveRow;
-    row->checked = true;
-    row->cells[CfgValueColumn].text =
-        stage.ButtonVisible(button) ? QStringLiteral("1") : QStringLiteral("0");
-    window.rightPanel().refreshList(TabConfig);
-    selectRow(window, TabConfig, number);
-    stage.DrawPanel(2);
+    CfgLine& line = (*change.cfg)[number];
+    line.on = true;
+    line.value = ParamValue{stage.ButtonVisible(button) ? 1 : 0, false, {}};
+    StepInfo info{QStringLiteral("switching of %1").arg(key), {}, {}};
+    info.place.cfgName = key;
+    (void)window.document().apply(std::move(change), info);
+    selectRow(window, TabConfig, number + 1);
 }
 
 } // namespace

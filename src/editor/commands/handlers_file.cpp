@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The File menu.
 #include "container/gfx_save.h"
-#include "container/member_list.h"
 #include "container/template.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
 #include "editor/window/main_window.h"
 #include "editor/window/menus.h"
-#include "params/level_files.h"
 
 #include <QDir>
 
@@ -69,6 +67,7 @@ void saveAs(MainWindow& window)
         return;
     }
     window.workbench().lastUsed.LastUsedAdd(shell, shell.run.GfxPath);
+    window.document().markSaved();
     window.UpdateInterface();
     if (namePart(shell.run.BackFile) != shown)
         window.ShowBackground();
@@ -78,8 +77,8 @@ void save(MainWindow& window)
 {
     if (window.shell().run.GfxFileName == unsavedGfxName)
         saveAs(window);
-    else
-        (void)GfxSave(window.shell(), [&window] { return writeParameters(window); });
+    else if (GfxSave(window.shell(), [&window] { return writeParameters(window); }))
+        window.document().markSaved();
 }
 
 void reOpen(MainWindow& window)
@@ -92,15 +91,10 @@ void reOpen(MainWindow& window)
 
 bool writeParameters(MainWindow& window)
 {
-    const Shell& shell = window.shell();
-    ParamLists& lists = window.workbench().params;
     CommitValue(window);
-    if (!shell.run.GfxHasZuk)
-        return writeConfig(window);
-    GatherListValues(shell, lists);
-    const bool done = shell.told(WriteLevelFiles(shell, lists.ZUKarr)) &&
-                      RebuildMemberList(shell, QStringLiteral("*.CFG")).ok();
-    refillList(window, TabGfxboot); // other lengths, perhaps another order
+    const bool done = window.document().writeParameters();
+    if (window.shell().run.GfxHasZuk || window.shell().run.GfxHasCfg)
+        refillList(window, TabGfxboot); // other lengths, perhaps another order
     return done;
 }
 

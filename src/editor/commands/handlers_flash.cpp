@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The menus Flash and Menu.lst, and QEMU: drives, the menu in force, the boot test.
+#include "container/gfxboot_open.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
 #include "editor/stage/stage_link.h"
 #include "editor/window/flash_link.h"
 #include "editor/window/main_window.h"
 #include "editor/window/menus.h"
-#include "params/menu_level.h"
-#include "params/panel_values.h"
-#include "params/row_values.h"
+#include "params/object_table.h"
 
 #include <QSignalBlocker>
 
@@ -17,32 +16,31 @@ namespace fennel {
 namespace {
 
 constexpr int embeddedMenuRow = 1;
-constexpr int separatorRow = 2;
 
 } // namespace
 
 void markMenuRow(MainWindow& window)
 {
-    ListRows& list = *window.workbench().params.list(TabMenu);
-    const QString& file = window.workbench().CurrentMenuFile;
-    const int chosen = file.isEmpty() ? 1 : menuRow(list, file);
-    for (int number = 1; number <= list.count(); ++number) {
-        if (number != separatorRow)
-            list.row(number)->checked = number == chosen;
-    }
+    const QString& file = window.workbench().params.CurrentMenuFile;
     window.menus().action(QStringLiteral("mnuMenu_Embedded"))->setChecked(file.isEmpty());
     window.rightPanel().refreshList(TabMenu);
 }
 
 namespace {
 
+// Usable only with a menu file chosen.
 void showMenuLevelBox(MainWindow& window)
 {
     QCheckBox& box = window.rightPanel().fromMenu();
-    const MenuLevelBox state =
-        menuLevelBox(!window.workbench().CurrentMenuFile.isEmpty(), box.isChecked());
-    box.setEnabled(state.enabled);
-    box.setToolTip(state.toolTip);
+    const bool checked = window.document().menuLevelShown();
+    const bool enabled = !window.workbench().params.CurrentMenuFile.isEmpty();
+    const QSignalBlocker quiet(box);
+    box.setChecked(checked);
+    box.setEnabled(enabled);
+    box.setToolTip(!enabled ? QStringLiteral("Choose current flash drive and lst-menu")
+                   : checked
+                       ? QStringLiteral("Uncheck to use ZUKxxxx.CFG data")
+                       : QStringLiteral("Check it to use MenuLevel data over ZUKxxxx.CFG data"));
 }
 
 void chooseFlashMenu(MainWindow& window, int entry)
@@ -62,7 +60,7 @@ void chooseFlashMenu(MainWindow& window, int entry)
         return;
     selectTab(window, TabMenu);
     selectRow(window, TabMenu, number);
-    takeMenu(window, menuOfRow(list, number));
+    takeMenu(window, list.row(number)->name);
 }
 
 void driveInfo(MainWindow& window)
@@ -89,12 +87,19 @@ void addQemuCommands(MainWindow& window)
 
 void switchLevels(MainWindow& window, bool fromMenu)
 {
-    ParamLists& lists = window.workbench().params;
+    const ParamLists& lists = window.workbench().params;
+    RunState& run = window.shell().run;
     closeValueEditor(window);
+    Document& document = window.document();
+    document.showMenuLevel(fromMenu);
     showMenuLevelBox(window);
-    const auto background = switchMenuLevel(window.shell(), lists, fromMenu);
-    if (background) {
-        window.shell().run.BackFile = *background;
+    const auto number =
+        document.state().ZUKarr.GetLevelValue(0, backgroundParam, fromMenu ? LayerLst : LayerEdit);
+    // Compared with what is shown, since the menu that chose it may be gone by now. A background is
+    // read from disk, so it only changes if it has to.
+    const QString background = backgroundFile(run.Workspace, number.value_or(0));
+    if (number && background != run.BackFile) {
+        run.BackFile = background;
         window.ShowBackground();
     } else {
         window.stageLink().stage().RefreshPanels();
@@ -107,7 +112,7 @@ void switchLevels(MainWindow& window, bool fromMenu)
 
 void takeMenu(MainWindow& window, const QString& file)
 {
-    window.workbench().CurrentMenuFile = file;
+    window.workbench().params.CurrentMenuFile = file;
     MenuApply(window);
     // Behind it: a menu that cannot be read is not taken.
     markMenuRow(window);
@@ -124,25 +129,26 @@ void MenuApply(MainWindow& window)
     Workbench& bench = window.workbench();
     if (!bench.shell.run.GfxOpened)
         return;
-    const QString entries = MenuApply(bench.shell, window.flashLink().menuDrive(),
-                                      bench.CurrentMenuFile, bench.params.ZUKarr);
-    window.stageLink().stage().setMenuEntries(entries);
+    Document& document = bench.document;
+    document.setMenuValues([&](ZUKarr& table) {
+        document.setMenuEntries(MenuApply(bench.shell, window.flashLink().menuDrive(),
+                                          bench.params.CurrentMenuFile, table));
+    });
+    if (document.object(MenuBarRow) != nullptr)
+        window.stageLink().stage().redraw(MenuPanelRow);
     if (!bench.shell.run.GfxHasZuk) {
         // Left on by a gfxboot that had menu values.
-        const QSignalBlocker quiet(window.rightPanel().fromMenu());
-        window.rightPanel().fromMenu().setChecked(false);
-        return;
-    }
-    refreshLstColumn(bench.params);
-    for (int tab = FirstObjectTab; tab <= bench.params.tabCount(); ++tab)
-        window.rightPanel().refreshList(tab);
-    QCheckBox& box = window.rightPanel().fromMenu();
-    if (!box.isChecked()) {
+        document.showMenuLevel(false);
         showMenuLevelBox(window);
         return;
     }
-    box.setChecked(!bench.CurrentMenuFile.isEmpty());
-    switchLevels(window, box.isChecked());
+    for (int tab = FirstObjectTab; tab <= bench.params.tabCount(); ++tab)
+        window.rightPanel().refreshList(tab);
+    if (!document.menuLevelShown()) {
+        showMenuLevelBox(window);
+        return;
+    }
+    switchLevels(window, !bench.params.CurrentMenuFile.isEmpty());
 }
 
 void addFlashCommands(MainWindow& window)

@@ -11,8 +11,6 @@
 #include "editor/stage/stage_surface.h"
 #include "editor/window/main_window.h"
 #include "fonts/font_making.h"
-#include "params/cfg_file.h"
-#include "params/panel_values.h"
 
 #include <QFontDatabase>
 #include <QScopeGuard>
@@ -66,10 +64,8 @@ void selectFont(MainWindow& window, const QString& component)
 {
     ParamLists& lists = window.workbench().params;
     ListRows& list = *lists.list(TabFonts);
-    for (int row = 1; row <= list.count(); ++row) {
-        if (fileOfTag(list.row(row)->tag) == component)
-            list.selected = row;
-    }
+    if (const int row = list.findMember(component); row > 0)
+        list.selected = row;
     window.rightPanel().view(TabFonts)->select(list.selected);
     if (lists.CurrentTab == TabFonts)
         lists.CurrentRow = list.selected;
@@ -81,10 +77,7 @@ void selectFont(MainWindow& window, const QString& component)
 // The menu of the older generations is as high as its font says.
 void showNewFont(MainWindow& window)
 {
-    Workbench& bench = window.workbench();
-    const ListRows& cfg = *bench.params.list(TabConfig);
-    fitMenuToFont(bench.shell.run, bench.params, bench.fonts.table,
-                  [&cfg](QStringView name) { return CfgValue(cfg, name); });
+    window.document().fitMenuToFont();
     window.ShowBackground();
 }
 
@@ -110,8 +103,13 @@ void changeFont(MainWindow& window, bool AddFontMode)
     command.logPixelsY = bench.fontSettings.logPixelsY;
     command.askUser = [&window](const FontDialogStart& start) { return askForFont(window, start); };
     command.characters = [&bench]() -> const CharSelected& { return bench.characters; };
-    const std::optional<FontChange> change = ChangeFont(bench.shell, bench.fonts, command);
-    if (!change)
+    StepInfo info{
+        AddFontMode ? QStringLiteral("adding of a font") : QStringLiteral("font"), {}, {}};
+    std::optional<FontChange> change;
+    if (!bench.document.changeMembers(info, [&] {
+            change = ChangeFont(bench.shell, bench.fonts, command);
+            return change.has_value();
+        }))
         return;
     refillMembers(window);
     selectFont(window, change->component);
@@ -131,7 +129,7 @@ void showFontSample(MainWindow& window)
 void showFontRow(MainWindow& window, int row)
 {
     const ListRow* shown = window.workbench().params.list(TabFonts)->row(row);
-    if (const QString name = shown != nullptr ? fileOfTag(shown->tag) : QString(); !name.isEmpty())
+    if (const QString name = shown != nullptr ? shown->member() : QString(); !name.isEmpty())
         scanFor(window, name);
     showFontSample(window);
 }

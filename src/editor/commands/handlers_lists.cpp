@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // What the user does in the lists at the right: choosing tabs and rows, typing values, files.
-#include "base/file_steps.h"
 #include "base/text.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
@@ -15,9 +14,8 @@
 #include "editor/window/thumbnail_strip.h"
 #include "editor/window/toolbar.h"
 #include "menus/menu_list.h"
-#include "params/cfg_file.h"
 #include "params/panel_values.h"
-#include "params/row_values.h"
+#include "screen/scale_rules.h"
 #include "tools/image_tool.h"
 
 #include <QApplication>
@@ -41,19 +39,25 @@ void applyButtons(MainWindow& window, const RowButtons& buttons)
     window.toolbar().enableButton(14, buttons.toolbar14);
 }
 
-ListRow* currentRow(MainWindow& window)
+const ListRow* currentRow(MainWindow& window)
 {
-    ParamLists& lists = window.workbench().params;
-    ListRows* list = lists.list(lists.CurrentTab);
-    return list == nullptr ? nullptr : list->row(lists.CurrentRow);
+    return window.workbench().params.currentRow();
+}
+
+// What the row is called, and the value that it shows.
+QString itemOf(MainWindow& window, int tab, const ListRow& row)
+{
+    return itemText(window.document(), *window.workbench().params.list(tab), row);
 }
 
 void openEditor(MainWindow& window)
 {
     const ListRow* row = currentRow(window);
-    if (row == nullptr || row->cells.size() < 2 || !mayLeaveText(window))
+    if (row == nullptr || !mayLeaveText(window))
         return;
-    window.rightPanel().openEditor(window.area(), row->text(), row->text(1));
+    window.rightPanel().openEditor(window.area(),
+                                   itemOf(window, window.workbench().params.CurrentTab, *row),
+                                   valueText(window.document(), *row));
 }
 
 void showMenuAs(MainWindow& window, const std::vector<PopupEntry>& entries, QPoint place)
@@ -74,7 +78,7 @@ void onRowSelected(MainWindow& window, int tab, int row, bool rightButton)
 {
     ParamLists& lists = window.workbench().params;
     const RunState& run = window.shell().run;
-    if (!run.GfxOpened || !run.InterfaceReady || tab != lists.CurrentTab)
+    if (!run.GfxOpened || tab != lists.CurrentTab)
         return;
     lists.list(tab)->selected = row; // the buttons look at it
     const int before = lists.CurrentRow;
@@ -95,18 +99,13 @@ void onRowSelected(MainWindow& window, int tab, int row, bool rightButton)
     if (tab == TabFonts)
         showFontRow(window, row);
     if (click.showPopup)
-        showMenuAs(window, rowPopup(tab, shown->text()), QCursor::pos());
+        showMenuAs(window, rowPopup(tab, itemOf(window, tab, *shown)), QCursor::pos());
     if (click.showCfgStatus) {
-        window.setStatusField(7, shown->text() + QStringLiteral("=") + shown->text(1));
+        window.setStatusField(7, itemOf(window, tab, *shown) + QStringLiteral("=") +
+                                     valueText(window.document(), *shown));
         window.setStatusField(8, QStringLiteral("DblClick or ENTER for \"Value\" edit"));
         CloseEditor(window);
     }
-}
-
-void showBackgroundMember(MainWindow& window, const QString& name)
-{
-    window.shell().run.BackFile = window.shell().run.Workspace + name;
-    window.ShowBackground();
 }
 
 void onRowActivated(MainWindow& window, int tab, int row)
@@ -116,8 +115,8 @@ void onRowActivated(MainWindow& window, int tab, int row)
     const ListRow* shown = lists.list(tab)->row(row);
     if (shown == nullptr)
         return;
-    const QString name = fileOfTag(shown->tag);
-    switch (onDoubleClick(shell.run, lists, tab, row, window.stageLink().menuLevelShown())) {
+    const QString name = shown->member();
+    switch (onDoubleClick(shell.run, lists, tab, row, window.document().menuLevelShown())) {
     case DoubleClick::RefuseMenuLevel:
         shell.prompts.ShowMessage(overlappedText(), MessageType::Ok,
                                   QStringLiteral("MenuLevel data"));
@@ -126,7 +125,7 @@ void onRowActivated(MainWindow& window, int tab, int row)
         selectRow(window, tab, 1);
         break;
     case DoubleClick::TakeMenu:
-        takeMenu(window, menuOfRow(*lists.list(tab), row));
+        takeMenu(window, shown->name);
         break;
     case DoubleClick::ShowText:
         showTextMember(window, lists.objectOfTab(tab), name);
@@ -135,7 +134,7 @@ void onRowActivated(MainWindow& window, int tab, int row)
         showLogoMember(window, name);
         break;
     case DoubleClick::ShowBackground:
-        showBackgroundMember(window, name);
+        chooseBackground(window, name);
         break;
     case DoubleClick::OpenPicture:
         FileEditPlanned(shell, name, {});
@@ -154,32 +153,48 @@ void onRowActivated(MainWindow& window, int tab, int row)
     }
 }
 
-// A changed row of gfxboot.cfg reaches the file and the stage at once.
-void writeCfgRow(MainWindow& window, const QString& name)
+// A changed line of gfxboot.cfg reaches the file and the stage at once.
+void changeCfgLine(MainWindow& window, int line, const CfgLine& changed, const QString& what)
 {
-    ParamLists& lists = window.workbench().params;
-    const ListRows& list = *lists.list(TabConfig);
-    (void)writeConfig(window);
-    CfgApply(window.shell().run, lists, window.workbench().fonts.table, name,
-             [&list](QStringView key) { return CfgValue(list, key); });
-    Stage& stage = window.stageLink().stage();
-    stage.RefreshPanels();
-    // The selected object may be seen again.
-    stage.ShowMarker(stage.SelectedPanel, 0);
+    Change change;
+    change.cfg = window.document().state().cfg;
+    (*change.cfg)[line] = changed;
+    change.writeCfg = true;
+    change.cfgKey = changed.name;
+    StepInfo info{what.arg(changed.name), {}, {}};
+    info.place.cfgName = changed.name;
+    (void)window.document().apply(std::move(change), info);
+}
+
+void setValue(MainWindow& window, const ListRow& row, const ParamValue& value)
+{
+    const ParamLists& lists = window.workbench().params;
+    const ParamKey key{row.file, row.number};
+    Change change;
+    change.params[key] = value;
+    const ZukCell& cell = window.document().state().ZUKarr.at(key.file, key.number);
+    StepInfo info{QStringLiteral("value of %1").arg(cell.Name.mid(2)), {}, {}};
+    info.place.object = lists.objectOfTab(lists.CurrentTab);
+    info.place.param = key;
+    (void)window.document().apply(std::move(change), info);
 }
 
 void onRowChecked(MainWindow& window, int tab, int row, bool checked)
 {
     ParamLists& lists = window.workbench().params;
     const RowCheck check = onRowCheck(window.shell().run, lists, tab, row);
-    ListRow* changed = lists.list(tab)->row(row);
-    if (check == RowCheck::TakeMenu)
-        takeMenu(window, menuOfRow(*lists.list(tab), row));
-    if (check != RowCheck::WriteCfg || changed == nullptr)
+    const ListRow* changed = lists.list(tab)->row(row);
+    if (changed == nullptr)
         return;
-    changed->checked = checked;
-    changed->colour = checkedColour(checked);
-    writeCfgRow(window, changed->text());
+    if (check == RowCheck::TakeMenu)
+        takeMenu(window, changed->name);
+    if (check != RowCheck::WriteCfg)
+        return;
+    CfgLine line = window.document().state().cfg.value(changed->number);
+    line.on = checked;
+    changeCfgLine(window, changed->number, line,
+                  checked ? QStringLiteral("switching on of %1")
+                          : QStringLiteral("switching off of %1"));
 }
 
 void onKey(MainWindow& window, int tab, int key)
@@ -193,14 +208,15 @@ void onKey(MainWindow& window, int tab, int key)
         break;
     case ListKey::TakeMenu:
         // The line between the embedded menu and the files is none.
-        if (lists.CurrentRow == 2)
+        if (row != nullptr && row->kind == RowKind::MenuLine)
             selectRow(window, tab, 1);
         onRowChecked(window, tab, lists.CurrentRow, true);
         window.shell().prompts.ShowMessage(plannedMenuText());
         break;
     case ListKey::FlipCheck:
-        if (row != nullptr && row->checked)
-            onRowChecked(window, tab, lists.CurrentRow, !*row->checked);
+        if (row != nullptr && row->kind == RowKind::CfgLine)
+            onRowChecked(window, tab, lists.CurrentRow,
+                         !window.document().state().cfg.value(row->number).on);
         break;
     default:
         // The fonts' list opens by Enter as by a double click.
@@ -210,12 +226,36 @@ void onKey(MainWindow& window, int tab, int key)
     }
 }
 
+// All or nothing.
+void deleteMembers(MainWindow& window, const QStringList& names, const QString& what)
+{
+    const Shell& shell = window.shell();
+    StepInfo info{what, {}, {}};
+    info.place.member = names.value(0);
+    const auto removeAll = [&] {
+        for (const QString& name : names) {
+            if (!shell.told(shell.files.remove(shell.run.Workspace + name)))
+                return false;
+        }
+        // RebuildMemberList() tells its failure itself.
+        return RebuildMemberList(shell, {}).ok();
+    };
+    if (window.document().changeMembers(info, [&] {
+            if (!removeAll())
+                return false;
+            refillMembers(window);
+            return true;
+        }))
+        return;
+    refillMembers(window);
+}
+
 void onDelete(MainWindow& window)
 {
     ParamLists& lists = window.workbench().params;
     const Shell& shell = window.shell();
     const ListRow* row = currentRow(window);
-    const QString name = row == nullptr ? QString() : fileOfTag(row->tag);
+    const QString name = row == nullptr ? QString() : row->member();
     const int tab = lists.CurrentTab;
     switch (onComDEL(lists, tab, lists.CurrentRow, IsRequiredMember(name))) {
     case DeleteAction::RefuseRequired:
@@ -227,9 +267,8 @@ void onDelete(MainWindow& window)
         break;
     case DeleteAction::AskDelete:
         if (shell.prompts.ShowMessage(askDeleteText(name), MessageType::YesNo,
-                                      QStringLiteral("DEL")) == Answer::Yes &&
-            shell.told(shell.files.remove(shell.run.Workspace + name)))
-            membersChanged(window, {});
+                                      QStringLiteral("DEL")) == Answer::Yes)
+            deleteMembers(window, {name}, QStringLiteral("deletion of %1").arg(name));
         break;
     case DeleteAction::TellPlanned:
         shell.prompts.ShowMessage(plannedText());
@@ -247,17 +286,12 @@ void deleteAll(MainWindow& window)
                                   QStringLiteral("Files Deleting")) != Answer::Ok)
         return;
     const ParamLists& lists = window.workbench().params;
-    FileSteps steps(shell);
+    QStringList names;
     for (const QString& name : deleteAllNames(lists, lists.CurrentTab)) {
-        if (!shell.told(steps.remove(shell.run.Workspace + name)))
-            return;
+        if (FileExists(shell.run.Workspace + name))
+            names.append(name);
     }
-    // RebuildMemberList() tells its failure itself.
-    if (!shell.told(steps.save(shell.run.Workspace + memberListName)) ||
-        !RebuildMemberList(shell, {}))
-        return;
-    steps.keep();
-    membersChanged(window, {});
+    deleteMembers(window, names, QStringLiteral("deletion of %1 files").arg(names.size()));
 }
 
 void runPopup(MainWindow& window, int index)
@@ -300,7 +334,7 @@ void runPopup(MainWindow& window, int index)
 
 void showTextMember(MainWindow& window, int object, const QString& name)
 {
-    PanelRec* panel = window.workbench().params.object(object);
+    const PanelRec* panel = window.document().object(object);
     if (panel == nullptr)
         return;
     const Result<QByteArray> bytes = readBytes(window.shell().run.Workspace + name);
@@ -308,7 +342,7 @@ void showTextMember(MainWindow& window, int object, const QString& name)
         (void)window.shell().told(bytes.failure());
         return;
     }
-    panel->Text = decodeText(*bytes).text;
+    window.document().setText(object, decodeText(*bytes).text);
     Stage& stage = window.stageLink().stage();
     const bool seen = !panel->OnlySelected || object == window.stageLink().objectOfCurrentTab();
     stage.DrawPanel(object);
@@ -316,43 +350,21 @@ void showTextMember(MainWindow& window, int object, const QString& name)
         stage.showPanel(object, false);
 }
 
-bool writeConfig(MainWindow& window)
+void chooseBackground(MainWindow& window, const QString& name)
 {
-    ParamLists& lists = window.workbench().params;
-    ListRows& list = *lists.list(TabConfig);
-    const bool shown = lists.CurrentTab == TabConfig;
-    if (shown)
-        list.selected = lists.CurrentRow;
-    const bool done = CfgWrite(window.shell(), list);
-    window.rightPanel().fillList(TabConfig);
-    if (shown)
-        lists.CurrentRow = list.selected;
-    for (ListRow& row : lists.list(TabGfxboot)->rows) {
-        if (fileOfTag(row.tag) == cfgMemberName)
-            row.cells[1].text =
-                QString::number(fileSize(window.shell().run.Workspace + cfgMemberName));
+    const Shell& shell = window.shell();
+    Document& document = window.document();
+    shell.run.BackFile = shell.run.Workspace + name;
+    const ZukCell& cell = document.state().ZUKarr.at(0, backgroundParam);
+    if (shell.run.GfxHasZuk && !document.menuLevelShown() && cell.Value) {
+        Change change;
+        change.params[{0, backgroundParam}] =
+            ParamValue{backgroundNumber(shell.run.BackFile), cell.Value->hex, {}};
+        StepInfo info{QStringLiteral("choice of %1").arg(name), {}, {}};
+        info.place.member = name;
+        (void)document.apply(std::move(change), info);
     }
-    window.rightPanel().refreshList(TabGfxboot);
-    return done;
-}
-
-void applyChange(MainWindow& window, int tab, const RowChange& change)
-{
-    ParamLists& lists = window.workbench().params;
-    window.rightPanel().refreshList(tab);
-    for (const int object : change.objects) {
-        if (const PanelRec* panel = lists.object(object); panel->TabIndex != tab)
-            window.rightPanel().refreshList(panel->TabIndex);
-        window.stageLink().stage().ApplyPanel(object);
-    }
-    Stage& stage = window.stageLink().stage();
-    // Applying the menu brought it to the front; its bar belongs above it.
-    if (std::any_of(change.objects.begin(), change.objects.end(), isMenuRow)) {
-        stage.raisePanel(MenuPanelRow);
-        stage.raisePanel(MenuBarRow);
-    }
-    stage.ShowMarker(stage.SelectedPanel, 0);
-    window.stageLink().showColourControls(stage.ColourPanel);
+    window.ShowBackground();
 }
 
 void updateRowButtons(MainWindow& window)
@@ -364,21 +376,18 @@ void updateRowButtons(MainWindow& window)
 void CommitValue(MainWindow& window)
 {
     ValueEditor& editor = window.rightPanel().editor();
-    ListRow* row = currentRow(window);
+    const ListRow* row = currentRow(window);
     if (!editor.isVisible() || editor.textEditMode() || row == nullptr)
         return;
-    Workbench& bench = window.workbench();
-    const QString typed = editor.text();
+    const ParamValue typed = typedValue(editor.text());
     CloseEditor(window);
-    const int tab = bench.params.CurrentTab;
-    if (bench.shell.run.GfxHasZuk) {
-        applyChange(
-            window, tab,
-            setTypedValue(bench.params, bench.fonts.table, tab, bench.params.CurrentRow, typed));
-        return;
+    if (row->kind == RowKind::CfgLine) {
+        CfgLine line = window.document().state().cfg.value(row->number);
+        line.value = typed;
+        changeCfgLine(window, row->number, line, QStringLiteral("value of %1"));
+    } else if (row->kind == RowKind::Parameter) {
+        setValue(window, *row, typed);
     }
-    row->cells[1].text = normaliseTyped(typed);
-    writeCfgRow(window, row->text());
 }
 
 void closeValueEditor(MainWindow& window)

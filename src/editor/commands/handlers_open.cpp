@@ -4,6 +4,7 @@
 #include "container/template.h"
 #include "editor/commands/handlers.h"
 #include "editor/fonts/inspection_list.h"
+#include "editor/lists/object_rows.h"
 #include "editor/lists/right_panel.h"
 #include "editor/lists/tabs.h"
 #include "editor/stage/stage_link.h"
@@ -11,10 +12,7 @@
 #include "editor/window/main_window.h"
 #include "editor/window/menus.h"
 #include "editor/window/thumbnail_strip.h"
-#include "params/cfg_file.h"
-#include "params/level_files.h"
 #include "params/object_table.h"
-#include "params/panel_values.h"
 #include "screen/background.h"
 
 #include <algorithm>
@@ -24,25 +22,6 @@ namespace fennel {
 namespace {
 
 const QString logoPattern = QStringLiteral("Logo_??.jpg");
-
-void fillBackgrounds(const Shell& shell, ListRows& list)
-{
-    shell.WriteLog(QStringLiteral("     4_Backgrounds_in_ListView"));
-    list = {};
-    list.columns = columnsFrom(QStringLiteral("File Name|File Size|"));
-    list.iconView = true;
-    for (const QString& name :
-         thumbnailNames(shell.run.Workspace, thumbnailMask(QStringLiteral("Background(s)")))) {
-        ListRow row;
-        const QString path = shell.run.Workspace + name;
-        const QString size = QString::number(fileSize(path));
-        row.tag = fileTag(name);
-        row.iconFile = path;
-        row.cells = {{name, QStringLiteral("Size: %1 byte").arg(size), {}, {}, false},
-                     {size, {}, {}, {}, false}};
-        list.rows.push_back(row);
-    }
-}
 
 void selectFirst(ListRows& list)
 {
@@ -63,12 +42,20 @@ void fillFonts(MainWindow& window)
 
 void buildObjects(MainWindow& window)
 {
-    Workbench& bench = window.workbench();
-    BuildPanels(bench.shell, bench.params);
-    const ListRows& cfg = *bench.params.list(TabConfig);
-    applyGeneration(bench.shell, bench.params, bench.fonts.table,
-                    [&cfg](QStringView name) { return CfgValue(cfg, name); });
+    window.document().buildObjects();
     window.stageLink().stage().adoptPanels();
+}
+
+bool mayUpgrade(const Shell& shell)
+{
+    return shell.prompts.ShowMessage(
+               QStringLiteral(
+                   "WARNING!\n\n"
+                   "  Gfxboot kernel version of the \"%1\" is obsolete!\n"
+                   "  FENNEL-GFX (GUI) can upgrade file \"init\" to the current version.\n\n"
+                   "  To do this?")
+                   .arg(shell.run.GfxFileName),
+               MessageType::YesNo, QStringLiteral("Upgrade")) == Answer::Yes;
 }
 
 void updateEngine(MainWindow& window)
@@ -79,18 +66,21 @@ void updateEngine(MainWindow& window)
         !WriteResource(shell, shell.run.Workspace, QStringLiteral("16x16.fnt")))
         return;
     (void)RebuildMemberList(shell, {});
-    MemberListFill(shell, *window.workbench().params.list(TabGfxboot));
+    *window.workbench().params.list(TabGfxboot) = memberList(shell);
     fillFonts(window);
     window.rightPanel().fillList(TabGfxboot);
     window.rightPanel().fillList(TabFonts);
 }
 
+// Asked once for each gfxboot: the answer holds for all its objects.
 void buildObjectTabs(MainWindow& window)
 {
-    FillOptions options;
-    options.opening = true;
-    options.updateEngine = [&window] { updateEngine(window); };
-    BuildTabs(window.shell(), window.workbench().params, options);
+    Document& document = window.document();
+    const bool upgrade = document.needsUpgrade() && mayUpgrade(window.shell());
+    if (upgrade)
+        updateEngine(window);
+    document.listValues(upgrade);
+    BuildTabs(window.shell(), window.workbench().params);
     rebuildTabs(window);
 }
 
@@ -99,18 +89,32 @@ void showAll(MainWindow& window)
     window.UpdateInterface();
     window.refreshThumbnails();
     window.ShowBackground();
-    takeMenu(window, window.workbench().CurrentMenuFile);
+    takeMenu(window, window.workbench().params.CurrentMenuFile);
+    window.document().beginHistory();
 }
 
 // Rows move when files come and go; the buttons must not act on another file than before. A row
 // that is gone leaves its place to the next one.
-int placeOf(const ListRows& list, const QString& tag, int before)
+int placeOf(const ListRows& list, const std::optional<ListRow>& row, int before)
 {
-    for (int row = 1; row <= list.count(); ++row) {
-        if (!tag.isEmpty() && list.row(row)->tag == tag)
-            return row;
-    }
+    if (const int found = row ? list.find(*row) : 0; found > 0)
+        return found;
     return std::clamp(before, list.count() > 0 ? 1 : 0, list.count());
+}
+
+ListRows filledList(MainWindow& window, int tab)
+{
+    Workbench& bench = window.workbench();
+    switch (tab) {
+    case TabGfxboot:
+        return memberList(bench.shell);
+    case TabConfig:
+        return configList(bench.shell, bench.document);
+    case TabBackgrounds:
+        return backgroundList(bench.shell);
+    default:
+        return objectList(bench.shell, bench.document, bench.params.objectOfTab(tab));
+    }
 }
 
 } // namespace
@@ -149,32 +153,19 @@ void refillList(MainWindow& window, int tab)
     Workbench& bench = window.workbench();
     ListRows& list = *bench.params.list(tab);
     const int selected = list.selected;
-    const QString selectedTag = list.row(selected) == nullptr ? QString() : list.row(selected)->tag;
-    switch (tab) {
-    case TabMenu:
+    const std::optional<ListRow> row =
+        list.row(selected) == nullptr ? std::nullopt : std::optional(*list.row(selected));
+    if (tab == TabMenu) {
         MenuListFill(bench.shell, window.flashLink().menuDrive(), list);
-        break;
-    case TabGfxboot:
-        MemberListFill(bench.shell, list);
-        break;
-    case TabConfig:
-        ConfigInListView(bench.shell, list);
-        break;
-    case TabBackgrounds:
-        fillBackgrounds(bench.shell, list);
-        break;
-    case TabFonts:
+    } else if (tab == TabFonts) {
         fillFonts(window);
         showFontSample(window);
-        break;
-    default: {
-        FillOptions options;
-        options.updateEngine = [&window] { updateEngine(window); };
-        FillObjectList(bench.shell, bench.params, bench.params.objectOfTab(tab), options);
-        break;
+    } else {
+        const std::optional<qint64> switched = list.switched;
+        list = filledList(window, tab);
+        list.switched = switched;
     }
-    }
-    list.selected = placeOf(list, selectedTag, selected);
+    list.selected = placeOf(list, row, selected);
     if (tab == bench.params.CurrentTab)
         bench.params.CurrentRow = list.selected;
     window.rightPanel().fillList(tab);
@@ -209,48 +200,49 @@ void refillMembers(MainWindow& window)
 
 void fillStep(MainWindow& window, OpenHost::Step step)
 {
-    using Step = OpenHost::Step;
+    using Phase = OpenHost::Step;
     Workbench& bench = window.workbench();
     ParamLists& params = bench.params;
     switch (step) {
-    case Step::Pictures:
-        params.UpgradeChoice = 0;
+    case Phase::Pictures:
         break;
-    case Step::Levels:
-        ReadLevelFiles(bench.shell, params.ZUKarr);
+    case Phase::Levels:
+        bench.document.readLevels();
         break;
-    case Step::Menus:
+    case Phase::Menus:
         MenuListFill(bench.shell, window.flashLink().menuDrive(), *params.list(TabMenu));
         break;
-    case Step::Members:
-        MemberListFill(bench.shell, *params.list(TabGfxboot));
-        selectFirst(*params.list(TabGfxboot));
+    case Phase::Config:
+        bench.document.readConfigLines();
+        [[fallthrough]];
+    case Phase::Members:
+    case Phase::Backgrounds: {
+        const int tab = step == Phase::Members  ? TabGfxboot
+                        : step == Phase::Config ? TabConfig
+                                               : TabBackgrounds;
+        *params.list(tab) = filledList(window, tab);
+        if (tab != TabConfig)
+            selectFirst(*params.list(tab));
         break;
-    case Step::Config:
-        ConfigInListView(bench.shell, *params.list(TabConfig));
-        break;
-    case Step::Backgrounds:
-        fillBackgrounds(bench.shell, *params.list(TabBackgrounds));
-        selectFirst(*params.list(TabBackgrounds));
-        break;
-    case Step::Fonts:
+    }
+    case Phase::Fonts:
         fillFonts(window);
         selectFirst(*params.list(TabFonts));
         break;
-    case Step::Stage:
+    case Phase::Stage:
         bench.shell.WriteLog(QStringLiteral("     Frame2.Preview.Fill"));
         break;
-    case Step::Generation:
+    case Phase::Generation:
         buildObjects(window);
         break;
-    case Step::Tabs:
+    case Phase::Tabs:
         buildObjectTabs(window);
         break;
-    case Step::Logos:
+    case Phase::Logos:
         bench.shell.WriteLog(QStringLiteral("     ImageListLOGO.Fill"));
         loadLogos(window);
         break;
-    case Step::Show:
+    case Phase::Show:
         showAll(window);
         break;
     }

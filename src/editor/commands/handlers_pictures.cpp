@@ -7,6 +7,8 @@
 #include "tools/logos.h"
 #include "tools/qt_clipboard.h"
 
+#include <functional>
+
 namespace fennel {
 
 namespace {
@@ -18,12 +20,24 @@ void fromClipboard(const Shell& shell, PictureHost& host)
     mnuEdit_ge_Clipboard(shell, host, QtClipboard());
 }
 
-void add(MainWindow& window, const char* name, PictureCommand command)
+// A command on pictures as one step. Each is all or nothing by itself.
+void runAsStep(MainWindow& window, const QString& what, const QString& member,
+               const std::function<void(PictureHost&)>& command)
 {
-    window.commands().add(name, [&window, command] {
-        CommitValue(window);
+    StepInfo info{what, {}, {}};
+    info.place.member = member;
+    (void)window.document().changeMembers(info, [&] {
         PictureLink host(window);
-        command(window.shell(), host);
+        command(host);
+        return true;
+    });
+}
+
+void add(MainWindow& window, const char* name, const QString& what, PictureCommand command)
+{
+    window.commands().add(name, [&window, what, command] {
+        CommitValue(window);
+        runAsStep(window, what, {}, [&](PictureHost& host) { command(window.shell(), host); });
     });
 }
 
@@ -31,28 +45,29 @@ void add(MainWindow& window, const char* name, PictureCommand command)
 
 void addPictureCommands(MainWindow& window)
 {
-    add(window, "mnuEDIT_ADDBack", mnuEDIT_ADDBack);
-    add(window, "mnuEdit_ChangeBack", mnuEdit_ChangeBack);
-    add(window, "mnu_Context_picture1_change_back", mnuEdit_ChangeBack);
-    add(window, "mnuEdit_ge_Clipboard", fromClipboard);
-    add(window, "mnu_Context_picture1_Clipboard", fromClipboard);
-    add(window, "mnuEdit_Resize", mnuEdit_Resize);
-    add(window, "mnuEDIT_ADDLogo", mnuEDIT_ADDLogo);
-    add(window, "mnuEdit_ResizeLOGO", mnuEdit_ResizeLOGO);
+    const QString background = QStringLiteral("background");
+    add(window, "mnuEDIT_ADDBack", QStringLiteral("adding of a background"), mnuEDIT_ADDBack);
+    add(window, "mnuEdit_ChangeBack", background, mnuEdit_ChangeBack);
+    add(window, "mnu_Context_picture1_change_back", background, mnuEdit_ChangeBack);
+    add(window, "mnuEdit_ge_Clipboard", background, fromClipboard);
+    add(window, "mnu_Context_picture1_Clipboard", background, fromClipboard);
+    add(window, "mnuEdit_Resize", QStringLiteral("size of the backgrounds"), mnuEdit_Resize);
+    add(window, "mnuEDIT_ADDLogo", QStringLiteral("adding of a logo"), mnuEDIT_ADDLogo);
+    add(window, "mnuEdit_ResizeLOGO", QStringLiteral("size of the logos"), mnuEdit_ResizeLOGO);
     for (const char* name : {"mnuEdit_16x9Support", "mnu_Context_picture1_169"})
         window.commands().add(name, [&window] { mnuEdit_16x9Support(window.shell()); });
 }
 
 void changeBackground(MainWindow& window, const QString& name)
 {
-    PictureLink host(window);
-    ChangeBackMember(window.shell(), host, name);
+    runAsStep(window, QStringLiteral("picture of %1").arg(name), name,
+              [&](PictureHost& host) { ChangeBackMember(window.shell(), host, name); });
 }
 
 void changeLogo(MainWindow& window, const QString& name)
 {
-    PictureLink host(window);
-    ChangeLogoMember(window.shell(), host, name);
+    runAsStep(window, QStringLiteral("picture of %1").arg(name), name,
+              [&](PictureHost& host) { ChangeLogoMember(window.shell(), host, name); });
 }
 
 } // namespace fennel

@@ -8,8 +8,6 @@
 
 #include <QTextDocument>
 
-#include <algorithm>
-
 namespace fennel {
 
 namespace {
@@ -19,7 +17,7 @@ QString currentMember(MainWindow& window)
     ParamLists& lists = window.workbench().params;
     const ListRows* list = lists.list(lists.CurrentTab);
     const ListRow* row = list == nullptr ? nullptr : list->row(lists.CurrentRow);
-    return row == nullptr ? QString() : fileOfTag(row->tag);
+    return row == nullptr ? QString() : row->member();
 }
 
 // Lists that show the member's length.
@@ -28,9 +26,7 @@ void refillLengths(MainWindow& window, const QString& name)
     ParamLists& lists = window.workbench().params;
     refillList(window, TabGfxboot);
     for (int tab = FirstObjectTab; tab <= lists.tabCount(); ++tab) {
-        const std::vector<ListRow>& rows = lists.list(tab)->rows;
-        if (std::any_of(rows.begin(), rows.end(),
-                        [&name](const ListRow& row) { return fileOfTag(row.tag) == name; }))
+        if (lists.list(tab)->findMember(name) > 0)
             refillList(window, tab);
     }
     updateRowButtons(window);
@@ -45,7 +41,12 @@ void save(MainWindow& window)
     if (!window.rightPanel().editor().textEditMode() || name.isEmpty())
         return;
     const QString text = window.rightPanel().editor().text();
-    if (!shell.told(saveTextMember(shell.files, shell.run.Workspace + name, text)))
+    StepInfo info{QStringLiteral("text of %1").arg(name), {}, {}};
+    info.place.object = object;
+    info.place.member = name;
+    if (!window.document().changeMembers(info, [&] {
+            return shell.told(saveTextMember(shell.files, shell.run.Workspace + name, text));
+        }))
         return; // the text stays open
     CloseEditor(window);
     refillLengths(window, name);

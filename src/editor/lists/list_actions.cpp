@@ -9,23 +9,15 @@ namespace fennel {
 
 namespace {
 
-constexpr int separatorOfMenus = 2; // row 2 of list 1 parts the embedded menu from the files
-
 const ListRow* rowAt(const ParamLists& lists, int tab, int row)
 {
     const ListRows* list = lists.list(tab);
     return list ? list->row(row) : nullptr;
 }
 
-bool isMember(const ListRow& row)
+RowState stateAt(const ParamLists& lists, int tab, const ListRow& row)
 {
-    return row.tag.contains(QLatin1String("|File: "));
-}
-
-// Grey means "has no effect now", so such rows are passed over when one is selected.
-bool isGrey(const ListRow& row)
-{
-    return row.colour == greyRow;
+    return rowState(*lists.document, *lists.list(tab), row);
 }
 
 DoubleClick onPicture(const RunState& run, const ParamLists& lists, int tab, const QString& name)
@@ -38,32 +30,32 @@ DoubleClick onPicture(const RunState& run, const ParamLists& lists, int tab, con
 }
 
 // By the ending of the name, as members have no other type.
-DoubleClick onMember(const RunState& run, const ParamLists& lists, int tab, const ListRow& row,
-                     int number)
+DoubleClick onMember(const RunState& run, const ParamLists& lists, int tab, const QString& member)
 {
-    const QString name = row.text().toLower();
-    if (name.endsWith(QLatin1String(".lst")))
-        return tab == TabMenu && number != separatorOfMenus ? DoubleClick::TakeMenu
-                                                            : DoubleClick::Nothing;
+    const QString name = member.toLower();
     if (name.endsWith(QLatin1String(".txt")))
         return lists.objectOfTab(tab) >= 0 ? DoubleClick::ShowText : DoubleClick::Nothing;
     if (name.endsWith(QLatin1String(".jpg")))
-        return onPicture(run, lists, tab, row.text());
+        return onPicture(run, lists, tab, member);
     if (name.endsWith(QLatin1String(".fnt")))
         return run.GfxHasCfg || run.GfxHasZuk ? DoubleClick::ShowFont : DoubleClick::TellOldFonts;
     return DoubleClick::Nothing;
 }
 
-DoubleClick onPlainRow(const RunState& run, int tab, const ListRow& row, int number)
+DoubleClick onPlainRow(const RunState& run, const ParamLists& lists, const ListRow& row)
 {
-    // Only rows with an id are values; the member rows below them were handled before.
-    if (tab >= FirstObjectTab)
-        return isParameterRow(row) ? DoubleClick::EditValue : DoubleClick::Nothing;
-    if (row.tag.isEmpty())
-        return DoubleClick::Nothing; // comment lines, separators
-    if (tab == TabMenu && number != separatorOfMenus)
+    switch (row.kind) {
+    case RowKind::Parameter:
+        return DoubleClick::EditValue;
+    case RowKind::Menu:
         return DoubleClick::TakeMenu;
-    return tab == TabConfig && !run.GfxHasZuk ? DoubleClick::EditValue : DoubleClick::Nothing;
+    case RowKind::CfgLine:
+        return !run.GfxHasZuk && isParameter(lists.document->state().cfg.value(row.number))
+                   ? DoubleClick::EditValue
+                   : DoubleClick::Nothing;
+    default:
+        return DoubleClick::Nothing;
+    }
 }
 
 // Names made of a bare "??", such as "01", are no members: on other tabs nothing is deleted.
@@ -80,13 +72,15 @@ QString deleteAllMask(const ParamLists& lists, int tab)
 
 // Goes on in the direction of the movement, so the arrow keys pass over grey rows instead of
 // sticking at them, and round the ends. The count bounds the search if every row is grey.
-int selectableRow(const ListRows& list, int clicked, int cameFrom)
+int selectableRow(const ParamLists& lists, int tab, int clicked, int cameFrom)
 {
+    const ListRows& list = *lists.list(tab);
     const int count = list.count();
     const int step = clicked < cameFrom ? -1 : 1;
     int row = clicked;
     for (int tried = 0; tried < count; ++tried) {
-        if (const ListRow* found = list.row(row); found && !isGrey(*found))
+        if (const ListRow* found = list.row(row);
+            found && stateAt(lists, tab, *found) != RowState::Off)
             return row;
         row += step;
         if (row < 1)
@@ -107,16 +101,16 @@ ItemClick onItemClick(const RunState& run, const ParamLists& lists, int tab, int
     if (!clicked)
         return click;
     const bool generation3 = run.gfxboot_var == 3;
+    const bool off = stateAt(lists, tab, *clicked) == RowState::Off;
     click.showFont = generation3 && tab == TabFonts;
     // Only generation 3 has rows that can be switched off as a group.
-    if (generation3 && isGrey(*clicked)) {
-        click.select = selectableRow(*lists.list(tab), row, lists.CurrentRow);
+    if (generation3 && off) {
+        click.select = selectableRow(lists, tab, row, lists.CurrentRow);
         click.skipped = true;
         return click;
     }
     click.buttons = buttonsOfRow(run, lists, tab, row);
-    click.showPopup =
-        rightButton && run.gfxboot_var >= 2 && !isGrey(*clicked) && isMember(*clicked);
+    click.showPopup = rightButton && run.gfxboot_var >= 2 && !off && !clicked->member().isEmpty();
     click.showCfgStatus = tab == TabConfig && !rightButton;
     return click;
 }
@@ -130,11 +124,11 @@ DoubleClick onDoubleClick(const RunState& run, const ParamLists& lists, int tab,
     const ListRow* clicked = rowAt(lists, tab, row);
     if (!clicked)
         return DoubleClick::Nothing;
-    if (isGrey(*clicked) || clicked->colour == fixedRow)
+    if (stateAt(lists, tab, *clicked) != RowState::Usable)
         return run.gfxboot_var == 3 ? DoubleClick::SelectFirst : DoubleClick::Nothing;
-    if (isMember(*clicked))
-        return onMember(run, lists, tab, *clicked, row);
-    return onPlainRow(run, tab, *clicked, row);
+    if (const QString member = clicked->member(); !member.isEmpty())
+        return onMember(run, lists, tab, member);
+    return onPlainRow(run, lists, *clicked);
 }
 
 ListKey onListKey(int tab, int key)
@@ -158,15 +152,12 @@ RowCheck onRowCheck(const RunState& run, const ParamLists& lists, int tab, int r
     if (!clicked)
         return RowCheck::Refuse;
     if (tab == TabMenu)
-        return row == separatorOfMenus ? RowCheck::Refuse : RowCheck::TakeMenu;
-    const bool fixed = clicked->colour == fixedRow || isGrey(*clicked);
-    return tab == TabConfig && run.gfxboot_var == 2 && !fixed ? RowCheck::WriteCfg
-                                                              : RowCheck::Refuse;
-}
-
-QRgb checkedColour(bool checked)
-{
-    return checked ? qRgb(0, 128, 0) : blueRow;
+        return clicked->kind == RowKind::Menu ? RowCheck::TakeMenu : RowCheck::Refuse;
+    return tab == TabConfig && run.gfxboot_var == 2 &&
+                   stateAt(lists, tab, *clicked) == RowState::Usable &&
+                   clicked->kind == RowKind::CfgLine
+               ? RowCheck::WriteCfg
+               : RowCheck::Refuse;
 }
 
 // What is only planned is told as such, as the button is there on every tab.
@@ -190,17 +181,15 @@ EditAction onComEdit(const ParamLists& lists, int tab, const QString& name)
         return EditAction::EditFont;
     if (isLogoTab(lists, tab))
         return EditAction::EditLogo;
-    const QString caption =
-        lists.objectOfTab(tab) >= 0 ? lists.tabs[static_cast<std::size_t>(tab)].caption : QString();
-    const bool planned =
-        caption == QLatin1String("Glasses") || caption == QLatin1String("Animation");
+    const int object = lists.objectOfTab(tab);
+    const bool planned = object == GlassesRow || object == AnimationRow;
     return planned ? EditAction::TellPlanned : EditAction::EditText;
 }
 
 DeleteAction onComDEL(const ParamLists& lists, int tab, int row, bool required)
 {
     const ListRow* selected = rowAt(lists, tab, row);
-    if (!selected || !isMember(*selected))
+    if (!selected || selected->member().isEmpty())
         return DeleteAction::Nothing;
     // These stay, whatever tab they are to be deleted from.
     if (required)

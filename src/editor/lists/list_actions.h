@@ -3,8 +3,8 @@
 // plain values; the window carries them out.
 #pragma once
 
+#include "editor/lists/row_look.h"
 #include "editor/lists/tabs.h"
-#include "params/param_lists.h"
 
 #include <QString>
 
@@ -16,7 +16,7 @@ struct RunState;
 
 // The row that a click or an arrow key ends on: `clicked` itself, or, if it is grey, the next row
 // in the direction of travel that is not, around the ends of the list. 0 if all rows are grey.
-int selectableRow(const ListRows& list, int clicked, int cameFrom);
+int selectableRow(const ParamLists& lists, int tab, int clicked, int cameFrom);
 
 struct ItemClick {
     int select = 0;       // the new CurrentRow; 0 none
@@ -53,11 +53,8 @@ enum class ListKey { Nothing, TakeMenu, EditValue, FlipCheck };
 ListKey onListKey(int tab, int key);
 
 enum class RowCheck { Refuse, TakeMenu, WriteCfg };
-// The check box of a row was clicked. WriteCfg: the row gets checkedColour() and gfxboot.cfg is
-// written at once.
+// The check box of a row was clicked. WriteCfg: the line is switched in gfxboot.cfg, at once.
 RowCheck onRowCheck(const RunState& run, const ParamLists& lists, int tab, int row);
-// The colour of a row of gfxboot.cfg that is in force, or switched off.
-QRgb checkedColour(bool checked);
 
 enum class AddAction { AddFont, AddBackground, AddLogo, TellPlanned };
 // By the tab alone: what the button "+" adds there.

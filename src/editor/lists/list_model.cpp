@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/lists/list_model.h"
 
-#include "editor/lists/swatch.h"
+#include "params/swatch.h"
 
 #include <QBrush>
 #include <QDateTime>
@@ -31,8 +31,8 @@ QString plainTip(const QString& text)
 
 } // namespace
 
-ListModel::ListModel(QSize iconSize, QObject* parent)
-    : QAbstractTableModel(parent), m_iconSize(iconSize)
+ListModel::ListModel(const ParamLists& lists, QSize iconSize, QObject* parent)
+    : QAbstractTableModel(parent), m_lists(lists), m_iconSize(iconSize)
 {
 }
 
@@ -40,18 +40,21 @@ void ListModel::setRows(const ListRows* rows)
 {
     beginResetModel();
     m_rows = rows;
+    m_lookedAt = nullptr;
     endResetModel();
 }
 
 void ListModel::reset()
 {
     beginResetModel();
+    m_lookedAt = nullptr;
     endResetModel();
 }
 
 // Unlike reset() this keeps selection and scroll place, for changes within rows.
 void ListModel::refresh()
 {
+    m_lookedAt = nullptr;
     if (rowCount() > 0)
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
@@ -79,13 +82,24 @@ const ListRow* ListModel::rowAt(const QModelIndex& index) const
     return m_rows == nullptr || !index.isValid() ? nullptr : m_rows->row(index.row() + 1);
 }
 
+// The views ask for one row's cells and roles in a run.
+const RowLook& ListModel::lookOf(const ListRow& row) const
+{
+    if (m_lookedAt != &row) {
+        m_look = rowLook(*m_lists.document, *m_rows, row, m_lists.CurrentMenuFile);
+        m_lookedAt = &row;
+    }
+    return m_look;
+}
+
 QVariant ListModel::data(const QModelIndex& index, int role) const
 {
     const ListRow* row = rowAt(index);
     if (row == nullptr)
         return {};
+    const RowLook& look = lookOf(*row);
     const auto column = static_cast<std::size_t>(index.column());
-    const RowCell cell = column < row->cells.size() ? row->cells[column] : RowCell{};
+    const RowCell cell = column < look.cells.size() ? look.cells[column] : RowCell{};
     switch (role) {
     case Qt::DisplayRole:
         return shortened(cell.text);
@@ -93,17 +107,17 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
         return cell.toolTip.isEmpty() ? QVariant() : QVariant(plainTip(cell.toolTip));
     // A cell's own colour goes before the row's.
     case Qt::ForegroundRole: {
-        const std::optional<QRgb> colour = cell.colour ? cell.colour : row->colour;
+        const std::optional<QRgb> colour = cell.colour ? cell.colour : look.colour;
         return colour ? QVariant(QBrush(QColor(textOnGround(*colour, m_ground)))) : QVariant();
     }
     case Qt::FontRole: {
         QFont font;
-        font.setBold(cell.bold || row->bold);
+        font.setBold(cell.bold || look.bold);
         return font;
     }
     case Qt::CheckStateRole:
-        if (column == 0 && row->checked)
-            return *row->checked ? Qt::Checked : Qt::Unchecked;
+        if (column == 0 && look.checked)
+            return *look.checked ? Qt::Checked : Qt::Unchecked;
         return {};
     case Qt::DecorationRole:
         return column == 0 ? decoration(*row) : QVariant();
@@ -114,7 +128,8 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
 
 QVariant ListModel::decoration(const ListRow& row) const
 {
-    if (m_measuring && (row.swatch || !row.iconFile.isEmpty())) {
+    const std::optional<QRgb> colour = lookOf(row).swatch;
+    if (m_measuring && (colour || !row.iconFile.isEmpty())) {
         QImage blank(m_iconSize, QImage::Format_Mono);
         blank.fill(0); // the view converts it, although only its size counts
         return blank;
@@ -123,7 +138,7 @@ QVariant ListModel::decoration(const ListRow& row) const
         const QPixmap image = picture(row.iconFile);
         return image.isNull() ? QVariant() : QVariant(image);
     }
-    return row.swatch ? QVariant(swatch(*row.swatch)) : QVariant();
+    return colour ? QVariant(swatch(*colour)) : QVariant();
 }
 
 QPixmap ListModel::swatch(QRgb colour) const
@@ -173,7 +188,7 @@ Qt::ItemFlags ListModel::flags(const QModelIndex& index) const
 {
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
     const ListRow* row = rowAt(index);
-    if (row != nullptr && row->checked && index.column() == 0)
+    if (row != nullptr && index.column() == 0 && lookOf(*row).checked)
         flags |= Qt::ItemIsUserCheckable;
     return flags;
 }

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Shows ListRows to Qt's views. It owns no row: whoever changes the rows says so here.
+// Shows ListRows to Qt's views. It owns no row: whoever changes the rows, or what they stand for,
+// says so here.
 #pragma once
 
-#include "params/list_rows.h"
+#include "editor/lists/row_look.h"
 
 #include <QAbstractTableModel>
 #include <QHash>
@@ -14,8 +15,8 @@ namespace fennel {
 class ListModel : public QAbstractTableModel {
     Q_OBJECT
 public:
-    // Pictures of rows are scaled into `iconSize`, pixels.
-    explicit ListModel(QSize iconSize, QObject* parent = nullptr);
+    // Pictures of rows are scaled into `iconSize`, pixels. The lists outlive the model.
+    ListModel(const ParamLists& lists, QSize iconSize, QObject* parent = nullptr);
 
     // The rows outlive the model or are replaced by null first.
     void setRows(const ListRows* rows);
@@ -46,11 +47,16 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] const ListRow* rowAt(const QModelIndex& index) const;
+    // Made anew for another row and at every refresh.
+    [[nodiscard]] const RowLook& lookOf(const ListRow& row) const;
     [[nodiscard]] QVariant decoration(const ListRow& row) const;
     [[nodiscard]] QPixmap picture(const QString& path) const;
     [[nodiscard]] QPixmap swatch(QRgb colour) const;
 
+    const ParamLists& m_lists;
     const ListRows* m_rows = nullptr;
+    mutable const ListRow* m_lookedAt = nullptr; // the row of m_look
+    mutable RowLook m_look;
     QSize m_iconSize;
     QRgb m_ground = 0xffffffff;
     bool m_measuring = false;

@@ -20,8 +20,8 @@ constexpr QSize largeCell(164, 146);
 constexpr int widestColumn = 260;
 } // namespace
 
-ListView::ListView(int number, QWidget* parent)
-    : QStackedWidget(parent), m_model(reportIcon, this), m_report(new QTreeView(this)),
+ListView::ListView(const ParamLists& lists, int number, QWidget* parent)
+    : QStackedWidget(parent), m_model(lists, reportIcon, this), m_report(new QTreeView(this)),
       m_icons(new QListView(this))
 {
     // Lists are numbered from 1, as the tabs are.

@@ -15,7 +15,7 @@ class ListView : public QStackedWidget {
     Q_OBJECT
 public:
     // `number` from 1, as its tab; it names the widget.
-    ListView(int number, QWidget* parent);
+    ListView(const ParamLists& lists, int number, QWidget* parent);
 
     // Shows the rows from scratch and selects rows.selected. Null empties the list.
     void setRows(const ListRows* rows);

@@ -79,7 +79,7 @@ void RightPanel::buildButtons()
 
 void RightPanel::addView(int number)
 {
-    auto* list = new ListView(number, m_stack);
+    auto* list = new ListView(m_lists, number, m_stack);
     m_stack->addWidget(list);
     m_views.push_back(list);
     connect(list, &ListView::rowSelected, this, [this, number](int row, bool rightButton) {

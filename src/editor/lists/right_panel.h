@@ -4,9 +4,9 @@
 #pragma once
 
 #include "editor/lists/list_view.h"
+#include "editor/lists/param_lists.h"
 #include "editor/lists/tab_strip.h"
 #include "editor/lists/value_editor.h"
-#include "params/param_lists.h"
 
 #include <QCheckBox>
 #include <QGroupBox>

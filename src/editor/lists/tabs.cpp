@@ -2,30 +2,23 @@
 #include "editor/lists/tabs.h"
 
 #include "base/shell_context.h"
+#include "editor/lists/object_rows.h"
 #include "params/object_table.h"
 #include "params/panel_values.h"
-
-#include <algorithm>
-#include <iterator>
 
 namespace fennel {
 
 namespace {
 
-struct CaptionMask {
-    QStringView caption;
+struct ObjectMask {
+    int object;
     QStringView mask;
 };
-// Which pictures the strip under the stage shows, by the caption of the tab.
-constexpr CaptionMask captionMasks[] = {
-    {u"Gfxboot", u"*.jpg"},
-    {u"Menu", u"*.jpg"},
-    {u"Config", u"*.jpg"},
-    {u"Font(s)", u"*.fnt"},
-    {u"Background(s)", u"back.jpg|back_??.jpg"},
-    {u"Glasses", u"glass_??.jpg"},
-    {u"Animation", u"ani_??.jpg|ani_??_msk.jpg"},
-    {u"LOGO", u"Logo_??.jpg"},
+// Which pictures the strip under the stage shows on the tabs of objects.
+constexpr ObjectMask objectMasks[] = {
+    {GlassesRow, u"glass_??.jpg"},
+    {AnimationRow, u"ani_??.jpg|ani_??_msk.jpg"},
+    {LogoPanelRow, u"Logo_??.jpg"},
 };
 
 ParamTab objectTab(const PanelRec& panel, int object)
@@ -37,25 +30,18 @@ ParamTab objectTab(const PanelRec& panel, int object)
     return tab;
 }
 
-QString textOfRow(const ParamLists& lists, int tab, int row)
+QString memberOfRow(const ParamLists& lists, int tab, int row)
 {
     const ListRows* list = lists.list(tab);
     const ListRow* found = list ? list->row(row) : nullptr;
-    return found ? found->text() : QString();
-}
-
-QString tagOfRow(const ParamLists& lists, int tab, int row)
-{
-    const ListRows* list = lists.list(tab);
-    const ListRow* found = list ? list->row(row) : nullptr;
-    return found ? found->tag : QString();
+    return found ? found->member() : QString();
 }
 
 // Looks at the font list whatever tab is open.
 bool fontSelected(const RunState& run, const ParamLists& lists)
 {
-    return run.gfxboot_var > 1 && textOfRow(lists, TabFonts, lists.list(TabFonts)->selected)
-                                      .contains(QLatin1String(".fnt"));
+    return run.gfxboot_var > 1 &&
+           !memberOfRow(lists, TabFonts, lists.list(TabFonts)->selected).isEmpty();
 }
 
 } // namespace
@@ -69,29 +55,24 @@ std::vector<ParamTab> fixedTabs()
     return tabs;
 }
 
-void BuildTabs(const Shell& shell, ParamLists& lists, const FillOptions& options)
+void BuildTabs(const Shell& shell, ParamLists& lists)
 {
     for (const char* line : {"TabStrip_ListView_ZUKarr", "TabStrip_0", "ZUKarr_0", "ListView_0"})
         shell.WriteLog(QStringLiteral("     ") + QString::fromLatin1(line));
-    std::vector<ParamTab> tabs = fixedTabs();
-    std::vector<ListRows> objectLists;
+    lists.tabs = fixedTabs();
+    lists.lists.resize(std::size_t{FirstObjectTab});
     if (shell.run.GfxHasZuk) {
         shell.WriteLog(QStringLiteral("     TabStrip_ListView_ZUKarr -----------------v"));
-        for (int row = 0; row < static_cast<int>(lists.PanelArr.size()); ++row) {
-            PanelRec& panel = *lists.object(row);
-            panel.TabIndex = panel.Enabled ? static_cast<int>(tabs.size()) : 0;
+        const PanelArr& panels = lists.document->state().PanelArr;
+        for (int row = 0; row < static_cast<int>(panels.size()); ++row) {
+            const PanelRec& panel = panels[static_cast<std::size_t>(row)];
             if (!panel.Enabled)
                 continue;
-            tabs.push_back(objectTab(panel, row));
-            objectLists.push_back(objectList(shell, lists, row, options));
+            lists.tabs.push_back(objectTab(panel, row));
+            lists.lists.push_back(objectList(shell, *lists.document, row));
         }
         shell.WriteLog(QStringLiteral("     TabStrip_ListView_ZUKarr -----------------^"));
     }
-    // The lists are filled aside first: a message box while filling may repaint the window, which
-    // must not see half of them.
-    lists.tabs = std::move(tabs);
-    lists.lists.resize(std::size_t{FirstObjectTab});
-    std::move(objectLists.begin(), objectLists.end(), std::back_inserter(lists.lists));
     // The tab that was open may be gone with the gfxboot before.
     if (!lists.list(lists.CurrentTab))
         lists.CurrentTab = TabMenu;
@@ -114,7 +95,8 @@ bool shownAfterLeaving(const ParamLists& lists, int tab)
     const PanelRec* panel = lists.object(lists.objectOfTab(tab));
     if (!panel || panel->OnlySelected)
         return false;
-    return panel->OnParam > 0 ? GetPanelParam(lists, tab, panel->OnParam) > 0 : true;
+    return panel->OnParam <= 0 ||
+           GetPanelParam(lists.document->state(), lists.objectOfTab(tab), panel->OnParam) > 0;
 }
 
 RowButtons buttonsOfTab(const RunState& run, const ParamLists& lists, int tab)
@@ -123,12 +105,6 @@ RowButtons buttonsOfTab(const RunState& run, const ParamLists& lists, int tab)
     RowButtons buttons = buttonsOfRow(run, lists, tab, list ? list->selected : 0);
     // A change of tab has not selected a font yet.
     buttons.Font_change = false;
-    // Unlike a click, a change of tab looks at the text of any row, member or not.
-    if (run.GfxHasZuk && list) {
-        const QString text = textOfRow(lists, tab, list->selected);
-        buttons.toolbar13 = text.contains(QLatin1String(".txt"));
-        buttons.toolbar14 = text.contains(QLatin1String(".jpg"));
-    }
     return buttons;
 }
 
@@ -136,22 +112,33 @@ RowButtons buttonsOfRow(const RunState& run, const ParamLists& lists, int tab, i
 {
     RowButtons buttons;
     buttons.toolbar12 = fontSelected(run, lists);
-    const bool member = tagOfRow(lists, tab, row).contains(QLatin1String("|File: "));
+    const QString member = memberOfRow(lists, tab, row);
     // Older generations have members too, but none that could be added or deleted here.
-    if (!run.GfxHasZuk || !member)
+    if (!run.GfxHasZuk || member.isEmpty())
         return buttons;
     buttons.UpDown3 = buttons.ComADD = buttons.ComDEL = true;
     buttons.ComEdit = buttons.Font_change = true;
-    const QString text = textOfRow(lists, tab, row);
-    buttons.toolbar13 = text.contains(QLatin1String(".txt"));
-    buttons.toolbar14 = text.contains(QLatin1String(".jpg"));
+    buttons.toolbar13 = member.contains(QLatin1String(".txt"));
+    buttons.toolbar14 = member.contains(QLatin1String(".jpg"));
     return buttons;
 }
 
-QString thumbnailMask(const QString& caption)
+QString thumbnailMask(int tab, int object)
 {
-    for (const CaptionMask& entry : captionMasks) {
-        if (caption == entry.caption)
+    switch (tab) {
+    case TabMenu:
+    case TabGfxboot:
+    case TabConfig:
+        return QStringLiteral("*.jpg");
+    case TabBackgrounds:
+        return QStringLiteral("back.jpg|back_??.jpg");
+    case TabFonts:
+        return QStringLiteral("*.fnt");
+    default:
+        break;
+    }
+    for (const ObjectMask& entry : objectMasks) {
+        if (object == entry.object)
             return entry.mask.toString();
     }
     return QStringLiteral("head*.jpg");
@@ -169,21 +156,6 @@ QStringList thumbnailNames(const QString& workspace, const QString& mask)
 QString thumbnailStatus(qsizetype count, const QString& mask)
 {
     return QStringLiteral("This gfxboot includes %1 images called %2").arg(count).arg(mask);
-}
-
-// Row by row from the top left; a list narrower than one icon still gets one column.
-std::vector<QPoint> iconPlaces(int listWidth, int cellWidth, int cellHeight, int count)
-{
-    constexpr int margin = 100;
-    constexpr int gap = 200;
-    const int stepX = std::max(1, gap + cellWidth);
-    const int columns = std::max(1, listWidth / stepX);
-    std::vector<QPoint> places;
-    places.reserve(static_cast<std::size_t>(std::max(0, count)));
-    for (int i = 0; i < count; ++i)
-        places.emplace_back(i % columns * stepX + margin,
-                            i / columns * (gap + cellHeight) + margin);
-    return places;
 }
 
 } // namespace fennel

@@ -3,10 +3,8 @@
 // the selected tab besides its list.
 #pragma once
 
-#include "params/object_rows.h"
-#include "params/param_lists.h"
+#include "editor/lists/param_lists.h"
 
-#include <QPoint>
 #include <QStringList>
 
 #include <vector>
@@ -20,10 +18,9 @@ struct Shell;
 std::vector<ParamTab> fixedTabs();
 
 // Makes the tabs anew: the five fixed ones, whose lists stay, and in generation 3 one per Enabled
-// object with its list filled. Sets PanelRec::TabIndex. A current tab that is gone becomes the
-// first. The old lists stand until the last new one is ready; then all elements of
-// ParamLists::lists may have moved, and views have to take them anew before they paint.
-void BuildTabs(const Shell& shell, ParamLists& lists, const FillOptions& options);
+// object with its list filled. A current tab that is gone becomes the first. All elements of
+// ParamLists::lists may have moved then, and views have to take them anew before they paint.
+void BuildTabs(const Shell& shell, ParamLists& lists);
 
 // The entry of a tab in the menu mnuEdit_ZUK_arr.
 QString tabMenuCaption(const ParamTab& tab);
@@ -51,16 +48,13 @@ RowButtons buttonsOfTab(const RunState& run, const ParamLists& lists, int tab);
 // After a click on a row that is not grey.
 RowButtons buttonsOfRow(const RunState& run, const ParamLists& lists, int tab, int row);
 
-// What the strip of thumbnails shows for a tab, by its caption: masks separated by "|".
-QString thumbnailMask(const QString& caption);
+// What the strip of thumbnails shows for a fixed tab, or for the tab of an object: masks separated
+// by "|".
+QString thumbnailMask(int tab, int object);
 // The members that fit, mask by mask, at most `thumbnailLimit` of each.
 inline constexpr int thumbnailLimit = 100;
 QStringList thumbnailNames(const QString& workspace, const QString& mask);
 // What the status bar says of them.
 QString thumbnailStatus(qsizetype count, const QString& mask);
-
-// "Reorder ITEMs": the places of `count` icons of the given cell size in a list of the given width,
-// from the top left corner of the list, all in the same unit.
-std::vector<QPoint> iconPlaces(int listWidth, int cellWidth, int cellHeight, int count);
 
 } // namespace fennel

@@ -2,6 +2,10 @@
 // Gestures on the background and on panels, and the keys.
 #include "editor/stage/gestures.h"
 
+#include "document/place_change.h"
+
+#include <QScopedValueRollback>
+
 #include <algorithm>
 #include <cmath>
 
@@ -99,7 +103,7 @@ void StageGestures::release(const StageMouse& mouse)
     if (target == Target::Panel && m_stage.isRow(m_panel))
         panelReleased(mouse);
     else if (target == Target::Panel)
-        m_stage.run().InterfaceReady = true; // the object went with its gfxboot
+        endStep(); // the object went with its gfxboot
     else if (target == Target::Marker)
         markerReleased();
     else if (target == Target::Background && mouse.button == Qt::RightButton)
@@ -124,12 +128,12 @@ void StageGestures::panelPressed(const StageMouse& mouse)
         return;
     const int index = m_panel;
     m_dragging = !locked();
-    // Until the release: what the drag writes into the lists must not come back as a change by
-    // hand.
-    m_stage.run().InterfaceReady = false;
-    // Escape goes back to the first press.
-    if (m_before[0].index != index)
+    // Escape goes back to the first press, and undo to before it.
+    if (m_before[0].index != index) {
         remember(index);
+        if (m_dragging)
+            m_stage.document().beginGesture(stepFor(u"move of %1"_s, index));
+    }
     if (m_stage.record(index).Roll)
         return;
     m_stage.raisePanel(index);
@@ -171,14 +175,7 @@ void StageGestures::panelMoved(const StageMouse& mouse, int index)
     if (m_dragging && (mouse.buttons & Qt::LeftButton) && !picking()) {
         movePanelTo(index, mouse.at - m_grab);
         m_moved = true;
-        // Generation 3 keeps a place in parameters, generation 2 in two lines of the cfg file.
-        if (levels()) {
-            storePlace(index);
-            m_stage.host().PanelParamsToRow(index);
-        } else if (isMenuRow(index)) {
-            const QRect& menu = m_stage.panel(MenuPanelRow).rect;
-            writeMenuStart(m_stage.scale().boot(menu.x()), m_stage.scale().boot(menu.y()));
-        }
+        storePlace(index);
     }
     showPanelStatus(index);
 }
@@ -220,12 +217,52 @@ qint16 StageGestures::lengthFor(int shown, qint16 now, qint16 old, int high) con
     return same ? old : scale.stored(shown, now, 0, high);
 }
 
+StepInfo StageGestures::stepFor(const QString& what, int index) const
+{
+    StepInfo info;
+    info.what = what.arg(objectCaption(m_stage.record(index).Name));
+    info.place.object = index;
+    return info;
+}
+
+// The end of a gesture: what it did is one step.
+void StageGestures::endStep()
+{
+    const QScopedValueRollback<bool> own(m_writing, true);
+    m_stage.document().endGesture();
+}
+
+// Generation 3 keeps a place in parameters, generation 2 in lines of the cfg file.
+void StageGestures::store(const std::map<int, PanelRec>& records, bool entries,
+                          const StepInfo& info)
+{
+    const ParamState& state = m_stage.document().state();
+    Change change;
+    for (const auto& [row, record] : records) {
+        if (levels())
+            addRecord(state, row, record, change);
+        else
+            change.objects[row] = record;
+    }
+    // Only what moved: a number beyond what the stage can show stays as it is.
+    const auto menu = records.find(MenuPanelRow);
+    if (!levels() && menu != records.end() &&
+        (menu->second.Left != state.object(MenuPanelRow)->Left ||
+         menu->second.Top != state.object(MenuPanelRow)->Top))
+        addMenuPlace(state, menu->second, change);
+    if (entries && !levels() && records.contains(MenuPanelRow))
+        addMenuEntries(state, shownEntries(), change);
+    const QScopedValueRollback<bool> own(m_writing, true);
+    (void)m_stage.document().apply(std::move(change), info);
+}
+
 void StageGestures::storePlace(int index)
 {
+    std::map<int, PanelRec> records;
     for (const int row : {index, isMenuRow(index) ? MenuBarRow - index : -1}) {
         if (!m_stage.isRow(row))
             continue;
-        PanelRec& rec = m_stage.record(row);
+        PanelRec rec = m_stage.record(row);
         const QRect& rect = m_stage.panel(row).rect;
         const RunState& run = m_stage.run();
         const auto* start = before(row);
@@ -235,7 +272,9 @@ void StageGestures::storePlace(int index)
         rec.Top = lengthFor(rect.y(), rec.Top, old.Top, run.BackHeight - 1);
         if (isMenuRow(row))
             rec.Width = lengthFor(rect.width(), rec.Width, old.Width, run.BackWidth);
+        records[row] = rec;
     }
+    store(records, false, stepFor(u"move of %1"_s, index));
 }
 
 // While it moves, an object larger than the picture may stand above or left of it, where no move is
@@ -264,10 +303,6 @@ void StageGestures::settle(int index)
     keepInside(index);
     if (index == m_stage.SelectedPanel)
         m_stage.redraw(index);
-    if (levels())
-        m_stage.host().PanelParamsToRow(index);
-    else
-        writeMenuStart(m_stage.record(MenuPanelRow).Left, m_stage.record(MenuPanelRow).Top);
 }
 
 void StageGestures::panelReleased(const StageMouse& mouse)
@@ -292,7 +327,7 @@ void StageGestures::panelReleased(const StageMouse& mouse)
     }
     // Hidden while the panel moved, as it would have stayed behind.
     m_stage.ShowMarker(m_stage.SelectedPanel, 0);
-    m_stage.run().InterfaceReady = true;
+    endStep();
     // Last, since a menu runs until it is answered.
     if (menu)
         m_stage.host().panelMenu(index, mouse.at);
@@ -309,11 +344,9 @@ void StageGestures::doubleClick(const StageMouse& mouse)
     if (picking() || m_panel != LogoPanelRow)
         return;
     remember(m_panel);
-    m_stage.run().InterfaceReady = false;
     m_dragging = true;
     stepLogo(mouse.modifiers & Qt::ShiftModifier);
     m_dragging = false;
-    m_stage.run().InterfaceReady = true;
 }
 
 void StageGestures::stepLogo(bool backwards)
@@ -350,19 +383,12 @@ void StageGestures::backgroundMoved(const StageMouse& mouse)
     }
 }
 
-void StageGestures::writeMenuStart(int left, int top)
-{
-    // Into the list only; the file is written at the save.
-    m_stage.host().SetCfgValue(u"menu_start_x"_s, QString::number(left));
-    m_stage.host().SetCfgValue(u"menu_start_y"_s, QString::number(top));
-}
-
 void StageGestures::nudge(int index, QPoint by)
 {
     if (locked())
         return;
     remember(index);
-    PanelRec& rec = m_stage.record(index);
+    const PanelRec& rec = m_stage.record(index);
     const StageScale scale = m_stage.scale();
     // A place that is a constant cannot be nudged either.
     const QPoint wish(rec.LeftParam < 0 ? rec.Left : rec.Left + by.x(),
@@ -371,19 +397,34 @@ void StageGestures::nudge(int index, QPoint by)
                         std::clamp(wish.y(), 0, std::max(0, m_stage.run().BackHeight - 1)));
     m_stage.ShowMarker(-1, -1);
     movePanelTo(index, {scale.shown(corner.x()), scale.shown(corner.y())});
-    // Where a shown pixel stands for several boot pixels, the wish itself is what is stored.
-    rec.Left = static_cast<qint16>(corner.x());
-    rec.Top = static_cast<qint16>(corner.y());
-    if (isMenuRow(index) && m_stage.isRow(MenuBarRow - index)) {
-        m_stage.record(MenuBarRow - index).Left = rec.Left;
-        m_stage.record(MenuBarRow - index).Top = rec.Top;
+    std::map<int, PanelRec> records;
+    for (const int row : {index, isMenuRow(index) ? MenuBarRow - index : -1}) {
+        if (!m_stage.isRow(row))
+            continue;
+        PanelRec& moved = records[row] = m_stage.record(row);
+        // Where a shown pixel stands for several boot pixels, the wish itself is what is stored;
+        // where the stage holds the object back, what it shows.
+        const QPoint shown = m_stage.panel(row).rect.topLeft();
+        const bool heldX = scale.shown(corner.x()) != shown.x();
+        const bool heldY = scale.shown(corner.y()) != shown.y();
+        moved.Left = static_cast<qint16>(heldX ? scale.boot(shown.x()) : corner.x());
+        moved.Top = static_cast<qint16>(heldY ? scale.boot(shown.y()) : corner.y());
+        if (isMenuRow(row))
+            moved.Width = lengthFor(m_stage.panel(row).rect.width(), moved.Width, moved.Width,
+                                    m_stage.run().BackWidth);
     }
-    settle(index);
+    StepInfo info = stepFor(u"move of %1"_s, index);
+    // A run of arrow keys is one step.
+    info.mergeKey = u"nudge %1"_s.arg(index);
+    store(records, false, info);
+    keepInside(index);
+    if (index == m_stage.SelectedPanel)
+        m_stage.redraw(index);
     m_stage.ShowMarker(index, 0);
     showPanelStatus(index);
 }
 
-// Rects, records, rows and cfg values go back together, as the drag has written to all of them.
+// Rects and document go back together, as the gesture has changed both.
 bool StageGestures::restore()
 {
     if (m_target == Target::None)
@@ -391,24 +432,22 @@ bool StageGestures::restore()
     const bool panel = m_target == Target::Panel || m_target == Target::Marker;
     m_target = Target::None;
     m_dragging = false;
+    m_pulled = false;
     m_stage.setOverlay({});
     if (!panel || m_before[0].index < 0)
         return true;
+    {
+        const QScopedValueRollback<bool> own(m_writing, true);
+        m_stage.document().cancelGesture();
+    }
     for (const Before& before : m_before) {
-        if (!m_stage.isRow(before.index))
-            continue;
-        m_stage.setPanelRect(before.index, before.rect);
-        m_stage.record(before.index) = before.record;
+        if (m_stage.isRow(before.index))
+            m_stage.setPanelRect(before.index, before.rect);
     }
     const int index = m_before[0].index;
-    if (!m_stage.record(index).Roll) {
-        settle(index);
-        if (!levels() && isMenuRow(index) && m_pulled)
-            writeMenuEntries();
-    }
-    m_pulled = false;
+    if (!m_stage.record(index).Roll)
+        m_stage.redraw(index);
     m_stage.ShowMarker(m_stage.SelectedPanel, 0);
-    m_stage.run().InterfaceReady = true;
     return true;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The mouse and the keys on the stage: press to select, drag to move, pull the marker to size,
 // double click to step through the logos. Fed with plain events, so it works without a window; what
-// changes goes to the records, to the rows and to gfxboot.cfg through StageHost.
+// changes goes to the document, a gesture as one step.
 #pragma once
 
 #include "editor/stage/stage.h"
@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <array>
+#include <map>
 
 namespace fennel {
 
@@ -51,6 +52,8 @@ public:
     bool key(int key, Qt::KeyboardModifiers modifiers);
 
     [[nodiscard]] bool Dragging() const { return m_dragging; }
+    // The document is changing by this very gesture, and the stage shows it already.
+    [[nodiscard]] bool writing() const { return m_writing; }
     [[nodiscard]] StageCursor cursor() const { return m_cursor; }
     // Name of the object under the point, empty over the background.
     [[nodiscard]] QString toolTip(QPoint at) const;
@@ -66,7 +69,7 @@ private:
 
     [[nodiscard]] bool picking() const { return m_stage.host().pipettesOn() > 0; }
     // What is shown are a menu's values, which are never written into the gfxboot.
-    [[nodiscard]] bool locked() const { return m_stage.host().menuLevelShown(); }
+    [[nodiscard]] bool locked() const { return m_stage.document().menuLevelShown(); }
     [[nodiscard]] bool levels() const { return m_stage.run().gfxboot_var == 3; }
     void setTarget(QPoint at);
     void remember(int index);
@@ -79,6 +82,9 @@ private:
     void movePanelTo(int index, QPoint wanted);
     [[nodiscard]] const Before* before(int index) const;
     [[nodiscard]] qint16 lengthFor(int shown, qint16 now, qint16 old, int high) const;
+    [[nodiscard]] StepInfo stepFor(const QString& what, int index) const;
+    void store(const std::map<int, PanelRec>& records, bool entries, const StepInfo& info);
+    void endStep();
     void storePlace(int index);
     void keepInside(int index);
     void settle(int index);
@@ -92,13 +98,13 @@ private:
 
     void backgroundMoved(const StageMouse& mouse);
     void showPanelStatus(int index);
-    void writeMenuStart(int left, int top);
-    void writeMenuEntries();
+    [[nodiscard]] int shownEntries() const;
 
     Stage& m_stage;
     Target m_target = Target::None;
     int m_panel = -1; // the pressed one
     bool m_dragging = false;
+    bool m_writing = false;
     bool m_moved = false;  // the panel was dragged since its press
     bool m_pulled = false; // the marker was moved since its press
     QPoint m_grab;         // in the panel, or from the band's corner

@@ -13,7 +13,7 @@ void StageGestures::markerPressed(const StageMouse& mouse)
     const int index = m_stage.SelectedPanel;
     if (picking() || locked() || !m_stage.isRow(index))
         return; // m_panel is -1 then, and the moves that follow find nothing to pull
-    m_stage.run().InterfaceReady = false;
+    m_stage.document().beginGesture(stepFor(u"size of %1"_s, index));
     // The band takes its place until the release.
     m_stage.ShowMarker(-1, -1);
     remember(index);
@@ -57,10 +57,6 @@ void StageGestures::markerMoved(const StageMouse& mouse)
     }
     showBand();
     storeSize(index);
-    if (levels())
-        m_stage.host().PanelParamsToRow(index);
-    else if (isMenuRow(index))
-        writeMenuEntries();
     showPanelStatus(index);
 }
 
@@ -72,13 +68,17 @@ void StageGestures::storeSize(int index)
     // No object is larger than the screen.
     const int widest = scale.boot(picture.width());
     const int highest = scale.boot(picture.height());
-    PanelRec& rec = m_stage.record(index);
+    std::map<int, PanelRec> records;
+    PanelRec& rec = records[index] = m_stage.record(index);
     const PanelRec old = before(index) != nullptr ? before(index)->record : rec;
     rec.Width = lengthFor(rect.width(), rec.Width, old.Width, widest);
     rec.Height = lengthFor(rect.height(), rec.Height, old.Height, highest);
-    if (!isMenuRow(index) || !m_stage.isRow(MenuBarRow - index))
-        return;
-    m_stage.record(MenuBarRow - index).Width = rec.Width;
+    if (const int other = MenuBarRow - index; isMenuRow(index) && m_stage.isRow(other)) {
+        const qint16 width = rec.Width;
+        records[other] = m_stage.record(other);
+        records[other].Width = width;
+    }
+    store(records, true, stepFor(u"size of %1"_s, index));
 }
 
 void StageGestures::markerReleased()
@@ -105,10 +105,6 @@ void StageGestures::markerReleased()
             m_stage.setPanelRect(MenuBarRow - index, other);
         }
         storeSize(index);
-        if (levels())
-            m_stage.host().PanelParamsToRow(index);
-        else if (isMenuRow(index))
-            writeMenuEntries();
         // One line of a huge font is higher than the screen, and more than the record holds.
         rect.setSize(rect.size().boundedTo(m_stage.pictureSize()));
         m_stage.setPanelRect(index, rect);
@@ -116,14 +112,13 @@ void StageGestures::markerReleased()
     m_pulled = false;
     m_stage.redraw(index);
     m_stage.ShowMarker(m_stage.SelectedPanel, 0);
-    m_stage.run().InterfaceReady = true;
+    endStep();
 }
 
-void StageGestures::writeMenuEntries()
+int StageGestures::shownEntries() const
 {
-    const int entries = menuEntries(m_stage.panel(MenuPanelRow).rect.height(), m_stage.menuPitch(),
-                                    m_stage.scale());
-    m_stage.host().SetCfgValue(u"menu_max_entries"_s, QString::number(entries));
+    return menuEntries(m_stage.panel(MenuPanelRow).rect.height(), m_stage.menuPitch(),
+                       m_stage.scale());
 }
 
 } // namespace fennel

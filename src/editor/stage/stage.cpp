@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/stage/stage.h"
 
+#include "params/panel_values.h"
 #include "screen/panel_text.h"
 
 #include <QFontDatabase>
@@ -25,7 +26,7 @@ Stage::Stage(const StageData& data) : m_data(data), m_background(emptyStage, QIm
 // The records may have been replaced before the stage has adopted them.
 int Stage::rows() const
 {
-    return static_cast<int>(std::min(m_panels.size(), m_data.PanelArr.size()));
+    return static_cast<int>(std::min(m_panels.size(), document().state().PanelArr.size()));
 }
 
 bool Stage::isRow(int index) const
@@ -46,13 +47,14 @@ bool Stage::mayShow(int index) const
         if (run().GfxHasZuk)
             return false; // the enhanced engine has no such objects
     }
-    return index != OptionsPanelRow || host().CfgValue(u"boot_show"_s) != u'0';
+    return index != OptionsPanelRow || document().CfgValue(u"boot_show") != u'0';
 }
 
 // An empty boot_show says neither yes nor no: the line is left as it was drawn.
 bool Stage::isFrozen(int index) const
 {
-    return index == OptionsPanelRow && run().GfxHasCfg && host().CfgValue(u"boot_show"_s).isEmpty();
+    return index == OptionsPanelRow && run().GfxHasCfg &&
+           document().CfgValue(u"boot_show").isEmpty();
 }
 
 void Stage::adoptPanels()
@@ -64,23 +66,13 @@ void Stage::adoptPanels()
     LogoIndex = 0;
     // Asked once for each gfxboot, as the list takes long on some systems.
     m_families = QFontDatabase::families();
-    m_panels.resize(std::max(m_panels.size(), m_data.PanelArr.size()));
+    m_panels.resize(std::max(m_panels.size(), document().state().PanelArr.size()));
     for (StagePanel& panel : m_panels)
         panel = StagePanel();
     host().showColourControls(-1);
     // The order of panels outlives an open; new ones come on top.
     while (m_order.size() < m_panels.size())
         m_order.push_back(static_cast<int>(m_order.size()));
-}
-
-void Stage::setMenuEntries(const QString& entries)
-{
-    if (rows() <= MenuBarRow)
-        return;
-    const MenuTexts texts = menuTexts(entries);
-    record(MenuBarRow).Text = texts.bar;
-    record(MenuPanelRow).Text = texts.menu;
-    redraw(MenuPanelRow);
 }
 
 void Stage::setLogos(std::vector<QImage> logos)
@@ -261,15 +253,14 @@ int Stage::panelAt(QPoint point) const
 bool Stage::ButtonVisible(int item) const
 {
     // Without a cfg file nothing can hide a button.
-    return !run().GfxHasCfg || host().CfgValue(hideKey(item)) == u'0';
+    return !run().GfxHasCfg || document().CfgValue(hideKey(item)) == u'0';
 }
 
 double Stage::menuPitch() const
 {
-    const int font = isRow(MenuPanelRow) ? record(MenuPanelRow).FontIndex : 0;
-    const std::size_t known = at(usableFont(m_data.FontTable, font));
+    const std::size_t known = at(fontOf(MenuPanelRow));
     const double size = known < m_data.FontTable.size() ? m_data.FontTable[known].Size : 0;
-    return linePitch(size, m_data.MenuSlit);
+    return linePitch(size, menuSlit(document().state()));
 }
 
 } // namespace fennel

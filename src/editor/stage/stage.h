@@ -5,6 +5,7 @@
 #pragma once
 
 #include "base/shell_context.h"
+#include "document/document.h"
 #include "editor/stage/stage_host.h"
 #include "fonts/font_table.h"
 #include "params/panel_rec.h"
@@ -27,9 +28,8 @@ namespace fennel {
 // What the stage works on; the referenced objects outlive it.
 struct StageData {
     Shell shell;
-    fennel::PanelArr& PanelArr;
+    fennel::Document& document;
     const fennel::FontTable& FontTable;
-    int& MenuSlit;
     StageHost& host;
     ResizeJpgCall ResizeJpg;
 };
@@ -84,9 +84,6 @@ public:
     // After PanelArr was built anew: one hidden, undrawn panel per row, nothing selected. The
     // stacking order of the panels that were there stays.
     void adoptPanels();
-    // A list of menu entries, each ending in "|": the first goes to the bar, the rest behind a
-    // blank to the menu.
-    void setMenuEntries(const QString& entries);
     // The pictures that LOGO steps through; LogoIndex starts anew if it is beyond them.
     void setLogos(std::vector<QImage> logos);
     [[nodiscard]] int logoCount() const { return static_cast<int>(m_logos.size()); }
@@ -116,7 +113,7 @@ public:
     [[nodiscard]] bool isRow(int index) const;
     // Only for an index that isRow(); so is record().
     [[nodiscard]] const StagePanel& panel(int index) const { return m_panels[at(index)]; }
-    [[nodiscard]] PanelRec& record(int index) const { return m_data.PanelArr[at(index)]; }
+    [[nodiscard]] const PanelRec& record(int index) const { return *document().object(index); }
     // Shown pixels. The record does not follow, the picture is not drawn anew.
     void setPanelRect(int index, const QRect& rect);
     void setPlain(int index); // until its next DrawPanel
@@ -152,6 +149,7 @@ public:
     [[nodiscard]] double menuPitch() const; // boot pixels of a menu line
     [[nodiscard]] const StageData& data() const { return m_data; }
     [[nodiscard]] RunState& run() const { return m_data.shell.run; }
+    [[nodiscard]] Document& document() const { return m_data.document; }
     [[nodiscard]] StageHost& host() const { return m_data.host; }
 
 private:
@@ -167,8 +165,7 @@ private:
     void setVisible(int index, bool visible);
     void render(int index);
     void drawContents(int index, QPainter& painter);
-    int chooseFont(int index);
-    void readMenuSlit();
+    [[nodiscard]] int fontOf(int index) const;
     void updateOnOffCaptions();
     void paintPanel(QPainter& painter, const StagePanel& panel, const QRegion& part) const;
     void paintFrame(QPainter& painter, const QRegion& bare) const;

@@ -70,8 +70,8 @@ void Stage::loadScaledBack()
 void Stage::rememberBackground()
 {
     // While a menu's values are shown the choice is the menu's and must not go into the list.
-    if (run().GfxHasZuk && !host().menuLevelShown())
-        host().setBackgroundNumber(backgroundNumber(run().BackFile));
+    if (run().GfxHasZuk && !document().menuLevelShown())
+        document().noteBackground(backgroundNumber(run().BackFile));
 }
 
 void Stage::ShowBackground()

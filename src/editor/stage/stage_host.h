@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the stage asks of the window around it: rows, tabs, status line, menus. The frame implements
+// What the stage asks of the window around it: tabs, status line, menus. The frame implements
 // it; a test answers what it likes.
 #pragma once
 
@@ -15,24 +15,10 @@ class StageHost {
 public:
     virtual ~StageHost() = default;
 
-    // Left, Top, Width and Height of the record hold what the stage shows, in boot pixels and exact
-    // where the shown pixels are coarser. To be written to the rows, each if a parameter sets it,
-    // for the menu also to those of its bar and the other way round. Generation 3 only.
-    virtual void PanelParamsToRow(int index) = 0;
-    // The value that the row of parameter `id` of a tab shows, -1 without such a row.
-    virtual qint64 GetPanelParam(int tab, int id) = 0;
-    virtual QString CfgValue(const QString& name) = 0; // of gfxboot.cfg
-    // Into the row of the list; the file follows at the next save. An unknown name changes nothing.
-    virtual void SetCfgValue(const QString& name, const QString& value) = 0;
-    // The background in use goes to parameter 99 of level file 0 and to its row. Generation 3 only.
-    virtual void setBackgroundNumber(int number) = 0;
-
     [[nodiscard]] virtual int objectOfCurrentTab() = 0; // -1: a tab without object
     // Selects the tab of the object and rebuilds its page. Generation 3 only.
     virtual void selectTabOf(int index) = 0;
     virtual void focusStage() = 0; // the keys are the stage's now
-    // CheckFromMenu is on: the stage shows what a menu file imposes.
-    [[nodiscard]] virtual bool menuLevelShown() = 0;
     // How many of the two pipettes are on; above 0 the mouse picks a colour and nothing else.
     [[nodiscard]] virtual int pipettesOn() = 0;
     // Fill and transparency of the object go to the sliders; -1: no object. In generation 3 each

@@ -9,11 +9,7 @@
 #include "editor/stage/stage_surface.h"
 #include "editor/window/main_window.h"
 #include "editor/window/menus.h"
-#include "params/cfg_file.h"
-#include "params/object_rows.h"
 #include "params/object_table.h"
-#include "params/panel_values.h"
-#include "params/row_values.h"
 #include "tools/image_tool.h"
 
 #include <QApplication>
@@ -63,11 +59,7 @@ StageData StageLink::stageData()
 {
     Workbench& bench = m_window.workbench();
     const Shell& shell = bench.shell;
-    return {shell,
-            bench.params.PanelArr,
-            bench.fonts.table,
-            bench.params.MenuSlit,
-            *this,
+    return {shell, bench.document, bench.fonts.table, *this,
             [&shell](int width, int height, const QString& source, const QString& target) {
                 (void)ResizeJpg(shell, width, height, source, target);
             }};
@@ -89,47 +81,6 @@ QCursor StageLink::pickerCursor() const
     return m_picker;
 }
 
-void StageLink::PanelParamsToRow(int index)
-{
-    ParamLists& lists = m_window.workbench().params;
-    const PanelRec* object = lists.object(index);
-    if (object == nullptr || menuLevelShown())
-        return;
-    // The record is exact where the shown pixels are coarser, so it stands for the shown place.
-    const QRectF place(object->Left, object->Top, object->Width, object->Height);
-    fennel::PanelParamsToRow(lists, index, place, 1.0);
-    m_window.rightPanel().refreshList(object->TabIndex);
-}
-
-qint64 StageLink::GetPanelParam(int tab, int id)
-{
-    return fennel::GetPanelParam(m_window.workbench().params, tab, id);
-}
-
-QString StageLink::CfgValue(const QString& name)
-{
-    return fennel::CfgValue(*m_window.workbench().params.list(TabConfig), name);
-}
-
-void StageLink::SetCfgValue(const QString& name, const QString& value)
-{
-    fennel::SetCfgValue(*m_window.workbench().params.list(TabConfig), name, value);
-    m_window.rightPanel().refreshList(TabConfig);
-}
-
-void StageLink::setBackgroundNumber(int number)
-{
-    ParamLists& lists = m_window.workbench().params;
-    ZukCell& cell = lists.ZUKarr.at(0, backgroundParam);
-    cell.EditValue = number;
-    ListRows* list = lists.list(cell.TabPos);
-    ListRow* row = list == nullptr ? nullptr : list->row(cell.RowPos);
-    if (row == nullptr)
-        return;
-    row->cells[1].text = cfgCellText(number, row->tag.contains(hexMark));
-    m_window.rightPanel().refreshList(cell.TabPos);
-}
-
 int StageLink::objectOfCurrentTab()
 {
     const ParamLists& lists = m_window.workbench().params;
@@ -148,11 +99,6 @@ void StageLink::focusStage()
     // A text in work lies over the stage: keys must not go to what is not seen.
     if (!m_window.rightPanel().editor().textEditMode())
         m_surface->setFocus();
-}
-
-bool StageLink::menuLevelShown()
-{
-    return m_window.shell().run.GfxHasZuk && m_window.rightPanel().fromMenu().isChecked();
 }
 
 int StageLink::pipettesOn()

@@ -25,15 +25,9 @@ public:
     // The pointer that marks the picking of a colour.
     [[nodiscard]] QCursor pickerCursor() const;
 
-    void PanelParamsToRow(int index) override;
-    qint64 GetPanelParam(int tab, int id) override;
-    QString CfgValue(const QString& name) override;
-    void SetCfgValue(const QString& name, const QString& value) override;
-    void setBackgroundNumber(int number) override;
     int objectOfCurrentTab() override;
     void selectTabOf(int index) override;
     void focusStage() override;
-    bool menuLevelShown() override;
     int pipettesOn() override;
     void showColourControls(int index) override;
     void setStatus(int panel, const QString& text) override;

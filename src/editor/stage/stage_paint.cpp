@@ -17,27 +17,13 @@ namespace fennel {
 
 namespace {
 
-constexpr int menuTab = FirstObjectTab; // the tab of MenuPanel
-constexpr int menuSlitParam = 40;
 constexpr std::array<int, 4> captionItems = {1, 3, 5, 7};
 
 } // namespace
 
-// From the list and not the table, so that a value just typed counts.
-void Stage::readMenuSlit()
+int Stage::fontOf(int index) const
 {
-    if (run().GfxHasZuk)
-        m_data.MenuSlit = clampToI16(host().GetPanelParam(menuTab, menuSlitParam));
-}
-
-int Stage::chooseFont(int index)
-{
-    PanelRec& rec = record(index);
-    // A constant font is a source below 0, like every constant.
-    const qint64 wanted = rec.FontParam > 0 ? host().GetPanelParam(rec.TabIndex, rec.FontParam)
-                                            : -qint64{rec.FontParam};
-    rec.FontIndex = static_cast<qint16>(usableFont(m_data.FontTable, wanted));
-    return rec.FontIndex;
+    return usableFont(m_data.FontTable, document().fontOf(index));
 }
 
 void Stage::updateOnOffCaptions()
@@ -77,8 +63,7 @@ void Stage::drawContents(int index, QPainter& painter)
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.drawImage(QRect(QPoint(), rect.size()), m_logos[at(LogoIndex)]);
     }
-    const std::size_t font = at(chooseFont(index));
-    readMenuSlit();
+    const std::size_t font = at(fontOf(index));
     // Before the first scan there are no fonts.
     if (rec.Text.isEmpty() || font >= m_data.FontTable.size())
         return;
@@ -87,7 +72,7 @@ void Stage::drawContents(int index, QPainter& painter)
     const QFontMetrics metrics(face);
     TextJob job{index,    rec.Text,     rec.TextColor,   fontRecord.Size, 0,
                 QPoint(), rect.width(), run().BackWidth, rect.height()};
-    job.spacing = index == MenuPanelRow ? m_data.MenuSlit : 0;
+    job.spacing = index == MenuPanelRow ? menuSlit(document().state()) : 0;
     painter.setFont(face);
     const auto measure = [&](QStringView text) {
         return double(metrics.horizontalAdvance(text.toString()));

@@ -47,16 +47,12 @@ void Stage::ActivatePanel(int index)
         return;
     host().focusStage();
     redraw(index);
-    if (isMenuRow(index)) {
-        host().SetCfgValue(u"menu_start_x"_s, QString::number(record(MenuPanelRow).Left));
-        host().SetCfgValue(u"menu_start_y"_s, QString::number(record(MenuPanelRow).Top));
-    }
     ShowMarker(index, 0);
 }
 
 void Stage::SelectNextPanel(bool backwards)
 {
-    const int index = nextPanel(m_data.PanelArr, SelectedPanel, backwards);
+    const int index = nextPanel(document().state().PanelArr, SelectedPanel, backwards);
     if (!isRow(index))
         return;
     ActivatePanel(index);

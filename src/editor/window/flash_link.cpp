@@ -118,7 +118,7 @@ void FlashLink::showFlashMenus(const FlashMenus& menus)
 
 void FlashLink::clearMenuFile()
 {
-    m_window.workbench().CurrentMenuFile.clear();
+    m_window.workbench().params.CurrentMenuFile.clear();
 }
 
 void FlashLink::refillMenuList()
@@ -127,7 +127,7 @@ void FlashLink::refillMenuList()
         return;
     refillList(m_window, TabMenu);
     // The menu of the drive before: nobody asked for a file of that name on this one.
-    QString& file = m_window.workbench().CurrentMenuFile;
+    QString& file = m_window.workbench().params.CurrentMenuFile;
     if (menuRow(*m_window.workbench().params.list(TabMenu), file) == 0)
         file.clear();
     MenuApply(m_window);

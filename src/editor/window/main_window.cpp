@@ -13,7 +13,6 @@
 #include "editor/window/status_bar.h"
 #include "editor/window/thumbnail_strip.h"
 #include "editor/window/toolbar.h"
-#include "params/catalogue.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -41,6 +40,7 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     m_colourLink->connectControls();
     addFileCommands(*this);
     addViewCommands(*this);
+    addHistoryCommands(*this);
     addEditCommands(*this);
     addToolCommands(*this);
     addPictureCommands(*this);
@@ -57,7 +57,8 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     m_flashLink->showBios();
     m_toolbar->BuildToolbar(m_commands);
     connectAreas();
-    (void)LoadCatalogue(workbench.shell, workbench.params.ZUKarr);
+    workbench.document.loadCatalogue();
+    connectDocument(*this);
     // Not by BuildTabs(), whose lines in the log tell of an open.
     workbench.params.tabs = fixedTabs();
     rebuildTabs(*this);
@@ -90,7 +91,8 @@ void MainWindow::UpdateInterface()
 {
     const RunState& run = m_workbench.shell.run;
     m_workbench.shell.WriteLog(QStringLiteral("-UpdateInterface"));
-    setWindowTitle(QStringLiteral("%1 (v. %2). %3")
+    // The mark stands at its end while changes are not saved.
+    setWindowTitle(QStringLiteral("%1 (v. %2). %3[*]")
                        .arg(programTitle(), versionText(),
                             run.GfxOpened ? run.GfxFileName
                                           : QStringLiteral("/Component of @ZUK-MOSA@ project/")));
@@ -141,7 +143,6 @@ public:
 
     void openBegins() override
     {
-        m_window.m_workbench.shell.run.InterfaceReady = false;
         closeValueEditor(m_window);
         Stage& stage = m_window.m_stageLink->stage();
         stage.ShowMarker(-1, -1);
@@ -160,14 +161,14 @@ public:
     void fill(Step step) override { fillStep(m_window, step); }
     [[nodiscard]] int chosenBackground() const override
     {
-        return static_cast<int>(
-            m_window.m_workbench.params.ZUKarr.GetLevelValue(0, backgroundParam, LayerCfg)
-                .value_or(0));
+        return static_cast<int>(m_window.document()
+                                    .state()
+                                    .ZUKarr.GetLevelValue(0, backgroundParam, LayerCfg)
+                                    .value_or(0));
     }
     void openEnds(bool opened) override
     {
         Q_UNUSED(opened)
-        m_window.m_workbench.shell.run.InterfaceReady = true;
         m_window.setEnabled(true);
         QGuiApplication::restoreOverrideCursor();
     }

@@ -42,6 +42,7 @@ public:
 
     [[nodiscard]] Workbench& workbench() { return m_workbench; }
     [[nodiscard]] const Shell& shell() const { return m_workbench.shell; }
+    [[nodiscard]] Document& document() { return m_workbench.document; }
     [[nodiscard]] Commands& commands() { return m_commands; }
     [[nodiscard]] Menus& menus() { return *m_menus; }
     [[nodiscard]] Toolbar& toolbar() { return *m_toolbar; }

@@ -132,11 +132,7 @@ void MainWindow::connectAreas()
             [this](int distance) { setPanelHeight(m_dragStart + distance); });
     for (SplitterBar* bar : {m_vertical, m_horizontal}) {
         // While a splitter moves, what happens in lists is not the user's doing.
-        connect(bar, &SplitterBar::pressed, this, [&run] { run.InterfaceReady = false; });
-        connect(bar, &SplitterBar::released, this, [this, &run] {
-            run.InterfaceReady = true;
-            ShowBackground();
-        });
+        connect(bar, &SplitterBar::released, this, [this, &run] { ShowBackground(); });
     }
     connect(m_vertical, &SplitterBar::released, this,
             [this] { m_rightPanel->view(m_workbench.params.CurrentTab)->fitColumns(); });
@@ -267,7 +263,6 @@ void MainWindow::placeSplitters(const LayoutResult& layout)
 
 void MainWindow::showRightPanel(bool shown)
 {
-    const QScopedValueRollback<bool> ready(m_workbench.shell.run.InterfaceReady, false);
     m_workbench.flags.rightPanelShown = shown;
     UpdateToolbar();
     ShowBackground();
@@ -276,7 +271,6 @@ void MainWindow::showRightPanel(bool shown)
 
 void MainWindow::showBottomPanel(bool shown)
 {
-    const QScopedValueRollback<bool> ready(m_workbench.shell.run.InterfaceReady, false);
     m_workbench.flags.bottomPanelShown = shown;
     UpdateToolbar();
     ShowBackground();
@@ -313,7 +307,7 @@ void MainWindow::refreshThumbnails()
     if (!run.GfxOpened)
         return;
     const QString mask =
-        thumbnailMask(lists.tabs[static_cast<std::size_t>(lists.CurrentTab)].caption);
+        thumbnailMask(lists.CurrentTab, lists.objectOfTab(lists.CurrentTab));
     const QStringList names = thumbnailNames(run.Workspace, mask);
     m_bottomPanel->setFiles(run.Workspace, names);
     setStatusField(7, thumbnailStatus(names.size(), mask));

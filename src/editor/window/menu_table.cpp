@@ -34,7 +34,9 @@ constexpr auto items = std::to_array<MenuItem>({
     {"mnuView_Splash", "mnuView", u"SplashImage view", Check, Opened, true},
 
     {"mnuEDIT", "", u"&Edit", Menu},
-    {"mnuEdit_GetINFO", "mnuEDIT", u"Get INFO", Command, Opened},
+    {"mnuEdit_Undo", "mnuEDIT", u"Undo", Command, ByOthers, false, "Ctrl+Z"},
+    {"mnuEdit_Redo", "mnuEDIT", u"Redo", Command, ByOthers, false, "Ctrl+Shift+Z;Ctrl+Y"},
+    {"mnuEdit_GetINFO", "mnuEDIT", u"Get INFO", Command, Opened, true},
     {"mnuEdit_Replace", "mnuEDIT", u"Replace any gfxboot's components", Command, Opened},
     {"mnuEdit_Extract", "mnuEDIT", u"Extract components of some gfxboot into folder...", Command,
      Always, true},

@@ -36,7 +36,7 @@ struct MenuItem {
     MenuKind kind = MenuKind::Command;
     Enabled enabled = Enabled::Always;
     bool separatorBefore = false;
-    const char* shortcut = "";
+    const char* shortcut = ""; // several are separated by ";"
 };
 
 // Every item, a menu before what it holds.

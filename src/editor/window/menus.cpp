@@ -67,7 +67,7 @@ void Menus::addAction(QMenu& parent, const MenuItem& item)
     }
     action->setObjectName(name);
     action->setCheckable(item.kind == MenuKind::Check);
-    action->setShortcut(QKeySequence(QLatin1String(item.shortcut)));
+    action->setShortcuts(QKeySequence::listFromString(QLatin1String(item.shortcut)));
     // While another window of the program is in front its keys are its own.
     action->setShortcutContext(Qt::WindowShortcut);
     m_actions[name] = action;

@@ -18,15 +18,9 @@ QStringList firstTexts(const ListRows* list)
     QStringList texts;
     if (list != nullptr) {
         for (const ListRow& row : list->rows)
-            texts.append(row.text());
+            texts.append(row.member());
     }
     return texts;
-}
-
-int tabOf(const ParamLists& lists, int object)
-{
-    const PanelRec* panel = lists.object(object);
-    return panel == nullptr ? 0 : panel->TabIndex;
 }
 
 } // namespace
@@ -39,7 +33,7 @@ QStringList PictureLink::backgroundRows() const
 QStringList PictureLink::logoRows() const
 {
     const ParamLists& lists = m_window.workbench().params;
-    return firstTexts(lists.list(tabOf(lists, LogoPanelRow)));
+    return firstTexts(lists.list(lists.tabOf(LogoPanelRow)));
 }
 
 void PictureLink::refillMembers()
@@ -61,7 +55,7 @@ void PictureLink::refillLogos()
     refillMembers();
     // The texts of the logos stand in the list of the help panel.
     for (const int object : {int{LogoPanelRow}, int{HelpPanelRow}}) {
-        if (const int tab = tabOf(lists, object); tab >= FirstObjectTab)
+        if (const int tab = lists.tabOf(object); tab >= FirstObjectTab)
             refillList(m_window, tab);
     }
     loadLogos(m_window);
@@ -92,23 +86,31 @@ void PictureLink::UpdateInterface()
 
 void PictureLink::setLogoSize(QSize size)
 {
-    PanelRec* logo = m_window.workbench().params.object(LogoPanelRow);
+    const PanelRec* logo = m_window.document().object(LogoPanelRow);
     if (logo == nullptr)
         return;
-    logo->Width = clampToI16(size.width());
-    logo->Height = clampToI16(size.height());
-    logo->WidthParam = static_cast<qint16>(-logo->Width);
-    logo->HeightParam = static_cast<qint16>(-logo->Height);
+    PanelRec sized = *logo;
+    sized.Width = clampToI16(size.width());
+    sized.Height = clampToI16(size.height());
+    sized.WidthParam = static_cast<qint16>(-sized.Width);
+    sized.HeightParam = static_cast<qint16>(-sized.Height);
+    Change change;
+    change.objects[LogoPanelRow] = sized;
+    (void)m_window.document().apply(std::move(change), {QStringLiteral("size of LOGO"), {}, {}});
 }
 
 void PictureLink::mnuView_fill()
 {
-    ParamLists& lists = m_window.workbench().params;
-    if (PanelRec* help = lists.object(HelpPanelRow);
-        help != nullptr && m_window.shell().run.GfxHasZuk) {
-        fitHelpPanel(m_window.shell().run, *help);
-        help->Width = static_cast<qint16>(-help->WidthParam);
-        help->Height = static_cast<qint16>(-help->HeightParam);
+    const PanelRec* help = m_window.document().object(HelpPanelRow);
+    if (help != nullptr && m_window.shell().run.GfxHasZuk) {
+        PanelRec fitted = *help;
+        fitHelpPanel(m_window.shell().run, fitted);
+        fitted.Width = static_cast<qint16>(-fitted.WidthParam);
+        fitted.Height = static_cast<qint16>(-fitted.HeightParam);
+        Change change;
+        change.objects[HelpPanelRow] = fitted;
+        (void)m_window.document().apply(std::move(change),
+                                        {QStringLiteral("size of HelpPanel"), {}, {}});
     }
     m_window.commands().run(QStringLiteral("mnuView_fill"));
 }

@@ -6,19 +6,21 @@
 #include "base/last_used.h"
 #include "base/shell_context.h"
 #include "base/user_store.h"
+#include "document/document.h"
+#include "editor/lists/param_lists.h"
 #include "editor/window/status_line.h"
 #include "editor/window/toolbar_table.h"
 #include "fonts/char_sets.h"
 #include "fonts/scan_fonts.h"
-#include "params/param_lists.h"
 
 namespace fennel {
 
 struct Workbench {
     Shell shell;
     LastUsed lastUsed;
-    ParamLists params;
     FontState fonts;
+    Document document{shell, fonts.table};
+    ParamLists params{document};
     FontScanSettings fontSettings;
     CharSelected characters = startingCharacters(); // for the next font that is made
     WindowFlags flags;
@@ -26,7 +28,6 @@ struct Workbench {
     bool TextIsUtf8 = false; // the text in the text editor came from a file with the mark of UTF-8
     QString EditedText;      // the member that the text editor was last opened for
     int EditedObject = -1;   // the object that shows that text, -1 none
-    QString CurrentMenuFile; // a menu file of the Current Flash; empty: the embedded menu
 
     // The shell's parts and the store outlive the workbench.
     Workbench(const Shell& shellParts, UserStore& store) : shell(shellParts), lastUsed(store) {}

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+#include "document/member_history.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace fennel {
+
+namespace {
+
+MemberHistory::Snapshot filesOf(const QString& folder)
+{
+    MemberHistory::Snapshot files;
+    const QByteArray start = QFile::encodeName(folder);
+    for (const QByteArray& name : plainFiles(folder)) {
+        struct stat facts {};
+        if (lstat((start + name).constData(), &facts) == 0 && S_ISREG(facts.st_mode))
+            files[name] = {0, facts.st_ino, facts.st_size,
+                           facts.st_mtim.tv_sec * 1'000'000'000LL + facts.st_mtim.tv_nsec};
+    }
+    return files;
+}
+
+Failure failed(const QByteArray& name)
+{
+    return {FailureKind::Io, "The history of " + name.toStdString() +
+                                 " cannot be kept: " + std::strerror(errno) + '.'};
+}
+
+// A further name of the same file, or its copy where a file system has no links.
+Result<void> linkOrCopy(const QByteArray& from, const QByteArray& to)
+{
+    unlink(to.constData());
+    if (link(from.constData(), to.constData()) == 0 ||
+        QFile::copy(QFile::decodeName(from), QFile::decodeName(to)))
+        return {};
+    return failed(from);
+}
+
+// Not looked into.
+bool sameFile(const MemberHistory::Seen& a, const MemberHistory::Seen& b)
+{
+    return a.inode == b.inode && a.size == b.size && a.changed == b.changed;
+}
+
+} // namespace
+
+QString MemberHistory::pathOf(VersionId version) const
+{
+    return m_shell.run.WorkspaceRoot + QStringLiteral("~history/") + QString::number(version);
+}
+
+QByteArray MemberHistory::inWorkspace(const QByteArray& name) const
+{
+    return QFile::encodeName(m_shell.run.Workspace) + name;
+}
+
+Result<VersionId> MemberHistory::keep(const QByteArray& name)
+{
+    if (m_last == 0) {
+        if (Result<void> made = m_shell.files.makeFolder(folderPart(pathOf(0))); !made)
+            return made.failure();
+    }
+    const VersionId version = ++m_last;
+    const Result<void> kept = linkOrCopy(inWorkspace(name), QFile::encodeName(pathOf(version)));
+    return kept ? Result<VersionId>(version) : kept.failure();
+}
+
+Result<MemberHistory::Snapshot> MemberHistory::take()
+{
+    Snapshot snapshot = filesOf(m_shell.run.Workspace);
+    for (auto& [name, seen] : snapshot) {
+        const Result<VersionId> version = keep(name);
+        if (!version) {
+            dropAll(snapshot);
+            return version.failure();
+        }
+        seen.version = *version;
+    }
+    return snapshot;
+}
+
+// A file that was put back from a copy is another one with the same bytes.
+bool MemberHistory::unchanged(const Seen& was, const QByteArray& name, const Seen& now) const
+{
+    if (sameFile(was, now) || was.size != now.size)
+        return was.size == now.size;
+    QFile old(pathOf(was.version));
+    QFile fresh(QFile::decodeName(inWorkspace(name)));
+    return old.open(QIODevice::ReadOnly) && fresh.open(QIODevice::ReadOnly) &&
+           old.readAll() == fresh.readAll();
+}
+
+Result<std::map<QByteArray, BeforeAfter<VersionId>>> MemberHistory::since(Snapshot&& before,
+                                                                          qint64& bytes)
+{
+    std::map<QByteArray, BeforeAfter<VersionId>> changes;
+    for (const auto& [name, now] : filesOf(m_shell.run.Workspace)) {
+        const auto was = before.find(name);
+        if (was != before.end() && unchanged(was->second, name, now))
+            continue;
+        const Result<VersionId> version = keep(name);
+        if (!version)
+            return version.failure();
+        changes[name].after = *version;
+        bytes += now.size;
+    }
+    const Snapshot now = filesOf(m_shell.run.Workspace);
+    for (auto& [name, was] : before) {
+        const auto is = now.find(name);
+        if (is != now.end() && !changes.contains(name)) {
+            drop(was.version);
+            continue;
+        }
+        changes[name].before = was.version;
+        bytes += was.size;
+    }
+    return changes;
+}
+
+Result<void> MemberHistory::restore(Snapshot&& before)
+{
+    const Snapshot now = filesOf(m_shell.run.Workspace);
+    std::map<QByteArray, VersionId> versions;
+    for (const auto& [name, is] : now) {
+        if (!before.contains(name))
+            versions[name] = 0;
+    }
+    for (const auto& [name, was] : before) {
+        const auto is = now.find(name);
+        if (is == now.end() || !sameFile(was, is->second))
+            versions[name] = was.version;
+    }
+    Result<void> done = put(versions);
+    if (done)
+        dropAll(before);
+    return done;
+}
+
+Result<void> MemberHistory::put(const std::map<QByteArray, VersionId>& versions)
+{
+    const auto work = [this](VersionId version) {
+        return QFile::encodeName(pathOf(version)) + '~';
+    };
+    // All that can fail for want of space comes first.
+    for (const auto& [name, version] : versions) {
+        if (version == 0)
+            continue;
+        if (Result<void> made = linkOrCopy(QFile::encodeName(pathOf(version)), work(version));
+            !made)
+            return made;
+    }
+    for (const auto& [name, version] : versions) {
+        const QByteArray target = inWorkspace(name);
+        // Removed first: renaming one link of a file over another does nothing.
+        if (unlink(target.constData()) != 0 && errno != ENOENT)
+            return failed(name);
+        if (version != 0 && rename(work(version).constData(), target.constData()) != 0)
+            return failed(name);
+    }
+    return {};
+}
+
+void MemberHistory::drop(VersionId version)
+{
+    if (version != 0)
+        unlink(QFile::encodeName(pathOf(version)).constData());
+}
+
+void MemberHistory::dropAll(const Snapshot& snapshot)
+{
+    for (const auto& [name, seen] : snapshot)
+        drop(seen.version);
+}
+
+void MemberHistory::clear()
+{
+    if (m_last > 0)
+        (void)m_shell.files.removeFolder(folderPart(pathOf(0)));
+    m_last = 0;
+}
+
+} // namespace fennel

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "document/place_change.h"
+
+#include "params/level_files.h"
+#include "params/object_table.h"
+
+#include <QPoint>
+
+#include <algorithm>
+
+namespace fennel {
+
+namespace {
+
+void addParam(const ParamState& state, const PanelRec& panel, int source, qint64 number,
+              Change& change)
+{
+    const auto id = std::ranges::find(panel.Ids, source, &PanelParam::number);
+    const ParamKey key{levelFileOf(panel), source};
+    // A constant has no parameter, and what no list shows reaches no file.
+    if (source <= 0 || id == panel.Ids.end() || !ZUKarr::inRange(key.file, source))
+        return;
+    const auto& value = state.ZUKarr.at(key.file, source).Value;
+    if (value && value->number != number)
+        change.params[key] = ParamValue{number, id->hex, {}};
+}
+
+// Left and top are point A, width and height point B.
+void moveSpark(const ParamState& state, const PanelRec& panel, QPoint by, Change& change)
+{
+    const auto shift = [&](int source, int delta) {
+        if (source <= 0)
+            return;
+        const auto& value = state.ZUKarr.at(levelFileOf(panel), source).Value;
+        if (value)
+            addParam(state, panel, source, std::max<qint64>(0, value->number + delta), change);
+    };
+    shift(panel.LeftParam, by.x());
+    shift(panel.TopParam, by.y());
+    shift(panel.WidthParam, by.x());
+    shift(panel.HeightParam, by.y());
+}
+
+void addNumber(const ParamState& state, QStringView name, qint64 number, Change& change)
+{
+    const CfgLines& lines = change.cfg ? *change.cfg : state.cfg;
+    const CfgLines changed = withCfgNumber(lines, name, number);
+    if (change.cfg || changed != state.cfg)
+        change.cfg = changed;
+}
+
+} // namespace
+
+void addRecord(const ParamState& state, int row, const PanelRec& wanted, Change& change)
+{
+    const PanelRec* now = state.object(row);
+    if (now == nullptr)
+        return;
+    if (isSparkle(row)) {
+        moveSpark(state, *now, {wanted.Left - now->Left, wanted.Top - now->Top}, change);
+        return;
+    }
+    addParam(state, wanted, wanted.TopParam, wanted.Top, change);
+    addParam(state, wanted, wanted.LeftParam, wanted.Left, change);
+    addParam(state, wanted, wanted.WidthParam, wanted.Width, change);
+    addParam(state, wanted, wanted.HeightParam, wanted.Height, change);
+    addParam(state, wanted, wanted.BackParam, wanted.BackColor & 0xFFFFFFU, change);
+    addParam(state, wanted, wanted.TextParam, wanted.TextColor & 0xFFFFFFU, change);
+    addParam(state, wanted, wanted.TranspParam, wanted.Transp, change);
+    change.objects[row] = wanted;
+}
+
+void addMenuPlace(const ParamState& state, const PanelRec& menu, Change& change)
+{
+    addNumber(state, u"menu_start_x", menu.Left, change);
+    addNumber(state, u"menu_start_y", menu.Top, change);
+}
+
+void addMenuEntries(const ParamState& state, int entries, Change& change)
+{
+    addNumber(state, u"menu_max_entries", entries, change);
+}
+
+} // namespace fennel

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// A changed record as a change of the document: with every parameter that stores a part of it.
+#pragma once
+
+#include "document/change.h"
+
+namespace fennel {
+
+// Generation 3: the object shall be as `wanted` says. Each place, length, colour and the
+// transparency that a parameter sets goes there, unless it says that number already; the record
+// takes the rest. A spark is moved by its two points and has no size to change.
+void addRecord(const ParamState& state, int row, const PanelRec& wanted, Change& change);
+
+// Generation 2: the menu's place, or how many entries it shows, in the lines of gfxboot.cfg.
+void addMenuPlace(const ParamState& state, const PanelRec& menu, Change& change);
+void addMenuEntries(const ParamState& state, int entries, Change& change);
+
+} // namespace fennel

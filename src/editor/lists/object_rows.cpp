@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include "editor/lists/object_rows.h"
+
+#include "base/text.h"
+#include "container/member_list.h"
+#include "container/member_table.h"
+#include "editor/lists/tabs.h"
+#include "params/level_files.h"
+#include "params/panel_values.h"
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+ListRow memberRow(const QString& folder, const QString& name, bool picture)
+{
+    ListRow row;
+    row.kind = RowKind::Member;
+    row.name = name;
+    row.size = fileSize(folder + name);
+    if (picture)
+        row.iconFile = folder + name;
+    return row;
+}
+
+ListRow saying(RowKind kind, const QStringList& texts)
+{
+    ListRow row;
+    row.kind = kind;
+    row.texts = texts;
+    return row;
+}
+
+void addParameters(const Document& document, int object, ListRows& list)
+{
+    const PanelRec& panel = *document.object(object);
+    const int file = levelFileOf(panel);
+    for (const PanelParam& id : panel.Ids) {
+        if (!ZUKarr::inRange(file, id.number) || !document.state().ZUKarr.at(file, id.number).Value)
+            continue;
+        ListRow row;
+        row.kind = RowKind::Parameter;
+        row.file = file;
+        row.number = id.number;
+        row.hex = id.hex;
+        row.own = feedsPanel(panel, id.number);
+        row.onOff = panel.OnParam == id.number;
+        list.rows.push_back(row);
+    }
+}
+
+// Under the parameters, one block for each kind of member that belongs to the object.
+void addMembers(const Shell& shell, const PanelRec& panel, ListRows& list)
+{
+    const QString folder = withSeparator(shell.run.Workspace);
+    for (const QString& mask : panel.Component.split(u'|', Qt::SkipEmptyParts)) {
+        list.rows.push_back(saying(RowKind::Separator, {u"_____"_s, u"_____"_s, u"_____"_s,
+                                                        u"________________________"_s}));
+        list.rows.push_back(saying(RowKind::Heading, {u"FileName"_s, u"Size"_s}));
+        for (const QString& name : numberedFiles(folder, mask)) {
+            const bool picture = name.endsWith(u".jpg", Qt::CaseInsensitive);
+            list.rows.push_back(memberRow(folder, name, panel.Editable && picture));
+        }
+    }
+}
+
+} // namespace
+
+ListRows objectList(const Shell& shell, const Document& document, int object)
+{
+    ListRows list;
+    const PanelRec* panel = document.object(object);
+    if (panel == nullptr || panel->Ids.empty())
+        return list;
+    shell.WriteLog(u"     %1%2_in_ListView"_s.arg(
+        panel->Name, QString::number(panel->TabIndex).rightJustified(3)));
+    list.columns = {u":ID:"_s, u"CFG data"_s, u"LST data"_s, u"Comment"_s};
+    list.object = object;
+    addParameters(document, object, list);
+    addMembers(shell, *panel, list);
+    // An empty list would look like a fault.
+    if (list.rows.empty())
+        list.rows.push_back(saying(RowKind::Notice, {u"Need to upgrade"_s, u"gfxboot kernel"_s}));
+    list.selected = 1;
+    return list;
+}
+
+ListRows memberList(const Shell& shell)
+{
+    shell.WriteLog(u"     2_GFXBOOT_in_ListView"_s);
+    ListRows list;
+    list.columns = {u"File"_s, u"Length"_s};
+    const QString& folder = shell.run.Workspace;
+    const Result<QByteArray> names = readBytes(folder + memberListName);
+    if (!names)
+        return list;
+    for (const MemberName& name : memberNames(*names)) {
+        ListRow row;
+        row.kind = RowKind::Member;
+        row.name = name.text;
+        row.size = std::max<qint64>(memberSize(folder, name.bytes), 0);
+        if (memberKind(name.text) == MemberKind::Picture)
+            row.iconFile = folder + name.text;
+        list.rows.push_back(row);
+    }
+    return list;
+}
+
+ListRows backgroundList(const Shell& shell)
+{
+    shell.WriteLog(u"     4_Backgrounds_in_ListView"_s);
+    ListRows list;
+    list.columns = {u"File Name"_s, u"File Size"_s};
+    list.iconView = true;
+    for (const QString& name :
+         thumbnailNames(shell.run.Workspace, thumbnailMask(TabBackgrounds, -1)))
+        list.rows.push_back(memberRow(shell.run.Workspace, name, true));
+    return list;
+}
+
+ListRows configList(const Shell& shell, const Document& document)
+{
+    shell.WriteLog(u"     3_Config_in_ListView"_s);
+    ListRows list;
+    list.columns = {u"Parameter"_s, u"Value"_s, u"Comment from the \"gfxboot.cfg\""_s};
+    if (!shell.run.GfxHasCfg && document.state().cfg.isEmpty())
+        list.rows.push_back(saying(RowKind::Notice, {u"File \"gfxboot.cfg\" is absent"_s}));
+    for (int line = 0; line < document.state().cfg.size(); ++line) {
+        ListRow row;
+        row.kind = RowKind::CfgLine;
+        row.number = line;
+        // Lines move when hidden ones have become lines of the file; a name stays.
+        row.name = document.state().cfg[line].name;
+        list.rows.push_back(row);
+    }
+    return list;
+}
+
+} // namespace fennel

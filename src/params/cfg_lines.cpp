@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "params/cfg_lines.h"
+
+#include "base/text.h"
+
+#include <utility>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The whole text without a "#".
+QString behindHash(const QString& text)
+{
+    return text.mid(text.indexOf(u'#') + 1);
+}
+
+QString commentOr(const QString& comment, const QString& name)
+{
+    return comment.isEmpty() ? CfgComment(name) : comment;
+}
+
+CfgLine activeLine(const QString& line, const QString& name, const QString& value)
+{
+    // The added "#" stays in the comment of a line that has one; at writing "##" becomes "#" again.
+    const QString comment = commentOr(behindHash(line + u'#'), name);
+    return {CfgKindOfLine::Known, name, valueOf(value), true, comment, comment, true};
+}
+
+// Shown and written back, but fixed: what the engine makes of such a line is not known here.
+CfgLine wrongLine(const QString& name, const QString& value)
+{
+    return {CfgKindOfLine::Wrong, name, valueOf(value), true, u"<== WRONG PARAMETER NAME!"_s,
+            CfgComment(name),     false};
+}
+
+CfgLine offLine(const QString& line, qsizetype equals, const QString& name, const QString& value)
+{
+    // The line's first "#" is mostly the one that switches it off, so the comment is looked for
+    // behind the value.
+    const QString right = line.mid(equals + 1);
+    const QString comment = commentOr(right.contains(u'#') ? behindHash(right) : QString(), name);
+    return {CfgKindOfLine::Known, name, valueOf(value), true, comment, behindHash(line), false};
+}
+
+// `seen` collects what the file mentions: names, and all text behind "#", or without one the whole
+// line, so that a parameter that a blank switches off is not offered a second time.
+CfgLine lineFrom(const QString& line, QString& seen)
+{
+    const qsizetype equals = line.indexOf(u'=');
+    // Fixed: a value typed into it would turn the text into a parameter.
+    if (equals < 0)
+        return {CfgKindOfLine::Text, {}, {}, false, line, {}, false};
+    // Only an exact name is in force; a name with anything before or behind it is a parameter that
+    // is switched off.
+    const QString left = line.left(equals);
+    const QString known = CfgKnownName(left);
+    const QString value = CfgNormalise(QStringView(line).mid(equals + 1));
+    if (left == known) {
+        seen += u'|' + left;
+        return activeLine(line, left, value);
+    }
+    seen += behindHash(line);
+    return known.isEmpty() ? wrongLine(left, value) : offLine(line, equals, known, value);
+}
+
+// What the engine knows and the file never mentions. The blank behind the comment goes into the
+// file with it.
+CfgLine hiddenLine(QStringView name)
+{
+    return {CfgKindOfLine::Hidden,
+            name.toString(),
+            valueOf(CfgDefault(name)),
+            true,
+            CfgComment(name) + u' ',
+            u"FENNEL-GFX: Perhaps this is a hidden parameter"_s,
+            false};
+}
+
+void addHiddenLines(const QString& seen, const QByteArray& engine, CfgLines& lines)
+{
+    bool separated = false;
+    for (const CfgParam& param : cfgParams) {
+        // Any mention counts, even within a comment or a longer name.
+        if (seen.contains(param.name))
+            continue;
+        // The separator comes with the first name that the file lacks, whatever the engine knows.
+        if (!std::exchange(separated, true))
+            lines.append({CfgKindOfLine::Separator, {}, {}, false, {}, {}, true});
+        if (engine.contains(param.name.toLatin1()))
+            lines.append(hiddenLine(param.name));
+    }
+}
+
+// A line that is off goes behind "#", whatever kind it is.
+QString textOf(const CfgLine& line)
+{
+    QString text = line.on ? QString() : u"#"_s;
+    text += line.name;
+    if (line.valued)
+        text += u'=' + line.value.text();
+    return text + u"\t\t# "_s + line.comment;
+}
+
+// Each line tidies the whole text so far once. No pattern crosses a line end, so a line with k
+// lines from it to the end is tidied k times, or until nothing changes.
+QString tidied(QString line, qsizetype times)
+{
+    for (; times > 0; --times) {
+        const qsizetype before = line.size();
+        // The order matters: what the first replacement joins, the others shorten.
+        line.replace(u"#\t\t#"_s, u"#"_s).replace(u"# #"_s, u"#"_s).replace(u"##"_s, u"#"_s);
+        if (line.size() == before)
+            break;
+    }
+    return line;
+}
+
+} // namespace
+
+Result<CfgLines> cfgLinesFrom(const QString& text, const QByteArray& engine)
+{
+    CfgLines lines;
+    QString seen;
+    QString clean = text;
+    // A lone carriage return ends a line too; the empty lines this makes are left out with all
+    // others.
+    clean.replace(u'\t', u' ').replace(u'\r', u'\n');
+    for (const QStringView part : QStringView(clean).tokenize(u'\n')) {
+        const QStringView line = trimBlanks(part);
+        if (line.isEmpty())
+            continue;
+        // A file this long is no list for people; nothing of it is shown, so that nothing can be
+        // saved over it.
+        if (lines.size() >= cfgLineLimit)
+            return Failure{FailureKind::TooLarge, cfgMemberName.toStdString() + " has more than " +
+                                                      std::to_string(cfgLineLimit) + " lines."};
+        lines.append(lineFrom(line.toString(), seen));
+    }
+    addHiddenLines(seen, engine, lines);
+    return lines;
+}
+
+QString cfgTextFrom(const CfgLines& lines)
+{
+    QStringList texts;
+    for (const CfgLine& line : lines) {
+        if (line.kind != CfgKindOfLine::Separator)
+            texts.append(textOf(line));
+    }
+    // See tidied(): the first line is the one that is tidied most often.
+    for (qsizetype i = 0; i < texts.size(); ++i)
+        texts[i] = tidied(texts[i], texts.size() - i);
+    return texts.join(u"\r\n"_s);
+}
+
+int cfgLineOf(const CfgLines& lines, QStringView name)
+{
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (lines[i].name == name)
+            return static_cast<int>(i);
+    }
+    return -1;
+}
+
+QString CfgValue(const CfgLines& lines, QStringView name)
+{
+    const int line = cfgLineOf(lines, name);
+    return line >= 0 ? lines[line].value.text() : CfgDefault(name);
+}
+
+CfgLines withCfgNumber(const CfgLines& lines, QStringView name, qint64 number)
+{
+    const int line = cfgLineOf(lines, name);
+    if (line < 0 || lines[line].value.number == number)
+        return lines;
+    CfgLines changed = lines;
+    changed[line].value = {number, false, {}};
+    return changed;
+}
+
+} // namespace fennel

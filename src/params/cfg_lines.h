@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// gfxboot.cfg as lines with typed values: read from the text, changed, written back. What the file
+// lacks is looked for in the engine itself, so that every build of the engine is offered the
+// parameters that it knows. Lines, states and the rules of writing are described in
+// docs/formats/gfxboot-cfg.md.
+#pragma once
+
+#include "base/result.h"
+#include "params/cfg_table.h"
+#include "params/param_value.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+namespace fennel {
+
+inline const QString cfgMemberName = QStringLiteral("gfxboot.cfg");
+
+enum class CfgKindOfLine {
+    Known,     // a parameter of the table, in force (`on`) or switched off
+    Hidden,    // not in the file, but the engine knows it; becomes a line at the next save
+    Wrong,     // a name outside the table: kept, switched off
+    Text,      // a line without "="
+    Separator, // between the file's lines and the hidden ones; no line of the file
+};
+
+struct CfgLine {
+    CfgKindOfLine kind = CfgKindOfLine::Text;
+    QString name; // as in the file; empty for Text
+    ParamValue value;
+    bool valued = false; // Known, Hidden, Wrong; false: nothing stands behind the name
+    QString comment;
+    QString tip;     // what else there is to know of the line
+    bool on = false; // not behind "#"
+    bool operator==(const CfgLine&) const = default;
+};
+using CfgLines = QList<CfgLine>; // shared until it is changed: a copy costs nothing
+
+// A longer file, or one of more lines, is no gfxboot.cfg: it is refused with a message.
+inline constexpr qint64 cfgSizeLimit = 4 * 1024 * 1024; // bytes
+inline constexpr int cfgLineLimit = 100'000;
+
+// The lines of a file's text, followed by those of the parameters that the text does not mention
+// and the bytes of the engine do. Fails above cfgLineLimit.
+Result<CfgLines> cfgLinesFrom(const QString& text, const QByteArray& engine);
+// The way back: lines ended by CR LF, the last one without. Applying the two in turn is not
+// neutral: comments of active lines gain a blank each time.
+QString cfgTextFrom(const CfgLines& lines);
+
+// Whether a value may be typed into the line, and its switch be used.
+[[nodiscard]] inline bool isParameter(const CfgLine& line)
+{
+    return line.kind == CfgKindOfLine::Known || line.kind == CfgKindOfLine::Hidden;
+}
+// Index of the first line of a parameter, -1 without one.
+int cfgLineOf(const CfgLines& lines, QStringView name);
+// The value of that line, or the default.
+QString CfgValue(const CfgLines& lines, QStringView name);
+// The lines with that number in the parameter's first line, written in decimal; the same lines if
+// there is none, or if it says that number already.
+CfgLines withCfgNumber(const CfgLines& lines, QStringView name, qint64 number);
+
+} // namespace fennel
