@@ -5,6 +5,7 @@
 #pragma once
 
 #include "base/shell_context.h"
+#include "container/member_table.h"
 #include "params/cfg_table.h"
 #include "params/list_rows.h"
 
@@ -12,8 +13,6 @@
 #include <QString>
 
 namespace fennel {
-
-inline const QString cfgMemberName = QStringLiteral("gfxboot.cfg");
 
 // Cells of a row. The check of a row says whether the parameter is active in the file; the tag of a
 // row is the parameter's name, empty for rows that are none.

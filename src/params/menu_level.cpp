@@ -2,23 +2,11 @@
 #include "params/menu_level.h"
 
 #include "base/shell_context.h"
+#include "container/member_table.h"
 #include "params/level_files.h"
 #include "params/panel_values.h"
 
 namespace fennel {
-
-namespace {
-
-// The same rule as when a gfxboot is opened: without the numbered picture the common one.
-QString backgroundPath(const QString& workspace, qint64 number)
-{
-    const QString folder = withSeparator(workspace);
-    const QString numbered =
-        folder + QStringLiteral("back_%1.jpg").arg(QString::number(100 + number).right(2));
-    return FileExists(numbered) ? numbered : folder + QStringLiteral("back.jpg");
-}
-
-} // namespace
 
 MenuLevelBox menuLevelBox(bool menuSelected, bool checked)
 {
@@ -41,7 +29,7 @@ std::optional<QString> switchMenuLevel(const Shell& shell, ParamLists& lists, bo
         return std::nullopt;
     // Compared with what is shown, since the menu that chose it may be gone by now. A background is
     // read from disk, so it only changes if it has to.
-    const QString wanted = backgroundPath(shell.run.Workspace, *number);
+    const QString wanted = backgroundFile(shell.run.Workspace, *number);
     return wanted == shell.run.BackFile ? std::nullopt : std::optional(wanted);
 }
 

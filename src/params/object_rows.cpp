@@ -3,8 +3,8 @@
 
 #include "base/shell_context.h"
 #include "base/text.h"
-#include "editor/lists/swatch.h"
 #include "params/level_files.h"
+#include "params/swatch.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -2,11 +2,11 @@
 #include "params/row_values.h"
 
 #include "base/text.h"
-#include "editor/lists/swatch.h"
 #include "params/level_files.h"
 #include "params/object_rows.h"
 #include "params/object_table.h"
 #include "params/panel_values.h"
+#include "params/swatch.h"
 
 namespace fennel {
 

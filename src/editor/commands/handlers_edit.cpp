@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The Edit menu, the pop-up menus of the stage, and the thumbnails.
 #include "base/text.h"
+#include "container/member_table.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
 #include "editor/stage/stage_link.h"
@@ -45,7 +46,7 @@ void onThumbnail(MainWindow& window, const QString& name, Qt::MouseButton button
     } else if (fitsPattern(name, QStringLiteral("back*.jpg"))) {
         shell.run.BackFile = shell.run.Workspace + name;
         window.ShowBackground();
-    } else if (fitsPattern(name, QStringLiteral("Logo_??.jpg"))) {
+    } else if (fitsPattern(name, logoPattern)) {
         showLogoMember(window, name);
     }
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/lists/list_model.h"
 
-#include "editor/lists/swatch.h"
+#include "params/swatch.h"
 
 #include <QBrush>
 #include <QDateTime>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "editor/lists/swatch.h"
+#include "params/swatch.h"
 
 #include "base/text.h"
 
