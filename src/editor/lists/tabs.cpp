@@ -171,19 +171,4 @@ QString thumbnailStatus(qsizetype count, const QString& mask)
     return QStringLiteral("This gfxboot includes %1 images called %2").arg(count).arg(mask);
 }
 
-// Row by row from the top left; a list narrower than one icon still gets one column.
-std::vector<QPoint> iconPlaces(int listWidth, int cellWidth, int cellHeight, int count)
-{
-    constexpr int margin = 100;
-    constexpr int gap = 200;
-    const int stepX = std::max(1, gap + cellWidth);
-    const int columns = std::max(1, listWidth / stepX);
-    std::vector<QPoint> places;
-    places.reserve(static_cast<std::size_t>(std::max(0, count)));
-    for (int i = 0; i < count; ++i)
-        places.emplace_back(i % columns * stepX + margin,
-                            i / columns * (gap + cellHeight) + margin);
-    return places;
-}
-
 } // namespace fennel

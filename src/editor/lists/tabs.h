@@ -59,8 +59,4 @@ QStringList thumbnailNames(const QString& workspace, const QString& mask);
 // What the status bar says of them.
 QString thumbnailStatus(qsizetype count, const QString& mask);
 
-// "Reorder ITEMs": the places of `count` icons of the given cell size in a list of the given width,
-// from the top left corner of the list, all in the same unit.
-std::vector<QPoint> iconPlaces(int listWidth, int cellWidth, int cellHeight, int count);
-
 } // namespace fennel
