@@ -145,6 +145,9 @@ struct Operation {
     const char* name;
     int generation;
     std::function<void(Setting&)> run;
+    // Writes members or a list first and the message file then, which may be done one without the
+    // other; all other commands are done or not done.
+    bool inParts = false;
 };
 
 void PrintTo(const Operation& operation, std::ostream* out)
@@ -157,19 +160,22 @@ const Operation operations[] = {
      [](Setting& set) {
          typeValue(set.story);
          set.story.choose("mnuFile_Save");
-     }},
+     },
+     true},
     {"SaveConfig", 2,
      [](Setting& set) {
          set.story.goToTab(u"Config"_s);
          set.story.type(u"menu_start_x"_s, u"77"_s);
          set.story.choose("mnuFile_Save");
-     }},
+     },
+     true},
     {"SaveAs", 3,
      [](Setting& set) {
          typeValue(set.story);
          set.story.user().expectSave(set.out() + u"copy"_s);
          set.story.choose("mnuFile_SaveAs");
-     }},
+     },
+     true},
     {"New", 3, [](Setting& set) { set.story.choose("mnuFile_New"); }},
     {"Open", 3,
      [](Setting& set) {
@@ -204,7 +210,8 @@ const Operation operations[] = {
          set.story.user().expectFolder(set.apart());
          set.story.user().expectSave(set.out() + u"made"_s);
          set.story.choose("mnuEdit_Assemble");
-     }},
+     },
+     true},
     {"Pack", 3,
      [](Setting& set) {
          set.story.user().expectOpen(set.apart() + u"init"_s);
@@ -256,7 +263,7 @@ protected:
         ++m_tried;
         const Disk now = set.onDisk();
         checkWhole(now);
-        EXPECT_TRUE(now == m_old || now == m_new) << "half of it is done";
+        EXPECT_TRUE(GetParam().inParts || now == m_old || now == m_new) << "half of it is done";
         QStringList told = story.user().texts;
         for (const QString& text : m_usual)
             told.removeOne(text);
