@@ -41,11 +41,9 @@ BENCHMARK(parseRanges)->Unit(benchmark::kMicrosecond);
 
 void changePage(benchmark::State& state)
 {
-    const CharSelected set = startingCharacters();
     int page = 0;
     for (auto step : state) {
         page = (page + 1) % pageCount;
-        benchmark::DoNotOptimize(pageCells(page, set));
         benchmark::DoNotOptimize(pageText(page));
     }
 }

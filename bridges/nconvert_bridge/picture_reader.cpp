@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "picture_reader.h"
 
+#include "base/on_black.h"
 #include "magick_work.h"
 #include "picture_kind.h"
 #include "tools/picture_limits.h"
@@ -164,16 +165,6 @@ void convertToSrgb(QImage& picture)
     const QColorSpace space = picture.colorSpace();
     if (space.isValid() && space != QColorSpace(QColorSpace::SRgb))
         picture.convertToColorSpace(QColorSpace::SRgb);
-}
-
-// Premultiplied colours are the colours on black.
-QImage onBlack(QImage picture)
-{
-    if (!picture.hasAlphaChannel())
-        return picture.convertToFormat(QImage::Format_RGB32);
-    picture.convertTo(QImage::Format_ARGB32_Premultiplied);
-    picture.reinterpretAsFormat(QImage::Format_RGB32);
-    return picture.convertToFormat(QImage::Format_RGB888);
 }
 
 } // namespace

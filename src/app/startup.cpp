@@ -17,11 +17,6 @@ namespace {
 const QString languageKey = QStringLiteral("DefaultLang");
 const QString firstLanguage = QStringLiteral("0409");
 
-QString hexDigits(qint64 value)
-{
-    return QString::number(value, 16).toUpper();
-}
-
 // A shorter code is filled up, of a longer one the end counts.
 QString fourDigits(const QString& language)
 {
@@ -55,9 +50,9 @@ void note(const Shell& shell, const Result<void>& result)
 void startLog(const Shell& shell, const StartInput& input)
 {
     RunState& run = shell.run;
-    run.LoggingOn = wantsLog(input.words);
+    const bool LoggingOn = wantsLog(input.words);
     run.BuildTime = input.buildTime;
-    if (!run.LoggingOn)
+    if (!LoggingOn)
         return;
     // Before anything else is done, so that the log can tell of all that fails.
     shell.log.start(run.AppPath + QStringLiteral("/FENNEL-GFX.log"));
@@ -79,7 +74,7 @@ void languageFromSettings(const Shell& shell)
     }
     const auto decimal = static_cast<qint64>(leadingNumber(run.CurrentLang));
     note(shell, IniAppendLine(shell, settingsFile(run.AppPath),
-                              key + QLatin1Char('=') + hexDigits(decimal)));
+                              key + QLatin1Char('=') + upperHex(decimal)));
 }
 
 void setLanguage(const Shell& shell, UserStore& store, const StartInput& input)
@@ -140,7 +135,7 @@ QString storedLanguage(UserStore& store)
 {
     const quint32 number = hexNumber(store.get(langsSection, languageKey).trimmed());
     if (number != 0)
-        return hexDigits(number);
+        return upperHex(number);
     store.save(langsSection, languageKey, firstLanguage);
     return firstLanguage;
 }
@@ -159,8 +154,9 @@ NextStep Form_Initialize(const Shell& shell, UserStore& store, const StartInput&
     if (needTools(shell) == NextStep::EndProcess)
         return NextStep::EndProcess;
     setToolPaths(run);
-    run.LogsPath = run.AppPath + QStringLiteral("/LOGs/");
-    note(shell, shell.files.makeFolder(run.LogsPath));
+    // For people's own notes; nothing is written into it.
+    const QString LogsPath = run.AppPath + QStringLiteral("/LOGs/");
+    note(shell, shell.files.makeFolder(LogsPath));
     shell.WriteLog(QStringLiteral("Form_Initialize End"));
     return NextStep::GoOn;
 }

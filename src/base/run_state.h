@@ -15,21 +15,18 @@ inline const QString unsavedGfxName = QStringLiteral("@ZUK-MOSA@.gz");
 struct RunState {
     QString AppPath;   // folder of the executable, no separator at the end
     QString ToolsPath; // AppPath + "/Tools/"
-    QString LogsPath;  // AppPath + "/LOGs/"; made at start, nothing writes into it
     QString ToolNConvert;
     QString ToolCpio;
     QString ToolQemu;
     QString Tool7Zip;
     QString ToolListUsb;
     QString ToolMkFont;
-    bool LoggingOn = false;
     QString CurrentLang;  // four digits, such as "0409"
     qint64 BuildTime = 0; // seconds since 1970-01-01 00:00:00 GMT
 
     QString WorkspaceRoot; // ends in "/"; everything in it is removed at exit
     QString Workspace;     // ends in "/"; the extracted members of the open gfxboot
     QString GfxPath;       // the open message file
-    QString GfxFolderName; // names the Workspace folder
     QString GfxFileName;   // as shown in the title and the status line
     bool GfxOpened = false;
     bool GfxHasCfg = false; // Workspace holds gfxboot.cfg

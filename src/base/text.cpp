@@ -177,6 +177,11 @@ int roundToEven(double value)
     return static_cast<int>(std::nearbyint(std::clamp(value, -placeLimit, placeLimit)));
 }
 
+QString upperHex(qint64 value)
+{
+    return QString::number(value, 16).toUpper();
+}
+
 QString hexText(qint64 value)
 {
     const QString digits = QString::number(static_cast<quint64>(value) & 0xFFFFFF, 16).toUpper();

@@ -49,6 +49,9 @@ qint64 numberFromText(QStringView text);
 // To the nearest integer, ties to even: 0.5 -> 0, 1.5 -> 2, 2.5 -> 2. Within +-2147483647.
 int roundToEven(double value);
 
+// Hexadecimal, in upper case, as many digits as it takes.
+QString upperHex(qint64 value);
+
 // "0x" and six upper-case digits, the last six of a longer number.
 QString hexText(qint64 value);
 

@@ -132,12 +132,15 @@ Result<void> unwrapBeside(const Shell& shell, const QString& file)
     const QString folder = folderPart(file);
     for (const QByteArray& bytes : plainFiles(staging.path())) {
         const QString made = QFile::decodeName(bytes);
-        if (made != *name && made.startsWith(u'#'))
-            (void)shell.files.remove(withSeparator(staging.path()) + made);
-        else if (shortForm(folder + made) == shortForm(file))
+        if (made != *name && made.startsWith(u'#')) {
+            // A tool's report that stayed would go to the user's folder with the contents.
+            if (Result<void> gone = shell.files.remove(withSeparator(staging.path()) + made); !gone)
+                return gone;
+        } else if (shortForm(folder + made) == shortForm(file)) {
             return wouldReplaceItself(file);
-        else if (!mayReplace(shell, folder + made, {}, u"Extract"_s))
+        } else if (!mayReplace(shell, folder + made, {}, u"Extract"_s)) {
             return {};
+        }
     }
     return deliver(shell, staging.path(), folder);
 }

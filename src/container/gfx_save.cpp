@@ -3,6 +3,7 @@
 
 #include "container/archive_tools.h"
 #include "container/member_list.h"
+#include "container/member_table.h"
 
 #include <QDir>
 
@@ -87,10 +88,9 @@ bool adoptTarget(const Shell& shell, const SaveTarget& target, const QString& wo
         return false;
     run.GfxIsGz = target.compress;
     run.GfxFileName = target.name;
-    run.GfxFolderName = target.name;
     run.GfxPath = target.folder + target.name;
     run.Workspace = workspace;
-    run.BackFile = workspace + QStringLiteral("back.jpg");
+    run.BackFile = workspace + mainBackName;
     return true;
 }
 
@@ -180,7 +180,6 @@ bool GfxSaveAs(const Shell& shell, const WriteParameters& writeParameters)
     // the message was shown.
     run.GfxIsGz = before.GfxIsGz;
     run.GfxFileName = before.GfxFileName;
-    run.GfxFolderName = before.GfxFolderName;
     run.GfxPath = before.GfxPath;
     run.Workspace = before.Workspace;
     run.BackFile = before.BackFile;

@@ -3,6 +3,7 @@
 
 #include "container/archive_tools.h"
 #include "container/member_list.h"
+#include "container/member_table.h"
 #include "container/staging.h"
 
 #include <QImageReader>
@@ -87,11 +88,10 @@ void setRunState(const Shell& shell, const QString& path, const QString& folder,
     run.GfxIsGz = wrapped;
     run.GfxPath = path;
     run.Workspace = folder;
-    run.GfxFolderName = namePart(path);
     run.GfxFileName = namePart(path);
     run.GfxOpened = true;
-    run.BackFile = folder + QStringLiteral("back.jpg");
-    run.GfxHasCfg = holds(folder, QStringLiteral("gfxboot.cfg"));
+    run.BackFile = folder + mainBackName;
+    run.GfxHasCfg = holds(folder, cfgMemberName);
     run.GfxHasZuk = holds(folder, QStringLiteral("ZUK0000.CFG"));
     // The newest sign wins: a generation 3 file may still hold the cfg of generation 2.
     run.gfxboot_var = run.GfxHasZuk ? 3 : run.GfxHasCfg ? 2 : 1;
@@ -141,14 +141,6 @@ bool measureBackground(RunState& run)
     return readable;
 }
 
-QString backgroundFile(const QString& workspace, qint64 number)
-{
-    // Two digits; without that picture the common background shows.
-    const QString digits = QString::number(100 + number).right(2);
-    const QString path = workspace + QStringLiteral("back_%1.jpg").arg(digits);
-    return FileExists(path) ? path : workspace + QStringLiteral("back.jpg");
-}
-
 bool gfxboot_open(const Shell& shell, const QString& path, OpenHost& host)
 {
     shell.WriteLog(QStringLiteral("gfxboot_open -----v\n"));
@@ -156,7 +148,7 @@ bool gfxboot_open(const Shell& shell, const QString& path, OpenHost& host)
     const QString folder = shell.run.WorkspaceRoot + namePart(path) + QLatin1Char('/');
     const Result<bool> wrapped = fillFolder(shell, path, folder);
     // "back.jpg" is what every generation has: an archive without it is no boot screen.
-    const bool opened = wrapped && FileExists(folder + QStringLiteral("back.jpg"));
+    const bool opened = wrapped && FileExists(folder + mainBackName);
     if (opened) {
         setRunState(shell, path, folder, *wrapped);
         fillAll(shell, host);

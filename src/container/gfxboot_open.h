@@ -44,9 +44,6 @@ public:
 // the run state still names the gfxboot that was open before, whose files are untouched.
 bool gfxboot_open(const Shell& shell, const QString& path, OpenHost& host);
 
-// Path of the background with this number: "back_NN.jpg", or "back.jpg" if there is no such file.
-QString backgroundFile(const QString& workspace, qint64 number);
-
 // Sets BackWidth and BackHeight from back.jpg of the Workspace; false if it is no picture that can
 // be shown, and counts with the size below.
 bool measureBackground(RunState& run);

@@ -40,6 +40,14 @@ const MemberPattern* fitting(const std::array<MemberPattern, N>& patterns, const
 
 } // namespace
 
+QString backgroundFile(const QString& folder, qint64 number)
+{
+    // Two digits; without that picture the common background shows.
+    const QString digits = QString::number(100 + number).right(2);
+    const QString path = folder + QStringLiteral("back_%1.jpg").arg(digits);
+    return FileExists(path) ? path : folder + mainBackName;
+}
+
 MemberKind memberKind(const QString& name)
 {
     const MemberPattern* entry = fitting(memberPatterns, name);

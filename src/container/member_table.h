@@ -39,6 +39,19 @@ inline constexpr std::array<MemberPattern, 17> memberPatterns = {{
     {"back_??.jpg", MemberKind::Picture},
 }};
 
+// Members that the program itself reads and writes by name.
+inline const QString cfgMemberName = QStringLiteral("gfxboot.cfg");
+inline const QString mainFontName = QStringLiteral("16x16.fnt");
+inline const QString mainBackName = QStringLiteral("back.jpg");
+inline const QString backPattern = QStringLiteral("back_??.jpg");
+// The first logo; its size is the size of all others.
+inline const QString logoMaskName = QStringLiteral("Logo_msk.jpg");
+inline const QString logoPattern = QStringLiteral("Logo_??.jpg");
+
+// Path of the background with this number: "back_NN.jpg", or "back.jpg" if there is no such file.
+// `folder` ends in "/".
+QString backgroundFile(const QString& folder, qint64 number);
+
 // The kind by pattern; a name outside the catalogue by its ending.
 MemberKind memberKind(const QString& name);
 

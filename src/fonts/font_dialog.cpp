@@ -23,11 +23,6 @@ int codeOf(int page, int cell)
     return page * cellCount + cell;
 }
 
-QString hexDigits(int value)
-{
-    return QString::number(value, 16).toUpper();
-}
-
 } // namespace
 
 // Control characters have no glyph: drawn, they would show as boxes or break the line.
@@ -110,20 +105,6 @@ QString fontExampleText(const FontFile& font)
     return u"Font name: "_s + font.name + u"\r\nFont file: "_s + font.fileName;
 }
 
-std::array<PageCell, cellCount> pageCells(int page, const CharSelected& set)
-{
-    std::array<PageCell, cellCount> cells;
-    for (int cell = 0; cell < cellCount; ++cell) {
-        PageCell& shown = cells[static_cast<std::size_t>(cell)];
-        const int code = codeOf(page, cell);
-        shown.glyph = cellGlyph(page, cell);
-        shown.tag = hexPadded(code, 4);
-        shown.hint = cellHint(page, cell);
-        shown.selected = set[static_cast<std::size_t>(code)];
-    }
-    return cells;
-}
-
 QString pageText(int page)
 {
     QString text;
@@ -146,9 +127,8 @@ QString cellHint(int page, int cell)
     const int code = codeOf(page, cell);
     // The two-byte form for all higher codes, as this hint always had it, also where UTF-8 needs
     // three.
-    const QString utf8 = code < 0x80
-                             ? hexDigits(cell)
-                             : hexDigits(code / 64 + 192) + u' ' + hexDigits(code % 64 + 128);
+    const QString utf8 =
+        code < 0x80 ? upperHex(cell) : upperHex(code / 64 + 192) + u' ' + upperHex(code % 64 + 128);
     return u"Unicode: U+"_s + hexPadded(code, 4) + u",  UTF-8: "_s + utf8;
 }
 

@@ -45,15 +45,6 @@ inline constexpr int pageCount = 256;
 inline constexpr int cellCount = 256; // of a page
 inline constexpr int cellColumns = 32;
 
-struct PageCell {
-    QString glyph; // empty for U+007F to U+00A0, a blank below U+0020
-    QString tag;   // the code, four hexadecimal digits
-    QString hint;
-    bool selected = false; // sunken on white; others are raised on the colour of buttons
-};
-
-// The cells of page 0 to 255 from the left of the first row on.
-std::array<PageCell, cellCount> pageCells(int page, const CharSelected& set);
 // The glyphs of all cells, a line feed behind every row.
 QString pageText(int page);
 // "U+0400 - U+04FF".
@@ -62,7 +53,7 @@ QString pageRange(int page);
 // same two-byte form, though UTF-8 has three bytes for them: the first number then leaves the byte
 // range.
 QString cellHint(int page, int cell);
-// The character of a cell, as PageCell has it.
+// The character of a cell; empty for U+007F to U+00A0, a blank below U+0020.
 QString cellGlyph(int page, int cell);
 
 inline constexpr int viewCount = 4;

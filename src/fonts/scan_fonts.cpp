@@ -3,6 +3,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "container/member_table.h"
 #include "fonts/fnt_bytes.h"
 #include "fonts/fnt_codec.h"
 #include "fonts/font_inspection.h"
@@ -33,18 +34,6 @@ struct FontFileFacts {
     int height = 0;
     int line = 0;
 };
-
-// Blanks only; a no-break space may be part of a name.
-QString trimBlanks(const QString& text)
-{
-    qsizetype from = 0;
-    qsizetype end = text.size();
-    while (from < end && text[from] == u' ')
-        ++from;
-    while (end > from && text[end - 1] == u' ')
-        --end;
-    return text.mid(from, end - from);
-}
 
 // What counts until the first font of the gfxboot is read, or if it has none.
 FontRecord standardRecord(const QString& defaultFontName)
@@ -185,7 +174,7 @@ std::optional<QByteArray> fontBytes(const QString& path)
 QString fontFileName(int fontNumber)
 {
     if (fontNumber == firstFontNumber)
-        return u"16x16.fnt"_s;
+        return mainFontName;
     return u"16x16_"_s + QString::number(fontNumber).right(2) + u".fnt"_s;
 }
 
@@ -223,7 +212,7 @@ int AddFontInfoRow(FontState& fonts, const QString& column1, const QString& colu
     row.kind = RowKind::FontFact;
     row.number = fonts.FontNumber - firstFontNumber;
     for (const QString& text : {column1, column2, column3})
-        row.texts.append(trimBlanks(text));
+        row.texts.append(trimBlanks(text).toString());
     row.tip = fonts.FontVersionText;
     if (colour != 0)
         row.colour = colour;

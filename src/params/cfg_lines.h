@@ -6,6 +6,7 @@
 #pragma once
 
 #include "base/result.h"
+#include "container/member_table.h"
 #include "params/cfg_table.h"
 #include "params/param_value.h"
 
@@ -14,8 +15,6 @@
 #include <QString>
 
 namespace fennel {
-
-inline const QString cfgMemberName = QStringLiteral("gfxboot.cfg");
 
 enum class CfgKindOfLine {
     Known,     // a parameter of the table, in force (`on`) or switched off

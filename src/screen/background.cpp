@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "screen/background.h"
 
+#include "base/on_black.h"
 #include "base/text.h"
 
 #include <QImageReader>
-#include <QPainter>
 
 namespace fennel {
 
@@ -22,18 +22,6 @@ Failure tooLarge(const QString& path, QSize size)
     return failure(
         FailureKind::TooLarge,
         u"%1: %2x%3 pixels are too many to show"_s.arg(path).arg(size.width()).arg(size.height()));
-}
-
-// Panels are mixed with the background's own colours, which have no opacity on the boot screen.
-QImage onBlack(const QImage& image)
-{
-    if (!image.hasAlphaChannel())
-        return image.convertToFormat(QImage::Format_RGB32);
-    QImage flat(image.size(), QImage::Format_RGB32);
-    flat.fill(Qt::black);
-    QPainter painter(&flat);
-    painter.drawImage(QRect(QPoint(), image.size()), image);
-    return flat;
 }
 
 } // namespace
@@ -97,7 +85,7 @@ Result<QImage> loadPicture(const QString& path)
         return tooLarge(path, image.size());
     // A name with "@2x" would halve the picture.
     image.setDevicePixelRatio(1);
-    return onBlack(image);
+    return onBlack(std::move(image));
 }
 
 } // namespace fennel

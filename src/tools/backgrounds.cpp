@@ -3,6 +3,7 @@
 
 #include "base/text.h"
 #include "container/member_list.h"
+#include "container/member_table.h"
 #include "tools/picture_import.h"
 
 #include <array>
@@ -122,9 +123,8 @@ void mnuEDIT_ADDBack(const Shell& shell, PictureHost& host)
 {
     if (!shell.run.GfxHasZuk || !shell.run.GfxOpened)
         return;
-    const QString first = shell.run.Workspace + u"back.jpg"_s;
-    const QString number =
-        nextNumber(shell, host.backgroundRows(), u"back_??.jpg"_s, u"back.jpg"_s, 101);
+    const QString first = shell.run.Workspace + mainBackName;
+    const QString number = nextNumber(shell, host.backgroundRows(), backPattern, mainBackName, 101);
     if (number.isEmpty() || !isThere(shell, first))
         return;
     const QString chosen = askForPicture(shell);

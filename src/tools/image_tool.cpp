@@ -13,6 +13,9 @@ namespace {
 
 const QString toolErrorMessage = u"Perhaps nconvert error..."_s;
 
+// Of every picture that goes into a gfxboot; what is made for other uses says its own.
+const QString jpegQuality = u"85"_s;
+
 // The name with another ending; a name without one gets it.
 QString withEnding(const QString& path, const QString& ending)
 {
@@ -120,25 +123,6 @@ bool XpmToGif(const Shell& shell)
     return outcome.made;
 }
 
-bool CreateIco(const Shell& shell, const QString& folder, const QString& name)
-{
-    shell.WriteLog(u"      ncovert.create_ico: "_s + name);
-    if (!shell.toolThere(shell.run.ToolNConvert))
-        return false;
-    QString icon = name;
-    icon.replace(u".jpg"_s, u".ico"_s, Qt::CaseInsensitive);
-    const QString output = shell.run.WorkspaceRoot + icon;
-    // In the canonical form, as all paths in the tool's command lines.
-    const QString source = shortForm(withSeparator(folder) + name);
-    if (isSameFile(source, output))
-        return false;
-    return runPictureTool(shell,
-                          {u"-overwrite"_s, u"-out"_s, u"ico"_s, u"-colors"_s, u"256"_s,
-                           u"-resize"_s, u"32"_s, u"32"_s, u"-o"_s, output, source},
-                          output)
-        .made;
-}
-
 bool CreateJpg(const Shell& shell, const QString& file)
 {
     shell.WriteLog(u"      ncovert.create_jpg: "_s + file);
@@ -153,7 +137,7 @@ bool CreateJpg(const Shell& shell, const QString& file)
     const QString output = shell.run.WorkspaceRoot + convertedJpgName;
     const ToolOutcome outcome =
         runPictureTool(shell,
-                       {u"-out"_s, u"jpeg"_s, u"-truecolors"_s, u"-q"_s, u"85"_s, u"-dpi"_s,
+                       {u"-out"_s, u"jpeg"_s, u"-truecolors"_s, u"-q"_s, jpegQuality, u"-dpi"_s,
                         u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s, u"-o"_s, output, shortForm(file)},
                        output);
     if (!outcome.made) {
@@ -170,8 +154,8 @@ bool PictureFromClipboard(const Shell& shell, const PictureClipboard& clipboard)
         return false;
     const ToolOutcome outcome =
         runClipboardTool(shell,
-                         {u"-out"_s, u"jpeg"_s, u"-overwrite"_s, u"-clipboard"_s, u"-q"_s, u"85"_s,
-                          u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s, u"-o"_s,
+                         {u"-out"_s, u"jpeg"_s, u"-overwrite"_s, u"-clipboard"_s, u"-q"_s,
+                          jpegQuality, u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s, u"-o"_s,
                           shell.run.WorkspaceRoot + clipboardJpgName},
                          clipboard);
     if (!outcome.made)
@@ -192,9 +176,9 @@ bool ResizeJpg(const Shell& shell, int width, int height, const QString& source,
     else
         outcome = runPictureTool(shell,
                                  {u"-out"_s, u"jpeg"_s, u"-overwrite"_s, u"-resize"_s,
-                                  QString::number(width), QString::number(height), u"-q"_s, u"85"_s,
-                                  u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s, u"-o"_s,
-                                  target, source},
+                                  QString::number(width), QString::number(height), u"-q"_s,
+                                  jpegQuality, u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s,
+                                  u"-o"_s, target, source},
                                  target);
     if (!outcome.made)
         showToolMessage(shell,

@@ -38,9 +38,6 @@ inline const QString clipboardHandoverName = QStringLiteral("~clipboard.png");
 bool BackToXpm(const Shell& shell);
 // The splash image as a GIF for viewing.
 bool XpmToGif(const Shell& shell);
-// An icon of 32x32 pixels of the picture `name` in `folder`; in WorkspaceRoot, under the same name
-// with the ending ".ico".
-bool CreateIco(const Shell& shell, const QString& folder, const QString& name);
 // A JPEG beside the picture `file`, under its name with the ending "jpg"; an existing one is kept
 // and the user told. The source stays.
 bool CreateJpg(const Shell& shell, const QString& file);

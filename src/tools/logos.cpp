@@ -3,6 +3,7 @@
 
 #include "base/text.h"
 #include "container/member_list.h"
+#include "container/member_table.h"
 #include "tools/picture_import.h"
 
 #include <algorithm>
@@ -13,20 +14,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The first logo; its size is the size of all others.
-const QString maskName = u"Logo_msk.jpg"_s;
-
 bool maskThere(const Shell& shell)
 {
-    if (FileExists(shell.run.Workspace + maskName))
+    if (FileExists(shell.run.Workspace + logoMaskName))
         return true;
-    shell.prompts.ShowMessage(u"File Logo_msk.jpg not found"_s);
+    shell.prompts.ShowMessage(u"File "_s + logoMaskName + u" not found"_s);
     return false;
 }
 
 // `target` becomes the picture in the size of `model`.
-bool makeLogo(const Shell& shell, PictureHost& host, FileSteps& steps, const QString& file,
-              const QString& model, const QString& target)
+bool ImportLogo(const Shell& shell, PictureHost& host, FileSteps& steps, const QString& file,
+                const QString& model, const QString& target)
 {
     // Read before the target changes, as model and target may be the same file.
     const std::optional<QSize> size = knownSize(shell, model);
@@ -68,19 +66,6 @@ std::optional<QSize> askForLogoSize(const Shell& shell, QSize present)
 
 } // namespace
 
-bool ImportLogo(const Shell& shell, PictureHost& host, const QString& file)
-{
-    const QString chosen = file.isEmpty() ? askForPicture(shell) : file;
-    if (chosen.isEmpty() || !maskThere(shell))
-        return false;
-    const QString mask = shell.run.Workspace + maskName;
-    FileSteps steps(shell);
-    if (!makeLogo(shell, host, steps, chosen, mask, mask))
-        return false;
-    steps.keep();
-    return true;
-}
-
 void ChangeLogoMember(const Shell& shell, PictureHost& host, const QString& name)
 {
     if (!shell.run.GfxHasZuk)
@@ -94,7 +79,7 @@ void ChangeLogoMember(const Shell& shell, PictureHost& host, const QString& name
         return;
     const QString chosen = askForPicture(shell);
     FileSteps steps(shell);
-    if (chosen.isEmpty() || !makeLogo(shell, host, steps, chosen, logo, logo))
+    if (chosen.isEmpty() || !ImportLogo(shell, host, steps, chosen, logo, logo))
         return;
     steps.keep();
     showLogos(host);
@@ -104,7 +89,7 @@ void mnuEDIT_ADDLogo(const Shell& shell, PictureHost& host)
 {
     if (!shell.run.GfxHasZuk || !maskThere(shell))
         return;
-    const QString number = nextNumber(shell, host.logoRows(), u"logo_??.jpg"_s, maskName, 100);
+    const QString number = nextNumber(shell, host.logoRows(), logoPattern, logoMaskName, 100);
     if (number.isEmpty())
         return;
     const QString chosen = askForPicture(shell);
@@ -117,7 +102,7 @@ void mnuEDIT_ADDLogo(const Shell& shell, PictureHost& host)
     // A text that is left from a deleted logo stays as it is.
     const bool newText = !FileExists(folder + text);
     FileSteps steps(shell);
-    if (!makeLogo(shell, host, steps, chosen, folder + maskName, folder + logo))
+    if (!ImportLogo(shell, host, steps, chosen, folder + logoMaskName, folder + logo))
         return;
     if (newText && !shell.told(steps.write(
                        folder + text, toCp1251(u"This txt-file is associated with "_s + logo))))
@@ -133,7 +118,7 @@ void mnuEDIT_ADDLogo(const Shell& shell, PictureHost& host)
 
 void mnuEdit_ResizeLOGO(const Shell& shell, PictureHost& host)
 {
-    const QString mask = shell.run.Workspace + maskName;
+    const QString mask = shell.run.Workspace + logoMaskName;
     if (!shell.run.GfxOpened || !maskThere(shell))
         return;
     const std::optional<QSize> present = knownSize(shell, mask);

@@ -9,9 +9,6 @@
 
 namespace fennel {
 
-// Makes Logo_msk.jpg anew from the picture `file`, in the mask's own size; an empty `file` asks.
-// True on success.
-bool ImportLogo(const Shell& shell, PictureHost& host, const QString& file);
 // Replaces the logo `name` by a picture of the user's choice, scaled to that logo's size.
 void ChangeLogoMember(const Shell& shell, PictureHost& host, const QString& name);
 // Adds a logo in the mask's size, with its text file.

@@ -52,7 +52,6 @@ public:
     [[nodiscard]] bool isRunning() const { return m_process != nullptr; }
     [[nodiscard]] qint64 processId() const { return m_process ? m_process->pid() : 0; }
     // The arguments of the last start.
-    [[nodiscard]] const QStringList& QemuArgs() const { return m_arguments; }
 
 Q_SIGNALS:
     void started(); // the machine runs

@@ -1,27 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "support/test_shell.h"
 
-#include <QFile>
-#include <QFileInfo>
-
 using namespace fennel;
 using namespace fennel::test;
 using namespace Qt::StringLiterals;
-
-TEST(Files, ReplacesThroughALinkAndKeepsPermissions)
-{
-    TestShell t;
-    const QString target = t.file(u"real"_s, "old");
-    ASSERT_TRUE(QFile::setPermissions(target, QFileDevice::ReadOwner | QFileDevice::WriteOwner));
-    const QString link = t.path(u"link"_s);
-    ASSERT_TRUE(QFile::link(target, link));
-    const QString source = t.file(u"new file"_s, "new");
-
-    EXPECT_TRUE(t.files.replaceWhole(source, link).ok());
-    EXPECT_TRUE(QFileInfo(link).isSymLink());
-    EXPECT_EQ(bytesOf(target), "new");
-    EXPECT_EQ(QFile::permissions(target) & QFileDevice::ReadOther, 0);
-}
 
 TEST(Files, NumberedPatternsComeInNumericOrderAndIgnoreCase)
 {

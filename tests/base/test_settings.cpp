@@ -27,15 +27,6 @@ TEST(IniFile, FindsAKeyWhateverItsSpacingCaseAndEncoding)
     EXPECT_EQ(IniRead(t.shell, u"a"_s, t.path(u"other"_s)), QString());
 }
 
-TEST(IniFile, IsOneFileWhateverTheCaseOfItsName)
-{
-    TestShell t;
-    EXPECT_EQ(settingsFile(t.run.AppPath), t.path(u"FENNEL.ini"_s));
-    const QString lower = t.file(u"fennel.INI"_s, "Default Font Name=Sans\r\n");
-    EXPECT_EQ(settingsFile(t.run.AppPath), lower);
-    EXPECT_EQ(IniRead(t.shell, u"Default Font Name"_s), u"Sans"_s);
-}
-
 TEST(IniFile, AppendsALineOfItsOwn)
 {
     TestShell t;
@@ -49,35 +40,6 @@ TEST(IniFile, AppendsALineOfItsOwn)
     EXPECT_EQ(bytesOf(ended), "a=1\r\nb=\xEF\r\n");
 }
 
-TEST(IniFile, FirstRunWritesFourKeysInOrderOrNothing)
-{
-    TestShell t;
-    t.files.failAt = 1;
-    EXPECT_FALSE(createSettingsFile(t.shell, u"Arial"_s, u"0409"_s).ok());
-    EXPECT_FALSE(FileExists(t.path(u"FENNEL.ini"_s))) << "half a file must not stay";
-
-    EXPECT_TRUE(createSettingsFile(t.shell, u"Arial %2"_s, u"0409"_s).ok());
-    EXPECT_EQ(bytesOf(t.path(u"FENNEL.ini"_s)), "Monitoring USB connections=1\r\n"
-                                                "Default Font Name=Arial %2\r\n"
-                                                "Default Character Set=0x20-0x7e, 0x0410-0x044f\r\n"
-                                                "Default Language=0409\r\n");
-    EXPECT_TRUE(createSettingsFile(t.shell, u"等线"_s, u"0409"_s).ok());
-    EXPECT_EQ(IniRead(t.shell, u"Default Font Name"_s), u"等线"_s);
-}
-
-TEST(Fonts, ListIsSortedOfWholeNamesWithoutFolders)
-{
-    const QString list = fontListText({{u"Zeta"_s, u"Bold Italic"_s, u"/f/z.ttf"_s},
-                                       {u"Alpha"_s, u"Regular"_s, u"/f/a.ttc"_s},
-                                       {u"Alpha"_s, u"Regular"_s, u"/g/a.ttc"_s},
-                                       {u"Beta"_s, u"Book"_s, u"/f/b.TTF"_s}});
-    EXPECT_EQ(list, u"Alpha (TrueType)>a.ttc\nBeta (TrueType)>b.TTF\n"
-                    "Zeta Bold Italic (TrueType)>z.ttf"_s);
-    EXPECT_EQ(firstTrueTypeName(list), u"Beta"_s) << "a collection is no .TTF";
-    EXPECT_EQ(firstTrueTypeName(u"Plain>/x.ttf/plain.otf\nNo mark>a.Ttf"_s), u"No mark"_s);
-    EXPECT_EQ(firstTrueTypeName(u"no file\n"_s), QString());
-}
-
 TEST(Fonts, SystemListHoldsTrueTypeOutlinesOnly)
 {
     const auto fonts = installedFonts();
@@ -89,24 +51,6 @@ TEST(Fonts, SystemListHoldsTrueTypeOutlinesOnly)
         EXPECT_TRUE(start == QByteArray("\0\1\0\0", 4) || start == "true" || start == "ttcf")
             << font.path.toStdString();
     }
-    // The judge counts every face with such outlines.
-    const Ran judge = runProgram(
-        u"fc-list"_s, {u":fontformat=TrueType:variable=false:outline=true"_s, u"file"_s});
-    ASSERT_EQ(judge.code, 0);
-    EXPECT_LE(fonts.size(), static_cast<std::size_t>(judge.out.count('\n')));
-}
-
-TEST(Fonts, FirstRunTakesTheLastOfThreeNamesThatIsThere)
-{
-    const std::pair<QString, QString> lists[] = {
-        {u"Arial (TrueType)>a.ttf\nZ (TrueType)>z.ttf"_s, u"Arial"_s},
-        {u"Arial (TrueType)>a.ttf\nTahoma (TrueType)>t.ttf"_s, u"Tahoma"_s},
-        {u"Arial Unicode MS>u.ttf\nTahoma>t.ttf"_s, u"Arial Unicode MS"_s},
-        {u"Z (TrueType)>z.ttf\nB (TrueType)>b.ttf"_s, u"B"_s},
-        {QString(), QString()},
-    };
-    for (const auto& [list, name] : lists)
-        EXPECT_EQ(firstRunFontName(list), name);
 }
 
 TEST(Fonts, DefaultComesFromTheSettingsFileIfItIsInstalled)
@@ -199,37 +143,4 @@ TEST(LastUsedList, NewestIsFirstAndTheEleventhDropsTheOldest)
     EXPECT_FALSE(restarted.enabled());
     EXPECT_TRUE(captions(restarted).isEmpty());
     EXPECT_TRUE(store.listAll(menuSection).empty());
-}
-
-TEST(LastUsedList, OpensFromTheStoreUntilAShortCaptionGoesBack)
-{
-    TestShell t;
-    ASSERT_TRUE(t.files.makeFolder(t.path(u"a folder"_s)).ok());
-    const QString path = t.file(u"a folder/message"_s, "x");
-    UserStore store(t.path(u"store.conf"_s));
-    store.save(menuSection, u"0"_s, path);
-    LastUsed list(store);
-    list.Recreate_LastUsed(t.shell);
-    EXPECT_EQ(list.clicked(t.shell, 0), shortForm(path));
-
-    list.LastUsedAdd(t.shell, u"/new"_s);
-    EXPECT_EQ(store.get(menuSection, u"1"_s), lastUsedCaption(path));
-    t.prompts.expectMessage(u"not available at this time.\nMaybe this file has been moved or "
-                            "deleted.\n\nFile Path: /"_s);
-    EXPECT_FALSE(list.clicked(t.shell, 1).has_value());
-    EXPECT_TRUE(t.prompts.texts.last().endsWith(u"\nFile Name: message"_s));
-    EXPECT_EQ(captions(list).size(), 2);
-}
-
-TEST(LastUsedList, StandsAnyStore)
-{
-    TestShell t;
-    UserStore store(t.file(u"store.conf"_s, "[Menu]\n0=/a\n5=/f\n10=/x\n-1=/y\nabc=/z\n01=/w\n"));
-    LastUsed list(store);
-    list.Recreate_LastUsed(t.shell);
-    EXPECT_EQ(captions(list), (QStringList{u"/a"_s, u"/f"_s}));
-    list.LastUsedAdd(t.shell, u"/b"_s);
-    EXPECT_EQ(captions(list), (QStringList{u"/b"_s, u"/a"_s, u"/f"_s}));
-    EXPECT_EQ(store.get(menuSection, u"6"_s), u"/f"_s);
-    EXPECT_EQ(store.listAll(menuSection).size(), 3U);
 }

@@ -81,20 +81,6 @@ TEST(SingleInstance, CrashedRunKeepsNobodyOut)
     EXPECT_TRUE(QTest::qWaitFor([&] { return asked.count() == 1; }, 5000));
 }
 
-TEST(SingleInstance, OddLockFilesKeepNobodyOut)
-{
-    TestShell t;
-    t.file(u"FENNEL-GFX.lock"_s, "1\nno such program\nhere\n");
-    t.file(u"FENNEL-GFX.socket"_s, "no socket");
-    SingleInstance first(t.run.AppPath);
-    EXPECT_TRUE(first.acquire());
-    EXPECT_TRUE(SingleInstance(t.run.AppPath).askOtherToRaise({}));
-    // Where no lock can be made, the program starts all the same.
-    SingleInstance nowhere(t.path(u"gone"_s));
-    EXPECT_TRUE(nowhere.acquire());
-    EXPECT_FALSE(nowhere.askOtherToRaise({}));
-}
-
 TEST(SingleInstance, PrivateFolderReplacesARuntimeFolderOfAnotherUser)
 {
     const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");

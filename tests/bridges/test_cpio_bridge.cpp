@@ -88,19 +88,12 @@ TEST(CpioBridge, WrittenArchivesAreReadTheSameByBothJudgesAndPackAgainTheSame)
 TEST(CpioBridge, FaultyArchivesLeaveTheFolderAsItWas)
 {
     const RawMember good{.name = "init", .data = "good"};
-    const std::string whole = RawCpio().add(good).close();
     const struct {
         const char* what;
         std::string archive;
         const char* shown;
     } cases[] = {
-        {"empty", "", "empty"},
-        {"text", "just a text", "no cpio"},
-        {"cut", whole.substr(0, whole.size() - 1), "cut short"},
         {"above", RawCpio().add(good).add({.name = "../evil", .data = "x"}).close(), "../evil"},
-        {"absolute", RawCpio().add(good).add({.name = "/tmp/evil"}).close(), "/tmp/evil"},
-        {"list", RawCpio().add(good).add({.name = "#.lst"}).close(), "#.lst"},
-        {"twice", RawCpio().add(good).add(good).close(), "two members"},
         {"size", RawCpio().add(good).add({.name = "b", .fileSize = 99}).close(), "larger"},
     };
     for (const auto& c : cases) {
@@ -204,14 +197,4 @@ TEST(CpioBridge, AssemblyRemovesTheOldOutputButNeverAMember)
     fill(folder, {{"#.lst", "init"}}); // a list without a last line end, as people write them
     EXPECT_EQ(cpioBridge(u"ASSM"_s, folder + u"/out"_s, folder).code, 0);
     EXPECT_EQ(bytesOf(folder + u"/out"_s).size(), 512);
-}
-
-TEST(CpioBridge, UnknownCallsAreTold)
-{
-    for (const QStringList& call :
-         {QStringList{}, {u"LIST"_s, u"a"_s, u"b"_s, u"#.lst"_s}, {u"INFO"_s, u"a"_s}}) {
-        const Ran ran = runBridge("CPIO/cpio_bridge", call);
-        EXPECT_EQ(ran.code, 1);
-        EXPECT_TRUE(ran.err.contains("INFO|EXTR|ASSM"));
-    }
 }

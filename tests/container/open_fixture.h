@@ -50,7 +50,7 @@ inline std::string gzipped(const std::string& bytes, std::string_view innerName 
 // What tells which gfxboot is open, and how.
 struct OpenState {
     explicit OpenState(const RunState& run)
-        : texts{run.Workspace, run.GfxPath, run.GfxFolderName, run.GfxFileName, run.BackFile},
+        : texts{run.Workspace, run.GfxPath, run.GfxFileName, run.BackFile},
           flags{run.GfxOpened, run.GfxHasCfg, run.GfxHasZuk, run.GfxIsGz}, numbers{run.gfxboot_var,
                                                                                    run.ObjectCount,
                                                                                    run.BackWidth,

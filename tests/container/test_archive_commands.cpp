@@ -83,8 +83,6 @@ protected:
             shell.prompts.expectMessage(told, answer);
     }
 
-    bool nothingLeft() { return namesIn(shell.run.WorkspaceRoot).isEmpty(); }
-
     TestShell shell;
     QString folder = shell.path(u"theme one"_s);
     QString target = shell.path(u"out"_s);
@@ -122,43 +120,6 @@ TEST_F(ArchiveCommands, NamesOfAnyCodePageComeApartAndTogether)
     EXPECT_TRUE(QDir(shell.run.WorkspaceRoot).entryList({u"#*"_s}).isEmpty());
 }
 
-TEST_F(ArchiveCommands, AFailedExtractLeavesTheFolder)
-{
-    put(u"a.txt"_s, "new");
-    put(u"b.txt"_s, "new");
-    archiveOf({"a.txt", "b.txt"});
-    ASSERT_TRUE(DiskFiles().write(target + u"/a.txt"_s, "old").ok());
-    // Away with an old list, then a kept copy of what is replaced, and three deliveries.
-    constexpr int changes = 5;
-    for (int step = 1; step <= changes; ++step) {
-        shell.files.calls = 0;
-        shell.files.failAt = step;
-        shell.prompts.expectOpen(archive);
-        shell.prompts.expectFolder(target);
-        const qsizetype told = shell.prompts.texts.size();
-        shell.prompts.expectMessage({});
-        mnuEdit_Extract(shell.shell);
-        EXPECT_EQ(shell.prompts.texts.size(), told + 1) << step;
-        EXPECT_EQ(bytesOf(target + u"/a.txt"_s), "old") << step;
-        EXPECT_EQ(namesIn(target), QStringList{u"a.txt"_s}) << step;
-    }
-    shell.files.failAt = 0;
-    extract(archive, target);
-    EXPECT_EQ(namesIn(target), (QStringList{u"#.lst"_s, u"a.txt"_s, u"b.txt"_s}));
-}
-
-TEST_F(ArchiveCommands, WhatIsNoPlainArchiveIsToldAndLeavesNothing)
-{
-    ASSERT_TRUE(DiskFiles().write(archive, "\x1f\x8b no archive").ok());
-    extract(archive, target, u"message"_s);
-    EXPECT_TRUE(namesIn(target).isEmpty());
-    shell.prompts.expectOpen({});
-    mnuEdit_Extract(shell.shell);
-    shell.prompts.expectOpen(archive);
-    shell.prompts.expectFolder({});
-    mnuEdit_Extract(shell.shell);
-}
-
 TEST_F(ArchiveCommands, AssembleMakesTheListOfPlainFilesOnly)
 {
     put(u"a.txt"_s, "a");
@@ -187,11 +148,6 @@ TEST_F(ArchiveCommands, AssembleTellsWhatFails)
     ASSERT_TRUE(DiskFiles().write(shell.run.WorkspaceRoot + assembledName, "old").ok());
     shell.prompts.expectFolder(folder);
     shell.prompts.expectMessage(u"CPIO Error"_s);
-    mnuEdit_Assemble(shell.shell);
-    ASSERT_TRUE(QFile::remove(folder + u"/#.lst"_s));
-    shell.prompts.expectFolder(folder);
-    shell.prompts.expectMessage(u"info-file is absent"_s);
-    shell.prompts.expectMessage(u"holds no files"_s);
     mnuEdit_Assemble(shell.shell);
     shell.run.ToolCpio = u"/none"_s;
     shell.prompts.expectMessage(u"/none not found!"_s);
@@ -233,15 +189,6 @@ TEST_F(GzipCommands, PackStopsAtAnExistingTarget)
     pack({});
 }
 
-TEST_F(GzipCommands, AFolderThatCannotBeWrittenIsTold)
-{
-    put(u"a.txt"_s, "a");
-    shell.files.failAt = 2; // the delivery
-    pack(folder + u"/a.txt"_s, u"a.txt.gz"_s);
-    EXPECT_EQ(namesIn(folder), QStringList{u"a.txt"_s});
-    EXPECT_TRUE(QDir(shell.run.WorkspaceRoot).entryList(QDir::Files).isEmpty());
-}
-
 TEST_F(GzipCommands, ExtractAsksBeforeItReplacesAndRefusesWhatIsNoGzip)
 {
     const QString file = packed(u"a.txt"_s, "new");
@@ -254,121 +201,6 @@ TEST_F(GzipCommands, ExtractAsksBeforeItReplacesAndRefusesWhatIsNoGzip)
     put(u"no.gz"_s, "text");
     unpack(folder + u"/no.gz"_s, u"no.gz"_s);
     EXPECT_EQ(namesIn(folder), (QStringList{u"a.txt"_s, u"a.txt.gz"_s, u"no.gz"_s}));
-}
-
-TEST_F(ArchiveCommands, DebiansMessagesComeApartAndTogetherAgain)
-{
-    const QStringList messages = debianMessages();
-    ASSERT_GE(messages.size(), 5);
-    for (const QString& message : messages) {
-        SCOPED_TRACE(message.toStdString());
-        const QString theme = message.section(u'/', -3, -3);
-        folder = shell.folder(theme + u" apart"_s);
-        extract(message, folder);
-        QByteArrayList listed = bytesOf(folder + u"/#.lst"_s).split('\n');
-        for (QByteArray& name : listed)
-            name = name.trimmed();
-        EXPECT_EQ(listed, archived(message));
-
-        const QString again = shell.path(theme);
-        assemble(folder, again);
-        EXPECT_EQ(archived(again), archived(message));
-        EXPECT_EQ(contentsIn(again), contentsIn(message));
-        EXPECT_EQ(bytesOf(again).size() % 512, 0);
-
-        // Without the list: the same files, whatever order the folder has them in.
-        ASSERT_TRUE(QFile::remove(folder + u"/#.lst"_s));
-        assemble(folder, again);
-        const QString apart = shell.folder(theme + u" judge"_s);
-        EXPECT_EQ(runProgram(u"cpio"_s, {u"-i"_s, u"--quiet"_s}, apart, bytesOf(again)).code, 0);
-        auto files = contentsOf(folder);
-        EXPECT_TRUE(files.remove("#.lst")); // stays there
-        EXPECT_EQ(contentsOf(apart), files);
-        QByteArrayList sorted = archived(again);
-        QByteArrayList expected = archived(message);
-        std::sort(sorted.begin(), sorted.end());
-        std::sort(expected.begin(), expected.end());
-        EXPECT_EQ(sorted, expected);
-    }
-    EXPECT_TRUE(nothingLeft());
-}
-
-QByteArray gzipped(const QByteArray& data)
-{
-    return runProgram(u"gzip"_s, {u"-cn"_s}, {}, data).out;
-}
-
-// The same with a name in its header.
-QByteArray named(const QByteArray& name, const QByteArray& data)
-{
-    QByteArray file = gzipped(data);
-    file[3] = '\x08';
-    return file.insert(10, name + '\0');
-}
-
-TEST_F(ArchiveCommands, OddGzipFilesGiveOneFileBesideThemOrAMessage)
-{
-    const QByteArray megabytes = gzipped(QByteArray(64 << 20, '\0'));
-    const struct {
-        const char* what;
-        QByteArray bytes;
-        QByteArray madeAs; // empty: nothing, and the user is told
-        QByteArray contents;
-    } cases[] = {
-        {"no byte", "", "", ""},
-        {"no member", "just a text", "", ""},
-        {"half a header", QByteArray("\x1f\x8b\x08", 3), "", ""},
-        {"an empty member", gzipped(""), "in", ""},
-        {"one member", named("a name.txt", "one"), "a name.txt", "one"},
-        {"three members", gzipped("one") + named("second", "two") + gzipped("three"), "in",
-         "onetwothree"},
-        {"the second is damaged", gzipped("one") + gzipped("two").chopped(5), "", ""},
-        {"a way out", named("../../out.txt", "x"), "out.txt", "x"},
-        {"an absolute path", named("/etc/passwd.new", "x"), "passwd.new", "x"},
-        {"a path of another system", named("C:\\boot\\menu.lst", "x"), "menu.lst", "x"},
-        {"only a path", named("../..", "x"), "in", "x"},
-        {"a working file", named("#.lst", "x"), "in", "x"},
-        {"its own name", named("in.gz", "x"), "", ""},
-        {"a bomb of 320 MB", megabytes.repeated(5), "", ""},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        folder = shell.folder(QString::fromLatin1(c.what) + u"/deep"_s);
-        ASSERT_TRUE(DiskFiles().write(folder + u"/in.gz"_s, c.bytes).ok());
-        shell.prompts.expectOpen(folder + u"/in.gz"_s);
-        if (c.madeAs.isEmpty())
-            shell.prompts.expectMessage(u"in.gz"_s);
-        mnuT_GZip_Extract(shell.shell);
-        QMap<QByteArray, QByteArray> expected{{"in.gz", c.bytes}};
-        if (!c.madeAs.isEmpty())
-            expected[c.madeAs] = c.contents;
-        EXPECT_EQ(contentsOf(folder), expected);
-        EXPECT_EQ(contentsOf(folderPart(folder)).size(), 1);
-    }
-    EXPECT_TRUE(nothingLeft());
-}
-
-TEST_F(ArchiveCommands, AFolderInThePlaceOfAFileStays)
-{
-    folder = shell.folder(u"out"_s);
-    for (const QString& name : {u"out/init"_s, u"out/a.txt"_s, u"out/b.gz"_s, u"out/saved"_s})
-        ASSERT_TRUE(DiskFiles().write(shell.folder(name) + u"/kept"_s, "kept").ok());
-    const auto before = contentsOf(folder);
-    extract(debianMessages().last(), folder, u"out/init: a folder"_s);
-    EXPECT_EQ(contentsOf(folder), before);
-
-    ASSERT_TRUE(DiskFiles().write(folder + u"/in.gz"_s, named("a.txt", "x")).ok());
-    unpack(folder + u"/in.gz"_s, u"out/a.txt: a folder"_s);
-    ASSERT_TRUE(DiskFiles().write(folder + u"/b"_s, "x").ok());
-    pack(folder + u"/b"_s, u"b.gz"_s);
-    const QString parts = shell.folder(u"parts"_s);
-    ASSERT_TRUE(DiskFiles().write(parts + u"/a"_s, "a").ok());
-    assemble(parts, folder + u"/saved"_s, u"saved"_s);
-    auto after = contentsOf(folder);
-    EXPECT_TRUE(after.remove("in.gz") && after.remove("b"));
-    EXPECT_EQ(after, before);
-    for (const QString& name : {u"init"_s, u"a.txt"_s, u"b.gz"_s, u"saved"_s})
-        EXPECT_TRUE(FileExists(folder + u'/' + name + u"/kept"_s)) << name.toStdString();
 }
 
 } // namespace

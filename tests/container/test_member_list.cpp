@@ -103,27 +103,3 @@ TEST_F(MemberList, LineEndsCaseAndForeignNames)
     EXPECT_EQ(rows.rows[1].cells[0].text, u"Лого.txt"_s);
     EXPECT_EQ(rows.rows[1].cells[1].text, u"5"_s);
 }
-
-TEST_F(MemberList, ALostListIsToldAndAFullDiskKeepsTheOldOne)
-{
-    members({"init", "back.jpg"});
-    t.prompts.expectMessage(u"Gfxboot info is lost!"_s);
-    EXPECT_FALSE(RebuildMemberList(t.shell, {}).ok());
-    EXPECT_EQ(t.prompts.types.back(), MessageType::Ok);
-    list({"back.jpg", "init"});
-    for (t.files.failAt = 1; t.files.failAt <= 2; ++t.files.failAt) {
-        t.files.calls = 0;
-        t.prompts.expectMessage(u"No space left"_s);
-        EXPECT_FALSE(RebuildMemberList(t.shell, {}).ok());
-        EXPECT_EQ(bytesOf(t.run.Workspace + u"#.lst"_s), text({"back.jpg", "init"}));
-        EXPECT_FALSE(FileExists(t.run.Workspace + u"#.lst.new"_s));
-    }
-}
-
-TEST_F(MemberList, FourNamesAreProtectedAndOnlyInTheirOwnCase)
-{
-    for (const auto& name : {u"init"_s, u"16x16.fnt"_s, u"ZUK0000.CFG"_s, u"back.jpg"_s})
-        EXPECT_TRUE(IsRequiredMember(name) && !IsRequiredMember(u'x' + name));
-    for (const auto& name : {u"Back.JPG"_s, u"ZUK0001.CFG"_s, u"back_01.jpg"_s})
-        EXPECT_FALSE(IsRequiredMember(name)) << name.toStdString();
-}

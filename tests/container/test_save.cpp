@@ -105,39 +105,6 @@ TEST_F(Save, WhatIsMissingIsToldBeforeAnythingIsWritten)
     EXPECT_EQ(bytesOf(t.run.GfxPath).toStdString(), m_plain);
 }
 
-TEST_F(Save, AnyFailureLeavesTheOldFileWholeAndIsTold)
-{
-    edit("new");
-    for (const bool wrapped : {false, true}) {
-        t.run.GfxIsGz = wrapped;
-        t.files.failAt = 0;
-        t.files.calls = 0;
-        ASSERT_TRUE(GfxSave(t.shell, written));
-        const int steps = t.files.calls;
-        const QByteArray old = bytesOf(t.run.GfxPath);
-        edit(wrapped ? "newest" : "newer");
-        // The last step removes the working file; the new file is in its place by then.
-        for (int i = 1; i < steps; ++i) {
-            t.files.calls = 0;
-            t.files.failAt = i;
-            const OpenState before(t.run);
-            t.prompts.expectMessage(u"message was not saved. The old file is as it was."_s);
-            EXPECT_FALSE(GfxSave(t.shell, written)) << i;
-            EXPECT_TRUE(t.prompts.texts.last().contains(u"No space left"_s));
-            EXPECT_EQ(bytesOf(t.run.GfxPath), old);
-            EXPECT_TRUE(OpenState(t.run) == before);
-        }
-        t.files.calls = 0;
-        t.files.failAt = steps;
-        EXPECT_TRUE(GfxSave(t.shell, written));
-        EXPECT_EQ(noteIn(t.run.GfxPath, wrapped), wrapped ? "newest" : "newer");
-    }
-    EXPECT_EQ(filesBeside(), QStringList{u"message"_s});
-    const QByteArray old = bytesOf(t.run.GfxPath);
-    EXPECT_FALSE(GfxSave(t.shell, [] { return false; })); // who writes the parameters tells why
-    EXPECT_EQ(bytesOf(t.run.GfxPath), old);
-}
-
 TEST_F(Save, AMemberThatIsGoneIsNamedAndTheOldFileStays)
 {
     ASSERT_TRUE(t.files.remove(t.run.Workspace + u"note"_s).ok());
@@ -176,34 +143,6 @@ TEST_F(Save, PlacesThatTakeNoFileAreTold)
         EXPECT_TRUE(OpenState(t.run) == state);
     }
     EXPECT_EQ(bytesOf(before).toStdString(), m_plain);
-    if (::geteuid() == 0)
-        return; // nothing is read-only to root
-    ::chmod(QFile::encodeName(before).constData(), 0444);
-    t.prompts.expectMessage(u"Permission denied"_s);
-    EXPECT_FALSE(GfxSave(t.shell, written));
-    ::chmod(QFile::encodeName(before).constData(), 0644);
-    ::chmod(QFile::encodeName(t.path(u"boot"_s)).constData(), 0555);
-    t.prompts.expectMessage(u"Permission denied"_s);
-    EXPECT_FALSE(GfxSave(t.shell, written));
-    ::chmod(QFile::encodeName(t.path(u"boot"_s)).constData(), 0755);
-    EXPECT_EQ(bytesOf(before).toStdString(), m_plain);
-}
-
-TEST_F(Save, NamesOfACopy)
-{
-    EXPECT_EQ(proposedCopyName(u"message"_s), u"messageNew"_s);
-    EXPECT_EQ(proposedCopyName(u"my.message.gz"_s), u"myNew"_s);
-    EXPECT_EQ(proposedCopyName(u".hidden"_s), u"New"_s);
-    const struct {
-        QString chosen, compressed, plain;
-    } cases[] = {{u"my file.gz"_s, u"my_file.gz"_s, u"my_file.gz"_s},
-                 {u"my file"_s, u"my_file.gz"_s, u"my_file"_s},
-                 {u" a  b "_s, u"_a__b_.gz"_s, u"_a__b_"_s},
-                 {u"x.gz.gz"_s, u"x.gz.gz"_s, u"x.gz"_s}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(savedName(c.chosen, true), c.compressed);
-        EXPECT_EQ(savedName(c.chosen, false), c.plain);
-    }
 }
 
 TEST_F(Save, ACopyHasItsOwnNameFolderAndCompression)
@@ -220,7 +159,6 @@ TEST_F(Save, ACopyHasItsOwnNameFolderAndCompression)
     EXPECT_EQ(t.prompts.types.back(), MessageType::YesNoCancel);
     EXPECT_EQ(t.run.GfxPath, t.path(u"boot/my_file.gz"_s));
     EXPECT_EQ(t.run.GfxFileName, u"my_file.gz"_s);
-    EXPECT_EQ(t.run.GfxFolderName, u"my_file.gz"_s);
     EXPECT_EQ(t.run.Workspace, t.run.WorkspaceRoot + u"my_file.gz/"_s);
     EXPECT_EQ(t.run.BackFile, t.run.Workspace + u"back.jpg"_s);
     EXPECT_TRUE(t.run.GfxIsGz);
@@ -258,36 +196,6 @@ TEST_F(Save, ACancelledCopyChangesNothing)
     EXPECT_TRUE(OpenState(t.run) == before);
     EXPECT_EQ(QDir(t.run.WorkspaceRoot).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
               QStringList{u"message"_s});
-}
-
-TEST_F(Save, AFailedCopyKeepsTheRunAndEveryOtherFolder)
-{
-    const QByteArray edits = "edits of another gfxboot";
-    ASSERT_TRUE(t.files.makeFolder(t.run.WorkspaceRoot + u"known"_s).ok());
-    ASSERT_TRUE(t.files.write(t.run.WorkspaceRoot + u"known/only"_s, edits).ok());
-    t.files.calls = 0;
-    ASSERT_TRUE(saveAs(t.path(u"boot/fresh"_s), Answer::Yes));
-    const int steps = t.files.calls;
-    openFile(t.path(u"boot/message"_s));
-    ASSERT_TRUE(t.files.removeFolder(t.run.WorkspaceRoot + u"fresh.gz"_s).ok());
-    ASSERT_TRUE(t.files.remove(t.path(u"boot/fresh.gz"_s)).ok());
-    const OpenState before(t.run);
-    for (const QString& name : {u"fresh"_s, u"known"_s}) {
-        const bool wrapped = name == u"fresh"_s;
-        for (int i = 1; i < (wrapped ? steps : steps - 1); ++i) { // packing is a step of its own
-            t.prompts.expectSave(t.path(u"boot/"_s + name));
-            expectQuestion(wrapped ? Answer::Yes : Answer::No);
-            t.files.calls = 0;
-            t.files.failAt = i;
-            t.prompts.expectMessage(u"No space left"_s);
-            EXPECT_FALSE(GfxSaveAs(t.shell, written)) << i;
-            EXPECT_TRUE(OpenState(t.run) == before);
-        }
-        t.files.failAt = 0;
-    }
-    EXPECT_EQ(bytesOf(t.run.WorkspaceRoot + u"known/only"_s), edits);
-    EXPECT_FALSE(FolderExists(t.run.WorkspaceRoot + u"fresh.gz"_s));
-    EXPECT_EQ(filesBeside(), QStringList{u"message"_s});
 }
 
 TEST_F(Save, AFileWithoutAPlaceIsSavedAnew)

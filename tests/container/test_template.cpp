@@ -52,27 +52,3 @@ TEST_F(Template, TheCatalogueFollowsTheLanguageAndIsEnglishOtherwise)
         EXPECT_EQ(written(u"Settings.txt"_s), expected) << language.toStdString();
     }
 }
-
-TEST_F(Template, AFailureAtAnyStepIsToldAndLeavesTheOldFile)
-{
-    ASSERT_TRUE(m_disk.write(m_folder + u"/init"_s, "old engine").ok());
-    for (int step = 1; step <= 2; ++step) {
-        m_shell.files.calls = 0;
-        m_shell.files.failAt = step;
-        m_shell.prompts.expectMessage(u"No space left"_s);
-        EXPECT_FALSE(write(u"init"_s));
-        EXPECT_EQ(written(u"init"_s), "old engine");
-        EXPECT_EQ(names(), QStringList{u"init"_s}) << "nothing unfinished stays, step " << step;
-    }
-    m_shell.files.failAt = 0;
-    EXPECT_TRUE(write(u"init"_s));
-    EXPECT_EQ(written(u"init"_s), "INIT");
-}
-
-TEST_F(Template, AMissingResourceIsToldByName)
-{
-    ASSERT_TRUE(m_disk.remove(m_shell.run.AppPath + u"/data/INIT"_s).ok());
-    m_shell.prompts.expectMessage(u"data/INIT"_s);
-    EXPECT_FALSE(write(u"INIT"_s));
-    EXPECT_TRUE(names().isEmpty());
-}

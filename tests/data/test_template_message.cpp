@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "data/template_parts.h"
+#include "tools/jpeg_check.h"
 
 #include <gtest/gtest.h>
 
@@ -13,22 +14,6 @@ namespace {
 QByteArray dataFile(const QString& name)
 {
     return fileBytes(QStringLiteral(FENNEL_BIN_DIR "/data/") + name);
-}
-
-// The segments of a JPEG up to the scan: marker and contents.
-QMap<int, QByteArray> segments(const QByteArray& jpeg)
-{
-    QMap<int, QByteArray> out;
-    qsizetype at = 2;
-    while (at + 4 <= jpeg.size() && static_cast<uchar>(jpeg[at]) == 0xff) {
-        const int marker = static_cast<uchar>(jpeg[at + 1]);
-        const int length = static_cast<uchar>(jpeg[at + 2]) << 8 | static_cast<uchar>(jpeg[at + 3]);
-        out[marker] = jpeg.mid(at + 4, length - 2);
-        if (marker == 0xda)
-            break;
-        at += 2 + length;
-    }
-    return out;
 }
 
 QSize pictureSize(const TemplateParts& parts, const QString& name)
@@ -80,17 +65,12 @@ TEST(TemplateMessage, EveryPictureIsAJpegThatBoots)
     const TemplateParts parts = templateParts();
     for (const QString& name : parts.order.filter(u".jpg"_s)) {
         SCOPED_TRACE(name.toStdString());
-        const auto found = segments(parts.members[name]);
-        ASSERT_TRUE(found.contains(0xc0)) << "baseline";
-        const QByteArray frame = found[0xc0];
-        ASSERT_EQ(frame.size(), 6 + 3 * 3) << "three components";
-        EXPECT_EQ(frame[0], 8) << "bits per sample";
-        EXPECT_EQ(frame[7], 0x22) << "the first plane in full";
-        EXPECT_EQ(frame[10], 0x11) << "the others halved both ways";
-        EXPECT_EQ(frame[13], 0x11);
-        EXPECT_FALSE(found.contains(0xdd)) << "restart markers";
-        EXPECT_FALSE(found.contains(0xe1)) << "EXIF";
-        EXPECT_EQ(found[0xda].size(), 4 + 2 * 3) << "one scan for all planes";
+        const QByteArray& bytes = parts.members[name];
+        const auto head = fennel::readJpegHead({bytes.constData(), std::size_t(bytes.size())});
+        ASSERT_TRUE(head.ok()) << head.failure().text;
+        EXPECT_TRUE(fennel::checkBootable(*head).ok())
+            << fennel::checkBootable(*head).failure().text;
+        EXPECT_FALSE(head->metadata);
     }
 }
 
@@ -101,19 +81,4 @@ TEST(TemplateMessage, PicturesAndTheirMasksHaveTheSizesOfTheirObjects)
     EXPECT_EQ(pictureSize(parts, u"Logo_00.jpg"_s), pictureSize(parts, u"Logo_msk.jpg"_s));
     EXPECT_EQ(pictureSize(parts, u"ani_03.jpg"_s), pictureSize(parts, u"ani_03_msk.jpg"_s));
     EXPECT_EQ(pictureSize(parts, u"glass_02.jpg"_s), QSize(100, 30));
-}
-
-TEST(TemplateMessage, TextsAreLinesOfAsciiThatEndInCrLf)
-{
-    const TemplateParts parts = templateParts();
-    for (const QString& name : {u"ZUK_Read.txt"_s, u"RLineDef.txt"_s}) {
-        SCOPED_TRACE(name.toStdString());
-        const QByteArray text = parts.members[name];
-        EXPECT_TRUE(text.endsWith("\r\n"));
-        EXPECT_EQ(text.count('\n'), text.count("\r\n"));
-        EXPECT_EQ(text.count('\r'), text.count('\n'));
-        // The font of the boot screen has no more than this for everybody.
-        EXPECT_TRUE(std::ranges::all_of(
-            text, [](char c) { return c == '\r' || c == '\n' || (c >= ' ' && c <= '~'); }));
-    }
 }

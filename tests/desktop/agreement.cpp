@@ -7,11 +7,13 @@
 #include "editor/window/flash_link.h"
 #include "editor/window/menu_table.h"
 #include "editor/window/menus.h"
+#include "editor/window/toolbar_table.h"
 #include "params/level_files.h"
 #include "params/object_rows.h"
 #include "params/panel_values.h"
 
 #include <QApplication>
+#include <QToolButton>
 
 namespace fennel::test {
 
@@ -40,6 +42,14 @@ public:
                 continue;
             expect(action->isEnabled() == holds(item.enabled, m_story.run(), flash),
                    u"menu item "_s + name + u" is enabled wrongly"_s);
+        }
+        for (const ToolbarButton& row : toolbarTable()) {
+            // Over the edit buttons the rows of the lists decide.
+            if (row.id == NoButton || (row.id >= FontEditButton && row.id <= PictureEditButton))
+                continue;
+            const auto& button = m_story.find<QToolButton>(u"Toolbar1_%1"_s.arg(row.id));
+            expect(button.isEnabled() == holds(row.enabled, m_story.run(), flash),
+                   u"toolbar button %1 is enabled wrongly"_s.arg(row.id));
         }
     }
     void views()

@@ -2,6 +2,7 @@
 #include "desktop/boot.h"
 
 #include "container/gzip.h"
+#include "support/run_program.h"
 
 #include <gtest/gtest.h>
 
@@ -59,13 +60,10 @@ QString Message::saveIn(const QTemporaryDir& folder) const
 
 QImage engineDecoded(const QByteArray& jpeg)
 {
-    QProcess process;
-    process.start(u"convert"_s,
-                  {u"-define"_s, u"jpeg:fancy-upsampling=off"_s, u"jpg:-"_s, u"bmp:-"_s});
-    process.write(jpeg);
-    process.closeWriteChannel();
-    EXPECT_TRUE(process.waitForFinished(60'000));
-    return QImage::fromData(process.readAllStandardOutput(), "bmp");
+    const Ran ran = runProgram(
+        u"convert"_s, {u"-define"_s, u"jpeg:fancy-upsampling=off"_s, u"jpg:-"_s, u"bmp:-"_s}, {},
+        jpeg);
+    return QImage::fromData(ran.out, "bmp");
 }
 
 int difference(QRgb one, QRgb other)

@@ -39,64 +39,6 @@ void clickRow(Story& story, int row)
 
 } // namespace
 
-TEST(BadLevelFiles, AreReadAsFarAsTheyGoAndStayUnlessTheyGetRows)
-{
-    const QByteArray record("\x42\x30\x18\x06", 4);
-    const QByteArray outside("\x01\x00\x00\x64\x01\x00\x00\xFF", 8);
-    QByteArray large(10'000'000, '\0');
-    for (qsizetype i = 0; i < large.size(); ++i)
-        large[i] = static_cast<char>((i * 2654435761U) >> 13U);
-    for (const QByteArray& bytes :
-         {QByteArray(), QByteArray("\x01\x00\x00", 3), QByteArray("\x01\x00\x00\x01\x02\x03", 6),
-          record + outside, large}) {
-        Story story;
-        auto members = templateMembers();
-        members[u"ZUK0000.CFG"_s] = members[u"ZUK0003.CFG"_s] = bytes;
-        members[u"ZUK0009.CFG"_s] = members[u"ZUK0014.CFG"_s] = bytes;
-        story.user().expectMessage(u"You can choose any of the variants."_s);
-        story.user().expectOpen(messageOf(story.shell, members));
-        if (bytes.size() < 1000)
-            story.user().expectMessage(u"is obsolete!"_s, Answer::No);
-        story.choose("mnuFile_Open");
-        ASSERT_EQ(story.run().gfxboot_var, 3);
-        story.goToAllTabs();
-        story.choose("mnuFile_Save");
-        auto saved = membersOf(story.run().GfxPath);
-        for (const auto& name : {u"ZUK0009.CFG"_s, u"ZUK0014.CFG"_s, u"ZUK0002.CFG"_s})
-            EXPECT_EQ(saved[name], members[name]) << bytes.size() << name.toStdString();
-        if (bytes.size() < 4) {
-            EXPECT_EQ(saved[u"ZUK0003.CFG"_s], bytes);
-        }
-        if (bytes.startsWith(record)) {
-            // The shown background, back.jpg, stands in parameter 99.
-            EXPECT_EQ(saved[u"ZUK0000.CFG"_s], record + QByteArray("\0\0\0\x63", 4));
-        }
-    }
-}
-
-TEST(BadConfig, IsShownAndSavedThroughTheWindow)
-{
-    const QByteArray megabyte(1'000'000, 'x');
-    for (const QByteArray& cfg :
-         {QByteArray(), QByteArray("menu_start_x=5"), QByteArray("a\0=1\nmenu_start_x=7\0", 20),
-          megabyte, megabyte + "=" + megabyte, "menu_start_x=1 #" + megabyte,
-          QByteArray("\xEF\xBB\xBFwelcome =1|2 # \xD0\x96|b\nwelcome=1\nwelcome=2")}) {
-        Story story;
-        story.open(messageOf(story.shell, generation2Members(cfg)));
-        ASSERT_EQ(story.run().gfxboot_var, 2);
-        story.goToAllTabs();
-        story.goToTab(u"Config"_s);
-        for (int row = 1; row <= std::min(3, story.list().count()); ++row) {
-            clickRow(story, row);
-            QTest::keyClick(&story.view(), Qt::Key_Return);
-            QCoreApplication::processEvents();
-        }
-        story.choose("mnuFile_Save");
-        QCoreApplication::processEvents();
-        EXPECT_EQ(story.view().model()->rowCount(), story.list().count());
-    }
-}
-
 TEST(Rows, ThatAreGreyAreSteppedOverByMouseAndKeyboard)
 {
     Story story;

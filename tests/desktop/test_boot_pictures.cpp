@@ -2,29 +2,14 @@
 // Backgrounds of every odd kind, brought in by the picture tool, on the real boot screen: the
 // engine shows a black screen for a JPEG that it cannot decode.
 #include "desktop/boot.h"
+#include "support/run_program.h"
 
 #include <gtest/gtest.h>
-
-#include <QFile>
-#include <QProcess>
 
 using namespace fennel::test;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool ran(const QString& program, const QStringList& arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    return process.waitForFinished(60'000) && process.exitCode() == 0;
-}
-
-QByteArray bytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 // The picture as a JPEG of the named kind, made by another program.
 QString oddSource(const QTemporaryDir& folder, const QImage& picture, const QString& kind)
@@ -42,7 +27,7 @@ QString oddSource(const QTemporaryDir& folder, const QImage& picture, const QStr
     else
         arguments << u"-sampling-factor"_s << u"4:4:4"_s;
     arguments << u"-quality"_s << u"95"_s << odd;
-    EXPECT_TRUE(ran(u"convert"_s, arguments));
+    EXPECT_EQ(runProgram(u"convert"_s, arguments).code, 0);
     return odd;
 }
 
@@ -56,13 +41,15 @@ TEST_P(OddBackground, ShowsOnTheBootScreen)
     const QString kind = QString::fromLatin1(GetParam());
     const QString source = oddSource(folder, Message().background, kind);
     const QString target = folder.filePath(u"back.jpg"_s);
-    ASSERT_TRUE(ran(QStringLiteral(FENNEL_BIN_DIR "/Tools/nconvert/nconvert_bridge"),
-                    {u"-out"_s, u"jpeg"_s, u"-overwrite"_s, u"-resize"_s, u"800"_s, u"600"_s,
-                     u"-q"_s, u"85"_s, u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s, u"-o"_s,
-                     target, source, u",0"_s}));
-    const Boot booted = boot(Message(bytes(target)).saveIn(folder));
+    ASSERT_EQ(runBridge("nconvert/nconvert_bridge",
+                        {u"-out"_s, u"jpeg"_s, u"-overwrite"_s, u"-resize"_s, u"800"_s, u"600"_s,
+                         u"-q"_s, u"85"_s, u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s,
+                         u"-o"_s, target, source})
+                  .code,
+              0);
+    const Boot booted = boot(Message(bytesOf(target)).saveIn(folder));
     ASSERT_EQ(booted.code, 0) << booted.told.toStdString();
-    const QImage expected = engineDecoded(bytes(target));
+    const QImage expected = engineDecoded(bytesOf(target));
     for (const QRect& part : bareParts())
         EXPECT_LE(difference(booted.screen, expected, part), decoderRounding) << GetParam();
 }

@@ -43,33 +43,6 @@ TEST(Generation2, OffersWhatTheEngineKnowsAndWritesWhatIsChecked)
     EXPECT_TRUE(written.contains("just words"));
 }
 
-// The file gains its hidden parameters at the first save; after that only its comments may grow
-// and its digits become capitals.
-TEST(Generation2, ASecondSaveKeepsNamesAndValues)
-{
-    const auto settings = [](const QByteArray& cfg) {
-        QByteArrayList lines;
-        for (const QByteArray& line : cfg.split('\n')) {
-            const qsizetype comment = line.indexOf('\t');
-            if (line.contains('='))
-                lines.append((comment < 0 ? line : line.left(comment)).toLower());
-        }
-        return lines;
-    };
-    Story story;
-    const QString message = messageWith(story.shell, "menu_start_x=100\r\n#welcome=0 # no\r\n");
-    story.open(message);
-    story.choose("mnuFile_Save");
-    auto first = membersOf(message);
-    story.choose("mnuFile_Save");
-    auto second = membersOf(message);
-    EXPECT_EQ(settings(second[u"gfxboot.cfg"_s]), settings(first[u"gfxboot.cfg"_s]));
-    EXPECT_GE(settings(first[u"gfxboot.cfg"_s]).size(), 30);
-    first.erase(u"gfxboot.cfg"_s);
-    second.erase(u"gfxboot.cfg"_s);
-    EXPECT_EQ(second, first);
-}
-
 // Both a parameter that the file switches off and one that it never mentions.
 TEST(Generation2, AButtonThatThePopUpHidesIsHiddenInTheFile)
 {
@@ -85,16 +58,6 @@ TEST(Generation2, AButtonThatThePopUpHidesIsHiddenInTheFile)
     EXPECT_TRUE(written.contains("\n#hide_reboot=0")) << written.toStdString();
 }
 
-TEST(Generation2, DraggingTheMenuWritesItsPlace)
-{
-    Story story;
-    story.open(messageWith(story.shell, "menu_start_x=100\r\nmenu_start_y=60\r\n"));
-    story.drag(story.middleOf(MenuBarRow), story.middleOf(MenuBarRow) + QPoint(20, 30));
-    story.goToTab(u"Config"_s);
-    EXPECT_EQ(story.value(u"menu_start_x"_s), u"120"_s);
-    EXPECT_EQ(story.value(u"menu_start_y"_s), u"90"_s);
-}
-
 TEST(Generation1, ShowsItsMenuAndSavesTheSameMembers)
 {
     Story story;
@@ -106,22 +69,4 @@ TEST(Generation1, ShowsItsMenuAndSavesTheSameMembers)
     const auto before = membersOf(message);
     story.choose("mnuFile_Save");
     EXPECT_EQ(membersOf(message), before);
-}
-
-TEST(DebianMessages, OpenAndSaveWithTheSamePictures)
-{
-    for (const auto& theme : {u"KDE"_s, u"SLED"_s, u"SLES"_s, u"openSUSE"_s, u"upstream"_s}) {
-        Story story;
-        const QString source = u"/etc/bootsplash/themes/%1/bootloader/message"_s.arg(theme);
-        const QString copy = story.shell.path(u"message"_s);
-        ASSERT_TRUE(story.shell.files.copy(source, copy).ok());
-        story.open(copy);
-        ASSERT_TRUE(story.run().GfxOpened) << theme.toStdString();
-        story.choose("mnuFile_Save");
-        auto before = membersOf(source);
-        auto after = membersOf(copy);
-        before.erase(u"gfxboot.cfg"_s);
-        after.erase(u"gfxboot.cfg"_s);
-        EXPECT_EQ(after, before) << theme.toStdString();
-    }
 }

@@ -8,40 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Which buttons can be pressed: nothing open, generations 1 to 3.
-const struct {
-    std::vector<int> ids;
-    bool enabled[4];
-} enabledRules[] = {
-    {{1, 2, 3, 18, 19, 21}, {true, true, true, true}},
-    {{5, 6, 7, 8, 10, 11}, {false, true, true, true}},
-    {{12}, {false, false, true, true}},
-    {{13, 14, 15, 16}, {false, false, false, true}},
-};
-
-RunState generation(int number)
-{
-    RunState run;
-    run.GfxOpened = number > 0;
-    run.GfxHasCfg = number == 2;
-    run.GfxHasZuk = number == 3;
-    run.gfxboot_var = std::max(1, number);
-    return run;
-}
-
-// A handler for whatever a button runs.
-Commands allCommands()
-{
-    Commands commands;
-    for (const auto& rule : enabledRules) {
-        for (const int id : rule.ids) {
-            commands.add(toolbarCommandName(id).toLatin1().constData(), [] {});
-            commands.add(u"Toolbar1_%1"_s.arg(id).toLatin1().constData(), [] {});
-        }
-    }
-    return commands;
-}
-
 QToolButton& buttonOf(const QWidget& parent, int id)
 {
     auto* found = parent.findChild<QToolButton*>(u"Toolbar1_%1"_s.arg(id));
@@ -52,25 +18,19 @@ QToolButton& buttonOf(const QWidget& parent, int id)
 
 } // namespace
 
-TEST(Toolbar, WhatCanBePressedFollowsTheGeneration)
+// A name without a command would be an item that nobody can ever choose.
+TEST(Commands, HoldWhateverAMenuOrTheToolbarNames)
 {
-    Toolbar toolbar(nullptr);
-    const Commands commands = allCommands();
-    toolbar.BuildToolbar(commands);
-    Toolbar bare(nullptr);
-    const Commands none;
-    bare.BuildToolbar(none);
-    for (const int number : {0, 1, 2, 3}) {
-        toolbar.UpdateToolbar(generation(number), {});
-        bare.UpdateToolbar(generation(number), {});
-        for (const auto& rule : enabledRules) {
-            for (const int id : rule.ids) {
-                EXPECT_EQ(buttonOf(toolbar, id).isEnabled(), rule.enabled[number])
-                    << id << " in " << number;
-                EXPECT_FALSE(buttonOf(bare, id).isEnabled()) << id;
-            }
-        }
-    }
+    Story w;
+    const auto isMenu = [](MenuKind kind) {
+        return kind == MenuKind::Menu || kind == MenuKind::Popup || kind == MenuKind::Heading;
+    };
+    for (const MenuItem& item : menuTable())
+        EXPECT_TRUE(isMenu(item.kind) || w.window.commands().has(QLatin1String(item.name)))
+            << item.name;
+    for (const ToolbarButton& button : toolbarTable())
+        EXPECT_TRUE(button.id == NoButton || w.window.commands().has(QLatin1String(button.command)))
+            << button.command;
 }
 
 TEST(Toolbar, UndefinedButtonsAndQemuWithoutADriveTellWhy)

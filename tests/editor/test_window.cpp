@@ -90,11 +90,6 @@ TEST(Window, StatusTextsWithoutRoomAreCutAndTheToolTipHasThemWhole)
     EXPECT_EQ(eight.text(), hint);
     EXPECT_GE(eight.width(), eight.sizeHint().width());
     EXPECT_EQ(seven.toolTip(), free);
-    for (const int width : {40, 100, 300}) {
-        bar.resize(width, bar.height());
-        EXPECT_EQ(bar.field(8), hint);
-        EXPECT_LE(eight.geometry().right(), bar.bottomButton().x());
-    }
 }
 
 TEST(Window, OpensAGzippedMessageOfDebian)
@@ -115,28 +110,6 @@ TEST(Window, OpensAGzippedMessageOfDebian)
     EXPECT_EQ(column(*w.bench.params.list(TabBackgrounds), 0).first(), u"back.jpg"_s);
     EXPECT_TRUE(w.action(u"mnuFile_LastUsed"_s).isEnabled());
     expectOnDesktop(w);
-}
-
-TEST(Window, AFileThatIsNoneLeavesTheWindowUsableAndTheTitleTrue)
-{
-    Story w;
-    w.open(smallFile(w, u"good"_s));
-    w.open(w.shell.file(u"bad"_s, "no archive"), u"ERROR. File back.jpg not found!"_s);
-    EXPECT_TRUE(w.window.isEnabled());
-    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-    EXPECT_TRUE(w.shell.run.InterfaceReady);
-    EXPECT_EQ(w.window.windowTitle(), prefix + u"good"_s);
-    EXPECT_EQ(w.window.menus().entries("mnuFile1").size(), 1U);
-    // One message for one broken background.
-    RawCpio odd;
-    odd.add({.name = "back.jpg", .data = "text"});
-    w.open(w.shell.file(u"odd"_s, QByteArray::fromStdString(odd.close())),
-           u"back.jpg is not a picture"_s);
-    w.open(w.shell.path(u"good"_s));
-    // A cancelled dialog says nothing.
-    w.shell.prompts.expectOpen({});
-    w.choose("mnuFile_Open");
-    EXPECT_EQ(w.shell.prompts.fileQuestions.back().folder, w.shell.path({}) + u'/');
 }
 
 TEST(Window, PanelsHideAndComeBackByEitherButton)
@@ -259,34 +232,6 @@ TEST(Window, FromGenerationToGenerationMenusToolsAndListsFollow)
                 u"This gfxboot is not @ZUK-MOSA@\nSo some features of the FENNEL-GFX (GUI)"_s));
 }
 
-TEST(Window, SaveAndReOpenBringTheFileBack)
-{
-    Story w;
-    const QString path = smallFile(w, u"good"_s);
-    w.open(path);
-    ASSERT_TRUE(w.shell.files.write(w.shell.run.Workspace + u"init"_s, "changed").ok());
-    w.choose("mnuFile_Save");
-    ASSERT_TRUE(w.shell.files.write(w.shell.run.Workspace + u"init"_s, "dropped").ok());
-    w.shell.prompts.expectMessage(u"Your changes will be lost."_s, Answer::Yes);
-    w.choose("mnuFile_ReOpen");
-    EXPECT_EQ(bytesOf(w.shell.run.Workspace + u"init"_s), "changed");
-    w.shell.prompts.expectSave(w.shell.path(u"copy"_s));
-    w.shell.prompts.expectMessage(u"To do this?"_s, Answer::Yes);
-    w.choose("mnuFile_SaveAs");
-    EXPECT_EQ(w.window.windowTitle(), prefix + u"copy.gz"_s);
-    EXPECT_EQ(w.window.menus().entries("mnuFile1").size(), 2U);
-}
-
-TEST(Window, AStartWithoutAFileLogsNoOpen)
-{
-    Story w;
-    w.shell.log.start(w.shell.path(u"log"_s));
-    const MainWindow another(w.bench);
-    const QByteArray log = bytesOf(w.shell.path(u"log"_s));
-    EXPECT_TRUE(log.contains("UpdateInterface") && !log.contains("     ")) << log.toStdString();
-    EXPECT_EQ(w.bench.params.tabs[TabFonts].caption, u"Font(s)"_s);
-}
-
 // The file has no row for the left edge, the engine knows none: the drag lives in the run only.
 TEST(Window, AnEditOfGfxbootCfgLeavesADraggedMenuAndMovesTheMarker)
 {
@@ -309,20 +254,6 @@ TEST(Window, AnEditOfGfxbootCfgLeavesADraggedMenuAndMovesTheMarker)
     EXPECT_EQ(menu.Left, 223);
     EXPECT_TRUE(stage.markerVisible());
     EXPECT_EQ(stage.marker().topLeft(), marker - QPoint(0, 40));
-}
-
-TEST(Window, ColumnsAreWideOnlyWhenAskedFor)
-{
-    ListRows rows;
-    rows.columns = {u"a"_s, u"b"_s};
-    rows.rows.emplace_back();
-    rows.rows[0].cells = {{QString(100, u'w'), {}, {}, {}, false}, {}};
-    ListView view(1, nullptr);
-    view.setRows(&rows);
-    const auto& report = *view.findChild<QTreeView*>();
-    EXPECT_LE(report.columnWidth(0), 260);
-    view.fitColumns();
-    EXPECT_GE(report.columnWidth(0), report.fontMetrics().horizontalAdvance(rows.rows[0].text()));
 }
 
 TEST(Window, TabsOfALowPanelScrollInsteadOfCoveringTheList)

@@ -60,21 +60,6 @@ TEST(FntCodec, ReadsAndRewritesEveryGlyphOfDebiansMessages)
         EXPECT_EQ(glyph, judged.glyphs.at(glyph.code)) << glyph.code;
 }
 
-// Bits by hand: kind, k - 1, five fields of k bits, pixels; from the low end of each byte.
-TEST(FntCodec, TakesBitsFromTheLowEndOfEachByte)
-{
-    const Glyph blank{0x20, 0, 0, 0, 0, 4, {}};
-    EXPECT_EQ(encodeGlyph(blank), (Bytes{0x0C, 0x00, 0x80, 0x00}));
-    // k = 2: 1 x 2, x -1, y -2, advance 1; kind 0; pixels full, none.
-    // kind 00, k-1 001 -> 100 01 (bits low first: 0,0, 1,0,0), w 01, h 10, x 11, y 10, a 01, 1, 0.
-    const Glyph dot{0x41, 1, 2, -1, -2, 1, {fullInk, 0}};
-    const unsigned bits =
-        0U | 1U << 2 | 1U << 5 | 2U << 7 | 3U << 9 | 2U << 11 | 1U << 13 | 1U << 15;
-    const Bytes expected{static_cast<std::uint8_t>(bits), static_cast<std::uint8_t>(bits >> 8), 0};
-    EXPECT_EQ(encodeGlyph(dot), expected);
-    EXPECT_EQ(*decodeGlyph(fileWith(expected), {0x41, 16}), dot);
-}
-
 TEST(FntCodec, KeepsEveryRunLengthAndFieldWidth)
 {
     for (int length = 1; length <= 45; ++length) {

@@ -99,26 +99,6 @@ TEST_F(FontCommands, Generation1KeepsItsFont)
     EXPECT_FALSE(w.find<QWidget>(u"Frame_for_List1"_s).isVisible());
 }
 
-TEST_F(FontCommands, Generation2ChangesItsOneFontAndKeepsTheOldOne)
-{
-    openGeneration(2);
-    const QByteArray order = member(u"#.lst"_s);
-    EXPECT_TRUE(order.endsWith("16x16.fnt\r\ngfxboot.cfg\r\n")) << order.constData();
-    applyInDialog();
-    w.choose("mnuEDIT_NEWFont");
-    EXPECT_EQ(member(u"#.lst"_s), order);
-    EXPECT_EQ(member(u"#16x16.#nt"_s).toStdString(), oldFont());
-    EXPECT_TRUE(member(u"16x16.fnt"_s).contains("utility|DejaVu Serif\t|size\t"));
-    EXPECT_FALSE(has(u"#.#nt"_s));
-    EXPECT_EQ(w.bench.fonts.table[0].FontName, u"DejaVu Serif"_s);
-    EXPECT_FALSE(w.find<QWidget>(u"Frame8FontINFO"_s).isVisible());
-    goToFonts();
-    EXPECT_TRUE(w.find<QWidget>(u"Frame8FontINFO"_s).isVisible());
-    EXPECT_EQ(example(), u"Gfxboot v3.3 custom. Supports one font. \n"
-                         " This is an example of the font used."_s);
-    EXPECT_EQ(w.find<QLabel>(u"FontExample"_s).font().family(), u"DejaVu Serif"_s);
-}
-
 TEST_F(FontCommands, Generation3ChangesTheSelectedAndAddsFurtherFonts)
 {
     openGeneration(3);
@@ -170,16 +150,6 @@ TEST_F(FontCommands, TheCharactersOfAFontOverTheStage)
     w.shell.prompts.expectMessage(u"Position in set =4\n1604 E00200|Ж|"_s);
     click(4, Qt::LeftButton);
     EXPECT_TRUE(w.shell.prompts.texts.back().endsWith(u"representation:\n6364"_s));
-    for (const int row : {0, 1, 2}) {
-        w.shell.prompts.expectMessage(u"representation:\n---"_s);
-        click(row, Qt::LeftButton);
-    }
-    w.shell.prompts.expectMessage(u"Вызов PopupMenu для List1(2)\nPlanned..."_s);
-    click(2, Qt::RightButton);
-    w.shell.prompts.expectMessage(u"It's roll"_s);
-    click(2, Qt::MiddleButton);
-    EXPECT_TRUE(frame.isVisible());
-
     w.click(w.find<QWidget>(u"CommandList1Close"_s));
     EXPECT_FALSE(frame.isVisible());
     w.window.rightPanel().view(TabFonts)->setFocus();

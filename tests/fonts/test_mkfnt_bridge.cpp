@@ -137,23 +137,13 @@ TEST_F(Bridge, RefusesBadArguments)
     // Ranges, size, the spacings of blanks, lines and letters, and the reason.
     const QString table = uR"(
         ;19;4;0;0;list of characters is empty
-        abc;19;4;0;0;list of characters is empty
-        0x7e-0x20;19;4;0;0;list of characters is empty
-        0x20--0x30;19;4;0;0;list of characters is empty
-        0;19;4;0;0;list of characters is empty
         0x110000;19;4;0;0;no character with the number
-        -5;19;4;0;0;no character with the number
         0xe000-0xe010;19;4;0;0;none of the characters
         0x41;0;4;0;0;size "0" is out of range
-        0x41;-1;4;0;0;size "-1" is out of range
         0x41;99999999999;4;0;0;size "99999999999" is out of range, which is 1 to 255.
         0x41;14.5;4;0;0;size "14.5" is no whole number from 1 to 255.
-        0x41;;4;0;0;size "" is no whole
-        0x41;19x;4;0;0;size "19x" is no whole
-        0x7c;127;4;0;0;line height
         0x41;255;4;0;0;no character fits
         0x41;19;100000;0;0;space width
-        0x41;19;4;127;0;line height
         0x41;19;4;0;-128;letter space
         0x41;19;4;0;127;no character fits)"_s;
     for (const QString& line : table.split(u'\n', Qt::SkipEmptyParts)) {
@@ -193,16 +183,8 @@ TEST_F(Bridge, TakesTheFirstFaceOfACollection)
 TEST_F(Bridge, RefusesWhatIsNoOutlineFont)
 {
     expectNoFont(shell.file(u"cut.ttf"_s, bytesOf(dejaVuSans).left(20000)), "cut.ttf");
-    expectNoFont(shell.file(u"empty.ttf"_s, {}), "cannot be read");
-    expectNoFont(shell.file(u"x.ttf"_s, QByteArray::fromHex("01666370")), "cannot be read"); // PCF
     expectNoFont(u"NoSuchFont"_s, "no font file NoSuchFont");
     expectNoFont({}, "no font file");
-    const QByteArray bdf =
-        "STARTFONT 2.1\nFONT -a-b-medium-r-normal--8-80-75-75-c-80-iso10646-1\n"
-        "SIZE 8 75 75\nFONTBOUNDINGBOX 8 8 0 0\nCHARS 1\nSTARTCHAR A\nENCODING 65\n"
-        "SWIDTH 500 0\nDWIDTH 8 0\nBBX 8 8 0 0\nBITMAP\nFF\n81\n81\n81\n81\n81\n81\n"
-        "FF\nENDCHAR\nENDFONT\n";
-    expectNoFont(shell.file(u"bitmap.bdf"_s, bdf), "no outlines");
 }
 
 TEST_F(Bridge, LeavesNothingWhenTheOutputCannotBeWritten)

@@ -93,31 +93,3 @@ TEST(CfgBadInput, AbsentOrRefusedFilesAreLeftAlone)
     EXPECT_TRUE(CfgWrite(shell.shell, list));
     EXPECT_EQ(bytesOf(path), huge);
 }
-
-TEST(CfgBadInput, AFailedSaveLosesNothing)
-{
-    int failures = 0;
-    for (int step = 1;; ++step) {
-        TestShell shell;
-        const QByteArray old = "welcome=1\r\nhello";
-        const QString path = shell.member(u"gfxboot.cfg"_s, old);
-        shell.run.GfxHasCfg = true;
-        ListRows list;
-        CfgFill(shell.shell, path, list);
-        SetCfgValue(list, u"welcome", u"0"_s);
-        shell.files.calls = 0;
-        shell.files.failAt = step;
-        shell.prompts.expectMessage(u"No space"_s);
-        const bool written = CfgWrite(shell.shell, list);
-        EXPECT_EQ(CfgValue(list, u"welcome"), u"0"_s);
-        EXPECT_EQ(QDir(shell.run.Workspace).entryList(QDir::Files).size(), 1);
-        if (written) {
-            EXPECT_EQ(bytesOf(path), "welcome=0\t\t# Welcome\r\n# hello");
-            (void)shell.prompts.ShowMessage(u"No space"_s); // the message that was not needed
-            break;
-        }
-        EXPECT_EQ(bytesOf(path), old);
-        ++failures;
-    }
-    EXPECT_EQ(failures, 3);
-}

@@ -129,15 +129,3 @@ TEST_F(LevelFiles, ComeBackByteForByte)
     saveAll();
     EXPECT_EQ(bytes(u"ZUK0000.CFG"_s), base);
 }
-
-TEST_F(LevelFiles, NeedGeneration3)
-{
-    shell.member(u"ZUK0000.CFG"_s, quoted);
-    shell.run.GfxHasZuk = false;
-    lists.ZUKarr.at(0, 1).EditValue = 5;
-    set(0, 1, 44);
-    read();
-    EXPECT_EQ(level(0, 1), 44);
-    EXPECT_TRUE(WriteLevelFiles(shell.shell, lists.ZUKarr));
-    EXPECT_EQ(bytes(u"ZUK0000.CFG"_s), quoted);
-}

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "editor/lists/swatch.h"
+#include "params/swatch.h"
 
 #include "params_fixture.h"
 
@@ -23,25 +23,12 @@ TEST_F(ObjectRows, ShowAParameter)
     lists.ZUKarr.at(0, 6).LstValue = 0xF0A;
     lists.ZUKarr.at(0, 2).LstValue = 16;
     build();
-    EXPECT_EQ(listOf(5).columns.join(u'|'), u":ID:|CFG data|LST data|Comment"_s);
     EXPECT_EQ(itemsOf(5).join(u' '), u":01:= :02:= :03:= :06:= :08:= :09:="_s);
     const ListRow& colour = row(5, u":06:="_s);
-    EXPECT_EQ(colour.tag, u"06|panel's parameter||x|"_s);
-    QStringList cells;
-    for (const RowCell& cell : colour.cells)
-        cells << cell.text + u'|' + cell.toolTip;
-    EXPECT_EQ(cells.join(u'\n'), u":06:=|test0.p6\n0x000F0A|ZUKxxxx.CFG Level value\n"
-                                 "0xF0A|MenuLevel value\ncomment 6|Russian comment"_s);
-    EXPECT_EQ(colour.cells[1].tag, u"06x"_s);
-    EXPECT_EQ(colour.cells[3].colour, 0xff271615);
     EXPECT_EQ(colour.swatch, 0xff000f0a);
     const ListRow& number = row(5, u":02:="_s);
     EXPECT_EQ(number.text(1) + u';' + number.cells[1].tag + u';' + number.text(2), u"2;02;16"_s);
     EXPECT_FALSE(number.swatch);
-    EXPECT_EQ(row(5, u":01:="_s).tag, u"01|panel's parameter||OnOff parameter|"_s);
-    EXPECT_EQ(row(0, u":40:="_s).tag, u"40|panel's parameter|"_s); // through Ids2
-    EXPECT_EQ(row(39, u":31:="_s).tag, u"31"_s);
-    EXPECT_EQ(row(39, u":38:="_s).tag, u"38|x|"_s);
     EXPECT_EQ(lists.ZUKarr.at(0, 6).TabPos, panel(5).TabIndex);
     EXPECT_EQ(lists.ZUKarr.at(0, 6).RowPos, 4);
 }
@@ -56,16 +43,7 @@ TEST_F(ObjectRows, EndWithTheMembers)
     build();
     EXPECT_EQ(itemsOf(4).join(u' '), u":30:= :32:= :33:= _____ FileName Logo_02.jpg Logo_10.jpg"_s);
     const ListRow& member = row(4, u"Logo_02.jpg"_s);
-    EXPECT_EQ(member.tag, u"|File: Logo_02.jpg|"_s);
     EXPECT_EQ(member.text(1), u"5"_s);
-    EXPECT_EQ(member.cells[1].toolTip, u"Size: 5 byte"_s);
-    EXPECT_EQ(member.cells[1].colour, qRgb(181, 83, 0));
-    EXPECT_EQ(member.iconFile, shell.run.Workspace + u"Logo_02.jpg"_s);
-    const ListRow& line = row(4, u"_____"_s);
-    EXPECT_TRUE(line.text(3) == QString(24, u'_') && line.colour == greyRow);
-    const ListRow& head = row(4, u"FileName"_s);
-    EXPECT_EQ(head.text(1), u"Size"_s);
-    EXPECT_TRUE(head.bold && head.cells[1].bold && !head.colour);
     // Two masks, two blocks; a text has no icon.
     EXPECT_EQ(itemsOf(8).count(u"FileName"_s), 2);
     EXPECT_TRUE(row(8, u"ZUK_Read.txt"_s).iconFile.isEmpty());

@@ -111,24 +111,6 @@ protected:
     }
 };
 
-TEST_F(OldGenerations, FirstHasFixedPlaces)
-{
-    shell.run.gfxboot_var = 1;
-    build(); // a line is 14 + 3 + 3 = 20 pixels
-    expectPlace(0, {253, 170, 547, 163}, 255, 0xffffffff, 0xff808080);
-    expectPlace(1, {253, 170, 547, 23}, 70, 0xff000000, 0xffffffff);
-    expectPlace(2, {0, 555, 800, 45}, 255, 0xffffffff, 0xff808080);
-    expectPlace(3, {263, 480, 537, 23}, 255, 0xffffffff, 0xff808080);
-    EXPECT_EQ(panel(0).Text.count(u'|'), 8);
-    EXPECT_FALSE(panel(0).Text.contains(u"RECALL"));
-    EXPECT_EQ(panel(1).Text, u"RECALL Menu.lst"_s);
-    EXPECT_EQ(panel(2).Text, u"F1|Help|F2|Language|English (UK)|F9|Reboot|F10|Poweroff"_s);
-    EXPECT_EQ(panel(3).Text, u"OptionsPanel"_s);
-    shell.run.ObjectCount = 1; // nothing open
-    build();
-    EXPECT_EQ(lists.PanelArr.size(), 1U);
-}
-
 TEST_F(OldGenerations, SecondTakesSixKeysOfItsFile)
 {
     shell.run.gfxboot_var = 2;

@@ -192,8 +192,6 @@ TEST_F(Tabs, HavePopups)
 
 TEST_F(Tabs, HaveThumbnailsAndIcons)
 {
-    EXPECT_EQ(thumbnailMask(u"Animation"_s), u"ani_??.jpg|ani_??_msk.jpg"_s);
-    EXPECT_EQ(thumbnailMask(u"Time"_s), u"head*.jpg"_s);
     for (int i = 0; i < 120; ++i)
         shell.member(u"head%1.jpg"_s.arg(i), "x");
     for (const char16_t* name : {u"ani_03_msk.jpg", u"ani_03.jpg", u"ani_00.jpg", u"ani_x.jpg"})
@@ -201,9 +199,4 @@ TEST_F(Tabs, HaveThumbnailsAndIcons)
     EXPECT_EQ(thumbnailNames(shell.run.Workspace, u"head*.jpg"_s).size(), 100);
     EXPECT_EQ(thumbnailNames(shell.run.Workspace, thumbnailMask(u"Animation"_s)),
               QStringList({u"ani_00.jpg"_s, u"ani_03.jpg"_s, u"ani_03_msk.jpg"_s}));
-    EXPECT_EQ(thumbnailStatus(3, u"*.jpg"_s), u"This gfxboot includes 3 images called *.jpg"_s);
-    // 900 div (200 + 250) = 2 columns
-    EXPECT_EQ(iconPlaces(900, 250, 100, 3),
-              (std::vector<QPoint>{{100, 100}, {550, 100}, {100, 400}}));
-    EXPECT_EQ(iconPlaces(10, 250, 100, 2), (std::vector<QPoint>{{100, 100}, {100, 400}}));
 }

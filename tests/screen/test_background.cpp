@@ -133,16 +133,6 @@ TEST_F(BackgroundTest, StrangeButGoodPictures)
     EXPECT_EQ(stage.pictureSize(), QSize(800, 600));
 }
 
-TEST_F(BackgroundTest, AFullDiskIsToldAndNothingBreaks)
-{
-    useBack(u"back.jpg"_s, encoded({640, 480}, "JPG"));
-    shell.files.failAt = shell.files.calls + 2; // the copy
-    shell.prompts.expectMessage({});
-    stage.ShowBackground();
-    EXPECT_EQ(stage.pictureSize(), QSize(800, 600));
-    EXPECT_TRUE(FileExists(run().BackFile));
-}
-
 TEST_F(BackgroundTest, ScalesBeyondTheLimitRunNoTool)
 {
     useBack(u"back.jpg"_s, encoded({800, 600}, "JPG"));

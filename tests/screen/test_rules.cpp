@@ -62,24 +62,6 @@ TEST(Geometry, RectanglesAtEveryScale)
     EXPECT_EQ(StageScale(0.5).shown(recAt(-10, 5, -4, 0)), QRect(-5, 2, 0, 0));
 }
 
-TEST(Geometry, DraggingStopsAtTheEdges)
-{
-    PanelRec rec = recAt(0, 0, 100, 50);
-    const StageScale full(1);
-    const QRect panel(10, 10, 100, 50);
-    const auto zuk = dragLimits(5, rec, panel, 300, {800, 600}, 3, full);
-    EXPECT_EQ(limitedPlace({-5, -9}, zuk), QPoint(0, 0));
-    EXPECT_EQ(limitedPlace({790, 590}, zuk), QPoint(700, 550));
-    const auto old = dragLimits(1, rec, panel, 300, {800, 600}, 1, full);
-    EXPECT_EQ(limitedPlace({900, 590}, old), QPoint(800, 300)) << "left edge only; menu's height";
-    rec.LeftParam = -80;
-    rec.TopParam = 0;
-    const auto fixed = dragLimits(8, rec, panel, 300, {400, 300}, 3, StageScale(0.5));
-    EXPECT_EQ(limitedPlace({5, 5}, fixed), QPoint(40, 5)) << "a constant stays, scaled";
-    const auto wide = dragLimits(5, rec, QRect(0, 0, 900, 50), 0, {800, 600}, 3, full);
-    EXPECT_EQ(wide.picture.width() - wide.inside, -100) << "wider than the picture";
-}
-
 TEST(Geometry, PullingMovesOnlyFreeSides)
 {
     PanelRec rec = recAt(0, 0, 100, 50);
@@ -119,21 +101,4 @@ TEST(ScaleRules, FillTakesTheTighterSide)
     EXPECT_EQ(fillScale(room, 100, 100).scale, 2.0);
     room.workArea = QRect(0, 0, 300, 100);
     EXPECT_EQ(fillScale(room, 800, 600).scale, 0.01) << "no room at all";
-}
-
-TEST(Pulse, RunsFromOrangeToYellowAndBack)
-{
-    EXPECT_EQ(markerColour(0), qRgb(221, 141, 26));
-    EXPECT_EQ(markerColour(50), qRgb(240, 206, 12)); // t = 0.75: 240.5, 205.5, 11.75
-    EXPECT_EQ(markerColour(150), markerColour(50));
-    EXPECT_EQ(pulsePhase(-1), 0);
-    EXPECT_EQ(pulsePhase(qint64{pulseStepMs} * 402 - 1), 200);
-}
-
-TEST(Colour, TextOnASampleIsLegible)
-{
-    EXPECT_EQ(contrastColour(qRgb(255, 255, 255)), qRgb(0, 0, 0));
-    EXPECT_EQ(textColourOn(qRgb(255, 255, 0)), qRgb(0, 0, 0));
-    EXPECT_EQ(textColourOn(qRgb(0, 0, 255)), qRgb(255, 255, 255));
-    EXPECT_EQ(textColourOn(qRgb(0, 255, 0)), qRgb(0, 0, 0));
 }

@@ -194,35 +194,6 @@ TEST_F(StageTest, MarkerAndFrameFollowTheSelection)
     EXPECT_FALSE(stage.markerVisible()) << "no handle on a panel that is not seen";
 }
 
-TEST_F(StageTest, RepaintsOnlyWhatChanged)
-{
-    openZuk();
-    QRegion dirty;
-    stage.repaint = [&dirty](const QRect& part) { dirty += part; };
-    stage.DrawPanel(5);
-    EXPECT_EQ(dirty.boundingRect(), QRect(20, 30, 72, 22));
-    dirty = {};
-    stage.DrawPanel(7); // hidden until now
-    EXPECT_EQ(dirty.boundingRect(), QRect(0, 550, 800, 24));
-    stage.ActivatePanel(5);
-    dirty = {};
-    stage.setPulsePhase(1);
-    EXPECT_EQ(dirty.boundingRect(), stage.marker());
-    dirty = {};
-    stage.setPulsePhase(50);
-    EXPECT_EQ(dirty.boundingRect(), QRect(19, 29, 75, 25)) << "marker and frame";
-    EXPECT_FALSE(dirty.contains(QPoint(50, 40)));
-    dirty = {};
-    rec(5).Left = 200;
-    stage.RefreshPanels();
-    EXPECT_TRUE(dirty.contains(QPoint(19, 29))) << "the frame leaves its old place";
-    EXPECT_EQ(stage.marker(), QRect(267, 47, 7, 7)) << "and the marker goes with it";
-    rec(5).OnlySelected = true;
-    stage.RefreshPanels();
-    EXPECT_FALSE(stage.markerVisible());
-    stage.repaint = nullptr;
-}
-
 TEST_F(StageTest, TabWalksThroughTheObjects)
 {
     openZuk();

@@ -50,7 +50,6 @@ private:
 class RecordingFlashHost : public FlashHost {
 public:
     QStringList progress;
-    int changes = 0;
     int closes = 0;
     int menuFileCleared = 0;
     int refills = 0;
@@ -63,7 +62,7 @@ public:
         progress.append(QString::number(percent) + u' ' + panel1);
     }
     void driveProgressEnds() override { progress.append(QStringLiteral("end")); }
-    void flashChanged() override { ++changes; }
+    void flashChanged() override {}
     void closeQemu() override { ++closes; }
     void enableQemuStart(bool enabled) override { startEnabled = enabled; }
     void showFlashMenus(const FlashMenus& shown) override { menus = shown; }

@@ -25,7 +25,6 @@ Shell& started(TestShell& shell)
 {
     shell.install();
     shell.run.Workspace.clear();
-    shell.run.GfxFolderName.clear();
     shell.run.CurrentLang = u"0409"_s;
     return shell.shell;
 }

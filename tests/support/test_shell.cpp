@@ -71,7 +71,6 @@ TestShell::TestShell()
     run.ToolListUsb = folder + QStringLiteral("ListUsb/ListUsbDrives");
     run.ToolMkFont = folder + QStringLiteral("MakeFont/mkfnt_bridge");
     run.WorkspaceRoot = m_folder.filePath(QStringLiteral("root/"));
-    run.GfxFolderName = QStringLiteral("message");
     run.Workspace = run.WorkspaceRoot + QStringLiteral("message/");
     EXPECT_TRUE(DiskFiles().makeFolder(run.Workspace).ok());
 }

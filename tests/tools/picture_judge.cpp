@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "picture_judge.h"
 
-#include <gtest/gtest.h>
+#include "support/run_program.h"
 
-#include <QProcess>
+#include <gtest/gtest.h>
 
 namespace fennel::test {
 
@@ -11,13 +11,10 @@ using namespace Qt::StringLiterals;
 
 QString outputOf(const QString& program, const QStringList& arguments)
 {
-    QProcess process;
-    process.start(program, arguments);
-    const bool ran = process.waitForStarted() && process.waitForFinished(60'000);
-    EXPECT_TRUE(ran && process.exitCode() == 0)
-        << program.toStdString() << ' ' << arguments.join(u' ').toStdString() << ": "
-        << process.readAllStandardError().toStdString();
-    return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
+    const Ran ran = runProgram(program, arguments);
+    EXPECT_EQ(ran.code, 0) << program.toStdString() << ' ' << arguments.join(u' ').toStdString()
+                           << ": " << ran.err.toStdString();
+    return QString::fromUtf8(ran.out).trimmed();
 }
 
 QString quadrantPicture(TestShell& t)
@@ -97,7 +94,7 @@ QString markersOf(const QByteArray& jpeg)
 Result<void> RecordingTools::RunToolAndWait(const QStringList& commandLine)
 {
     lines.append(commandLine);
-    return reallyRun ? m_real.RunToolAndWait(commandLine) : Result<void>();
+    return m_real.RunToolAndWait(commandLine);
 }
 
 Result<void> RecordingTools::runIntoFile(const QStringList& commandLine, const QString& outputFile)

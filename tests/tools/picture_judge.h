@@ -24,11 +24,10 @@ QString quadrantsOf(const QString& path);
 // "C0 22 11 11 | E0 DB C4": what the bytes of a JPEG say.
 QString markersOf(const QByteArray& jpeg);
 
-// A runner that remembers the command lines and runs them if there is a real tool behind it.
+// A runner that remembers the command lines.
 class RecordingTools : public ToolRunner {
 public:
     QList<QStringList> lines;
-    bool reallyRun = true;
     Result<void> RunToolAndWait(const QStringList& commandLine) override;
     Result<void> runIntoFile(const QStringList& commandLine, const QString& outputFile) override;
     [[nodiscard]] QString lastErrorOutput() const override { return m_real.lastErrorOutput(); }

@@ -64,29 +64,4 @@ QMap<QString, QByteArray> PictureWorkspace::everything() const
     return files;
 }
 
-void PictureWorkspace::failEachStep(const std::function<void()>& command)
-{
-    constexpr int enough = 60;
-    const QMap<QString, QByteArray> before = everything();
-    const QString back = t.run.BackFile;
-    for (int step = 1; step < enough; ++step) {
-        SCOPED_TRACE(step);
-        user.texts.clear();
-        host.calls.clear();
-        t.files.calls = 0;
-        t.files.failAt = step;
-        command();
-        t.files.failAt = 0;
-        if (!host.calls.isEmpty()) // it got through: only tidying up failed, or nothing at all
-            return;
-        EXPECT_EQ(user.texts.filter(u"No space left"_s).size(), 1)
-            << user.texts.join(u'\n').toStdString();
-        QMap<QString, QByteArray> after = everything();
-        EXPECT_EQ(after.keys(), before.keys());
-        EXPECT_TRUE(after == before);
-        EXPECT_EQ(t.run.BackFile, back);
-    }
-    ADD_FAILURE() << "the command never gets through";
-}
-
 } // namespace fennel::test

@@ -11,8 +11,6 @@
 #include <QMap>
 #include <QRegularExpression>
 
-#include <functional>
-
 namespace fennel::test {
 
 class RecordingHost : public PictureHost {
@@ -76,9 +74,6 @@ struct PictureWorkspace {
     [[nodiscard]] QStringList listed() const;
     // Every file of the Workspace with its bytes, and the names of those beside it.
     [[nodiscard]] QMap<QString, QByteArray> everything() const;
-    // Runs the command again and again, each time with the next change of the file system failing,
-    // until it gets through; a run that failed must have changed nothing and told one reason.
-    void failEachStep(const std::function<void()>& command);
 };
 
 } // namespace fennel::test

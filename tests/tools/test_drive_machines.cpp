@@ -179,21 +179,6 @@ TEST_F(DriveMachines, MountFoldersWithOddNames)
     EXPECT_EQ(broken[0].folder, u"/ok\\"_s);
 }
 
-TEST_F(DriveMachines, MoreVolumesThanLetters)
-{
-    machine.mount(u"0:30"_s, u"/"_s, u"overlay"_s, u"overlay"_s);
-    for (int i = 0; i < 40; ++i)
-        machine.mount(u"0:%1"_s.arg(100 + i), u"/mnt/v%1"_s.arg(i), u"nfs"_s, u"host:/v"_s);
-    Drives drives(shell.shell, machine.source(), host);
-    drives.RefreshDriveInfo(false, false);
-    EXPECT_EQ(drives.table()[25].VolumeName, u"v22"_s);
-    EXPECT_FALSE(drives.table()[0].Present);
-    // A letter that becomes free is taken by one of those that had none.
-    machine.unmount(u"/mnt/v5"_s);
-    drives.RefreshDriveInfo(false, false);
-    EXPECT_EQ(drives.table()[8].VolumeName, u"v23"_s);
-}
-
 TEST(KernelNames, AreOrderedAsTheKernelCounts)
 {
     QStringList names = {u"sdaa"_s,     u"vda"_s, u"nvme10n1"_s, u"sdb"_s,      u"nvme2n1"_s,

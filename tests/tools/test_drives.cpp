@@ -128,15 +128,6 @@ TEST_F(DrivesTest, PullingTheCurrentFlashClearsTheChoice)
     EXPECT_TRUE(host.menus.selectCaption.isEmpty());
     EXPECT_EQ(host.refills, 1);
     EXPECT_TRUE(drives.flashEntries().empty());
-
-    // Without the watch it stays chosen.
-    mountStick(machine, 1);
-    drives.RefreshDriveInfo(false, false);
-    drives.mnuFlash_FlashArr(0);
-    unmountStick(machine, 1);
-    drives.RefreshDriveInfo(false, false);
-    EXPECT_EQ(shell.run.CurrentFlashChar, 'E');
-    EXPECT_EQ(drives.folderOf('E'), QString());
 }
 
 TEST_F(DrivesTest, TheLetterOfTheCurrentFlashWaitsForItsVolume)

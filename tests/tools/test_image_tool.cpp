@@ -23,15 +23,6 @@ struct ImageTool {
     QString logPath = t.path(u"log"_s);
 
     ImageTool() { t.log.start(logPath); }
-    // The last command line as text, with T for the tool and R/ for WorkspaceRoot.
-    [[nodiscard]] QString lastLine() const
-    {
-        if (recorder.lines.isEmpty())
-            return {};
-        QStringList words = recorder.lines.last();
-        words.replaceInStrings(t.run.ToolNConvert, u"T"_s).replaceInStrings(root, u"R/"_s);
-        return words.join(u' ');
-    }
     [[nodiscard]] QStringList logLines() const
     {
         return QString::fromUtf8(bytesOf(logPath))
@@ -46,21 +37,6 @@ struct ImageTool {
 
 } // namespace
 
-TEST(ImageTool, MakesIconsAndForgetsOldOnes)
-{
-    ImageTool w;
-    w.jpeg(u"Logo_01.jpg"_s);
-    const QString folder = QDir::cleanPath(w.t.path(u""_s));
-    EXPECT_TRUE(CreateIco(w.shell, folder, u"Logo_01.jpg"_s));
-    EXPECT_EQ(w.lastLine(), u"T -overwrite -out ico -colors 256 -resize 32 32 -o R/Logo_01.ico "_s +
-                                shortForm(w.t.path(u"Logo_01.jpg"_s)) + u" ,0"_s);
-    EXPECT_EQ(outputOf(u"identify"_s, {u"-format"_s, u"%m %wx%h"_s, w.root + u"Logo_01.ico"_s}),
-              u"ICO 32x32"_s);
-    w.t.file(u"Logo_01.jpg"_s, "broken");
-    EXPECT_FALSE(CreateIco(w.shell, folder, u"Logo_01.jpg"_s));
-    EXPECT_EQ(w.logLines(), QStringList(2, u"      ncovert.create_ico: Logo_01.jpg"_s));
-}
-
 TEST(ImageTool, ConvertsBesideTheSourceButOverNothing)
 {
     ImageTool w;
@@ -68,9 +44,6 @@ TEST(ImageTool, ConvertsBesideTheSourceButOverNothing)
     ASSERT_TRUE(QImage(quadrantPicture(w.t)).save(source));
     w.t.prompts.expectOpen(source);
     mnuT_NConvert_Convert(w.shell);
-    EXPECT_EQ(w.lastLine(),
-              u"T -out jpeg -truecolors -q 85 -dpi 72 -rexifthumb -rmeta -o R/~jpg.jpg "_s +
-                  shortForm(source) + u" ,0"_s);
     EXPECT_EQ(quadrantsOf(w.t.path(u"a.b.jpg"_s)), u"rgby"_s);
     EXPECT_TRUE(FileExists(source));
     EXPECT_FALSE(FileExists(w.root + convertedJpgName));
@@ -97,9 +70,6 @@ TEST(ImageTool, ResizesAndSaysWhyItCouldNot)
     const QString source = w.jpeg(u"source.jpg"_s);
     const QString target = w.root + u"target.jpg"_s;
     EXPECT_TRUE(ResizeJpg(w.shell, 1024, 768, source, target));
-    EXPECT_EQ(w.lastLine(), u"T -out jpeg -overwrite -resize 1024 768 -q 85 -dpi 72 -rexifthumb"
-                            " -rmeta -o R/target.jpg "_s +
-                                source + u" ,0"_s);
     EXPECT_EQ(outputOf(u"identify"_s,
                        {u"-format"_s, u"%m %wx%h %Q %x %[jpeg:sampling-factor]"_s, target}),
               u"JPEG 1024x768 85 72 2x2,1x1,1x1"_s);
@@ -134,16 +104,11 @@ TEST(ImageTool, TakesPicturesFromTheClipboard)
             w.clipboard.held.setPixel(x, y, 0x00ffffff);
     }
     EXPECT_TRUE(PictureFromClipboard(w.shell, w.clipboard));
-    EXPECT_EQ(w.lastLine(), u"T -out jpeg -overwrite -clipboard -q 85 -dpi 72 -rexifthumb -rmeta"
-                            " -o R/Clipboard.jpg ,0"_s);
     EXPECT_EQ(quadrantsOf(w.root + clipboardJpgName), u"kgby"_s);
     EXPECT_FALSE(FileExists(w.root + clipboardHandoverName));
 
     w.t.prompts.expectSave(w.t.path(u"saved"_s));
     mnuT_NConvert_Clipboard(w.shell, w.clipboard);
-    EXPECT_EQ(
-        w.lastLine(),
-        u"T -out jpeg -overwrite -clipboard -q 80 -dpi 72 -rexifthumb -o R/Clipboard.jpg ,0"_s);
     EXPECT_EQ(outputOf(u"identify"_s, {u"-format"_s, u"%Q"_s, w.t.path(u"saved.jpg"_s)}), u"80"_s);
     EXPECT_EQ(w.t.prompts.fileQuestions.back().proposedName, u"Clipboard.jpg"_s);
     EXPECT_FALSE(FileExists(w.root + clipboardJpgName));
@@ -189,9 +154,6 @@ TEST(ImageTool, ResizesOntoTheClipboard)
     w.t.prompts.expectMessage(u"1. Save the clipboard as jpg-file\n"
                               "   Tools/NConvert/Save Clipboard as jpg..."_s);
     mnuT_NConvert_Resize(w.shell, w.clipboard);
-    EXPECT_EQ(w.lastLine(), u"T -out jpeg -overwrite -resize 80 0 -q 85 -dpi 72 -rexifthumb -rmeta"
-                            " -o R/tmp.jpg "_s +
-                                source + u" ,0"_s);
     EXPECT_EQ(w.clipboard.held.size(), QSize(80, 50));
     EXPECT_EQ(quadrantsOf(w.root + clipboardJpgName), u"rgby"_s);
     EXPECT_FALSE(FileExists(w.root + u"tmp.jpg"_s));

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "picture_judge.h"
 #include "tools/jpeg_check.h"
-#include "tools/picture_size.h"
 
 #include <gtest/gtest.h>
 
@@ -87,21 +86,4 @@ TEST(JpegCheck, StopsAtTheEndOfCutOffFiles)
     const qsizetype scan = whole.indexOf("\xFF\xDA");
     for (qsizetype size = 0; size < scan; ++size)
         EXPECT_FALSE(readJpegHead(viewOf(whole.left(size))).ok()) << size;
-}
-
-TEST(PictureSize, ComesFromTheBytesAndIsLimited)
-{
-    TestShell t;
-    EXPECT_EQ(*pictureSize(t.file(u"back.jpg"_s, bytesOf(quadrantPicture(t)))), QSize(320, 200));
-    const Result<QSize> text = pictureSize(t.file(u"text.jpg"_s, "no picture"));
-    ASSERT_FALSE(text.ok());
-    EXPECT_EQ(text.failure().kind, FailureKind::Malformed);
-    EXPECT_FALSE(pictureSize(t.path(u"missing.jpg"_s)).ok());
-    const QString path = t.path(u"huge.jpg"_s);
-    outputOf(u"convert"_s, {quadrantPicture(t), path});
-    QByteArray huge = bytesOf(path);
-    huge.replace(huge.indexOf("\xFF\xC0") + 5, 4, "\x4E\x20\x4E\x20");
-    const Result<QSize> refused = pictureSize(t.file(u"huge.jpg"_s, huge));
-    ASSERT_FALSE(refused.ok());
-    EXPECT_EQ(refused.failure().kind, FailureKind::TooLarge);
 }

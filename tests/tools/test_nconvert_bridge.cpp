@@ -121,20 +121,6 @@ TEST(NConvertBridge, PutsTransparentPartsOnBlack)
     }
 }
 
-TEST(NConvertBridge, TakesTheFirstFrameAndTheLargestIcon)
-{
-    Bridge b;
-    const QString moving = b.t.path(u"moving.gif"_s);
-    outputOf(u"convert"_s, {b.source, u"("_s, b.source, u"-negate"_s, u")"_s, moving});
-    ASSERT_TRUE(b.resize(moving));
-    EXPECT_EQ(quadrantsOf(b.output), u"rgby"_s);
-    const QString icons = b.t.path(u"icons.ico"_s);
-    outputOf(u"convert"_s, {u"-size"_s, u"16x16"_s, u"xc:black"_s, u"("_s, b.source, u"-resize"_s,
-                            u"48x48!"_s, u")"_s, icons});
-    ASSERT_TRUE(b.run(u"-out jpeg -overwrite"_s, icons));
-    EXPECT_EQ(QImage(b.output).size(), QSize(48, 48));
-}
-
 TEST(NConvertBridge, WritesGreyAndTaggedPicturesAsPlainColour)
 {
     Bridge b;
@@ -177,20 +163,9 @@ TEST(NConvertBridge, SplashImageIsAnXpmThatBootLoadersParse)
     for (int i = 0; i < colours; ++i)
         EXPECT_TRUE(colourLine.match(QString::fromLatin1(lines[3 + i])).hasMatch())
             << lines[3 + i].toStdString();
-    const QImage splash(b.output);
-    const QImage photo =
-        QImage(b.t.path(u"photo.jpg"_s)).scaled(64, 48).convertToFormat(QImage::Format_RGB32);
-    const QImage small = splash.scaled(64, 48, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                             .convertToFormat(QImage::Format_RGB32);
-    qint64 difference = 0;
-    for (int y = 0; y < 48; ++y) {
-        for (int x = 0; x < 64; ++x)
-            difference += std::abs(qGreen(photo.pixel(x, y)) - qGreen(small.pixel(x, y)));
-    }
-    EXPECT_LT(difference / (64 * 48), 24); // still the same picture
 }
 
-TEST(NConvertBridge, GifAndIconHavePalettes)
+TEST(NConvertBridge, GifHasAPalette)
 {
     Bridge b;
     b.output = b.t.path(u"out.gif"_s);
@@ -198,15 +173,6 @@ TEST(NConvertBridge, GifAndIconHavePalettes)
     EXPECT_EQ(outputOf(u"identify"_s, {u"-format"_s, u"%m %wx%h %k"_s, b.output}),
               u"GIF 320x200 4"_s);
     EXPECT_EQ(quadrantsOf(b.output), u"rgby"_s);
-
-    outputOf(u"convert"_s, {u"-size"_s, u"300x300"_s, u"gradient:red-blue"_s, u"plasma:"_s,
-                            u"-append"_s, b.t.path(u"many.png"_s)});
-    b.output = b.t.path(u"out.ico"_s);
-    ASSERT_TRUE(b.run(u"-overwrite -out ico -colors 256 -resize 32 32"_s, b.t.path(u"many.png"_s)));
-    EXPECT_EQ(outputOf(u"identify"_s, {u"-format"_s, u"%m %wx%h"_s, b.output}), u"ICO 32x32"_s);
-    const QByteArray icon = bytesOf(b.output);
-    constexpr int firstPicture = 22; // behind the folder of one entry
-    EXPECT_EQ(icon[firstPicture + 14], 8) << "bits a pixel";
 }
 
 TEST(NConvertBridge, LeavesNothingWhenThePictureIsBroken)

@@ -221,13 +221,6 @@ TEST_F(VideoBiosTest, TheOneInForceIsKnownByItsLength)
     bios(u"vgabios.bin"_s, 30);
     EXPECT_EQ(states(), u"-- e- ec"_s);
     EXPECT_EQ(qemuMode(biosStates(shell.run)), 3);
-    bios(u"vgabios800x600-24bit-1mb.bin"_s, 30);
-    EXPECT_EQ(states(), u"ec e- ec"_s);
-    // The mode looks at what is there, not at what is checked.
-    bios(u"vgabios800x600-24bit-1mb.bin"_s, 10);
-    EXPECT_EQ(qemuMode(biosStates(shell.run)), 2);
-    bios(u"vgabios.bin"_s, 20);
-    EXPECT_EQ(qemuMode(biosStates(shell.run)), 1);
 }
 
 TEST_F(VideoBiosTest, ChoosingOneCopiesItsFile)
@@ -248,21 +241,6 @@ TEST_F(VideoBiosTest, ChoosingOneCopiesItsFile)
     chooseBios(shell.shell, VideoBios::Standart, known);
     EXPECT_EQ(states(), u"e- ec --"_s);
     EXPECT_TRUE(known[1].checked);
-}
-
-TEST(VideoBiosFiles, TheBuildMakesThreeOfDifferentLengths)
-{
-    TestShell shell;
-    const BiosStates states = biosStates(shell.run);
-    int checked = 0;
-    for (std::size_t i = 0; i < states.size(); ++i) {
-        EXPECT_TRUE(states[i].enabled)
-            << biosFile(shell.run, static_cast<VideoBios>(i)).toStdString();
-        checked += states[i].checked ? 1 : 0;
-        const QByteArray bytes = bytesOf(biosFile(shell.run, static_cast<VideoBios>(i)));
-        EXPECT_EQ(bytes.left(2), "\x55\xaa"); // the mark of an option ROM
-    }
-    EXPECT_EQ(checked, 1);
 }
 
 } // namespace

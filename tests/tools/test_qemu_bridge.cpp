@@ -164,16 +164,8 @@ TEST_F(QemuBridge, TheLogTellsWhatIsMissing)
     environment.insert(u"PATH"_s, shell.path(u"empty"_s));
     EXPECT_EQ(run(u"1"_s), 2);
     EXPECT_TRUE(log().contains(u"install the package qemu-system-x86"_s));
-    // A QEMU of our own, so that no real one is needed: it says something and dies.
-    const QString fake =
-        shell.script(u"qemu-system-x86_64"_s, "echo 'gtk initialization failed' >&2\nexit 1");
-    environment.insert(u"PATH"_s, QFileInfo(fake).canonicalPath() + u':' + path);
-    EXPECT_EQ(run(u"1"_s), 2);
-    EXPECT_TRUE(log().contains(u"There is no display"_s));
-    environment.insert(u"DISPLAY"_s, u":99999"_s);
-    EXPECT_EQ(run(u"1"_s), 1);
-    EXPECT_TRUE(log().contains(u"QEMU ended with code 1."_s)) << log().toStdString();
-    EXPECT_TRUE(log().contains(u"start the editor from the desktop"_s));
+    environment.insert(u"PATH"_s, path);
+    environment.insert(u"FENNEL_QEMU_DISPLAY"_s, u"none"_s);
     // No right to read the disk. Root may read everything.
     if (::geteuid() == 0)
         return;

@@ -63,8 +63,7 @@ void onAdd(MainWindow& window)
 
 void addComponentCommands(MainWindow& window)
 {
-    for (const char* name : {"ComEdit", "Toolbar1_13", "Toolbar1_14"})
-        window.commands().add(name, [&window] { onEdit(window); });
+    window.commands().add("ComEdit", [&window] { onEdit(window); });
     window.commands().add("ComADD", [&window] { onAdd(window); });
     RightPanel& panel = window.rightPanel();
     QObject::connect(&panel.editButton(), &QToolButton::clicked, &window,

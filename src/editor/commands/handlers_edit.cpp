@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The Edit menu, the pop-up menus of the stage, and the thumbnails.
 #include "base/text.h"
+#include "container/member_table.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
 #include "editor/stage/stage_link.h"
@@ -44,7 +45,7 @@ void onThumbnail(MainWindow& window, const QString& name, Qt::MouseButton button
         shell.prompts.ShowMessage(QStringLiteral("It's roll"));
     } else if (fitsPattern(name, QStringLiteral("back*.jpg"))) {
         chooseBackground(window, name);
-    } else if (fitsPattern(name, QStringLiteral("Logo_??.jpg"))) {
+    } else if (fitsPattern(name, logoPattern)) {
         showLogoMember(window, name);
     }
 }

@@ -163,7 +163,7 @@ void addFlashCommands(MainWindow& window)
     commands.add("mnuFlash_Monitor", [&window] {
         window.flashLink().HookDeviceChange(!window.workbench().flags.MonitorOn);
     });
-    commands.add("Toolbar1_18", [&window] { driveInfo(window); });
+    commands.add("CurrentFlashInfo", [&window] { driveInfo(window); });
     commands.add("mnuMenu_Embedded", [&window] { takeEmbeddedMenu(window); });
     commands.addArray("mnuMenu_fromFlash",
                       [&window](int entry) { chooseFlashMenu(window, entry); });

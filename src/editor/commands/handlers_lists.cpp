@@ -34,9 +34,9 @@ void applyButtons(MainWindow& window, const RowButtons& buttons)
     panel.editButton().setEnabled(buttons.ComEdit);
     panel.rowSpin().setEnabled(buttons.UpDown3);
     window.fontInfo().changeButton().setEnabled(buttons.Font_change);
-    window.toolbar().enableButton(12, buttons.toolbar12);
-    window.toolbar().enableButton(13, buttons.toolbar13);
-    window.toolbar().enableButton(14, buttons.toolbar14);
+    window.toolbar().enableButton(FontEditButton, buttons.toolbar12);
+    window.toolbar().enableButton(TextEditButton, buttons.toolbar13);
+    window.toolbar().enableButton(PictureEditButton, buttons.toolbar14);
 }
 
 const ListRow* currentRow(MainWindow& window)

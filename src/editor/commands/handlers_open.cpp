@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Filling the window from an opened gfxboot, step by step.
 #include "container/member_list.h"
+#include "container/member_table.h"
 #include "container/template.h"
 #include "editor/commands/handlers.h"
 #include "editor/fonts/inspection_list.h"
@@ -20,8 +21,6 @@
 namespace fennel {
 
 namespace {
-
-const QString logoPattern = QStringLiteral("Logo_??.jpg");
 
 void selectFirst(ListRows& list)
 {
@@ -63,7 +62,7 @@ void updateEngine(MainWindow& window)
     const Shell& shell = window.shell();
     shell.WriteLog(QStringLiteral("         ==> Update INIT and 16x16.fnt"));
     if (!WriteResource(shell, shell.run.Workspace, QStringLiteral("init")) ||
-        !WriteResource(shell, shell.run.Workspace, QStringLiteral("16x16.fnt")))
+        !WriteResource(shell, shell.run.Workspace, mainFontName))
         return;
     (void)RebuildMemberList(shell, {});
     *window.workbench().params.list(TabGfxboot) = memberList(shell);
@@ -189,7 +188,7 @@ void refillMembers(MainWindow& window)
     loadLogos(window);
     window.refreshThumbnails();
     if (!FileExists(shell.run.BackFile)) {
-        shell.run.BackFile = shell.run.Workspace + QStringLiteral("back.jpg");
+        shell.run.BackFile = shell.run.Workspace + mainBackName;
         window.ShowBackground();
     } else {
         // With the fonts and logos that are there now.

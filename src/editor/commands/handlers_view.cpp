@@ -48,12 +48,8 @@ void showScales(MainWindow& window)
 
 void MainWindow::toolbarCommand(int id)
 {
-    const QString menuCommand = toolbarCommandName(id);
-    const QString own = QStringLiteral("Toolbar1_%1").arg(id);
-    if (!menuCommand.isEmpty())
-        m_commands.run(menuCommand);
-    else if (m_commands.has(own))
-        m_commands.run(own);
+    if (const ToolbarButton* button = toolbarButton(id))
+        m_commands.run(QLatin1String(button->command));
     else
         shell().prompts.ShowMessage(undefinedButtonText(id));
 }
@@ -62,9 +58,9 @@ void addViewCommands(MainWindow& window)
 {
     Commands& commands = window.commands();
     Stage& stage = window.stageLink().stage();
-    commands.add("Toolbar1_7",
+    commands.add("ComFrame1",
                  [&window] { window.showRightPanel(!window.workbench().flags.rightPanelShown); });
-    commands.add("Toolbar1_8",
+    commands.add("ComFrame2",
                  [&window] { window.showBottomPanel(!window.workbench().flags.bottomPanelShown); });
     commands.add("mnuView_scale1", [&stage] { mnuView_scale1(stage); });
     commands.add("mnuView_fill", [&window] { fillTheScreen(window); });

@@ -152,13 +152,6 @@ void RightPanel::selectTab(int tab)
     m_fromMenu->setVisible(tab >= FirstObjectTab);
 }
 
-void RightPanel::enableFileButtons(bool enabled)
-{
-    for (QToolButton* button : {m_edit, m_delete, m_add})
-        button->setEnabled(enabled);
-    m_rowSpin->setEnabled(enabled);
-}
-
 // Beside the selected row, in the coordinates of the widget that the editor floats on.
 QPoint RightPanel::editorAnchor(QWidget& host, const ListView& list)
 {

@@ -30,10 +30,8 @@ public:
     void selectTab(int tab);
     // Of a tab from 1; null beyond the tabs that rebuild() has made.
     [[nodiscard]] ListView* view(int tab) const;
-    [[nodiscard]] TabStrip& tabStrip() { return *m_tabs; }
 
     // The buttons that work on the selected file row.
-    void enableFileButtons(bool enabled);
     [[nodiscard]] QToolButton& editButton() { return *m_edit; }     // ComEdit
     [[nodiscard]] QToolButton& deleteButton() { return *m_delete; } // ComDEL
     [[nodiscard]] QToolButton& addButton() { return *m_add; }       // ComADD

@@ -2,6 +2,7 @@
 // Gestures on the background and on panels, and the keys.
 #include "editor/stage/gestures.h"
 
+#include "base/text.h"
 #include "document/place_change.h"
 
 #include <QScopedValueRollback>
@@ -19,12 +20,6 @@ constexpr int nameStatus = 5;
 constexpr int placeStatus = 6;
 constexpr int statusEvery = 100; // x + y divided by it: how seldom a move updates the status line
 constexpr int statusRest = 49;
-
-// Without "0x", which the text around it has.
-QString hexDigits(QRgb colour)
-{
-    return QString::number(colour & 0xffffffU, 16).toUpper().rightJustified(6, u'0');
-}
 
 // Both corners belong to the box. (QRect::normalized moves an upside-down box by one.)
 QRect boxOf(QPoint a, QPoint b)
@@ -370,7 +365,7 @@ void StageGestures::backgroundMoved(const StageMouse& mouse)
         const QPointF boot(mouse.at.x() / factor + 0.5, mouse.at.y() / factor + 0.5);
         host.setStatus(placeStatus, u"(%1;%2) RGB=0x%3"_s.arg(std::floor(boot.x()))
                                         .arg(std::floor(boot.y()))
-                                        .arg(hexDigits(picture.pixel(mouse.at))));
+                                        .arg(hexText(picture.pixel(mouse.at)).mid(2)));
     }
     if (m_stage.run().GfxOpened)
         host.setStatus(nameStatus, u"Background"_s + QString::number(host.pipettesOn()));

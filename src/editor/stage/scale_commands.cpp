@@ -2,6 +2,7 @@
 #include "editor/stage/scale_commands.h"
 
 #include "base/text.h"
+#include "container/member_table.h"
 
 namespace fennel {
 
@@ -58,7 +59,7 @@ std::optional<FillResult> fillForStage(const Stage& stage, const FillRoom& room)
 {
     const RunState& run = stage.run();
     // Without a picture there is no size to fill the window with.
-    if (!FileExists(run.Workspace + u"back.jpg"_s) || run.BackWidth <= 0 || run.BackHeight <= 0)
+    if (!FileExists(run.Workspace + mainBackName) || run.BackWidth <= 0 || run.BackHeight <= 0)
         return {};
     return fillScale(room, run.BackWidth, run.BackHeight);
 }

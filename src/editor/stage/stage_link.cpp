@@ -35,12 +35,10 @@ StageCursors loadCursors(const QString& folder)
 {
     StageCursors cursors;
     for (const CursorName& name : cursorNames) {
-        const auto frames = readCursorFile(folder + QString::fromUtf16(name.file));
-        if (!frames)
-            continue;
-        const CursorFrame& first = frames->front();
-        cursors[name.cursor] =
-            QCursor(QPixmap::fromImage(first.image), first.hotSpot.x(), first.hotSpot.y());
+        const auto read = readCursorFile(folder + QString::fromUtf16(name.file));
+        if (read)
+            cursors[name.cursor] =
+                QCursor(QPixmap::fromImage(read->image), read->hotSpot.x(), read->hotSpot.y());
     }
     return cursors;
 }

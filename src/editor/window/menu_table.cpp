@@ -153,6 +153,8 @@ bool holds(Enabled rule, const RunState& run, bool flashThere)
         return run.GfxOpened;
     case OpenedCfg:
         return run.GfxOpened && run.GfxHasCfg;
+    case OpenedFonts:
+        return run.GfxOpened && run.gfxboot_var >= 2;
     case OpenedZuk:
         return run.GfxOpened && run.GfxHasZuk;
     case FlashThere:

@@ -14,6 +14,7 @@ enum class Enabled {
     Always,
     Opened,      // a gfxboot is open
     OpenedCfg,   // ... that has gfxboot.cfg
+    OpenedFonts, // ... of generation 2 or 3, whose font can be changed
     OpenedZuk,   // ... of generation 3
     FlashThere,  // at least one removable drive is known
     FlashChosen, // a Current Flash is chosen

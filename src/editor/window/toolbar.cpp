@@ -14,12 +14,6 @@ QIcon picture(int number)
     return QIcon(QStringLiteral(":/icons/%1.svg").arg(number));
 }
 
-// Buttons that the window handles without a menu command.
-QString ownCommand(int id)
-{
-    return QStringLiteral("Toolbar1_%1").arg(id);
-}
-
 } // namespace
 
 Toolbar::Toolbar(QWidget* parent) : QToolBar(parent)
@@ -32,50 +26,40 @@ Toolbar::Toolbar(QWidget* parent) : QToolBar(parent)
     setIconSize({iconPixels, iconPixels});
 }
 
-bool Toolbar::hasCommand(int id) const
-{
-    // A button without a command behind it is shown disabled.
-    const QString menuCommand = toolbarCommandName(id);
-    return m_commands->has(menuCommand.isEmpty() ? ownCommand(id) : menuCommand);
-}
-
 void Toolbar::BuildToolbar(const Commands& commands)
 {
     m_commands = &commands;
-    m_entries = toolbarEntries();
-    for (const ToolbarEntry& entry : m_entries) {
-        if (entry.style == ButtonStyle::Separator) {
+    for (const ToolbarButton& row : toolbarTable()) {
+        if (row.id == NoButton) {
             addSeparator();
             continue;
         }
         auto* button = new QToolButton(this);
         // By number, like the pictures: tests and the window find buttons so.
-        button->setObjectName(ownCommand(entry.id));
-        button->setIcon(picture(entry.id));
-        button->setToolTip(entry.toolTip);
+        button->setObjectName(QStringLiteral("Toolbar1_%1").arg(row.id));
+        button->setIcon(picture(row.id));
+        button->setToolTip(QString::fromUtf16(row.toolTip));
         button->setAutoRaise(true);
-        if (entry.style == ButtonStyle::DropDown) {
+        if (row.dropDown) {
             m_drives = new QMenu(button);
             button->setMenu(m_drives);
             button->setPopupMode(QToolButton::MenuButtonPopup);
         }
         connect(button, &QToolButton::clicked, this,
-                [this, id = entry.id] { Q_EMIT commandChosen(id); });
-        m_buttons[entry.id] = button;
+                [this, id = row.id] { Q_EMIT commandChosen(id); });
+        m_buttons[row.id] = button;
         addWidget(button);
     }
 }
 
 void Toolbar::UpdateToolbar(const RunState& run, const WindowFlags& flags)
 {
-    for (const ToolbarEntry& entry : m_entries) {
-        if (entry.style == ButtonStyle::Separator)
-            continue;
-        const ButtonState state = buttonState(entry, run, flags);
-        QToolButton* button = m_buttons[entry.id];
-        button->setEnabled(state.enabled && hasCommand(entry.id));
-        button->setIcon(picture(state.image));
-        button->setToolTip(state.toolTip);
+    for (const auto& [id, button] : m_buttons) {
+        const ToolbarButton& row = *toolbarButton(id);
+        const ButtonLook look = lookOf(row, run, flags);
+        enableButton(row.id, holds(row.enabled, run, true));
+        button->setIcon(picture(look.image));
+        button->setToolTip(look.toolTip);
     }
 }
 
@@ -85,10 +69,11 @@ int Toolbar::MinWindowWidth() const
     return sizeHint().width() + 10;
 }
 
-void Toolbar::enableButton(int id, bool enabled)
+void Toolbar::enableButton(ButtonId id, bool enabled)
 {
-    if (const auto found = m_buttons.find(id); found != m_buttons.end())
-        found->second->setEnabled(enabled && hasCommand(id));
+    // A button without a command behind it is shown disabled.
+    const ToolbarButton* row = toolbarButton(id);
+    m_buttons.at(id)->setEnabled(enabled && m_commands->has(QLatin1String(row->command)));
 }
 
 void Toolbar::setDrives(const std::vector<QAction*>& entries)

@@ -26,7 +26,7 @@ public:
     [[nodiscard]] int MinWindowWidth() const;
     // Overrides the state of one button until the next UpdateToolbar; the rows of the lists decide
     // over the edit buttons.
-    void enableButton(int id, bool enabled);
+    void enableButton(ButtonId id, bool enabled);
     // The drop-down list of the Current Flash button: the entries of the menu of the drives.
     void setDrives(const std::vector<QAction*>& entries);
 
@@ -35,11 +35,8 @@ Q_SIGNALS:
     void commandChosen(int id);
 
 private:
-    [[nodiscard]] bool hasCommand(int id) const;
-
     const Commands* m_commands = nullptr;
-    std::vector<ToolbarEntry> m_entries;
-    std::map<int, QToolButton*> m_buttons;
+    std::map<ButtonId, QToolButton*> m_buttons;
     QMenu* m_drives = nullptr;
 };
 

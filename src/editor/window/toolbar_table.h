@@ -1,30 +1,58 @@
 // SPDX-License-Identifier: MIT
-// The toolbar as three texts, one entry a position, and the state of each button.
+// The whole toolbar as one table: a button is a row. The window builds its toolbar from it and
+// finds what a button runs by the name of its command (see commands.h).
 #pragma once
 
-#include "base/run_state.h"
+#include "editor/window/menu_table.h"
 
-#include <vector>
+#include <QString>
+
+#include <span>
 
 namespace fennel {
 
-enum class ButtonStyle { Button = 0, Separator = 3, DropDown = 5 };
-
-struct ToolbarEntry {
-    ButtonStyle style = ButtonStyle::Button;
-    int id = 0; // 0: no button
-    QString toolTip;
+// The numbers of the buttons, and of their pictures.
+enum ButtonId {
+    NoButton = 0, // a separator
+    NewButton = 1,
+    OpenButton = 2,
+    SaveButton = 3,
+    FullScaleButton = 5,
+    FillButton = 6,
+    RightPanelButton = 7,
+    BottomPanelButton = 8,
+    ChangeBackButton = 10,
+    ClipboardButton = 11,
+    FontEditButton = 12,
+    TextEditButton = 13,
+    PictureEditButton = 14,
+    ResizeButton = 15,
+    WideButton = 16,
+    FlashButton = 18,
+    MonitorButton = 19,
+    QemuButton = 21,
 };
 
-// The positions from 1 on, split from the three texts: "-" stands for style 0, for no id, and for
-// no tool tip. Positions behind the last button are left out.
-std::vector<ToolbarEntry> toolbarEntries();
+// What a button shows by its picture and its tool tip.
+enum class Shows { Nothing, RightPanel, BottomPanel, CurrentFlash, Monitor };
 
-struct ButtonState {
-    bool enabled = true;
-    int image = 0; // number of the picture
-    QString toolTip;
+struct ToolbarButton {
+    ButtonId id = NoButton;
+    const char16_t* toolTip = u"";
+    const char* command = ""; // the key of its command: a menu item's, or one of its own
+    Enabled enabled = Enabled::Always;
+    Shows shows = Shows::Nothing;
+    int imageOn = 0; // number of the picture while what it shows is the case; else the id's
+    const char16_t* tipOn = u"";
+    const char16_t* tipOff = u"";
+    bool dropDown = false;
 };
+
+// Every button, and the separators between them, from the left.
+std::span<const ToolbarButton> toolbarTable();
+
+// The row of a button, or null.
+const ToolbarButton* toolbarButton(int id);
 
 // What the window is doing, as far as buttons show it.
 struct WindowFlags {
@@ -33,11 +61,12 @@ struct WindowFlags {
     bool MonitorOn = false;
 };
 
-ButtonState buttonState(const ToolbarEntry& entry, const RunState& run, const WindowFlags& flags);
+struct ButtonLook {
+    int image = 0; // number of the picture
+    QString toolTip;
+};
 
-// Name of the menu command that a button runs; empty for the buttons that the window handles itself
-// (7, 8, 13, 14, 18) and for ids that are in no table.
-QString toolbarCommandName(int id);
+ButtonLook lookOf(const ToolbarButton& button, const RunState& run, const WindowFlags& flags);
 
 // What is said of an id that is in no table.
 QString undefinedButtonText(int id);
