@@ -22,7 +22,8 @@ enum class FailureKind {
 
 struct Failure {
     FailureKind kind = FailureKind::Io;
-    std::string text; // UTF-8, one sentence, names the file; shown to the user as it stands
+    std::string text;  // UTF-8, one sentence, names the file; shown to the user as it stands
+    bool told = false; // the user has seen it: whoever gets it passes it on and says nothing more
 };
 
 // Either a T or a Failure. Reading the wrong half is a programming error and throws

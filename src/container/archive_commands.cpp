@@ -26,13 +26,6 @@ QString ask(const Shell& shell, const QString& title, const QString& filter, con
     return shell.prompts.openFile(question);
 }
 
-// A failure without a text was told where it came up.
-void tell(const Shell& shell, const Failure& failure)
-{
-    if (!failure.text.empty())
-        (void)shell.told(failure);
-}
-
 // All files of the staging folder go over those of the target, or none does.
 Result<void> deliver(const Shell& shell, const QString& staging, const QString& target)
 {
@@ -96,10 +89,10 @@ Result<void> makeList(const Shell& shell, const QString& folder)
 
 void tellCpioError(const Shell& shell, const Failure& failure)
 {
-    const QString error = u"CPIO Error"_s;
-    const QString reason = QString::fromStdString(failure.text);
-    if (!reason.isEmpty()) // else the missing tool was told
+    (void)shell.tell(failure, [&](const QString& reason) {
+        const QString error = u"CPIO Error"_s;
         shell.prompts.ShowMessage(reason == error ? error : error + u"\n\n"_s + reason);
+    });
 }
 
 void saveAssembled(const Shell& shell, const QString& made, const QString& folder)
@@ -154,9 +147,7 @@ void mnuEdit_Extract(const Shell& shell)
         shell.prompts.ChooseFolder(u"Specify the folder for gfxboot extracting"_s);
     if (folder.isEmpty())
         return;
-    const Result<void> done = extractTo(shell, shortForm(archive), shortForm(folder));
-    if (!done)
-        tell(shell, done.failure());
+    (void)shell.told(extractTo(shell, shortForm(archive), shortForm(folder)));
 }
 
 void mnuEdit_Assemble(const Shell& shell)
@@ -190,9 +181,7 @@ void mnuT_GZip_Extract(const Shell& shell)
                              u"gZip-files (*.gz)|*.gz|All files (*.*)|*.*|"_s, QDir::homePath());
     if (file.isEmpty() || !shell.toolThere(shell.run.Tool7Zip))
         return;
-    const Result<void> done = unwrapBeside(shell, shortForm(file));
-    if (!done)
-        tell(shell, done.failure());
+    (void)shell.told(unwrapBeside(shell, shortForm(file)));
 }
 
 void mnuT_GZip_Pack(const Shell& shell)
@@ -209,7 +198,7 @@ void mnuT_GZip_Pack(const Shell& shell)
     const Result<QString> packed =
         SevenZipPack(shell, shortForm(file), shell.run.WorkspaceRoot, {});
     if (!packed) {
-        tell(shell, packed.failure());
+        (void)shell.tell(packed.failure());
         return;
     }
     (void)shell.told(shell.files.replaceWhole(*packed, target));

@@ -23,12 +23,6 @@ Failure reasonOf(const Shell& shell, const Result<void>& ran, const QString& mis
     return {FailureKind::ToolFailed, (said.isEmpty() ? missing : said).toStdString()};
 }
 
-// No text: toolThere() has told the user already, and callers tell nothing twice.
-Failure toolMissing()
-{
-    return {FailureKind::ToolFailed, {}};
-}
-
 // The name behind the last "Testing     " of the report. Lines end at a line end or at a comma.
 QString testedName(QByteArray report)
 {
@@ -47,8 +41,8 @@ QString testedName(QByteArray report)
 Result<void> CpioInfoExtract(const Shell& shell, const QString& archive, const QString& folder)
 {
     const QString& tool = shell.run.ToolCpio;
-    if (!shell.toolThere(tool))
-        return toolMissing();
+    if (Result<void> there = shell.toolThere(tool); !there)
+        return there;
     const QString list = withSeparator(folder) + memberListName;
     // What the tool should leave is removed first, or an older one would pass for its work.
     if (Result<void> removed = shell.files.remove(list); !removed)
@@ -69,8 +63,8 @@ Result<void> CpioInfoExtract(const Shell& shell, const QString& archive, const Q
 Result<void> CpioAssemble(const Shell& shell, const QString& archive, const QString& folder)
 {
     const QString& tool = shell.run.ToolCpio;
-    if (!shell.toolThere(tool))
-        return toolMissing();
+    if (Result<void> there = shell.toolThere(tool); !there)
+        return there;
     if (Result<void> removed = shell.files.remove(archive); !removed)
         return removed;
     Result<void> ran = shell.tools.RunToolAndWait(
@@ -109,8 +103,8 @@ Result<QString> SevenZipPack(const Shell& shell, const QString& input, const QSt
                              const QString& outputName)
 {
     const QString& tool = shell.run.Tool7Zip;
-    if (!shell.toolThere(tool))
-        return toolMissing();
+    if (const Result<void> there = shell.toolThere(tool); !there)
+        return there.failure();
     const QString standard = withSeparator(outputFolder) + QStringLiteral("#message.gz");
     const QString output =
         outputName.isEmpty() ? standard : withSeparator(outputFolder) + outputName;

@@ -41,12 +41,12 @@ Result<void> deliver(const Shell& shell)
 
 void tellNotSaved(const Shell& shell, const Failure& failure)
 {
-    // A missing tool was told already.
-    if (failure.text.empty())
-        return;
-    shell.prompts.ShowMessage(QStringLiteral("%1 was not saved. The old file is as it was.\n\n%2")
-                                  .arg(shell.run.GfxFileName, QString::fromStdString(failure.text)),
-                              MessageType::Stop, QStringLiteral("ERROR"));
+    (void)shell.tell(failure, [&](const QString& reason) {
+        shell.prompts.ShowMessage(
+            QStringLiteral("%1 was not saved. The old file is as it was.\n\n%2")
+                .arg(shell.run.GfxFileName, reason),
+            MessageType::Stop, QStringLiteral("ERROR"));
+    });
 }
 
 struct SaveTarget {

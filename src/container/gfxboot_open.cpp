@@ -24,7 +24,7 @@ constexpr std::array<Step, 9> fillSteps = {Step::Menus,       Step::Members, Ste
 Failure aboutFile(const Failure& failure, const QString& archive, const QString& path)
 {
     QString text = QString::fromStdString(failure.text);
-    return {failure.kind, text.replace(archive, path).toStdString()};
+    return {failure.kind, text.replace(archive, path).toStdString(), failure.told};
 }
 
 // Unwraps and extracts `path` into an empty folder. True if it was wrapped.
@@ -39,7 +39,7 @@ Result<bool> extract(const Shell& shell, const QString& path, const QString& fol
     if (!extracted && !inner)
         return inner.failure();
     // A tool that is missing was told; what an earlier run left in the folder may still serve.
-    if (!extracted && !extracted.failure().text.empty())
+    if (!extracted && !extracted.failure().told)
         return aboutFile(extracted.failure(), archive, path);
     return wrapped;
 }

@@ -51,11 +51,12 @@ void tellFailure(const Shell& shell, const Failure& failure)
 {
     // NotFound means here: a font came out that has no character.
     const bool empty = failure.kind == FailureKind::NotFound;
-    QString text =
+    const QString text =
         empty ? u"ERROR. The character set is empty"_s : u"ERROR. File could not be created"_s;
-    if (!failure.text.empty())
-        text += u'\n' + QString::fromStdString(failure.text);
-    shell.prompts.ShowMessage(text, MessageType::Ok, errorTitle);
+    (void)shell.tell(failure, [&](const QString& reason) {
+        shell.prompts.ShowMessage(reason.isEmpty() ? text : text + u'\n' + reason, MessageType::Ok,
+                                  errorTitle);
+    });
 }
 
 // Puts the tag behind the tool's output; a part of it must not stay.
@@ -77,15 +78,15 @@ Result<void> keepFirstFont(const Shell& shell)
     return shell.files.replaceWhole(first, inWorkspace(shell, fontBackupFile));
 }
 
-// Makes the file a member. The failure has no text if the user knows already.
+// Makes the file a member.
 Result<void> registerMember(const Shell& shell, FileSteps& steps, const QString& name)
 {
     const QString list = inWorkspace(shell, memberListName);
     Result<void> saved = steps.save(list);
     if (!saved)
         return saved;
-    if (!RebuildMemberList(shell, name))
-        return Failure{FailureKind::Io, {}};
+    if (Result<void> rebuilt = RebuildMemberList(shell, name); !rebuilt)
+        return rebuilt;
     // A name that no pattern fits is taken in by no rebuilding, and kept at the end by each.
     return isListed(shell.run.Workspace, name) ? Result<void>()
                                                : shell.files.append(list, name.toUtf8() + "\r\n");
@@ -201,9 +202,8 @@ Result<void> BuildFont(const Shell& shell, const CharSelected& set, const FontCh
         shell.files.remove(output); // an earlier run's must not pass for this one's
     if (!removed)
         return removed;
-    // No text: the user has been told.
-    if (!shell.toolThere(shell.run.ToolMkFont))
-        return Failure{FailureKind::ToolFailed, {}};
+    if (Result<void> there = shell.toolThere(shell.run.ToolMkFont); !there)
+        return there;
     const Result<void> run =
         shell.tools.RunToolAndWait(fontMakerCommand(shell, set, choice, logPixelsY));
     if (!run || !FileExists(output)) {
@@ -250,8 +250,10 @@ std::optional<FontChange> ChangeFont(const Shell& shell, const FontState& fonts,
             : installChanged(shell, row != nullptr ? row->text().trimmed() : QString());
     if (!component) {
         (void)shell.files.remove(inWorkspace(shell, newFontFile));
-        if (!component.failure().text.empty())
-            tellFailure(shell, {FailureKind::Io, component.failure().text});
+        // Whatever its kind, it is not that the font has no character.
+        Failure failure = component.failure();
+        failure.kind = FailureKind::Io;
+        tellFailure(shell, failure);
         return std::nullopt;
     }
     return FontChange{*choice, *component};

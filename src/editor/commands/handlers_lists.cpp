@@ -252,9 +252,8 @@ void deleteAll(MainWindow& window)
         if (!shell.told(steps.remove(shell.run.Workspace + name)))
             return;
     }
-    // RebuildMemberList() tells its failure itself.
     if (!shell.told(steps.save(shell.run.Workspace + memberListName)) ||
-        !RebuildMemberList(shell, {}))
+        !shell.told(RebuildMemberList(shell, {})))
         return;
     steps.keep();
     membersChanged(window, {});
