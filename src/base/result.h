@@ -17,6 +17,7 @@ enum class FailureKind {
     TooLarge,     // above a limit of ours (a named constant), such as an archive bomb
     Unsupported,  // well-formed, but nothing that this program handles
     ToolFailed,   // an external program did not start, crashed, or left no result
+    Canceled,     // the user called it off; no fault
     Io,           // any other error of the system
 };
 

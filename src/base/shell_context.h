@@ -24,12 +24,16 @@ struct Shell {
     // The log's line for an error: the number is that of the kind, from 1.
     void logFailure(const Failure& failure) const;
     // Shows the failure to the user in words of the caller's own, once: the result counts as told.
-    // `show` is not called for one that was told before.
+    // `show` is not called for one that was told before, nor for what the user called off, which is
+    // told in the same words everywhere.
     template <class Show>
     Failure tell(Failure failure, Show show) const
     {
-        if (!failure.told)
-            show(QString::fromStdString(failure.text));
+        const QString text = QString::fromStdString(failure.text);
+        if (!failure.told && failure.kind == FailureKind::Canceled)
+            prompts.ShowMessage(text);
+        else if (!failure.told)
+            show(text);
         failure.told = true;
         return failure;
     }

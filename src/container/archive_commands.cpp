@@ -159,7 +159,9 @@ void mnuEdit_Assemble(const Shell& shell)
     if (chosen.isEmpty())
         return;
     const QString folder = shortForm(chosen);
-    if (!FileExists(withSeparator(folder) + memberListName)) {
+    const QString list = withSeparator(folder) + memberListName;
+    const bool listed = FileExists(list);
+    if (!listed) {
         shell.prompts.ShowMessage(u"Additional Gfxboot info-file is absent.\n"
                                   "Will be assembled all the files from the folder\n"
                                   "Specified folder: "_s +
@@ -170,9 +172,10 @@ void mnuEdit_Assemble(const Shell& shell)
     const QString made = shell.run.WorkspaceRoot + assembledName;
     const Result<void> assembled = CpioAssemble(shell, made, folder);
     if (assembled)
-        saveAssembled(shell, made, folder);
-    else
-        tellCpioError(shell, assembled.failure());
+        return saveAssembled(shell, made, folder);
+    if (!listed && assembled.failure().kind == FailureKind::Canceled)
+        (void)shell.files.remove(list);
+    tellCpioError(shell, assembled.failure());
 }
 
 void mnuT_GZip_Extract(const Shell& shell)

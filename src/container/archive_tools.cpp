@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "container/archive_tools.h"
 
+#include "base/tool_output.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
 
@@ -69,6 +70,8 @@ Result<void> CpioAssemble(const Shell& shell, const QString& archive, const QStr
         return removed;
     Result<void> ran = shell.tools.RunToolAndWait(
         {tool, QStringLiteral("ASSM"), archive, folder, memberListName, suffix});
+    if (!ran)
+        dropOutput(shell.files, archive);
     if (!FileExists(archive))
         return reasonOf(shell, ran, QStringLiteral("CPIO Error"));
     return ran;
@@ -112,11 +115,10 @@ Result<QString> SevenZipPack(const Shell& shell, const QString& input, const QSt
         return removed.failure();
     const Result<void> ran =
         shell.tools.RunToolAndWait({tool, QStringLiteral("ASSM"), input, output, suffix});
+    if (!ran)
+        dropOutput(shell.files, output);
     if (!FileExists(output))
         return reasonOf(shell, ran, QStringLiteral("7-Zip Error"));
-    // What a tool left that was stopped or crashed may be a part of the file.
-    if (!ran)
-        return ran.failure();
     // The standard name whatever was asked for: only callers that gave no name use it.
     return standard;
 }

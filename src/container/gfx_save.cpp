@@ -22,7 +22,10 @@ Result<QString> buildMessage(const Shell& shell)
         return assembled.failure();
     if (!shell.run.GfxIsGz)
         return archive;
-    return SevenZipPack(shell, archive, folder, {});
+    Result<QString> packed = SevenZipPack(shell, archive, folder, {});
+    if (!packed)
+        (void)shell.files.remove(archive);
+    return packed;
 }
 
 // Puts the built file in its place. It stays in the Workspace if that fails.

@@ -3,6 +3,7 @@
 
 #include "base/file_steps.h"
 #include "base/text.h"
+#include "base/tool_output.h"
 #include "container/member_list.h"
 #include "fonts/fnt_bytes.h"
 #include "fonts/fnt_codec.h"
@@ -42,7 +43,8 @@ QString inWorkspace(const Shell& shell, const QString& name)
 QString toolReason(const Shell& shell, const Result<void>& run)
 {
     QString said = shell.tools.lastErrorOutput();
-    if (!said.isEmpty())
+    const bool canceled = !run && run.failure().kind == FailureKind::Canceled;
+    if (!said.isEmpty() && !canceled)
         return said;
     return run ? QString() : QString::fromStdString(run.failure().text);
 }
@@ -207,8 +209,9 @@ Result<void> BuildFont(const Shell& shell, const CharSelected& set, const FontCh
     const Result<void> run =
         shell.tools.RunToolAndWait(fontMakerCommand(shell, set, choice, logPixelsY));
     if (!run || !FileExists(output)) {
-        (void)shell.files.remove(output);
-        return Failure{FailureKind::ToolFailed, toolReason(shell, run).toStdString()};
+        dropOutput(shell.files, output);
+        const FailureKind kind = run ? FailureKind::ToolFailed : run.failure().kind;
+        return Failure{kind, toolReason(shell, run).toStdString()};
     }
     Result<void> tagged = appendTag(shell, output, choice);
     if (!tagged)

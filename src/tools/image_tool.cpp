@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/image_tool.h"
 
+#include "base/tool_output.h"
 #include "tools/picture_limits.h"
 
 #include <QBuffer>
@@ -53,7 +54,7 @@ Result<void> runPictureTool(const Shell& shell, const QStringList& arguments, co
     Result<void> run = shell.tools.RunToolAndWait(QStringList{shell.run.ToolNConvert} + arguments +
                                                   QStringList{u",0"_s});
     if (!run) {
-        (void)shell.files.remove(output);
+        dropOutput(shell.files, output);
         return run;
     }
     if (FileExists(output))
@@ -81,13 +82,13 @@ Result<void> runClipboardTool(const Shell& shell, const QStringList& arguments,
     return made;
 }
 
-bool toldTool(const Shell& shell, const QString& text, const Result<void>& made)
+Result<void> toldTool(const Shell& shell, const QString& text, const Result<void>& made)
 {
-    if (!made)
-        (void)shell.tell(made.failure(), [&](const QString& reason) {
-            shell.prompts.ShowMessage(reason.isEmpty() ? text : text + u'\n' + reason);
-        });
-    return made.ok();
+    if (made)
+        return made;
+    return shell.tell(made.failure(), [&](const QString& reason) {
+        shell.prompts.ShowMessage(reason.isEmpty() ? text : text + u'\n' + reason);
+    });
 }
 
 bool BackToXpm(const Shell& shell)
@@ -106,7 +107,7 @@ bool BackToXpm(const Shell& shell)
         {u"-overwrite"_s, u"-blur"_s, u"25"_s, u"-colors"_s, u"14"_s, u"-out"_s, u"xpm"_s,
          u"-resize"_s, u"640"_s, u"480"_s, u"-dpi"_s, u"72"_s, u"-o"_s, output, shell.run.BackFile},
         output);
-    return toldTool(shell, toolErrorMessage, made);
+    return toldTool(shell, toolErrorMessage, made).ok();
 }
 
 bool XpmToGif(const Shell& shell)
@@ -119,7 +120,7 @@ bool XpmToGif(const Shell& shell)
                                              {u"-overwrite"_s, u"-out"_s, u"gif"_s, u"-o"_s, output,
                                               shell.run.WorkspaceRoot + splashXpmName},
                                              output);
-    return toldTool(shell, toolErrorMessage, made);
+    return toldTool(shell, toolErrorMessage, made).ok();
 }
 
 bool CreateIco(const Shell& shell, const QString& folder, const QString& name)
@@ -173,15 +174,15 @@ bool PictureFromClipboard(const Shell& shell, const PictureClipboard& clipboard)
                           u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s, u"-o"_s,
                           shell.run.WorkspaceRoot + clipboardJpgName},
                          clipboard);
-    return toldTool(shell, emptyClipboardMessage, made);
+    return toldTool(shell, emptyClipboardMessage, made).ok();
 }
 
-bool ResizeJpg(const Shell& shell, int width, int height, const QString& source,
-               const QString& target)
+Result<void> ResizeJpg(const Shell& shell, int width, int height, const QString& source,
+                       const QString& target)
 {
     shell.WriteLog(u"      ncovert.resize: "_s + source);
-    if (!shell.toolThere(shell.run.ToolNConvert))
-        return false;
+    if (Result<void> there = shell.toolThere(shell.run.ToolNConvert); !there)
+        return there;
     Result<void> made =
         Failure{FailureKind::Unsupported,
                 (u"A picture cannot be resized into its own file: "_s + source).toStdString()};

@@ -47,9 +47,9 @@ bool CreateJpg(const Shell& shell, const QString& file);
 // The clipboard's picture as Clipboard.jpg.
 bool PictureFromClipboard(const Shell& shell, const PictureClipboard& clipboard);
 // The picture `source` as a JPEG of width x height pixels; a height of 0 keeps the proportions.
-// Source and target must be two files. True if the target is there.
-bool ResizeJpg(const Shell& shell, int width, int height, const QString& source,
-               const QString& target);
+// Source and target must be two files. Failures are told.
+Result<void> ResizeJpg(const Shell& shell, int width, int height, const QString& source,
+                       const QString& target);
 // A command that is planned and only says so. An empty folder means the Workspace.
 void FileEditPlanned(const Shell& shell, const QString& name, const QString& folder);
 
@@ -62,8 +62,8 @@ Result<void> runPictureTool(const Shell& shell, const QStringList& arguments,
 Result<void> runClipboardTool(const Shell& shell, const QStringList& arguments,
                               const PictureClipboard& clipboard);
 
-// Tells a failure as this message, with its reason in a line below; true if there was none.
-bool toldTool(const Shell& shell, const QString& text, const Result<void>& made);
+// Tells a failure as this message, with its reason in a line below, and passes it on.
+Result<void> toldTool(const Shell& shell, const QString& text, const Result<void>& made);
 
 inline const QString emptyClipboardMessage =
     QStringLiteral("Perhaps the Clipboard is empty or contains no image data.");

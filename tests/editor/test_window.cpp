@@ -15,6 +15,7 @@
 
 #include <QDialog>
 #include <QLabel>
+#include <QMenuBar>
 #include <QScreen>
 #include <QTest>
 #include <QTreeView>
@@ -102,7 +103,7 @@ TEST(Window, OpensAGzippedMessageOfDebian)
     Story w;
     const QByteArray archive = bytesOf(debian);
     w.open(w.shell.file(u"my message.gz"_s, runProgram(u"gzip"_s, {u"-9c"_s}, {}, archive).out));
-    ASSERT_TRUE(w.shell.run.GfxOpened && w.shell.run.GfxIsGz && w.window.isEnabled());
+    ASSERT_TRUE(w.shell.run.GfxOpened && w.shell.run.GfxIsGz && w.window.area().isEnabled());
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
     EXPECT_EQ(w.window.windowTitle(), prefix + u"my message.gz"_s);
     EXPECT_EQ(
@@ -122,7 +123,7 @@ TEST(Window, AFileThatIsNoneLeavesTheWindowUsableAndTheTitleTrue)
     Story w;
     w.open(smallFile(w, u"good"_s));
     w.open(w.shell.file(u"bad"_s, "no archive"), u"ERROR. File back.jpg not found!"_s);
-    EXPECT_TRUE(w.window.isEnabled());
+    EXPECT_TRUE(w.window.area().isEnabled() && w.window.menuBar()->isEnabled());
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
     EXPECT_TRUE(w.shell.run.InterfaceReady);
     EXPECT_EQ(w.window.windowTitle(), prefix + u"good"_s);

@@ -69,7 +69,7 @@ StageData StageLink::stageData()
             bench.params.MenuSlit,
             *this,
             [&shell](int width, int height, const QString& source, const QString& target) {
-                (void)ResizeJpg(shell, width, height, source, target);
+                return ResizeJpg(shell, width, height, source, target);
             }};
 }
 
