@@ -204,8 +204,9 @@ Result<void> BuildFont(const Shell& shell, const CharSelected& set, const FontCh
         shell.files.remove(output); // an earlier run's must not pass for this one's
     if (!removed)
         return removed;
-    if (Result<void> there = shell.toolThere(shell.run.ToolMkFont); !there)
-        return there;
+    // Told by its path there; that no font was made is told behind it, as after any failure.
+    if (!shell.toolThere(shell.run.ToolMkFont))
+        return Failure{FailureKind::ToolFailed, {}};
     const Result<void> run =
         shell.tools.RunToolAndWait(fontMakerCommand(shell, set, choice, logPixelsY));
     if (!run || !FileExists(output)) {
