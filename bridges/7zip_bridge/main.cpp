@@ -116,7 +116,7 @@ Result<void> assemble(const std::string& input, const std::string& output)
         gzipCompress(file->bytes, baseName(input), file->mtime);
     if (!packed)
         return about(input, packed.failure());
-    return writeWholeFile(output, *packed);
+    return writeWhole(output, *packed);
 }
 
 Result<void> run(const std::vector<std::string>& arguments)

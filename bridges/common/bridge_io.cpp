@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "common/bridge_io.h"
 
-#include "base/failure_kind.h"
-
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
-#include <fcntl.h>
 #include <limits>
 #include <unistd.h>
 
@@ -15,49 +11,11 @@ namespace fennel {
 
 namespace {
 
-constexpr mode_t newFileMode = 0666; // less the user's umask, as every new file
-
 // Archives keep times in 32 bits without sign; others are cut to the ends.
 std::uint32_t seconds(const struct stat& info)
 {
     constexpr std::int64_t most = std::numeric_limits<std::uint32_t>::max();
     return static_cast<std::uint32_t>(std::clamp<std::int64_t>(info.st_mtim.tv_sec, 0, most));
-}
-
-bool writeAll(int file, std::span<const std::uint8_t> bytes)
-{
-    // A write may be short or interrupted without being wrong.
-    while (!bytes.empty()) {
-        const ssize_t done = ::write(file, bytes.data(), bytes.size());
-        if (done < 0 && errno == EINTR)
-            continue;
-        if (done <= 0)
-            return false;
-        bytes = bytes.subspan(static_cast<std::size_t>(done));
-    }
-    return true;
-}
-
-// Reads until the end or until `bytes` is full; the number of bytes read, -1 on an error.
-ssize_t readAll(int file, std::span<std::uint8_t> bytes)
-{
-    std::size_t total = 0;
-    while (total < bytes.size()) {
-        const ssize_t done = ::read(file, bytes.data() + total, bytes.size() - total);
-        if (done < 0 && errno == EINTR)
-            continue;
-        if (done < 0)
-            return -1;
-        if (done == 0)
-            break;
-        total += static_cast<std::size_t>(done);
-    }
-    return static_cast<ssize_t>(total);
-}
-
-Failure tooLarge(const std::string& path, std::size_t limit)
-{
-    return {FailureKind::TooLarge, path + ": larger than " + std::to_string(limit >> 20U) + " MB"};
 }
 
 // The folder of "/name" is "/".
@@ -71,25 +29,6 @@ std::string parentOf(const std::string& path)
 
 } // namespace
 
-Descriptor& Descriptor::operator=(Descriptor&& other) noexcept
-{
-    std::swap(m_number, other.m_number);
-    return *this;
-}
-
-bool Descriptor::close()
-{
-    const int number = std::exchange(m_number, -1);
-    return number < 0 || ::close(number) == 0;
-}
-
-Failure systemFailure(const std::string& path)
-{
-    // Taken first, before anything can change it.
-    const int error = errno;
-    return {failureKindOf(error), path + ": " + std::strerror(error)};
-}
-
 Failure about(const std::string& what, Failure failure)
 {
     failure.text = what + ": " + failure.text;
@@ -98,35 +37,23 @@ Failure about(const std::string& what, Failure failure)
 
 Result<WholeFile> readWholeFile(int at, const std::string& path, std::size_t limit)
 {
-    // Without O_NONBLOCK the open of a pipe would wait for a writer for ever.
-    const Descriptor file(::openat(at, path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    struct stat info {};
-    if (!file.valid() || ::fstat(file.get(), &info) != 0)
-        return systemFailure(path);
-    // Devices and pipes have no size and perhaps no end.
-    if (!S_ISREG(info.st_mode))
-        return Failure{FailureKind::Unsupported, path + ": no plain file"};
-    if (static_cast<std::uint64_t>(info.st_size) > limit)
-        return tooLarge(path, limit);
-    WholeFile whole{{}, seconds(info), info.st_dev, info.st_ino};
-    // One byte of room more than the size shows a file that grows meanwhile, or tells no size.
-    whole.bytes.resize(static_cast<std::size_t>(info.st_size) + 1);
-    const ssize_t size = readAll(file.get(), whole.bytes);
-    if (size < 0)
-        return systemFailure(path);
-    if (static_cast<std::size_t>(size) == whole.bytes.size())
-        return Failure{FailureKind::Io, path + ": changes while it is read"};
-    whole.bytes.resize(static_cast<std::size_t>(size));
+    WholeFile whole;
+    const Result<struct stat> facts = readWhole(path, limit, whole.bytes, at);
+    if (!facts)
+        return facts.failure();
+    whole.mtime = seconds(*facts);
+    whole.device = facts->st_dev;
+    whole.inode = facts->st_ino;
     return whole;
 }
 
 Result<OutputFolder> OutputFolder::open(const std::string& path)
 {
     OutputFolder folder;
-    folder.m_folder = Descriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    folder.m_folder = openFile(path, O_RDONLY | O_DIRECTORY);
     folder.m_path = path;
     if (!folder.m_folder.valid())
-        return systemFailure(path);
+        return systemFailure("open the folder", path, errno);
     return folder;
 }
 
@@ -141,12 +68,11 @@ Result<void> OutputFolder::replaceFile(const std::string& name, std::span<const 
     const int at = m_folder.get();
     // Removed and made anew: writing into the old file would write through a link.
     if (::unlinkat(at, name.c_str(), 0) != 0 && errno != ENOENT)
-        return systemFailure(pathOf(name));
+        return systemFailure("replace", pathOf(name), errno);
     // O_EXCL also refuses a link that someone put there since.
-    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-    Descriptor file(::openat(at, name.c_str(), flags, newFileMode));
+    Descriptor file = openFile(name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, at);
     if (!file.valid())
-        return systemFailure(pathOf(name));
+        return systemFailure("write", pathOf(name), errno);
     bool good = writeAll(file.get(), bytes);
     if (good && mtime != nullptr) {
         const timespec times[2] = {{0, UTIME_OMIT}, {static_cast<time_t>(*mtime), 0}};
@@ -157,7 +83,7 @@ Result<void> OutputFolder::replaceFile(const std::string& name, std::span<const 
     good = good && file.close();
     if (good)
         return {};
-    Failure failure = systemFailure(pathOf(name));
+    Failure failure = systemFailure("write", pathOf(name), errno);
     remove(name);
     return failure;
 }
@@ -183,26 +109,6 @@ bool OutputFolder::holds(const std::string& path) const
     struct stat other {};
     return ::fstat(m_folder.get(), &mine) == 0 && ::stat(parentOf(path).c_str(), &other) == 0 &&
            mine.st_dev == other.st_dev && mine.st_ino == other.st_ino;
-}
-
-Result<void> writeWholeFile(const std::string& path, std::span<const std::uint8_t> bytes)
-{
-    // The output appears whole or not at all.
-    const std::string part = path + "." + std::to_string(::getpid()) + ".part";
-    Descriptor file(
-        ::open(part.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, newFileMode));
-    if (!file.valid())
-        return systemFailure(part);
-    if (writeAll(file.get(), bytes) && file.close() && ::rename(part.c_str(), path.c_str()) == 0)
-        return {};
-    Failure failure = systemFailure(path);
-    removeFile(part);
-    return failure;
-}
-
-void removeFile(const std::string& path)
-{
-    (void)::unlink(path.c_str());
 }
 
 std::string baseName(const std::string& path)

@@ -161,7 +161,7 @@ Result<void> assemble(const Call& call)
     const Result<std::vector<std::uint8_t>> archive = writeCpio(members);
     if (!archive)
         return about(folder->pathOf(call.list), archive.failure());
-    return writeWholeFile(call.archive, *archive);
+    return writeWhole(call.archive, *archive);
 }
 
 Result<void> run(const std::vector<std::string>& arguments)

@@ -7,20 +7,17 @@
 // folders, or a path; SIZE in pixels; SPACE the width of the blank, LINE and LETTER what is added
 // to the line height and to every advance. On failure there is no output, one sentence on standard
 // error, and the exit code is 1.
+#include "base/posix_file.h"
 #include "font_search.h"
 #include "fonts/char_ranges.h"
 #include "fonts/fnt_codec.h"
 #include "rasterise.h"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <exception>
-#include <fstream>
 #include <span>
 #include <string>
 
@@ -95,22 +92,6 @@ Result<FontOrder> readOrder(std::span<char*> arguments)
     return order;
 }
 
-// Under another name first, so that a full disk leaves nothing that looks like a font.
-Result<void> writeFile(const std::string& path, const std::vector<std::uint8_t>& bytes)
-{
-    const std::string part = path + "." + std::to_string(::getpid());
-    errno = 0;
-    std::ofstream file(part, std::ios::binary);
-    file.write(reinterpret_cast<const char*>(bytes.data()),
-               static_cast<std::streamsize>(bytes.size()));
-    file.close();
-    if (file && std::rename(part.c_str(), path.c_str()) == 0)
-        return {};
-    const std::string reason = std::strerror(errno);
-    std::remove(part.c_str());
-    return Failure{FailureKind::Io, "Cannot write " + path + ": " + reason + "."};
-}
-
 Result<void> makeFont(std::span<char*> arguments)
 {
     // All arguments are checked before the font is looked for, which takes longer.
@@ -125,7 +106,7 @@ Result<void> makeFont(std::span<char*> arguments)
     if (!font)
         return font.failure();
     const Result<std::vector<std::uint8_t>> bytes = encodeFnt(*font);
-    return bytes ? writeFile(arguments[Output], *bytes) : bytes.failure();
+    return bytes ? writeWhole(arguments[Output], *bytes) : bytes.failure();
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "base/build_time.h"
 #include "editor/window/main_window.h"
 #include "editor/window/qt_prompts.h"
+#include "editor/window/window_progress.h"
 #include "fonts/installed_fonts.h"
 
 #include <QApplication>
@@ -58,6 +59,7 @@ int main(int argc, char** argv)
     workbench.fontSettings.defaultFontName = DefaultFontName(workbench.shell, installedFontList());
     MainWindow window(workbench);
     prompts.setParent(&window);
+    tools.showIn(window.progress());
     QObject::connect(&instance, &SingleInstance::raiseRequested, &window,
                      [&window](const QString& token) { raiseWindow(window, token); });
     log.WriteLog(QStringLiteral("Form_Load End"));

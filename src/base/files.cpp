@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "base/files.h"
 
-#include "base/failure_kind.h"
+#include "base/posix_file.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
@@ -21,80 +19,20 @@ namespace fs = std::filesystem;
 
 namespace {
 
+std::string nameOf(const QString& path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+
 Failure systemFailure(const char* verb, const QString& path, int error)
 {
-    return {failureKindOf(error), "Cannot " + std::string(verb) + " " + path.toStdString() + ": " +
-                                      std::strerror(error) + "."};
+    return fennel::systemFailure(verb, path.toStdString(), error);
 }
 
-// A file descriptor that closes itself.
-class Descriptor {
-public:
-    Descriptor(const QString& path, int flags, mode_t mode = 0666)
-        : m_fd(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, mode))
-    {
-    }
-    ~Descriptor()
-    {
-        if (m_fd >= 0)
-            ::close(m_fd);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    [[nodiscard]] int fd() const { return m_fd; }
-
-private:
-    int m_fd;
-};
-
-constexpr qint64 readStep = 64LL * 1024; // bytes, of a file that claims to be shorter
-
-// At most `most` bytes from the start of a file. QFile::read() sets aside all that it is asked for,
-// so it is asked for what the file claims to have, and again for as long as more comes.
-QByteArray upTo(qint64 most, QFile& file)
+std::span<const std::uint8_t> spanOf(const QByteArray& bytes)
 {
-    const qint64 step = std::max(file.size() + 1, readStep);
-    QByteArray bytes;
-    while (bytes.size() < most) {
-        QByteArray part(std::min(step, most - bytes.size()), Qt::Uninitialized);
-        const qint64 got = file.read(part.data(), part.size());
-        if (got <= 0)
-            break;
-        part.truncate(got);
-        bytes += part;
-    }
-    return bytes;
-}
-
-// Without `sync` the bytes may still be in the system's cache when this returns: good enough for
-// working files, not for the file that replaces the user's only copy.
-Result<void> writeAll(const QString& path, int flags, const QByteArray& bytes, bool sync)
-{
-    const Descriptor file(path, flags);
-    if (file.fd() < 0)
-        return systemFailure("write", path, errno);
-    qsizetype done = 0;
-    while (done < bytes.size()) {
-        const ssize_t n =
-            ::write(file.fd(), bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
-        // A write may be short or interrupted without being wrong.
-        if (n < 0 && errno != EINTR)
-            return systemFailure("write", path, errno);
-        if (n > 0)
-            done += n;
-    }
-    if (sync && ::fsync(file.fd()) != 0)
-        return systemFailure("write", path, errno);
-    return {};
-}
-
-// A rename is safe against a power cut only once its folder is synced too. A failure is not told:
-// the new file is in place already.
-void syncFolder(const QString& folder)
-{
-    const Descriptor file(folder, O_RDONLY | O_DIRECTORY);
-    if (file.fd() >= 0)
-        ::fsync(file.fd());
+    return {reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+            static_cast<std::size_t>(bytes.size())};
 }
 
 // Makes the folder `target` and runs `step` (which returns an errno) on each plain file of `source`
@@ -126,29 +64,21 @@ QString withoutSeparator(const QString& path)
     return path.endsWith(QLatin1Char('/')) && path.size() > 1 ? path.chopped(1) : path;
 }
 
-// What a chain of links ends in; the path itself if it is no link.
-QString linkTarget(const QString& path)
-{
-    std::error_code error;
-    const auto real = std::filesystem::weakly_canonical(path.toStdString(), error);
-    return error ? path : QString::fromStdString(real.string());
-}
-
 } // namespace
 
 Result<void> DiskFiles::write(const QString& path, const QByteArray& bytes)
 {
-    return writeAll(path, O_WRONLY | O_CREAT | O_TRUNC, bytes, false);
+    return writeFile(nameOf(path), O_WRONLY | O_CREAT | O_TRUNC, spanOf(bytes));
 }
 
 Result<void> DiskFiles::append(const QString& path, const QByteArray& bytes)
 {
-    return writeAll(path, O_WRONLY | O_CREAT | O_APPEND, bytes, false);
+    return writeFile(nameOf(path), O_WRONLY | O_CREAT | O_APPEND, spanOf(bytes));
 }
 
 Result<void> DiskFiles::overwriteStart(const QString& path, const QByteArray& bytes)
 {
-    return writeAll(path, O_WRONLY | O_CREAT, bytes, false);
+    return writeFile(nameOf(path), O_WRONLY | O_CREAT, spanOf(bytes));
 }
 
 Result<void> DiskFiles::copy(const QString& source, const QString& target)
@@ -223,11 +153,11 @@ Result<void> DiskFiles::makePrivateFolder(const QString& path)
     if (::mkdir(QFile::encodeName(bare).constData(), 0700) != 0 && errno != EEXIST)
         return systemFailure("make the folder", path, errno);
     // The owner is asked of the opened folder, not of the name, which might change in between.
-    const Descriptor folder(bare, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+    const Descriptor folder = openFile(nameOf(bare), O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
     struct stat facts = {};
-    if (folder.fd() < 0 || ::fstat(folder.fd(), &facts) != 0 || facts.st_uid != ::geteuid())
+    if (!folder.valid() || ::fstat(folder.get(), &facts) != 0 || facts.st_uid != ::geteuid())
         return systemFailure("use the folder", path, EPERM);
-    if ((facts.st_mode & 07777) != 0700 && ::fchmod(folder.fd(), 0700) != 0)
+    if ((facts.st_mode & 07777) != 0700 && ::fchmod(folder.get(), 0700) != 0)
         return systemFailure("use the folder", path, errno);
     return {};
 }
@@ -246,35 +176,7 @@ Result<void> DiskFiles::replaceWhole(const QString& source, const QString& targe
     const Result<QByteArray> bytes = readBytes(source);
     if (!bytes)
         return bytes.failure();
-    const QString real = linkTarget(target);
-    if (FolderExists(real))
-        return systemFailure("write", target, EISDIR);
-    // Beside the target, since only a rename within one file system is a single step, under a name
-    // that is short enough everywhere. The process id keeps two copies of the program apart.
-    const QString beside = folderPart(real) + QStringLiteral(".fennel-gfx.%1.new").arg(::getpid());
-    struct stat old = {};
-    const bool existed = ::stat(QFile::encodeName(real).constData(), &old) == 0;
-    // A rename would replace a write-protected file without asking, as it needs rights on the
-    // folder only.
-    if (existed && ::access(QFile::encodeName(real).constData(), W_OK) != 0)
-        return systemFailure("write", target, errno);
-    Result<void> done = writeAll(beside, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, *bytes, true);
-    if (done && existed && ::chmod(QFile::encodeName(beside).constData(), old.st_mode & 07777) != 0)
-        done = systemFailure("set the permissions of", beside, errno);
-    // An ordinary user cannot give files away (EPERM): the file then belongs to whoever saves it.
-    if (done && existed &&
-        ::chown(QFile::encodeName(beside).constData(), old.st_uid, old.st_gid) != 0 &&
-        errno != EPERM)
-        done = systemFailure("set the owner of", beside, errno);
-    if (done &&
-        ::rename(QFile::encodeName(beside).constData(), QFile::encodeName(real).constData()) != 0)
-        done = systemFailure("replace", target, errno);
-    if (!done) {
-        ::unlink(QFile::encodeName(beside).constData());
-        return done;
-    }
-    syncFolder(folderPart(real));
-    return {};
+    return fennel::replaceWhole(nameOf(target), spanOf(*bytes));
 }
 
 bool FileExists(const QString& path)
@@ -314,18 +216,10 @@ qint64 fileSize(const QString& path)
 
 Result<QByteArray> readBytes(const QString& path, qint64 limit)
 {
-    QFile file(path);
-    errno = 0;
-    if (!file.open(QIODevice::ReadOnly))
-        return systemFailure("read", path, errno != 0 ? errno : EISDIR);
-    // One byte more than allowed tells a file that is too large from one that just fits.
-    const QByteArray bytes = upTo(limit + 1, file);
-    if (file.error() != QFileDevice::NoError)
-        return systemFailure("read", path, errno != 0 ? errno : EIO);
-    if (bytes.size() > limit)
-        return Failure{FailureKind::TooLarge,
-                       path.toStdString() + " is larger than " + std::to_string(limit) + " bytes."};
-    return bytes;
+    QByteArray bytes;
+    const Result<struct stat> facts =
+        readWhole(nameOf(path), static_cast<std::uint64_t>(limit), bytes);
+    return facts ? Result<QByteArray>(std::move(bytes)) : facts.failure();
 }
 
 QString shortForm(const QString& path)

@@ -17,12 +17,14 @@ enum class FailureKind {
     TooLarge,     // above a limit of ours (a named constant), such as an archive bomb
     Unsupported,  // well-formed, but nothing that this program handles
     ToolFailed,   // an external program did not start, crashed, or left no result
+    Canceled,     // the user called it off; no fault
     Io,           // any other error of the system
 };
 
 struct Failure {
     FailureKind kind = FailureKind::Io;
-    std::string text; // UTF-8, one sentence, names the file; shown to the user as it stands
+    std::string text;  // UTF-8, one sentence, names the file; shown to the user as it stands
+    bool told = false; // the user has seen it: whoever gets it passes it on and says nothing more
 };
 
 // Either a T or a Failure. Reading the wrong half is a programming error and throws

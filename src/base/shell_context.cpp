@@ -5,12 +5,13 @@ namespace fennel {
 
 // Asked before every use of a tool, so that a missing one is told by its path instead of by a
 // result that is not there.
-bool Shell::toolThere(const QString& tool) const
+Result<void> Shell::toolThere(const QString& tool) const
 {
     if (FileExists(tool))
-        return true;
-    prompts.ShowMessage(tool + QStringLiteral(" not found!"));
-    return false;
+        return {};
+    const Failure missing{FailureKind::NotFound,
+                          (tool + QStringLiteral(" not found!")).toStdString()};
+    return tell(missing, [this](const QString& text) { prompts.ShowMessage(text); });
 }
 
 void Shell::logFailure(const Failure& failure) const
@@ -21,14 +22,19 @@ void Shell::logFailure(const Failure& failure) const
     (void)WriteLog(QStringLiteral("ERR"));
 }
 
+Failure Shell::tell(const Failure& failure) const
+{
+    return tell(failure, [&](const QString& text) {
+        logFailure(failure);
+        prompts.ShowMessage(text, MessageType::Stop, QStringLiteral("ERROR"));
+    });
+}
+
 bool Shell::told(const Result<void>& result) const
 {
-    if (result)
-        return true;
-    logFailure(result.failure());
-    prompts.ShowMessage(QString::fromStdString(result.failure().text), MessageType::Stop,
-                        QStringLiteral("ERROR"));
-    return false;
+    if (!result)
+        (void)tell(result.failure());
+    return result.ok();
 }
 
 } // namespace fennel

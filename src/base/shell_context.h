@@ -19,11 +19,27 @@ struct Shell {
     ToolRunner& tools;
 
     QString WriteLog(const QString& text) const { return log.WriteLog(text); }
-    // True if the tool is there; otherwise the user is shown its path and " not found!".
-    [[nodiscard]] bool toolThere(const QString& tool) const;
+    // Otherwise the user is shown the tool's path and " not found!", and the failure is told.
+    [[nodiscard]] Result<void> toolThere(const QString& tool) const;
     // The log's line for an error: the number is that of the kind, from 1.
     void logFailure(const Failure& failure) const;
-    // Logs and shows a failure's sentence; true if there was none.
+    // Shows the failure to the user in words of the caller's own, once: the result counts as told.
+    // `show` is not called for one that was told before, nor for what the user called off, which is
+    // told in the same words everywhere.
+    template <class Show>
+    Failure tell(Failure failure, Show show) const
+    {
+        const QString text = QString::fromStdString(failure.text);
+        if (!failure.told && failure.kind == FailureKind::Canceled)
+            prompts.ShowMessage(text);
+        else if (!failure.told)
+            show(text);
+        failure.told = true;
+        return failure;
+    }
+    // The same in the failure's own words, and in the log.
+    Failure tell(const Failure& failure) const;
+    // tell(), if there was a failure; true if there was none.
     bool told(const Result<void>& result) const;
 };
 

@@ -3,7 +3,13 @@
 
 #include "base/files.h"
 
+#include <QEventLoop>
 #include <QProcess>
+#include <QTimer>
+
+#include <algorithm>
+#include <csignal>
+#include <unistd.h>
 
 namespace fennel {
 
@@ -18,7 +24,36 @@ Failure toolFailure(const QString& tool, const QString& what, const QString& sai
     return {FailureKind::ToolFailed, text.toStdString()};
 }
 
+void prepare(QProcess& process, const QString& outputFile)
+{
+    if (outputFile.isEmpty()) {
+        // Nobody reads it, and a full pipe would stop the tool for ever.
+        process.setStandardOutputFile(QProcess::nullDevice());
+    } else {
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.setStandardOutputFile(outputFile);
+    }
+    // A tool that asks a question gets an end of file instead of hanging.
+    process.setStandardInputFile(QProcess::nullDevice());
+    // A group of its own, so that what the tool starts can be ended with it.
+    process.setChildProcessModifier([] { (void)::setpgid(0, 0); });
+}
+
+void killGroup(QProcess& process)
+{
+    // Not waited for yet, so the number cannot have passed to another process.
+    if (process.state() == QProcess::Running)
+        (void)::kill(-static_cast<pid_t>(process.processId()), SIGKILL);
+    process.kill();
+    process.waitForFinished(1000);
+}
+
 } // namespace
+
+Failure canceledByUser()
+{
+    return {FailureKind::Canceled, "Canceled by user"};
+}
 
 Result<void> ProcessToolRunner::RunToolAndWait(const QStringList& commandLine)
 {
@@ -43,32 +78,66 @@ Result<void> ProcessToolRunner::run(const QStringList& commandLine, const QStrin
         m_log->WriteLog(QStringLiteral("      ") + commandLine.join(QLatin1Char(' ')));
     const QString& tool = commandLine.first();
     QProcess process;
-    if (outputFile.isEmpty()) {
-        // Nobody reads it, and a full pipe would stop the tool for ever.
-        process.setStandardOutputFile(QProcess::nullDevice());
-    } else {
-        process.setProcessChannelMode(QProcess::MergedChannels);
-        process.setStandardOutputFile(outputFile);
-    }
-    // A tool that asks a question gets an end of file instead of hanging.
-    process.setStandardInputFile(QProcess::nullDevice());
+    prepare(process, outputFile);
     process.start(tool, commandLine.mid(1), QIODevice::ReadOnly);
     if (!process.waitForStarted(m_timeLimitMs))
         return toolFailure(tool, QStringLiteral("could not be started."), process.errorString());
-    const bool ended = process.waitForFinished(m_timeLimitMs);
-    if (!ended) {
-        process.kill();
-        process.waitForFinished(1000);
-    }
+    const End end = waitFor(process, tool);
+    if (end != End::ByItself)
+        killGroup(process);
     if (outputFile.isEmpty())
         m_errorOutput =
             QString::fromUtf8(process.readAllStandardError()).right(keptErrorCharacters).trimmed();
-    if (!ended)
+    if (end == End::Canceled)
+        return canceledByUser();
+    if (end == End::OutOfTime)
         return toolFailure(tool, QStringLiteral("did not end in time and was stopped."),
                            m_errorOutput);
     if (process.exitStatus() == QProcess::CrashExit)
         return toolFailure(tool, QStringLiteral("crashed."), m_errorOutput);
     return {};
+}
+
+ProcessToolRunner::End ProcessToolRunner::waitFor(QProcess& process, const QString& tool)
+{
+    if (m_progress.isNull())
+        return process.waitForFinished(m_timeLimitMs) ? End::ByItself : End::OutOfTime;
+    // Taken for this run: should anything in the event loop run a further tool, that one is waited
+    // for in silence.
+    Progress& progress = *m_progress;
+    m_progress.clear();
+    progress.begin(QStringLiteral("Waiting for ") + namePart(tool));
+    const End end = turnLoop(process, progress);
+    progress.end();
+    m_progress = &progress;
+    return end;
+}
+
+// For as long as nothing is shown the user's input waits in the window system's queue, so that what
+// is typed during a short run is not lost.
+ProcessToolRunner::End ProcessToolRunner::turnLoop(QProcess& process, Progress& progress) const
+{
+    QEventLoop loop;
+    QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
+    QObject::connect(&progress, &Progress::cancelRequested, &loop, &QEventLoop::quit);
+    QTimer limit;
+    limit.setSingleShot(true);
+    QObject::connect(&limit, &QTimer::timeout, &loop, &QEventLoop::quit);
+    const auto turn = [&](int timeMs, QEventLoop::ProcessEventsFlags flags) {
+        // It may have ended before the loop listened.
+        if (process.state() == QProcess::NotRunning || progress.cancelled())
+            return;
+        limit.start(timeMs);
+        loop.exec(flags);
+    };
+    const int patience = std::min(Progress::patienceMs, m_timeLimitMs);
+    turn(patience, QEventLoop::ExcludeUserInputEvents);
+    if (m_timeLimitMs > patience && !limit.isActive())
+        turn(m_timeLimitMs - patience, QEventLoop::AllEvents);
+    if (process.state() == QProcess::NotRunning)
+        return End::ByItself;
+    // A loop that was left for any other reason was left because the program ends.
+    return limit.isActive() || progress.cancelled() ? End::Canceled : End::OutOfTime;
 }
 
 } // namespace fennel

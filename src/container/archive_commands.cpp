@@ -26,13 +26,6 @@ QString ask(const Shell& shell, const QString& title, const QString& filter, con
     return shell.prompts.openFile(question);
 }
 
-// A failure without a text was told where it came up.
-void tell(const Shell& shell, const Failure& failure)
-{
-    if (!failure.text.empty())
-        (void)shell.told(failure);
-}
-
 // All files of the staging folder go over those of the target, or none does.
 Result<void> deliver(const Shell& shell, const QString& staging, const QString& target)
 {
@@ -96,10 +89,10 @@ Result<void> makeList(const Shell& shell, const QString& folder)
 
 void tellCpioError(const Shell& shell, const Failure& failure)
 {
-    const QString error = u"CPIO Error"_s;
-    const QString reason = QString::fromStdString(failure.text);
-    if (!reason.isEmpty()) // else the missing tool was told
+    (void)shell.tell(failure, [&](const QString& reason) {
+        const QString error = u"CPIO Error"_s;
         shell.prompts.ShowMessage(reason == error ? error : error + u"\n\n"_s + reason);
+    });
 }
 
 void saveAssembled(const Shell& shell, const QString& made, const QString& folder)
@@ -157,9 +150,7 @@ void mnuEdit_Extract(const Shell& shell)
         shell.prompts.ChooseFolder(u"Specify the folder for gfxboot extracting"_s);
     if (folder.isEmpty())
         return;
-    const Result<void> done = extractTo(shell, shortForm(archive), shortForm(folder));
-    if (!done)
-        tell(shell, done.failure());
+    (void)shell.told(extractTo(shell, shortForm(archive), shortForm(folder)));
 }
 
 void mnuEdit_Assemble(const Shell& shell)
@@ -171,7 +162,9 @@ void mnuEdit_Assemble(const Shell& shell)
     if (chosen.isEmpty())
         return;
     const QString folder = shortForm(chosen);
-    if (!FileExists(withSeparator(folder) + memberListName)) {
+    const QString list = withSeparator(folder) + memberListName;
+    const bool listed = FileExists(list);
+    if (!listed) {
         shell.prompts.ShowMessage(u"Additional Gfxboot info-file is absent.\n"
                                   "Will be assembled all the files from the folder\n"
                                   "Specified folder: "_s +
@@ -182,9 +175,10 @@ void mnuEdit_Assemble(const Shell& shell)
     const QString made = shell.run.WorkspaceRoot + assembledName;
     const Result<void> assembled = CpioAssemble(shell, made, folder);
     if (assembled)
-        saveAssembled(shell, made, folder);
-    else
-        tellCpioError(shell, assembled.failure());
+        return saveAssembled(shell, made, folder);
+    if (!listed && assembled.failure().kind == FailureKind::Canceled)
+        (void)shell.files.remove(list);
+    tellCpioError(shell, assembled.failure());
 }
 
 void mnuT_GZip_Extract(const Shell& shell)
@@ -193,9 +187,7 @@ void mnuT_GZip_Extract(const Shell& shell)
                              u"gZip-files (*.gz)|*.gz|All files (*.*)|*.*|"_s, QDir::homePath());
     if (file.isEmpty() || !shell.toolThere(shell.run.Tool7Zip))
         return;
-    const Result<void> done = unwrapBeside(shell, shortForm(file));
-    if (!done)
-        tell(shell, done.failure());
+    (void)shell.told(unwrapBeside(shell, shortForm(file)));
 }
 
 void mnuT_GZip_Pack(const Shell& shell)
@@ -212,7 +204,7 @@ void mnuT_GZip_Pack(const Shell& shell)
     const Result<QString> packed =
         SevenZipPack(shell, shortForm(file), shell.run.WorkspaceRoot, {});
     if (!packed) {
-        tell(shell, packed.failure());
+        (void)shell.tell(packed.failure());
         return;
     }
     (void)shell.told(shell.files.replaceWhole(*packed, target));

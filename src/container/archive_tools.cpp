@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "container/archive_tools.h"
 
+#include "base/tool_output.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
 
@@ -23,12 +24,6 @@ Failure reasonOf(const Shell& shell, const Result<void>& ran, const QString& mis
     return {FailureKind::ToolFailed, (said.isEmpty() ? missing : said).toStdString()};
 }
 
-// No text: toolThere() has told the user already, and callers tell nothing twice.
-Failure toolMissing()
-{
-    return {FailureKind::ToolFailed, {}};
-}
-
 // The name behind the last "Testing     " of the report. Lines end at a line end or at a comma.
 QString testedName(QByteArray report)
 {
@@ -47,8 +42,8 @@ QString testedName(QByteArray report)
 Result<void> CpioInfoExtract(const Shell& shell, const QString& archive, const QString& folder)
 {
     const QString& tool = shell.run.ToolCpio;
-    if (!shell.toolThere(tool))
-        return toolMissing();
+    if (Result<void> there = shell.toolThere(tool); !there)
+        return there;
     const QString list = withSeparator(folder) + memberListName;
     // What the tool should leave is removed first, or an older one would pass for its work.
     if (Result<void> removed = shell.files.remove(list); !removed)
@@ -69,12 +64,14 @@ Result<void> CpioInfoExtract(const Shell& shell, const QString& archive, const Q
 Result<void> CpioAssemble(const Shell& shell, const QString& archive, const QString& folder)
 {
     const QString& tool = shell.run.ToolCpio;
-    if (!shell.toolThere(tool))
-        return toolMissing();
+    if (Result<void> there = shell.toolThere(tool); !there)
+        return there;
     if (Result<void> removed = shell.files.remove(archive); !removed)
         return removed;
     Result<void> ran = shell.tools.RunToolAndWait(
         {tool, QStringLiteral("ASSM"), archive, folder, memberListName, suffix});
+    if (!ran)
+        dropOutput(shell.files, archive);
     if (!FileExists(archive))
         return reasonOf(shell, ran, QStringLiteral("CPIO Error"));
     return ran;
@@ -109,8 +106,8 @@ Result<QString> SevenZipPack(const Shell& shell, const QString& input, const QSt
                              const QString& outputName)
 {
     const QString& tool = shell.run.Tool7Zip;
-    if (!shell.toolThere(tool))
-        return toolMissing();
+    if (const Result<void> there = shell.toolThere(tool); !there)
+        return there.failure();
     const QString standard = withSeparator(outputFolder) + QStringLiteral("#message.gz");
     const QString output =
         outputName.isEmpty() ? standard : withSeparator(outputFolder) + outputName;
@@ -118,11 +115,10 @@ Result<QString> SevenZipPack(const Shell& shell, const QString& input, const QSt
         return removed.failure();
     const Result<void> ran =
         shell.tools.RunToolAndWait({tool, QStringLiteral("ASSM"), input, output, suffix});
+    if (!ran)
+        dropOutput(shell.files, output);
     if (!FileExists(output))
         return reasonOf(shell, ran, QStringLiteral("7-Zip Error"));
-    // What a tool left that was stopped or crashed may be a part of the file.
-    if (!ran)
-        return ran.failure();
     // The standard name whatever was asked for: only callers that gave no name use it.
     return standard;
 }

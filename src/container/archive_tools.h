@@ -8,7 +8,7 @@ namespace fennel {
 
 // Writes the archive's "#.lst" and extracts its members into `folder` (two runs of the bridge). The
 // result is a failure, with the tool's reason, if no list was left. A missing tool is told to the
-// user and is a failure of kind ToolFailed with an empty text.
+// user at once, here and below.
 Result<void> CpioInfoExtract(const Shell& shell, const QString& archive, const QString& folder);
 
 // Assembles the members that `folder`/#.lst names into `archive`, which is removed first.

@@ -23,7 +23,10 @@ Result<QString> buildMessage(const Shell& shell)
         return assembled.failure();
     if (!shell.run.GfxIsGz)
         return archive;
-    return SevenZipPack(shell, archive, folder, {});
+    Result<QString> packed = SevenZipPack(shell, archive, folder, {});
+    if (!packed)
+        (void)shell.files.remove(archive);
+    return packed;
 }
 
 // Puts the built file in its place. It stays in the Workspace if that fails.
@@ -42,12 +45,12 @@ Result<void> deliver(const Shell& shell)
 
 void tellNotSaved(const Shell& shell, const Failure& failure)
 {
-    // A missing tool was told already.
-    if (failure.text.empty())
-        return;
-    shell.prompts.ShowMessage(QStringLiteral("%1 was not saved. The old file is as it was.\n\n%2")
-                                  .arg(shell.run.GfxFileName, QString::fromStdString(failure.text)),
-                              MessageType::Stop, QStringLiteral("ERROR"));
+    (void)shell.tell(failure, [&](const QString& reason) {
+        shell.prompts.ShowMessage(
+            QStringLiteral("%1 was not saved. The old file is as it was.\n\n%2")
+                .arg(shell.run.GfxFileName, reason),
+            MessageType::Stop, QStringLiteral("ERROR"));
+    });
 }
 
 struct SaveTarget {

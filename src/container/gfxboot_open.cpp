@@ -25,22 +25,26 @@ constexpr std::array<Step, 9> fillSteps = {Step::Menus,       Step::Members, Ste
 Failure aboutFile(const Failure& failure, const QString& archive, const QString& path)
 {
     QString text = QString::fromStdString(failure.text);
-    return {failure.kind, text.replace(archive, path).toStdString()};
+    return {failure.kind, text.replace(archive, path).toStdString(), failure.told};
 }
 
 // Unwraps and extracts `path` into an empty folder. True if it was wrapped.
 Result<bool> extract(const Shell& shell, const QString& path, const QString& folder)
 {
     const Result<QString> inner = SevenZipExtract(shell, path, folder);
+    if (!inner && inner.failure().kind == FailureKind::Canceled)
+        return inner.failure();
     const bool wrapped = inner && !inner->isEmpty();
     const QString archive = wrapped ? withSeparator(folder) + *inner : path;
     // Tried also if the unwrapping failed: a plain archive needs no 7-Zip.
     const Result<void> extracted = CpioInfoExtract(shell, archive, folder);
+    if (!extracted && extracted.failure().kind == FailureKind::Canceled)
+        return extracted.failure();
     // Why a file cannot be unwrapped says more than that it is no archive.
     if (!extracted && !inner)
         return inner.failure();
     // A tool that is missing was told; what an earlier run left in the folder may still serve.
-    if (!extracted && !extracted.failure().text.empty())
+    if (!extracted && !extracted.failure().told)
         return aboutFile(extracted.failure(), archive, path);
     return wrapped;
 }
@@ -60,7 +64,7 @@ Result<bool> fillFolder(const Shell& shell, const QString& path, const QString& 
     return wrapped;
 }
 
-void showFailure(const Shell& shell, const std::string& reason)
+void showFailure(const Shell& shell, const QString& reason)
 {
     QString text = QStringLiteral(
         "ERROR. File back.jpg not found!\n"
@@ -68,8 +72,8 @@ void showFailure(const Shell& shell, const std::string& reason)
         "\n"
         "\"Gfxboot message\" is a cpio-archive, but additionally it can be compressed with gZip.\n"
         "You can specify only those variants!");
-    if (!reason.empty())
-        text += QStringLiteral("\n\n") + QString::fromStdString(reason);
+    if (!reason.isEmpty())
+        text += QStringLiteral("\n\n") + reason;
     shell.prompts.ShowMessage(text);
 }
 
@@ -154,7 +158,10 @@ bool gfxboot_open(const Shell& shell, const QString& path, OpenHost& host)
         fillAll(shell, host);
         shell.WriteLog(QStringLiteral("gfxboot_open -----^"));
     } else {
-        showFailure(shell, wrapped ? std::string() : wrapped.failure().text);
+        const Failure failure = wrapped ? Failure{FailureKind::Unsupported, {}} : wrapped.failure();
+        (void)shell.tell(failure, [&](const QString& reason) { showFailure(shell, reason); });
+        if (failure.kind == FailureKind::Canceled)
+            host.openCanceled();
     }
     host.openEnds(opened);
     return opened;

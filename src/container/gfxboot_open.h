@@ -36,6 +36,8 @@ public:
     virtual void fill(Step step) = 0;
     // Number of the background that the parameters choose; asked after Step::Levels.
     [[nodiscard]] virtual int chosenBackground() const = 0;
+    // The user called it off: what openBegins() took off the screen comes back.
+    virtual void openCanceled() {}
     // The window is enabled again, whatever happened.
     virtual void openEnds(bool opened) = 0;
 };

@@ -38,8 +38,7 @@ Result<void> RebuildMemberList(const Shell& shell, const QString& addedPattern)
     const Result<QByteArray> list = readBytes(path);
     if (!list) {
         const Failure lost{FailureKind::NotFound, "Gfxboot info is lost!"};
-        shell.prompts.ShowMessage(QString::fromStdString(lost.text));
-        return lost;
+        return shell.tell(lost, [&](const QString& text) { shell.prompts.ShowMessage(text); });
     }
     QByteArray old = *list;
     QByteArray names = takeKnownMembers(folder, addedPattern, old);
@@ -55,8 +54,7 @@ Result<void> RebuildMemberList(const Shell& shell, const QString& addedPattern)
         done = shell.files.rename(fresh, path);
     if (!done)
         (void)shell.files.remove(fresh);
-    (void)shell.told(done);
-    return done;
+    return done ? done : shell.tell(done.failure());
 }
 
 bool isListed(const QString& folder, const QString& name)

@@ -10,8 +10,8 @@ inline const QString memberListName = QStringLiteral("#.lst");
 
 // Rewrites "#.lst": known members first, in the order of member_table.h, the others behind them in
 // the order they had; names without a file drop out. A file that was no member becomes one only if
-// it fits `addedPattern` (a name or pattern, empty for none). Without "#.lst" the user is told
-// "Gfxboot info is lost!" and the result is a failure whose text was already shown.
+// it fits `addedPattern` (a name or pattern, empty for none). Every failure is told; without
+// "#.lst" it is "Gfxboot info is lost!".
 Result<void> RebuildMemberList(const Shell& shell, const QString& addedPattern);
 
 // Whether the "#.lst" of a folder, which ends in "/", names that member; not without a "#.lst".

@@ -103,7 +103,7 @@ bool Document::writeParameters()
     if (generation() == Generation::Three) {
         GatherListValues(m_state.ZUKarr);
         return m_shell.told(WriteLevelFiles(m_shell, m_state.ZUKarr)) &&
-               RebuildMemberList(m_shell, QStringLiteral("*.CFG")).ok();
+               m_shell.told(RebuildMemberList(m_shell, QStringLiteral("*.CFG")));
     }
     if (!run().GfxHasCfg)
         return true;

@@ -3,6 +3,7 @@
 
 #include "base/file_steps.h"
 #include "base/text.h"
+#include "base/tool_output.h"
 #include "container/member_list.h"
 #include "fonts/fnt_bytes.h"
 #include "fonts/fnt_codec.h"
@@ -42,7 +43,8 @@ QString inWorkspace(const Shell& shell, const QString& name)
 QString toolReason(const Shell& shell, const Result<void>& run)
 {
     QString said = shell.tools.lastErrorOutput();
-    if (!said.isEmpty())
+    const bool canceled = !run && run.failure().kind == FailureKind::Canceled;
+    if (!said.isEmpty() && !canceled)
         return said;
     return run ? QString() : QString::fromStdString(run.failure().text);
 }
@@ -51,11 +53,12 @@ void tellFailure(const Shell& shell, const Failure& failure)
 {
     // NotFound means here: a font came out that has no character.
     const bool empty = failure.kind == FailureKind::NotFound;
-    QString text =
+    const QString text =
         empty ? u"ERROR. The character set is empty"_s : u"ERROR. File could not be created"_s;
-    if (!failure.text.empty())
-        text += u'\n' + QString::fromStdString(failure.text);
-    shell.prompts.ShowMessage(text, MessageType::Ok, errorTitle);
+    (void)shell.tell(failure, [&](const QString& reason) {
+        shell.prompts.ShowMessage(reason.isEmpty() ? text : text + u'\n' + reason, MessageType::Ok,
+                                  errorTitle);
+    });
 }
 
 // Puts the tag behind the tool's output; a part of it must not stay.
@@ -77,15 +80,15 @@ Result<void> keepFirstFont(const Shell& shell)
     return shell.files.replaceWhole(first, inWorkspace(shell, fontBackupFile));
 }
 
-// Makes the file a member. The failure has no text if the user knows already.
+// Makes the file a member.
 Result<void> registerMember(const Shell& shell, FileSteps& steps, const QString& name)
 {
     const QString list = inWorkspace(shell, memberListName);
     Result<void> saved = steps.save(list);
     if (!saved)
         return saved;
-    if (!RebuildMemberList(shell, name))
-        return Failure{FailureKind::Io, {}};
+    if (Result<void> rebuilt = RebuildMemberList(shell, name); !rebuilt)
+        return rebuilt;
     // A name that no pattern fits is taken in by no rebuilding, and kept at the end by each.
     return isListed(shell.run.Workspace, name) ? Result<void>()
                                                : shell.files.append(list, name.toUtf8() + "\r\n");
@@ -202,14 +205,15 @@ Result<void> BuildFont(const Shell& shell, const CharSelected& set, const FontCh
         shell.files.remove(output); // an earlier run's must not pass for this one's
     if (!removed)
         return removed;
-    // No text: the user has been told.
+    // Told by its path there; that no font was made is told behind it, as after any failure.
     if (!shell.toolThere(shell.run.ToolMkFont))
         return Failure{FailureKind::ToolFailed, {}};
     const Result<void> run =
         shell.tools.RunToolAndWait(fontMakerCommand(shell, set, choice, logPixelsY));
     if (!run || !FileExists(output)) {
-        (void)shell.files.remove(output);
-        return Failure{FailureKind::ToolFailed, toolReason(shell, run).toStdString()};
+        dropOutput(shell.files, output);
+        const FailureKind kind = run ? FailureKind::ToolFailed : run.failure().kind;
+        return Failure{kind, toolReason(shell, run).toStdString()};
     }
     Result<void> tagged = appendTag(shell, output, choice);
     if (!tagged)
@@ -251,8 +255,10 @@ std::optional<FontChange> ChangeFont(const Shell& shell, const FontState& fonts,
             : installChanged(shell, row != nullptr ? row->texts.value(0).trimmed() : QString());
     if (!component) {
         (void)shell.files.remove(inWorkspace(shell, newFontFile));
-        if (!component.failure().text.empty())
-            tellFailure(shell, {FailureKind::Io, component.failure().text});
+        // Whatever its kind, it is not that the font has no character.
+        Failure failure = component.failure();
+        failure.kind = FailureKind::Io;
+        tellFailure(shell, failure);
         return std::nullopt;
     }
     return FontChange{*choice, *component};

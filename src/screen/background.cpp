@@ -51,8 +51,7 @@ Result<void> makeScaledBack(const Shell& shell, const ResizeJpgCall& resize)
     // Before the tool runs, which would fill the memory with it.
     if (!backSizeAllowed(size))
         return tooLarge(run.BackFile, size);
-    resize(size.width(), size.height(), run.BackFile, target);
-    return {};
+    return resize(size.width(), size.height(), run.BackFile, target);
 }
 
 Result<void> checkPicture(const QString& path)

@@ -22,13 +22,13 @@ inline constexpr qint64 maxBackPixels = 32'000'000;
 bool backSizeAllowed(QSize size);
 
 // Makes `target` from `source` in the given size, any side from 1 to 32767; judged by the file that
-// it leaves. It tells the user itself when it fails.
-using ResizeJpgCall =
-    std::function<void(int width, int height, const QString& source, const QString& target)>;
+// it leaves. Its failures are told.
+using ResizeJpgCall = std::function<Result<void>(int width, int height, const QString& source,
+                                                 const QString& target)>;
 
 // Brings BackFile of the run to its scale: at exactly 1 a plain copy, otherwise one run of the
 // resize tool. Fails with NotFound (no BackFile), TooLarge (the scaled size), or what the file
-// layer says; a tool that left no file is no failure here, the last one stays if there is one.
+// layer or the tool says.
 Result<void> makeScaledBack(const Shell& shell, const ResizeJpgCall& resize);
 
 // The claims of a picture's header, without decoding it: NotFound, TooLarge, or Malformed if the

@@ -204,6 +204,14 @@ void Drives::checkEntries()
         entry.checked = m_shell.run.CurrentFlashChar == entry.letter.unicode();
 }
 
+void Drives::choose(int letter, const QString& key)
+{
+    m_shell.run.CurrentFlashChar = letter;
+    m_flashKey = key;
+    checkEntries();
+    m_host.flashChanged();
+}
+
 void Drives::mnuFlash_FlashArr(int entry)
 {
     if (entry < 0 || entry >= static_cast<int>(m_entries.size()))
@@ -211,16 +219,20 @@ void Drives::mnuFlash_FlashArr(int entry)
     // The caption is what the user clicked, so the letter is taken from it.
     const QChar letter = m_entries[at(entry)].caption.at(letterPlace);
     RunState& run = m_shell.run;
-    // QEMU runs on the drive before.
-    if (run.CurrentFlashChar != letter.unicode())
-        m_host.closeQemu();
-    run.CurrentFlashChar = letter.unicode();
+    const int before = run.CurrentFlashChar;
+    const QString keyBefore = m_flashKey;
     const std::optional<Volume>& volume = m_letters[at(letter.unicode() - 'A')];
-    m_flashKey = volume ? volume->key : QString();
-    checkEntries();
-    m_host.flashChanged();
+    choose(letter.unicode(), volume ? volume->key : QString());
+    const Result<void> asked = askDisk();
+    if (!asked && asked.failure().kind == FailureKind::Canceled) {
+        choose(before, keyBefore);
+        return;
+    }
+    // QEMU runs on the drive before.
+    if (before != letter.unicode())
+        m_host.closeQemu();
     // 0 is a disk of the system, which is never booted.
-    if (askFlashDisk() && run.CurrentFlashDisk > 0)
+    if (asked && run.CurrentFlashDisk > 0)
         m_host.enableQemuStart(true);
     showMenusOf(letter);
     if (run.GfxOpened)

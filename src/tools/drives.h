@@ -86,10 +86,11 @@ public:
 
     // Runs ToolListUsb and reads what it wrote to "#ListUSB" in WorkspaceRoot. Below 65 the letter
     // stands for all drives. With `setDisk` the number goes to CurrentFlashDisk, otherwise each
-    // drive of the report is shown in a message.
-    void ListUsb(int driveChar, bool setDisk);
+    // drive of the report is shown in a message. A failure is told.
+    void ListUsb(int driveChar, bool setDisk) { (void)runListUsb(driveChar, setDisk); }
     // Sets CurrentFlashDisk: the disk of the Current Flash as it is counted now, 0 if the drive is
-    // gone. False and -1 if the tool could not be asked, which the user is told.
+    // gone. False and -1 if the tool could not be asked, which the user is told; false and the
+    // number of before if the user called it off.
     bool askFlashDisk();
     // The volume label of the Current Flash, empty if there is none.
     [[nodiscard]] QString CurrentFlashLabel() const;
@@ -111,6 +112,9 @@ private:
     void notifyChanges();
     void disksChanged();
     void checkEntries();
+    Result<void> runListUsb(int driveChar, bool setDisk);
+    Result<void> askDisk();
+    void choose(int letter, const QString& key);
     void showMenusOf(QChar letter);
     [[nodiscard]] Letters kept(std::vector<Volume>& volumes) const;
     [[nodiscard]] Letters assigned() const;

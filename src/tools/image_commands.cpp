@@ -62,15 +62,14 @@ void mnuT_NConvert_Clipboard(const Shell& shell, const PictureClipboard& clipboa
         return;
     const QString output = shell.run.WorkspaceRoot + clipboardJpgName;
     // Other than PictureFromClipboard() on purpose: a little smaller.
-    const ToolOutcome outcome =
+    const Result<void> made =
         runClipboardTool(shell,
                          {u"-out"_s, u"jpeg"_s, u"-overwrite"_s, u"-clipboard"_s, u"-q"_s, u"80"_s,
                           u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-o"_s, output},
                          clipboard);
-    if (!outcome.made)
-        showToolMessage(shell, emptyClipboardMessage, outcome.reason);
     // Over a work file, so a file of the user's is only replaced by a whole picture.
-    else if (shell.told(shell.files.replaceWhole(output, chosen)))
+    if (toldTool(shell, emptyClipboardMessage, made) &&
+        shell.told(shell.files.replaceWhole(output, chosen)))
         shell.told(shell.files.remove(output));
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/image_tool.h"
 
+#include "base/tool_output.h"
 #include "tools/picture_limits.h"
 
 #include <QBuffer>
@@ -49,42 +50,48 @@ Result<void> handOver(const Shell& shell, const QImage& picture)
 } // namespace
 
 // The output is removed first: whether it is there afterwards is how the tool's work is judged.
-ToolOutcome runPictureTool(const Shell& shell, const QStringList& arguments, const QString& output)
+Result<void> runPictureTool(const Shell& shell, const QStringList& arguments, const QString& output)
 {
     if (Result<void> removed = shell.files.remove(output); !removed)
-        return {false, QString::fromStdString(removed.failure().text)};
-    const Result<void> run = shell.tools.RunToolAndWait(QStringList{shell.run.ToolNConvert} +
-                                                        arguments + QStringList{u",0"_s});
-    const QString reason =
-        run ? shell.tools.lastErrorOutput() : QString::fromStdString(run.failure().text);
-    return {FileExists(output), reason};
+        return removed;
+    Result<void> run = shell.tools.RunToolAndWait(QStringList{shell.run.ToolNConvert} + arguments +
+                                                  QStringList{u",0"_s});
+    if (!run) {
+        dropOutput(shell.files, output);
+        return run;
+    }
+    if (FileExists(output))
+        return {};
+    return Failure{FailureKind::ToolFailed, shell.tools.lastErrorOutput().toStdString()};
 }
 
-ToolOutcome runClipboardTool(const Shell& shell, const QStringList& arguments,
-                             const PictureClipboard& clipboard)
+Result<void> runClipboardTool(const Shell& shell, const QStringList& arguments,
+                              const PictureClipboard& clipboard)
 {
     const QString output = shell.run.WorkspaceRoot + clipboardJpgName;
     const QImage picture = clipboard.picture();
     // An old output must not pass for the clipboard's picture.
     if (picture.isNull()) {
-        const Result<void> removed = shell.files.remove(output);
-        return {false, removed ? QString() : QString::fromStdString(removed.failure().text)};
+        Result<void> removed = shell.files.remove(output);
+        return removed ? Failure{FailureKind::NotFound, {}} : removed;
     }
-    ToolOutcome outcome;
-    if (const Result<void> handed = handOver(shell, picture)) {
-        outcome = runPictureTool(shell, arguments, output);
-    } else {
+    Result<void> made = handOver(shell, picture);
+    if (made)
+        made = runPictureTool(shell, arguments, output);
+    else
         (void)shell.files.remove(output);
-        outcome.reason = QString::fromStdString(handed.failure().text);
-    }
     // It may be what the user copied in private; it does not stay on disk.
     (void)shell.files.remove(shell.run.WorkspaceRoot + clipboardHandoverName);
-    return outcome;
+    return made;
 }
 
-void showToolMessage(const Shell& shell, const QString& text, const QString& reason)
+Result<void> toldTool(const Shell& shell, const QString& text, const Result<void>& made)
 {
-    shell.prompts.ShowMessage(reason.isEmpty() ? text : text + u'\n' + reason);
+    if (made)
+        return made;
+    return shell.tell(made.failure(), [&](const QString& reason) {
+        shell.prompts.ShowMessage(reason.isEmpty() ? text : text + u'\n' + reason);
+    });
 }
 
 bool BackToXpm(const Shell& shell)
@@ -98,14 +105,12 @@ bool BackToXpm(const Shell& shell)
     const QString output = shell.run.WorkspaceRoot + splashXpmName;
     // 640 by 480 in 14 colours is all that a boot loader's splash picture can be; blurred, the few
     // colours look less coarse.
-    const ToolOutcome outcome = runPictureTool(
+    const Result<void> made = runPictureTool(
         shell,
         {u"-overwrite"_s, u"-blur"_s, u"25"_s, u"-colors"_s, u"14"_s, u"-out"_s, u"xpm"_s,
          u"-resize"_s, u"640"_s, u"480"_s, u"-dpi"_s, u"72"_s, u"-o"_s, output, shell.run.BackFile},
         output);
-    if (!outcome.made)
-        showToolMessage(shell, toolErrorMessage, outcome.reason);
-    return outcome.made;
+    return toldTool(shell, toolErrorMessage, made).ok();
 }
 
 bool XpmToGif(const Shell& shell)
@@ -114,13 +119,11 @@ bool XpmToGif(const Shell& shell)
     if (!shell.toolThere(shell.run.ToolNConvert))
         return false;
     const QString output = shell.run.WorkspaceRoot + splashGifName;
-    const ToolOutcome outcome = runPictureTool(shell,
-                                               {u"-overwrite"_s, u"-out"_s, u"gif"_s, u"-o"_s,
-                                                output, shell.run.WorkspaceRoot + splashXpmName},
-                                               output);
-    if (!outcome.made)
-        showToolMessage(shell, toolErrorMessage, outcome.reason);
-    return outcome.made;
+    const Result<void> made = runPictureTool(shell,
+                                             {u"-overwrite"_s, u"-out"_s, u"gif"_s, u"-o"_s, output,
+                                              shell.run.WorkspaceRoot + splashXpmName},
+                                             output);
+    return toldTool(shell, toolErrorMessage, made).ok();
 }
 
 bool CreateJpg(const Shell& shell, const QString& file)
@@ -135,16 +138,13 @@ bool CreateJpg(const Shell& shell, const QString& file)
     if (!shell.toolThere(shell.run.ToolNConvert))
         return false;
     const QString output = shell.run.WorkspaceRoot + convertedJpgName;
-    const ToolOutcome outcome =
+    const Result<void> made =
         runPictureTool(shell,
                        {u"-out"_s, u"jpeg"_s, u"-truecolors"_s, u"-q"_s, jpegQuality, u"-dpi"_s,
                         u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s, u"-o"_s, output, shortForm(file)},
                        output);
-    if (!outcome.made) {
-        showToolMessage(shell, toolErrorMessage, outcome.reason);
-        return false;
-    }
-    return shell.told(shell.files.rename(output, target)) && FileExists(target);
+    return toldTool(shell, toolErrorMessage, made) &&
+           shell.told(shell.files.rename(output, target)) && FileExists(target);
 }
 
 bool PictureFromClipboard(const Shell& shell, const PictureClipboard& clipboard)
@@ -152,41 +152,36 @@ bool PictureFromClipboard(const Shell& shell, const PictureClipboard& clipboard)
     shell.WriteLog(u"      ncovert.Pict_from_Clipboard"_s);
     if (!shell.toolThere(shell.run.ToolNConvert))
         return false;
-    const ToolOutcome outcome =
+    const Result<void> made =
         runClipboardTool(shell,
                          {u"-out"_s, u"jpeg"_s, u"-overwrite"_s, u"-clipboard"_s, u"-q"_s,
                           jpegQuality, u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s, u"-o"_s,
                           shell.run.WorkspaceRoot + clipboardJpgName},
                          clipboard);
-    if (!outcome.made)
-        showToolMessage(shell, emptyClipboardMessage, outcome.reason);
-    return outcome.made;
+    return toldTool(shell, emptyClipboardMessage, made).ok();
 }
 
-bool ResizeJpg(const Shell& shell, int width, int height, const QString& source,
-               const QString& target)
+Result<void> ResizeJpg(const Shell& shell, int width, int height, const QString& source,
+                       const QString& target)
 {
     shell.WriteLog(u"      ncovert.resize: "_s + source);
-    if (!shell.toolThere(shell.run.ToolNConvert))
-        return false;
-    ToolOutcome outcome;
+    if (Result<void> there = shell.toolThere(shell.run.ToolNConvert); !there)
+        return there;
+    Result<void> made =
+        Failure{FailureKind::Unsupported,
+                (u"A picture cannot be resized into its own file: "_s + source).toStdString()};
     // The output is removed before the tool runs, which would be the end of the source.
-    if (isSameFile(source, target))
-        outcome.reason = u"A picture cannot be resized into its own file: "_s + source;
-    else
-        outcome = runPictureTool(shell,
-                                 {u"-out"_s, u"jpeg"_s, u"-overwrite"_s, u"-resize"_s,
-                                  QString::number(width), QString::number(height), u"-q"_s,
-                                  jpegQuality, u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s,
-                                  u"-o"_s, target, source},
-                                 target);
-    if (!outcome.made)
-        showToolMessage(shell,
-                        toolErrorMessage +
-                            u"\nNconvert is sensitive to certain characters in the path."
-                            u"\nFor example \"#\", \"&\", \"$\""_s,
-                        outcome.reason);
-    return outcome.made;
+    if (!isSameFile(source, target))
+        made = runPictureTool(shell,
+                              {u"-out"_s, u"jpeg"_s, u"-overwrite"_s, u"-resize"_s,
+                               QString::number(width), QString::number(height), u"-q"_s,
+                               jpegQuality, u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s,
+                               u"-o"_s, target, source},
+                              target);
+    return toldTool(shell,
+                    toolErrorMessage + u"\nNconvert is sensitive to certain characters in the path."
+                                       u"\nFor example \"#\", \"&\", \"$\""_s,
+                    made);
 }
 
 void FileEditPlanned(const Shell& shell, const QString& name, const QString& folder)

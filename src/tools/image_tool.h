@@ -44,26 +44,23 @@ bool CreateJpg(const Shell& shell, const QString& file);
 // The clipboard's picture as Clipboard.jpg.
 bool PictureFromClipboard(const Shell& shell, const PictureClipboard& clipboard);
 // The picture `source` as a JPEG of width x height pixels; a height of 0 keeps the proportions.
-// Source and target must be two files. True if the target is there.
-bool ResizeJpg(const Shell& shell, int width, int height, const QString& source,
-               const QString& target);
+// Source and target must be two files. Failures are told.
+Result<void> ResizeJpg(const Shell& shell, int width, int height, const QString& source,
+                       const QString& target);
 // A command that is planned and only says so. An empty folder means the Workspace.
 void FileEditPlanned(const Shell& shell, const QString& name, const QString& folder);
 
-struct ToolOutcome {
-    bool made = false; // the output is there and new
-    QString reason;    // what the tool or the system said, may be empty
-};
-
-// Removes an old `output` and runs the tool with `arguments` and the suffix ",0" behind them.
-ToolOutcome runPictureTool(const Shell& shell, const QStringList& arguments, const QString& output);
+// Removes an old `output` and runs the tool with `arguments` and the suffix ",0" behind them. After
+// a success the output is there and new; after a failure, whose text may be empty, there is none.
+Result<void> runPictureTool(const Shell& shell, const QStringList& arguments,
+                            const QString& output);
 
 // The same for a command line with -clipboard: hands the clipboard's picture over before the run.
-ToolOutcome runClipboardTool(const Shell& shell, const QStringList& arguments,
-                             const PictureClipboard& clipboard);
+Result<void> runClipboardTool(const Shell& shell, const QStringList& arguments,
+                              const PictureClipboard& clipboard);
 
-// The message, with a reason in a line below it.
-void showToolMessage(const Shell& shell, const QString& text, const QString& reason);
+// Tells a failure as this message, with its reason in a line below, and passes it on.
+Result<void> toldTool(const Shell& shell, const QString& text, const Result<void>& made);
 
 inline const QString emptyClipboardMessage =
     QStringLiteral("Perhaps the Clipboard is empty or contains no image data.");

@@ -3,6 +3,8 @@
 #include "tools/drives.h"
 #include "tools/list_usb_report.h"
 
+#include <utility>
+
 namespace fennel {
 
 namespace {
@@ -28,33 +30,46 @@ QStringList Drives::listUsbCommand() const
     return command;
 }
 
-void Drives::ListUsb(int driveChar, bool setDisk)
+Result<void> Drives::runListUsb(int driveChar, bool setDisk)
 {
-    if (!m_shell.toolThere(m_shell.run.ToolListUsb))
-        return;
+    if (Result<void> there = m_shell.toolThere(m_shell.run.ToolListUsb); !there)
+        return there;
     // Removed first, or the report of an earlier run would be read again.
     const QString report = m_shell.run.WorkspaceRoot + reportName;
-    if (!m_shell.told(m_shell.files.remove(report)))
-        return;
+    if (Result<void> removed = m_shell.files.remove(report); !removed)
+        return m_shell.tell(removed.failure());
     const Result<void> ran = m_shell.tools.runIntoFile(listUsbCommand(), report);
-    if (!FileExists(report)) {
-        const QString reason = ran ? QString() : QString::fromStdString('\n' + ran.failure().text);
-        m_shell.prompts.ShowMessage(u"ERROR..."_s + reason);
-        return;
+    // Half a report could name the wrong disk.
+    if (!ran || !FileExists(report)) {
+        (void)m_shell.files.remove(report);
+        const Failure failure = ran ? Failure{FailureKind::ToolFailed, {}} : ran.failure();
+        return m_shell.tell(failure, [this](const QString& reason) {
+            m_shell.prompts.ShowMessage(reason.isEmpty() ? u"ERROR..."_s
+                                                         : u"ERROR...\n"_s + reason);
+        });
     }
     const Result<QByteArray> bytes = readBytes(report);
-    if (bytes)
-        takeReport(QString::fromUtf8(*bytes), driveChar, setDisk);
-    else
-        m_shell.prompts.ShowMessage(QString::fromStdString(bytes.failure().text));
+    if (!bytes)
+        return m_shell.tell(bytes.failure(),
+                            [this](const QString& reason) { m_shell.prompts.ShowMessage(reason); });
+    takeReport(QString::fromUtf8(*bytes), driveChar, setDisk);
+    return {};
 }
 
 bool Drives::askFlashDisk()
 {
+    return askDisk() && m_shell.run.CurrentFlashDisk >= 0;
+}
+
+Result<void> Drives::askDisk()
+{
     // Unknown until the tool has answered, so that no old number is booted.
-    m_shell.run.CurrentFlashDisk = -1;
-    ListUsb(m_shell.run.CurrentFlashChar, true);
-    return m_shell.run.CurrentFlashDisk >= 0;
+    const int before = std::exchange(m_shell.run.CurrentFlashDisk, -1);
+    Result<void> asked = runListUsb(m_shell.run.CurrentFlashChar, true);
+    // Called off: it is asked again before anything boots.
+    if (!asked && asked.failure().kind == FailureKind::Canceled)
+        m_shell.run.CurrentFlashDisk = before;
+    return asked;
 }
 
 void Drives::takeReport(const QString& text, int driveChar, bool setDisk)

@@ -58,7 +58,7 @@ bool resizeAll(const Shell& shell, const QString& pattern, QSize size)
     const QStringList names = filesLike(folder, pattern);
     // All are made before the first member changes: a broken one among them stops the command here.
     bool good = std::all_of(names.begin(), names.end(), [&](const QString& name) {
-        return ResizeJpg(shell, size.width(), size.height(), folder + name, side + name);
+        return ResizeJpg(shell, size.width(), size.height(), folder + name, side + name).ok();
     });
     FileSteps steps(shell);
     good = good && std::all_of(names.begin(), names.end(), [&](const QString& name) {

@@ -187,9 +187,10 @@ void QemuRun::onEnd()
 void QemuRun::tellFailure()
 {
     const QString said = lastLines(logText());
-    m_shell.prompts.ShowMessage(u"Strange! It took about 5 seconds, \nand QEMU does not start. \n"
-                                "Perhaps there was an error."_s +
-                                (said.isEmpty() ? QString() : u"\n\n"_s + said));
+    const QString text = u"Strange! It took about 5 seconds, \nand QEMU does not start. \n"
+                         "Perhaps there was an error."_s +
+                         (said.isEmpty() ? QString() : u"\n\n"_s + said);
+    m_host.whenIdle([&prompts = m_shell.prompts, text] { prompts.ShowMessage(text); });
 }
 
 // A log that is not there yet reads as empty.

@@ -19,6 +19,8 @@ public:
     // Gives the foreground to the window of this process (or of a child of it) where the window
     // system allows that.
     virtual void bringToFront(qint64 pid) = 0;
+    // Does it once nothing is under way that holds the window.
+    virtual void whenIdle(std::function<void()> action) { action(); }
 };
 
 struct QemuLimits {

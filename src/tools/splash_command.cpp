@@ -32,8 +32,8 @@ void mnuFile_Splash(const Shell& shell)
     const Result<QString> packed = SevenZipPack(shell, folder + splashXpmName, folder, packedName);
     if (packed)
         (void)shell.told(shell.files.replaceWhole(folder + packedName, target));
-    else if (!packed.failure().text.empty())
-        (void)shell.told(packed.failure());
+    else
+        (void)shell.tell(packed.failure());
     (void)shell.files.remove(folder + packedName);
     (void)shell.files.remove(folder + splashXpmName);
 }

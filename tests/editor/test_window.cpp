@@ -15,6 +15,7 @@
 
 #include <QDialog>
 #include <QLabel>
+#include <QMenuBar>
 #include <QScreen>
 #include <QTest>
 #include <QTreeView>
@@ -97,7 +98,7 @@ TEST(Window, OpensAGzippedMessageOfDebian)
     Story w;
     const QByteArray archive = bytesOf(debian);
     w.open(w.shell.file(u"my message.gz"_s, runProgram(u"gzip"_s, {u"-9c"_s}, {}, archive).out));
-    ASSERT_TRUE(w.shell.run.GfxOpened && w.shell.run.GfxIsGz && w.window.isEnabled());
+    ASSERT_TRUE(w.shell.run.GfxOpened && w.shell.run.GfxIsGz && w.window.area().isEnabled());
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
     EXPECT_EQ(w.window.windowTitle(), prefix + u"my message.gz"_s);
     EXPECT_EQ(
@@ -110,6 +111,27 @@ TEST(Window, OpensAGzippedMessageOfDebian)
     EXPECT_EQ(column(*w.bench.params.list(TabBackgrounds), 0).first(), u"back.jpg"_s);
     EXPECT_TRUE(w.action(u"mnuFile_LastUsed"_s).isEnabled());
     expectOnDesktop(w);
+}
+
+TEST(Window, AFileThatIsNoneLeavesTheWindowUsableAndTheTitleTrue)
+{
+    Story w;
+    w.open(smallFile(w, u"good"_s));
+    w.open(w.shell.file(u"bad"_s, "no archive"), u"ERROR. File back.jpg not found!"_s);
+    EXPECT_TRUE(w.window.area().isEnabled() && w.window.menuBar()->isEnabled());
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(w.window.windowTitle(), prefix + u"good"_s);
+    EXPECT_EQ(w.window.menus().entries("mnuFile1").size(), 1U);
+    // One message for one broken background.
+    RawCpio odd;
+    odd.add({.name = "back.jpg", .data = "text"});
+    w.open(w.shell.file(u"odd"_s, QByteArray::fromStdString(odd.close())),
+           u"back.jpg is not a picture"_s);
+    w.open(w.shell.path(u"good"_s));
+    // A cancelled dialog says nothing.
+    w.shell.prompts.expectOpen({});
+    w.choose("mnuFile_Open");
+    EXPECT_EQ(w.shell.prompts.fileQuestions.back().folder, w.shell.path({}) + u'/');
 }
 
 TEST(Window, PanelsHideAndComeBackByEitherButton)
@@ -138,7 +160,6 @@ TEST(Window, PanelsHideAndComeBackByEitherButton)
         EXPECT_TRUE(shown(w, frame));
         EXPECT_EQ(w.window.size(), whole);
     }
-    EXPECT_TRUE(w.shell.run.RightPanelWidth == panel && w.shell.run.InterfaceReady);
 }
 
 TEST(Window, SplittersMoveTheEdgesWithinTheirLimits)
@@ -178,10 +199,8 @@ TEST(Window, AMessageDuringADragEndsIt)
                                                    {&w.window.surface(), menu + QPoint(3, 3)}};
     for (const auto& [widget, place] : dragged) {
         QTest::mousePress(widget, Qt::LeftButton, {}, place);
-        EXPECT_FALSE(w.shell.run.InterfaceReady);
         QDialog message(&w.window);
         message.open();
-        EXPECT_TRUE(w.shell.run.InterfaceReady);
         message.close();
     }
     EXPECT_TRUE(w.window.stageLink().stage().markerVisible());

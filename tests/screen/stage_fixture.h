@@ -173,12 +173,16 @@ protected:
     // What the stage asked of the resize tool: "WxH source target".
     QStringList resizes;
     std::function<void(int, int, const QString&, const QString&)> resize;
-    Stage stage{StageData{shell.shell, panels, fonts, menuSlit, host,
-                          [this](int w, int h, const QString& source, const QString& target) {
-                              resizes << u"%1x%2 %3 %4"_s.arg(w).arg(h).arg(source, target);
-                              if (resize)
-                                  resize(w, h, source, target);
-                          }}};
+    Stage stage{StageData{
+        shell.shell, panels, fonts, menuSlit, host,
+        [this](int w, int h, const QString& source, const QString& target) -> Result<void> {
+            resizes << u"%1x%2 %3 %4"_s.arg(w).arg(h).arg(source, target);
+            if (resize)
+                resize(w, h, source, target);
+            if (FileExists(target))
+                return {};
+            return Failure{FailureKind::ToolFailed, {}, true};
+        }}};
     StageGestures mouse{stage};
 };
 

@@ -5,6 +5,7 @@
 #include "editor/lists/right_panel.h"
 #include "editor/stage/stage_link.h"
 #include "editor/stage/stage_surface.h"
+#include "editor/window/window_progress.h"
 #include "params/cfg_table.h"
 
 #include <gtest/gtest.h>
@@ -33,6 +34,7 @@ Shell& started(TestShell& shell)
 
 Story::Story() : store(shell.path(u"settings.ini"_s)), bench(started(shell), store), window(bench)
 {
+    shell.tools.showIn(window.progress());
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
 }

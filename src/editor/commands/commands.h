@@ -28,18 +28,27 @@ public:
     {
         return m_handlers.count(name) != 0 || m_arrays.count(name) != 0;
     }
+    // Nothing runs while that is true, whoever asks for it.
+    void holdWhile(std::function<bool()> held) { m_held = std::move(held); }
     void run(const QString& name) const
     {
+        if (isHeld())
+            return;
         if (const auto found = m_handlers.find(name); found != m_handlers.end())
             found->second();
     }
     void runEntry(const QString& name, int index) const
     {
+        if (isHeld())
+            return;
         if (const auto found = m_arrays.find(name); found != m_arrays.end())
             found->second(index);
     }
 
 private:
+    [[nodiscard]] bool isHeld() const { return m_held && m_held(); }
+
+    std::function<bool()> m_held;
     std::map<QString, Handler> m_handlers;
     std::map<QString, IndexHandler> m_arrays;
 };

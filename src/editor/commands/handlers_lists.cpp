@@ -237,8 +237,7 @@ void deleteMembers(MainWindow& window, const QStringList& names, const QString& 
             if (!shell.told(shell.files.remove(shell.run.Workspace + name)))
                 return false;
         }
-        // RebuildMemberList() tells its failure itself.
-        return RebuildMemberList(shell, {}).ok();
+        return shell.told(RebuildMemberList(shell, {}));
     };
     if (window.document().changeMembers(info, [&] {
             if (!removeAll())

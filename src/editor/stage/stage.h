@@ -94,6 +94,7 @@ public:
     void HideAllPanels();
     // The same, and the background goes too, until something is drawn again.
     void clear();
+    void endClear();
     // Colours, place and size from the record, to the front if it is seen and enabled, then drawn.
     void ApplyPanel(int index);
     // All panels from their records; those that are shown only with their tab stay hidden, but for
@@ -159,7 +160,6 @@ private:
     [[nodiscard]] bool isFrozen(int index) const;
     void changed(const QRect& area) const;
     void changedOutline(const std::optional<QRect>& band) const;
-    void endClear();
     void place(int index);
     QRect reach(int index) const; // what is repainted for it
     void setVisible(int index, bool visible);
@@ -180,7 +180,8 @@ private:
     StageData m_data;
     QStringList m_families; // of the system, when the gfxboot was opened
     QImage m_background;
-    bool m_cleared = false; // nothing of the picture is seen
+    bool m_cleared = false;    // nothing of the picture is seen
+    double m_shownScale = 1.0; // of the background that is on the stage
     std::vector<StagePanel> m_panels;
     std::vector<int> m_order;
     std::vector<QImage> m_logos;

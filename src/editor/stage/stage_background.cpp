@@ -39,6 +39,8 @@ void Stage::tellNoMore()
 // ShowBackground runs at every move of a splitter; the same broken file is told once.
 void Stage::tellOnce(const Failure& failure)
 {
+    if (failure.told)
+        return;
     const QString before = m_told;
     tellNoMore();
     if (m_told == before)
@@ -54,16 +56,19 @@ void Stage::loadScaledBack()
     // The claimed size is looked at before any tool gets to decode the file.
     if (const Result<void> checked = checkPicture(run().BackFile); !checked)
         return tellOnce(checked.failure());
-    if (const Result<void> made = makeScaledBack(m_data.shell, m_data.ResizeJpg); !made)
+    if (const Result<void> made = makeScaledBack(m_data.shell, m_data.ResizeJpg); !made) {
+        // The picture keeps its size, and what stands on it must keep its places.
+        if (made.failure().kind == FailureKind::Canceled)
+            run().PreviewScale = m_shownScale;
         return tellOnce(made.failure());
+    }
     const QString scaled = run().WorkspaceRoot + scaledBackName;
-    // The old background stays on the stage.
-    if (!FileExists(scaled))
-        return; // the tool runner has told why
+    // Whenever one cannot be had the old background stays on the stage.
     const Result<QImage> picture = loadPicture(scaled);
     if (!picture)
         return tellOnce(picture.failure());
     m_told.clear();
+    m_shownScale = run().PreviewScale;
     setBackground(*picture);
 }
 
@@ -80,11 +85,11 @@ void Stage::ShowBackground()
     endClear();
     host().prepareBackground();
     if (FileExists(run().BackFile)) {
+        loadScaledBack();
         if (run().GfxOpened) {
             host().setStatus(sizeStatus,
                              scaleStatus(run().BackWidth, run().BackHeight, run().PreviewScale));
         }
-        loadScaledBack();
         rememberBackground();
     }
     // The picture has its new size by now, and the window is fitted to it.

@@ -59,7 +59,7 @@ StageData StageLink::stageData()
     const Shell& shell = bench.shell;
     return {shell, bench.document, bench.fonts.table, *this,
             [&shell](int width, int height, const QString& source, const QString& target) {
-                (void)ResizeJpg(shell, width, height, source, target);
+                return ResizeJpg(shell, width, height, source, target);
             }};
 }
 

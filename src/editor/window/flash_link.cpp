@@ -6,6 +6,7 @@
 #include "editor/window/main_window.h"
 #include "editor/window/menus.h"
 #include "editor/window/status_bar.h"
+#include "editor/window/window_progress.h"
 
 #include <QProcess>
 
@@ -16,7 +17,8 @@ FlashLink::FlashLink(MainWindow& window)
       m_drives(window.shell(), m_source, *this), m_qemu(window.shell(), m_source, *this),
       m_bios(biosStates(window.shell().run))
 {
-    QObject::connect(&m_watch, &MountWatch::changed, &window, [this] { m_drives.mountsChanged(); });
+    QObject::connect(&m_watch, &MountWatch::changed, &window,
+                     [this] { whenIdle([this] { m_drives.mountsChanged(); }); });
 }
 
 MenuDrive FlashLink::menuDrive() const
@@ -144,6 +146,11 @@ void FlashLink::chooseEmbeddedMenu()
 bool FlashLink::askFlashDisk()
 {
     return m_drives.askFlashDisk();
+}
+
+void FlashLink::whenIdle(std::function<void()> action)
+{
+    m_window.progress().whenIdle(std::move(action));
 }
 
 void FlashLink::bringToFront(qint64 pid)

@@ -13,9 +13,11 @@
 #include "editor/window/status_bar.h"
 #include "editor/window/thumbnail_strip.h"
 #include "editor/window/toolbar.h"
+#include "editor/window/window_progress.h"
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QMenuBar>
 
 // Resources of a static library must be asked for, from outside any namespace.
 static void loadIcons()
@@ -37,6 +39,8 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     m_stageLink = std::make_unique<StageLink>(*this);
     m_flashLink = std::make_unique<FlashLink>(*this);
     buildAreas();
+    m_waiting = std::make_unique<WindowProgress>(*this, *m_statusBar);
+    m_commands.holdWhile([this] { return m_waiting->busy(); });
     m_colourLink->connectControls();
     addFileCommands(*this);
     addViewCommands(*this);
@@ -133,7 +137,14 @@ void MainWindow::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        Form_Activate();
+        m_waiting->whenIdle([this] { Form_Activate(); });
+}
+
+void MainWindow::setControlsEnabled(bool enabled)
+{
+    menuBar()->setEnabled(enabled);
+    m_toolbar->setEnabled(enabled);
+    m_area->setEnabled(enabled);
 }
 
 // What happens on screen while gfxboot_open works.
@@ -145,11 +156,12 @@ public:
     {
         closeValueEditor(m_window);
         Stage& stage = m_window.m_stageLink->stage();
+        m_selected = stage.SelectedPanel;
         stage.ShowMarker(-1, -1);
         stage.SelectedPanel = -1;
         stage.clear();
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-        m_window.setEnabled(false);
+        m_window.setControlsEnabled(false);
     }
     // The other gfxboot is there: a text of the one before has no place any more.
     void hideObjects() override
@@ -166,15 +178,26 @@ public:
                                     .ZUKarr.GetLevelValue(0, backgroundParam, LayerCfg)
                                     .value_or(0));
     }
+    void openCanceled() override
+    {
+        Stage& stage = m_window.m_stageLink->stage();
+        stage.endClear();
+        if (!m_window.m_workbench.shell.run.GfxOpened)
+            return;
+        stage.RefreshPanels();
+        stage.SelectPanel(m_selected);
+        stage.ShowMarker(m_selected, 0);
+    }
     void openEnds(bool opened) override
     {
         Q_UNUSED(opened)
-        m_window.setEnabled(true);
+        m_window.setControlsEnabled(true);
         QGuiApplication::restoreOverrideCursor();
     }
 
 private:
     MainWindow& m_window;
+    int m_selected = -1; // the object that was marked before
 };
 
 bool MainWindow::openGfxboot(const QString& path)

@@ -32,6 +32,7 @@ class StageSurface;
 class StatusBar;
 class ThumbnailStrip;
 class Toolbar;
+class WindowProgress;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -56,6 +57,8 @@ public:
     [[nodiscard]] StageSurface& surface() { return *m_picture; }
     [[nodiscard]] ColourTools& colourTools() { return *m_tools; }
     [[nodiscard]] ColourLink& colourLink() { return *m_colourLink; }
+    // Shows the runs of tools, and holds the window meanwhile.
+    [[nodiscard]] WindowProgress& progress() { return *m_waiting; }
     // Everything between toolbar and status line; the value editor floats on it.
     [[nodiscard]] QWidget& area() { return *m_area; }
     // The part of area() that shows the stage, without its scroll bars.
@@ -106,6 +109,8 @@ private:
     void setPanelWidth(int width);
     void setPanelHeight(int height);
     void Form_Activate();
+    // All controls but those of the status line.
+    void setControlsEnabled(bool enabled);
     [[nodiscard]] LayoutInput layoutInput() const;
 
     Workbench& m_workbench;
@@ -128,6 +133,7 @@ private:
     SplitterBar* m_horizontal;    // Frame4Horizontal
     QToolButton* m_rightButton;   // ComFrame1
     StatusBar* m_statusBar;
+    std::unique_ptr<WindowProgress> m_waiting;
     int m_dragStart = 0;
     bool m_laying = false;
 };

@@ -21,11 +21,14 @@ constexpr std::array<const char16_t*, statusFieldCount> samples = {
 constexpr int firstSharing = 6; // from 0
 constexpr int nameField = 1;    // from 0
 constexpr int nameShare = 5;    // a long name takes this part of the line at most
+constexpr int workWidth = 160;  // of the progress bar, for work that is waited for
 
 } // namespace
 
 StatusBar::StatusBar(QWidget* parent)
-    : QWidget(parent), m_progress(new QProgressBar(this)), m_bottomButton(new QToolButton(this))
+    : QWidget(parent), m_progress(new QProgressBar(this)), m_work(new QWidget(this)),
+      m_what(new QLabel(m_work)), m_cancel(new QPushButton(tr("Cancel"), m_work)),
+      m_bottomButton(new QToolButton(this))
 {
     setObjectName(QStringLiteral("StatusBar1"));
     for (int i = 0; i < statusFieldCount; ++i) {
@@ -42,6 +45,12 @@ StatusBar::StatusBar(QWidget* parent)
     // It lies over the second field and hides it while it shows.
     m_progress->raise();
     m_progress->hide();
+    m_work->setAutoFillBackground(true);
+    m_work->hide();
+    m_what->setTextFormat(Qt::PlainText);
+    m_cancel->setObjectName(QStringLiteral("ComCancel"));
+    m_cancel->setToolTip(tr("Esc"));
+    m_cancel->setFocusPolicy(Qt::NoFocus);
     m_bottomButton->setObjectName(QStringLiteral("ComFrame2"));
     m_bottomButton->setAutoRaise(true);
     setFixedHeight(fontMetrics().height() + 2 * margin + 4);
@@ -98,6 +107,39 @@ void StatusBar::layFields()
     }
     m_bottomButton->setGeometry(end, 1, buttonWidth, height() - 2);
     m_progress->setGeometry(progressPlace(rect(), fieldPlace(2)));
+    if (m_work->isVisible())
+        layWork();
+}
+
+void StatusBar::layWork()
+{
+    QRect bar = fieldPlace(2);
+    bar.setWidth(std::max(bar.width(), workWidth));
+    m_progress->setGeometry(progressPlace(rect(), bar));
+    const int left = m_progress->geometry().right() + 1;
+    m_work->setGeometry(left, 0, m_bottomButton->x() - left, height());
+    const int button = m_cancel->sizeHint().width();
+    m_cancel->setGeometry(margin, 1, button, height() - 2);
+    m_what->setGeometry(button + 3 * margin, 0, m_work->width() - button - 3 * margin, height());
+}
+
+void StatusBar::showWork(const QString& what, std::optional<double> share)
+{
+    m_what->setText(what);
+    m_progress->setRange(0, share ? 100 : 0);
+    m_progress->setValue(static_cast<int>(share.value_or(0) * 100));
+    m_progress->show();
+    m_work->show();
+    m_work->raise();
+    layWork();
+}
+
+void StatusBar::hideWork()
+{
+    m_work->hide();
+    m_progress->hide();
+    m_progress->setRange(0, 100);
+    layFields();
 }
 
 QRect StatusBar::fieldPlace(int number) const

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 // StatusBar1: eight fields, the progress bar over the second, and the button that hides the bottom
-// panel at its right end.
+// panel at its right end. While long work goes on, the bar is wide, and what is going on and a
+// button to call it off stand behind it.
 #pragma once
 
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QToolButton>
 #include <QWidget>
 
 #include <array>
+#include <optional>
 
 namespace fennel {
 
@@ -28,17 +31,26 @@ public:
     [[nodiscard]] QRect fieldPlace(int number) const;
     [[nodiscard]] QProgressBar& progressBar() { return *m_progress; }
     [[nodiscard]] QToolButton& bottomButton() { return *m_bottomButton; }
+    [[nodiscard]] QPushButton& cancelButton() { return *m_cancel; }
+
+    // `share` from 0 to 1; nothing shows that the end is not known.
+    void showWork(const QString& what, std::optional<double> share);
+    void hideWork();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void layFields();
+    void layWork();
     [[nodiscard]] int neededWidth(std::size_t i) const;
 
     std::array<QLabel*, statusFieldCount> m_fields{};
     std::array<QString, statusFieldCount> m_texts; // whole; the labels may show less
     QProgressBar* m_progress;
+    QWidget* m_work;
+    QLabel* m_what;
+    QPushButton* m_cancel;
     QToolButton* m_bottomButton; // ComFrame2
 };
 
