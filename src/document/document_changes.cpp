@@ -140,8 +140,10 @@ bool Document::apply(Change change, const StepInfo& info)
     step.info = info;
     for (const auto& [key, value] : change.params)
         setParam(key, value, step);
-    for (const auto& [key, value] : change.params)
-        recompute(key, step);
+    for (const auto& [key, values] : std::map(step.params)) {
+        if (values.before != values.after)
+            recompute(key, step);
+    }
     for (const auto& [row, record] : change.objects)
         setObject(row, record, step);
     const bool done = !change.cfg || setConfig(change, step);

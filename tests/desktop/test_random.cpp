@@ -287,7 +287,7 @@ private:
     {
         tab();
         for (int row = 1; row <= story.list().count(); ++row) {
-            if (story.list().row(row)->text().endsWith(u".txt"_s)) {
+            if (story.look(row).text().endsWith(u".txt"_s)) {
                 clickRow(row);
                 press(story.window.rightPanel().editButton());
                 break;

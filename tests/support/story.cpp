@@ -114,7 +114,7 @@ void Story::editRow(const QString& tab, const QString& item)
 int Story::goToRow(const QString& item)
 {
     for (int row = 1; row <= list().count(); ++row) {
-        if (list().row(row)->text() != item)
+        if (look(row).text() != item)
             continue;
         window.rightPanel().view(lists().CurrentTab)->select(row);
         QAbstractItemView& shown = view();
@@ -124,6 +124,11 @@ int Story::goToRow(const QString& item)
     }
     ADD_FAILURE() << "no row " << item.toStdString();
     return 0;
+}
+
+RowLook Story::look(int row)
+{
+    return rowLook(bench.document, list(), *list().row(row), lists().CurrentMenuFile);
 }
 
 void Story::type(const QString& item, const QString& value)
@@ -140,9 +145,9 @@ void Story::type(const QString& item, const QString& value)
 
 QString Story::value(const QString& item)
 {
-    for (const ListRow& row : list().rows) {
-        if (row.text() == item)
-            return row.text(1);
+    for (int row = 1; row <= list().count(); ++row) {
+        if (look(row).text() == item)
+            return look(row).text(1);
     }
     return {};
 }
