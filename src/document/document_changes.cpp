@@ -29,6 +29,8 @@ struct Document::Command : public QUndoCommand {
         if (other->step.info.mergeKey != step.info.mergeKey || !other->step.members.empty())
             return false;
         step.absorb(Step(other->step));
+        // There and back again is nothing that anybody would undo.
+        setObsolete(step.dropUnchanged());
         return true;
     }
     // The versions of files that only this step keeps.

@@ -104,9 +104,9 @@ TEST(Rows, StaySelectedWhenHiddenParametersBecomeLines)
     ASSERT_NE(row, 0);
     QTest::keyClick(&story.view(), Qt::Key_2);
     EXPECT_EQ(story.look(story.lists().CurrentRow).text(), u"welcome"_s);
-    EXPECT_EQ(story.list().row(story.lists().CurrentRow)->checked, true);
+    EXPECT_EQ(story.look(story.lists().CurrentRow).checked, true);
     EXPECT_EQ(story.view().currentIndex().row() + 1, story.lists().CurrentRow);
     QTest::keyClick(&story.view(), Qt::Key_2);
     EXPECT_EQ(story.look(story.lists().CurrentRow).text(), u"welcome"_s);
-    EXPECT_EQ(story.list().row(story.lists().CurrentRow)->checked, false);
+    EXPECT_EQ(story.look(story.lists().CurrentRow).checked, false);
 }

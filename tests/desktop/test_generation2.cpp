@@ -4,7 +4,6 @@
 
 #include "container/gfx_save.h"
 #include "editor/lists/right_panel.h"
-#include "params/cfg_file.h"
 #include "params/object_table.h"
 
 #include <gtest/gtest.h>

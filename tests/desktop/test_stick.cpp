@@ -62,18 +62,18 @@ TEST_F(StickTest, ItsMenuFillsTheStageAndLiesOverTheParameters)
     story.goToTab(u"Menu"_s);
     ASSERT_EQ(story.list().count(), 4);
     EXPECT_EQ(story.look(3).text(), u"MENU.LST"_s);
-    EXPECT_EQ(story.list().row(3)->text(2), u"boot\\message"_s);
-    EXPECT_EQ(story.list().row(3)->colour, dataMenuRow);
+    EXPECT_EQ(story.look(3).text(2), u"boot\\message"_s);
+    EXPECT_EQ(story.look(3).colour, qRgb(136, 0, 136));
 
     runEntry(story, "mnuMenu_fromFlash", 0);
     EXPECT_EQ(story.lists().CurrentMenuFile, u"MENU.LST"_s);
-    EXPECT_TRUE(*story.list().row(3)->checked);
-    EXPECT_FALSE(*story.list().row(1)->checked);
+    EXPECT_TRUE(*story.look(3).checked);
+    EXPECT_FALSE(*story.look(1).checked);
     EXPECT_TRUE((*story.lists().object(MenuBarRow)).Text.startsWith(u"First entry"));
 
     story.goToTab(u"Time"_s);
-    EXPECT_EQ(story.list().row(2)->text(LstColumn), u"200"_s);
-    EXPECT_EQ(story.list().row(4)->text(LstColumn), u"0xFF00"_s);
+    EXPECT_EQ(story.look(2).text(LstColumn), u"200"_s);
+    EXPECT_EQ(story.look(4).text(LstColumn), u"0xFF00"_s);
     const qint16 left = (*story.lists().object(timeObject)).Left;
     QCheckBox& box = story.window.rightPanel().fromMenu();
     ASSERT_TRUE(box.isEnabled());
@@ -138,7 +138,7 @@ TEST_F(StickTest, AnotherDriveWithoutThatMenuShowsTheEmbeddedOne)
     runEntry(story, "mnuMenu_fromFlash", 0);
     runEntry(story, "mnuFlash_FlashArr", 1);
     EXPECT_TRUE(story.lists().CurrentMenuFile.isEmpty());
-    EXPECT_TRUE(*story.lists().list(TabMenu)->row(1)->checked);
+    EXPECT_TRUE(*story.look(1, TabMenu).checked);
     EXPECT_TRUE((*story.lists().object(MenuBarRow)).Text.startsWith(u"RECALL"));
     // One that is there and cannot be read is told.
     runEntry(story, "mnuFlash_FlashArr", 0);
@@ -188,7 +188,7 @@ TEST_F(StickTest, WhenItsMenuCannotBeReadTheEmbeddedOneIsInForce)
     story.makeNew();
     story.makeNew(); // told once
     EXPECT_TRUE(story.lists().CurrentMenuFile.isEmpty());
-    EXPECT_TRUE(*story.lists().list(TabMenu)->row(1)->checked);
+    EXPECT_TRUE(*story.look(1, TabMenu).checked);
     EXPECT_TRUE(story.action(u"mnuMenu_Embedded"_s).isChecked());
     EXPECT_FALSE(box.isEnabled());
     EXPECT_FALSE(box.isChecked());
@@ -203,5 +203,5 @@ TEST_F(StickTest, WhenItsMenuCannotBeReadTheEmbeddedOneIsInForce)
     story.window.flashLink().drives().RefreshDriveInfo(false, false);
     runEntry(story, "mnuMenu_fromFlash", 0);
     EXPECT_EQ(story.lists().CurrentMenuFile, u"MENU.LST"_s);
-    EXPECT_TRUE(*story.lists().list(TabMenu)->row(3)->checked);
+    EXPECT_TRUE(*story.look(3, TabMenu).checked);
 }

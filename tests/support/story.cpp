@@ -126,9 +126,10 @@ int Story::goToRow(const QString& item)
     return 0;
 }
 
-RowLook Story::look(int row)
+RowLook Story::look(int row, int tab)
 {
-    return rowLook(bench.document, list(), *list().row(row), lists().CurrentMenuFile);
+    const ListRows& rows = *lists().list(tab > 0 ? tab : lists().CurrentTab);
+    return rowLook(bench.document, rows, *rows.row(row), lists().CurrentMenuFile);
 }
 
 void Story::type(const QString& item, const QString& value)

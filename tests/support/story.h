@@ -48,8 +48,8 @@ public:
     int goToRow(const QString& item);
     // Goes to the row of a tab and presses "edit".
     void editRow(const QString& tab, const QString& item);
-    // How a row of the current list looks.
-    [[nodiscard]] RowLook look(int row);
+    // How a row of a list looks, by default of the current one.
+    [[nodiscard]] RowLook look(int row, int tab = 0);
     // Types a value into the row and presses Enter.
     void type(const QString& item, const QString& value);
     // The value cell of a row of the current list.
