@@ -18,7 +18,13 @@ int numberOf(const std::vector<ListRow>& rows, const Test& test)
 
 int ListRows::find(const ListRow& wanted) const
 {
-    return numberOf(rows, [&](const ListRow& row) { return row.sameAs(wanted); });
+    if (const int same = numberOf(rows, [&](const ListRow& row) { return row.sameAs(wanted); });
+        same > 0 || wanted.kind != RowKind::CfgLine || wanted.name.isEmpty())
+        return same;
+    // Lines move when hidden ones have become lines of the file; their names stay.
+    return numberOf(rows, [&](const ListRow& row) {
+        return row.kind == RowKind::CfgLine && row.name == wanted.name;
+    });
 }
 
 int ListRows::findMember(const QString& name) const

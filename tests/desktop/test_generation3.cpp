@@ -29,7 +29,7 @@ TEST(Generation3, ValuesOfEveryKindComeBackFromTheFile)
     EXPECT_EQ((*story.lists().object(5)).BackColor, qRgb(0, 255, 0));
     story.goToTab(u"Date"_s);
     story.type(u":11:="_s, u"0"_s);
-    EXPECT_EQ(story.list().row(2)->colour, greyRow);
+    EXPECT_EQ(story.look(2).colour, greyRow);
     story.goToTab(u"Animation"_s);
     story.type(u":01:="_s, u"nonsense"_s);
 

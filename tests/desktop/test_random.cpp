@@ -50,7 +50,11 @@ public:
     // Does something; returns what.
     const char* act() { return act(std::begin(actions), std::end(actions)); }
     // The same, but goes on with the gfxboot that is open.
-    const char* actInside() { return act(std::begin(actions) + openings, std::end(actions)); }
+    const char* actInside()
+    {
+        m_inside = true;
+        return act(std::begin(actions) + openings, std::end(actions));
+    }
     void makeNew() { story.makeNew(); }
     [[nodiscard]] const QStringList& messages() const { return m_messages; }
 
@@ -146,7 +150,8 @@ private:
     void reOpen() { run("mnuFile_ReOpen"); }
     void save()
     {
-        if (!story.run().GfxOpened)
+        // A save of what was opened changes what undo comes back to.
+        if (!story.run().GfxOpened || (m_inside && !story.bench.document.canUndo()))
             return;
         const QDateTime start = QDateTime::currentDateTime().addMSecs(-clockOfFiles);
         if (story.run().GfxFileName == unsavedGfxName || m_dice.chance(30)) {
@@ -326,6 +331,7 @@ private:
     }
 
     Dice m_dice;
+    bool m_inside = false;
     QStringList m_messages;
     QStringList m_pictures;
 };

@@ -119,7 +119,7 @@ TEST(Window, AFileThatIsNoneLeavesTheWindowUsableAndTheTitleTrue)
     w.open(w.shell.file(u"bad"_s, "no archive"), u"ERROR. File back.jpg not found!"_s);
     EXPECT_TRUE(w.window.area().isEnabled() && w.window.menuBar()->isEnabled());
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-    EXPECT_EQ(w.window.windowTitle(), prefix + u"good"_s);
+    EXPECT_EQ(title(w), prefix + u"good"_s);
     EXPECT_EQ(w.window.menus().entries("mnuFile1").size(), 1U);
     // One message for one broken background.
     RawCpio odd;

@@ -44,10 +44,7 @@ void showParams(MainWindow& window, const std::set<ParamKey>& params)
 
 void showConfig(MainWindow& window)
 {
-    const auto lines = static_cast<int>(window.document().state().cfg.size());
-    if (window.workbench().params.list(TabConfig)->count() != lines)
-        refillList(window, TabConfig);
-    window.rightPanel().refreshList(TabConfig);
+    refillList(window, TabConfig);
     // The file has another length.
     refillList(window, TabGfxboot);
 }
