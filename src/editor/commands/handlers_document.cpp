@@ -8,6 +8,7 @@
 #include "editor/stage/stage_surface.h"
 #include "editor/window/main_window.h"
 #include "editor/window/menus.h"
+#include "editor/window/toolbar.h"
 #include "params/level_files.h"
 #include "params/object_table.h"
 #include "params/panel_values.h"
@@ -176,12 +177,16 @@ void showHistory(MainWindow& window)
         QString caption;
         QString what;
         bool enabled;
+        ButtonId button;
     };
     for (const Item& item :
-         {Item{"mnuEdit_Undo", MainWindow::tr("Undo"), document.undoText(), document.canUndo()},
-          Item{"mnuEdit_Redo", MainWindow::tr("Redo"), document.redoText(), document.canRedo()}}) {
+         {Item{"mnuEdit_Undo", MainWindow::tr("Undo"), document.undoText(), document.canUndo(),
+               UndoButton},
+          Item{"mnuEdit_Redo", MainWindow::tr("Redo"), document.redoText(), document.canRedo(),
+               RedoButton}}) {
         QAction* action = window.menus().action(QLatin1String(item.name));
         QString text = item.what.isEmpty() ? item.caption : item.caption + u' ' + item.what;
+        window.toolbar().showAction(item.button, text, item.enabled);
         action->setText(text.replace(u'&', QStringLiteral("&&")));
         action->setEnabled(item.enabled);
     }

@@ -56,6 +56,8 @@ void Toolbar::UpdateToolbar(const RunState& run, const WindowFlags& flags)
 {
     for (const auto& [id, button] : m_buttons) {
         const ToolbarButton& row = *toolbarButton(id);
+        if (row.enabled == Enabled::ByOthers)
+            continue;
         const ButtonLook look = lookOf(row, run, flags);
         enableButton(row.id, holds(row.enabled, run, true));
         button->setIcon(picture(look.image));
@@ -74,6 +76,12 @@ void Toolbar::enableButton(ButtonId id, bool enabled)
     // A button without a command behind it is shown disabled.
     const ToolbarButton* row = toolbarButton(id);
     m_buttons.at(id)->setEnabled(enabled && m_commands->has(QLatin1String(row->command)));
+}
+
+void Toolbar::showAction(ButtonId id, const QString& toolTip, bool enabled)
+{
+    m_buttons.at(id)->setToolTip(toolTip);
+    enableButton(id, enabled);
 }
 
 void Toolbar::setDrives(const std::vector<QAction*>& entries)

@@ -27,6 +27,8 @@ public:
     // Overrides the state of one button until the next UpdateToolbar; the rows of the lists decide
     // over the edit buttons.
     void enableButton(ButtonId id, bool enabled);
+    // A button whose tip and state a command sets.
+    void showAction(ButtonId id, const QString& toolTip, bool enabled);
     // The drop-down list of the Current Flash button: the entries of the menu of the drives.
     void setDrives(const std::vector<QAction*>& entries);
 

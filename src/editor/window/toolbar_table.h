@@ -31,6 +31,8 @@ enum ButtonId {
     FlashButton = 18,
     MonitorButton = 19,
     QemuButton = 21,
+    UndoButton = 25,
+    RedoButton = 26,
 };
 
 // What a button shows by its picture and its tool tip.
