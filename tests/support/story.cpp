@@ -3,6 +3,7 @@
 
 #include "app/startup.h"
 #include "editor/lists/right_panel.h"
+#include "editor/lists/row_look.h"
 #include "editor/stage/stage_link.h"
 #include "editor/stage/stage_surface.h"
 #include "editor/window/window_progress.h"
@@ -68,6 +69,7 @@ void Story::close()
 {
     window.close();
     QCoreApplication::processEvents();
+    (void)bench.journal.flush();
     Form_Unload(shell.shell);
 }
 
@@ -114,7 +116,7 @@ void Story::editRow(const QString& tab, const QString& item)
 int Story::goToRow(const QString& item)
 {
     for (int row = 1; row <= list().count(); ++row) {
-        if (list().row(row)->text() != item)
+        if (itemText(bench.document, list(), *list().row(row)) != item)
             continue;
         window.rightPanel().view(lists().CurrentTab)->select(row);
         QAbstractItemView& shown = view();
@@ -141,8 +143,8 @@ void Story::type(const QString& item, const QString& value)
 QString Story::value(const QString& item)
 {
     for (const ListRow& row : list().rows) {
-        if (row.text() == item)
-            return row.text(1);
+        if (itemText(bench.document, list(), row) == item)
+            return rowLook(bench.document, list(), row, lists().CurrentMenuFile).text(1);
     }
     return {};
 }
