@@ -95,13 +95,4 @@ void DriveList(benchmark::State& state)
 }
 BENCHMARK(DriveList)->Unit(benchmark::kMillisecond);
 
-// The drives of the machine that runs this.
-void DriveListHere(benchmark::State& state)
-{
-    const FolderDriveSource source;
-    for (auto step : state)
-        benchmark::DoNotOptimize(volumesOf(source));
-}
-BENCHMARK(DriveListHere)->Unit(benchmark::kMillisecond);
-
 } // namespace

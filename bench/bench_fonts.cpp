@@ -39,16 +39,6 @@ void parseRanges(benchmark::State& state)
 }
 BENCHMARK(parseRanges)->Unit(benchmark::kMicrosecond);
 
-void changePage(benchmark::State& state)
-{
-    int page = 0;
-    for (auto step : state) {
-        page = (page + 1) % pageCount;
-        benchmark::DoNotOptimize(pageText(page));
-    }
-}
-BENCHMARK(changePage)->Unit(benchmark::kMicrosecond);
-
 // The installed font with the most characters.
 QString largestFont()
 {

@@ -6,10 +6,10 @@
 #include "editor/colour/colour_tools.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
+#include "editor/lists/row_look.h"
 #include "editor/stage/stage_link.h"
 #include "large_menu.h"
 #include "menus/menu_list.h"
-#include "params/row_values.h"
 
 #include <benchmark/benchmark.h>
 
@@ -176,7 +176,8 @@ void typedValue(benchmark::State& state)
         Q_EMIT panel.editor().committed();
         editor.paint();
     });
-    if (editor.bench.params.list(tab)->row(4)->text(1) != QString::number(value % 200))
+    if (valueText(editor.bench.document, *editor.bench.params.list(tab)->row(4)) !=
+        QString::number(value % 200))
         state.SkipWithError("the value did not reach the row");
 }
 
@@ -192,9 +193,11 @@ void menuToShown(benchmark::State& state)
     ParamLists& lists = editor.bench.params;
     for (auto _ : state) {
         MenuListFill(editor.bench.shell, drive, *lists.list(TabMenu));
-        editor.window->stageLink().stage().setMenuEntries(
-            MenuApply(editor.bench.shell, drive, name, lists.ZUKarr));
-        refreshLstColumn(lists);
+        Document& document = editor.bench.document;
+        document.setMenuValues([&](ZUKarr& table) {
+            document.setMenuEntries(MenuApply(editor.bench.shell, drive, name, table));
+        });
+        editor.window->stageLink().stage().redraw(MenuPanelRow);
         for (int tab = TabMenu; tab <= lists.tabCount(); ++tab)
             editor.window->rightPanel().refreshList(tab);
         editor.paint();

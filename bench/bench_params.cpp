@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-// What an open costs in the lists: all 40 objects built and all tabs filled. Limit: 40 ms. A typed
-// value has to be in row, record and swatch within a frame, 16 ms.
-#include "base/shell_context.h"
+// What an open costs in the lists: all 40 objects built and all tabs filled; and the switch between
+// the lists' values and a menu's, with all of them.
 #include "editor/lists/tabs.h"
+#include "large_menu.h"
+#include "menus/menu_overlay.h"
 #include "params/level_files.h"
 #include "params/object_table.h"
-#include "params/panel_values.h"
-#include "params/row_values.h"
 #include "quiet_prompts.h"
 
 #include <benchmark/benchmark.h>
@@ -29,8 +28,9 @@ struct OpenGfxboot {
     QuietPrompts prompts;
     ProcessToolRunner tools;
     Shell shell{run, log, files, prompts, tools};
-    ParamLists lists;
     FontTable fonts{std::size_t{fontCount}};
+    Document document{shell, fonts};
+    ParamLists lists{document};
 
     OpenGfxboot()
     {
@@ -43,29 +43,31 @@ struct OpenGfxboot {
         QImage logo(120, 80, QImage::Format_RGB32);
         logo.fill(Qt::white);
         logo.save(run.Workspace + u"Logo_msk.jpg"_s);
-        for (int file = 0; file < zukFileCount; ++file)
-            writeLevels(file);
+        document.setMenuValues([this](ZUKarr& table) {
+            for (int file = 0; file < zukFileCount; ++file)
+                writeLevels(file, table);
+        });
         for (int i = 0; i < 80; ++i) {
             for (const QString& name : {u"Logo_%1.jpg"_s, u"glass_%1.jpg"_s, u"back_%1.jpg"_s})
                 (void)files.write(run.Workspace + name.arg(i, 2, 10, QChar(u'0')), "x");
         }
     }
-    void writeLevels(int file)
+    void writeLevels(int file, ZUKarr& table)
     {
         QByteArray bytes;
         for (int param = 1; param <= zukParamCount; ++param) {
             bytes.append("\x08\x00\x00", 3);
             bytes += static_cast<char>(param);
-            lists.ZUKarr.at(file, param).DefValue = 1;
+            table.at(file, param).DefValue = 1;
         }
         (void)files.write(run.Workspace + levelFileName(file), bytes);
     }
     void build()
     {
-        ReadLevelFiles(shell, lists.ZUKarr);
-        BuildPanels(shell, lists);
-        applyGeneration(shell, lists, fonts, {});
-        BuildTabs(shell, lists, {});
+        document.readLevels();
+        document.buildObjects();
+        document.listValues(false);
+        BuildTabs(shell, lists);
     }
 };
 
@@ -78,25 +80,17 @@ void BuildAll(benchmark::State& state)
 }
 BENCHMARK(BuildAll)->Unit(benchmark::kMillisecond);
 
-void TypeValue(benchmark::State& state)
+void SwitchMenuLevelOnAndOff(benchmark::State& state)
 {
     OpenGfxboot open;
     open.build();
-    for (auto step : state)
-        benchmark::DoNotOptimize(setTypedValue(open.lists, open.fonts, FirstObjectTab, 4, u"253"));
-}
-BENCHMARK(TypeValue)->Unit(benchmark::kMicrosecond);
-
-void GatherAndWrite(benchmark::State& state)
-{
-    OpenGfxboot open;
-    open.build();
+    open.document.setMenuValues(
+        [](ZUKarr& table) { MenuOverlay(QString::fromLatin1(largeMenu()), true, table); });
     for (auto step : state) {
-        GatherListValues(open.shell, open.lists);
-        if (!WriteLevelFiles(open.shell, open.lists.ZUKarr))
-            state.SkipWithError("cannot write");
+        open.document.showMenuLevel(true);
+        open.document.showMenuLevel(false);
     }
 }
-BENCHMARK(GatherAndWrite)->Unit(benchmark::kMillisecond);
+BENCHMARK(SwitchMenuLevelOnAndOff)->Unit(benchmark::kMillisecond);
 
 } // namespace

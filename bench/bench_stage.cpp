@@ -2,8 +2,8 @@
 // What an edit costs: drawing one panel, all panels, and a step of a drag from the mouse event to
 // the painted frame, each at 1024x768 and 2560x1440.
 #include "editor/stage/stage_surface.h"
+#include "params/panel_values.h"
 #include "quiet_prompts.h"
-#include "screen/panel_text.h"
 
 #include <benchmark/benchmark.h>
 
@@ -19,24 +19,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Rows as a list keeps them, so that a drag step pays for writing them.
-class RowsHost : public StageHost {
+class SilentHost : public StageHost {
 public:
-    explicit RowsHost(PanelArr& panels) : m_panels(panels) {}
-    void PanelParamsToRow(int index) override
-    {
-        const PanelRec& rec = m_panels[static_cast<std::size_t>(index)];
-        rows = {QString::number(rec.Left), QString::number(rec.Top), QString::number(rec.Width),
-                QString::number(rec.Height)};
-    }
-    qint64 GetPanelParam(int, int) override { return 3; }
-    QString CfgValue(const QString&) override { return u"0"_s; }
-    void SetCfgValue(const QString&, const QString&) override {}
-    void setBackgroundNumber(int) override {}
     int objectOfCurrentTab() override { return -1; }
     void selectTabOf(int) override {}
     void focusStage() override {}
-    bool menuLevelShown() override { return false; }
     int pipettesOn() override { return 0; }
     void showColourControls(int) override {}
     void setStatus(int, const QString& text) override { status = text; }
@@ -48,11 +35,7 @@ public:
     void layOutWindow() override {}
     void scaleApplied() override {}
     void beep(double, int) override {}
-    QStringList rows;
     QString status;
-
-private:
-    PanelArr& m_panels;
 };
 
 void useApplication()
@@ -86,10 +69,18 @@ public:
         run.BackHeight = size.height();
         fonts[0].FontName = u"Liberation Sans"_s;
         fonts[0].Size = 14;
+        // A step of a drag pays for the parameters that it writes.
+        document.setMenuValues([](ZUKarr& table) {
+            for (int file = 0; file < zukFileCount; ++file) {
+                for (int param = 1; param <= zukParamCount; ++param)
+                    table.at(file, param).LevelValue = 3;
+            }
+        });
+        document.buildObjects();
+        document.listValues(false);
         fillPanels(size);
         stage.adoptPanels();
         stage.setBackground(picture);
-        stage.setMenuEntries(embeddedMenu);
         stage.RefreshPanels();
     }
 
@@ -98,39 +89,43 @@ public:
     DiskFiles files;
     QuietPrompts prompts;
     ProcessToolRunner tools;
-    PanelArr panels = PanelArr(40);
+    Shell shell{run, log, files, prompts, tools};
     FontTable fonts = FontTable(fontCount);
-    int slit = 3;
-    RowsHost host{panels};
-    Stage stage{StageData{Shell{run, log, files, prompts, tools}, panels, fonts, slit, host, {}}};
+    Document document{shell, fonts};
+    SilentHost host;
+    Stage stage{StageData{shell, document, fonts, host, {}}};
 
 private:
     void fillPanels(QSize size)
     {
+        Change change;
         for (int i = 0; i < 40; ++i) {
-            PanelRec& rec = panels[static_cast<std::size_t>(i)];
-            rec.Name = u"Object %1"_s.arg(i);
-            rec.Text = rec.Name + u'|';
+            PanelRec& rec = change.objects[i] = *document.object(i);
             rec.Left = static_cast<qint16>(i % 8 * 120);
             rec.Top = static_cast<qint16>(i / 8 * 120);
-            rec.LeftParam = 2;
-            rec.TopParam = 3;
+            rec.Width = 100;
+            rec.Height = 50;
+            rec.LeftParam = rec.LeftParam > 0 ? rec.LeftParam : qint16{2};
+            rec.TopParam = rec.TopParam > 0 ? rec.TopParam : qint16{3};
             rec.BackColor = qRgb(i * 6, 200 - i, 90);
             rec.Transp = static_cast<qint16>(60 + i * 4);
+            rec.Enabled = true;
+            rec.OnlySelected = false;
         }
-        place(0, 253, 170, size.width() - 253, 340);
-        place(1, 253, 170, size.width() - 253, 24);
-        place(7, 0, size.height() - 24, size.width(), 24);
-        place(8, 80, 60, size.width() - 160, size.height() - 120);
-        place(9, 0, 0, size.width(), size.height());
-        place(35, 100, 100, 575, 375);
-    }
-    void place(std::size_t index, int left, int top, int width, int height)
-    {
-        panels[index].Left = static_cast<qint16>(left);
-        panels[index].Top = static_cast<qint16>(top);
-        panels[index].Width = static_cast<qint16>(width);
-        panels[index].Height = static_cast<qint16>(height);
+        const auto place = [&](int row, const QRect& rect) {
+            PanelRec& rec = change.objects[row];
+            rec.Left = clampToI16(rect.x());
+            rec.Top = clampToI16(rect.y());
+            rec.Width = clampToI16(rect.width());
+            rec.Height = clampToI16(rect.height());
+        };
+        place(0, {253, 170, size.width() - 253, 340});
+        place(1, {253, 170, size.width() - 253, 24});
+        place(7, {0, size.height() - 24, size.width(), 24});
+        place(8, {80, 60, size.width() - 160, size.height() - 120});
+        place(9, {0, 0, size.width(), size.height()});
+        place(35, {100, 100, 575, 375});
+        (void)document.apply(std::move(change), {});
     }
 };
 
@@ -147,15 +142,6 @@ public:
 QSize sizeOf(const benchmark::State& state)
 {
     return {static_cast<int>(state.range(0)), static_cast<int>(state.range(1))};
-}
-
-// Panel 9 covers the whole screen: the dearest there is. Drawing ends with its finished picture.
-void DrawPanelFullScreen(benchmark::State& state)
-{
-    useApplication();
-    Scene scene(sizeOf(state));
-    for (auto _ : state)
-        scene.stage.DrawPanel(9);
 }
 
 void DrawPanelHelp(benchmark::State& state)
@@ -214,10 +200,6 @@ void DragStep(benchmark::State& state)
 
 } // namespace
 
-BENCHMARK(DrawPanelFullScreen)
-    ->Args({1024, 768})
-    ->Args({2560, 1440})
-    ->Unit(benchmark::kMillisecond);
 BENCHMARK(DrawPanelHelp)->Args({1024, 768})->Args({2560, 1440})->Unit(benchmark::kMillisecond);
 BENCHMARK(AllPanels)->Args({1024, 768})->Args({2560, 1440})->Unit(benchmark::kMillisecond);
 // The menu with its bar (1), the help panel (8), a small object (5).

@@ -83,9 +83,7 @@ void textOpenedAndSaved(benchmark::State& state)
     RightPanel& panel = editor.window->rightPanel();
     Q_EMIT panel.tabClicked(TabGfxboot);
     const ListRows& list = *editor.bench.params.list(TabGfxboot);
-    int number = 1;
-    while (number < list.count() && list.row(number)->text() != u"ZUK_Read.txt"_s)
-        ++number;
+    const int number = list.findMember(u"ZUK_Read.txt"_s);
     for (auto _ : state) {
         panel.view(TabGfxboot)->select(number);
         Q_EMIT panel.rowSelected(TabGfxboot, number, false);

@@ -66,19 +66,48 @@ QString withoutSeparator(const QString& path)
 
 } // namespace
 
+namespace {
+
+// A file that has further names, such as the versions that undo keeps, is left to them: what is
+// written goes into one of its own.
+Result<void> makeOwn(const QString& path)
+{
+    struct stat facts {};
+    if (lstat(QFile::encodeName(path).constData(), &facts) != 0 || !S_ISREG(facts.st_mode) ||
+        facts.st_nlink < 2)
+        return {};
+    const Result<QByteArray> bytes = readBytes(path);
+    if (!bytes)
+        return bytes.failure();
+    const QString own = path + u'~';
+    Result<void> done = writeFile(nameOf(own), O_WRONLY | O_CREAT | O_TRUNC, spanOf(*bytes));
+    if (done && ::rename(QFile::encodeName(own).constData(),
+                         QFile::encodeName(path).constData()) != 0)
+        done = systemFailure("write", path, errno);
+    return done;
+}
+
+Result<void> writeOwn(const QString& path, int flags, const QByteArray& bytes)
+{
+    const Result<void> own = makeOwn(path);
+    return own ? writeFile(nameOf(path), flags, spanOf(bytes)) : own;
+}
+
+} // namespace
+
 Result<void> DiskFiles::write(const QString& path, const QByteArray& bytes)
 {
-    return writeFile(nameOf(path), O_WRONLY | O_CREAT | O_TRUNC, spanOf(bytes));
+    return writeOwn(path, O_WRONLY | O_CREAT | O_TRUNC, bytes);
 }
 
 Result<void> DiskFiles::append(const QString& path, const QByteArray& bytes)
 {
-    return writeFile(nameOf(path), O_WRONLY | O_CREAT | O_APPEND, spanOf(bytes));
+    return writeOwn(path, O_WRONLY | O_CREAT | O_APPEND, bytes);
 }
 
 Result<void> DiskFiles::overwriteStart(const QString& path, const QByteArray& bytes)
 {
-    return writeFile(nameOf(path), O_WRONLY | O_CREAT, spanOf(bytes));
+    return writeOwn(path, O_WRONLY | O_CREAT, bytes);
 }
 
 Result<void> DiskFiles::copy(const QString& source, const QString& target)

@@ -29,6 +29,8 @@ struct Document::Command : public QUndoCommand {
         if (other->step.info.mergeKey != step.info.mergeKey || !other->step.members.empty())
             return false;
         step.absorb(Step(other->step));
+        // There and back again is nothing that anybody would undo.
+        setObsolete(step.dropUnchanged());
         return true;
     }
     // The versions of files that only this step keeps.
@@ -140,8 +142,10 @@ bool Document::apply(Change change, const StepInfo& info)
     step.info = info;
     for (const auto& [key, value] : change.params)
         setParam(key, value, step);
-    for (const auto& [key, value] : change.params)
-        recompute(key, step);
+    for (const auto& [key, values] : std::map(step.params)) {
+        if (values.before != values.after)
+            recompute(key, step);
+    }
     for (const auto& [row, record] : change.objects)
         setObject(row, record, step);
     const bool done = !change.cfg || setConfig(change, step);

@@ -168,7 +168,9 @@ int cfgLineOf(const CfgLines& lines, QStringView name)
 QString CfgValue(const CfgLines& lines, QStringView name)
 {
     const int line = cfgLineOf(lines, name);
-    return line >= 0 ? lines[line].value.text() : CfgDefault(name);
+    if (line < 0)
+        return CfgDefault(name);
+    return lines[line].valued ? lines[line].value.text() : QString();
 }
 
 CfgLines withCfgNumber(const CfgLines& lines, QStringView name, qint64 number)

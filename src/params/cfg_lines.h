@@ -54,7 +54,7 @@ QString cfgTextFrom(const CfgLines& lines);
 }
 // Index of the first line of a parameter, -1 without one.
 int cfgLineOf(const CfgLines& lines, QStringView name);
-// The value of that line, or the default.
+// The value of that line, empty if nothing stands behind its name; or the default.
 QString CfgValue(const CfgLines& lines, QStringView name);
 // The lines with that number in the parameter's first line, written in decimal; the same lines if
 // there is none, or if it says that number already.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/agreement.h"
 
-#include "base/text.h"
 #include "editor/lists/right_panel.h"
 #include "editor/stage/stage_link.h"
 #include "editor/window/flash_link.h"
@@ -9,7 +8,6 @@
 #include "editor/window/menus.h"
 #include "editor/window/toolbar_table.h"
 #include "params/level_files.h"
-#include "params/object_rows.h"
 #include "params/panel_values.h"
 
 #include <QApplication>
@@ -28,7 +26,7 @@ public:
     void window()
     {
         const ParamLists& lists = m_story.lists();
-        expect(m_story.run().InterfaceReady, u"the interface is still locked"_s);
+        expect(!m_story.bench.document.inGesture(), u"a gesture does not end"_s);
         expect(QApplication::overrideCursor() == nullptr, u"the waiting pointer stays"_s);
         expect(QApplication::activeModalWidget() == nullptr, u"a dialog stays open"_s);
         expect(lists.lists.size() == lists.tabs.size(), u"tabs and lists differ in number"_s);
@@ -65,7 +63,8 @@ public:
             for (int row = 1; row <= std::min(list.count(), model.rowCount()); ++row) {
                 for (int column = 0; column < std::min(2, model.columnCount()); ++column)
                     expect(model.index(row - 1, column).data().toString() ==
-                               list.row(row)->text(static_cast<std::size_t>(column)),
+                               rowLook(m_story.bench.document, list, *list.row(row), lists.CurrentMenuFile)
+                                   .text(static_cast<std::size_t>(column)),
                            where + u"row %1 shows something else"_s.arg(row));
             }
             expect(list.selected >= 0 && list.selected <= list.count(),
@@ -82,8 +81,8 @@ public:
             QString::fromUtf8(bytesOf(folder + u"#.lst"_s)).split(u"\r\n"_s, Qt::SkipEmptyParts);
         QStringList rows;
         for (const ListRow& row : m_story.lists().list(TabGfxboot)->rows) {
-            rows.append(row.text());
-            expect(FileExists(folder + row.text()), row.text() + u" is no file"_s);
+            rows.append(row.name);
+            expect(FileExists(folder + row.name), row.name + u" is no file"_s);
         }
         expect(rows == members, u"rows and list of members differ: "_s + rows.join(u' ') +
                                     u" / "_s + members.join(u' '));
@@ -91,21 +90,19 @@ public:
     void records()
     {
         const ParamLists& lists = m_story.lists();
-        expect(static_cast<int>(lists.PanelArr.size()) == m_story.run().ObjectCount,
+        expect(static_cast<int>(document().state().PanelArr.size()) == m_story.run().ObjectCount,
                u"too many objects, or too few"_s);
-        if (!m_story.run().GfxHasZuk || m_story.window.rightPanel().fromMenu().isChecked())
+        if (!m_story.run().GfxHasZuk || document().menuLevelShown())
             return;
-        ParamLists fromRows = lists;
         for (int object = 0; object < m_story.run().ObjectCount; ++object) {
             const PanelRec& now = *lists.object(object);
-            if (now.TabIndex == 0 ||
-                !RecalcPanelFromList(fromRows, m_story.bench.fonts.table, now.TabIndex, object))
+            if (now.TabIndex == 0)
                 continue;
-            const PanelRec& told = *fromRows.object(object);
+            const PanelRec told =
+                panelFromValues(document().state(), m_story.bench.fonts.table, object);
             expect(text(now) == text(told),
                    u"object %1 is %2, its rows say %3"_s.arg(object).arg(text(now), text(told)));
         }
-        sharedParameters();
     }
     void stage()
     {
@@ -183,25 +180,13 @@ private:
         for (int tab = FirstObjectTab; tab <= lists.tabCount(); ++tab) {
             const int file = levelFileOf(*lists.object(lists.objectOfTab(tab)));
             for (const ListRow& row : lists.list(tab)->rows) {
-                if (isParameterRow(row))
-                    visit(file, static_cast<int>(numberFromText(row.tag)),
-                          numberFromText(row.text(LevelColumn)), tab);
+                if (row.kind == RowKind::Parameter)
+                    visit(file, row.number,
+                          document().state().ZUKarr.at(file, row.number).Value->number, tab);
             }
         }
     }
-    void sharedParameters()
-    {
-        std::map<std::pair<int, int>, qint64> seen;
-        eachParameter([&](int file, int id, qint64 value, int tab) {
-            const qint64 first = seen.try_emplace({file, id}, value).first->second;
-            expect(first == value,
-                   u"tab %1 shows %2 for parameter %3 of file %4, another tab %5"_s.arg(tab)
-                       .arg(value)
-                       .arg(id)
-                       .arg(file)
-                       .arg(first));
-        });
-    }
+    const Document& document() { return m_story.bench.document; }
     Story& m_story;
 };
 

@@ -103,10 +103,10 @@ TEST(Rows, StaySelectedWhenHiddenParametersBecomeLines)
     const int row = story.goToRow(u"welcome"_s);
     ASSERT_NE(row, 0);
     QTest::keyClick(&story.view(), Qt::Key_2);
-    EXPECT_EQ(story.list().row(story.lists().CurrentRow)->text(), u"welcome"_s);
-    EXPECT_EQ(story.list().row(story.lists().CurrentRow)->checked, true);
+    EXPECT_EQ(story.look(story.lists().CurrentRow).text(), u"welcome"_s);
+    EXPECT_EQ(story.look(story.lists().CurrentRow).checked, true);
     EXPECT_EQ(story.view().currentIndex().row() + 1, story.lists().CurrentRow);
     QTest::keyClick(&story.view(), Qt::Key_2);
-    EXPECT_EQ(story.list().row(story.lists().CurrentRow)->text(), u"welcome"_s);
-    EXPECT_EQ(story.list().row(story.lists().CurrentRow)->checked, false);
+    EXPECT_EQ(story.look(story.lists().CurrentRow).text(), u"welcome"_s);
+    EXPECT_EQ(story.look(story.lists().CurrentRow).checked, false);
 }

@@ -120,7 +120,7 @@ TEST(BootEdited, ShowsTheNewBackgroundAndTheMenuInTheNewFont)
     const QImage background = engineDecoded(members[u"back.jpg"_s]);
     for (const QRect& part : bareParts())
         EXPECT_LE(difference(booted.screen, background, part), decoderRounding);
-    const PanelRec& menu = story.lists().PanelArr[MenuPanelRow];
+    const PanelRec& menu = (*story.lists().object(MenuPanelRow));
     const QRect panel(menu.Left, menu.Top, 60, 200); // where lines may begin
     const FntFont font = fontOf(members[u"16x16.fnt"_s]);
     std::vector<QPoint> places;

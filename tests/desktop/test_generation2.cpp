@@ -4,7 +4,6 @@
 
 #include "container/gfx_save.h"
 #include "editor/lists/right_panel.h"
-#include "params/cfg_file.h"
 #include "params/object_table.h"
 
 #include <gtest/gtest.h>
@@ -23,15 +22,15 @@ TEST(Generation2, OffersWhatTheEngineKnowsAndWritesWhatIsChecked)
     ASSERT_EQ(story.run().gfxboot_var, 2);
     story.goToTab(u"Config"_s);
     const ListRows& list = story.list();
-    EXPECT_EQ(list.row(1)->colour, cfgActiveRow);
-    EXPECT_EQ(list.row(2)->colour, cfgOffRow);
-    EXPECT_EQ(list.row(5)->text(), u"# Additional list ->"_s);
+    EXPECT_EQ(story.look(1).colour, cfgActiveRow);
+    EXPECT_EQ(story.look(2).colour, blueRow);
+    EXPECT_EQ(story.look(5).text(), u"# Additional list ->"_s);
     // All thirty but the two that the file mentions.
     EXPECT_EQ(list.count(), 5 + 28);
 
     story.type(u"menu_start_x"_s, u"0x0"_s);
     story.type(u"menu_start_x"_s, u"77"_s);
-    EXPECT_EQ(story.lists().PanelArr[MenuPanelRow].Left, 77);
+    EXPECT_EQ((*story.lists().object(MenuPanelRow)).Left, 77);
 
     const QString path = story.shell.path(u"changed"_s);
     story.saveAs(path, false);
@@ -64,7 +63,7 @@ TEST(Generation1, ShowsItsMenuAndSavesTheSameMembers)
     const QString message = messageWith(story.shell, {});
     story.open(message);
     ASSERT_EQ(story.run().gfxboot_var, 1);
-    EXPECT_EQ(story.lists().PanelArr[MenuPanelRow].Left, 253);
+    EXPECT_EQ((*story.lists().object(MenuPanelRow)).Left, 253);
     EXPECT_EQ(story.lists().tabCount(), 5);
     const auto before = membersOf(message);
     story.choose("mnuFile_Save");

@@ -26,7 +26,7 @@ TEST(Generation3, ValuesOfEveryKindComeBackFromTheFile)
     story.type(u":03:="_s, u"45abc"_s);
     story.type(u":08:="_s, u"0x1234567"_s);
     EXPECT_EQ(story.value(u":08:="_s), u"0x234567"_s);
-    EXPECT_EQ(story.lists().PanelArr[5].BackColor, qRgb(0, 255, 0));
+    EXPECT_EQ((*story.lists().object(5)).BackColor, qRgb(0, 255, 0));
     story.goToTab(u"Date"_s);
     story.type(u":11:="_s, u"0"_s);
     EXPECT_EQ(story.list().row(2)->colour, greyRow);

@@ -48,8 +48,11 @@ public:
         story.makeNew();
     }
     // Does something; returns what.
-    const char* act();
+    const char* act() { return act(std::begin(actions), std::end(actions)); }
+    // The same, but goes on with the gfxboot that is open.
+    const char* actInside() { return act(std::begin(actions) + openings, std::end(actions)); }
     void makeNew() { story.makeNew(); }
+    [[nodiscard]] const QStringList& messages() const { return m_messages; }
 
     Story story;
     bool saved = false; // by the last action
@@ -60,7 +63,9 @@ private:
         int weight;
         void (RandomUser::*run)();
     };
-    static const Action actions[];
+    const char* act(const Action* first, const Action* end);
+    static const Action actions[22];
+    static constexpr int openings = 3; // the first of them
 
     QString generation2()
     {
@@ -200,6 +205,16 @@ private:
         QTest::keyClick(&list(), Qt::Key_Return);
         endTyping(m_dice.chance(90));
     }
+    void undo()
+    {
+        for (int steps = m_dice.between(1, 5); steps > 0; --steps)
+            run("mnuEdit_Undo");
+    }
+    void redo()
+    {
+        for (int steps = m_dice.between(1, 5); steps > 0; --steps)
+            run("mnuEdit_Redo");
+    }
     void check() { QTest::keyClick(&list(), Qt::Key_2); }
     void drag()
     {
@@ -287,7 +302,7 @@ private:
     {
         tab();
         for (int row = 1; row <= story.list().count(); ++row) {
-            if (story.list().row(row)->text().endsWith(u".txt"_s)) {
+            if (story.look(row).text().endsWith(u".txt"_s)) {
                 clickRow(row);
                 press(story.window.rightPanel().editButton());
                 break;
@@ -315,7 +330,7 @@ private:
     QStringList m_pictures;
 };
 
-const RandomUser::Action RandomUser::actions[] = {
+const RandomUser::Action RandomUser::actions[22] = {
     {"open", 3, &RandomUser::open},
     {"new", 3, &RandomUser::makeNew},
     {"re-open", 2, &RandomUser::reOpen},
@@ -336,16 +351,18 @@ const RandomUser::Action RandomUser::actions[] = {
     {"text", 3, &RandomUser::editText},
     {"menu", 3, &RandomUser::menu},
     {"layout", 3, &RandomUser::layout},
+    {"undo", 8, &RandomUser::undo},
+    {"redo", 5, &RandomUser::redo},
 };
 
-const char* RandomUser::act()
+const char* RandomUser::act(const Action* first, const Action* end)
 {
     saved = false;
     int sum = 0;
-    for (const Action& action : actions)
-        sum += action.weight;
+    for (const Action* action = first; action != end; ++action)
+        sum += action->weight;
     qsizetype chosen = m_dice.below(sum);
-    const Action* action = actions;
+    const Action* action = first;
     while (chosen >= action->weight)
         chosen -= (action++)->weight;
     (this->*action->run)();
@@ -384,5 +401,83 @@ TEST(RandomUser, FindsThePartsInAgreementWhateverItDoes)
               << " KiB more than after a quarter of them\n";
     if (memoryIsCounted) {
         EXPECT_LT(growth, allowedGrowth);
+    }
+}
+
+namespace {
+
+// What counts of an open gfxboot: values, lines, and the files of the Workspace.
+struct Contents {
+    std::map<std::pair<int, int>, QString> values;
+    CfgLines cfg;
+    std::map<QString, QByteArray> files;
+    bool operator==(const Contents&) const = default;
+};
+
+Contents contentsOf(Story& story)
+{
+    const ParamState& state = story.bench.document.state();
+    Contents contents;
+    contents.cfg = state.cfg;
+    for (int file = 0; file < zukFileCount; ++file) {
+        for (int param = 1; param <= zukParamCount; ++param) {
+            if (const auto& value = state.ZUKarr.at(file, param).Value)
+                contents.values[{file, param}] = value->text();
+        }
+    }
+    // A save writes it anew, from the members that are there.
+    for (const QString& name : filesLike(story.run().Workspace, u"*"_s)) {
+        if (name != u"#.lst")
+            contents.files[name] = bytesOf(story.run().Workspace + name);
+    }
+    return contents;
+}
+
+// What a save right after opening would have written.
+std::map<QString, QByteArray> savedAtOnce(const QString& message)
+{
+    Story story;
+    const QString copy = story.shell.path(u"copy"_s);
+    EXPECT_TRUE(story.shell.files.copy(message, copy).ok());
+    story.open(copy);
+    story.choose("mnuFile_Save");
+    return membersOf(copy);
+}
+
+} // namespace
+
+TEST(RandomUser, UndoesEverythingToTheFirstByteAndBack)
+{
+    const unsigned first = seed();
+    for (const int which : {0, 3}) { // of generation 3 and 2
+        RandomUser user(first);
+        Story& story = user.story;
+        Document& document = story.bench.document;
+        const QString message = user.messages()[which];
+        const auto opened = savedAtOnce(message);
+        story.open(message);
+        const int count = rounds(120, 5000);
+        for (int i = 0; i < count && !testing::Test::HasFailure(); ++i) {
+            const Watchdog dog(hangTime);
+            SCOPED_TRACE("seed " + std::to_string(first) + ", action " + std::to_string(i));
+            user.actInside();
+        }
+        story.press(Qt::Key_Escape);
+        story.choose("mnuFile_Save");
+        const QString path = story.run().GfxPath;
+        const Contents top = contentsOf(story);
+        int steps = 0;
+        while (document.undo())
+            ++steps;
+        while (document.redo())
+            --steps;
+        EXPECT_EQ(steps, 0);
+        EXPECT_TRUE(contentsOf(story) == top) << "seed " << first;
+        while (document.undo())
+            ++steps;
+        EXPECT_GT(steps, 0);
+        story.choose("mnuFile_Save");
+        EXPECT_EQ(membersOf(path), opened) << "seed " << first << ", " << steps << " steps";
+        story.close();
     }
 }

@@ -61,26 +61,26 @@ TEST_F(StickTest, ItsMenuFillsTheStageAndLiesOverTheParameters)
 
     story.goToTab(u"Menu"_s);
     ASSERT_EQ(story.list().count(), 4);
-    EXPECT_EQ(story.list().row(3)->text(), u"MENU.LST"_s);
-    EXPECT_EQ(story.list().row(3)->text(2), u"boot\\message"_s);
-    EXPECT_EQ(story.list().row(3)->colour, dataMenuRow);
+    EXPECT_EQ(story.look(3).text(), u"MENU.LST"_s);
+    EXPECT_EQ(story.look(3).text(2), u"boot\\message"_s);
+    EXPECT_EQ(story.look(3).colour, qRgb(136, 0, 136));
 
     runEntry(story, "mnuMenu_fromFlash", 0);
-    EXPECT_EQ(story.bench.CurrentMenuFile, u"MENU.LST"_s);
-    EXPECT_TRUE(*story.list().row(3)->checked);
-    EXPECT_FALSE(*story.list().row(1)->checked);
-    EXPECT_TRUE(story.lists().PanelArr[MenuBarRow].Text.startsWith(u"First entry"));
+    EXPECT_EQ(story.lists().CurrentMenuFile, u"MENU.LST"_s);
+    EXPECT_TRUE(*story.look(3).checked);
+    EXPECT_FALSE(*story.look(1).checked);
+    EXPECT_TRUE((*story.lists().object(MenuBarRow)).Text.startsWith(u"First entry"));
 
     story.goToTab(u"Time"_s);
-    EXPECT_EQ(story.list().row(2)->text(LstColumn), u"200"_s);
-    EXPECT_EQ(story.list().row(4)->text(LstColumn), u"0xFF00"_s);
-    const qint16 left = story.lists().PanelArr[timeObject].Left;
+    EXPECT_EQ(story.look(2).text(LstColumn), u"200"_s);
+    EXPECT_EQ(story.look(4).text(LstColumn), u"0xFF00"_s);
+    const qint16 left = (*story.lists().object(timeObject)).Left;
     QCheckBox& box = story.window.rightPanel().fromMenu();
     ASSERT_TRUE(box.isEnabled());
     QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
     ASSERT_TRUE(box.isChecked());
-    EXPECT_EQ(story.lists().PanelArr[timeObject].Left, 200);
-    EXPECT_EQ(story.lists().PanelArr[timeObject].BackColor, qRgb(0, 255, 0));
+    EXPECT_EQ((*story.lists().object(timeObject)).Left, 200);
+    EXPECT_EQ((*story.lists().object(timeObject)).BackColor, qRgb(0, 255, 0));
 
     story.user().expectMessage(u"You can not edit data, while they are overlap by"_s);
     story.goToRow(u":02:="_s);
@@ -94,7 +94,7 @@ TEST_F(StickTest, ItsMenuFillsTheStageAndLiesOverTheParameters)
     EXPECT_EQ(general.at(2), left);
 
     QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
-    EXPECT_EQ(story.lists().PanelArr[timeObject].Left, left);
+    EXPECT_EQ((*story.lists().object(timeObject)).Left, left);
 }
 
 TEST_F(StickTest, GoesAndComesBack)
@@ -103,7 +103,7 @@ TEST_F(StickTest, GoesAndComesBack)
     story.makeNew();
     runEntry(story, "mnuFlash_FlashArr", 0);
     runEntry(story, "mnuMenu_fromFlash", 1);
-    EXPECT_EQ(story.lists().PanelArr[MenuBarRow].Text.left(6), u"Привет"_s);
+    EXPECT_EQ((*story.lists().object(MenuBarRow)).Text.left(6), u"Привет"_s);
 
     unmountStick(machine, 1);
     story.user().expectMessage(u"BOOT ME"_s);
@@ -111,8 +111,8 @@ TEST_F(StickTest, GoesAndComesBack)
     story.window.flashLink().drives().mountsChanged();
     EXPECT_EQ(story.run().CurrentFlashChar, noFlash);
     EXPECT_FALSE(story.window.menus().action(u"mnuFlash"_s)->isEnabled());
-    EXPECT_TRUE(story.bench.CurrentMenuFile.isEmpty());
-    EXPECT_TRUE(story.lists().PanelArr[MenuBarRow].Text.startsWith(u"RECALL"));
+    EXPECT_TRUE(story.lists().CurrentMenuFile.isEmpty());
+    EXPECT_TRUE((*story.lists().object(MenuBarRow)).Text.startsWith(u"RECALL"));
     EXPECT_FALSE(story.action(u"mnuMenu_select"_s).isEnabled());
     EXPECT_EQ(story.action(u"mnuMenu_select"_s).text(), u"Select MENU from X:"_s);
     EXPECT_TRUE(story.window.menus().entries("mnuMenu_fromFlash").empty());
@@ -133,20 +133,20 @@ TEST_F(StickTest, AnotherDriveWithoutThatMenuShowsTheEmbeddedOne)
     runEntry(story, "mnuMenu_fromFlash", 1);
     // A file of the same name is the menu again; without one nothing is said.
     runEntry(story, "mnuFlash_FlashArr", 1);
-    EXPECT_TRUE(story.lists().PanelArr[MenuBarRow].Text.startsWith(u"Second stick"));
+    EXPECT_TRUE((*story.lists().object(MenuBarRow)).Text.startsWith(u"Second stick"));
     runEntry(story, "mnuFlash_FlashArr", 0);
     runEntry(story, "mnuMenu_fromFlash", 0);
     runEntry(story, "mnuFlash_FlashArr", 1);
-    EXPECT_TRUE(story.bench.CurrentMenuFile.isEmpty());
-    EXPECT_TRUE(*story.lists().list(TabMenu)->row(1)->checked);
-    EXPECT_TRUE(story.lists().PanelArr[MenuBarRow].Text.startsWith(u"RECALL"));
+    EXPECT_TRUE(story.lists().CurrentMenuFile.isEmpty());
+    EXPECT_TRUE(*story.look(1, TabMenu).checked);
+    EXPECT_TRUE((*story.lists().object(MenuBarRow)).Text.startsWith(u"RECALL"));
     // One that is there and cannot be read is told.
     runEntry(story, "mnuFlash_FlashArr", 0);
     runEntry(story, "mnuMenu_fromFlash", 0);
     ASSERT_TRUE(QFile::link(u"/etc/hostname"_s, machine.root() + u"/media/ann/second/MENU.LST"_s));
     story.user().expectMessage(u"MENU.LST is a link that leads out of the drive."_s);
     runEntry(story, "mnuFlash_FlashArr", 1);
-    EXPECT_TRUE(story.bench.CurrentMenuFile.isEmpty());
+    EXPECT_TRUE(story.lists().CurrentMenuFile.isEmpty());
 }
 
 // The number of a pulled stick passes to the disk behind it; here that is a built-in one.
@@ -178,7 +178,7 @@ TEST_F(StickTest, WhenItsMenuCannotBeReadTheEmbeddedOneIsInForce)
     runEntry(story, "mnuMenu_fromFlash", 0);
     QCheckBox& box = story.window.rightPanel().fromMenu();
     box.click();
-    EXPECT_EQ(story.lists().PanelArr[timeObject].Left, 200);
+    EXPECT_EQ((*story.lists().object(timeObject)).Left, 200);
 
     // Nobody watches: the drive stays chosen and its letter has no folder.
     unmountStick(machine, 1);
@@ -187,21 +187,21 @@ TEST_F(StickTest, WhenItsMenuCannotBeReadTheEmbeddedOneIsInForce)
     story.user().expectMessage(u"E:/MENU.LST not found!"_s);
     story.makeNew();
     story.makeNew(); // told once
-    EXPECT_TRUE(story.bench.CurrentMenuFile.isEmpty());
-    EXPECT_TRUE(*story.lists().list(TabMenu)->row(1)->checked);
+    EXPECT_TRUE(story.lists().CurrentMenuFile.isEmpty());
+    EXPECT_TRUE(*story.look(1, TabMenu).checked);
     EXPECT_TRUE(story.action(u"mnuMenu_Embedded"_s).isChecked());
     EXPECT_FALSE(box.isEnabled());
     EXPECT_FALSE(box.isChecked());
-    EXPECT_TRUE(story.lists().PanelArr[MenuBarRow].Text.startsWith(u"RECALL"));
+    EXPECT_TRUE((*story.lists().object(MenuBarRow)).Text.startsWith(u"RECALL"));
 
     story.user().expectMessage(u"E:/MENU.LST not found!"_s);
     runEntry(story, "mnuMenu_fromFlash", 0);
-    EXPECT_TRUE(story.bench.CurrentMenuFile.isEmpty());
+    EXPECT_TRUE(story.lists().CurrentMenuFile.isEmpty());
 
     // Back again, its entry finds it although the list was filled without it.
     mountStick(machine, 1);
     story.window.flashLink().drives().RefreshDriveInfo(false, false);
     runEntry(story, "mnuMenu_fromFlash", 0);
-    EXPECT_EQ(story.bench.CurrentMenuFile, u"MENU.LST"_s);
-    EXPECT_TRUE(*story.lists().list(TabMenu)->row(3)->checked);
+    EXPECT_EQ(story.lists().CurrentMenuFile, u"MENU.LST"_s);
+    EXPECT_TRUE(*story.look(3, TabMenu).checked);
 }

@@ -71,9 +71,7 @@ TEST_F(Colours, TransparencyReachesRecordAndRow)
     EXPECT_EQ(shown(lineRow, record(lineRow).TranspParam), u"33"_s);
     EXPECT_EQ(find<QLineEdit>(u"Text_Transp"_s).text(), u"33"_s);
     // Command1 brings the file's own values back.
-    const qint64 before =
-        bench.params.ZUKarr.at(levelFileOf(record(lineRow)), record(lineRow).TranspParam)
-            .LevelValue;
+    const qint64 before = cell(lineRow, record(lineRow).TranspParam).LevelValue;
     tools().slider(0).setValue(9);
     find<QPushButton>(u"Command1"_s).click();
     EXPECT_EQ(record(lineRow).Transp, before);

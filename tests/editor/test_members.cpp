@@ -23,7 +23,7 @@ protected:
     {
         QStringList all;
         for (const ListRow& row : bench.params.list(tab)->rows)
-            all << row.text();
+            all << itemText(bench.document, *bench.params.list(tab), row);
         return all;
     }
     void selectRow(int tab, const QString& name)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "editor/lists/right_panel.h"
+#include "editor/lists/row_look.h"
 #include "editor/stage/stage_link.h"
 #include "params/level_files.h"
 #include "support/story.h"
@@ -26,25 +27,35 @@ protected:
     {
         Q_EMIT window.rightPanel().tabClicked(record(object).TabIndex);
     }
-    PanelRec& record(int object) { return *bench.params.object(object); }
-    Stage& stage() { return window.stageLink().stage(); }
-    // The row that shows a parameter of the object, and its value as the list shows it.
-    ListRow& rowOf(int object, int param)
+    const PanelRec& record(int object) { return *bench.document.object(object); }
+    const ZukCell& cell(int object, int param)
     {
-        const ZukCell& cell = bench.params.ZUKarr.at(levelFileOf(record(object)), param);
-        ListRow* row = bench.params.list(cell.TabPos)->row(cell.RowPos);
-        EXPECT_NE(row, nullptr);
-        return *row;
+        return bench.document.state().ZUKarr.at(levelFileOf(record(object)), param);
     }
-    QString shown(int object, int param) { return rowOf(object, param).text(1); }
+    Stage& stage() { return window.stageLink().stage(); }
+    // The number of the row that shows a parameter of the object, and its value as the list says.
+    int rowOf(int object, int param)
+    {
+        ListRow wanted;
+        wanted.kind = RowKind::Parameter;
+        wanted.file = levelFileOf(record(object));
+        wanted.number = param;
+        return bench.params.list(record(object).TabIndex)->find(wanted);
+    }
+    QString shown(int object, int param)
+    {
+        const ListRows& list = *bench.params.list(record(object).TabIndex);
+        return rowLook(bench.document, list, *list.row(rowOf(object, param)), {}).text(LevelColumn);
+    }
     // Opens the value editor on the row of a parameter.
     void editRow(int object, int param)
     {
-        const ZukCell& cell = bench.params.ZUKarr.at(levelFileOf(record(object)), param);
+        const int tab = record(object).TabIndex;
+        const int row = rowOf(object, param);
         RightPanel& panel = window.rightPanel();
-        panel.view(cell.TabPos)->select(cell.RowPos);
-        Q_EMIT panel.rowSelected(cell.TabPos, cell.RowPos, false);
-        Q_EMIT panel.rowActivated(cell.TabPos, cell.RowPos);
+        panel.view(tab)->select(row);
+        Q_EMIT panel.rowSelected(tab, row, false);
+        Q_EMIT panel.rowActivated(tab, row);
     }
     void runCommand(const char* name) { window.commands().run(QLatin1String(name)); }
 };

@@ -111,7 +111,7 @@ TEST_F(FontCommands, Generation3ChangesTheSelectedAndAddsFurtherFonts)
     EXPECT_TRUE(member(u"#.lst"_s).contains("16x16_01.fnt"));
     const ListRows& list = *w.bench.params.list(TabFonts);
     ASSERT_GT(list.selected, 0);
-    EXPECT_EQ(list.row(list.selected)->text(), u"16x16_01.fnt"_s);
+    EXPECT_EQ(list.row(list.selected)->name, u"16x16_01.fnt"_s);
     const QByteArray first = member(u"16x16.fnt"_s);
 
     applyInDialog(u"Liberation Sans Bold"_s);

@@ -86,8 +86,11 @@ TEST_F(FontMaking, NumbersGrowPastAnyGap)
     };
     for (const auto& [names, next] : cases) {
         ListRows list;
-        for (const QString& name : names.split(u' '))
-            list.rows.emplace_back().cells.push_back({name, {}, {}, {}, false});
+        for (const QString& name : names.split(u' ')) {
+            ListRow& row = list.rows.emplace_back();
+            row.name = name;
+            row.kind = name.contains(u'.') ? RowKind::Font : RowKind::FontFact;
+        }
         EXPECT_EQ(nextFontName(list), next);
     }
 }
@@ -97,8 +100,8 @@ TEST_F(FontMaking, ChangesTheSelectedFontOfGeneration3)
     shell.member(u"16x16_02.fnt"_s, "old font 2 TAG|Arial\t Bold|size\t12 px");
     rescan();
     command.row = fonts.rows.count() - 2; // a row of the second font that is no heading
-    ASSERT_EQ(fonts.rows.row(command.row)->tag, u"|arr02|"_s);
-    while (fileOfTag(fonts.rows.row(command.row)->tag).isEmpty())
+    ASSERT_EQ(fonts.rows.row(command.row)->number, 2);
+    while (fonts.rows.row(command.row)->kind != RowKind::Font)
         --command.row;
     choice.bold = true;
     const auto change = run();
@@ -127,7 +130,7 @@ TEST_F(FontMaking, ChangesTheSelectedFontOfGeneration3)
 TEST_F(FontMaking, AFontOfAnUnlistedNameBecomesAMember)
 {
     command.row = 2;
-    ASSERT_EQ(fonts.rows.row(2)->text(), u"Length"_s);
+    ASSERT_EQ(fonts.rows.row(2)->texts.first(), u"Length"_s);
     for (int times = 0; times < 2; ++times)
         ASSERT_TRUE(run());
     EXPECT_EQ(asked.title, u"Font. Edit Length"_s);

@@ -49,8 +49,7 @@ protected:
     QString row(int number)
     {
         const ListRow* shown = fonts.rows.row(number);
-        return shown == nullptr ? QString()
-                                : shown->text(0) + u'|' + shown->text(1) + u'|' + shown->text(2);
+        return shown == nullptr ? QString() : shown->texts.join(u'|');
     }
     TestShell shell;
     FontState fonts;

@@ -1,32 +1,30 @@
 // SPDX-License-Identifier: MIT
 // gfxboot.cfg from any bytes: what is read can be written, and what was written has the same number
 // of lines when it is read again. The input serves as engine too.
-#include "params/cfg_file.h"
+#include "params/cfg_lines.h"
 
 #include "base/text.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 using namespace fennel;
 
-static qsizetype linesOf(const ListRows& list)
+static auto count(const CfgLines& lines)
 {
-    qsizetype lines = 0;
-    for (const ListRow& row : list.rows)
-        lines += row.text() == QStringLiteral("# Additional list ->") ? 0 : 1;
-    return lines;
+    return lines.size() - std::ranges::count(lines, CfgKindOfLine::Separator, &CfgLine::kind);
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const TextFile file = decodeText(bytes);
-    ListRows list;
-    if (!cfgRowsFrom(file.text, bytes, list))
+    const Result<CfgLines> lines = cfgLinesFrom(file.text, bytes);
+    if (!lines)
         return 0;
-    const QByteArray written = encodeText(cfgTextFrom(list), file.TextIsUtf8);
-    ListRows again;
-    if (!cfgRowsFrom(decodeText(written).text, {}, again) || linesOf(again) != linesOf(list))
+    const QByteArray written = encodeText(cfgTextFrom(*lines), file.TextIsUtf8);
+    const Result<CfgLines> again = cfgLinesFrom(decodeText(written).text, {});
+    if (!again || count(*again) != count(*lines))
         std::abort();
     return 0;
 }

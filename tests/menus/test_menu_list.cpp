@@ -40,8 +40,7 @@ protected:
     QString row(int number)
     {
         const ListRow* found = list.row(number);
-        return found ? found->text(0) + u", "_s + found->text(1) + u", "_s + found->text(2)
-                     : QString();
+        return found ? found->texts.join(u", "_s) : QString();
     }
 
     TestShell shell;
@@ -66,7 +65,7 @@ TEST_F(MenuListTest, RowsOfADrive)
     EXPECT_EQ(row(5), u"OLD.LST, E:\\, message"_s);
     EXPECT_EQ(list.selected, 1);
     EXPECT_EQ(menuRow(list, u"menu.lst"_s), 4);
-    EXPECT_EQ(menuOfRow(list, 5), u"OLD.LST"_s);
+    EXPECT_EQ(list.row(5)->name, u"OLD.LST"_s);
 
     list.selected = 4;
     MenuListFill(shell.shell, drive, list);
@@ -106,7 +105,7 @@ TEST_F(MenuListTest, FilesThatCannotBeRead)
     MenuListFill(shell.shell, drive, list);
     ASSERT_EQ(list.count(), 5);
     EXPECT_EQ(row(3), u"a_out.lst, E:\\, "_s);
-    EXPECT_TRUE(list.row(3)->cells[0].toolTip.contains(u"out of the drive"_s));
+    EXPECT_TRUE(list.row(3)->tip.contains(u"out of the drive"_s));
     EXPECT_EQ(row(4), u"b_in.lst, E:\\, real"_s);
     shell.prompts.expectMessage(u"out of the drive"_s);
     EXPECT_EQ(apply(u"a_out.lst"_s), embedded);

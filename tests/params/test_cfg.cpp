@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "params/cfg_file.h"
+#include "params/cfg_lines.h"
 
 #include "support/test_shell.h"
 
@@ -12,42 +12,24 @@ namespace {
 const QString wrong = u"<== WRONG PARAMETER NAME!"_s;
 
 // "check|name|value|comment"
-QString shown(const ListRow& row)
+QString shown(const CfgLine& line)
 {
-    return (row.checked.value_or(false) ? u"on|"_s : u"off|"_s) + row.text(0) + u'|' + row.text(1) +
-           u'|' + row.text(2);
+    if (line.kind == CfgKindOfLine::Separator)
+        return u"separator"_s;
+    return (line.on ? u"on|"_s : u"off|"_s) + line.name + u'|' +
+           (line.valued ? line.value.text() : QString()) + u'|' + line.comment;
 }
 
 QStringList rowsOf(const QString& text, const QByteArray& engine = {})
 {
-    ListRows list;
-    EXPECT_TRUE(cfgRowsFrom(text, engine, list));
     QStringList rows;
-    for (const ListRow& row : list.rows)
-        rows.append(shown(row));
+    const CfgLines lines = *cfgLinesFrom(text, engine);
+    for (const CfgLine& line : lines)
+        rows.append(shown(line));
     return rows;
 }
 
-const QString separator = u"on|# Additional list ->|of HIDDEN ->|parameters"_s;
-
-// A Workspace with a gfxboot.cfg, shown in the list.
-struct CfgShell : TestShell {
-    explicit CfgShell(const QByteArray& cfg, const QByteArray& engine = {})
-    {
-        path = member(u"gfxboot.cfg"_s, cfg);
-        if (!engine.isEmpty())
-            member(u"init"_s, engine);
-        run.GfxHasCfg = true;
-        CfgFill(shell, path, list);
-    }
-    QByteArray written()
-    {
-        EXPECT_TRUE(CfgWrite(shell, list));
-        return bytesOf(path);
-    }
-    QString path;
-    ListRows list;
-};
+const QString separator = u"separator"_s;
 
 } // namespace
 
@@ -71,27 +53,25 @@ TEST(CfgParams, BringsValuesIntoOneForm)
 
 TEST(CfgRows, TellsTheStatesApart)
 {
-    ListRows list;
+    using Kind = CfgKindOfLine;
     const QString text = u"# my screen\n\t boot_show=1\nmenu_start_x=0xa # x = 1\r#welcome=0 # no\n"
                          "\n \t\nhide_help =1\nMENU_START_Y=5\n"_s;
-    ASSERT_TRUE(cfgRowsFrom(text, "..penguin..", list));
-    ASSERT_EQ(list.count(), 8);
-    const auto expectRow = [&](int number, const QString& content, QRgb colour) {
-        EXPECT_EQ(shown(*list.row(number)), content);
-        EXPECT_EQ(list.row(number)->colour, colour) << number;
+    const CfgLines lines = *cfgLinesFrom(text, "..penguin..");
+    const std::pair<QString, Kind> expected[] = {
+        {u"off|||# my screen"_s, Kind::Text},
+        {u"on|boot_show|1|"_s + CfgComment(u"boot_show"), Kind::Known},
+        {u"on|menu_start_x|0x00000A| x = 1#"_s, Kind::Known},
+        {u"off|welcome|0| no"_s, Kind::Known},
+        {u"off|hide_help|1|"_s + CfgComment(u"hide_help"), Kind::Known},
+        {u"off|MENU_START_Y|5|"_s + wrong, Kind::Wrong},
+        {separator, Kind::Separator},
+        {u"off|penguin|-1|"_s + CfgComment(u"penguin") + u' ', Kind::Hidden},
     };
-    const QRgb green = qRgb(0, 128, 0);
-    const QRgb blue = qRgb(0, 0, 255);
-    const QRgb pink = qRgb(255, 0, 128);
-    const QRgb fixed = qRgb(0x17, 0x16, 0x15);
-    expectRow(1, u"off|||# my screen"_s, fixed);
-    expectRow(2, u"on|boot_show|1|"_s + CfgComment(u"boot_show"), green);
-    expectRow(3, u"on|menu_start_x|0x00000A| x = 1#"_s, green);
-    expectRow(4, u"off|welcome|0| no"_s, blue);
-    expectRow(5, u"off|hide_help|1|"_s + CfgComment(u"hide_help"), blue);
-    expectRow(6, u"off|MENU_START_Y|5|"_s + wrong, fixed);
-    expectRow(7, separator, pink);
-    expectRow(8, u"off|penguin|-1|"_s + CfgComment(u"penguin") + u' ', pink);
+    ASSERT_EQ(lines.size(), 8);
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        EXPECT_EQ(shown(lines[i]), expected[i].first);
+        EXPECT_EQ(lines[i].kind, expected[i].second) << i;
+    }
 }
 
 TEST(CfgRows, OffersWhatTheEngineKnowsAndTheFileDoesNotName)
@@ -119,35 +99,10 @@ TEST(CfgRows, OffersWhatTheEngineKnowsAndTheFileDoesNotName)
     EXPECT_EQ(rowsOf(all, engine).size(), 30);
 }
 
-TEST(CfgWrite, WritesRowsBackByItsRules)
-{
-    CfgShell cfg("# my screen\r\nmenu_start_x=10 # pos\r\n#menu_start_y=0xf\r\nhello\r\nfoo=5\r\n"
-                 "boot_show=1",
-                 "..penguin..");
-    EXPECT_EQ(cfg.written(), "# my screen\r\n"
-                             "menu_start_x=10\t\t#  pos#\r\n"
-                             "#menu_start_y=0x00000F\t\t# Vertical position of Menu\r\n"
-                             "# hello\r\n"
-                             "#foo=5\t\t# <== WRONG PARAMETER NAME!\r\n"
-                             "boot_show=1\t\t# If set to 1, show the \"Boot Options\" panel\r\n"
-                             "#penguin=-1\t\t# Penguin theme likelihood in percent; -1 = auto ");
-    // The hidden parameter is now a line of the file; comments have gained their blank.
-    EXPECT_EQ(shown(cfg.list.rows.back()), separator);
-    EXPECT_EQ(cfg.written(), "# my screen\r\n"
-                             "menu_start_x=10\t\t#   pos#\r\n"
-                             "#menu_start_y=0x00000F\t\t#  Vertical position of Menu\r\n"
-                             "# hello\r\n"
-                             "#foo=5\t\t# <== WRONG PARAMETER NAME!\r\n"
-                             "boot_show=1\t\t#  If set to 1, show the \"Boot Options\" panel#\r\n"
-                             "#penguin=-1\t\t#  Penguin theme likelihood in percent; -1 = auto");
-}
-
 TEST(CfgWrite, TidiesEarlierLinesOncePerLaterRow)
 {
     const auto tidied = [](const QString& text) {
-        ListRows list;
-        EXPECT_TRUE(cfgRowsFrom(text, {}, list));
-        return cfgTextFrom(list);
+        return cfgTextFrom(*cfgLinesFrom(text, {}));
     };
     // Eight "#" are left of "#<tab><tab># ########" by the first two steps; then each row halves.
     EXPECT_EQ(tidied(u"########"_s), u"####"_s);
@@ -155,54 +110,32 @@ TEST(CfgWrite, TidiesEarlierLinesOncePerLaterRow)
     EXPECT_EQ(tidied(u"########\na\nb\nc"_s), u"#\r\n# a\r\n# b\r\n# c"_s);
 }
 
-TEST(CfgWrite, LeavesTheTailOfALongerFile)
+TEST(CfgLines, ChangeANumberOnlyIfItDiffers)
 {
-    const QByteArray old = "welcome=1" + QByteArray(40, ' ') + "# x\r\nhello world";
-    CfgShell cfg(old);
-    EXPECT_EQ(cfg.written(),
-              "welcome=1\t\t#  x#\r\n# hello world" + QByteArray(18, ' ') + "# x\r\nhello world");
-    EXPECT_EQ(shown(*cfg.list.row(2)), u"off|||# hello world                  # x"_s);
-    EXPECT_EQ(shown(*cfg.list.row(3)), u"off|||hello world"_s);
+    const CfgLines lines = *cfgLinesFrom(u"#welcome=0x000064\nwelcome=2"_s, {});
+    EXPECT_EQ(withCfgNumber(lines, u"welcome", 100), lines); // as it was written
+    EXPECT_EQ(withCfgNumber(lines, u"no_such", 1), lines);
+    EXPECT_EQ(CfgValue(withCfgNumber(lines, u"welcome", 7), u"welcome"), u"7"_s); // the first of two
+    EXPECT_EQ(CfgValue(lines, u"title_bg"), u"0x4f9805"_s);
 }
 
-TEST(CfgWrite, KeepsTheEncodingAndEveryByteOfAComment)
+TEST(CfgLines, HaveALimit)
 {
-    QByteArray high;
-    for (int byte = 0x80; byte < 0x100; ++byte)
-        high.append(static_cast<char>(byte));
-    EXPECT_EQ(CfgShell("# " + high).written(), "# " + high);
-    // UTF-8 without a mark is read as 8-bit text, and comes back as it was.
-    const QByteArray russian = "\xD0\x9F\xD1\x80\xD0\xA0 \xD0\xA0";
-    EXPECT_EQ(CfgShell("welcome=1 # " + russian).written(), "welcome=1\t\t#  " + russian + "#");
-
-    CfgShell marked("\xEF\xBB\xBFwelcome=1 # " + russian);
-    EXPECT_EQ(marked.list.row(1)->text(2), u" ПрР Р#"_s);
-    EXPECT_EQ(marked.written(), "\xEF\xBB\xBFwelcome=1\t\t#  " + russian + "#");
+    const QString many = u"# a # # b\n"_s.repeated(cfgLineLimit);
+    EXPECT_EQ(cfgTextFrom(*cfgLinesFrom(many, {})).count(u"# a # b"_s), cfgLineLimit);
+    EXPECT_FALSE(cfgLinesFrom(many + u"x"_s, {}));
 }
 
-TEST(CfgWrite, SelectsTheSameDuplicateAgain)
+TEST(Typed, IsNeverRefused)
 {
-    CfgShell cfg("welcome=1\nwelcome=2\n");
-    cfg.list.selected = 2;
-    cfg.written();
-    EXPECT_EQ(cfg.list.selected, 2);
-}
-
-TEST(CfgWrite, FollowsCheckAndValue)
-{
-    CfgShell cfg("welcome=1\nwelcome=2\n", "boot_show menu_start_x");
-    cfg.list.row(1)->checked = false;
-    cfg.list.row(5)->checked = true;
-    cfg.list.selected = 5;
-    SetCfgValue(cfg.list, u"menu_start_x", u"77"_s);
-    SetCfgValue(cfg.list, u"welcome", u"0"_s);
-    SetCfgValue(cfg.list, u"no_such", u"9"_s);
-    EXPECT_EQ(cfg.written(), "#welcome=0\t\t# Welcome\r\nwelcome=2\t\t# Welcome\r\n"
-                             "#boot_show=1\t\t# If set to 1, show the \"Boot Options\" panel \r\n"
-                             "menu_start_x=77\t\t# Horisontal position of Menu ");
-    // The separator went behind it, so the selected parameter is now row 4.
-    EXPECT_EQ(cfg.list.selected, 4);
-    EXPECT_EQ(CfgRow(cfg.list, u"menu_start_x"), 4);
-    EXPECT_EQ(CfgValue(cfg.list, u"welcome"), u"0"_s); // the first of the two
-    EXPECT_EQ(CfgValue(cfg.list, u"title_bg"), u"0x4f9805"_s);
+    const std::pair<QString, QString> cases[] = {
+        {u"0X1234567"_s, u"0x234567"_s},    {u"12abc"_s, u"12"_s},      {QString(), u"0"_s},
+        {u"0x"_s, u"0x000000"_s},           {u"0xGG"_s, u"0x0000GG"_s}, {u" 0xff"_s, u"0"_s},
+        {u"4294967295"_s, u"4294967295"_s}, {u"12.5"_s, u"12.5"_s},
+    };
+    for (const auto& [typed, stored] : cases)
+        EXPECT_EQ(typedValue(typed).text(), stored);
+    EXPECT_EQ(typedValue(u"0x"_s + QString(1'000'000, u'7')).text(), u"0x777777"_s);
+    EXPECT_FALSE(typedValue(QString(1'000'000, u'9')).text().isEmpty());
+    EXPECT_EQ(typedValue(u"12.5").number, 12);
 }

@@ -16,12 +16,12 @@ const QByteArray quoted = QByteArray::fromHex("01000001 3B010002 5A000003 423018
 
 class LevelFiles : public test::ParamsTest {
 protected:
-    int level(int file, int param) { return lists.ZUKarr.at(file, param).LevelValue; }
-    void read() { ReadLevelFiles(shell.shell, lists.ZUKarr); }
+    int level(int file, int param) { return state.ZUKarr.at(file, param).LevelValue; }
+    void read() { ReadLevelFiles(shell.shell, state.ZUKarr); }
     void saveAll()
     {
-        GatherListValues(shell.shell, lists);
-        ASSERT_TRUE(WriteLevelFiles(shell.shell, lists.ZUKarr));
+        GatherListValues(state.ZUKarr);
+        ASSERT_TRUE(WriteLevelFiles(shell.shell, state.ZUKarr));
     }
     QByteArray bytes(const QString& name) { return test::bytesOf(shell.run.Workspace + name); }
 };
@@ -31,9 +31,9 @@ TEST_F(LevelFiles, ReadRecordsInAnyOrder)
     shell.member(u"ZUK0000.CFG"_s, quoted + QByteArray::fromHex("01000063"));
     shell.member(u"ZUK0002.CFG"_s, QByteArray::fromHex("05000009 06000009 FFFFFF01"));
     shell.member(u"ZUK0012.CFG"_s, QByteArray::fromHex("0100000A"));
-    lists.ZUKarr.at(0, 5).EditValue = 3;
-    lists.ZUKarr.at(0, 5).LstValue = 4;
-    lists.ZUKarr.at(0, 5).RowPos = 4;
+    state.ZUKarr.at(0, 5).EditValue = 3;
+    state.ZUKarr.at(0, 5).LstValue = 4;
+    state.ZUKarr.at(0, 5).Value = ParamValue();
     read();
     // Of two records the last one wins; level 7 has no file.
     for (const auto& [file, param, value] : {std::tuple{0, 1, 1},
@@ -46,10 +46,10 @@ TEST_F(LevelFiles, ReadRecordsInAnyOrder)
                                              {12, 10, 1},
                                              {7, 1, -1}})
         EXPECT_EQ(level(file, param), value) << file << ':' << param;
-    const ZukCell& cell = lists.ZUKarr.at(0, 5);
+    const ZukCell& cell = state.ZUKarr.at(0, 5);
     EXPECT_FALSE(cell.EditValue);
     EXPECT_EQ(cell.LstValue, 4);
-    EXPECT_EQ(cell.RowPos, -1);
+    EXPECT_FALSE(cell.Value);
     EXPECT_EQ(cell.DefValue, 7);
 }
 
@@ -74,9 +74,9 @@ TEST_F(LevelFiles, TakeBadBytes)
 
 TEST_F(LevelFiles, FallThroughTheLayers)
 {
-    ZukCell& cell = lists.ZUKarr.at(3, 5);
+    ZukCell& cell = state.ZUKarr.at(3, 5);
     cell = {};
-    const auto value = [&](Layer layer) { return lists.ZUKarr.GetLevelValue(3, 5, layer); };
+    const auto value = [&](Layer layer) { return state.ZUKarr.GetLevelValue(3, 5, layer); };
     cell.LevelValue = 9; // a record, but no catalogue line
     EXPECT_EQ(value(LayerCfg), -1);
     EXPECT_EQ(value(LayerLst), std::nullopt);
@@ -95,12 +95,12 @@ TEST_F(LevelFiles, FallThroughTheLayers)
     EXPECT_EQ(value(LayerEdit), 3);
     EXPECT_EQ(value(LayerLst), 4);
     for (const auto& [file, param] : {std::pair{-1, 1}, {16, 1}, {0, 0}, {0, 100}, {0, -5}})
-        EXPECT_EQ(lists.ZUKarr.GetLevelValue(file, param, LayerEdit), -1);
+        EXPECT_EQ(state.ZUKarr.GetLevelValue(file, param, LayerEdit), -1);
 
     cell = {};
     cell.DefValue = -1;
     shell.prompts.expectMessage(u"Файл: ZUK0003.CFG\nParameter :5: does not exist!\n"_s);
-    EXPECT_EQ(GetLevelValue(shell.shell, lists.ZUKarr, 3, 5, LayerCfg), -1);
+    EXPECT_EQ(GetLevelValue(shell.shell, state.ZUKarr, 3, 5, LayerCfg), -1);
     EXPECT_EQ(shell.prompts.titles.last(), u"FENNEL-GFX"_s);
 }
 
@@ -109,14 +109,14 @@ TEST_F(LevelFiles, ComeBackByteForByte)
     shell.member(u"ZUK0005.CFG"_s, QByteArray::fromHex("FFFFFF01 0200000A"));
     shell.member(u"ZUK0009.CFG"_s, QByteArray::fromHex("07000002 07"));
     build();
-    GatherListValues(shell.shell, lists);
+    GatherListValues(state.ZUKarr);
     // A hexadecimal row, written as typed; 255 in it is decimal.
-    type(5, u":06:="_s, u"0x183042"_s);
-    type(5, u":08:="_s, u"255"_s);
-    type(5, u":02:="_s, u"-5"_s);
+    for (const auto& [param, typed] :
+         {std::pair{6, u"0x183042"}, {8, u"255"}, {2, u"-5"}, {9, u"3000000000"}})
+        state.ZUKarr.at(0, param).Value = typedValue(typed);
     saveAll();
     const QByteArray base = bytes(u"ZUK0000.CFG"_s);
-    EXPECT_TRUE(base.contains(QByteArray::fromHex("01000001 FBFFFF02 03000003 42301806 FF000008")));
+    EXPECT_TRUE(base.contains(QByteArray::fromHex("01000001 FBFFFF02 03000003 42301806 FF000008 005ED009")));
     EXPECT_TRUE(base.endsWith(QByteArray::fromHex("63000063")));
     // Parameters that no list shows are gone: 1, 2, 3, 8, 9 and 38 of file 6 stay.
     EXPECT_EQ(bytes(u"ZUK0006.CFG"_s),

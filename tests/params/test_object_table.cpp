@@ -2,7 +2,6 @@
 // The table of boot-screen objects against the catalogue, and the numbers computed from it.
 #include "params_fixture.h"
 
-#include "base/text.h"
 #include "params/catalogue.h"
 #include "params/level_files.h"
 
@@ -19,12 +18,12 @@ TEST_F(ObjectTable, ListsWhatTheCatalogueKnows)
     ZUKarr catalogue;
     ASSERT_TRUE(LoadCatalogue(shell.shell, catalogue));
     set(1, 1, 8);
-    BuildPanels(shell.shell, lists);
-    for (const PanelRec& p : lists.PanelArr) {
-        for (const QString& id : p.Ids.split(u'|', Qt::SkipEmptyParts)) {
-            ZukCell& cell = catalogue.at(levelFileOf(p), static_cast<int>(numberFromText(id)));
-            const bool stray = levelFileOf(p) == 1 && (id == u"19" || id == u"79");
-            EXPECT_NE(cell.Name.isEmpty(), !stray) << p.Name.toStdString() << id.toStdString();
+    BuildPanels(shell.shell, state);
+    for (const PanelRec& p : state.PanelArr) {
+        for (const PanelParam& id : p.Ids) {
+            ZukCell& cell = catalogue.at(levelFileOf(p), id.number);
+            const bool stray = levelFileOf(p) == 1 && id.number == 19;
+            EXPECT_NE(cell.Name.isEmpty(), !stray) << p.Name.toStdString() << id.number;
             cell.DefValue.reset();
         }
     }
@@ -42,7 +41,7 @@ TEST_F(ObjectTable, GivesSparklesByTheirCount)
 {
     for (const auto& [count, tabs] : {std::pair{-1, 0}, {0, 0}, {2, 2}, {16777215, 8}}) {
         set(1, 1, count);
-        BuildPanels(shell.shell, lists);
+        BuildPanels(shell.shell, state);
         int enabled = 0;
         for (int row = 11; row <= 18; ++row)
             enabled += panel(row).Enabled ? 1 : 0;
@@ -55,7 +54,7 @@ TEST_F(ObjectTable, TellsOfALogoWithoutSize)
     for (const QByteArray& bytes : {QByteArray(), QByteArray("no picture at all")}) {
         shell.member(u"Logo_msk.jpg"_s, bytes);
         shell.prompts.expectMessage(u"Logo_msk.jpg"_s);
-        BuildPanels(shell.shell, lists);
+        BuildPanels(shell.shell, state);
         EXPECT_TRUE(panel(4).WidthParam == -100 && panel(4).HeightParam == -50);
     }
 }
@@ -65,11 +64,11 @@ TEST_F(ObjectTable, ReadsPlacesFromTheLevels)
     for (const auto& [param, value] : {std::pair{43, 170}, {42, 253}, {54, 300}, {46, 0x183042}})
         set(0, param, value);
     set(0, 48, -1); // no record: the default
-    lists.ZUKarr.at(0, 48).DefValue = 0xABCDEF;
+    state.ZUKarr.at(0, 48).DefValue = 0xABCDEF;
     set(0, 47, 128);
     set(4, 4, 16777215); // no width of a screen
-    BuildPanels(shell.shell, lists);
-    applyGeneration(shell.shell, lists, fonts, {});
+    BuildPanels(shell.shell, state);
+    applyGeneration(shell.shell, state, fonts);
     const PanelRec& menu = panel(0);
     EXPECT_EQ(place(0), QRect(253, 170, 300, 140));
     EXPECT_EQ(menu.BackColor, 0xff183042);
@@ -79,6 +78,32 @@ TEST_F(ObjectTable, ReadsPlacesFromTheLevels)
     EXPECT_EQ(place(8), QRect(80, 60, 640, 480));
     EXPECT_EQ(panel(23).Transp, 255);
     EXPECT_EQ(panel(24).Width, 32767);
+
+    // The same from the values that the tabs list; a font that is not there is the standard one.
+    listValues(state);
+    state.ZUKarr.at(0, 43).Value = typedValue(u"12.5");
+    const PanelRec typed = panelFromValues(state, fonts, 0);
+    EXPECT_TRUE(typed.Top == 12 && typed.Left == 253 && typed.FontIndex == 0);
+    EXPECT_EQ(menuSlit(state), 40);
+    EXPECT_EQ(GetPanelParam(state, 5, 55), -1); // of another object
+    EXPECT_EQ(switchValue(state, panel(5)), 1);
+}
+
+TEST_F(ObjectTable, ListsValuesAsFarAsTheEngineKnowsThem)
+{
+    set(5, 38, -1);
+    set(6, 9, -1);
+    state.ZUKarr.at(6, 9).DefValue.reset();
+    build();
+    EXPECT_TRUE(lacksParameters(state));
+    EXPECT_FALSE(state.ZUKarr.at(5, 38).Value || state.ZUKarr.at(9, 1).Value);
+    EXPECT_EQ(state.ZUKarr.at(0, 6).Value, (ParamValue{6, true, {}}));
+    state.UpgradeChoice = 1;
+    listValues(state);
+    EXPECT_EQ(state.ZUKarr.at(5, 38).Value->number, 7); // the catalogue's
+    EXPECT_FALSE(state.ZUKarr.at(6, 9).Value); // saving it would put an unknown record there
+    set(5, 38, 1);
+    EXPECT_FALSE(lacksParameters(state));
 }
 
 TEST_F(ObjectTable, MixesTheAxesOfSparks)
@@ -89,8 +114,8 @@ TEST_F(ObjectTable, MixesTheAxesOfSparks)
         set(1, 2 + i, values[i]);
         set(1, 12 + i, values[3 - i]);
     }
-    BuildPanels(shell.shell, lists);
-    RecalcPanelsFromLevels(shell.shell, lists, LayerCfg);
+    BuildPanels(shell.shell, state);
+    RecalcPanelsFromLevels(shell.shell, state, LayerCfg);
     EXPECT_EQ(place(11), QRect(0, 50, 450, 550));
     EXPECT_EQ(place(12), QRect(500, 50, 450, 550)); // T 50, L 550, W 500, H 0
 }
@@ -114,13 +139,12 @@ protected:
 TEST_F(OldGenerations, SecondTakesSixKeysOfItsFile)
 {
     shell.run.gfxboot_var = 2;
-    const std::map<QString, QString> keys = {
-        {u"menu_start_x"_s, u"100"_s},          {u"menu_start_y"_s, u"200"_s},
-        {u"menu_max_entries"_s, u"5"_s},        {u"menu_text_normal"_s, u"0x112233"_s},
-        {u"menu_text_select"_s, u"0x445566"_s}, {u"menu_bar_color"_s, u"0x778899"_s}};
-    BuildPanels(shell.shell, lists);
-    applyGeneration(shell.shell, lists, fonts,
-                    [&](QStringView name) { return keys.at(name.toString()); });
+    const auto text = u"menu_start_x=100\nmenu_start_y=200\nmenu_max_entries=5\n"
+                      "menu_text_normal=0x112233\nmenu_text_select=0x445566\n"
+                      "menu_bar_color=0x778899\nwelcome=1\n"_s;
+    state.cfg = *cfgLinesFrom(text, {});
+    BuildPanels(shell.shell, state);
+    applyGeneration(shell.shell, state, fonts);
     expectPlace(0, {100, 200, 700, 103}, 255, 0xff112233, 0xff808080);
     expectPlace(1, {100, 200, 700, 23}, 70, 0xff445566, 0xff778899);
     expectPlace(3, {263, 480, 537, 23}, 255, 0xffffffff, 0xff808080);
@@ -129,7 +153,8 @@ TEST_F(OldGenerations, SecondTakesSixKeysOfItsFile)
     panel(0).Left = panel(1).Left = 150;
     panel(0).Width = panel(1).Width = 500;
     const auto one = [&](QStringView name, const QString& value) {
-        CfgApply(shell.run, lists, fonts, name, [&value](QStringView) { return value; });
+        state.cfg[cfgLineOf(state.cfg, name)].value = typedValue(value);
+        CfgApply(shell.run, state, fonts, name);
     };
     one(u"welcome", u"9"_s);
     one(u"menu_start_y", u"50"_s);
@@ -143,10 +168,12 @@ TEST_F(OldGenerations, SecondTakesSixKeysOfItsFile)
     EXPECT_EQ(place(0).left(), 10);
     EXPECT_EQ(place(1).width(), 790);
     fonts[0].Size = 24;
-    fitMenuToFont(shell.run, lists, fonts, [](QStringView) { return u"2"_s; });
+    fitMenuToFont(shell.run, state, fonts);
     EXPECT_EQ(place(0), QRect(10, 50, 790, 63));
     EXPECT_EQ(place(1), QRect(10, 50, 790, 33));
 
-    applyGeneration(shell.shell, lists, fonts, [](QStringView) { return u"-99999999"_s; });
+    for (CfgLine& line : state.cfg)
+        line.value = typedValue(u"-99999999");
+    applyGeneration(shell.shell, state, fonts);
     EXPECT_TRUE(panel(0).Left == -32768 && panel(0).Width == 32767);
 }

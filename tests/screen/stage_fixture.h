@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
-// A stage with a window that only remembers: settings of gfxboot.cfg in a map, rows written, status
-// texts, menus asked for. The boot screen is 800 by 600 unless a test says otherwise.
+// A stage on a real document, with a window that only remembers: status texts, menus asked for. The
+// boot screen is 800 by 600 unless a test says otherwise.
 #pragma once
 
+#include "document/place_change.h"
 #include "editor/stage/gestures.h"
+#include "params/panel_values.h"
 #include "support/test_shell.h"
 
 #include <QPainter>
 
 #include <map>
 #include <set>
+#include <type_traits>
 
 namespace fennel::test {
 
@@ -17,23 +20,9 @@ using namespace Qt::StringLiterals;
 
 class FakeHost : public StageHost {
 public:
-    void PanelParamsToRow(int index) override { rows.push_back(index); }
-    qint64 GetPanelParam(int tab, int id) override
-    {
-        const auto found = params.find({tab, id});
-        return found == params.end() ? -1 : found->second;
-    }
-    QString CfgValue(const QString& name) override
-    {
-        const auto found = cfg.find(name);
-        return found != cfg.end() ? found->second : name == u"boot_show" ? u"1"_s : u"0"_s;
-    }
-    void SetCfgValue(const QString& name, const QString& value) override { cfg[name] = value; }
-    void setBackgroundNumber(int number) override { backgrounds.push_back(number); }
     int objectOfCurrentTab() override { return tabObject; }
     void selectTabOf(int index) override { tabObject = index; }
     void focusStage() override {}
-    bool menuLevelShown() override { return fromMenu; }
     int pipettesOn() override { return pipettes; }
     void showColourControls(int index) override { colours = index; }
     void setStatus(int panel, const QString& text) override { status[panel] = text; }
@@ -46,10 +35,6 @@ public:
     void scaleApplied() override { calls << u"scaled"_s; }
     void beep(double hertz, int) override { tones.push_back(hertz); }
 
-    std::map<QString, QString> cfg;
-    std::map<std::pair<int, int>, qint64> params;
-    std::vector<int> rows;
-    std::vector<int> backgrounds;
     std::vector<int> menus;
     std::vector<double> tones;
     std::map<int, QString> status;
@@ -59,7 +44,6 @@ public:
     int colours = -2;
     int pipettes = 0;
     int refreshes = 0;
-    bool fromMenu = false;
 };
 
 // A pixel that tells its own place: red x, green y, blue x + y, each modulo 256.
@@ -84,70 +68,103 @@ protected:
         stage.setBackground(placePicture({800, 600}));
     }
     RunState& run() { return shell.run; }
-    PanelRec& rec(int index) { return panels[static_cast<std::size_t>(index)]; }
+    const PanelRec& rec(int index) { return *document.object(index); }
+    // A field of a record, whatever parameter it comes from.
+    template <class T>
+    void set(int index, T PanelRec::*field, std::type_identity_t<T> value)
+    {
+        Change change;
+        change.objects[index] = rec(index);
+        change.objects[index].*field = value;
+        EXPECT_TRUE(document.apply(std::move(change), {}));
+    }
+    // The place of an object, and the parameters that say so.
     void setPlace(int index, int left, int top, int width, int height)
     {
-        rec(index).Left = static_cast<qint16>(left);
-        rec(index).Top = static_cast<qint16>(top);
-        rec(index).Width = static_cast<qint16>(width);
-        rec(index).Height = static_cast<qint16>(height);
+        PanelRec wanted = rec(index);
+        wanted.Left = clampToI16(left);
+        wanted.Top = clampToI16(top);
+        wanted.Width = clampToI16(width);
+        wanted.Height = clampToI16(height);
+        Change change;
+        addRecord(document.state(), index, wanted, change);
+        EXPECT_TRUE(document.apply(std::move(change), {}));
     }
-    // Four objects as generation 1 has them: menu and bar at (253, 170), bar of buttons, options.
+    // What the object's list says of a parameter.
+    qint64 value(int index, int param) { return GetPanelParam(document.state(), index, param); }
+    // A line of gfxboot.cfg; nothing: no value stands behind the name.
+    void setCfg(QStringView name, std::optional<qint64> number)
+    {
+        Change change;
+        change.cfg = document.state().cfg;
+        CfgLine& line = (*change.cfg)[cfgLineOf(*change.cfg, name)];
+        line.value = {number.value_or(0), false, {}};
+        line.valued = number.has_value();
+        EXPECT_TRUE(document.apply(std::move(change), {}));
+    }
+    // The four objects of generation 1 or 2: menu and bar at (253, 170), bar of buttons, options.
     void openOld(int generation = 1)
     {
         run().gfxboot_var = generation;
         run().GfxHasCfg = generation == 2;
-        panels.assign(4, PanelRec());
-        setPlace(0, 253, 170, 547, 163);
-        setPlace(1, 253, 170, 547, 23);
-        setPlace(2, 0, 555, 800, 45);
-        setPlace(3, 263, 480, 537, 23);
-        rec(2).Roll = rec(3).Roll = true;
-        rec(0).BackColor = rec(2).BackColor = rec(3).BackColor = qRgb(128, 128, 128);
-        rec(1).BackColor = qRgb(255, 255, 255);
-        rec(1).Transp = 70;
+        run().ObjectCount = 4;
+        shell.member(u"gfxboot.cfg"_s, "menu_start_x=253\r\nmenu_start_y=170\r\n"
+                                       "menu_max_entries=8\r\nboot_show=1\r\nhide_poweroff=0");
+        if (generation == 2)
+            document.readConfigLines();
+        document.buildObjects();
         show();
     }
-    // Forty objects of generation 3; those that the tests use have sizes and parameters.
+    // The forty objects of generation 3, of which these have places: menu and bar (0, 1), logo (4),
+    // Time (5), Date (6), the info line (7), the help panel (8), RunLine (22), the glasses (23).
     void openZuk()
     {
         run().gfxboot_var = 3;
         run().GfxHasZuk = true;
-        panels.assign(40, PanelRec());
-        for (int i = 0; i < 40; ++i) {
-            rec(i).Enabled = false;
-            rec(i).OnlySelected = true;
-            rec(i).TabIndex = 0;
-        }
-        for (const int i : {0, 1, 4, 5, 7, 8, 22}) {
-            rec(i).Enabled = true;
-            rec(i).OnlySelected = i == 7 || i == 8;
-            rec(i).TabIndex = i + 6;
-            rec(i).LeftParam = 2;
-            rec(i).TopParam = 3;
-        }
-        rec(2).OnlySelected = rec(3).OnlySelected = false;
-        setPlace(0, 100, 200, 500, 140);
-        setPlace(1, 100, 200, 500, 24);
-        setPlace(4, 650, 20, 120, 60);
-        setPlace(5, 20, 30, 72, 22);
-        setPlace(7, 0, 550, 800, 24);
-        setPlace(8, 80, 60, 640, 480);
-        setPlace(22, 200, 400, 300, 40);
-        rec(0).WidthParam = rec(1).WidthParam = 54;
-        rec(8).LeftParam = -80;
-        rec(8).TopParam = -60;
-        rec(22).WidthParam = 4;
-        rec(22).HeightParam = 5;
-        rec(22).Name = u"RunLine"_s;
-        host.params[{6, 40}] = 3;
+        run().ObjectCount = 40;
+        shell.member(u"Logo_msk.jpg"_s, jpegOf({120, 60}));
+        document.setMenuValues([](ZUKarr& table) {
+            for (int file = 0; file < zukFileCount; ++file) {
+                for (int param = 1; param <= zukParamCount; ++param) {
+                    table.at(file, param).DefValue = 0;
+                    table.at(file, param).LevelValue = 0;
+                }
+            }
+            for (const auto& [file, param, number] : {std::tuple{0, 42, 100},
+                                                      {0, 43, 200},
+                                                      {0, 54, 500},
+                                                      {0, 40, 3},
+                                                      {0, 47, 255},
+                                                      {0, 57, 255},
+                                                      {0, 32, 650},
+                                                      {0, 33, 20},
+                                                      {0, 2, 20},
+                                                      {0, 3, 30},
+                                                      {0, 12, 728},
+                                                      {0, 13, 100},
+                                                      {0, 23, 550},
+                                                      {0, 24, 800},
+                                                      {2, 2, 200},
+                                                      {2, 3, 400},
+                                                      {2, 4, 300},
+                                                      {2, 5, 40},
+                                                      {2, 7, 255},
+                                                      {3, 2, 700},
+                                                      {3, 3, 450}})
+                table.at(file, param).LevelValue = number;
+        });
+        document.buildObjects();
+        document.listValues(false);
         show();
     }
+    // Without words, which would lie over the pixels that are looked at.
     void show()
     {
-        run().ObjectCount = static_cast<int>(panels.size());
+        for (int row = 0; row < run().ObjectCount; ++row)
+            document.setText(row, {});
         stage.adoptPanels();
         stage.RefreshPanels();
+        document.beginHistory();
     }
     QImage painted()
     {
@@ -166,15 +183,14 @@ protected:
     }
 
     TestShell shell;
-    PanelArr panels;
     FontTable fonts = FontTable(fontCount);
-    int menuSlit = 3;
+    Document document{shell.shell, fonts};
     FakeHost host;
     // What the stage asked of the resize tool: "WxH source target".
     QStringList resizes;
     std::function<void(int, int, const QString&, const QString&)> resize;
     Stage stage{StageData{
-        shell.shell, panels, fonts, menuSlit, host,
+        shell.shell, document, fonts, host,
         [this](int w, int h, const QString& source, const QString& target) -> Result<void> {
             resizes << u"%1x%2 %3 %4"_s.arg(w).arg(h).arg(source, target);
             if (resize)

@@ -56,19 +56,23 @@ TEST_F(BackgroundTest, FullScaleCopiesByteForByteWithoutATool)
     EXPECT_EQ(stage.pictureSize(), QSize(640, 480));
     EXPECT_EQ(host.status[4], u"800x600, Scale=100%"_s);
     EXPECT_EQ(host.calls, (QStringList{u"prepare"_s, u"layout"_s}));
-    EXPECT_TRUE(host.backgrounds.empty()) << "no level data in generation 1";
 }
 
 TEST_F(BackgroundTest, BackgroundNumberGoesToTheLevelData)
 {
     openZuk();
+    const auto shown = [this] {
+        stage.ShowBackground();
+        EXPECT_FALSE(document.canUndo()) << "what is shown is no step";
+        return document.state().ZUKarr.GetLevelValue(0, backgroundParam, LayerEdit);
+    };
     useBack(u"back_07.jpg"_s, encoded({800, 600}, "JPG"));
-    stage.ShowBackground();
+    EXPECT_EQ(shown(), 7);
+    document.showMenuLevel(true);
     useBack(u"back.jpg"_s, encoded({800, 600}, "JPG"));
-    stage.ShowBackground();
-    host.fromMenu = true;
-    stage.ShowBackground();
-    EXPECT_EQ(host.backgrounds, (std::vector<int>{7, 0}));
+    EXPECT_EQ(shown(), 7) << "the choice is the menu's";
+    document.showMenuLevel(false);
+    EXPECT_EQ(shown(), 0);
 }
 
 TEST_F(BackgroundTest, MissingFileOrFailedToolKeepsThePicture)

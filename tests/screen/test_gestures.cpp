@@ -28,26 +28,25 @@ TEST_F(StageTest, DragInGenerationThreeWritesRowsOnTheWay)
 {
     openZuk();
     mouse.press(left({30, 40}));
-    EXPECT_TRUE(mouse.Dragging() && !run().InterfaceReady && !stage.markerVisible());
+    EXPECT_TRUE(mouse.Dragging() && !stage.markerVisible());
     EXPECT_TRUE(stage.SelectedPanel == 5 && host.tabObject == 5 && host.colours == 5);
     mouse.move(held({130, 90}));
     EXPECT_TRUE(rec(5).Left == 120 && rec(5).Top == 80);
-    EXPECT_EQ(host.rows, (std::vector<int>{5}));
-    EXPECT_EQ(host.status[6], u"(120;80), 72x22, Transp.=255"_s);
+    EXPECT_TRUE(value(5, 2) == 120 && value(5, 3) == 80);
+    EXPECT_EQ(host.status[6], u"(120;80), 72x22, Transp.=0"_s);
     mouse.move(held({5000, 5000}));
     EXPECT_EQ(stage.panel(5).rect, QRect(728, 578, 72, 22)) << "wholly on the picture";
     mouse.move(held({-100, -100}));
     mouse.release(up({-100, -100}));
-    EXPECT_TRUE(rec(5).Left == 0 && rec(5).Top == 0 && run().InterfaceReady);
+    EXPECT_TRUE(rec(5).Left == 0 && rec(5).Top == 0);
     EXPECT_EQ(stage.marker(), QRect(67, 17, 7, 7));
-    EXPECT_TRUE(host.cfg.empty());
 }
 
 // A menu's values are never written into the gfxboot.
 TEST_F(StageTest, WhatAMenuImposesCannotBePulled)
 {
     openZuk();
-    host.fromMenu = true;
+    document.showMenuLevel(true);
     mouse.press(left({30, 40}));
     mouse.move(held({130, 90}));
     mouse.release(up({130, 90}));
@@ -56,8 +55,8 @@ TEST_F(StageTest, WhatAMenuImposesCannotBePulled)
     mouse.move(held({300, 300}));
     mouse.release(up({300, 300}));
     EXPECT_TRUE(mouse.key(Qt::Key_Right, Qt::NoModifier));
-    EXPECT_TRUE(rec(5).Left == 20 && rec(5).Width == 72 && run().InterfaceReady);
-    EXPECT_TRUE(host.rows.empty() && host.cfg.empty());
+    EXPECT_TRUE(rec(5).Left == 20 && rec(5).Width == 72 && value(5, 2) == 20);
+    EXPECT_FALSE(document.canUndo() || document.inGesture());
 }
 
 // A window that comes up during a press takes the release.
@@ -65,13 +64,15 @@ TEST_F(StageTest, APressWithoutOtherButtonsBeginsAnewAfterALostRelease)
 {
     openZuk();
     mouse.press(left({30, 40}));
+    mouse.move(held({35, 40}));
     mouse.press(left({790, 590}));
+    EXPECT_EQ(rec(5).Left, 25);
+    EXPECT_TRUE(document.canUndo()) << "what was moved before is a step";
+    EXPECT_FALSE(mouse.Dragging());
     mouse.release(up({790, 590}));
-    EXPECT_EQ(rec(5).Left, 20);
     mouse.press({{30, 40}, Qt::RightButton, Qt::RightButton, Qt::NoModifier});
     mouse.release(up({30, 40}, Qt::RightButton));
-    EXPECT_TRUE(run().InterfaceReady);
-    EXPECT_FALSE(mouse.Dragging());
+    EXPECT_FALSE(mouse.Dragging() || document.inGesture());
 }
 
 TEST_F(StageTest, StoredLengthsAtHalfScale)
@@ -81,8 +82,10 @@ TEST_F(StageTest, StoredLengthsAtHalfScale)
     stage.setBackground(placePicture({400, 300}));
     setPlace(5, 101, 31, 72, 22);
     stage.RefreshPanels();
+    document.beginHistory();
     drag({55, 20}, {55, 20});
     EXPECT_EQ(rec(5).Left, 101) << "a click changes no number";
+    EXPECT_FALSE(document.canUndo());
     drag({55, 20}, {65, 20});
     EXPECT_EQ(rec(5).Left, 120) << "shown at 60";
     EXPECT_EQ(rec(5).Top, 31);
@@ -93,16 +96,15 @@ TEST_F(StageTest, OldMenusReachTheRightEdgeAndWriteTheCfg)
     openOld(2);
     mouse.press(left({300, 180}));
     mouse.move(held({100, 100}));
-    EXPECT_EQ(host.cfg[u"menu_start_x"_s], u"53"_s) << "while the mouse moves";
+    EXPECT_EQ(document.CfgValue(u"menu_start_x"), u"53"_s) << "while the mouse moves";
     mouse.move(held({1000, 1000}));
     EXPECT_EQ(stage.panel(1).rect.x(), 800) << "only the left edge must stay";
     mouse.move(held({200, 200}));
     mouse.release(up({200, 200}));
     EXPECT_EQ(stage.panel(0).rect, QRect(153, 190, 647, 163));
     EXPECT_TRUE(rec(0).Left == 153 && rec(1).Top == 190 && rec(0).Width == 647);
-    EXPECT_EQ(host.cfg[u"menu_start_x"_s], u"153"_s);
-    EXPECT_EQ(host.cfg[u"menu_start_y"_s], u"190"_s);
-    EXPECT_TRUE(host.rows.empty());
+    EXPECT_EQ(document.CfgValue(u"menu_start_x"), u"153"_s);
+    EXPECT_EQ(document.CfgValue(u"menu_start_y"), u"190"_s);
 }
 
 TEST_F(StageTest, RollsAreNeitherSelectedNorMoved)
@@ -111,7 +113,7 @@ TEST_F(StageTest, RollsAreNeitherSelectedNorMoved)
     drag({100, 570}, {200, 300});
     EXPECT_EQ(stage.SelectedPanel, -1);
     EXPECT_EQ(stage.panel(2).rect, QRect(0, 555, 800, 45));
-    EXPECT_TRUE(run().InterfaceReady);
+    EXPECT_FALSE(document.canUndo());
     shell.prompts.expectMessage(u"It's roll. Call DblClick"_s);
     mouse.press({{100, 570}, Qt::MiddleButton, Qt::MiddleButton, Qt::NoModifier});
     mouse.release(up({100, 570}, Qt::MiddleButton));
@@ -164,9 +166,9 @@ TEST_F(StageTest, MarkerPullsThePanel)
     mouse.move(held(corner + QPoint(50, 20)));
     EXPECT_EQ(stage.panel(22).rect, QRect(200, 400, 353, 63)) << "live, 3 larger";
     EXPECT_TRUE(stage.panel(22).plain && mouse.cursor() == StageCursor::Resize);
-    EXPECT_EQ(host.rows.size(), 1U);
+    EXPECT_EQ(value(22, 4), 353);
     mouse.release(up(corner + QPoint(50, 20)));
-    EXPECT_TRUE(rec(22).Width == 350 && rec(22).Height == 60);
+    EXPECT_TRUE(rec(22).Width == 350 && rec(22).Height == 60 && value(22, 4) == 350);
     EXPECT_EQ(stage.panel(22).rect, QRect(200, 400, 350, 60));
     EXPECT_FALSE(stage.panel(22).plain || stage.overlay().resizeBand);
     EXPECT_EQ(stage.marker(), QRect(545, 455, 7, 7));
@@ -185,7 +187,7 @@ TEST_F(StageTest, MenuHeightSnapsAndIsWrittenAsEntries)
     EXPECT_EQ(stage.panel(1).rect.width(), 550);
     mouse.release(up(corner + QPoint(-200, 68)));
     EXPECT_EQ(stage.panel(0).rect, QRect(253, 170, 547, 240)) << "231 / 20 rounds to 12 entries";
-    EXPECT_EQ(host.cfg[u"menu_max_entries"_s], u"12"_s);
+    EXPECT_EQ(document.CfgValue(u"menu_max_entries"), u"12"_s);
     EXPECT_EQ(rec(0).Height, 240);
     EXPECT_EQ(rec(1).Width, 547);
     // Another button on the way changes nothing about it.
@@ -196,7 +198,7 @@ TEST_F(StageTest, MenuHeightSnapsAndIsWrittenAsEntries)
     mouse.release(up({0, 300}));
     EXPECT_EQ(stage.panel(0).rect.height() % 20, 0);
     drag(stage.marker().center(), {0, 0});
-    EXPECT_EQ(host.cfg[u"menu_max_entries"_s], u"1"_s);
+    EXPECT_EQ(document.CfgValue(u"menu_max_entries"), u"1"_s);
     EXPECT_EQ(stage.panel(0).rect.height(), 20);
 }
 
@@ -282,8 +284,11 @@ TEST_F(StageTest, ArrowsMoveByBootPixelsAtAnyScale)
     EXPECT_EQ(stage.panel(5).rect, QRect(12, 20, 36, 11));
     for (int i = 0; i < 10; ++i)
         mouse.key(Qt::Key_Left, Qt::ShiftModifier);
-    EXPECT_EQ(rec(5).Left, 0);
-    EXPECT_EQ(host.rows.back(), 5);
+    EXPECT_TRUE(rec(5).Left == 0 && value(5, 2) == 0);
+    document.beginHistory();
+    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Left})
+        mouse.key(key, Qt::NoModifier);
+    EXPECT_FALSE(document.canUndo()) << "there and back again";
     EXPECT_FALSE(mouse.key(Qt::Key_A, Qt::NoModifier));
     EXPECT_TRUE(mouse.key(Qt::Key_Escape, Qt::NoModifier));
     EXPECT_EQ(stage.SelectedPanel, -1);
@@ -299,7 +304,7 @@ TEST_F(StageTest, EscapeTakesAGestureBack)
     EXPECT_FALSE(mouse.Dragging());
     EXPECT_EQ(stage.panel(0).rect, QRect(253, 170, 547, 163));
     EXPECT_EQ(rec(1).Left, 253);
-    EXPECT_EQ(host.cfg[u"menu_start_x"_s], u"253"_s);
+    EXPECT_EQ(document.CfgValue(u"menu_start_x"), u"253"_s);
     mouse.move(held({500, 500}));
     mouse.release(up({500, 500}));
     EXPECT_EQ(stage.panel(0).rect.x(), 253);
@@ -308,9 +313,9 @@ TEST_F(StageTest, EscapeTakesAGestureBack)
     mouse.move(held({500, 590}));
     mouse.key(Qt::Key_Escape, Qt::NoModifier);
     EXPECT_EQ(stage.panel(0).rect, QRect(253, 170, 547, 163));
-    EXPECT_EQ(host.cfg[u"menu_max_entries"_s], u"8"_s);
+    EXPECT_EQ(document.CfgValue(u"menu_max_entries"), u"8"_s);
     EXPECT_EQ(stage.SelectedPanel, 0);
-    EXPECT_TRUE(run().InterfaceReady);
+    EXPECT_FALSE(document.canUndo() || document.inGesture());
 }
 
 TEST_F(StageTest, TwoButtonsInOneGestureLeaveNothingHanging)
@@ -322,6 +327,5 @@ TEST_F(StageTest, TwoButtonsInOneGestureLeaveNothingHanging)
     mouse.move(held({90, 90}));
     EXPECT_EQ(stage.panel(5).rect.x(), 20) << "a release ends the drag";
     mouse.release(up({90, 90}));
-    EXPECT_FALSE(mouse.Dragging());
-    EXPECT_TRUE(run().InterfaceReady);
+    EXPECT_FALSE(mouse.Dragging() || document.inGesture());
 }

@@ -13,10 +13,10 @@ using namespace fennel::test;
 TEST_F(StageTest, TenPlacesOfBlendedPanels)
 {
     openOld();
-    rec(0).BackColor = qRgb(10, 200, 30);
-    rec(0).Transp = 200;
-    rec(2).Transp = 128;
-    rec(3).Transp = 0;
+    set(0, &PanelRec::BackColor, qRgb(10, 200, 30));
+    set(0, &PanelRec::Transp, 200);
+    set(2, &PanelRec::Transp, 128);
+    set(3, &PanelRec::Transp, 0);
     stage.RefreshPanels();
     const QImage image = painted();
     const std::tuple<int, int, QRgb> places[] = {
@@ -46,35 +46,35 @@ TEST_F(StageTest, VisibilityInGenerationThree)
                                                : QStringList());
         return all.join(u' ');
     };
-    EXPECT_EQ(seen(), u"0 1 4 5 22"_s);
-    rec(5).On = 0; // switched off, and still on the preview
+    EXPECT_EQ(seen(), u"0 1 4 5 6 22 23 24 25 39"_s);
+    set(5, &PanelRec::On, 0); // switched off, and still on the preview
     host.tabObject = 7;
     stage.RefreshPanels();
     for (const int index : {2, 3}) { // never in generation 3
         stage.DrawPanel(index);
         stage.showPanel(index, true);
     }
-    EXPECT_EQ(seen(), u"0 1 4 5 7 22"_s) << "7 with its tab";
+    EXPECT_EQ(seen(), u"0 1 4 5 6 7 22 23 24 25 39"_s) << "7 with its tab";
     stage.showPanel(7, false);
-    EXPECT_EQ(seen(), u"0 1 4 5 22"_s);
+    EXPECT_EQ(seen(), u"0 1 4 5 6 22 23 24 25 39"_s);
 }
 
 TEST_F(StageTest, BootShowRulesTheOptionsLine)
 {
     openOld(2);
-    rec(3).Transp = 0;
+    set(3, &PanelRec::Transp, 0);
     stage.DrawPanel(3);
     EXPECT_EQ(painted().pixel(500, 490), qRgb(128, 128, 128));
-    host.cfg[u"boot_show"_s] = QString();
-    rec(3).BackColor = qRgb(1, 2, 3);
+    setCfg(u"boot_show", {});
+    set(3, &PanelRec::BackColor, qRgb(1, 2, 3));
     stage.DrawPanel(3);
     stage.RefreshPanels();
     EXPECT_TRUE(stage.panel(3).visible);
     EXPECT_EQ(painted().pixel(500, 490), qRgb(128, 128, 128)) << "keeps its last look";
-    host.cfg[u"boot_show"_s] = u"0"_s;
+    setCfg(u"boot_show", 0);
     stage.DrawPanel(3);
     EXPECT_FALSE(stage.panel(3).visible);
-    host.cfg[u"boot_show"_s] = u"1"_s;
+    setCfg(u"boot_show", 1);
     stage.RefreshPanels();
     EXPECT_EQ(painted().pixel(500, 490), qRgb(1, 2, 3));
 }
@@ -83,10 +83,10 @@ TEST_F(StageTest, UpperPanelsHideLowerOnesAndSelectionRaises)
 {
     openZuk();
     setPlace(5, 100, 200, 100, 100); // Time on the menu
-    rec(0).Transp = 0;
-    rec(0).BackColor = qRgb(9, 9, 9);
-    rec(1).Transp = 255;
-    rec(5).Transp = 255;
+    set(0, &PanelRec::Transp, 0);
+    set(0, &PanelRec::BackColor, qRgb(9, 9, 9));
+    set(1, &PanelRec::Transp, 255);
+    set(5, &PanelRec::Transp, 255);
     stage.RefreshPanels();
     EXPECT_EQ(painted().pixel(150, 290), qRgb(150, 34, 184)) << "background, not the menu";
     stage.SelectPanel(1);
@@ -95,7 +95,7 @@ TEST_F(StageTest, UpperPanelsHideLowerOnesAndSelectionRaises)
     stage.raisePanel(5);
     EXPECT_EQ(stage.stacking().back(), 5);
     EXPECT_EQ(stage.panelAt({150, 210}), 5);
-    rec(5).Enabled = false;
+    set(5, &PanelRec::Enabled, false);
     EXPECT_EQ(stage.panelAt({150, 210}), 1) << "a disabled panel lets the mouse through";
 }
 
@@ -106,16 +106,13 @@ TEST_F(StageTest, PlacesOffTheScreenAndStrangeSizes)
     setPlace(4, 32000, 32000, 32767, 32767);
     setPlace(22, 10, 10, 0, -7);
     setPlace(0, -32768, -32768, 32767, 32767);
-    rec(5).Transp = 300;
-    rec(5).FontIndex = 9999;
-    rec(5).FontParam = 9;
-    rec(5).Text = u"Time|"_s;
-    host.params[{11, 9}] = 4000000000;
+    set(5, &PanelRec::Transp, 300);
+    document.setText(5, u"Time|"_s);
+    document.setMenuValues([](ZUKarr& table) { table.at(0, 9).Value->number = 4'000'000'000; });
     run().PreviewScale = 2;
     stage.RefreshPanels();
     const QImage image = painted();
     EXPECT_NE(image.pixel(0, 0), qRgb(255, 0, 255));
-    EXPECT_EQ(rec(5).FontIndex, 0);
     EXPECT_EQ(stage.panelAt({20, 20}), 5);
     for (const int index : {-1, 40, 32767}) {
         stage.DrawPanel(index);
@@ -130,11 +127,12 @@ TEST_F(StageTest, PlacesOffTheScreenAndStrangeSizes)
 
 TEST_F(StageTest, TextStaysInItsPanelAndTakesItsColour)
 {
-    openOld();
-    rec(0).Transp = rec(2).Transp = 0;
-    rec(0).TextColor = qRgb(255, 0, 0);
-    stage.setMenuEntries(embeddedMenu);
-    rec(2).Text = buttonBarText;
+    openOld(2);
+    set(0, &PanelRec::Transp, 0);
+    set(2, &PanelRec::Transp, 0);
+    set(0, &PanelRec::TextColor, qRgb(255, 0, 0));
+    document.setMenuEntries(embeddedMenu);
+    document.setText(2, buttonBarText);
     stage.RefreshPanels();
     EXPECT_EQ(rec(1).Text, u"RECALL Menu.lst"_s);
     EXPECT_TRUE(rec(0).Text.startsWith(u" | BOOT DOS from this flash| BOOT"));
@@ -150,8 +148,7 @@ TEST_F(StageTest, TextStaysInItsPanelAndTakesItsColour)
     EXPECT_GT(red({253, 213, 300, 20}), 50) << "third line, two pitches of 20 below the first";
     EXPECT_EQ(red({253, 332, 547, 1}), 0);
     EXPECT_EQ(host.captions[1], u"Hide F1 button"_s);
-    run().GfxHasCfg = true;
-    host.cfg[u"hide_poweroff"_s] = u"1"_s;
+    setCfg(u"hide_poweroff", 1);
     stage.DrawPanel(2);
     EXPECT_EQ(host.captions[7], u"Show F10 button"_s);
 }
@@ -184,7 +181,7 @@ TEST_F(StageTest, MarkerAndFrameFollowTheSelection)
     QImage image = painted();
     EXPECT_EQ(image.pixel(93, 53), markerColour(100));
     EXPECT_EQ(image.pixel(19, 29), qRgb(100, 100, 100)) << "one pixel outside";
-    EXPECT_EQ(image.pixel(20, 30), qRgb(20, 30, 50));
+    EXPECT_EQ(image.pixel(20, 30), qRgb(0, 0, 0));
     stage.ShowMarker(-1, -1);
     image = painted();
     EXPECT_EQ(image.pixel(93, 53), qRgb(93, 53, 146));
@@ -198,17 +195,18 @@ TEST_F(StageTest, TabWalksThroughTheObjects)
 {
     openZuk();
     QList<int> walked;
-    for (int i = 0; i < 8; ++i) {
+    for (int i = 0; i < 9; ++i) {
         stage.SelectNextPanel(false);
         walked << stage.SelectedPanel;
     }
-    EXPECT_EQ(walked, (QList<int>{0, 1, 4, 5, 7, 8, 22, 0}));
+    EXPECT_EQ(walked, (QList<int>{0, 1, 4, 5, 6, 7, 8, 22, 23}));
     stage.SelectNextPanel(true);
     EXPECT_EQ(stage.SelectedPanel, 22);
     EXPECT_EQ(host.tabObject, 22);
-    // 220 x 28 ^ (log 2 / log 12)
-    EXPECT_NEAR(host.tones.back(), 557.3, 0.1);
+    // Tab 13: 220 x 13 ^ (log 2 / log 12)
+    EXPECT_NEAR(host.tones.back(), 449.9, 0.1);
     run().GfxOpened = false;
     stage.SelectNextPanel(false);
     EXPECT_EQ(stage.SelectedPanel, 22) << "nothing open, nothing activated";
+    EXPECT_FALSE(document.canUndo()) << "neither selecting nor drawing is a step";
 }

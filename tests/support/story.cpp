@@ -3,7 +3,6 @@
 
 #include "app/startup.h"
 #include "editor/lists/right_panel.h"
-#include "editor/lists/row_look.h"
 #include "editor/stage/stage_link.h"
 #include "editor/stage/stage_surface.h"
 #include "editor/window/window_progress.h"
@@ -116,7 +115,7 @@ void Story::editRow(const QString& tab, const QString& item)
 int Story::goToRow(const QString& item)
 {
     for (int row = 1; row <= list().count(); ++row) {
-        if (itemText(bench.document, list(), *list().row(row)) != item)
+        if (look(row).text() != item)
             continue;
         window.rightPanel().view(lists().CurrentTab)->select(row);
         QAbstractItemView& shown = view();
@@ -126,6 +125,12 @@ int Story::goToRow(const QString& item)
     }
     ADD_FAILURE() << "no row " << item.toStdString();
     return 0;
+}
+
+RowLook Story::look(int row, int tab)
+{
+    const ListRows& rows = *lists().list(tab > 0 ? tab : lists().CurrentTab);
+    return rowLook(bench.document, rows, *rows.row(row), lists().CurrentMenuFile);
 }
 
 void Story::type(const QString& item, const QString& value)
@@ -142,9 +147,9 @@ void Story::type(const QString& item, const QString& value)
 
 QString Story::value(const QString& item)
 {
-    for (const ListRow& row : list().rows) {
-        if (itemText(bench.document, list(), row) == item)
-            return rowLook(bench.document, list(), row, lists().CurrentMenuFile).text(1);
+    for (int row = 1; row <= list().count(); ++row) {
+        if (look(row).text() == item)
+            return look(row).text(1);
     }
     return {};
 }

@@ -3,6 +3,7 @@
 // settings file and folders of its own, and a scripted user.
 #pragma once
 
+#include "editor/lists/row_look.h"
 #include "editor/window/main_window.h"
 #include "editor/window/menus.h"
 #include "support/test_shell.h"
@@ -47,6 +48,8 @@ public:
     int goToRow(const QString& item);
     // Goes to the row of a tab and presses "edit".
     void editRow(const QString& tab, const QString& item);
+    // How a row of a list looks, by default of the current one.
+    [[nodiscard]] RowLook look(int row, int tab = 0);
     // Types a value into the row and presses Enter.
     void type(const QString& item, const QString& value);
     // The value cell of a row of the current list.

@@ -114,10 +114,15 @@ void ColourLink::setFileValues()
     const ColourControls controls = colourControlsFor(*rec);
     const qint64 fill = table.GetLevelValue(file, rec->BackParam, LayerCfg).value_or(-1);
     const qint64 transp = table.GetLevelValue(file, rec->TranspParam, LayerCfg).value_or(-1);
+    // Both come back at once, and go at once when that is undone.
+    StepInfo info{u"colours of %1"_s.arg(objectCaption(rec->Name)), {}, {}};
+    info.place.object = m_window.stageLink().stage().ColourPanel;
+    m_window.document().beginGesture(info);
     if (controls.fill && fill >= 0)
         setFill(0xff000000U | static_cast<QRgb>(fill & 0xFFFFFF));
     if (controls.transparency && transp >= 0)
         setTransparency(transparencyShown(static_cast<int>(transp)));
+    m_window.document().endGesture();
 }
 
 void ColourLink::askFill()

@@ -56,9 +56,10 @@ void StageGestures::press(const StageMouse& mouse)
     if (second && m_target == Target::Marker)
         return;
     if (!second) {
+        endStep();
         setTarget(mouse.at);
         m_before = {};
-        m_moved = false;
+        m_dragging = m_moved = false;
     }
     switch (m_target) {
     case Target::Panel:

@@ -97,11 +97,11 @@ void MainWindow::UpdateInterface()
 {
     const RunState& run = m_workbench.shell.run;
     m_workbench.shell.WriteLog(QStringLiteral("-UpdateInterface"));
-    // The mark stands at its end while changes are not saved.
-    setWindowTitle(QStringLiteral("%1 (v. %2). %3[*]")
-                       .arg(programTitle(), versionText(),
-                            run.GfxOpened ? run.GfxFileName
-                                          : QStringLiteral("/Component of @ZUK-MOSA@ project/")));
+    QString name =
+        run.GfxOpened ? run.GfxFileName : QStringLiteral("/Component of @ZUK-MOSA@ project/");
+    // The mark stands at its end while changes are not saved; one in a name is doubled.
+    name.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    setWindowTitle(QStringLiteral("%1 (v. %2). %3[*]").arg(programTitle(), versionText(), name));
     QProgressBar& progress = m_statusBar->progressBar();
     progress.show();
     m_statusBar->progressBar().setGeometry(
