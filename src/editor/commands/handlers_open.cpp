@@ -220,7 +220,7 @@ void fillStep(MainWindow& window, OpenHost::Step step)
     case Phase::Backgrounds: {
         const int tab = step == Phase::Members  ? TabGfxboot
                         : step == Phase::Config ? TabConfig
-                                               : TabBackgrounds;
+                                                : TabBackgrounds;
         *params.list(tab) = filledList(window, tab);
         if (tab != TabConfig)
             selectFirst(*params.list(tab));
