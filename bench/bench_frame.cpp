@@ -33,7 +33,8 @@ void startToPainted(benchmark::State& state)
 {
     const QTemporaryDir folder;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const QString& name : {u"HOME"_s, u"XDG_CONFIG_HOME"_s, u"XDG_RUNTIME_DIR"_s, u"Temp"_s})
+    for (const QString& name :
+         {u"HOME"_s, u"XDG_CONFIG_HOME"_s, u"XDG_STATE_HOME"_s, u"XDG_RUNTIME_DIR"_s, u"Temp"_s})
         environment.insert(name, folder.path());
     environment.insert(u"QT_LOGGING_RULES"_s, u"qt.widgets.painting=true"_s);
     environment.insert(u"QT_FORCE_STDERR_LOGGING"_s, u"1"_s);

@@ -70,6 +70,8 @@ int main(int argc, char** argv)
         window.show();
         result = QApplication::exec();
     }
+    // Nothing was asked, and nothing is lost.
+    (void)workbench.journal.flush();
     Form_Unload(workbench.shell);
     return result;
 }

@@ -94,6 +94,7 @@ void Document::beginHistory()
 {
     m_gesture.reset();
     m_stack.clear();
+    m_stack.setClean(); // clear() leaves an empty stack as it is
     m_history.clear();
     Q_EMIT historyChanged();
 }

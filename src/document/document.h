@@ -52,6 +52,8 @@ public:
     [[nodiscard]] const PanelRec* object(int row) const { return m_state.object(row); }
     // Of gfxboot.cfg: the value of the first line with that name, or its default.
     [[nodiscard]] QString CfgValue(QStringView name) const;
+    // gfxboot.cfg as it is shown and as it lies in the Workspace.
+    [[nodiscard]] CfgState config() const { return {m_state.cfg, m_cfgBytes}; }
     // The font (number of its record) that an object's words are drawn in; it may have no file.
     [[nodiscard]] qint64 fontOf(int object) const;
     // The stage shows what the selected menu imposes; the values of the lists rest and are locked.
@@ -81,6 +83,8 @@ public:
     // Runs `work`, which adds, replaces or removes files of the Workspace. All that it changed is
     // one step; if it returns false, or the user's word stops it, every file is as it was before.
     bool changeMembers(const StepInfo& info, const std::function<bool()>& work);
+    // Such a work goes on: the files may be those of half a command.
+    [[nodiscard]] bool inMembers() const { return m_inMembers; }
     // Until endGesture() all changes are one step; cancelGesture() takes them back without a trace.
     void beginGesture(const StepInfo& info);
     void endGesture();
@@ -100,6 +104,8 @@ public:
     [[nodiscard]] bool isModified() const;
     // The state is on the disk now.
     void markSaved();
+    // The state is on no disk: no undo leads to one that is.
+    void markUnsaved();
 
     // --- saving: brings the parameters into their files in the Workspace. False if that failed;
     // the user was told.
@@ -124,6 +130,7 @@ Q_SIGNALS:
     void changed(const fennel::DocumentChange& change);
     // Undo, redo, their texts or isModified() may differ.
     void historyChanged();
+    void saved();
 
 private:
     struct Command;

@@ -268,6 +268,13 @@ void Document::markSaved()
 {
     m_stack.setClean();
     Q_EMIT historyChanged();
+    Q_EMIT saved();
+}
+
+void Document::markUnsaved()
+{
+    m_stack.resetClean();
+    Q_EMIT historyChanged();
 }
 
 // Files first, as they can fail; the rest cannot.

@@ -12,7 +12,8 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir home;
     const QByteArray folder = home.path().toLocal8Bit();
-    for (const char* name : {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME", "Temp"})
+    for (const char* name :
+         {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "Temp"})
         qputenv(name, folder);
     qputenv("XDG_RUNTIME_DIR", folder);
     const QApplication app(argc, argv);

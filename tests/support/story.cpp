@@ -68,6 +68,7 @@ void Story::close()
 {
     window.close();
     QCoreApplication::processEvents();
+    (void)bench.journal.flush();
     Form_Unload(shell.shell);
 }
 

@@ -61,6 +61,8 @@ QString FaultyTools::lastErrorOutput() const
 
 TestShell::TestShell()
 {
+    // Unsaved work is kept there.
+    qputenv("XDG_STATE_HOME", QFile::encodeName(path(u"state"_s)));
     const QString folder = QStringLiteral(FENNEL_BIN_DIR "/Tools/");
     run.AppPath = m_folder.path();
     run.ToolsPath = folder;

@@ -13,6 +13,7 @@ class MainWindow;
 struct DocumentChange;
 
 void addFileCommands(MainWindow& window);
+void addRestoreCommands(MainWindow& window);
 void addViewCommands(MainWindow& window);
 void addEditCommands(MainWindow& window);
 void addToolCommands(MainWindow& window);
@@ -95,5 +96,9 @@ void openFontContent(MainWindow& window, const QString& name);
 
 // Brings the last used list to its menu.
 void showLastUsed(MainWindow& window);
+// Fills the menu of unsaved work that was left.
+void showLeftWork(MainWindow& window);
+// Shows the background that the parameters choose, if another one is shown.
+void showChosenBackground(MainWindow& window);
 
 } // namespace fennel

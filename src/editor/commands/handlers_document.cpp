@@ -76,18 +76,6 @@ void showMembers(MainWindow& window)
     window.ShowBackground();
 }
 
-void showChosenBackground(MainWindow& window)
-{
-    RunState& run = window.shell().run;
-    const auto number =
-        window.document().state().ZUKarr.GetLevelValue(0, backgroundParam, LayerEdit);
-    const QString path = backgroundFile(run.Workspace, number.value_or(0));
-    if (path == run.BackFile || window.document().menuLevelShown())
-        return;
-    run.BackFile = path;
-    window.ShowBackground();
-}
-
 int tabOfMember(const ParamLists& lists, const QString& member)
 {
     const auto has = [&](int tab) {
@@ -167,6 +155,18 @@ void move(MainWindow& window, bool back)
 }
 
 } // namespace
+
+void showChosenBackground(MainWindow& window)
+{
+    RunState& run = window.shell().run;
+    const auto number =
+        window.document().state().ZUKarr.GetLevelValue(0, backgroundParam, LayerEdit);
+    const QString path = backgroundFile(run.Workspace, number.value_or(0));
+    if (path == run.BackFile || window.document().menuLevelShown())
+        return;
+    run.BackFile = path;
+    window.ShowBackground();
+}
 
 void showHistory(MainWindow& window)
 {

@@ -75,8 +75,10 @@ void updateEngine(MainWindow& window)
 void buildObjectTabs(MainWindow& window)
 {
     Document& document = window.document();
-    const bool upgrade = document.needsUpgrade() && mayUpgrade(window.shell());
-    if (upgrade)
+    const std::optional<bool> answered = window.workbench().upgradeAnswer;
+    const bool upgrade =
+        document.needsUpgrade() && (answered ? *answered : mayUpgrade(window.shell()));
+    if (upgrade && !answered)
         updateEngine(window);
     document.listValues(upgrade);
     BuildTabs(window.shell(), window.workbench().params);
@@ -218,7 +220,7 @@ void fillStep(MainWindow& window, OpenHost::Step step)
     case Phase::Backgrounds: {
         const int tab = step == Phase::Members  ? TabGfxboot
                         : step == Phase::Config ? TabConfig
-                                               : TabBackgrounds;
+                                                : TabBackgrounds;
         *params.list(tab) = filledList(window, tab);
         if (tab != TabConfig)
             selectFirst(*params.list(tab));

@@ -43,6 +43,7 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     m_commands.holdWhile([this] { return m_waiting->busy(); });
     m_colourLink->connectControls();
     addFileCommands(*this);
+    addRestoreCommands(*this);
     addViewCommands(*this);
     addHistoryCommands(*this);
     addEditCommands(*this);
@@ -67,6 +68,7 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     workbench.params.tabs = fixedTabs();
     rebuildTabs(*this);
     UpdateInterface();
+    showLeftWork(*this);
     showWelcome();
 }
 
@@ -154,6 +156,7 @@ public:
 
     void openBegins() override
     {
+        m_window.m_workbench.journal.openBegins();
         closeValueEditor(m_window);
         Stage& stage = m_window.m_stageLink->stage();
         m_selected = stage.SelectedPanel;
@@ -190,7 +193,8 @@ public:
     }
     void openEnds(bool opened) override
     {
-        Q_UNUSED(opened)
+        m_window.m_workbench.journal.openEnds(opened);
+        showLeftWork(m_window);
         m_window.setControlsEnabled(true);
         QGuiApplication::restoreOverrideCursor();
     }

@@ -23,6 +23,8 @@ constexpr auto items = std::to_array<MenuItem>({
     {"mnuFile_LastUsed", "mnuFile", u"Last used", Menu, ByOthers, true},
     {"mnuFile1", "mnuFile_LastUsed", u"", Array},
     {"mnuFile_Clear", "mnuFile", u"Clear the list", Command, ByOthers},
+    {"mnuFile_Restore", "mnuFile", u"Restore unsaved work", Menu, ByOthers},
+    {"mnuFile_RestoreArr", "mnuFile_Restore", u"", Array},
     {"mnuFile_Exit", "mnuFile", u"Exit", Command, Always, true, "Ctrl+Q"},
 
     {"mnuView", "", u"&View", Menu},

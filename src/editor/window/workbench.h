@@ -6,7 +6,7 @@
 #include "base/last_used.h"
 #include "base/shell_context.h"
 #include "base/user_store.h"
-#include "document/document.h"
+#include "document/journal.h"
 #include "editor/lists/param_lists.h"
 #include "editor/window/status_line.h"
 #include "editor/window/toolbar_table.h"
@@ -20,6 +20,10 @@ struct Workbench {
     LastUsed lastUsed;
     FontState fonts;
     Document document{shell, fonts.table};
+    Journal journal{shell, document};
+    std::vector<LeftWork> leftWork; // as mnuFile_RestoreArr lists it
+    // Of work that is being restored: whether its engine was upgraded.
+    std::optional<bool> upgradeAnswer;
     ParamLists params{document};
     FontScanSettings fontSettings;
     CharSelected characters = startingCharacters(); // for the next font that is made

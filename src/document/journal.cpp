@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+#include "document/journal.h"
+
+#include "container/member_list.h"
+#include "container/member_table.h"
+
+#include <QFile>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A further name of a file that is never written over; its copy where there are no links.
+bool keep(const QByteArray& from, const QByteArray& to)
+{
+    return ::link(from.constData(), to.constData()) == 0 ||
+           QFile::copy(QFile::decodeName(from), QFile::decodeName(to));
+}
+
+// Whether it is still the same file with the same bytes, without a look into it.
+QByteArray factsOf(const QByteArray& path)
+{
+    struct stat facts = {};
+    if (::stat(path.constData(), &facts) != 0)
+        return {};
+    return QByteArray::number(static_cast<qulonglong>(facts.st_ino)) + ' ' +
+           QByteArray::number(static_cast<qlonglong>(facts.st_size)) + ' ' +
+           QByteArray::number(static_cast<qlonglong>(facts.st_mtim.tv_sec)) + '.' +
+           QByteArray::number(static_cast<qlonglong>(facts.st_mtim.tv_nsec));
+}
+
+} // namespace
+
+Journal::Journal(const Shell& shell, Document& document)
+    : m_shell(shell), m_document(document), m_root(unsavedRoot()),
+      m_writer(m_root, [this](const Failure& failure) {
+          QMetaObject::invokeMethod(
+              this, [this, failure] { tell(failure); }, Qt::QueuedConnection);
+      })
+{
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(delay);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_timer, &QTimer::timeout, this, &Journal::tick);
+    connect(&document, &Document::changed, this, &Journal::onChange);
+    connect(&document, &Document::historyChanged, this, &Journal::onHistory);
+    connect(&document, &Document::saved, this, &Journal::onSaved);
+}
+
+Journal::~Journal() = default;
+
+bool Journal::isUnsaved() const
+{
+    return m_document.run().GfxOpened && (m_document.isModified() || m_document.inGesture());
+}
+
+void Journal::onChange()
+{
+    if (!m_opening && !m_timer.isActive())
+        m_timer.start();
+}
+
+void Journal::onHistory()
+{
+    if (m_opening)
+        return;
+    if (isUnsaved()) {
+        onChange();
+        return;
+    }
+    m_timer.stop();
+    m_writer.remove();
+}
+
+void Journal::onSaved()
+{
+    adopt(sourceNow(m_shell.run.GfxPath, false));
+}
+
+void Journal::adopt(const JournalSource& source)
+{
+    m_source = source;
+    m_name = m_shell.run.GfxFileName;
+    m_gz = m_shell.run.GfxIsGz;
+}
+
+void Journal::tick()
+{
+    // Half of a command is nothing to come back to; it ends soon.
+    if (m_document.inMembers())
+        m_timer.start();
+    else if (isUnsaved())
+        write();
+    else // a gesture was cancelled
+        m_writer.remove();
+}
+
+bool Journal::flush()
+{
+    if (m_opening || !isUnsaved())
+        return true;
+    m_timer.stop();
+    write();
+    return m_writer.finish();
+}
+
+void Journal::openBegins()
+{
+    (void)flush();
+    m_timer.stop();
+    m_opening = true;
+}
+
+void Journal::openEnds(bool opened)
+{
+    m_opening = false;
+    if (!opened) {
+        if (isUnsaved())
+            onChange();
+        return;
+    }
+    m_writer.leave();
+    (void)m_writer.finish(); // from now on it can be restored
+    // Only what the user saved is a file to come back to.
+    const RunState& run = m_document.run();
+    adopt(run.GfxFileName == unsavedGfxName ? JournalSource() : sourceNow(run.GfxPath, false));
+}
+
+JournalValues Journal::values() const
+{
+    const ParamState& state = m_document.state();
+    JournalValues values;
+    values.when = QDateTime::currentDateTimeUtc();
+    values.name = m_name;
+    values.gz = m_gz;
+    values.source = m_source;
+    values.upgradeChoice = state.UpgradeChoice;
+    values.cfg = m_document.config();
+    // The older generations leave the values of a gfxboot before as they were.
+    const bool levels = m_document.generation() == Generation::Three;
+    for (int file = 0; levels && file < zukFileCount; ++file) {
+        for (int number = 1; number <= zukParamCount; ++number) {
+            if (const auto& value = state.ZUKarr.at(file, number).Value)
+                values.params.emplace_hint(values.params.end(), ParamKey{file, number}, *value);
+        }
+    }
+    return values;
+}
+
+// gfxboot.cfg goes with the values, as it changes with every value that is typed.
+std::optional<JournalMembers> Journal::changedMembers()
+{
+    const RunState& run = m_document.run();
+    const QByteArray workspace = QFile::encodeName(run.Workspace);
+    const Result<QByteArray> list = readBytes(run.Workspace + memberListName);
+    JournalMembers members;
+    QByteArray seen;
+    for (const MemberName& name : list ? memberNames(*list) : std::vector<MemberName>()) {
+        const QByteArray facts = factsOf(workspace + name.bytes);
+        if (facts.isEmpty())
+            continue;
+        members.names.append(name.bytes);
+        seen += name.bytes + '\n';
+        if (name.text != cfgMemberName)
+            seen += facts + '\n';
+    }
+    if (m_writer.hasMembers() && seen == m_members)
+        return std::nullopt;
+    members.folder = run.WorkspaceRoot + u"~journal/%1/"_s.arg(++m_takes);
+    if (Result<void> made = DiskFiles().makeFolder(members.folder); !made) {
+        tell(made.failure());
+        return std::nullopt;
+    }
+    const QByteArray folder = QFile::encodeName(members.folder);
+    for (const QByteArray& name : members.names)
+        (void)keep(workspace + name, folder + name);
+    m_members = seen;
+    return members;
+}
+
+void Journal::write()
+{
+    std::optional<JournalMembers> members = changedMembers();
+    m_writer.write(values(), std::move(members));
+}
+
+void Journal::tell(const Failure& failure)
+{
+    m_shell.logFailure(failure);
+    if (m_told)
+        return;
+    m_told = true;
+    m_shell.prompts.ShowMessage(u"Unsaved work cannot be kept until this is mended:\n%1\n\n"
+                                "The work goes on."_s.arg(QString::fromStdString(failure.text)));
+}
+
+} // namespace fennel
