@@ -146,6 +146,22 @@ class Boot:
             self.machine.order("send-key", keys=parts)
             time.sleep(0.15)  # the key has to be let go
 
+    def until(self, key, wanted):
+        """Presses a key until it shows: before the loader listens, keys are lost."""
+        for _ in range(8):
+            self.press(key)
+            screen = self.wait(wanted, 3)
+            if wanted(screen):
+                return screen
+        raise AssertionError(f"nothing comes of {key}")
+
+    def awake(self):
+        """Opens the help and closes it again: from now on keys are heard."""
+        corner = (719, 539)
+        ground = self.wait(lambda s: s.at(*corner) != 0).at(*corner)  # black before the background comes
+        self.until("f1", lambda s: s.at(*corner) != ground)
+        return self.until("f1", lambda s: s.at(*corner) == ground)
+
     def __enter__(self):
         return self
 

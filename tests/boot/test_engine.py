@@ -115,6 +115,7 @@ class Placed(EngineTest):
             screen = boot.screen()
             self.panels(screen, which)
             self.objects(screen, more, expected)
+            boot.awake()
             boot.press("f2")
             info = (more[15][2], more[15][3], 575, 375)
             ground = blend(more[15][6], more[15][7])
@@ -193,7 +194,7 @@ class Placed(EngineTest):
         del made.members["Logo_00.jpg"]
         with Boot(made.members) as boot:
             boot.wait(lambda s: not near(s.at(540, 190), GROUND))
-            time.sleep(1.5)
+            boot.awake()
             boot.press("f2")
             time.sleep(0.5)
             screen = boot.screen()
@@ -212,7 +213,7 @@ class Moving(EngineTest):
     def made(self):
         glass = {20 + i: colour for i, colour in enumerate(self.COLOURS)}
         made = self.template({
-            0: {1: 1, 2: 20, 3: 20, 6: 0, 8: WHITE, 11: 0, 31: 1, 32: 40, 33: 100, 34: 60, 35: 60,
+            0: {1: 1, 2: 20, 3: 20, 6: 0, 8: WHITE, 11: 0, 24: 0, 31: 1, 32: 40, 33: 100, 34: 60, 35: 60,
                 38: 0xFF00FF, 42: 300, 43: 60, 54: 200, 79: 1, 99: 0, 19: 1, 20: 4, 66: 0x112233, 67: 0},
             1: {1: 1, 2: 600, 3: 60, 4: 700, 5: 160, 6: 2, 7: 1, 99: 300},
             2: {1: 1, 2: 100, 3: 560, 4: 300, 5: 24, 6: 0, 7: 0, 8: WHITE, 9: 4},
@@ -254,7 +255,7 @@ class Moving(EngineTest):
         while time.monotonic() - begin < 21:
             screen = boot.screen()
             glasses.add(screen.at(650, 215))
-            clocks.add(screen.part(20, 20, 60, 20))
+            clocks.add(screen.part(20, 20, 90, 22))
             hands.add(screen.part(8, 58, 124, 124))
             lines.add(screen.part(100, 560, 300, 24))
             logos.add(screen.at(41, 101))
@@ -311,11 +312,13 @@ class Countdown(EngineTest):
 
     def test_runs_and_stays(self):
         with Boot(self.made(0).members, menu(timeout=60)) as boot:
-            screen = boot.wait(lambda s: near(s.at(*self.FIRST), 0x0000FF), 20)
+            boot.wait(lambda s: near(s.at(*self.FIRST), 0x0000FF), 20)
+            time.sleep(0.2)  # all three draw one after the other
+            screen = boot.screen()
             self.colour(screen, *self.FIRST, 0x0000FF, "passed")
             self.colour(screen, *self.LAST, 0xFFFF00, "to come")
-            self.colour(screen, 145, 53, 0xFF0000, "ring, passed")  # right of the top
-            self.colour(screen, 140 - 30, 51, 0x00FFFF, "ring, to come")
+            self.colour(screen, 140, 53, 0xFF0000, "ring, passed")
+            self.colour(screen, 113, 57, 0x00FFFF, "ring, to come")  # its last division
             self.assertTrue(self.anywhere(screen, self.NUMBER, 0xFF00FF, 20), "number")
             boot.press("down")
             time.sleep(0.5)
@@ -348,13 +351,15 @@ class User(EngineTest):
 
     def test_long_menu_and_its_values(self):
         made = self.template({0: {19: 0, 39: 0, 40: 3, 41: 5, 42: 300, 43: 300, 54: 250, 56: 0, 57: 255,
-                                  75: 0, 76: 0x1B, 77: 2, 79: 0, 99: 0, 24: 500}})
+                                  75: 0, 76: 0x1B, 77: 2, 79: 0, 99: 0, 24: 500, 1: 0, 11: 0},
+                              3: {1: 0}})
         entries = [f"Entry {number}" for number in range(12)]
         entries[3:3] = [f"[zuk0000] :56=0x{self.BAR:06X} :57=0", "[zuk0000] :43=60 :19=junk"]
         with Boot(made.members, menu(entries + ["technical", "technical too"])) as boot:
             screen = boot.wait(lambda s: self.bar_line(s) == 0)
             self.assertEqual(self.bar_line(screen), 0)
             self.colour(screen, 40, 582, GROUND, "only the menu at the start")
+            boot.awake()
             for keys, line in ((["down"], 1), (["pgdn"], 4), (["up"], 3), (["home"], 0), (["end"], 4)):
                 boot.press(*keys)
                 screen = boot.wait(lambda s, wanted=line: self.bar_line(s) == wanted, 5)
@@ -387,9 +392,11 @@ class User(EngineTest):
         config = menu(["One"]).replace("localboot 0x80", "kernel nothere")
         with Boot(made.members, config) as boot:
             boot.wait(lambda s: not near(s.at(540, 80), GROUND))
-            time.sleep(1)
+            boot.awake()
             boot.press("ret")
-            screen = boot.wait(lambda s: near(s.at(600, 400), 0x005500), 10)
+            boot.wait(lambda s: near(s.at(600, 400), 0x005500), 10)
+            time.sleep(0.5)
+            screen = boot.screen()
             self.rectangle(screen, "message", (30, 40, 575, 375), 0x005500)
             boot.press("ret")
             screen = boot.wait(lambda s: not near(s.at(600, 400), 0x005500), 10)
