@@ -64,6 +64,26 @@ def cpio(members):
     return bytes(out) + b"\0" * (-len(out) % 512)
 
 
+def block_font(width=6, height=12):
+    """A font in which every letter is a full block with a gap of two pixels behind it."""
+    codes = range(0x21, 0x7F)
+
+    def glyph(columns, rows, advance):
+        bits = []
+        for value, size in ((0, 2), (7, 3), (columns, 8), (rows, 8), (0, 8), (0, 8), (advance, 8)):
+            bits += [value >> bit & 1 for bit in range(size)]
+        bits += [1] * (columns * rows)
+        bits += [0] * (-len(bits) % 8)
+        return bytes(sum(bit << i for i, bit in enumerate(bits[at:at + 8])) for at in range(0, len(bits), 8))
+
+    entries, glyphs = b"", b""
+    start = 11 + 5 * (len(codes) + 1)
+    for code, data in [(0x20, glyph(0, 0, width))] + [(c, glyph(width, height, width + 2)) for c in codes]:
+        entries += (code | (start + len(glyphs)) << 21).to_bytes(5, "little")
+        glyphs += data
+    return struct.pack("<IIBBb", 0xD2828E06, len(codes) + 1, height, 0, height + 2) + entries + glyphs
+
+
 class Template:
     """The members of the template, to be changed before the boot."""
 

@@ -11,7 +11,7 @@ import sys
 import time
 import unittest
 
-from boots import Boot, SIZE, GROUND, Template, blend, jpeg, menu, near, plain
+from boots import block_font, Boot, SIZE, GROUND, Template, blend, jpeg, menu, near, plain
 
 DATA = ""
 WHITE = 0xFFFFFF
@@ -55,12 +55,12 @@ MORE = (
          32: 200, 33: 300, 34: 55, 35: 50, 38: 0xFF00FF, 31: 1, 66: 0x221144, 67: 128, 79: 1, 99: 0},
      2: {1: 1, 9: 0}, 3: {1: 1, 2: 300, 3: 300, 19: 1, 20: 0x00FF00, 99: 2},
      4: {1: 1, 18: 10, 19: 6, 20: 4, 21: 0xFFFF00, 23: 0, 37: 0},
-     5: {1: 1, 2: 20, 3: 300, 4: 150, 5: 140, 17: 12, 18: 5, 19: 20, 21: 0x00FFFF, 23: 0, 36: 3, 37: 0},
+     5: {1: 1, 2: 20, 3: 300, 4: 150, 5: 140, 17: 12, 18: 5, 19: 20, 21: 0x00FFFF, 23: 0, 36: 4, 37: 0},
      6: {1: 0}, 8: {1: 0}, 15: {1: 1, 2: 100, 3: 90, 6: 0x335511, 7: 40}},
     {0: {1: 1, 11: 1, 40: 6, 41: 6, 48: 0x00FF00, 58: 0x000080, 8: WHITE, 18: WHITE, 28: WHITE,
-         32: 600, 33: 200, 34: 70, 35: 30, 38: 0xFF8000, 31: 1, 66: 0x441122, 67: 30, 79: 1, 99: 0},
-     2: {1: 1, 9: 0}, 3: {1: 1, 2: 320, 3: 200, 19: 1, 20: 0xFF0000, 99: 2},
-     4: {1: 1, 18: 8, 19: 9, 20: 3, 21: 0x00FFFF, 23: 0, 37: 0},
+         32: 600, 33: 200, 34: 70, 35: 30, 38: 0xFF8000, 31: 1, 66: 0x441122, 67: 30, 79: 1, 99: 7},
+     2: {1: 1, 9: 0}, 3: {1: 1, 2: 320, 3: 200, 19: 1, 20: 0xFF0000, 99: 5},
+     4: {1: 1, 18: 8, 19: 9, 20: 3, 21: 0x00FFFF, 23: 90, 37: 0},
      5: {1: 1, 2: 320, 3: 250, 4: 120, 5: 120, 17: 16, 18: 3, 19: 15, 21: 0xFFFF00, 23: 100, 36: 99, 37: 0},
      6: {1: 0}, 8: {1: 0}, 15: {1: 1, 2: 30, 3: 60, 6: 0x553311, 7: 200}},
 )
@@ -103,9 +103,12 @@ class Placed(EngineTest):
         made = self.template(Panels.records(which), MORE[which])
         made.members["Logo_00.jpg"] = plain(*LOGO, 0xC02020)
         made.members["Logo_msk.jpg"] = plain(*LOGO, WHITE)
-        made.members["glass_02.jpg"] = jpeg(100, 30, ["xc:white", "-fill", "black", "-draw",
-                                                      "rectangle 48,0 99,29"])
         more = MORE[which]
+        half = ["xc:white", "-fill", "black", "-draw", "rectangle 48,0 99,29"]
+        made.members[f"glass_0{more[3][99]}.jpg"] = jpeg(100, 30, half)
+        if which == 1:  # the background that the number names
+            made.members["back_07.jpg"] = made.members["back.jpg"]
+            made.members["back.jpg"] = plain(*SIZE, WHITE)
         circle = more[5]
         with Boot(made.members) as boot:
             ring = (circle[2] + circle[4] // 2, circle[3] + circle[19] // 2)
@@ -165,6 +168,9 @@ class Placed(EngineTest):
             self.colour(screen, middle[0], circle[3] + half + depth, ring, "ring, top")
             self.colour(screen, circle[2] + circle[4] - half - depth, middle[1], ring, "ring, right")
         self.colour(screen, *middle, GROUND, "ring, middle")
+        # the last of a group is half as long again
+        longer = (circle[2] + circle[4] - half - circle[19] - circle[19] // 2 + 3, middle[1])
+        self.colour(screen, *longer, ring if circle[36] == 4 else GROUND, "ring, group")
 
     def divisions(self, screen, linear):
         place = next(sets for name, (_, _, *sets) in Panels.rows.items() if name == "linear timer")
@@ -177,9 +183,10 @@ class Placed(EngineTest):
             size, step, cross = linear[18], linear[18] + linear[20], (height - linear[19]) // 2
             at = [(x + step * 3, y + cross), (x + step * 3 + size - 1, y + cross)]
             gap = (x + step * 3 + size, y + cross)
+        ground = blend(colour, transparency)
         for point in at:
-            self.colour(screen, *point, linear[21], "division")
-        self.colour(screen, *gap, blend(colour, transparency), "between divisions")
+            self.colour(screen, *point, blend(linear[21], linear[23], ground), "division")
+        self.colour(screen, *gap, ground, "between divisions")
 
     def test_first_set(self):
         self.check(0)
@@ -190,19 +197,72 @@ class Placed(EngineTest):
     def test_switched_off(self):
         off = {0: {1: 0, 11: 0, 31: 0, 24: 0, 54: 300, 42: 253, 43: 170}, 15: {1: 0}}
         off.update({number: {1: 0} for number in range(1, 9)})
+        off[7].update({2: 20, 3: 500, 6: WHITE})
         made = self.template(off)
         del made.members["Logo_00.jpg"]
-        with Boot(made.members) as boot:
+        with Boot(made.members, menu().replace("localboot 0x80", "kernel nothere")) as boot:
             boot.wait(lambda s: not near(s.at(540, 190), GROUND))
             boot.awake()
             boot.press("f2")
             time.sleep(0.5)
             screen = boot.screen()
+            boot.press("ret")
+            told = boot.wait(lambda s: not near(s.at(600, 400), GROUND), 10)
+            self.assertFalse(near(told.at(600, 400), GROUND), "messages come also where the panel is off")
+            self.colour(told, 100, 520, GROUND, "no wait panel")
         menu_part = range(253, 553), range(170, 340)
         for y in range(0, SIZE[1], 2):
             for x in range(0, SIZE[0], 2):
                 if x not in menu_part[0] or y not in menu_part[1]:
                     self.colour(screen, x, y, GROUND, "nothing is on")
+
+    def test_texts_and_fonts(self):
+        """The colour of every text, once in the standard font and once in another."""
+        colours = {"menu": 0xFFFF00, "bar": 0x800000, "clock": 0xF0F0F1, "date": 0x00FF00, "line": 0x00FFFF,
+                   "help": 0xFF00FF, "info": 0xFF8000, "info, first line": 0x00FF80}
+        more = {0: {1: 1, 11: 1, 31: 0, 40: 8, 41: 5, 48: colours["menu"], 58: colours["bar"], 8: colours["clock"],
+                    18: colours["date"], 28: colours["line"], 66: 0, 67: 0, 68: colours["help"], 79: 1, 99: 0},
+                2: {1: 0}, 3: {1: 0}, 6: {1: 0}, 8: {1: 0},
+                4: {1: 1, 18: 9, 19: 9, 20: 4, 21: 0x808080, 23: 0, 37: 1},
+                5: {1: 1, 2: 20, 3: 300, 4: 150, 5: 140, 17: 12, 18: 7, 19: 20, 21: 0x808080, 23: 0, 36: 99, 37: 1},
+                15: {1: 1, 2: 100, 3: 90, 6: 0, 7: 0, 8: colours["info"], 17: colours["info, first line"]}}
+        fonts = {0: {9: 7, 14: 7, 29: 7, 39: 7, 69: 7}, 15: {9: 7}}
+        for other in (False, True):
+            made = self.template(Panels.records(0), more, fonts if other else {})
+            made.members["16x16_07.fnt"] = block_font()
+            places = {name: tuple(sets[0][:4]) for name, (_, _, *sets) in Panels.rows.items()}
+            with Boot(made.members) as boot:
+                boot.wait(lambda s: near(s.at(559, 70), blend(0xE0E0D0, 30)))
+                boot.awake()
+                screen = boot.wait(lambda s: s.at(95, 310) != s.at(20, 310))  # the ring comes last
+                for name in ("clock", "date", "line", "menu", "bar"):
+                    self.text(screen, name, places[name], colours[name], other)
+                self.depth(screen)
+                boot.press("f2")
+                screen = boot.wait(lambda s: near(s.at(670, 460), 0), 10)
+                self.text(screen, "info, first line", (100, 90, 300, 20), colours["info, first line"], other)
+                self.text(screen, "info", (100, 110, 300, 100), colours["info"], other)
+                boot.press("esc", "f1")
+                screen = boot.wait(lambda s: near(s.at(719, 539), 0), 10)
+                self.text(screen, "help", (80, 60, 300, 100), colours["help"], other)
+
+    def text(self, screen, name, rectangle, colour, blocks):
+        """Letters of that colour; in the other font they are blocks of 6 by 12."""
+        x, y, width, height = rectangle
+        block = any(
+            all(near(screen.at(column + i % 6, row + i // 6), colour, 8) for i in range(0, 72, 5))
+            for row in range(y, y + height - 11) for column in range(x, x + width - 5)
+            if near(screen.at(column, row), colour, 8))
+        self.assertTrue(self.anywhere(screen, rectangle, colour, 8), name)
+        self.assertEqual(block, blocks, f"font of {name}")
+
+    def depth(self, screen):
+        """Light above and dark below on the divisions of the line, beside each other on the ring's."""
+        x, y = 600 + (20 - 9) // 2, 60 + 13 * 3
+        light, middle, dark = (screen.at(x + 4, y + row) & 255 for row in (0, 4, 8))
+        self.assertTrue(light > middle > dark, f"line: {light} {middle} {dark}")
+        light, middle, dark = (screen.at(95 + column, 300 + 10) & 255 for column in (-3, 0, 3))
+        self.assertTrue(light > middle > dark, f"ring: {light} {middle} {dark}")
 
 
 class Moving(EngineTest):
@@ -294,6 +354,52 @@ class Moving(EngineTest):
             self.assertGreater(way * (self.sprite(boot.screen())[0] - first), 0, key)
 
 
+class Sparks(EngineTest):
+    """Eight sparks, each in a field of its own, and an animation that the keys do not steer."""
+
+    CALM, RARE, STRAY = 1, 2, 3  # no pause, hardly ever, ends that stray
+
+    def test_all(self):
+        values = {1: 8, 99: 100}
+        for g in range(8):
+            values.update({10 * g + 2: 40 + 90 * g, 10 * g + 3: 60 + 10 * g, 10 * g + 4: 80 + 90 * g,
+                           10 * g + 5: 140 - 5 * g, 10 * g + 6: 20 if g == self.STRAY else 0,
+                           10 * g + 7: {self.CALM: 0, self.RARE: 600}.get(g, 1)})
+        made = self.template({
+            0: {1: 0, 11: 0, 24: 0, 31: 0, 32: 700, 33: 300, 42: 20, 43: 250, 54: 200, 79: 1, 99: 0}, 1: values,
+            2: {1: 0}, 3: {1: 0}, 4: {1: 0}, 5: {1: 0}, 6: {1: 0},
+            8: {1: 1, 2: 20, 3: 450, 4: 760, 5: 60, 11: 0, 12: 1, 13: 0, 18: 20, 19: 30, 99: 5}})
+        made.members["ani_05.jpg"] = plain(60, 30, 0xF0F000)
+        made.members["ani_05_msk.jpg"] = plain(60, 30, WHITE)
+        seen, begun = [0] * 8, [0] * 8
+        with Boot(made.members) as boot:
+            boot.wait(lambda s: near(s.at(215, 252), blend(0xFFFFFF, 60)))
+            boot.awake()
+            boot.press("left")
+            places, frames, end = [], 0, time.monotonic() + 9
+            while time.monotonic() < end:
+                screen = boot.screen()
+                frames += 1
+                places.append(next((x for x in range(20, 780) if near(screen.at(x, 460), 0xF0F000, 20)), 0))
+                for g in range(8):
+                    begin = (40 + 90 * g, 60 + 10 * g)
+                    lit = self.anywhere(screen, (30 + 90 * g, 52, 60, 96), 0xE8F0FF, 8)
+                    seen[g] += lit
+                    begun[g] += lit and near(screen.at(*begin), 0xE8F0FF, 8)
+                time.sleep(0.05)
+        for g in range(8):
+            if g == self.RARE:
+                self.assertEqual(seen[g], 0)
+            else:
+                self.assertGreater(seen[g], 0, f"spark {g + 1}")
+                self.assertEqual(begun[g] == seen[g], g != self.STRAY, f"spark {g + 1} begins at its point")
+        self.assertGreater(seen[self.CALM], frames / 3)
+        self.assertEqual(places, sorted(places), "the arrow does not turn it")
+        width = sum(near(screen.at(x, 460), 0xF0F000, 20) for x in range(20, 780))
+        height = sum(near(screen.at(places[-1] + 5, y), 0xF0F000, 20) for y in range(440, 520))
+        self.assertEqual((width, height), (20, 30), "one frame")
+
+
 class Countdown(EngineTest):
     """The three timers from the full timeout to its end."""
 
@@ -301,23 +407,25 @@ class Countdown(EngineTest):
         return self.template({
             0: {1: 0, 11: 0, 31: 0, 42: 300, 43: 60, 54: 200, 79: 1, 99: 0},
             4: {1: 1, 2: 300, 3: 400, 4: 200, 5: 10, 6: 0x111111, 7: 0, 18: 9, 19: 10, 20: 1, 21: 0xFFFF00,
-                22: 0x0000FF, 23: 0, 24: 0, 37: 0, 38: off},
+                22: 0x0000FF, 23: 0, 24: 100, 37: 0, 38: off},
             5: {1: 1, 2: 40, 3: 40, 4: 200, 5: 200, 17: 20, 18: 5, 19: 20, 21: 0x00FFFF, 22: 0xFF0000, 23: 0,
-                24: 0, 36: 99, 37: 0, 38: off},
-            6: {1: 1, 2: 126, 3: 130, 8: 0xFF00FF, 9: 0, 38: off},
+                24: 100, 36: 99, 37: 0, 38: off},
+            6: {1: 1, 2: 126, 3: 130, 8: 0xFF00FF, 9: 7 * off, 38: off},
             2: {1: 0}, 3: {1: 0}, 7: {1: 0}, 8: {1: 0}})
 
     FIRST, LAST = (303, 405), (493, 405)
+    PASSED, RING_PASSED = blend(0x0000FF, 100, 0x111111), blend(0xFF0000, 100)
     NUMBER = (126, 130, 30, 22)
 
     def test_runs_and_stays(self):
         with Boot(self.made(0).members, menu(timeout=60)) as boot:
-            boot.wait(lambda s: near(s.at(*self.FIRST), 0x0000FF), 20)
-            time.sleep(0.2)  # all three draw one after the other
-            screen = boot.screen()
-            self.colour(screen, *self.FIRST, 0x0000FF, "passed")
+            # all three draw one after the other
+            screen = boot.wait(lambda s: near(s.at(*self.FIRST), self.PASSED) and
+                               near(s.at(140, 53), self.RING_PASSED) and
+                               self.anywhere(s, self.NUMBER, 0xFF00FF, 20), 20)
+            self.colour(screen, *self.FIRST, self.PASSED, "passed")
             self.colour(screen, *self.LAST, 0xFFFF00, "to come")
-            self.colour(screen, 140, 53, 0xFF0000, "ring, passed")
+            self.colour(screen, 140, 53, self.RING_PASSED, "ring, passed")
             self.colour(screen, 113, 57, 0x00FFFF, "ring, to come")  # its last division
             self.assertTrue(self.anywhere(screen, self.NUMBER, 0xFF00FF, 20), "number")
             boot.press("down")
@@ -330,8 +438,11 @@ class Countdown(EngineTest):
             self.colour(after, *self.LAST, 0xFFFF00, "stays")
 
     def test_stopped_goes(self):
-        with Boot(self.made(1).members, menu(timeout=300)) as boot:
-            boot.wait(lambda s: self.anywhere(s, self.NUMBER, 0xFF00FF, 20), 20)
+        made = self.made(1)
+        made.members["16x16_07.fnt"] = block_font()
+        with Boot(made.members, menu(timeout=300)) as boot:
+            screen = boot.wait(lambda s: self.anywhere(s, self.NUMBER, 0xFF00FF, 20), 20)
+            self.colour(screen, 131, 141, 0xFF00FF, "the number in its own font")
             boot.press("down")
             screen = boot.wait(lambda s: near(s.at(*self.FIRST), GROUND), 10)
             for at in (self.FIRST, self.LAST, (140, 53)):
@@ -387,8 +498,9 @@ class User(EngineTest):
 
     def test_a_missing_kernel_is_told(self):
         made = self.template({0: {42: 300, 43: 60, 99: 0}, 2: {1: 0}, 8: {1: 0},
-                              7: {1: 1, 2: 20, 3: 480, 4: 300, 5: 60, 6: 0x550055, 7: 0, 11: 2, 22: 0x00FF00},
+                              7: {1: 1, 2: 20, 3: 480, 4: 300, 5: 60, 6: 0x550055, 7: 0, 8: 0xF0F001, 9: 7, 11: 2, 22: 0x00FF00},
                               15: {2: 30, 3: 40, 6: 0x005500, 7: 0}})
+        made.members["16x16_07.fnt"] = block_font()
         config = menu(["One"]).replace("localboot 0x80", "kernel nothere")
         with Boot(made.members, config) as boot:
             boot.wait(lambda s: not near(s.at(540, 80), GROUND))
@@ -398,6 +510,9 @@ class User(EngineTest):
             time.sleep(0.5)
             screen = boot.screen()
             self.rectangle(screen, "message", (30, 40, 575, 375), 0x005500)
+            self.rectangle(screen, "wait panel", (20, 480, 300, 60), 0x550055)
+            self.assertTrue(self.anywhere(screen, (20, 480, 100, 17), 0xF0F001, 8), "wait, first line")
+            self.assertTrue(self.anywhere(screen, (20, 497, 100, 20), 0x00FF00, 8), "wait, second line")
             boot.press("ret")
             screen = boot.wait(lambda s: not near(s.at(600, 400), 0x005500), 10)
             self.assertFalse(near(screen.at(600, 400), 0x005500), "the message goes")
