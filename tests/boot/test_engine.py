@@ -200,8 +200,11 @@ class Placed(EngineTest):
         off[7].update({2: 20, 3: 500, 6: WHITE})
         made = self.template(off)
         del made.members["Logo_00.jpg"]
-        with Boot(made.members, menu().replace("localboot 0x80", "kernel nothere")) as boot:
-            boot.wait(lambda s: not near(s.at(540, 190), GROUND))
+        config = menu(timeout=900).replace("localboot 0x80", "kernel nothere")
+        with Boot(made.members, config) as boot:
+            boot.wait(lambda s: near(s.at(540, 190), blend(WHITE, 60)))
+            time.sleep(2)
+            running = boot.screen()
             boot.awake()
             boot.press("f2")
             time.sleep(0.5)
@@ -214,10 +217,11 @@ class Placed(EngineTest):
         for y in range(0, SIZE[1], 2):
             for x in range(0, SIZE[0], 2):
                 if x not in menu_part[0] or y not in menu_part[1]:
-                    self.colour(screen, x, y, GROUND, "nothing is on")
+                    self.colour(running, x, y, GROUND, "nothing is on")
+                    self.colour(screen, x, y, GROUND, "F2 opens nothing")
 
     def test_texts_and_fonts(self):
-        """The colour of every text, once in the standard font and once in another."""
+        """The colour of every text, each in a font of its own number."""
         colours = {"menu": 0xFFFF00, "bar": 0x800000, "clock": 0xF0F0F1, "date": 0x00FF00, "line": 0x00FFFF,
                    "help": 0xFF00FF, "info": 0xFF8000, "info, first line": 0x00FF80}
         more = {0: {1: 1, 11: 1, 31: 0, 40: 8, 41: 5, 48: colours["menu"], 58: colours["bar"], 8: colours["clock"],
@@ -227,34 +231,31 @@ class Placed(EngineTest):
                 5: {1: 1, 2: 20, 3: 300, 4: 150, 5: 140, 17: 12, 18: 7, 19: 20, 21: 0x808080, 23: 0, 36: 99, 37: 1},
                 15: {1: 1, 2: 100, 3: 90, 6: 0, 7: 0, 8: colours["info"], 17: colours["info, first line"]}}
         fonts = {0: {9: 7, 14: 7, 29: 7, 39: 7, 69: 7}, 15: {9: 7}}
-        for other in (False, True):
-            made = self.template(Panels.records(0), more, fonts if other else {})
-            made.members["16x16_07.fnt"] = block_font()
-            places = {name: tuple(sets[0][:4]) for name, (_, _, *sets) in Panels.rows.items()}
-            with Boot(made.members) as boot:
-                boot.wait(lambda s: near(s.at(559, 70), blend(0xE0E0D0, 30)))
-                boot.awake()
-                screen = boot.wait(lambda s: s.at(95, 310) != s.at(20, 310))  # the ring comes last
-                for name in ("clock", "date", "line", "menu", "bar"):
-                    self.text(screen, name, places[name], colours[name], other)
-                self.depth(screen)
-                boot.press("f2")
-                screen = boot.wait(lambda s: near(s.at(670, 460), 0), 10)
-                self.text(screen, "info, first line", (100, 90, 300, 20), colours["info, first line"], other)
-                self.text(screen, "info", (100, 110, 300, 100), colours["info"], other)
-                boot.press("esc", "f1")
-                screen = boot.wait(lambda s: near(s.at(719, 539), 0), 10)
-                self.text(screen, "help", (80, 60, 300, 100), colours["help"], other)
+        made = self.template(Panels.records(0), more, fonts)
+        made.members["16x16_07.fnt"] = block_font()
+        places = {name: tuple(sets[0][:4]) for name, (_, _, *sets) in Panels.rows.items()}
+        with Boot(made.members) as boot:
+            boot.wait(lambda s: near(s.at(559, 70), blend(0xE0E0D0, 30)))
+            boot.awake()
+            screen = boot.wait(lambda s: s.at(95, 310) != s.at(20, 310))  # the ring comes last
+            for name in ("clock", "date", "line", "menu", "bar"):
+                self.text(screen, name, places[name], colours[name])
+            self.depth(screen)
+            boot.press("f2")
+            screen = boot.wait(lambda s: near(s.at(670, 460), 0), 10)
+            self.text(screen, "info, first line", (100, 90, 300, 20), colours["info, first line"])
+            self.text(screen, "info", (100, 110, 300, 100), colours["info"])
+            boot.press("esc", "f1")
+            screen = boot.wait(lambda s: near(s.at(719, 539), 0), 10)
+            self.text(screen, "help", (80, 60, 300, 100), colours["help"])
 
-    def text(self, screen, name, rectangle, colour, blocks):
-        """Letters of that colour; in the other font they are blocks of 6 by 12."""
+    def text(self, screen, name, rectangle, colour):
+        """Letters that are blocks of 6 by 12 in that colour."""
         x, y, width, height = rectangle
-        block = any(
+        self.assertTrue(any(
             all(near(screen.at(column + i % 6, row + i // 6), colour, 8) for i in range(0, 72, 5))
             for row in range(y, y + height - 11) for column in range(x, x + width - 5)
-            if near(screen.at(column, row), colour, 8))
-        self.assertTrue(self.anywhere(screen, rectangle, colour, 8), name)
-        self.assertEqual(block, blocks, f"font of {name}")
+            if near(screen.at(column, row), colour, 8)), name)
 
     def depth(self, screen):
         """Light above and dark below on the divisions of the line, beside each other on the ring's."""
@@ -268,6 +269,8 @@ class Placed(EngineTest):
 class Moving(EngineTest):
     """One boot that is watched for a while: what moves, how fast, and that it leaves nothing behind."""
 
+    CALM, RARE, STRAY = 1, 2, 3  # sparks without pause, hardly ever, with ends that stray
+    LETTERS = 0x00F0F1
     COLOURS = [0x100000 * (i % 3 + 3) + 0x1000 * (i // 3 + 5) + 0x20 for i in range(19)]
 
     def made(self):
@@ -275,19 +278,29 @@ class Moving(EngineTest):
         made = self.template({
             0: {1: 1, 2: 20, 3: 20, 6: 0, 8: WHITE, 11: 0, 24: 0, 31: 1, 32: 40, 33: 100, 34: 60, 35: 60,
                 38: 0xFF00FF, 42: 300, 43: 60, 54: 200, 79: 1, 99: 0, 19: 1, 20: 4, 66: 0x112233, 67: 0},
-            1: {1: 1, 2: 600, 3: 60, 4: 700, 5: 160, 6: 2, 7: 1, 99: 300},
-            2: {1: 1, 2: 100, 3: 560, 4: 300, 5: 24, 6: 0, 7: 0, 8: WHITE, 9: 4},
+            1: self.sparks(),
+            2: {1: 1, 2: 100, 3: 560, 4: 300, 5: 24, 6: 0, 7: 0, 8: self.LETTERS, 9: 4, 19: 7},
             3: {1: 1, 2: 600, 3: 200, 19: 19, 99: 2, **glass},
             4: {1: 0}, 5: {1: 0}, 6: {1: 0}, 15: {1: 0},
-            8: {1: 1, 2: 500, 3: 400, 4: 250, 5: 100, 11: 1, 12: 5, 13: 3, 18: 32, 19: 48, 99: 3}})
+            8: {1: 1, 2: 500, 3: 400, 4: 250, 5: 100, 11: 1, 12: 5, 13: 3, 18: 32, 19: 40, 99: 5}})
         for number in range(3):
             made.members[f"Logo_0{number}.jpg"] = plain(*LOGO, 0x400000 >> 8 * number)
         made.members["Logo_msk.jpg"] = plain(*LOGO, WHITE)
         made.members["glass_02.jpg"] = plain(100, 30, WHITE)
-        made.members["ani_03.jpg"] = plain(256, 48, 0xF0F000)
-        made.members["ani_03_msk.jpg"] = plain(256, 48, WHITE)
+        made.members["ani_05.jpg"] = plain(96, 40, 0xF0F000)
+        made.members["ani_05_msk.jpg"] = plain(96, 40, WHITE)
+        made.members["16x16_07.fnt"] = block_font()
         made.members["RLineDef.txt"] = b"running text " * 4
         return made
+
+    def sparks(self):
+        """Each in a field of its own, from left above to right below."""
+        values = {1: 8, 99: 100}
+        for g in range(8):
+            values.update({10 * g + 2: 40 + 90 * g, 10 * g + 3: 250 + 10 * g, 10 * g + 4: 80 + 90 * g,
+                           10 * g + 5: 330 - 5 * g, 10 * g + 6: 20 if g == self.STRAY else 0,
+                           10 * g + 7: {self.CALM: 0, self.RARE: 600}.get(g, 1)})
+        return values
 
     @staticmethod
     def sprite(screen):
@@ -308,9 +321,15 @@ class Moving(EngineTest):
             self.assertGreater(time.monotonic() - shown, 2.5, "the help stays four seconds")
             self.watch(boot)
             self.steered(boot)
+            screen = boot.screen()
+            x, y = self.sprite(screen)
+            width = sum(near(screen.at(at, y + 5), 0xF0F000, 40) for at in range(500, 750))
+            height = sum(near(screen.at(x + 5, at), 0xF0F000, 40) for at in range(390, 510))
+            self.assertEqual((width, height), (32, 40), "one frame")
 
     def watch(self, boot):
-        glasses, clocks, hands, lines, logos, sparks, places = (set() for _ in range(7))
+        glasses, clocks, hands, lines, logos, places = (set() for _ in range(6))
+        seen, begun, frames, blocks = [0] * 8, [0] * 8, 0, 0
         begin = time.monotonic()
         while time.monotonic() - begin < 21:
             screen = boot.screen()
@@ -319,24 +338,38 @@ class Moving(EngineTest):
             hands.add(screen.part(8, 58, 124, 124))
             lines.add(screen.part(100, 560, 300, 24))
             logos.add(screen.at(41, 101))
-            sparks.add(self.anywhere(screen, (590, 50, 120, 120), 0xE8F0FF, 30))
+            frames += 1
+            letters = "".join("#" if near(screen.at(x, 565), self.LETTERS) else "." for x in range(100, 400))
+            blocks += ".######." in letters
+            for g in range(8):
+                lit = self.anywhere(screen, (30 + 90 * g, 242, 60, 96), 0xE8F0FF, 8)
+                seen[g] += lit
+                begun[g] += lit and near(screen.at(40 + 90 * g, 250 + 10 * g), 0xE8F0FF, 8)
             places.add(self.sprite(screen))
             # nothing is left where the animation and the running line were, or beside them
             self.colour(screen, 505, 399, GROUND, "above the animation")
             self.colour(screen, 99, 570, GROUND, "beside the running line")
             self.colour(screen, 401, 570, GROUND, "beside the running line")
-            time.sleep(0.12)
+            time.sleep(0.05)
         seconds = time.monotonic() - begin
         for colour in self.COLOURS:
             self.assertTrue(any(near(seen, colour) for seen in glasses), f"glass {colour:06x}")
         self.assertAlmostEqual(len(clocks), seconds, delta=2.5, msg="each second once")
         self.assertAlmostEqual(len(hands), seconds, delta=7, msg="the hand goes with the clock")
-        self.assertGreater(len(lines), 30, "the running line")
-        self.assertEqual(sparks, {True, False}, "sparks come and go")
+        self.assertGreater(len(lines), 10, "the running line")
+        self.assertGreater(blocks, frames / 4, "letters of the running line")
+        for g in range(8):
+            if g == self.RARE:
+                self.assertLess(seen[g], frames / 10)
+            else:
+                self.assertGreater(seen[g], 0, f"spark {g + 1}")
+                self.assertEqual(begun[g] == seen[g], g != self.STRAY, f"spark {g + 1} begins at its point")
+                self.assertLess(seen[g], frames, f"spark {g + 1} goes")
+        self.assertGreater(seen[self.CALM], frames / 3)
         self.assertGreater(len(places), 20, "the animation")
         self.assertGreater(max(x for x, _ in places) - min(x for x, _ in places), 150)
         self.assertGreater(max(y for _, y in places) - min(y for _, y in places), 30)
-        self.assertTrue(all(500 <= x <= 750 - 32 and 400 <= y <= 500 - 48 for x, y in places))
+        self.assertTrue(all(500 <= x <= 750 - 32 and 400 <= y <= 500 - 40 for x, y in places))
         for number in range(3):
             self.assertTrue(any(near(c, 0x400000 >> 8 * number, 6) for c in logos), f"logo {number}")
 
@@ -354,52 +387,6 @@ class Moving(EngineTest):
             self.assertGreater(way * (self.sprite(boot.screen())[0] - first), 0, key)
 
 
-class Sparks(EngineTest):
-    """Eight sparks, each in a field of its own, and an animation that the keys do not steer."""
-
-    CALM, RARE, STRAY = 1, 2, 3  # no pause, hardly ever, ends that stray
-
-    def test_all(self):
-        values = {1: 8, 99: 100}
-        for g in range(8):
-            values.update({10 * g + 2: 40 + 90 * g, 10 * g + 3: 60 + 10 * g, 10 * g + 4: 80 + 90 * g,
-                           10 * g + 5: 140 - 5 * g, 10 * g + 6: 20 if g == self.STRAY else 0,
-                           10 * g + 7: {self.CALM: 0, self.RARE: 600}.get(g, 1)})
-        made = self.template({
-            0: {1: 0, 11: 0, 24: 0, 31: 0, 32: 700, 33: 300, 42: 20, 43: 250, 54: 200, 79: 1, 99: 0}, 1: values,
-            2: {1: 0}, 3: {1: 0}, 4: {1: 0}, 5: {1: 0}, 6: {1: 0},
-            8: {1: 1, 2: 20, 3: 450, 4: 760, 5: 60, 11: 0, 12: 1, 13: 0, 18: 20, 19: 30, 99: 5}})
-        made.members["ani_05.jpg"] = plain(60, 30, 0xF0F000)
-        made.members["ani_05_msk.jpg"] = plain(60, 30, WHITE)
-        seen, begun = [0] * 8, [0] * 8
-        with Boot(made.members) as boot:
-            boot.wait(lambda s: near(s.at(215, 252), blend(0xFFFFFF, 60)))
-            boot.awake()
-            boot.press("left")
-            places, frames, end = [], 0, time.monotonic() + 9
-            while time.monotonic() < end:
-                screen = boot.screen()
-                frames += 1
-                places.append(next((x for x in range(20, 780) if near(screen.at(x, 460), 0xF0F000, 20)), 0))
-                for g in range(8):
-                    begin = (40 + 90 * g, 60 + 10 * g)
-                    lit = self.anywhere(screen, (30 + 90 * g, 52, 60, 96), 0xE8F0FF, 8)
-                    seen[g] += lit
-                    begun[g] += lit and near(screen.at(*begin), 0xE8F0FF, 8)
-                time.sleep(0.05)
-        for g in range(8):
-            if g == self.RARE:
-                self.assertEqual(seen[g], 0)
-            else:
-                self.assertGreater(seen[g], 0, f"spark {g + 1}")
-                self.assertEqual(begun[g] == seen[g], g != self.STRAY, f"spark {g + 1} begins at its point")
-        self.assertGreater(seen[self.CALM], frames / 3)
-        self.assertEqual(places, sorted(places), "the arrow does not turn it")
-        width = sum(near(screen.at(x, 460), 0xF0F000, 20) for x in range(20, 780))
-        height = sum(near(screen.at(places[-1] + 5, y), 0xF0F000, 20) for y in range(440, 520))
-        self.assertEqual((width, height), (20, 30), "one frame")
-
-
 class Countdown(EngineTest):
     """The three timers from the full timeout to its end."""
 
@@ -411,7 +398,8 @@ class Countdown(EngineTest):
             5: {1: 1, 2: 40, 3: 40, 4: 200, 5: 200, 17: 20, 18: 5, 19: 20, 21: 0x00FFFF, 22: 0xFF0000, 23: 0,
                 24: 100, 36: 99, 37: 0, 38: off},
             6: {1: 1, 2: 126, 3: 130, 8: 0xFF00FF, 9: 7 * off, 38: off},
-            2: {1: 0}, 3: {1: 0}, 7: {1: 0}, 8: {1: 0}})
+            2: {1: 0}, 3: {1: 0}, 7: {1: 0},
+            8: {1: off, 2: 500, 3: 420, 4: 250, 5: 60, 11: 0, 12: 1, 13: 0, 18: 32, 19: 40, 99: 5}})
 
     FIRST, LAST = (303, 405), (493, 405)
     PASSED, RING_PASSED = blend(0x0000FF, 100, 0x111111), blend(0xFF0000, 100)
@@ -439,14 +427,22 @@ class Countdown(EngineTest):
 
     def test_stopped_goes(self):
         made = self.made(1)
+        made.members["ani_05.jpg"] = plain(96, 40, 0xF0F000)
+        made.members["ani_05_msk.jpg"] = plain(96, 40, WHITE)
         made.members["16x16_07.fnt"] = block_font()
         with Boot(made.members, menu(timeout=300)) as boot:
             screen = boot.wait(lambda s: self.anywhere(s, self.NUMBER, 0xFF00FF, 20), 20)
             self.colour(screen, 131, 141, 0xFF00FF, "the number in its own font")
-            boot.press("down")
+            boot.press("left")
             screen = boot.wait(lambda s: near(s.at(*self.FIRST), GROUND), 10)
+            places = []
+            for _ in range(8):
+                time.sleep(0.15)
+                places.append(Moving.sprite(boot.screen()))
+            self.assertEqual(places, sorted(places), "the arrow does not turn the animation")
             for at in (self.FIRST, self.LAST, (140, 53)):
                 self.colour(screen, *at, GROUND, "gone")
+            screen = boot.wait(lambda s: not self.anywhere(s, self.NUMBER, 0xFF00FF, 20), 5)
             self.assertFalse(self.anywhere(screen, self.NUMBER, 0xFF00FF, 20))
 
 
