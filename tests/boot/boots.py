@@ -64,9 +64,9 @@ def cpio(members):
     return bytes(out) + b"\0" * (-len(out) % 512)
 
 
-def block_font(width=6, height=12):
+def block_font(width=6, height=12, letters=94):
     """A font in which every letter is a full block with a gap of two pixels behind it."""
-    codes = range(0x21, 0x7F)
+    codes = range(0x21, 0x21 + letters)
 
     def glyph(columns, rows, advance):
         bits = []

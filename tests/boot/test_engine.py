@@ -11,7 +11,7 @@ import sys
 import time
 import unittest
 
-from boots import block_font, Boot, SIZE, GROUND, Template, blend, jpeg, menu, near, plain
+from boots import Boot, SIZE, GROUND, Template, blend, block_font, jpeg, level_name, menu, near, plain
 
 DATA = ""
 WHITE = 0xFFFFFF
@@ -514,6 +514,51 @@ class User(EngineTest):
             self.assertFalse(near(screen.at(600, 400), 0x005500), "the message goes")
             screen = boot.wait(lambda s: not near(s.at(300, 530), 0x550055), 8)
             self.assertFalse(near(screen.at(300, 530), 0x550055), "the wait panel goes")
+
+
+class Broken(EngineTest):
+    """Members and menus as bad as can be: the menu stands and obeys."""
+
+    BAR = (540, 186)  # right of the words, in the bar's upper part; a line further down outside of it
+
+    def alive(self, members, titles, memory=128):
+        bar = blend(WHITE, 60, 0)  # white over anything is at least as light as this
+        with Boot(members, menu(titles), memory) as boot:
+            light = lambda s: min(s.at(*self.BAR) >> shift & 255 for shift in (0, 8, 16)) >= (bar & 255) - 12
+            self.assertTrue(light(boot.wait(light)), "the bar stands")
+            for key in ("f1", "f2"):
+                boot.until(key, lambda s: not light(s))
+                boot.until("esc", light)
+            boot.until("down", lambda s: not light(s))
+            self.assertTrue(light(boot.until("home", light)), "the bar comes back")
+
+    def test_little(self):
+        made = Template(DATA)
+        for name in ("16x16.fnt", "back.jpg", "RLineDef.txt", "ani_03_msk.jpg"):
+            del made.members[name]
+        made.members.update({"ZUK0001.CFG": b"", "ZUK0002.CFG": b"\1\0\0", "ZUK0003.CFG": b"\1\0\0\1\5",
+                             "Logo_00.jpg": plain(1, 1, WHITE), "glass_02.jpg": b"no picture at all" * 9,
+                             "ZUK_Read.txt": bytes(range(256)) * 4})
+        for number in (4, 5, 7, 8):
+            made.levels(number, {2: 5000, 3: 70000, 4: 0, 5: 0})
+        made.levels(0, {32: 0xFFFFFF, 33: 0xFFFFFF, 34: 0, 35: 65535})
+        self.alive(made.members, ["W" * 300, "Длинный заголовок " * 17, "[zuk0099] :1=1", "["])
+
+    def test_much(self):
+        made = Template(DATA)
+        seed = 12345
+        noise = bytearray()
+        for _ in range(400):
+            seed = (seed * 1103515245 + 12345) & 0x7FFFFFFF
+            noise += (seed >> 7).to_bytes(4, "little")
+        for number in (1, 2, 3, 4, 5, 6, 7, 8, 15):
+            made.members[level_name(number)] = bytes(noise[number:])
+        made.members["16x16.fnt"] = block_font(letters=5000)
+        made.members["Logo_00.jpg"] = plain(4000, 3000, 0x206020)
+        made.members["Logo_msk.jpg"] = plain(100, 200, WHITE)
+        made.members["large"] = bytes(noise) * 4800
+        made.levels(0, {24: 65535, 32: 10, 33: 400, 34: 65535, 40: 3, 41: 65535})
+        self.alive(made.members, [f"Entry {number}" for number in range(200)], 32)
 
 
 def main():
