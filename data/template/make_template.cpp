@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 // Puts the template together that a new gfxboot starts from:
 //
-//   make_template ENGINE_MESSAGE SOURCE_FOLDER OUTPUT_FOLDER SECONDS [FONT]
+//   make_template ENGINE FONT SOURCE_FOLDER OUTPUT_FOLDER SECONDS
 //
-// ENGINE_MESSAGE is a compiled message file whose "init" is taken, and whose "16x16.fnt" too if no
-// FONT is given; SECONDS since 1970 is the time of every member, so that a build can be repeated
-// byte for byte. Writes GFX.GZ, INIT and 16X16.FNT into the output folder.
+// ENGINE is the compiled boot engine, FONT the standard font without its tag; SECONDS since 1970 is
+// the time of every member, so that a build can be repeated byte for byte. Writes GFX.GZ, INIT and
+// 16X16.FNT into the output folder.
 #include "container/cpio.h"
 #include "container/gzip.h"
 #include "level_source.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdio>
@@ -61,17 +60,6 @@ Result<void> writeFile(const std::string& path, const Bytes& bytes)
     return {};
 }
 
-Result<Bytes> engineMember(const Bytes& message, const std::string& name)
-{
-    const auto members = readCpio(message);
-    if (!members)
-        return members.failure();
-    const auto found = std::ranges::find(*members, name, &CpioMember::name);
-    if (found == members->end())
-        return Failure{FailureKind::NotFound, "the engine's message has no member " + name};
-    return Bytes{found->data.begin(), found->data.end()};
-}
-
 // Text members have CR LF line ends; the sources have LF.
 Bytes withCarriageReturns(const Bytes& text)
 {
@@ -85,22 +73,19 @@ Bytes withCarriageReturns(const Bytes& text)
 }
 
 struct Job {
-    std::string engineMessage;
+    std::string engine;
+    std::string font;
     std::string sourceFolder;
     std::string outputFolder;
     std::uint32_t seconds = 0;
-    std::string font; // empty: the engine message's own
 };
 
 using Members = std::map<std::string, Bytes, std::less<>>;
 
 Result<void> addEngine(const Job& job, Members& members)
 {
-    const auto message = readFile(job.engineMessage);
-    if (!message)
-        return message.failure();
-    auto init = engineMember(*message, "init");
-    auto font = job.font.empty() ? engineMember(*message, "16x16.fnt") : readFile(job.font);
+    auto init = readFile(job.engine);
+    auto font = readFile(job.font);
     if (!init || !font)
         return init ? font.failure() : init.failure();
     font->insert(font->end(), fontTag, fontTag + std::strlen(fontTag));
@@ -177,15 +162,15 @@ Result<void> makeTemplate(const Job& job)
 int main(int argc, char** argv)
 {
     const std::span<char*> words(argv, static_cast<std::size_t>(argc));
-    if (argc != 5 && argc != 6) {
-        std::fputs("usage: make_template ENGINE_MESSAGE SOURCE OUTPUT SECONDS [FONT]\n", stderr);
+    if (argc != 6) {
+        std::fputs("usage: make_template ENGINE FONT SOURCE OUTPUT SECONDS\n", stderr);
         return 2;
     }
-    fennel::Job job{words[1], words[2], words[3], 0, argc == 6 ? words[5] : ""};
-    const std::string_view seconds(words[4]);
+    fennel::Job job{words[1], words[2], words[3], words[4]};
+    const std::string_view seconds(words[5]);
     if (std::from_chars(seconds.data(), seconds.data() + seconds.size(), job.seconds).ptr !=
         seconds.data() + seconds.size()) {
-        std::fprintf(stderr, "make_template: %s is no number of seconds\n", words[4]);
+        std::fprintf(stderr, "make_template: %s is no number of seconds\n", words[5]);
         return 2;
     }
     if (const auto done = fennel::makeTemplate(job); !done) {

@@ -83,7 +83,7 @@ int difference(const QImage& one, const QImage& other, const QRect& part)
 
 std::vector<QRect> bareParts()
 {
-    return {QRect(0, 0, 240, 400), QRect(560, 0, 240, 400), QRect(240, 0, 320, 160)};
+    return {QRect(0, 0, 240, 120), QRect(560, 0, 240, 400), QRect(240, 0, 320, 85)};
 }
 
 } // namespace fennel::test

@@ -8,6 +8,7 @@
 #include "editor/fonts/char_page.h"
 #include "editor/lists/right_panel.h"
 #include "params/object_table.h"
+#include "screen/blend.h"
 #include "support/story.h"
 
 #include <gtest/gtest.h>
@@ -15,6 +16,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QPainter>
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
@@ -86,6 +88,21 @@ void editMembers(Story& story)
     story.editRow(u"Font(s)"_s, u"16x16.fnt"_s);
 }
 
+// The background with the grounds of menu and bar over it, as letters find it.
+QImage menuGround(const QImage& background, const PanelRec& menu, const PanelRec& bar)
+{
+    QImage ground = background.convertToFormat(QImage::Format_RGB32);
+    const QImage clean = ground;
+    QPainter painter(&ground);
+    for (const PanelRec* panel : {&menu, &bar}) {
+        const QRect area(panel->Left, panel->Top, panel->Width, panel->Height);
+        QImage mixed;
+        blendPanel(clean, area, panel->BackColor, panel->Transp, mixed);
+        painter.drawImage(area.topLeft(), mixed);
+    }
+    return ground;
+}
+
 const QStringList entries{u"Boot from this stick"_s, u"Boot from hard disk"_s, u"Проверка памяти"_s,
                           u"Перезагрузка є"_s};
 
@@ -120,14 +137,15 @@ TEST(BootEdited, ShowsTheNewBackgroundAndTheMenuInTheNewFont)
     const QImage background = engineDecoded(members[u"back.jpg"_s]);
     for (const QRect& part : bareParts())
         EXPECT_LE(difference(booted.screen, background, part), decoderRounding);
-    const PanelRec& menu = (*story.lists().object(MenuPanelRow));
+    const PanelRec& menu = *story.lists().object(MenuPanelRow);
+    const QImage ground = menuGround(background, menu, *story.lists().object(MenuBarRow));
     const QRect panel(menu.Left, menu.Top, 60, 200); // where lines may begin
     const FntFont font = fontOf(members[u"16x16.fnt"_s]);
     std::vector<QPoint> places;
     for (const QString& entry : entries.mid(1)) { // the first stands on the bar
         const TextLine line(font, entry);
         EXPECT_EQ(line.letters(), entry.size());
-        const auto found = line.find(booted.screen, background, panel);
+        const auto found = line.find(booted.screen, ground, panel);
         EXPECT_LE(found.misfit, 8) << entry.toStdString();
         places.push_back(found.at);
     }
@@ -136,7 +154,7 @@ TEST(BootEdited, ShowsTheNewBackgroundAndTheMenuInTheNewFont)
     EXPECT_EQ(places[1].x(), places[0].x());
     // The measure would tell other words, and the same words spaced otherwise.
     const auto misfit = [&](const FntFont& used, const QString& text) {
-        return TextLine(used, text).find(booted.screen, background, panel).misfit;
+        return TextLine(used, text).find(booted.screen, ground, panel).misfit;
     };
     EXPECT_GT(misfit(font, u"Проверка почты"_s), 60);
     FntFont wider = font;
