@@ -9,6 +9,7 @@
 #include "tools/picture_limits.h"
 
 #include <cstdio>
+#include <exception>
 #include <filesystem>
 
 namespace {
@@ -46,11 +47,15 @@ Result<void> run(const Job& job)
 } // namespace
 
 int main(int argc, char** argv)
-{
+try {
     const Result<Job> job = parseCommandLine({argv + 1, argv + argc});
     const Result<void> done = job ? run(*job) : Result<void>(job.failure());
     if (done)
         return 0;
     std::fprintf(stderr, "%s\n", done.failure().text.c_str());
+    return 1;
+} catch (const std::exception& fault) {
+    // Memory that ran out, say: the editor shows the reason as any other.
+    std::fprintf(stderr, "%s\n", fault.what());
     return 1;
 }

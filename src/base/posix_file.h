@@ -72,7 +72,8 @@ Result<struct stat> readWhole(const std::string& path, std::uint64_t limit, Byte
     for (bool more = true; more && had <= limit;) {
         const std::uint64_t room =
             std::min(had == 0 ? step : std::max(step, leastStep), limit + 1 - had);
-        bytes.resize(static_cast<decltype(bytes.size())>(had + room));
+        const std::uint64_t space = had + room;
+        bytes.resize(static_cast<decltype(bytes.size())>(space));
         auto* to = reinterpret_cast<std::uint8_t*>(bytes.data()) + had;
         const std::ptrdiff_t got = readInto(opened->file.get(), {to, room});
         if (got < 0)

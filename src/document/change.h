@@ -10,6 +10,7 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <tuple>
 #include <vector>
 
 namespace fennel {
@@ -17,7 +18,11 @@ namespace fennel {
 struct ParamKey {
     int file = 0;   // level file, 0 to 15
     int number = 0; // parameter, 1 to 99
-    auto operator<=>(const ParamKey&) const = default;
+    bool operator==(const ParamKey&) const = default;
+    bool operator<(const ParamKey& other) const
+    {
+        return std::tie(file, number) < std::tie(other.file, other.number);
+    }
 };
 
 // A change of values. The parts are done in this order; an empty change does nothing.

@@ -20,7 +20,7 @@ public:
     // system allows that.
     virtual void bringToFront(qint64 pid) = 0;
     // Does it once nothing is under way that holds the window.
-    virtual void whenIdle(std::function<void()> action) { action(); }
+    virtual void whenIdle(const std::function<void()>& action) { action(); }
 };
 
 struct QemuLimits {

@@ -148,9 +148,9 @@ bool FlashLink::askFlashDisk()
     return m_drives.askFlashDisk();
 }
 
-void FlashLink::whenIdle(std::function<void()> action)
+void FlashLink::whenIdle(const std::function<void()>& action)
 {
-    m_window.progress().whenIdle(std::move(action));
+    m_window.progress().whenIdle(action);
 }
 
 void FlashLink::bringToFront(qint64 pid)

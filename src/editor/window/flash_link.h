@@ -44,7 +44,7 @@ public:
     void chooseEmbeddedMenu() override;
     void bringToFront(qint64 pid) override;
     [[nodiscard]] bool askFlashDisk() override;
-    void whenIdle(std::function<void()> action) override;
+    void whenIdle(const std::function<void()>& action) override;
 
 private:
     MainWindow& m_window;
