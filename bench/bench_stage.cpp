@@ -125,7 +125,7 @@ private:
         place(8, {80, 60, size.width() - 160, size.height() - 120});
         place(9, {0, 0, size.width(), size.height()});
         place(35, {100, 100, 575, 375});
-        (void)document.apply(std::move(change), {});
+        (void)document.apply(change, {});
     }
 };
 

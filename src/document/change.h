@@ -18,7 +18,10 @@ namespace fennel {
 struct ParamKey {
     int file = 0;   // level file, 0 to 15
     int number = 0; // parameter, 1 to 99
-    bool operator==(const ParamKey&) const = default;
+    bool operator==(const ParamKey& other) const
+    {
+        return file == other.file && number == other.number;
+    }
     bool operator<(const ParamKey& other) const
     {
         return std::tie(file, number) < std::tie(other.file, other.number);

@@ -164,7 +164,7 @@ void Document::noteBackground(int number)
     }
     Change change;
     change.params[{0, backgroundParam}] = value;
-    (void)apply(std::move(change), m_gesture->info);
+    (void)apply(change, m_gesture->info);
 }
 
 void Document::fitMenuToFont()

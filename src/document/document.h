@@ -79,7 +79,7 @@ public:
     // --- changes
     // Does what the change asks for, as one step, or as a part of the gesture that goes on. False
     // if a file could not be written: the user was told, and nothing but that file is as it was.
-    bool apply(Change change, const StepInfo& info);
+    bool apply(const Change& change, const StepInfo& info);
     // Runs `work`, which adds, replaces or removes files of the Workspace. All that it changed is
     // one step; if it returns false, or the user's word stops it, every file is as it was before.
     bool changeMembers(const StepInfo& info, const std::function<bool()>& work);

@@ -136,7 +136,7 @@ DocumentChange Document::changeOf(const Step& step)
     return change;
 }
 
-bool Document::apply(Change change, const StepInfo& info)
+bool Document::apply(const Change& change, const StepInfo& info)
 {
     Step step;
     step.info = info;

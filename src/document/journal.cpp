@@ -39,8 +39,9 @@ QByteArray factsOf(const QByteArray& path)
 Journal::Journal(const Shell& shell, Document& document)
     : m_shell(shell), m_document(document), m_root(unsavedRoot()),
       m_writer(m_root, [this](const Failure& failure) {
-          QMetaObject::invokeMethod(
-              this, [this, failure] { tell(failure); }, Qt::QueuedConnection);
+          const std::scoped_lock lock(m_failureMutex);
+          m_failure = failure;
+          QMetaObject::invokeMethod(this, &Journal::tellFailure, Qt::QueuedConnection);
       })
 {
     m_timer.setSingleShot(true);
@@ -53,6 +54,17 @@ Journal::Journal(const Shell& shell, Document& document)
 }
 
 Journal::~Journal() = default;
+
+void Journal::tellFailure()
+{
+    std::optional<Failure> failure;
+    {
+        const std::scoped_lock lock(m_failureMutex);
+        failure.swap(m_failure);
+    }
+    if (failure)
+        tell(*failure);
+}
 
 bool Journal::isUnsaved() const
 {

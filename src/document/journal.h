@@ -8,6 +8,9 @@
 
 #include <QTimer>
 
+#include <mutex>
+#include <optional>
+
 namespace fennel {
 
 class Journal : public QObject {
@@ -34,6 +37,7 @@ public:
     [[nodiscard]] std::vector<LeftWork> leftWork() const { return fennel::leftWork(m_root); }
 
 private:
+    void tellFailure();
     void onChange();
     void onHistory();
     void onSaved();
@@ -55,6 +59,8 @@ private:
     int m_takes = 0;
     bool m_opening = false;
     bool m_told = false;
+    std::mutex m_failureMutex; // the writer is a thread
+    std::optional<Failure> m_failure;
     JournalWriter m_writer;
 };
 

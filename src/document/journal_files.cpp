@@ -132,7 +132,7 @@ Result<QByteArray> withConfig(const QByteArray& archive, const QByteArray& confi
 Result<QByteArray> readBase(const QString& folder, const std::optional<JournalValues>& values)
 {
     const QString name = values ? values->base : newestBase(folder);
-    const Result<QByteArray> bytes =
+    Result<QByteArray> bytes =
         name.startsWith("base-"_L1) && !name.contains(u'/')
             ? readBytes(folder + name)
             : Failure{FailureKind::NotFound, "The files of the unsaved work are missing."};

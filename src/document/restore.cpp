@@ -97,7 +97,7 @@ void restoreValues(Document& document, RunState& run, const JournalValues& value
     }
     Change change;
     restoreParams(document, values, change);
-    (void)document.apply(std::move(change), {});
+    (void)document.apply(change, {});
     restoreConfig(document, values.cfg.lines);
     document.beginHistory();
 }

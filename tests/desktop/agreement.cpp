@@ -46,7 +46,10 @@ public:
             if (row.id == NoButton || (row.id >= FontEditButton && row.id <= PictureEditButton))
                 continue;
             const auto& button = m_story.find<QToolButton>(u"Toolbar1_%1"_s.arg(row.id));
-            expect(button.isEnabled() == holds(row.enabled, m_story.run(), flash),
+            const bool enabled = row.id == UndoButton   ? document().canUndo()
+                                 : row.id == RedoButton ? document().canRedo()
+                                                        : holds(row.enabled, m_story.run(), flash);
+            expect(button.isEnabled() == enabled,
                    u"toolbar button %1 is enabled wrongly"_s.arg(row.id));
         }
     }
@@ -63,7 +66,8 @@ public:
             for (int row = 1; row <= std::min(list.count(), model.rowCount()); ++row) {
                 for (int column = 0; column < std::min(2, model.columnCount()); ++column)
                     expect(model.index(row - 1, column).data().toString() ==
-                               rowLook(m_story.bench.document, list, *list.row(row), lists.CurrentMenuFile)
+                               rowLook(m_story.bench.document, list, *list.row(row),
+                                       lists.CurrentMenuFile)
                                    .text(static_cast<std::size_t>(column)),
                            where + u"row %1 shows something else"_s.arg(row));
             }

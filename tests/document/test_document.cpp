@@ -66,7 +66,7 @@ protected:
     {
         Change change;
         change.params[key] = typedValue(text);
-        ASSERT_TRUE(document.apply(std::move(change), {u"value"_s, {}, mergeKey}));
+        ASSERT_TRUE(document.apply(change, {u"value"_s, {}, mergeKey}));
     }
     QString value(ParamKey key)
     {
@@ -130,7 +130,7 @@ TEST_F(DocumentTest, AValueGoesToItsObjectsAndBack)
 TEST_F(DocumentTest, NothingIsNoStepAndRunsAreOne)
 {
     openLevels();
-    type(clockX, u"2"); // as it is
+    type(clockX, u"2");  // as it is
     type({0, 98}, u"1"); // no list shows it
     EXPECT_FALSE(document.canUndo() || document.isModified());
     document.beginGesture({u"move of Time"_s, {}, {}});
@@ -171,7 +171,7 @@ TEST_F(DocumentTest, ARecordGoesToTheParametersThatStoreIt)
     Change change;
     addRecord(document.state(), 5, clock, change);
     EXPECT_EQ(change.params.size(), 2U);
-    ASSERT_TRUE(document.apply(std::move(change), {u"x"_s, {}, {}}));
+    ASSERT_TRUE(document.apply(change, {u"x"_s, {}, {}}));
     EXPECT_EQ(value(clockX) + value({0, 6}), u"1000x0A0B0C"_s);
     EXPECT_EQ(document.object(5)->Width, 500);
     document.setText(5, u"words"_s);
@@ -208,7 +208,7 @@ TEST_F(DocumentTest, LinesOfTheConfigComeBackByteForByte)
     (*typed.cfg)[0].value = typedValue(u"30");
     typed.writeCfg = true;
     typed.cfgKey = u"menu_start_x"_s;
-    ASSERT_TRUE(document.apply(std::move(typed), {u"a"_s, {}, {}}));
+    ASSERT_TRUE(document.apply(typed, {u"a"_s, {}, {}}));
     EXPECT_EQ(document.object(MenuBarRow)->Left, 30);
     EXPECT_TRUE(bytesOf(shell.run.Workspace + u"gfxboot.cfg"_s).startsWith("menu_start_x=30\t"));
     // Dragged: with the next save.
@@ -217,7 +217,7 @@ TEST_F(DocumentTest, LinesOfTheConfigComeBackByteForByte)
     moved.Top = 77;
     dragged.objects[MenuPanelRow] = moved;
     addMenuPlace(document.state(), moved, dragged);
-    ASSERT_TRUE(document.apply(std::move(dragged), {u"b"_s, {}, {}}));
+    ASSERT_TRUE(document.apply(dragged, {u"b"_s, {}, {}}));
     EXPECT_EQ(document.CfgValue(u"menu_start_y"), u"77"_s);
     const auto top = saved();
     EXPECT_TRUE(document.undo() && document.undo());
@@ -233,7 +233,7 @@ TEST_F(DocumentTest, LinesOfTheConfigComeBackByteForByte)
     failing.cfg = document.state().cfg;
     (*failing.cfg)[0].value = typedValue(u"31");
     failing.writeCfg = true;
-    EXPECT_FALSE(document.apply(std::move(failing), {u"c"_s, {}, {}}));
+    EXPECT_FALSE(document.apply(failing, {u"c"_s, {}, {}}));
     EXPECT_EQ(document.CfgValue(u"menu_start_x"), u"31"_s);
 }
 

@@ -76,7 +76,7 @@ protected:
         Change change;
         change.objects[index] = rec(index);
         change.objects[index].*field = value;
-        EXPECT_TRUE(document.apply(std::move(change), {}));
+        EXPECT_TRUE(document.apply(change, {}));
     }
     // The place of an object, and the parameters that say so.
     void setPlace(int index, int left, int top, int width, int height)
@@ -88,7 +88,7 @@ protected:
         wanted.Height = clampToI16(height);
         Change change;
         addRecord(document.state(), index, wanted, change);
-        EXPECT_TRUE(document.apply(std::move(change), {}));
+        EXPECT_TRUE(document.apply(change, {}));
     }
     // What the object's list says of a parameter.
     qint64 value(int index, int param) { return GetPanelParam(document.state(), index, param); }
@@ -100,7 +100,7 @@ protected:
         CfgLine& line = (*change.cfg)[cfgLineOf(*change.cfg, name)];
         line.value = {number.value_or(0), false, {}};
         line.valued = number.has_value();
-        EXPECT_TRUE(document.apply(std::move(change), {}));
+        EXPECT_TRUE(document.apply(change, {}));
     }
     // The four objects of generation 1 or 2: menu and bar at (253, 170), bar of buttons, options.
     void openOld(int generation = 1)

@@ -86,7 +86,7 @@ void ColourLink::writeParam(int param, const ParamValue& value, const QString& w
     info.place.param = {levelFileOf(*rec), param};
     // One journey of a slider is one step.
     info.mergeKey = u"%1 %2 %3"_s.arg(param).arg(object).arg(m_window.colourTools().journey());
-    (void)m_window.document().apply(std::move(change), info);
+    (void)m_window.document().apply(change, info);
 }
 
 void ColourLink::setFill(QRgb colour)

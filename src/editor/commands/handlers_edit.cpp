@@ -69,7 +69,7 @@ void flipButton(MainWindow& window, int button)
     line.value = ParamValue{stage.ButtonVisible(button) ? 1 : 0, false, {}};
     StepInfo info{QStringLiteral("switching of %1").arg(key), {}, {}};
     info.place.cfgName = key;
-    (void)window.document().apply(std::move(change), info);
+    (void)window.document().apply(change, info);
     selectRow(window, TabConfig, number + 1);
 }
 

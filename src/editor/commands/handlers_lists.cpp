@@ -163,7 +163,7 @@ void changeCfgLine(MainWindow& window, int line, const CfgLine& changed, const Q
     change.cfgKey = changed.name;
     StepInfo info{what.arg(changed.name), {}, {}};
     info.place.cfgName = changed.name;
-    (void)window.document().apply(std::move(change), info);
+    (void)window.document().apply(change, info);
 }
 
 void setValue(MainWindow& window, const ListRow& row, const ParamValue& value)
@@ -176,7 +176,7 @@ void setValue(MainWindow& window, const ListRow& row, const ParamValue& value)
     StepInfo info{QStringLiteral("value of %1").arg(cell.Name.mid(2)), {}, {}};
     info.place.object = lists.objectOfTab(lists.CurrentTab);
     info.place.param = key;
-    (void)window.document().apply(std::move(change), info);
+    (void)window.document().apply(change, info);
 }
 
 void onRowChecked(MainWindow& window, int tab, int row, bool checked)
@@ -361,7 +361,7 @@ void chooseBackground(MainWindow& window, const QString& name)
             ParamValue{backgroundNumber(shell.run.BackFile), cell.Value->hex, {}};
         StepInfo info{QStringLiteral("choice of %1").arg(name), {}, {}};
         info.place.member = name;
-        (void)document.apply(std::move(change), info);
+        (void)document.apply(change, info);
     }
     window.ShowBackground();
 }

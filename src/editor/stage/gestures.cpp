@@ -249,7 +249,7 @@ void StageGestures::store(const std::map<int, PanelRec>& records, bool entries,
     if (entries && !levels() && records.contains(MenuPanelRow))
         addMenuEntries(state, shownEntries(), change);
     const QScopedValueRollback<bool> own(m_writing, true);
-    (void)m_stage.document().apply(std::move(change), info);
+    (void)m_stage.document().apply(change, info);
 }
 
 void StageGestures::storePlace(int index)

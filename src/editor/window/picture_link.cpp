@@ -96,7 +96,7 @@ void PictureLink::setLogoSize(QSize size)
     sized.HeightParam = static_cast<qint16>(-sized.Height);
     Change change;
     change.objects[LogoPanelRow] = sized;
-    (void)m_window.document().apply(std::move(change), {QStringLiteral("size of LOGO"), {}, {}});
+    (void)m_window.document().apply(change, {QStringLiteral("size of LOGO"), {}, {}});
 }
 
 void PictureLink::mnuView_fill()
@@ -109,8 +109,7 @@ void PictureLink::mnuView_fill()
         fitted.Height = static_cast<qint16>(-fitted.HeightParam);
         Change change;
         change.objects[HelpPanelRow] = fitted;
-        (void)m_window.document().apply(std::move(change),
-                                        {QStringLiteral("size of HelpPanel"), {}, {}});
+        (void)m_window.document().apply(change, {QStringLiteral("size of HelpPanel"), {}, {}});
     }
     m_window.commands().run(QStringLiteral("mnuView_fill"));
 }
