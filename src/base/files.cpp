@@ -81,8 +81,8 @@ Result<void> makeOwn(const QString& path)
         return bytes.failure();
     const QString own = path + u'~';
     Result<void> done = writeFile(nameOf(own), O_WRONLY | O_CREAT | O_TRUNC, spanOf(*bytes));
-    if (done && ::rename(QFile::encodeName(own).constData(),
-                         QFile::encodeName(path).constData()) != 0)
+    if (done &&
+        ::rename(QFile::encodeName(own).constData(), QFile::encodeName(path).constData()) != 0)
         done = systemFailure("write", path, errno);
     return done;
 }

@@ -101,9 +101,7 @@ TEST(CfgRows, OffersWhatTheEngineKnowsAndTheFileDoesNotName)
 
 TEST(CfgWrite, TidiesEarlierLinesOncePerLaterRow)
 {
-    const auto tidied = [](const QString& text) {
-        return cfgTextFrom(*cfgLinesFrom(text, {}));
-    };
+    const auto tidied = [](const QString& text) { return cfgTextFrom(*cfgLinesFrom(text, {})); };
     // Eight "#" are left of "#<tab><tab># ########" by the first two steps; then each row halves.
     EXPECT_EQ(tidied(u"########"_s), u"####"_s);
     EXPECT_EQ(tidied(u"########\na"_s), u"##\r\n# a"_s);
@@ -115,7 +113,8 @@ TEST(CfgLines, ChangeANumberOnlyIfItDiffers)
     const CfgLines lines = *cfgLinesFrom(u"#welcome=0x000064\nwelcome=2"_s, {});
     EXPECT_EQ(withCfgNumber(lines, u"welcome", 100), lines); // as it was written
     EXPECT_EQ(withCfgNumber(lines, u"no_such", 1), lines);
-    EXPECT_EQ(CfgValue(withCfgNumber(lines, u"welcome", 7), u"welcome"), u"7"_s); // the first of two
+    EXPECT_EQ(CfgValue(withCfgNumber(lines, u"welcome", 7), u"welcome"),
+              u"7"_s); // the first of two
     EXPECT_EQ(CfgValue(lines, u"title_bg"), u"0x4f9805"_s);
 }
 

@@ -116,7 +116,8 @@ TEST_F(LevelFiles, ComeBackByteForByte)
         state.ZUKarr.at(0, param).Value = typedValue(typed);
     saveAll();
     const QByteArray base = bytes(u"ZUK0000.CFG"_s);
-    EXPECT_TRUE(base.contains(QByteArray::fromHex("01000001 FBFFFF02 03000003 42301806 FF000008 005ED009")));
+    EXPECT_TRUE(base.contains(
+        QByteArray::fromHex("01000001 FBFFFF02 03000003 42301806 FF000008 005ED009")));
     EXPECT_TRUE(base.endsWith(QByteArray::fromHex("63000063")));
     // Parameters that no list shows are gone: 1, 2, 3, 8, 9 and 38 of file 6 stay.
     EXPECT_EQ(bytes(u"ZUK0006.CFG"_s),

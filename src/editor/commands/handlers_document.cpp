@@ -179,11 +179,10 @@ void showHistory(MainWindow& window)
         bool enabled;
         ButtonId button;
     };
-    for (const Item& item :
-         {Item{"mnuEdit_Undo", MainWindow::tr("Undo"), document.undoText(), document.canUndo(),
-               UndoButton},
-          Item{"mnuEdit_Redo", MainWindow::tr("Redo"), document.redoText(), document.canRedo(),
-               RedoButton}}) {
+    for (const Item& item : {Item{"mnuEdit_Undo", MainWindow::tr("Undo"), document.undoText(),
+                                  document.canUndo(), UndoButton},
+                             Item{"mnuEdit_Redo", MainWindow::tr("Redo"), document.redoText(),
+                                  document.canRedo(), RedoButton}}) {
         QAction* action = window.menus().action(QLatin1String(item.name));
         QString text = item.what.isEmpty() ? item.caption : item.caption + u' ' + item.what;
         window.toolbar().showAction(item.button, text, item.enabled);
