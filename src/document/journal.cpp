@@ -41,7 +41,7 @@ Journal::Journal(const Shell& shell, Document& document)
       m_writer(m_root, [this](const Failure& failure) {
           const std::scoped_lock lock(m_failureMutex);
           m_failure = failure;
-          QMetaObject::invokeMethod(this, &Journal::tellFailure, Qt::QueuedConnection);
+          QMetaObject::invokeMethod(this, "tellFailure", Qt::QueuedConnection);
       })
 {
     m_timer.setSingleShot(true);

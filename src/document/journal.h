@@ -37,7 +37,7 @@ public:
     [[nodiscard]] std::vector<LeftWork> leftWork() const { return fennel::leftWork(m_root); }
 
 private:
-    void tellFailure();
+    Q_INVOKABLE void tellFailure();
     void onChange();
     void onHistory();
     void onSaved();
