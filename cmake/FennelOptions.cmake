@@ -36,6 +36,7 @@ function(fennel_test subsystem)
     target_link_libraries(${name} PRIVATE fennel_test_support fennel_options)
     # The cases themselves take no time; compiling them does.
     target_compile_options(${name} PRIVATE -O0)
+    target_precompile_headers(${name} REUSE_FROM fennel_test_headers)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
     gtest_discover_tests(${name}
         TEST_PREFIX ${subsystem}/
