@@ -3,6 +3,7 @@
 // by the code that put it together.
 #pragma once
 
+#include "support/bin_folder.h"
 #include "support/run_program.h"
 
 namespace fennel::test {
@@ -26,7 +27,7 @@ inline TemplateParts templateParts()
 {
     TemplateParts parts;
     const QTemporaryDir folder;
-    parts.gzip = fileBytes(QStringLiteral(FENNEL_BIN_DIR "/data/GFX.GZ"));
+    parts.gzip = fileBytes(fennel::test::binFolder() + QStringLiteral("/data/GFX.GZ"));
     parts.archive = runProgram(u"gzip"_s, {u"-dc"_s}, {}, parts.gzip).out;
     const Ran list = runProgram(u"cpio"_s, {u"-it"_s, u"--quiet"_s}, {}, parts.archive);
     parts.order = QString::fromLatin1(list.out).split(u'\n', Qt::SkipEmptyParts);

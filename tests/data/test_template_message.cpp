@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "data/template_parts.h"
+#include "support/bin_folder.h"
 #include "tools/jpeg_check.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +14,7 @@ namespace {
 
 QByteArray dataFile(const QString& name)
 {
-    return fileBytes(QStringLiteral(FENNEL_BIN_DIR "/data/") + name);
+    return fileBytes(fennel::test::binFolder() + QStringLiteral("/data/") + name);
 }
 
 QSize pictureSize(const TemplateParts& parts, const QString& name)

@@ -2,6 +2,7 @@
 #include "desktop/boot.h"
 
 #include "container/gzip.h"
+#include "support/bin_folder.h"
 #include "support/run_program.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +34,7 @@ Boot boot(const QString& message, const QStringList& options)
 
 Message::Message(const QByteArray& newBackground)
 {
-    QFile file(QStringLiteral(FENNEL_BIN_DIR "/data/GFX.GZ"));
+    QFile file(fennel::test::binFolder() + QStringLiteral("/data/GFX.GZ"));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray gzip = file.readAll();
     const auto contents = gzipDecompress(

@@ -2,6 +2,7 @@
 #include "desktop/hostile_messages.h"
 
 #include "container/open_fixture.h"
+#include "support/bin_folder.h"
 #include "support/story.h"
 
 namespace fennel::test {
@@ -74,7 +75,7 @@ void announceHugePicture(std::string& jpeg, Dice& dice)
 
 HostileMessages::HostileMessages(const QString& forbidden)
 {
-    m_messages.push_back(rawMembers(QStringLiteral(FENNEL_BIN_DIR "/data/GFX.GZ")));
+    m_messages.push_back(rawMembers(fennel::test::binFolder() + QStringLiteral("/data/GFX.GZ")));
     for (const char* theme : {"KDE", "SLED", "SLES", "openSUSE", "upstream"})
         m_messages.push_back(rawMembers(
             u"/etc/bootsplash/themes/%1/bootloader/message"_s.arg(QLatin1String(theme))));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Parameters as they should not be, and disks and tools that fail, through the whole window.
+#include "support/bin_folder.h"
 #include "support/story.h"
 
 #include "editor/commands/handlers.h"
@@ -18,7 +19,7 @@ namespace {
 
 std::map<QString, QByteArray> templateMembers()
 {
-    return membersOf(QStringLiteral(FENNEL_BIN_DIR "/data/GFX.GZ"));
+    return membersOf(fennel::test::binFolder() + QStringLiteral("/data/GFX.GZ"));
 }
 
 std::map<QString, QByteArray> generation2Members(const QByteArray& cfg)

@@ -7,6 +7,7 @@
 #include "editor/stage/stage_link.h"
 #include "editor/stage/stage_surface.h"
 #include "editor/window/menus.h"
+#include "support/bin_folder.h"
 #include "support/long_run.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +34,7 @@ public:
         story.user().answerRest = [this](const QString& text, MessageType type) {
             return answer(text, type);
         };
-        m_messages = {QStringLiteral(FENNEL_BIN_DIR "/data/GFX.GZ"),
+        m_messages = {fennel::test::binFolder() + QStringLiteral("/data/GFX.GZ"),
                       u"/etc/bootsplash/themes/openSUSE/bootloader/message"_s,
                       u"/etc/bootsplash/themes/upstream/bootloader/message"_s, generation2()};
         for (int i = 0; i < m_messages.size(); ++i) {

@@ -4,6 +4,7 @@
 
 #include "document/place_change.h"
 #include "params/object_table.h"
+#include "support/bin_folder.h"
 #include "support/test_shell.h"
 
 using namespace fennel;
@@ -16,7 +17,7 @@ class DocumentTest : public testing::Test {
 protected:
     DocumentTest()
     {
-        shell.run.AppPath = QStringLiteral(FENNEL_BIN_DIR);
+        shell.run.AppPath = fennel::test::binFolder();
         shell.run.GfxOpened = true;
         shell.run.BackWidth = 800;
         shell.run.BackHeight = 600;

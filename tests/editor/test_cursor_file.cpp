@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "editor/stage/cursor_file.h"
+#include "support/bin_folder.h"
 
 #include "base/files.h"
 
@@ -12,7 +13,7 @@ namespace {
 
 QString cursorPath(const QString& name)
 {
-    return QStringLiteral(FENNEL_BIN_DIR "/Cursors/") + name;
+    return fennel::test::binFolder() + QStringLiteral("/Cursors/") + name;
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "editor/fonts/font_window.h"
 #include "editor/fonts/inspection_list.h"
 #include "editor/lists/right_panel.h"
+#include "support/bin_folder.h"
 #include "support/story.h"
 
 #include <QListView>
@@ -28,8 +29,8 @@ protected:
     void openGeneration(int number)
     {
         if (number == 3) {
-            w.open(w.shell.file(u"template"_s,
-                                bytesOf(QStringLiteral(FENNEL_BIN_DIR "/data/GFX.GZ"))));
+            w.open(w.shell.file(u"template"_s, bytesOf(fennel::test::binFolder() +
+                                                       QStringLiteral("/data/GFX.GZ"))));
             return;
         }
         RawCpio archive = smallMessage(400, 300);

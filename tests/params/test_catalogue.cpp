@@ -2,6 +2,7 @@
 #include "params/catalogue.h"
 
 #include "base/text.h"
+#include "support/bin_folder.h"
 #include "support/test_shell.h"
 
 #include <QRegularExpression>
@@ -21,7 +22,7 @@ QString shown(const ZukCell& cell)
 
 QStringList shippedLines(const QString& name)
 {
-    const QByteArray bytes = bytesOf(QStringLiteral(FENNEL_BIN_DIR "/data/") + name);
+    const QByteArray bytes = bytesOf(fennel::test::binFolder() + QStringLiteral("/data/") + name);
     EXPECT_TRUE(bytes.endsWith("\r\n"));
     EXPECT_EQ(bytes.count('\n'), bytes.count("\r\n"));
     return decodeText(bytes).text.split(u"\r\n"_s);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The table of boot-screen objects against the catalogue, and the numbers computed from it.
 #include "params_fixture.h"
+#include "support/bin_folder.h"
 
 #include "params/catalogue.h"
 #include "params/level_files.h"
@@ -14,7 +15,7 @@ class ObjectTable : public test::ParamsTest {};
 // round: what stood in no list would be lost at the first save.
 TEST_F(ObjectTable, ListsWhatTheCatalogueKnows)
 {
-    shell.run.AppPath = QStringLiteral(FENNEL_BIN_DIR);
+    shell.run.AppPath = fennel::test::binFolder();
     ZUKarr catalogue;
     ASSERT_TRUE(LoadCatalogue(shell.shell, catalogue));
     set(1, 1, 8);

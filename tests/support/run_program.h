@@ -2,6 +2,7 @@
 // Runs a bridge or a judge (GNU cpio, bsdcpio, gzip, 7za) and takes what it says.
 #pragma once
 
+#include "support/bin_folder.h"
 #include "support/test_shell.h"
 
 #include <QDir>
@@ -41,7 +42,8 @@ inline Ran runBridge(const char* bridge, QStringList arguments,
                      const std::function<void()>& inChild = {})
 {
     arguments << QStringLiteral(",0");
-    return runProgram(QString::fromUtf8(FENNEL_BIN_DIR "/Tools/") + QString::fromUtf8(bridge),
+    return runProgram(fennel::test::binFolder() + QStringLiteral("/Tools/") +
+                          QString::fromUtf8(bridge),
                       arguments, {}, {}, inChild);
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/test_shell.h"
+#include "support/bin_folder.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -63,7 +64,7 @@ TestShell::TestShell()
 {
     // Unsaved work is kept there.
     qputenv("XDG_STATE_HOME", QFile::encodeName(path(u"state"_s)));
-    const QString folder = QStringLiteral(FENNEL_BIN_DIR "/Tools/");
+    const QString folder = fennel::test::binFolder() + QStringLiteral("/Tools/");
     run.AppPath = m_folder.path();
     run.ToolsPath = folder;
     run.ToolNConvert = folder + QStringLiteral("nconvert/nconvert_bridge");
@@ -88,7 +89,7 @@ void TestShell::install()
     run.AppPath = path(u"bin"_s);
     EXPECT_TRUE(DiskFiles().makeFolder(run.AppPath).ok());
     for (const QString& name : {u"/data"_s, u"/Cursors"_s, u"/docs"_s})
-        EXPECT_TRUE(QFile::link(QStringLiteral(FENNEL_BIN_DIR) + name, run.AppPath + name));
+        EXPECT_TRUE(QFile::link(fennel::test::binFolder() + name, run.AppPath + name));
     file(u"bin/FENNEL.ini"_s, "Default Font Name=DejaVu Sans\r\n");
 }
 

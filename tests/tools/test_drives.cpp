@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The Current Flash: sticks that come and go, the choice of one, and the report on them.
+#include "support/bin_folder.h"
 #include "support/machine_tree.h"
 #include "support/test_shell.h"
 
@@ -213,7 +214,8 @@ TEST_F(DrivesTest, TheBridgeReportsWithTheEditorsLetters)
     machine.attribute(u"sda"_s, u"device/vendor"_s, u"Kingston"_s);
     machine.attribute(u"sda"_s, u"device/model"_s, u"DT 101"_s);
     machine.udev(u"8:0"_s, {u"ID_BUS=usb"_s, u"ID_SERIAL_SHORT=0013"_s});
-    shell.run.ToolListUsb = QStringLiteral(FENNEL_BIN_DIR "/Tools/ListUsb/ListUsbDrives");
+    shell.run.ToolListUsb =
+        fennel::test::binFolder() + QStringLiteral("/Tools/ListUsb/ListUsbDrives");
     Drives real(shell.shell, machine.source(), host);
     real.RefreshDriveInfo(false, false);
     mountStick(machine, 1);

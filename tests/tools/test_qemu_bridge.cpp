@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The QEMU bridge with an image file in place of a stick. The guest is a boot sector that writes to
 // its disk, reads that back, and turns the machine off if it is the same.
+#include "support/bin_folder.h"
 #include "support/machine_tree.h"
 #include "support/run_program.h"
 
@@ -16,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString bridgePath = QStringLiteral(FENNEL_BIN_DIR "/Tools/QEMU/QEMU_bridge");
+const QString bridgePath = fennel::test::binFolder() + QStringLiteral("/Tools/QEMU/QEMU_bridge");
 constexpr int guestMs = 60'000; // without KVM on a loaded machine
 
 // 16-bit code at 0000:7C00. int 13h writes the sector of the code to sector 2 of disk 80h and reads
