@@ -98,8 +98,8 @@ public:
     [[nodiscard]] QString undoText() const;
     [[nodiscard]] QString redoText() const;
     // False if a file could not be put back: the user was told, and all is as it was.
-    bool undo();
-    bool redo();
+    bool undo() { return travel(false); }
+    bool redo() { return travel(true); }
     // Differs from what was opened or saved last.
     [[nodiscard]] bool isModified() const;
     // The state is on the disk now.
@@ -144,6 +144,7 @@ private:
     void push(Step&& step);
     void boundHistory();
     [[nodiscard]] const Command* command(int index) const;
+    bool travel(bool forward);
     bool move(const Step& step, bool forward);
     static DocumentChange changeOf(const Step& step);
 

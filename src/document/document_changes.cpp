@@ -315,31 +315,19 @@ bool Document::move(const Step& step, bool forward)
     return true;
 }
 
-bool Document::undo()
+bool Document::travel(bool forward)
 {
-    if (!canUndo())
+    if (!(forward ? canRedo() : canUndo()))
         return false;
-    const Step& step = command(m_stack.index() - 1)->step;
-    if (!move(step, false))
+    const Step& step = command(m_stack.index() - (forward ? 0 : 1))->step;
+    if (!move(step, forward))
         return false;
     DocumentChange told = changeOf(step);
     told.cause = DocumentChange::Undone;
-    m_stack.undo();
-    Q_EMIT changed(told);
-    Q_EMIT historyChanged();
-    return true;
-}
-
-bool Document::redo()
-{
-    if (!canRedo())
-        return false;
-    const Step& step = command(m_stack.index())->step;
-    if (!move(step, true))
-        return false;
-    DocumentChange told = changeOf(step);
-    told.cause = DocumentChange::Undone;
-    m_stack.redo();
+    if (forward)
+        m_stack.redo();
+    else
+        m_stack.undo();
     Q_EMIT changed(told);
     Q_EMIT historyChanged();
     return true;
