@@ -2,11 +2,10 @@
 #include "app/startup.h"
 
 #include "base/log_header.h"
+#include "base/program_paths.h"
 #include "base/settings_file.h"
 #include "base/text.h"
 #include "fonts/installed_fonts.h"
-
-#include <QDir>
 
 #include <unistd.h>
 
@@ -109,16 +108,6 @@ NextStep needTools(const Shell& shell)
     return NextStep::EndProcess;
 }
 
-void setToolPaths(RunState& run)
-{
-    run.ToolNConvert = run.ToolsPath + QStringLiteral("nconvert/nconvert_bridge");
-    run.ToolCpio = run.ToolsPath + QStringLiteral("CPIO/cpio_bridge");
-    run.ToolQemu = run.ToolsPath + QStringLiteral("QEMU/QEMU_bridge");
-    run.Tool7Zip = run.ToolsPath + QStringLiteral("7-Zip/7zip_bridge");
-    run.ToolListUsb = run.ToolsPath + QStringLiteral("ListUsb/ListUsbDrives");
-    run.ToolMkFont = run.ToolsPath + QStringLiteral("MakeFont/mkfnt_bridge");
-}
-
 } // namespace
 
 bool wantsLog(const QStringList& words)
@@ -150,10 +139,9 @@ NextStep Form_Initialize(const Shell& shell, UserStore& store, const StartInput&
     shell.WriteLog({});
     shell.WriteLog(QStringLiteral("Start Logging from Form_Initialize..."));
     setLanguage(shell, store, input);
-    run.ToolsPath = run.AppPath + QStringLiteral("/Tools/");
+    setToolPaths(run);
     if (needTools(shell) == NextStep::EndProcess)
         return NextStep::EndProcess;
-    setToolPaths(run);
     // For people's own notes; nothing is written into it.
     const QString LogsPath = run.AppPath + QStringLiteral("/LOGs/");
     note(shell, shell.files.makeFolder(LogsPath));
@@ -174,11 +162,8 @@ void resetRun(RunState& run)
 
 QStringList workspaceRootNames()
 {
-    const QString named = qEnvironmentVariable("Temp");
-    const QString folder =
-        shortForm(!named.isEmpty() && FolderExists(named) ? named : QDir::tempPath());
     // The second name is for a machine where another user's copy holds the first.
-    const QString name = withSeparator(folder) + programTitle();
+    const QString name = temporaryFolder() + programTitle();
     return {name + QLatin1Char('/'),
             name + QLatin1Char('-') + QString::number(::geteuid()) + QLatin1Char('/')};
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "container/gfx_save.h"
-#include "container/open_fixture.h"
+#include "document/open_fixture.h"
 #include "support/run_program.h"
 
 #include <gmock/gmock.h>
@@ -28,11 +28,7 @@ protected:
         m_plain = smallMessage().add({.name = "note", .data = "old"}).close();
         openFile(t.file(u"boot/message"_s, QByteArray::fromStdString(m_plain)));
     }
-    void openFile(const QString& path)
-    {
-        RecordingHost host;
-        ASSERT_TRUE(gfxboot_open(t.shell, path, host));
-    }
+    void openFile(const QString& path) { ASSERT_TRUE(OpenBench(t.shell).open(path)); }
     void edit(const QByteArray& text) { t.member(u"note"_s, text); }
     // What GNU cpio and gzip find in a saved file.
     static QByteArray noteIn(const QString& path, bool gzipped)

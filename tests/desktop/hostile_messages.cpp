@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/hostile_messages.h"
 
-#include "container/open_fixture.h"
+#include "document/open_fixture.h"
 #include "support/bin_folder.h"
 #include "support/story.h"
 

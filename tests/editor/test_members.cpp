@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Backgrounds, logos and texts changed in a whole window: files, lists and stage say the same.
-#include "container/open_fixture.h"
+#include "document/open_fixture.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/list_actions.h"
 #include "editor/stage/stage_surface.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Undo in the whole window: each action is one step or none, and back and forth brings parameters,
 // records, gfxboot.cfg and the stage to what they were, to the bit.
-#include "container/open_fixture.h"
+#include "document/open_fixture.h"
 #include "editor/colour/colour_tools.h"
 #include "editor/stage/stage_surface.h"
 #include "params/object_table.h"

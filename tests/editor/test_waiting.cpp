@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The window while a tool hangs.
-#include "container/open_fixture.h"
+#include "document/open_fixture.h"
 #include "editor/stage/stage_surface.h"
 #include "editor/window/status_bar.h"
 #include "support/story.h"

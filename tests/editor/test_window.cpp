@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The whole window on real files, with mouse and menu.
-#include "container/open_fixture.h"
+#include "document/open_fixture.h"
 #include "editor/lists/list_view.h"
 #include "editor/lists/right_panel.h"
 #include "editor/lists/tab_strip.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Changing, adding and looking into fonts in the whole window: menu, buttons, lists, dialog.
-#include "container/open_fixture.h"
+#include "document/open_fixture.h"
 #include "editor/commands/handlers.h"
 #include "editor/fonts/font_window.h"
 #include "editor/fonts/inspection_list.h"

@@ -3,7 +3,7 @@
 // commands into the window's table; the others are what commands of different files share.
 #pragma once
 
-#include "container/gfxboot_open.h"
+#include "document/opening.h"
 
 #include <QString>
 
@@ -28,8 +28,9 @@ void connectLists(MainWindow& window);
 // Entries of arrays that never change, once the menus stand.
 void showFixedEntries(MainWindow& window);
 
-// One step of filling the window from an opened gfxboot.
-void fillStep(MainWindow& window, OpenHost::Step step);
+// Brings one part of a gfxboot that is being opened to the window.
+void showStep(MainWindow& window, OpenStep step);
+void showUpgradedEngine(MainWindow& window);
 // The five fixed tabs and the views of all tabs, as ParamLists has them now.
 void rebuildTabs(MainWindow& window);
 // Fills one of the fixed lists anew and shows it.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the window shows of a change of the document, and undo and redo.
-#include "container/gfxboot_open.h"
+#include "document/opening.h"
 #include "editor/colour/colour_link.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The File menu.
 #include "container/gfx_save.h"
-#include "container/template.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
 #include "editor/window/main_window.h"
@@ -48,12 +47,8 @@ void clearLastUsed(MainWindow& window)
 
 void makeNew(MainWindow& window)
 {
-    const Shell& shell = window.shell();
-    const QString folder = shell.run.WorkspaceRoot + QStringLiteral("~tmp/");
-    if (shell.told(shell.files.removeFolder(folder)) &&
-        shell.told(shell.files.makeFolder(folder)) &&
-        WriteResource(shell, folder, QStringLiteral("GFX.GZ")))
-        window.openGfxboot(shortForm(folder + unsavedGfxName));
+    if (const QString path = newGfxboot(window.shell()); !path.isEmpty())
+        window.openGfxboot(path);
 }
 
 void saveAs(MainWindow& window)

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The menus Flash and Menu.lst, and QEMU: drives, the menu in force, the boot test.
-#include "container/gfxboot_open.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
 #include "editor/stage/stage_link.h"

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Filling the window from an opened gfxboot, step by step.
+// The window follows an open, step by step.
 #include "container/member_list.h"
 #include "container/member_table.h"
-#include "container/template.h"
 #include "editor/commands/handlers.h"
 #include "editor/fonts/inspection_list.h"
 #include "editor/lists/object_rows.h"
@@ -27,62 +26,22 @@ void selectFirst(ListRows& list)
     list.selected = list.rows.empty() ? 0 : 1;
 }
 
-void fillFonts(MainWindow& window)
+void showFonts(MainWindow& window)
 {
     Workbench& bench = window.workbench();
     bench.shell.WriteLog(QStringLiteral("     5_Fonts_in_ListView"));
-    ScanFonts(bench.fonts, bench.shell.run, bench.fontSettings, QStringLiteral("?"),
-              keepInspection);
     *bench.params.list(TabFonts) = bench.fonts.rows;
     // The scan has emptied the list of characters; a click would find nothing behind its rows.
     window.inspectionList().setRows(bench.fonts.inspection.List1);
     window.inspectionList().ShowListPanel({});
 }
 
-void buildObjects(MainWindow& window)
+void fillFonts(MainWindow& window)
 {
-    window.document().buildObjects();
-    window.stageLink().stage().adoptPanels();
-}
-
-bool mayUpgrade(const Shell& shell)
-{
-    return shell.prompts.ShowMessage(
-               QStringLiteral(
-                   "WARNING!\n\n"
-                   "  Gfxboot kernel version of the \"%1\" is obsolete!\n"
-                   "  FENNEL-GFX (GUI) can upgrade file \"init\" to the current version.\n\n"
-                   "  To do this?")
-                   .arg(shell.run.GfxFileName),
-               MessageType::YesNo, QStringLiteral("Upgrade")) == Answer::Yes;
-}
-
-void updateEngine(MainWindow& window)
-{
-    const Shell& shell = window.shell();
-    shell.WriteLog(QStringLiteral("         ==> Update INIT and 16x16.fnt"));
-    if (!WriteResource(shell, shell.run.Workspace, QStringLiteral("init")) ||
-        !WriteResource(shell, shell.run.Workspace, mainFontName))
-        return;
-    (void)RebuildMemberList(shell, {});
-    *window.workbench().params.list(TabGfxboot) = memberList(shell);
-    fillFonts(window);
-    window.rightPanel().fillList(TabGfxboot);
-    window.rightPanel().fillList(TabFonts);
-}
-
-// Asked once for each gfxboot: the answer holds for all its objects.
-void buildObjectTabs(MainWindow& window)
-{
-    Document& document = window.document();
-    const std::optional<bool> answered = window.workbench().upgradeAnswer;
-    const bool upgrade =
-        document.needsUpgrade() && (answered ? *answered : mayUpgrade(window.shell()));
-    if (upgrade && !answered)
-        updateEngine(window);
-    document.listValues(upgrade);
-    BuildTabs(window.shell(), window.workbench().params);
-    rebuildTabs(window);
+    Workbench& bench = window.workbench();
+    ScanFonts(bench.fonts, bench.shell.run, bench.fontSettings, QStringLiteral("?"),
+              keepInspection);
+    showFonts(window);
 }
 
 void showAll(MainWindow& window)
@@ -91,7 +50,6 @@ void showAll(MainWindow& window)
     window.refreshThumbnails();
     window.ShowBackground();
     takeMenu(window, window.workbench().params.CurrentMenuFile);
-    window.document().beginHistory();
 }
 
 // Rows move when files come and go; the buttons must not act on another file than before. A row
@@ -199,51 +157,54 @@ void refillMembers(MainWindow& window)
     updateRowButtons(window);
 }
 
-void fillStep(MainWindow& window, OpenHost::Step step)
+void showUpgradedEngine(MainWindow& window)
 {
-    using Phase = OpenHost::Step;
+    *window.workbench().params.list(TabGfxboot) = memberList(window.shell());
+    showFonts(window);
+    window.rightPanel().fillList(TabGfxboot);
+    window.rightPanel().fillList(TabFonts);
+}
+
+void showStep(MainWindow& window, OpenStep step)
+{
     Workbench& bench = window.workbench();
     ParamLists& params = bench.params;
     switch (step) {
-    case Phase::Pictures:
+    case OpenStep::Pictures:
+    case OpenStep::Levels:
         break;
-    case Phase::Levels:
-        bench.document.readLevels();
-        break;
-    case Phase::Menus:
+    case OpenStep::Menus:
         MenuListFill(bench.shell, window.flashLink().menuDrive(), *params.list(TabMenu));
         break;
-    case Phase::Config:
-        bench.document.readConfigLines();
-        [[fallthrough]];
-    case Phase::Members:
-    case Phase::Backgrounds: {
-        const int tab = step == Phase::Members  ? TabGfxboot
-                        : step == Phase::Config ? TabConfig
-                                                : TabBackgrounds;
+    case OpenStep::Config:
+        *params.list(TabConfig) = filledList(window, TabConfig);
+        break;
+    case OpenStep::Members:
+    case OpenStep::Backgrounds: {
+        const int tab = step == OpenStep::Members ? TabGfxboot : TabBackgrounds;
         *params.list(tab) = filledList(window, tab);
-        if (tab != TabConfig)
-            selectFirst(*params.list(tab));
+        selectFirst(*params.list(tab));
         break;
     }
-    case Phase::Fonts:
-        fillFonts(window);
+    case OpenStep::Fonts:
+        showFonts(window);
         selectFirst(*params.list(TabFonts));
         break;
-    case Phase::Stage:
+    case OpenStep::Stage:
         bench.shell.WriteLog(QStringLiteral("     Frame2.Preview.Fill"));
         break;
-    case Phase::Generation:
-        buildObjects(window);
+    case OpenStep::Generation:
+        window.stageLink().stage().adoptPanels();
         break;
-    case Phase::Tabs:
-        buildObjectTabs(window);
+    case OpenStep::Tabs:
+        BuildTabs(bench.shell, params);
+        rebuildTabs(window);
         break;
-    case Phase::Logos:
+    case OpenStep::Logos:
         bench.shell.WriteLog(QStringLiteral("     ImageListLOGO.Fill"));
         loadLogos(window);
         break;
-    case Phase::Show:
+    case OpenStep::Show:
         showAll(window);
         break;
     }

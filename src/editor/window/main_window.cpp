@@ -150,7 +150,7 @@ void MainWindow::setControlsEnabled(bool enabled)
 }
 
 // What happens on screen while gfxboot_open works.
-class MainWindow::Opening : public OpenHost {
+class MainWindow::Opening : public OpenListener {
 public:
     explicit Opening(MainWindow& window) : m_window(window) {}
 
@@ -167,20 +167,14 @@ public:
         m_window.setControlsEnabled(false);
     }
     // The other gfxboot is there: a text of the one before has no place any more.
-    void hideObjects() override
+    void extracted() override
     {
         CloseEditor(m_window);
         m_window.m_stageLink->stage().HideAllPanels();
     }
     void backgroundRefused() override { m_window.m_stageLink->stage().tellNoMore(); }
-    void fill(Step step) override { fillStep(m_window, step); }
-    [[nodiscard]] int chosenBackground() const override
-    {
-        return static_cast<int>(m_window.document()
-                                    .state()
-                                    .ZUKarr.GetLevelValue(0, backgroundParam, LayerCfg)
-                                    .value_or(0));
-    }
+    void reached(OpenStep step) override { showStep(m_window, step); }
+    void engineUpgraded() override { showUpgradedEngine(m_window); }
     void openCanceled() override
     {
         Stage& stage = m_window.m_stageLink->stage();
@@ -207,7 +201,10 @@ private:
 bool MainWindow::openGfxboot(const QString& path)
 {
     Opening host(*this);
-    return gfxboot_open(m_workbench.shell, path, host);
+    Workbench& bench = m_workbench;
+    return gfxboot_open(
+        {bench.shell, bench.document, bench.fonts, bench.fontSettings, bench.upgradeAnswer}, path,
+        host);
 }
 
 } // namespace fennel

@@ -3,7 +3,6 @@
 // what is decided is decided in the core, what commands do stands in the handlers_ files beside.
 #pragma once
 
-#include "container/gfxboot_open.h"
 #include "editor/commands/commands.h"
 #include "editor/window/layout.h"
 #include "editor/window/toolbar_table.h"

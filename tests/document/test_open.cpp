@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "container/member_table.h"
-#include "container/open_fixture.h"
+#include "document/open_fixture.h"
+#include "support/bin_folder.h"
 #include "support/run_program.h"
 
 #include <gmock/gmock.h>
@@ -32,11 +33,10 @@ class Open : public testing::Test {
 protected:
     bool open(const QString& path)
     {
-        m_host = {};
-        const bool opened = gfxboot_open(t.shell, shortForm(path), m_host);
-        // Whatever happens, the window is disabled once and enabled once.
-        EXPECT_EQ(m_host.begun, 1);
-        EXPECT_THAT(m_host.ended, ElementsAre(opened));
+        const bool opened = m_bench.open(path);
+        // Whatever happens, the listener is told of one beginning and one end.
+        EXPECT_EQ(m_bench.listener.begun, 1);
+        EXPECT_THAT(m_bench.listener.ended, ElementsAre(opened));
         EXPECT_EQ(QDir(t.run.WorkspaceRoot).entryList({u"#open*"_s}, QDir::AllEntries).size(), 0);
         return opened;
     }
@@ -59,10 +59,10 @@ protected:
         EXPECT_EQ(t.prompts.titles.last(), QString());
         EXPECT_TRUE(OpenState(t.run) == before) << path.toStdString();
         EXPECT_EQ(contentsOf(t.run.Workspace), files) << path.toStdString();
-        EXPECT_TRUE(m_host.steps.empty());
+        EXPECT_TRUE(m_bench.listener.steps.empty());
     }
     TestShell t;
-    RecordingHost m_host;
+    OpenBench m_bench{t.shell};
 };
 
 } // namespace
@@ -107,6 +107,9 @@ TEST_F(Open, MessagesOfDebianPlainAndGzippedGiveTheSameStateAndTheFilesOfGnuCpio
 
 TEST_F(Open, TheStateOfEachGeneration)
 {
+    t.run.AppPath = binFolder();
+    m_bench.document.loadCatalogue();
+    t.prompts.answerRest = [](const QString&, MessageType) { return Answer::Ok; };
     const struct {
         std::vector<std::string> members;
         int generation;
@@ -123,13 +126,13 @@ TEST_F(Open, TheStateOfEachGeneration)
     int number = 0;
     for (const auto& c : cases) {
         RawCpio archive = smallMessage(640, 480);
+        const std::string number99{static_cast<char>(c.background), 0, 0, 99};
         for (const std::string& name : c.members)
-            archive.add({.name = name, .data = jpegBytes(8, 8)});
+            archive.add({.name = name, .data = name == "ZUK0000.CFG" ? number99 : jpegBytes(8, 8)});
         const QString name = u"case%1"_s.arg(++number);
         const QString path = file(name, archive.close());
-        m_host = {};
-        m_host.background = c.background;
-        ASSERT_TRUE(gfxboot_open(t.shell, path, m_host));
+        ASSERT_TRUE(open(path));
+        EXPECT_EQ(m_bench.document.state().PanelArr.size(), c.objects);
         EXPECT_EQ(t.run.gfxboot_var, c.generation) << number;
         EXPECT_EQ(t.run.ObjectCount, c.objects);
         EXPECT_EQ(t.run.BackFile, t.run.Workspace + c.backFile) << number;
@@ -225,8 +228,7 @@ TEST_F(Open, AToolThatIsMissingIsTold)
     const QString plain = file(u"plain"_s, smallMessage().close());
     const QString sevenZip = t.run.Tool7Zip;
     const OpenState before(t.run);
-    RecordingHost host;
-    const auto tryOpen = [&](const QString& path) { return gfxboot_open(t.shell, path, host); };
+    const auto tryOpen = [&](const QString& path) { return m_bench.open(path); };
     t.run.Tool7Zip = t.path(u"gone"_s); // a plain file opens all the same
     t.prompts.expectMessage(t.run.Tool7Zip + u" not found!"_s);
     EXPECT_TRUE(tryOpen(t.path(u"good"_s)));

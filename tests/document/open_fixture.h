@@ -1,29 +1,40 @@
 // SPDX-License-Identifier: MIT
-// A window's part in an open, written down; and message files made byte by byte.
+// An open without a window, step by step written down; and message files made byte by byte.
 #pragma once
 
-#include "container/gfxboot_open.h"
 #include "container/gzip.h"
 #include "container/raw_cpio.h"
+#include "document/opening.h"
 #include "support/test_shell.h"
 
 #include <vector>
 
 namespace fennel::test {
 
-class RecordingHost : public OpenHost {
+class RecordingListener : public OpenListener {
 public:
     void openBegins() override { ++begun; }
-    void hideObjects() override { ++hidden; }
-    void fill(Step step) override { steps.push_back(step); }
-    [[nodiscard]] int chosenBackground() const override { return background; }
+    void reached(OpenStep step) override { steps.push_back(step); }
     void openEnds(bool opened) override { ended.push_back(opened); }
 
     int begun = 0;
-    int hidden = 0;
-    std::vector<Step> steps;
+    std::vector<OpenStep> steps;
     std::vector<bool> ended;
-    int background = 0;
+};
+
+// What a gfxboot is opened into in a test's shell.
+struct OpenBench {
+    explicit OpenBench(const Shell& testShell) : shell(testShell) {}
+    bool open(const QString& path)
+    {
+        listener = {};
+        return gfxboot_open({shell, document, fonts, settings, false}, shortForm(path), listener);
+    }
+    const Shell& shell;
+    FontState fonts;
+    FontScanSettings settings;
+    Document document{shell, fonts.table};
+    RecordingListener listener;
 };
 
 inline std::string jpegBytes(int width, int height)

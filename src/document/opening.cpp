@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "container/gfxboot_open.h"
+#include "document/opening.h"
 
 #include "container/archive_tools.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
 #include "container/staging.h"
+#include "container/template.h"
 
 #include <QImageReader>
-
-#include <array>
 
 namespace fennel {
 
 namespace {
-
-using Step = OpenHost::Step;
-// The order matters: lists before what is drawn from them, fonts before the stage that measures
-// text with them, the generation before the tabs that show its objects.
-constexpr std::array<Step, 9> fillSteps = {Step::Menus,       Step::Members, Step::Config,
-                                           Step::Backgrounds, Step::Fonts,   Step::Stage,
-                                           Step::Generation,  Step::Tabs,    Step::Logos};
 
 // People know the file that they chose, not what was unwrapped from it.
 Failure aboutFile(const Failure& failure, const QString& archive, const QString& path)
@@ -102,34 +94,116 @@ void setRunState(const Shell& shell, const QString& path, const QString& folder,
     run.ObjectCount = run.GfxHasZuk ? 40 : 4;
 }
 
-void measureBack(const Shell& shell, OpenHost& host)
+class Opening {
+public:
+    Opening(const OpenTarget& target, OpenListener& listener)
+        : m_target(target), m_shell(target.shell), m_document(target.document), m_listener(listener)
+    {
+    }
+    void readAll();
+
+private:
+    void measureBack();
+    void read(OpenStep step);
+    void readLevels();
+    void scanFonts();
+    void listValues();
+    [[nodiscard]] bool mayUpgrade() const;
+    void upgradeEngine();
+
+    const OpenTarget& m_target;
+    const Shell& m_shell;
+    Document& m_document;
+    OpenListener& m_listener;
+};
+
+void Opening::measureBack()
 {
-    if (measureBackground(shell.run))
+    if (measureBackground(m_shell.run))
         return;
-    shell.prompts.ShowMessage(QStringLiteral("%1 is not a picture that can be shown.\n"
-                                             "The screen counts as %2x%3 until it is changed.")
-                                  .arg(namePart(shell.run.BackFile))
-                                  .arg(fallbackBackWidth)
-                                  .arg(fallbackBackHeight));
-    host.backgroundRefused();
+    m_shell.prompts.ShowMessage(QStringLiteral("%1 is not a picture that can be shown.\n"
+                                               "The screen counts as %2x%3 until it is changed.")
+                                    .arg(namePart(m_shell.run.BackFile))
+                                    .arg(fallbackBackWidth)
+                                    .arg(fallbackBackHeight));
+    m_listener.backgroundRefused();
 }
 
-void fillAll(const Shell& shell, OpenHost& host)
+// The level files say which background is shown.
+void Opening::readLevels()
+{
+    m_document.readLevels();
+    const auto number =
+        m_document.state().ZUKarr.GetLevelValue(0, backgroundParam, LayerCfg).value_or(0);
+    m_shell.run.BackFile = backgroundFile(m_shell.run.Workspace, number);
+}
+
+void Opening::scanFonts()
+{
+    ScanFonts(m_target.fonts, m_shell.run, m_target.fontSettings, QStringLiteral("?"),
+              keepInspection);
+}
+
+bool Opening::mayUpgrade() const
+{
+    return m_shell.prompts.ShowMessage(
+               QStringLiteral(
+                   "WARNING!\n\n"
+                   "  Gfxboot kernel version of the \"%1\" is obsolete!\n"
+                   "  FENNEL-GFX (GUI) can upgrade file \"init\" to the current version.\n\n"
+                   "  To do this?")
+                   .arg(m_shell.run.GfxFileName),
+               MessageType::YesNo, QStringLiteral("Upgrade")) == Answer::Yes;
+}
+
+void Opening::upgradeEngine()
+{
+    m_shell.WriteLog(QStringLiteral("         ==> Update INIT and 16x16.fnt"));
+    if (!WriteResource(m_shell, m_shell.run.Workspace, QStringLiteral("init")) ||
+        !WriteResource(m_shell, m_shell.run.Workspace, mainFontName))
+        return;
+    (void)RebuildMemberList(m_shell, {});
+    scanFonts();
+    m_listener.engineUpgraded();
+}
+
+// Asked once for each gfxboot: the answer holds for all its objects.
+void Opening::listValues()
+{
+    const bool upgrade =
+        m_document.needsUpgrade() && (m_target.upgrade ? *m_target.upgrade : mayUpgrade());
+    if (upgrade && !m_target.upgrade)
+        upgradeEngine();
+    m_document.listValues(upgrade);
+}
+
+void Opening::read(OpenStep step)
+{
+    if (step == OpenStep::Levels)
+        readLevels();
+    else if (step == OpenStep::Config)
+        m_document.readConfigLines();
+    else if (step == OpenStep::Fonts)
+        scanFonts();
+    else if (step == OpenStep::Generation)
+        m_document.buildObjects();
+    else if (step == OpenStep::Tabs)
+        listValues();
+    m_listener.reached(step);
+}
+
+void Opening::readAll()
 {
     // Objects of the gfxboot before must not flash up over the new background.
-    host.hideObjects();
-    measureBack(shell, host);
-    host.fill(Step::Pictures);
-    if (shell.run.GfxHasZuk) {
-        host.fill(Step::Levels);
-        // The level files say which background is shown, so they are read before it is.
-        shell.run.BackFile = backgroundFile(shell.run.Workspace, host.chosenBackground());
+    m_listener.extracted();
+    measureBack();
+    for (int number = 0; number <= static_cast<int>(OpenStep::Show); ++number) {
+        const auto step = static_cast<OpenStep>(number);
+        const bool levels = step == OpenStep::Levels || step == OpenStep::Logos;
+        if (!levels || m_shell.run.GfxHasZuk)
+            read(step);
     }
-    for (const Step step : fillSteps) {
-        if (step != Step::Logos || shell.run.GfxHasZuk)
-            host.fill(step);
-    }
-    host.fill(Step::Show);
+    m_document.beginHistory();
 }
 
 } // namespace
@@ -145,26 +219,36 @@ bool measureBackground(RunState& run)
     return readable;
 }
 
-bool gfxboot_open(const Shell& shell, const QString& path, OpenHost& host)
+bool gfxboot_open(const OpenTarget& target, const QString& path, OpenListener& listener)
 {
+    const Shell& shell = target.shell;
     shell.WriteLog(QStringLiteral("gfxboot_open -----v\n"));
-    host.openBegins();
+    listener.openBegins();
     const QString folder = shell.run.WorkspaceRoot + namePart(path) + QLatin1Char('/');
     const Result<bool> wrapped = fillFolder(shell, path, folder);
     // "back.jpg" is what every generation has: an archive without it is no boot screen.
     const bool opened = wrapped && FileExists(folder + mainBackName);
     if (opened) {
         setRunState(shell, path, folder, *wrapped);
-        fillAll(shell, host);
+        Opening(target, listener).readAll();
         shell.WriteLog(QStringLiteral("gfxboot_open -----^"));
     } else {
         const Failure failure = wrapped ? Failure{FailureKind::Unsupported, {}} : wrapped.failure();
         (void)shell.tell(failure, [&](const QString& reason) { showFailure(shell, reason); });
         if (failure.kind == FailureKind::Canceled)
-            host.openCanceled();
+            listener.openCanceled();
     }
-    host.openEnds(opened);
+    listener.openEnds(opened);
     return opened;
+}
+
+QString newGfxboot(const Shell& shell)
+{
+    const QString folder = shell.run.WorkspaceRoot + QStringLiteral("~tmp/");
+    const bool made = shell.told(shell.files.removeFolder(folder)) &&
+                      shell.told(shell.files.makeFolder(folder)) &&
+                      WriteResource(shell, folder, QStringLiteral("GFX.GZ"));
+    return made ? shortForm(folder + unsavedGfxName) : QString();
 }
 
 } // namespace fennel
