@@ -51,6 +51,13 @@ public:
     }
     [[nodiscard]] bool hasMagic() const { return word(0) == magic; }
     [[nodiscard]] unsigned mode() const { return word(6); }
+    [[nodiscard]] CpioFacts facts() const
+    {
+        CpioFacts facts = {};
+        for (std::size_t i = 0; i < facts.size(); ++i)
+            facts[i] = static_cast<std::uint16_t>(word(2 + 2 * i));
+        return facts;
+    }
     [[nodiscard]] std::uint32_t mtime() const { return pair(16); }
     [[nodiscard]] std::size_t nameSize() const { return word(20); }
     [[nodiscard]] std::uint32_t fileSize() const { return pair(22); }
@@ -148,7 +155,7 @@ private:
         if (!m_names.insert(name).second)
             return malformed("two members are named " + printableName(name));
         m_offset += even(headerSize + header.nameSize()) + even(data.size());
-        m_members.push_back({name, header.mtime(), data});
+        m_members.push_back({name, header.mtime(), data, header.facts()});
         return true;
     }
 
@@ -172,17 +179,16 @@ class Writer {
 public:
     explicit Writer(std::size_t size) { m_bytes.reserve(size); }
 
-    void member(std::uint16_t inode, const CpioMember& member)
+    void member(const CpioFacts& facts, const CpioMember& member)
     {
-        header(cpioDevice, inode, memberMode, member.mtime, member.name.size() + 1,
-               member.data.size());
+        header(facts, member.mtime, member.name.size() + 1, member.data.size());
         name(member.name);
         m_bytes.insert(m_bytes.end(), member.data.begin(), member.data.end());
         m_bytes.resize(even(m_bytes.size()));
     }
     std::vector<std::uint8_t> finish()
     {
-        header(0, 0, 0, 0, trailerName.size() + 1, 0);
+        header({0, 0, 0, 0, 0, 1, 0}, 0, trailerName.size() + 1, 0);
         name(trailerName);
         // An archive ends at a whole block, as packers leave it.
         m_bytes.resize((m_bytes.size() + blockSize - 1) / blockSize * blockSize);
@@ -201,17 +207,12 @@ private:
         word(value >> 16U);
         word(value);
     }
-    void header(std::uint16_t device, std::uint16_t inode, std::uint16_t mode, std::uint32_t mtime,
-                std::size_t nameSize, std::size_t fileSize)
+    void header(const CpioFacts& facts, std::uint32_t mtime, std::size_t nameSize,
+                std::size_t fileSize)
     {
         word(magic);
-        word(device);
-        word(inode);
-        word(mode);
-        word(0); // user
-        word(0); // group
-        word(1); // links
-        word(0); // special device
+        for (const std::uint16_t fact : facts)
+            word(fact);
         pair(mtime);
         word(nameSize);
         pair(fileSize);
@@ -227,6 +228,12 @@ private:
 };
 
 } // namespace
+
+CpioFacts newCpioFacts(std::uint16_t inode)
+{
+    constexpr std::uint16_t oneLink = 1;
+    return {cpioDevice, inode, memberMode, 0, 0, oneLink, 0};
+}
 
 Result<std::vector<CpioMember>> readCpio(std::span<const std::uint8_t> archive)
 {
@@ -253,9 +260,18 @@ Result<std::vector<std::uint8_t>> writeCpio(std::span<const CpioMember> members)
     }
     Writer writer(size);
     // Numbers of their own, as equal ones would make readers take members for links to one file.
+    std::unordered_set<std::uint16_t> taken;
+    for (const CpioMember& member : members) {
+        if (member.facts)
+            taken.insert((*member.facts)[1]);
+    }
     std::uint16_t inode = 0;
-    for (const CpioMember& member : members)
-        writer.member(++inode, member);
+    for (const CpioMember& member : members) {
+        if (!member.facts)
+            while (!taken.insert(++inode).second) {
+            }
+        writer.member(member.facts.value_or(newCpioFacts(inode)), member);
+    }
     return writer.finish();
 }
 

@@ -6,8 +6,10 @@
 
 #include "base/result.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -22,11 +24,19 @@ inline constexpr std::size_t maxCpioMembers = 65535;
 // The device number in every written header; the value itself has no meaning to readers.
 inline constexpr std::uint16_t cpioDevice = 7917;
 
+// What else a header says, and no reader of boot screens looks at: device, inode, mode, user,
+// group, links, special device. Kept so that an archive can be written as it was.
+using CpioFacts = std::array<std::uint16_t, 7>;
+
 struct CpioMember {
-    std::string name;                   // bytes of an unknown code page, see whyNoMemberName
-    std::uint32_t mtime = 0;            // seconds since 1970
-    std::span<const std::uint8_t> data; // into memory that the caller keeps
+    std::string name;                    // bytes of an unknown code page, see whyNoMemberName
+    std::uint32_t mtime = 0;             // seconds since 1970
+    std::span<const std::uint8_t> data;  // into memory that the caller keeps
+    std::optional<CpioFacts> facts = {}; // none: those of a new member
 };
+
+// The facts of a new member with this inode number.
+[[nodiscard]] CpioFacts newCpioFacts(std::uint16_t inode);
 
 // The members in archive order; their data point into `archive`. Device, inode, owner and link
 // count may be anything, the mode anything that is no folder, link or device. Bytes behind the
@@ -35,8 +45,9 @@ struct CpioMember {
 // name that is not plain or occurs twice). Nothing is returned of an archive with any fault.
 Result<std::vector<CpioMember>> readCpio(std::span<const std::uint8_t> archive);
 
-// The archive of these members in this order, inode numbers counted from 1, filled with zero bytes
-// to a multiple of 512. Failures: Malformed (a name that is not plain or occurs twice), TooLarge.
+// The archive of these members in this order, filled with zero bytes to a multiple of 512. Members
+// without facts get inode numbers from 1 that no other has. Failures: Malformed (a name that is not
+// plain or occurs twice), TooLarge.
 Result<std::vector<std::uint8_t>> writeCpio(std::span<const CpioMember> members);
 
 } // namespace fennel

@@ -11,7 +11,8 @@ namespace {
 using namespace std::string_view_literals;
 
 // A member of such a name would be overwritten by the tools, or be taken for their output.
-constexpr std::array workingFiles{"#.lst"sv, "#7zip.log"sv, "#message"sv, "#message.gz"sv};
+constexpr std::array workingFiles{"#.lst"sv, cpioFactsName, "#7zip.log"sv, "#message"sv,
+                                  "#message.gz"sv};
 constexpr std::array devices{"con"sv, "prn"sv, "aux"sv, "nul"sv};
 // Names come from files of any origin and must not fill the message.
 constexpr std::size_t longestShown = 80;

@@ -20,6 +20,9 @@ inline constexpr std::size_t maxMemberName = 255;
 // beside the members.
 [[nodiscard]] std::string_view whyNoMemberName(std::string_view name);
 
+// The file beside extracted members that keeps what else their headers say.
+inline constexpr std::string_view cpioFactsName = "#.hdr";
+
 // Whether the bridges keep a file of this name beside the members.
 [[nodiscard]] bool isWorkingFile(std::string_view name);
 
