@@ -5,7 +5,7 @@ import sys
 from pathlib import Path
 
 source = Path(__file__).resolve().parent.parent / "src"
-storeys = ["base", "container", "params fonts menus", "document", "screen", "tools", "checks", "editor", "app"]
+storeys = ["base", "container", "params fonts menus", "document", "screen", "tools", "checks", "command", "editor", "app"]
 height = {room: storey for storey, rooms in enumerate(storeys) for room in rooms.split()}
 include = re.compile(r'^#include "(\w+)/', re.MULTILINE)
 wrong = []
