@@ -31,6 +31,8 @@ constexpr std::array fontOptions{
     CommandOption{u"member", u"NAME", u"the member to make, 16x16.fnt if not given"},
     out,
 };
+constexpr CommandOption menu{u"menu", u"LST", u"a menu.lst that is in force"};
+constexpr std::array checkOptions{json, menu};
 constexpr std::array helpOptions{CommandOption{u"man", u"", u"prints the man page"}};
 constexpr int any = -1;
 
@@ -55,6 +57,7 @@ constexpr std::array commands{
             u"the way back; what was not changed comes back byte for byte", runPack},
     Command{u"new", u"OUT", 1, 1, gzipOnly, u"a complete boot screen to start from", runNew},
     Command{u"diff", u"A B", 2, 2, jsonOnly, u"parameters and members that differ", runDiff},
+    Command{u"check", u"FILE...", 1, any, checkOptions, u"what will not boot as meant", runCheck},
     Command{u"help", u"[COMMAND]", 0, 1, helpOptions, u"this text, or a command's", runHelp},
     Command{u"completion",
             u"SHELL",

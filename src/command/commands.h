@@ -18,6 +18,7 @@ Status runExtract(CommandRun& run);
 Status runPack(CommandRun& run);
 Status runNew(CommandRun& run);
 Status runDiff(CommandRun& run);
+Status runCheck(CommandRun& run);
 Status runHelp(CommandRun& run);
 Status runCompletion(CommandRun& run);
 

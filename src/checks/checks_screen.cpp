@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+// Where the objects stand and what of them can be seen.
+#include "base/files.h"
+#include "base/text.h"
+#include "checks/check_list.h"
+#include "container/member_table.h"
+#include "params/level_files.h"
+#include "params/object_table.h"
+#include "params/panel_values.h"
+
+#include <QImage>
+#include <QRect>
+
+#include <algorithm>
+#include <cmath>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double leastContrast = 3.0; // for large text, by WCAG
+
+// The fixed screens of older files have objects whose places the file does not say.
+bool placesObjects(const CheckInput& input)
+{
+    return input.run.gfxboot_var == 3;
+}
+
+bool isOn(const CheckInput& input, const PanelRec& panel)
+{
+    return panel.Enabled && (panel.OnParam <= 0 || switchValue(input.state, panel) > 0);
+}
+
+QRect rectOf(const PanelRec& panel)
+{
+    return {panel.Left, panel.Top, std::max<int>(panel.Width, 1), std::max<int>(panel.Height, 1)};
+}
+
+template <class Visit>
+void eachPlaced(const CheckInput& input, const Visit& visit)
+{
+    for (int row = 0; placesObjects(input) && row < static_cast<int>(input.state.PanelArr.size());
+         ++row) {
+        const PanelRec& panel = *input.state.object(row);
+        if (isOn(input, panel) && panel.LeftParam > 0 && panel.TopParam > 0)
+            visit(row, panel);
+    }
+}
+
+Problem about(int row, const PanelRec& panel, const QString& sentence, const QString& advice)
+{
+    Problem problem;
+    problem.object = row;
+    problem.sentence = sentence.arg(objectCaption(panel.Name));
+    problem.advice = advice;
+    return problem;
+}
+
+QRect screenOf(const CheckInput& input)
+{
+    return {0, 0, input.run.BackWidth, input.run.BackHeight};
+}
+
+double linear(int part)
+{
+    const double share = part / 255.0;
+    return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+}
+
+double luminance(QRgb colour)
+{
+    return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour)) +
+           0.0722 * linear(qBlue(colour));
+}
+
+double contrast(QRgb a, QRgb b)
+{
+    const auto [low, high] = std::minmax({luminance(a), luminance(b)});
+    return (high + 0.05) / (low + 0.05);
+}
+
+// The mean of the picture below the object, mixed with its fill as the engine does it.
+QRgb groundOf(const QImage& background, const PanelRec& panel)
+{
+    const QRect part = rectOf(panel) & background.rect();
+    if (part.isEmpty())
+        return panel.BackColor;
+    const QRgb mean = background.copy(part)
+                          .scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                          .pixel(0, 0);
+    const int t = std::clamp<int>(panel.Transp, 0, 255);
+    const auto mix = [t](int below, int fill) { return (below * t + fill * (255 - t)) / 255; };
+    return qRgb(mix(qRed(mean), qRed(panel.BackColor)), mix(qGreen(mean), qGreen(panel.BackColor)),
+                mix(qBlue(mean), qBlue(panel.BackColor)));
+}
+
+qint64 number(const CheckInput& input, int file, int param)
+{
+    return input.state.ZUKarr.GetLevelValue(file, param, LayerEdit).value_or(-1);
+}
+
+// A member that a number chooses: "glass_02.jpg" for 2.
+void needMember(const CheckInput& input, int row, const QString& pattern, Findings& found)
+{
+    const PanelRec& panel = *input.state.object(row);
+    const qint64 chosen = number(input, levelFileOf(panel), 99);
+    const QString name = pattern.arg(QString::number(100 + chosen).right(2));
+    if (isOn(input, panel) && chosen >= 0 && input.find(name) == nullptr) {
+        Problem problem =
+            about(row, panel, u"%1 is on, but its member %2 is missing."_s,
+                  u"Add the member, choose another number, or switch the object off."_s);
+        problem.sentence = problem.sentence.arg(name);
+        problem.member = name;
+        found.push_back(problem);
+    }
+}
+
+} // namespace
+
+void checkOutside(const CheckInput& input, Findings& found)
+{
+    eachPlaced(input, [&](int row, const PanelRec& panel) {
+        if (!screenOf(input).intersects(rectOf(panel)))
+            found.push_back(about(row, panel, u"%1 lies outside the screen."_s,
+                                  u"Move it onto the screen, or switch it off."_s));
+    });
+}
+
+void checkCut(const CheckInput& input, Findings& found)
+{
+    eachPlaced(input, [&](int row, const PanelRec& panel) {
+        const QRect rect = rectOf(panel);
+        const bool tall = row == MenuPanelRow; // its height is that of its entries
+        const QRect seen = tall ? QRect(rect.topLeft(), QSize(rect.width(), 1)) : rect;
+        if (screenOf(input).intersects(rect) && !screenOf(input).contains(seen))
+            found.push_back(about(row, panel, u"%1 reaches over the edge of the screen."_s,
+                                  u"Move it, or make it smaller."_s));
+    });
+}
+
+void checkSamePlace(const CheckInput& input, Findings& found)
+{
+    std::vector<int> rows;
+    eachPlaced(input, [&](int row, const PanelRec& panel) {
+        if (!panel.OnlySelected && row != MenuBarRow)
+            rows.push_back(row);
+    });
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        for (std::size_t j = i + 1; j < rows.size(); ++j) {
+            const PanelRec& a = *input.state.object(rows[i]);
+            const PanelRec& b = *input.state.object(rows[j]);
+            if (a.Left != b.Left || a.Top != b.Top)
+                continue;
+            Problem problem =
+                about(rows[j], b, u"%1 stands at the place of %2."_s, u"Move one of them."_s);
+            problem.sentence = problem.sentence.arg(objectCaption(a.Name));
+            found.push_back(problem);
+        }
+    }
+}
+
+// As many lines are drawn as the screen holds; the others are reached by scrolling.
+void checkEntriesFit(const CheckInput& input, Findings& found)
+{
+    const PanelRec* menu = input.state.object(MenuPanelRow);
+    if (!placesObjects(input) || menu == nullptr || input.fonts.empty())
+        return;
+    const auto font = static_cast<std::size_t>(
+        std::clamp<int>(menu->FontIndex, 0, static_cast<int>(input.fonts.size()) - 1));
+    const double line = 3 + menuSlit(input.state) + input.fonts[font].Size;
+    const qint64 entries = number(input, 0, 41);
+    const auto room = static_cast<qint64>((input.run.BackHeight - menu->Top) / std::max(line, 1.0));
+    if (entries > room && room >= 0) {
+        Problem problem =
+            about(MenuPanelRow, *menu, u"%1 asks for %2 entries, and the screen holds %3 there."_s,
+                  u"Lower s.menu.max.entries, or move the menu up."_s);
+        problem.sentence = problem.sentence.arg(entries).arg(room);
+        problem.parameter = u"s.menu.max.entries"_s;
+        found.push_back(problem);
+    }
+}
+
+void checkContrast(const CheckInput& input, Findings& found)
+{
+    const QByteArray* bytes = input.find(namePart(input.run.BackFile));
+    const QImage background = bytes == nullptr ? QImage() : QImage::fromData(*bytes);
+    eachPlaced(input, [&](int row, const PanelRec& panel) {
+        const bool worded = panel.TextParam > 0 && panel.BackParam > 0;
+        if (!worded || contrast(panel.TextColor, groundOf(background, panel)) >= leastContrast)
+            return;
+        found.push_back(about(row, panel, u"The text of %1 is hard to read on its ground."_s,
+                              u"Make one of the two lighter or darker."_s));
+    });
+}
+
+void checkComponents(const CheckInput& input, Findings& found)
+{
+    if (!placesObjects(input) || input.state.object(AnimationRow) == nullptr)
+        return;
+    needMember(input, GlassesRow, u"glass_%1.jpg"_s, found);
+    needMember(input, AnimationRow, u"ani_%1.jpg"_s, found);
+    needMember(input, AnimationRow, u"ani_%1_msk.jpg"_s, found);
+    constexpr int runLineRow = 22;
+    for (const int row : {int{LogoPanelRow}, runLineRow}) {
+        const PanelRec& panel = *input.state.object(row);
+        const bool there = std::ranges::any_of(input.members, [&](const CheckedMember& member) {
+            return fitsPattern(member.name, panel.Component);
+        });
+        if (isOn(input, panel) && !there)
+            found.push_back(about(row, panel, u"%1 is on, but no member is there for it."_s,
+                                  u"Add a member "_s + panel.Component + u'.'));
+    }
+}
+
+} // namespace fennel

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "checks/problems.h"
+
+#include "base/text.h"
+#include "checks/check_list.h"
+
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <array>
+
+namespace fennel {
+
+namespace {
+
+struct Check {
+    QStringView name;
+    Severity severity;
+    void (*run)(const CheckInput& input, Findings& found);
+};
+
+constexpr std::array checks{
+    Check{u"required-missing", Severity::Error, checkRequired},
+    Check{u"picture-black", Severity::Error, checkBlackPictures},
+    Check{u"engine-levels", Severity::Error, checkEngine},
+    Check{u"font-broken", Severity::Error, checkBrokenFonts},
+    Check{u"font-large", Severity::Error, checkLargeFonts},
+    Check{u"object-outside", Severity::Error, checkOutside},
+    Check{u"component-missing", Severity::Error, checkComponents},
+    Check{u"menu-empty", Severity::Error, checkNoEntries},
+    Check{u"menu-data", Severity::Warning, checkDataTitles},
+    Check{u"object-cut", Severity::Warning, checkCut},
+    Check{u"same-place", Severity::Warning, checkSamePlace},
+    Check{u"entries-fit", Severity::Warning, checkEntriesFit},
+    Check{u"title-long", Severity::Warning, checkTitleWidths},
+    Check{u"contrast", Severity::Warning, checkContrast},
+    Check{u"letters", Severity::Warning, checkLetters},
+    Check{u"picture-size", Severity::Warning, checkPictureSizes},
+    Check{u"number-gap", Severity::Note, checkNumbers},
+    Check{u"cfg-value", Severity::Warning, checkCfgValues},
+    Check{u"cfg-doubled", Severity::Warning, checkCfgDoubled},
+    Check{u"cfg-unknown", Severity::Note, checkCfgNames},
+    Check{u"level-value", Severity::Warning, checkLevelValues},
+    Check{u"level-record", Severity::Note, checkLevelRecords},
+    Check{u"gzip", Severity::Note, checkWrapped},
+};
+
+} // namespace
+
+const QByteArray* CheckInput::find(const QString& name) const
+{
+    const auto found = std::ranges::find(members, name, &CheckedMember::name);
+    return found == members.end() ? nullptr : &found->data;
+}
+
+std::vector<Problem> findProblems(const CheckInput& input)
+{
+    std::vector<Problem> problems;
+    for (const Check& check : checks) {
+        Findings found;
+        check.run(input, found);
+        for (Problem& problem : found) {
+            problem.name = check.name.toString();
+            problem.severity = check.severity;
+            problems.push_back(std::move(problem));
+        }
+    }
+    std::ranges::stable_sort(problems, std::ranges::greater(), &Problem::severity);
+    return problems;
+}
+
+QString textForScreen(const QByteArray& bytes)
+{
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    QString text = utf8(bytes);
+    return utf8.hasError() ? decodeText(bytes).text : text;
+}
+
+QString severityName(Severity severity)
+{
+    switch (severity) {
+    case Severity::Error:
+        return QStringLiteral("error");
+    case Severity::Warning:
+        return QStringLiteral("warning");
+    default:
+        return QStringLiteral("note");
+    }
+}
+
+} // namespace fennel
