@@ -164,22 +164,22 @@ void BootCanvas::line(QPoint from, QPoint to, QRgb colour, const QRect& area)
     const QPoint way = to - from;
     const int wide = std::abs(way.x());
     const int high = std::abs(way.y());
-    const QPoint step(way.x() < 0 ? -1 : 1, way.y() < 0 ? -1 : 1);
+    const QPoint stepX(way.x() < 0 ? -1 : 1, 0);
+    const QPoint stepY(0, way.y() < 0 ? -1 : 1);
+    const bool level = wide >= high;
+    const int length = level ? wide : high;
+    const int minor = level ? high : wide;
+    int error = length / 2;
     QPoint at = from;
-    int error = (wide > high ? wide : -high) / 2;
-    while (true) {
+    // Of two pixels that are as near the machine takes the further one.
+    for (int i = 0; i <= length; ++i) {
         if (area.contains(at))
             row(at.y())[at.x()] = colour | 0xff000000U;
-        if (at == to)
-            return;
-        const int before = error;
-        if (before > -wide) {
-            error -= high;
-            at.rx() += step.x();
-        }
-        if (before < high) {
-            error += wide;
-            at.ry() += step.y();
+        at += level ? stepX : stepY;
+        error -= minor;
+        if (error <= 0) {
+            error += length;
+            at += level ? stepY : stepX;
         }
     }
 }

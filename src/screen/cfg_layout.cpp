@@ -18,9 +18,12 @@ constexpr int barOver = 4;     // of the bar above and below the letters
 constexpr int keysAbove = 48;  // the hot keys begin so far above the lower edge
 constexpr int keysLeft = 10;
 constexpr int keysRight = 14;
-constexpr int keyGap = 6;   // from a key to its word
-constexpr int wordGap = 14; // to the next key
-constexpr int rowGap = 4;   // between the two rows, beside the line's height
+constexpr int keyGap = 6;    // from a key to its word
+constexpr int wordGap = 14;  // to the next key
+constexpr int labelGap = 10; // of the options' label from the caret, of their line from the edge
+constexpr int lineThickness = 2;
+constexpr int lineTransparency = 224;
+constexpr int rowGap = 4; // between the two rows, beside the line's height
 
 QRgb opaqueBlack()
 {
@@ -106,8 +109,10 @@ void CfgScreen::menu()
     }
     for (int i = first; i < std::min(count, first + lines); ++i) {
         const QPoint at = m_look.menu + QPoint(textInset, (i - first) * pitch + barOver / 2);
-        text(i == chosen ? shine : menu, m_request.titles[i], at,
-             i == chosen ? m_look.selected : m_look.normal);
+        // The bar lies over the entry's usual letters, which shine through beside the new ones.
+        text(menu, m_request.titles[i], at, m_look.normal);
+        if (i == chosen)
+            text(shine, m_request.titles[i], at, m_look.selected);
     }
     m_layout.list.objects.push_back(std::move(menu));
     m_layout.list.objects.push_back(std::move(shine));
@@ -122,7 +127,7 @@ int CfgScreen::key(BootObject& object, const CfgKey& key, int x) const
     text(object, key.word, {word, top}, key.below.isEmpty() ? m_look.word : m_look.title);
     if (!key.below.isEmpty())
         text(object, key.below, {word, top + m_font.lineHeight() + rowGap}, m_look.word);
-    return word + m_font.width(key.word);
+    return word + std::max(m_font.width(key.word), m_font.width(key.below));
 }
 
 void CfgScreen::keys()
@@ -154,6 +159,18 @@ void CfgScreen::options()
     BootOp& caret = options.ops.emplace_back();
     caret.area = QRect(m_look.caret, QSize(1, height)) & screen();
     caret.colour = m_look.optionsText;
+    if (!m_look.optionsLabel.isEmpty()) {
+        const int right = m_look.caret.x() - labelGap;
+        text(options, m_look.optionsLabel,
+             {right - m_font.width(m_look.optionsLabel), m_look.caret.y()}, m_look.optionsText);
+        BootOp& line = options.ops.emplace_back();
+        line.kind = BootOp::Tint;
+        line.area = QRect(m_look.caret.x(), m_look.caret.y() + height,
+                          screen().width() - labelGap - m_look.caret.x(), lineThickness) &
+                    screen();
+        line.colour = m_look.optionsText;
+        line.transparency = lineTransparency;
+    }
     m_layout.list.objects.push_back(std::move(options));
 }
 

@@ -49,6 +49,18 @@ private:
     const CfgLines& m_lines;
 };
 
+// What a hot key of the form with sections does, and what the screen says of it. What such an
+// engine shows only on some machines is left out.
+struct KeyUse {
+    QStringView use;
+    QStringView word;
+    QStringView below;
+};
+constexpr KeyUse keyUses[] = {{u"lang", u"Language", u"English (US)"},
+                              {u"keymap", u"Keyboard", u"English (US)"},
+                              {u"otheropts", u"Init Program", u"Default"}};
+constexpr int lastKey = 8; // F2 to F8 may have a use
+
 using Section = std::map<QString, QString>;
 
 std::map<QString, Section> sectionsOf(const QString& text)
@@ -161,14 +173,22 @@ CfgLook sectionedLook(const QString& text)
     look.barTransparency = values.number(u"mainmenu.bar.transparency"_s, look.barTransparency);
     look.normal = values.colour(u"mainmenu.normal.fg"_s, look.normal);
     look.selected = values.colour(u"mainmenu.selected.fg"_s, look.selected);
-    look.key = values.colour(u"panel.f-key.fg"_s, look.key);
+    look.key = values.colour(u"panel.f-key.fg"_s, 0xff000000);
     look.word = values.colour(u"panel.fg"_s, look.word);
     look.title = values.colour(u"panel.title.fg"_s, look.title);
     look.options = true;
-    look.caret = values.point(u"bootopt.pos"_s, look.caret);
+    look.caret = values.point(u"bootopt.pos"_s, {263, 480}) + QPoint(10, -1);
     look.optionsText = values.colour(u"bootopt.text.fg"_s, look.optionsText);
     look.optionsLabel = u"Boot Options"_s;
-    look.left = {{u"F1"_s, u"Help"_s, {}}, {u"F2"_s, u"Language"_s, u"English (US)"_s}};
+    look.left.push_back({u"F1"_s, u"Help"_s, {}});
+    for (int i = 2; i <= lastKey; ++i) {
+        const QString use = values.text(u"key.F%1"_s.arg(i));
+        for (const KeyUse& known : keyUses) {
+            if (known.use == use)
+                look.left.push_back(
+                    {u"F%1"_s.arg(i), known.word.toString(), known.below.toString()});
+        }
+    }
     return look;
 }
 

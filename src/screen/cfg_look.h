@@ -34,7 +34,7 @@ struct CfgLook {
     bool options = false;      // there is a line for boot options
     QPoint caret{273, 489};
     QRgb optionsText = 0xffffffff;
-    QString optionsLabel; // in front of the line; empty: none
+    QString optionsLabel; // left of the caret, and a line is below; empty: neither
 };
 
 // The flat form: only lines that are in force count, the others are as if they were not there.

@@ -23,7 +23,8 @@ enum TimerParam {
     ColourPassed = 22,
     TranspToCome = 23,
     TranspPassed = 24,
-    Volume = 37
+    Volume = 37,
+    TurnOff = 38
 };
 enum Row { LinearRow = 24, CircleRow = 25, NumberRow = 26 };
 constexpr int reliefTransparency = 150;
@@ -46,6 +47,12 @@ struct Shade {
     QRgb colour;
     int transparency;
 };
+
+// Whether it stands there: a loader without a timeout stops it before it has begun.
+bool stands(const OwnWork& work, const OwnObject& timer, int file)
+{
+    return timer.on && (work.request.moment.timeout > 0 || work.values.at(file, TurnOff) == 0);
+}
 
 Shade shadeOf(const OwnWork& work, int file, bool passed)
 {
@@ -156,7 +163,7 @@ void layOutLinearTimer(const OwnWork& work)
 {
     const OwnObject timer = work.values.object(LinearRow);
     OwnDrawing drawing(timer, timer.rect.size(), work.screen());
-    if (!timer.on || !drawing.seen())
+    if (!stands(work, timer, LinearFile) || !drawing.seen())
         return;
     const LinearScale scale(work, drawing.size());
     const int passed = countdownOf(work.request.moment).passed(scale.count());
@@ -174,7 +181,7 @@ void layOutCircularTimer(const OwnWork& work)
 {
     const OwnObject timer = work.values.object(CircleRow);
     OwnDrawing drawing(timer, timer.rect.size(), work.screen());
-    if (!timer.on || !drawing.seen())
+    if (!stands(work, timer, CircleFile) || !drawing.seen())
         return;
     Ring(work, timer.rect.size()).draw(countdownOf(work.request.moment), drawing);
     work.put(drawing);
