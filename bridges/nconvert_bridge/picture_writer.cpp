@@ -2,7 +2,7 @@
 #include "picture_writer.h"
 
 #include "magick_work.h"
-#include "tools/jpeg_check.h"
+#include "screen/jpeg_check.h"
 
 #include <QBuffer>
 #include <QHash>

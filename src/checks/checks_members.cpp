@@ -4,7 +4,7 @@
 #include "checks/check_list.h"
 #include "container/member_table.h"
 #include "fonts/fnt_codec.h"
-#include "tools/jpeg_check.h"
+#include "screen/jpeg_check.h"
 
 #include <algorithm>
 

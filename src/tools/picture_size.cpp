@@ -2,7 +2,7 @@
 #include "tools/picture_size.h"
 
 #include "base/files.h"
-#include "tools/jpeg_check.h"
+#include "screen/jpeg_check.h"
 #include "tools/picture_limits.h"
 
 #include <QImageReader>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/template_parts.h"
+#include "screen/jpeg_check.h"
 #include "support/bin_folder.h"
-#include "tools/jpeg_check.h"
 
 #include <gtest/gtest.h>
 

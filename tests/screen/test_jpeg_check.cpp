@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "picture_judge.h"
-#include "tools/jpeg_check.h"
+#include "screen/jpeg_check.h"
 
 #include <gtest/gtest.h>
 

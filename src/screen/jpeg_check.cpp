@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/jpeg_check.h"
+#include "screen/jpeg_check.h"
 
 #include <cstddef>
 #include <string>

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "screen/boot_screen.h"
+
+#include "screen/boot_layout.h"
+
+#include <algorithm>
+#include <array>
+
+namespace fennel {
+
+BootEngine bootEngineOf(const QByteArray& init)
+{
+    if (init.contains("FENNEL-GFX engine "))
+        return BootEngine::Own;
+    if (init.contains("menu_start_x"))
+        return BootEngine::FlatCfg;
+    if (init.contains("mainmenu.pos"))
+        return BootEngine::Sections;
+    return BootEngine::Unknown;
+}
+
+bool isVideoMode(QSize size)
+{
+    constexpr std::array<std::pair<int, int>, 25> modes = {
+        {{320, 200},   {320, 240},   {400, 300},   {512, 384},   {640, 400},
+         {640, 480},   {800, 600},   {1024, 768},  {1152, 864},  {1280, 720},
+         {1280, 768},  {1280, 800},  {1280, 960},  {1280, 1024}, {1360, 768},
+         {1366, 768},  {1400, 1050}, {1440, 900},  {1600, 900},  {1600, 1200},
+         {1680, 1050}, {1920, 1080}, {1920, 1200}, {2560, 1440}, {2560, 1600}}};
+    return std::ranges::find(modes, std::pair(size.width(), size.height())) != modes.end();
+}
+
+QRegion BootScreen::update(const BootRequest& request)
+{
+    m_members.setFolder(request.folder);
+    m_members.refresh();
+    m_members.forgetMissingLetters();
+    m_engine = bootEngineOf(m_members.bytes(QStringLiteral("init")));
+    BootLayout layout = request.generation == 3 ? layOutOwn(request, m_members)
+                                                : layOutCfg(request, m_members, m_engine);
+    m_entries = layout.entries;
+    m_menuPitch = layout.menuPitch;
+    m_objects.clear();
+    for (const BootObject& object : layout.list.objects)
+        m_objects[object.row] |= object.rect;
+    QRegion dirty = changedArea(m_list, layout.list);
+    const QImage ground = bootGround(layout.list, m_members);
+    m_list = std::move(layout.list);
+    if (dirty.isEmpty())
+        return {};
+    m_ground = ground;
+    if (m_picture.size() != m_list.screen)
+        m_picture = QImage(m_list.screen, QImage::Format_RGB32);
+    return paintBoot(m_list, m_members, m_ground, dirty, m_picture);
+}
+
+} // namespace fennel
