@@ -2,6 +2,7 @@
 #include "tools/boot_screen.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <unordered_map>
 
@@ -14,16 +15,22 @@ using namespace Qt::StringLiterals;
 constexpr int columns = 80;
 constexpr int textRows = 25;
 
-// Processor time of QEMU, in ms, in which a guest would have gone on drawing; and the number of
-// equal dumps behind which it is believed to wait, as one that waits may use no time at all.
-constexpr qint64 drawingWork = 60;
-constexpr int equalDumps = 12;
-// The guest asks for keys with every tick of its clock.
-constexpr qint64 keyWork = 200;
-// Clock, running line and animation never rest.
+// Processor time of QEMU, in ms, in which a guest would have gone on drawing: between the
+// background and the menu on it an engine reckons for longer than one might think, on its own slow
+// processor; and the number of equal dumps behind which it is believed to wait, as one that waits
+// may use no time at all.
+constexpr qint64 drawingWork = 500; // on a screen of 800x600; larger ones take longer
+constexpr qint64 longestDrawing = 1500;
+constexpr qint64 fastDrawing = 150; // by the computer's own processor
+constexpr int equalDumps = 20;
+// It asks for keys with every tick of its clock.
+constexpr qint64 keyWork = 300;
+// It reads pictures and fonts before it draws the first one on the empty screen.
+constexpr qint64 emptyWork = 1500;
+constexpr int emptyDumps = 80;
+// Clock, running line and animation never rest; nor is a menu drawn at one stroke.
 constexpr double movingShare = 0.03;
-constexpr qint64 movingWork = 250;
-constexpr int movingDumps = 16;
+constexpr double movingPatience = 1.5; // times as long as for a screen that does rest
 // Between two lines a loader reads files and sets modes.
 constexpr qint64 loadingWork = 1500;
 constexpr int equalTexts = 60;
@@ -77,6 +84,14 @@ double movedShare(const ScreenDump& one, const ScreenDump& other)
                              other.file.constData() + other.pixelsAt + at, length) != 0;
     }
     return pieces == 0 ? 0 : static_cast<double>(moved) / static_cast<double>(pieces);
+}
+
+bool isEmpty(const ScreenDump& dump)
+{
+    const char* pixels = dump.file.constData() + dump.pixelsAt;
+    const auto size = static_cast<std::size_t>(dump.file.size() - dump.pixelsAt);
+    // Every pixel is equal to the one before.
+    return std::memcmp(pixels, pixels + 3, size - 3) == 0;
 }
 
 // Code page 437 as far as loaders write it; frames and the like are no words.
@@ -175,8 +190,22 @@ bool RestWatch::pictureRests(const ScreenDump& dump, qint64 workMs)
     m_equal.count(moved == 0, workMs);
     m_moving.count(moved <= movingShare, workMs);
     m_last = dump;
-    return m_equal.lasts(workMs, m_key ? keyWork : drawingWork, equalDumps) ||
-           m_moving.lasts(workMs, movingWork, movingDumps);
+    if (m_equal.times > 0 && isEmpty(dump))
+        return m_equal.lasts(workMs, emptyWork, emptyDumps);
+    const qint64 work = neededWork(dump.size);
+    return m_equal.lasts(workMs, work, equalDumps) ||
+           m_moving.lasts(workMs, std::lround(static_cast<double>(work) * movingPatience),
+                          2 * equalDumps);
+}
+
+qint64 RestWatch::neededWork(QSize size) const
+{
+    if (m_fast)
+        return fastDrawing;
+    if (m_key)
+        return keyWork;
+    constexpr qint64 pixels = qint64{800} * 600;
+    return std::clamp(drawingWork * size.width() * size.height() / pixels, keyWork, longestDrawing);
 }
 
 bool RestWatch::textRests(const QStringList& text, qint64 workMs)

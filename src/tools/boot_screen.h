@@ -43,10 +43,17 @@ double mostFrequentColour(const QImage& picture);
 // Tells when a screen rests: it does not change any more while the guest had time to change it.
 class RestWatch {
 public:
+    // `fast`: the guest runs on the computer's own processor, by KVM.
+    explicit RestWatch(bool fast = false) : m_fast(fast) {}
     // A key was pressed: the guest is given the time to hear of it.
     void afterKey();
     // Whether the guest has set any mode; before that QEMU shows a picture of its own.
     [[nodiscard]] bool begun() const { return m_begun; }
+    // Whether it has set one of pictures.
+    [[nodiscard]] bool drawn() const
+    {
+        return m_begun && !m_last.size.isEmpty() && !m_last.isText();
+    }
     // The next dump, and the processor time in ms that the guest has used until then. True if two
     // dumps are equal, and a moment of work lies between them; or if only small things go on
     // moving, such as a clock.
@@ -61,6 +68,9 @@ private:
         void count(bool same, qint64 workMs);
         [[nodiscard]] bool lasts(qint64 workMs, qint64 needed, int enough) const;
     };
+    [[nodiscard]] qint64 neededWork(QSize size) const;
+
+    bool m_fast;
     bool m_begun = false;
     bool m_key = false; // it is the answer to a key that is waited for
     ScreenDump m_last;

@@ -136,9 +136,8 @@ void BootTest::bootImage()
         {.image = m_image.descriptor(), .kvm = m_kvm, .folder = m_shell.run.WorkspaceRoot});
     if (!m_machine)
         return;
-    m_rest = {};
+    m_rest = RestWatch(m_kvm);
     m_farewell.clear();
-    m_lastWork = 0;
     m_life.start();
     m_awaited = true;
     m_bootMs = 0;
@@ -221,19 +220,14 @@ void BootTest::rest(BootState state)
         Q_EMIT rested();
 }
 
-// In some virtual machines KVM opens, takes the guest, and its processor never does anything.
+// In some virtual machines KVM opens and takes the guest, and its processor does next to nothing.
 void BootTest::checkLife()
 {
-    if (!m_kvm || m_rest.begun())
+    if (!m_kvm || m_bootMs > 0)
         return;
-    constexpr qint64 ownWorkMs = 30; // QEMU's for a dump of the screen
-    const qint64 work = m_machine->workMs();
-    if (work - m_lastWork > ownWorkMs) {
-        m_lastWork = work;
-        m_life.start();
-    } else if (m_life.hasExpired(m_limits.lifelessMs)) {
-        leaveKvm(u"its processor does nothing"_s);
-    }
+    if (m_life.hasExpired(m_rest.begun() ? m_limits.kvmPictureMs : m_limits.kvmStartMs) &&
+        !m_rest.drawn())
+        leaveKvm(u"its processor does next to nothing"_s);
 }
 
 void BootTest::leaveKvm(const QString& reason)
@@ -253,7 +247,7 @@ void BootTest::onEnd(const QString& said)
 {
     m_look.stop();
     m_patience.stop();
-    if (m_kvm && !m_rest.begun() && m_farewell.isEmpty()) {
+    if (m_kvm && m_bootMs == 0 && m_farewell.isEmpty()) {
         leaveKvm(u"QEMU ended"_s + (said.isEmpty() ? QString() : u" ("_s + said + u')'));
         return;
     }

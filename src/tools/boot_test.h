@@ -24,7 +24,10 @@ enum class BootState {
 
 struct BootLimits {
     int patienceMs = 60'000; // until a boot counts as hanging; a busy computer takes its time
-    int lifelessMs = 1'000;  // until a processor that does nothing counts as dead
+    // Until KVM counts as dead: the BIOS has set a mode, the loader has set one for its menu. It
+    // takes a twentieth of that.
+    int kvmStartMs = 1'000;
+    int kvmPictureMs = 3'000;
 };
 
 class BootTest : public QObject {
@@ -95,8 +98,7 @@ private:
     QTimer m_look;
     QTimer m_patience;
     QElapsedTimer m_clock;
-    QElapsedTimer m_life; // since the processor was last seen to work
-    qint64 m_lastWork = 0;
+    QElapsedTimer m_life; // since the machine was switched on
     RestWatch m_rest;
     ScreenDump m_dump;
     QStringList m_text;
