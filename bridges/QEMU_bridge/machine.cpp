@@ -86,19 +86,4 @@ QString wantedDisplay()
     return there ? u"gtk"_s : QString();
 }
 
-// What QEMU says is for those who know it; these are the usual reasons in plain words.
-QString advice(const QString& log)
-{
-    const bool noWindow = log.contains(u"does not accept value 'gtk'") ||
-                          log.contains(u"ui-gtk not found") || log.contains(u"'gtk' is not");
-    if (noWindow)
-        return u"QEMU cannot open a window: install the package qemu-system-gui."_s;
-    if (log.contains(u"gtk initialization failed") || log.contains(u"cannot open display") ||
-        log.contains(u"Could not initialize SDL"))
-        return u"The display cannot be opened: start the editor from the desktop."_s;
-    if (log.contains(u"failed to find romfile"))
-        return u"The video BIOS is lost: choose one in the menu Tools, QEMU."_s;
-    return {};
-}
-
 } // namespace fennel

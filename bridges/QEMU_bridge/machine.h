@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The machine that the drive is tried in, as arguments of qemu-system-x86_64, and what to make of
-// QEMU's complaints.
+// The machine that the drive is tried in, as arguments of qemu-system-x86_64.
 #pragma once
 
 #include "disk.h"
@@ -25,8 +24,5 @@ bool kvmWorks();
 // The display that QEMU is to use: the variable FENNEL_QEMU_DISPLAY (such as "none" or "sdl"), or a
 // window where there is a display; empty if there is none.
 QString wantedDisplay();
-
-// What the user can do about the messages in the log; empty if nothing is known.
-QString advice(const QString& log);
 
 } // namespace fennel

@@ -9,6 +9,7 @@
 
 #include "base/files.h"
 #include "tools/qemu.h"
+#include "tools/qemu_advice.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -59,7 +60,7 @@ void sayEnd(int log, const QString& logPath, const QemuEnd& end)
     else if (end.code != 0)
         say(log, u"QEMU ended with code %1."_s.arg(end.code));
     const Result<QByteArray> text = readBytes(logPath);
-    const QString hint = text ? advice(QString::fromUtf8(*text)) : QString();
+    const QString hint = text ? qemuAdvice(QString::fromUtf8(*text)) : QString();
     // A guest that ended well may have said such words too.
     if (!hint.isEmpty() && end.code != 0)
         say(log, hint);

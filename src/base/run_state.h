@@ -39,6 +39,8 @@ struct RunState {
     int BackHeight = 0;
     double PreviewScale = 1.0; // displayed pixels per boot-screen pixel
 
+    bool KvmFails = false; // a guest died of KVM: the next ones do without
+
     int RightPanelWidth = 200;   // of Frame1Vkladki, logical pixels
     int BottomPanelHeight = 150; // of Frame2Podval
 

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+// What a booting machine's screen shows: a picture or the loader's text, and whether it rests.
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+namespace fennel {
+
+// A file in PPM, as QEMU dumps the screen.
+struct ScreenDump {
+    QByteArray file;
+    QSize size;             // empty: no such file
+    qsizetype pixelsAt = 0; // of the first byte of three a pixel, red first
+
+    ScreenDump() = default;
+    explicit ScreenDump(const QByteArray& ppm);
+    // 80 by 25 letters of 9 by 16 pixels, in which loaders write.
+    [[nodiscard]] bool isText() const { return size == QSize(720, 400); }
+    [[nodiscard]] QImage picture() const { return QImage::fromData(file, "PPM"); }
+};
+
+// The lines of the text screen out of its memory (80 by 25 letters and attributes), without those
+// that are empty.
+QStringList screenText(const QByteArray& memory);
+inline constexpr quint32 textMemoryAt = 0xB8000;
+inline constexpr quint32 textMemoryBytes = 4000;
+
+// What a text means that a loader wrote instead of showing a menu; nothing is known of most texts.
+// `certain`: no menu comes any more.
+struct TextMeaning {
+    QString sentence;
+    bool certain = false;
+};
+TextMeaning meaningOf(const QStringList& text);
+
+// The share of the pixels, 0 to 1, in the colour that most have.
+double mostFrequentColour(const QImage& picture);
+
+// Tells when a screen rests: it does not change any more while the guest had time to change it.
+class RestWatch {
+public:
+    // `fast`: the guest runs on the computer's own processor, by KVM.
+    explicit RestWatch(bool fast = false) : m_fast(fast) {}
+    // A key was pressed: the guest is given the time to hear of it.
+    void afterKey();
+    // Whether the guest has set any mode; before that QEMU shows a picture of its own.
+    [[nodiscard]] bool begun() const { return m_begun; }
+    // Whether it has set one of pictures.
+    [[nodiscard]] bool drawn() const
+    {
+        return m_begun && !m_last.size.isEmpty() && !m_last.isText();
+    }
+    // The next dump, and the processor time in ms that the guest has used until then. True if two
+    // dumps are equal, and a moment of work lies between them; or if only small things go on
+    // moving, such as a clock.
+    bool pictureRests(const ScreenDump& dump, qint64 workMs);
+    // The same for the text, which a slow loader may add to; a cursor does not count.
+    bool textRests(const QStringList& text, qint64 workMs);
+
+private:
+    struct Still {
+        int times = 0; // equal to the one before, in a row
+        qint64 since = 0;
+        void count(bool same, qint64 workMs);
+        [[nodiscard]] bool lasts(qint64 workMs, qint64 needed, int enough) const;
+    };
+    [[nodiscard]] qint64 neededWork(QSize size) const;
+
+    bool m_fast;
+    bool m_begun = false;
+    bool m_key = false; // it is the answer to a key that is waited for
+    ScreenDump m_last;
+    QStringList m_lastText;
+    Still m_equal;   // not a pixel moves
+    Still m_moving;  // a small share of them does
+    Still m_textual; // letter for letter
+};
+
+} // namespace fennel
