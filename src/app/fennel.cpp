@@ -7,8 +7,6 @@
 
 int main(int argc, char** argv)
 {
-    // No display is needed, and none is asked for, whatever the user's session says.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
     // A reader that goes away is a failed write, and told as one.
     (void)std::signal(SIGPIPE, SIG_IGN);
     const QCoreApplication app(argc, argv);

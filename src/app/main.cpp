@@ -62,6 +62,8 @@ int main(int argc, char** argv)
     tools.showIn(window.progress());
     QObject::connect(&instance, &SingleInstance::raiseRequested, &window,
                      [&window](const QString& token) { raiseWindow(window, token); });
+    QObject::connect(&instance, &SingleInstance::openRequested, &window,
+                     [&window](const QString& path) { window.openFromElsewhere(path); });
     log.WriteLog(QStringLiteral("Form_Load End"));
     const EndSignals signals;
     QObject::connect(&signals, &EndSignals::endRequested, &app, &QApplication::quit);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/single_instance.h"
 
+#include "base/files.h"
 #include "base/run_state.h"
 
-#include <QDir>
 #include <QFile>
 #include <QLocalServer>
 #include <QLocalSocket>
@@ -19,16 +19,8 @@ namespace fennel {
 
 namespace {
 
-constexpr qint64 longestToken = 4096; // bytes
-constexpr int answerTimeMs = 1000;
+constexpr qint64 longestRequest = 16 * 1024; // bytes: a token, and a path of percent signs
 constexpr int noLockPossible = -1;
-
-// The user's number in the name keeps users of one machine apart.
-QString fallbackFolder()
-{
-    return withSeparator(QDir::tempPath()) + programTitle() + QStringLiteral("-run-") +
-           QString::number(::geteuid());
-}
 
 // The copy before may have removed the file between our opening and locking it; such a lock would
 // bind nobody.
@@ -42,25 +34,10 @@ bool isStillThere(int fd, const QByteArray& path)
 
 } // namespace
 
-// The variable may point to another user's folder, as after "su": a lock there would bind the wrong
-// person.
-QString instanceFolder()
-{
-    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    return !runtime.isEmpty() && isOwnFolder(runtime) ? runtime : fallbackFolder();
-}
-
-QString activationToken()
-{
-    const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
-    return token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token;
-}
-
 SingleInstance::SingleInstance(QString folder)
     : m_folder(std::move(folder)),
       m_lockPath(withSeparator(m_folder) + programTitle() + QStringLiteral(".lock")),
-      m_socketPath(withSeparator(m_folder) + programTitle() + QStringLiteral(".socket")),
-      m_server(std::make_unique<QLocalServer>())
+      m_socketPath(instanceSocket(m_folder)), m_server(std::make_unique<QLocalServer>())
 {
     m_server->setSocketOptions(QLocalServer::UserAccessOption);
     connect(m_server.get(), &QLocalServer::newConnection, this, &SingleInstance::onConnection);
@@ -77,7 +54,7 @@ SingleInstance::~SingleInstance()
         ::unlink(QFile::encodeName(m_lockPath).constData());
         ::close(m_lock);
     }
-    if (m_folder == fallbackFolder())
+    if (m_folder == fallbackInstanceFolder())
         ::rmdir(QFile::encodeName(m_folder).constData());
 }
 
@@ -101,7 +78,7 @@ std::optional<int> SingleInstance::lockFile()
     for (int i = 0; i < attempts; ++i) {
         // Where no lock can be made at all the program runs unlocked: a second copy is a lesser
         // evil than none.
-        if (m_folder == fallbackFolder() && !DiskFiles().makePrivateFolder(m_folder))
+        if (m_folder == fallbackInstanceFolder() && !DiskFiles().makePrivateFolder(m_folder))
             return noLockPossible;
         // A lock of the kernel ends with the process, so a crash leaves no stale lock behind.
         const int fd = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
@@ -135,28 +112,22 @@ void SingleInstance::listen()
 void SingleInstance::onConnection()
 {
     while (QLocalSocket* socket = m_server->nextPendingConnection()) {
-        // The line end proves that the token has come whole; at most longestToken bytes are read,
-        // whoever sends.
+        // At most longestRequest bytes are read, whoever sends.
         connect(socket, &QLocalSocket::disconnected, this, [this, socket] {
-            const QByteArray sent = socket->read(longestToken);
+            const auto request = instanceRequest(socket->read(longestRequest));
             socket->deleteLater();
-            if (sent.endsWith('\n'))
-                Q_EMIT raiseRequested(QString::fromUtf8(sent.chopped(1)));
+            if (!request)
+                return;
+            Q_EMIT raiseRequested(request->token);
+            if (!request->path.isEmpty())
+                Q_EMIT openRequested(request->path);
         });
     }
 }
 
 bool SingleInstance::askOtherToRaise(const QString& token) const
 {
-    QLocalSocket socket;
-    socket.connectToServer(m_socketPath, QIODevice::WriteOnly);
-    // A copy that is starting or hangs does not answer; the user is told of it all the same.
-    if (!socket.waitForConnected(answerTimeMs))
-        return false;
-    socket.write(token.toUtf8() + '\n');
-    const bool sent = socket.waitForBytesWritten(answerTimeMs) || socket.bytesToWrite() == 0;
-    socket.disconnectFromServer();
-    return sent;
+    return sendToInstance(m_folder, {token, {}});
 }
 
 void raiseWindow(QWidget& window, const QString& token)

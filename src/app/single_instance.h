@@ -3,7 +3,7 @@
 // on which a second one asks the first to come to the front.
 #pragma once
 
-#include "base/files.h"
+#include "base/running_copy.h"
 
 #include <QObject>
 
@@ -14,15 +14,6 @@ class QLocalServer;
 class QWidget;
 
 namespace fennel {
-
-// Where the lock and the socket lie: XDG_RUNTIME_DIR if it is this user's own folder, otherwise a
-// private folder in the temporary folder, which the last copy removes.
-QString instanceFolder();
-
-// The token with which the desktop started this process (XDG_ACTIVATION_TOKEN under Wayland,
-// DESKTOP_STARTUP_ID under X11). Under Wayland a window may come to the front only with it. Empty
-// if it was started from a terminal.
-QString activationToken();
 
 class SingleInstance : public QObject {
     Q_OBJECT
@@ -42,6 +33,8 @@ public:
 Q_SIGNALS:
     // Another start of the program wants the window in front.
     void raiseRequested(const QString& token);
+    // The same, to show this file.
+    void openRequested(const QString& path);
 
 private:
     // A locked file descriptor; nothing if another copy has the lock.

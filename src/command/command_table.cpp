@@ -58,6 +58,7 @@ constexpr std::array commands{
     Command{u"new", u"OUT", 1, 1, gzipOnly, u"a complete boot screen to start from", runNew},
     Command{u"diff", u"A B", 2, 2, jsonOnly, u"parameters and members that differ", runDiff},
     Command{u"check", u"FILE...", 1, any, checkOptions, u"what will not boot as meant", runCheck},
+    Command{u"open", u"FILE", 1, 1, {}, u"opens it in the editor", runOpen},
     Command{u"help", u"[COMMAND]", 0, 1, helpOptions, u"this text, or a command's", runHelp},
     Command{u"completion",
             u"SHELL",

@@ -19,6 +19,7 @@ Status runPack(CommandRun& run);
 Status runNew(CommandRun& run);
 Status runDiff(CommandRun& run);
 Status runCheck(CommandRun& run);
+Status runOpen(CommandRun& run);
 Status runHelp(CommandRun& run);
 Status runCompletion(CommandRun& run);
 

@@ -26,7 +26,10 @@ TEST(SingleInstance, SecondStartBringsTheFirstToTheFront)
     const QSignalSpy asked(&first, &SingleInstance::raiseRequested);
     EXPECT_TRUE(second.askOtherToRaise(u"token-1_TIME5"_s));
     EXPECT_TRUE(second.askOtherToRaise({}));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return asked.count() == 2; }, 5000));
+    const QSignalSpy opened(&first, &SingleInstance::openRequested);
+    EXPECT_TRUE(sendToInstance(t.run.AppPath, {{}, u"/a b\n%41"_s}));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return asked.count() == 3; }, 5000));
+    EXPECT_EQ(opened.value(0).value(0).toString(), u"/a b\n%41"_s);
     EXPECT_EQ(asked.value(0).value(0).toString(), u"token-1_TIME5"_s);
     EXPECT_EQ(asked.value(1).value(0).toString(), QString());
 }

@@ -26,10 +26,8 @@ void open(MainWindow& window)
     question.title = QStringLiteral("File open....");
     question.filter = QStringLiteral("All Files (*.*)|*.*|");
     const QString path = shell.prompts.openFile(question);
-    if (path.isEmpty() || !window.openGfxboot(shortForm(path)))
-        return;
-    window.workbench().lastUsed.LastUsedAdd(shell, path);
-    showLastUsed(window);
+    if (!path.isEmpty())
+        window.openChosen(path);
 }
 
 void openLastUsed(MainWindow& window, int index)

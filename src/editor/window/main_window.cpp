@@ -15,9 +15,11 @@
 #include "editor/window/toolbar.h"
 #include "editor/window/window_progress.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QMenuBar>
+#include <QTimer>
 
 // Resources of a static library must be asked for, from outside any namespace.
 static void loadIcons()
@@ -205,6 +207,23 @@ bool MainWindow::openGfxboot(const QString& path)
     return gfxboot_open(
         {bench.shell, bench.document, bench.fonts, bench.fontSettings, bench.upgradeAnswer}, path,
         host);
+}
+
+void MainWindow::openChosen(const QString& path)
+{
+    if (!openGfxboot(shortForm(path)))
+        return;
+    m_workbench.lastUsed.LastUsedAdd(m_workbench.shell, path);
+    showLastUsed(*this);
+}
+
+void MainWindow::openFromElsewhere(const QString& path)
+{
+    constexpr int retryMs = 300;
+    if (QApplication::activeModalWidget() != nullptr || m_waiting->busy())
+        QTimer::singleShot(retryMs, this, [this, path] { openFromElsewhere(path); });
+    else
+        openChosen(path);
 }
 
 } // namespace fennel

@@ -65,6 +65,10 @@ public:
 
     // Opens a message file given in short form; true if it is open now.
     bool openGfxboot(const QString& path);
+    // The same, and it is among the last used then.
+    void openChosen(const QString& path);
+    // The same for another process, once nothing is under way and no dialog waits for an answer.
+    void openFromElsewhere(const QString& path);
 
     // Title, menus, toolbar and status line as the run state says.
     void UpdateInterface();
