@@ -44,8 +44,8 @@ std::optional<FilesAndValues> split(CommandRun& run)
         (void)run.wrongUse({}, u"what is it to be? Give NAME=VALUE behind the file"_s);
         return std::nullopt;
     }
-    if (parts.files.size() > 1 && run.has(u"output"_s)) {
-        (void)run.wrongUse({}, u"one output for several files"_s);
+    if (parts.files.size() > 1 && (run.has(u"output"_s) || parts.files.contains(dash))) {
+        (void)run.wrongUse({}, u"with an output, or standard input, there is one FILE"_s);
         return std::nullopt;
     }
     return parts;
@@ -71,18 +71,28 @@ Status changeFile(CommandRun& run, const QString& file, const Change& change)
     return same && target == file && file != dash ? Status::Done : run.write(target, *message);
 }
 
-// Nothing is written unless all the values fit, and no other file is touched behind a wrong one.
+// Of several files none is written if a value does not fit one of them; a bad file among them is
+// told, and the others are done.
 template <class Change>
 Status changeFiles(CommandRun& run, const QStringList& files, const Change& change)
 {
     Status status = Status::Done;
-    for (const QString& file : files) {
+    QStringList good = files;
+    for (const QString& file : files.size() > 1 ? files : QStringList()) {
+        Status one = Status::Done;
+        std::optional<MessageFile> message = run.read(file, one);
+        if (message)
+            one = change(file, *message);
+        if (one == Status::WrongUse)
+            return one;
+        if (one != Status::Done)
+            good.removeAll(file);
+        status = worse(status, one);
+    }
+    for (const QString& file : good)
         status = worse(status, changeFile(run, file, [&](MessageFile& message) {
                            return change(file, message);
                        }));
-        if (status == Status::WrongUse)
-            break;
-    }
     return status;
 }
 

@@ -9,7 +9,6 @@
 #include "tools/picture_size.h"
 
 #include <QBuffer>
-#include <QFileInfo>
 #include <QImageReader>
 
 #include <algorithm>
@@ -81,30 +80,51 @@ Result<Session*> MemberMaking::session()
     return m_session.get();
 }
 
-Result<QByteArray> MemberMaking::memberFrom(const QString& path, const MessageFile& message,
-                                            const QByteArray& name)
+Result<QByteArray> MemberMaking::source(const QString& path)
 {
-    const Result<QByteArray> bytes = readInput(path);
-    const bool picture = name.toLower().endsWith(".jpg");
-    if (!bytes || !picture)
-        return bytes;
+    if (const auto found = m_sources.constFind(path); found != m_sources.constEnd())
+        return *found;
+    Result<QByteArray> bytes = readInput(path);
+    if (bytes)
+        m_sources[path] = *bytes;
+    return bytes;
+}
+
+// Without a size the picture keeps its own.
+Result<QByteArray> MemberMaking::picture(const QByteArray& source, QSize size)
+{
     const Result<Session*> session = this->session();
     if (!session)
         return session.failure();
     const Shell& shell = (*session)->shell();
     // The tool knows a picture by its bytes; a copy keeps odd names and standard input from it.
-    const QString source = shell.run.WorkspaceRoot + u"~source"_s;
-    const QString target = shell.run.WorkspaceRoot + u"~made.jpg"_s;
-    if (const Result<void> kept = shell.files.write(source, *bytes); !kept)
+    const QString from = shell.run.WorkspaceRoot + u"~source"_s;
+    const QString to = shell.run.WorkspaceRoot + u"~made.jpg"_s;
+    if (const Result<void> kept = shell.files.write(from, source); !kept)
         return kept.failure();
-    const Result<QSize> own = pictureSize(source);
+    const Result<QSize> own = pictureSize(from);
     if (!own)
         return Failure{own.failure().kind, "this is no picture that can be taken"};
+    const QSize wanted = size.isValid() ? size : *own;
+    const Result<void> made = ResizeJpg(shell, wanted.width(), wanted.height(), from, to);
+    return made ? readBytes(to) : failureOf(m_prompts, made);
+}
+
+Result<QByteArray> MemberMaking::memberFrom(const QString& path, const MessageFile& message,
+                                            const QByteArray& name)
+{
+    const Result<QByteArray> bytes = source(path);
+    if (!bytes || !name.toLower().endsWith(".jpg"))
+        return bytes;
     const QByteArray model = modelOf(message, name);
-    const QSize wanted = model.isEmpty() ? QSize() : sizeOf(message.bytesOf(model));
-    const QSize size = wanted.isValid() ? wanted : *own;
-    const Result<void> made = ResizeJpg(shell, size.width(), size.height(), source, target);
-    return made ? readBytes(target) : failureOf(m_prompts, made);
+    const QSize size = model.isEmpty() ? QSize() : sizeOf(message.bytesOf(model));
+    const QString key = u"%1x%2 "_s.arg(size.width()).arg(size.height()) + path;
+    if (const auto found = m_made.constFind(key); found != m_made.constEnd())
+        return *found;
+    Result<QByteArray> made = picture(*bytes, size);
+    if (made)
+        m_made[key] = *made;
+    return made;
 }
 
 Result<QByteArray> makeFont(const QString& appPath, const FontRequest& request, QStringList& near)

@@ -17,16 +17,21 @@ public:
 
     // The bytes for the member `name` from a file or, of "-", standard input. A JPEG member is
     // scaled to what it replaces, a new background or logo to the others of its kind, and written
-    // as the engine's decoder takes it; everything else is taken as it is.
+    // as the engine's decoder takes it; everything else is taken as it is. What was made once is
+    // made no second time.
     Result<QByteArray> memberFrom(const QString& path, const MessageFile& message,
                                   const QByteArray& name);
 
 private:
+    Result<QByteArray> source(const QString& path);
+    Result<QByteArray> picture(const QByteArray& source, QSize size);
     Result<Session*> session();
 
     QString m_appPath;
     KeptPrompts m_prompts;
     std::unique_ptr<Session> m_session;
+    QMap<QString, QByteArray> m_sources; // by path
+    QMap<QString, QByteArray> m_made;    // by path and size
 };
 
 struct FontRequest {
