@@ -119,8 +119,10 @@ QByteArray syslinuxMenu(const QStringList& titles)
 QByteArray grubMenu(const BootStick& stick)
 {
     QByteArray menu = "gfxmenu /message\n";
-    if (!stick.menu.isEmpty())
-        return menu + stick.menu;
+    // What stands before the titles belongs to the menu's own stick: its message, a timeout.
+    const qsizetype first = stick.menu.startsWith("title") ? 0 : stick.menu.indexOf("\ntitle") + 1;
+    if (first > 0 || stick.menu.startsWith("title"))
+        return menu + stick.menu.mid(first);
     for (const QString& title : stick.titles)
         menu += "title " + oneLine(title) + "\nreboot\n";
     return menu;

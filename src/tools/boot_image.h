@@ -19,8 +19,8 @@ namespace fennel {
 struct BootStick {
     QByteArray message; // the message file; syslinux boots plain archives only
     QStringList titles; // of the menu; at least one
-    // A Grub4DOS loader ("grldr") that boots the message, and its menu.lst without "gfxmenu" lines;
-    // without a loader it is syslinux.
+    // A Grub4DOS loader ("grldr") that boots the message, and a menu.lst for it, which may be
+    // empty; without a loader it is syslinux.
     QString loader;
     QByteArray menu;
 };
@@ -41,7 +41,7 @@ private:
 // syslinux.cfg for these titles. Control characters become blanks, and what is longer than a line
 // that the loader reads is cut.
 QByteArray syslinuxMenu(const QStringList& titles);
-// menu.lst for Grub4DOS: the user's own, if there is one, else the titles.
+// menu.lst for Grub4DOS: the entries of the user's own, if there are any, else the titles.
 QByteArray grubMenu(const BootStick& stick);
 
 // What a boot test needs, and the Debian package it is in: the failure that names the first one

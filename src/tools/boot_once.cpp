@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace fennel {
 
@@ -54,7 +55,12 @@ public:
         m_wait.setInterval(
             static_cast<int>(std::lround(std::clamp(atSeconds, 0.0, 3600.0) * 1000)));
         connect(&m_wait, &QTimer::timeout, this, &Script::goOn);
-        connect(&test, &BootTest::rested, this, &Script::goOn);
+        connect(&test, &BootTest::rested, this, [this] {
+            m_rests = true;
+            if (!std::exchange(m_began, true))
+                m_wait.start();
+            goOn();
+        });
         connect(&test, &BootTest::stateChanged, this, [this] {
             if (m_test.state() == BootState::Hanging)
                 m_loop.quit();
@@ -64,16 +70,16 @@ public:
 private:
     void goOn()
     {
-        if (!m_began) {
-            m_began = true;
-            m_wait.start();
-        }
-        if (m_test.state() == BootState::Ended)
+        if (!m_rests)
+            return;
+        if (m_test.state() == BootState::Ended) {
             m_loop.quit();
-        else if (!m_keys.isEmpty())
+        } else if (!m_keys.isEmpty()) {
+            m_rests = false;
             m_test.press(m_keys.takeFirst());
-        else if (!m_wait.isActive())
+        } else if (!m_wait.isActive()) {
             m_loop.quit();
+        }
     }
 
     BootTest& m_test;
@@ -81,6 +87,7 @@ private:
     QTimer m_wait;
     QEventLoop& m_loop;
     bool m_began = false;
+    bool m_rests = false;
 };
 
 } // namespace

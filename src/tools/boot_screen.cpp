@@ -25,9 +25,9 @@ constexpr qint64 fastDrawing = 150; // by the computer's own processor
 constexpr int equalDumps = 20;
 // It asks for keys with every tick of its clock.
 constexpr qint64 keyWork = 300;
-// It reads pictures and fonts before it draws the first one on the empty screen.
-constexpr qint64 emptyWork = 1500;
-constexpr int emptyDumps = 80;
+// Some themes reckon for seven seconds before they draw anything on the empty screen.
+constexpr qint64 emptyWork = 12'000;
+constexpr int emptyDumps = 400;
 // Clock, running line and animation never rest; nor is a menu drawn at one stroke.
 constexpr double movingShare = 0.03;
 constexpr double movingPatience = 1.5; // times as long as for a screen that does rest
@@ -86,8 +86,10 @@ double movedShare(const ScreenDump& one, const ScreenDump& other)
     return pieces == 0 ? 0 : static_cast<double>(moved) / static_cast<double>(pieces);
 }
 
-bool isEmpty(const ScreenDump& dump)
+bool hasOneColour(const ScreenDump& dump)
 {
+    if (dump.size.isEmpty())
+        return true;
     const char* pixels = dump.file.constData() + dump.pixelsAt;
     const auto size = static_cast<std::size_t>(dump.file.size() - dump.pixelsAt);
     // Every pixel is equal to the one before.
@@ -190,7 +192,8 @@ bool RestWatch::pictureRests(const ScreenDump& dump, qint64 workMs)
     m_equal.count(moved == 0, workMs);
     m_moving.count(moved <= movingShare, workMs);
     m_last = dump;
-    if (m_equal.times > 0 && isEmpty(dump))
+    m_empty = m_begun && hasOneColour(dump);
+    if (m_empty)
         return m_equal.lasts(workMs, emptyWork, emptyDumps);
     const qint64 work = neededWork(dump.size);
     return m_equal.lasts(workMs, work, equalDumps) ||

@@ -54,6 +54,8 @@ public:
     {
         return m_begun && !m_last.size.isEmpty() && !m_last.isText();
     }
+    // All pixels of the last dump have one colour.
+    [[nodiscard]] bool isEmpty() const { return m_empty; }
     // The next dump, and the processor time in ms that the guest has used until then. True if two
     // dumps are equal, and a moment of work lies between them; or if only small things go on
     // moving, such as a clock.
@@ -72,6 +74,7 @@ private:
 
     bool m_fast;
     bool m_begun = false;
+    bool m_empty = false;
     bool m_key = false; // it is the answer to a key that is waited for
     ScreenDump m_last;
     QStringList m_lastText;
