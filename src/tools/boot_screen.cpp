@@ -19,18 +19,18 @@ constexpr int textRows = 25;
 // background and the menu on it an engine reckons for longer than one might think, on its own slow
 // processor; and the number of equal dumps behind which it is believed to wait, as one that waits
 // may use no time at all.
-constexpr qint64 drawingWork = 500; // on a screen of 800x600; larger ones take longer
-constexpr qint64 longestDrawing = 1500;
+constexpr qint64 drawingWork = 900; // on a screen of 800x600; larger ones take longer
+constexpr qint64 longestDrawing = 2000;
 constexpr qint64 fastDrawing = 150; // by the computer's own processor
-constexpr int equalDumps = 20;
+constexpr int equalDumps = 25;
 // It asks for keys with every tick of its clock.
-constexpr qint64 keyWork = 300;
+constexpr qint64 keyWork = 400;
 // Some themes reckon for seven seconds before they draw anything on the empty screen.
 constexpr qint64 emptyWork = 12'000;
 constexpr int emptyDumps = 400;
 // Clock, running line and animation never rest; nor is a menu drawn at one stroke.
 constexpr double movingShare = 0.03;
-constexpr double movingPatience = 1.5; // times as long as for a screen that does rest
+constexpr double movingPatience = 1.1; // times as long as for a screen that does rest
 // Between two lines a loader reads files and sets modes.
 constexpr qint64 loadingWork = 1500;
 constexpr int equalTexts = 60;

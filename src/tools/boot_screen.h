@@ -45,7 +45,7 @@ class RestWatch {
 public:
     // `fast`: the guest runs on the computer's own processor, by KVM.
     explicit RestWatch(bool fast = false) : m_fast(fast) {}
-    // A key was pressed: the guest is given the time to hear of it.
+    // The guest heard of a key: from now on it is given time to show what comes of it.
     void afterKey();
     // Whether the guest has set any mode; before that QEMU shows a picture of its own.
     [[nodiscard]] bool begun() const { return m_begun; }

@@ -15,6 +15,8 @@ using namespace Qt::StringLiterals;
 
 constexpr int awaitedLookMs = 40; // between two dumps while something is waited for
 constexpr int idleLookMs = 150;
+constexpr quint32 keyBufferAt = 0x41A;
+constexpr quint32 keyBufferBytes = 4;
 const QString kvmDevice = u"/dev/kvm"_s;
 
 Failure failure(FailureKind kind, const QString& text)
@@ -140,6 +142,7 @@ void BootTest::bootImage()
     m_farewell.clear();
     m_life.start();
     m_awaited = true;
+    m_keyPending = false;
     m_bootMs = 0;
     m_patience.start(m_limits.patienceMs);
     connect(m_machine.get(), &BootMachine::ready, this, &BootTest::look);
@@ -167,6 +170,9 @@ void BootTest::look()
 {
     if (!isAwake())
         return;
+    if (m_keyPending)
+        m_machine->memory(keyBufferAt, keyBufferBytes,
+                          [this](const QByteArray& bytes, const QString&) { onKeyBuffer(bytes); });
     m_machine->screenDump([this](const QByteArray& bytes, const QString& error) {
         const ScreenDump dump(bytes);
         if (!error.isEmpty() || dump.size.isEmpty())
@@ -188,7 +194,7 @@ void BootTest::onDump(const ScreenDump& dump)
             [this](const QByteArray& bytes, const QString&) { onText(screenText(bytes)); });
     } else {
         m_text.clear();
-        if (rests)
+        if (rests && !m_keyPending)
             rest(BootState::Standing);
     }
     if (news)
@@ -202,7 +208,7 @@ void BootTest::onDump(const ScreenDump& dump)
 void BootTest::onText(const QStringList& text)
 {
     m_text = text;
-    if (m_rest.textRests(text, m_machine->workMs()))
+    if (m_rest.textRests(text, m_machine->workMs()) && !m_keyPending)
         rest(BootState::Text);
 }
 
@@ -275,10 +281,28 @@ void BootTest::press(const QString& key)
 {
     if (!isAwake())
         return;
-    m_rest.afterKey();
     m_awaited = true;
-    m_machine->press(key.split(u'+'));
+    m_keyPending = true;
+    m_keyClock.start();
+    m_machine->memory(keyBufferAt, keyBufferBytes,
+                      [this, key](const QByteArray& buffer, const QString&) {
+                          m_keyBuffer = buffer;
+                          m_machine->press(key.split(u'+'));
+                      });
     m_look.start(awaitedLookMs);
+}
+
+// The BIOS keeps two places, where the next key is taken from and where the next one is put. A key
+// was heard if it was put there and the two are equal again.
+void BootTest::onKeyBuffer(const QByteArray& buffer)
+{
+    const bool put = buffer.size() == keyBufferBytes && buffer.right(2) != m_keyBuffer.right(2);
+    const bool taken = buffer.left(2) == buffer.right(2);
+    // Some keys are none to the BIOS, and a guest may take them past it.
+    if ((put && taken) || m_keyClock.hasExpired(m_limits.keyMs)) {
+        m_keyPending = false;
+        m_rest.afterKey();
+    }
 }
 
 // The guest moves as it is, with its memory and its screen, into a QEMU that has a window.

@@ -28,6 +28,7 @@ struct BootLimits {
     // takes a twentieth of that.
     int kvmStartMs = 1'000;
     int kvmPictureMs = 3'000;
+    int keyMs = 3'000; // until a key that nobody takes is no longer waited for
 };
 
 class BootTest : public QObject {
@@ -77,6 +78,7 @@ private:
     void look();
     void onDump(const ScreenDump& dump);
     void onText(const QStringList& text);
+    void onKeyBuffer(const QByteArray& buffer);
     void rest(BootState state);
     void onEnd(const QString& said);
     void checkLife();
@@ -108,7 +110,10 @@ private:
     qint64 m_bootMs = 0;
     bool m_kvm = false;
     bool m_watched = false;
-    bool m_awaited = false; // rested() is to come
+    bool m_awaited = false;    // rested() is to come
+    bool m_keyPending = false; // a key was sent that the guest has not taken yet
+    QByteArray m_keyBuffer;    // the BIOS's places before it was sent
+    QElapsedTimer m_keyClock;
 };
 
 } // namespace fennel
