@@ -3,6 +3,9 @@
 //   7zip_bridge INFO file folder #7zip.log ,0    test report of the file into folder/#7zip.log
 //   7zip_bridge EXTR file folder #7zip.log ,0    contents of a gzip file into the folder
 //   7zip_bridge ASSM input output ,0             `input` compressed into the path `output`
+//   7zip_bridge PACK input output ,0             the same for input of any size, and
+//   7zip_bridge UNPK file output ,0              the way back: the user's file is replaced whole;
+//                                                what is ignored is told on standard error
 // The report has the wording of 7-Zip's test command, as its reader looks for the line "Testing "
 // with the inner name behind it; a file that is no gzip file gets a report without such a line. A
 // gzip file with any fault is refused before the first byte is written. On a failure the report or
@@ -10,8 +13,11 @@
 #include "common/bridge_io.h"
 #include "container/gzip.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
+#include <limits>
 
 using namespace fennel;
 
@@ -52,7 +58,10 @@ Result<void> report(const OutputFolder& folder, const std::string& log, const st
     if (opened.gzip)
         text += verb + opened.innerName + "\r\n\r\nEverything is Ok\r\n\r\nSize:       " +
                 std::to_string(opened.contents.data.size()) +
-                "\r\nCompressed: " + std::to_string(opened.file.bytes.size()) + "\r\n";
+                "\r\nCompressed: " + std::to_string(opened.file.bytes.size()) + "\r\n" +
+                (opened.contents.trailing == 0
+                     ? std::string()
+                     : "Tail Size: " + std::to_string(opened.contents.trailing) + "\r\n");
     else
         text += "There is no gzip archive in this file\r\n";
     return folder.replaceFile(
@@ -119,8 +128,34 @@ Result<void> assemble(const std::string& input, const std::string& output)
     return writeWhole(output, *packed);
 }
 
+// Both ways take files of any size, a piece at a time.
+Result<void> stream(const std::string& input, const std::string& output, bool pack)
+{
+    const Result<OpenedFile> file = openPlain(input, std::numeric_limits<std::uint64_t>::max());
+    if (!file)
+        return file.failure();
+    Share share(static_cast<std::uint64_t>(file->facts.st_size));
+    const auto tell = [&](std::uint64_t done) { share.tell(done); };
+    const int in = file->file.get();
+    const auto mtime = static_cast<std::uint32_t>(std::clamp<std::int64_t>(
+        file->facts.st_mtim.tv_sec, 0, std::numeric_limits<std::uint32_t>::max()));
+    return replaceWhole(output, [&](int out) -> Result<void> {
+        if (pack)
+            return gzipCompressFile(in, out, baseName(input), mtime, tell);
+        const Result<std::uint64_t> behind = gzipDecompressFile(in, out, tell);
+        if (!behind)
+            return about(input, behind.failure());
+        if (*behind > 0)
+            (void)std::fprintf(stderr, "%llu bytes behind the end of %s were ignored.\n",
+                               static_cast<unsigned long long>(*behind), input.c_str());
+        return {};
+    });
+}
+
 Result<void> run(const std::vector<std::string>& arguments)
 {
+    if (arguments.size() == 3 && (arguments[0] == "PACK" || arguments[0] == "UNPK"))
+        return stream(arguments[1], arguments[2], arguments[0] == "PACK");
     if (arguments.size() == 3 && arguments[0] == "ASSM")
         return assemble(arguments[1], arguments[2]);
     const bool known = !arguments.empty() && (arguments[0] == "INFO" || arguments[0] == "EXTR");

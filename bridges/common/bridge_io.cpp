@@ -130,6 +130,16 @@ std::vector<std::string> toolArguments(int argc, char** argv)
     return arguments;
 }
 
+void Share::tell(std::uint64_t done)
+{
+    const std::uint64_t percent = m_whole == 0 ? 100 : std::min(done, m_whole) * 100 / m_whole;
+    if (percent <= m_told)
+        return;
+    m_told = percent;
+    const std::string line = "share " + std::to_string(percent) + "\n";
+    (void)!::write(STDOUT_FILENO, line.data(), line.size());
+}
+
 int exitCode(std::string_view bridge, const Result<void>& result)
 {
     if (result)

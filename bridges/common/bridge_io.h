@@ -56,6 +56,17 @@ private:
 // that ends every call.
 [[nodiscard]] std::vector<std::string> toolArguments(int argc, char** argv);
 
+// Work that may take long tells how far it is, at most a hundred times; the editor shows it.
+class Share {
+public:
+    explicit Share(std::uint64_t whole) : m_whole(whole) {}
+    void tell(std::uint64_t done);
+
+private:
+    std::uint64_t m_whole;
+    std::uint64_t m_told = 0; // percent
+};
+
 // Tells a failure on standard error, and the exit code: 0 or 1.
 int exitCode(std::string_view bridge, const Result<void>& result);
 

@@ -77,9 +77,13 @@ Result<void> extract(const Call& call)
     for (const CpioMember& member : archive->members)
         if (Result<void> free = folder->checkReplaceable(member.name); !free)
             return free;
-    for (const CpioMember& member : archive->members)
+    Share share(archive->file.bytes.size());
+    std::size_t bytes = 0;
+    for (const CpioMember& member : archive->members) {
         if (Result<void> done = folder->replaceFile(member.name, member.data, &member.mtime); !done)
             return done;
+        share.tell(bytes += member.data.size());
+    }
     return {};
 }
 
@@ -132,7 +136,9 @@ Result<std::vector<WholeFile>> readMembers(const OutputFolder& folder,
 {
     std::vector<WholeFile> files;
     std::size_t total = 0;
+    Share share(names.size());
     for (const std::string& name : names) {
+        share.tell(files.size());
         // The limit is what is left of the whole archive's.
         Result<WholeFile> file = readWholeFile(folder.descriptor(), name, maxCpioArchive - total);
         if (!file)

@@ -3,6 +3,7 @@
 //
 //   nconvert_bridge OPTIONS -o FILE SOURCE ,0
 //   nconvert_bridge OPTIONS -clipboard -o FILE ,0
+//   nconvert_bridge -serve                          (see picture_service.h)
 //
 // The options may stand in any order; the suffix may be missing.
 #pragma once
@@ -32,6 +33,7 @@ struct Job {
     bool resize = false;
     int width = 0; // pixels; 0 for one of the two keeps the picture's proportions
     int height = 0;
+    bool inside = false; // only down, and in proportion, until it lies within width and height
 };
 
 // Where the editor leaves the picture that it took from the clipboard: only the program that owns a

@@ -74,6 +74,31 @@ QImage toQt(Magick::Image& image, QImage::Format format, const char* channels)
     return picture;
 }
 
+Magick::Blob blobOf(const QByteArray& bytes)
+{
+    return {bytes.constData(), static_cast<size_t>(bytes.size())};
+}
+
+// The first picture of those that hold several.
+Magick::Image firstPicture(const char* format)
+{
+    Magick::Image image;
+    image.quiet(true); // unknown tags and the like are no reason to refuse a picture
+    image.magick(format);
+    image.subImage(0);
+    image.subRange(1);
+    return image;
+}
+
+// Reads the header only: the size is looked at before anything is decoded.
+Result<QSize> pinged(Magick::Image& image, const Magick::Blob& blob)
+{
+    image.ping(blob);
+    const QSize size(static_cast<int>(image.columns()), static_cast<int>(image.rows()));
+    const Result<void> fits = checkPictureSize("The picture", size.width(), size.height());
+    return fits ? Result<QSize>(size) : fits.failure();
+}
+
 void reduceColours(Magick::Image& image, int colours)
 {
     // Few colours without dithering show bands in every sky.
@@ -84,22 +109,20 @@ void reduceColours(Magick::Image& image, int colours)
 
 } // namespace
 
+Result<QSize> measureWithMagick(const QByteArray& bytes, const char* format)
+{
+    return guarded<QSize>([&] {
+        Magick::Image image = firstPicture(format);
+        return pinged(image, blobOf(bytes));
+    });
+}
+
 Result<QImage> decodeWithMagick(const QByteArray& bytes, const char* format)
 {
     return guarded<QImage>([&]() -> Result<QImage> {
-        const Magick::Blob blob(bytes.constData(), static_cast<size_t>(bytes.size()));
-        Magick::Image image;
-        image.quiet(true); // unknown tags and the like are no reason to refuse a picture
-        image.magick(format);
-        // The first picture of those that hold several.
-        image.subImage(0);
-        image.subRange(1);
-        // Reads the header only: the size is looked at before anything is decoded.
-        image.ping(blob);
-        if (Result<void> fits =
-                checkPictureSize("The picture", static_cast<qint64>(image.columns()),
-                                 static_cast<qint64>(image.rows()));
-            !fits)
+        const Magick::Blob blob = blobOf(bytes);
+        Magick::Image image = firstPicture(format);
+        if (const Result<QSize> fits = pinged(image, blob); !fits)
             return fits.failure();
         image.read(blob);
         if (takesOrientation(format))

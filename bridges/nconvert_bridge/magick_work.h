@@ -18,6 +18,9 @@ namespace fennel::nconvert {
 // names such as "TIFF". Refuses pictures above the limits before decoding them.
 Result<QImage> decodeWithMagick(const QByteArray& bytes, const char* format);
 
+// The stored size, from the header alone.
+Result<QSize> measureWithMagick(const QByteArray& bytes, const char* format);
+
 // `percent` from 1 to 100. The radius grows with it, 25 spreads a pixel over its direct neighbours.
 Result<QImage> blurred(const QImage& picture, int percent);
 

@@ -5,12 +5,14 @@
 #include "base/posix_file.h"
 #include "command_line.h"
 #include "picture_reader.h"
+#include "picture_service.h"
 #include "picture_writer.h"
 #include "tools/picture_limits.h"
 
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <string_view>
 
 namespace {
 
@@ -48,6 +50,8 @@ Result<void> run(const Job& job)
 
 int main(int argc, char** argv)
 try {
+    if (argc == 2 && std::string_view(argv[1]) == "-serve")
+        return servePictures();
     const Result<Job> job = parseCommandLine({argv + 1, argv + argc});
     const Result<void> done = job ? run(*job) : Result<void>(job.failure());
     if (done)

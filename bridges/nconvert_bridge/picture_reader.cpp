@@ -4,6 +4,7 @@
 #include "base/on_black.h"
 #include "magick_work.h"
 #include "picture_kind.h"
+#include "tools/jpeg_check.h"
 #include "tools/picture_limits.h"
 #include "wholeness.h"
 
@@ -88,6 +89,12 @@ Failure damagedPicture(const QString& reason)
                 (reason.isEmpty() ? std::string() : " (" + reason.toStdString() + ")") + "."};
 }
 
+// Rather refused than handed to a decoder that might do anything with it.
+Failure unknownFormat()
+{
+    return {FailureKind::Unsupported, "This is no picture of a known format."};
+}
+
 // Formats whose decoders fill what is missing without a word.
 bool isWhole(std::string_view bytes, PictureKind kind, QSize size)
 {
@@ -118,43 +125,77 @@ QSize storedSize(const QImageReader& reader, const QByteArray& bytes, PictureKin
     return kind == PictureKind::Gif ? gifScreenSize(viewOf(bytes)) : reader.size();
 }
 
-Result<QImage> readWithQt(const QByteArray& bytes, PictureKind kind, const Job& job)
+// Qt's reader of one known kind.
+class QtReader {
+public:
+    QtReader(const QByteArray& bytes, PictureKind kind) : m_reader(&m_device, qtFormat(kind))
+    {
+        constexpr int bytesPerPixel = 8; // 16 bits a channel
+        // In MB, as much as the largest picture allowed needs.
+        QImageReader::setAllocationLimit(static_cast<int>(maxPicturePixels * bytesPerPixel >> 20) +
+                                         1);
+        m_device.setData(bytes);
+        m_device.open(QIODevice::ReadOnly);
+        // The kind is known; guessing again could come out otherwise.
+        m_reader.setAutoDetectImageFormat(false);
+        m_reader.setAutoTransform(true);
+        if (kind == PictureKind::Ico)
+            chooseLargestFrame(m_reader);
+    }
+    QImageReader* operator->() { return &m_reader; }
+    QImageReader& operator*() { return m_reader; }
+
+private:
+    QBuffer m_device;
+    QImageReader m_reader;
+};
+
+// A progressive JPEG may go over its pixels thousands of times.
+Result<void> checkScans(const QByteArray& bytes, PictureKind kind)
 {
-    constexpr int bytesPerPixel = 8; // 16 bits a channel
-    // In MB, as much as the largest picture allowed needs.
-    QImageReader::setAllocationLimit(static_cast<int>(maxPicturePixels * bytesPerPixel >> 20) + 1);
-    QBuffer device;
-    device.setData(bytes);
-    device.open(QIODevice::ReadOnly);
-    QImageReader reader(&device, qtFormat(kind));
-    // The kind is known; guessing again could come out otherwise.
-    reader.setAutoDetectImageFormat(false);
-    reader.setAutoTransform(true);
-    if (kind == PictureKind::Ico)
-        chooseLargestFrame(reader);
-    const QSize stored = storedSize(reader, bytes, kind);
+    if (kind != PictureKind::Jpeg || jpegScans(viewOf(bytes)) <= maxJpegScans)
+        return {};
+    return Failure{FailureKind::TooLarge,
+                   "The JPEG has more than " + std::to_string(maxJpegScans) + " scans."};
+}
+
+Result<QSize> measureWithQt(QtReader& reader, const QByteArray& bytes, PictureKind kind)
+{
+    if (Result<void> few = checkScans(bytes, kind); !few)
+        return few.failure();
+    const QSize stored = storedSize(*reader, bytes, kind);
     if (!stored.isValid())
-        return damagedPicture(reader.errorString());
+        return damagedPicture(reader->errorString());
     if (Result<void> fits = checkPictureSize("The picture", stored.width(), stored.height()); !fits)
         return fits.failure();
+    return stored;
+}
+
+Result<QImage> readWithQt(const QByteArray& bytes, PictureKind kind, const Job& job)
+{
+    QtReader reader(bytes, kind);
+    const Result<QSize> measured = measureWithQt(reader, bytes, kind);
+    if (!measured)
+        return measured.failure();
+    const QSize stored = *measured;
     if (!isWhole(viewOf(bytes), kind, stored))
         return damagedPicture({});
     // Scaled while decoding, which is faster by far and needs less memory.
     if (kind == PictureKind::Jpeg) {
         const bool turned =
-            reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+            reader->transformation().testFlag(QImageIOHandler::TransformationRotate90);
         const Result<QSize> size = wantedSize(job, turned ? stored.transposed() : stored);
         if (!size)
             return size.failure();
         // The decoder works before the turn.
-        reader.setScaledSize(turned ? size->transposed() : *size);
+        reader->setScaledSize(turned ? size->transposed() : *size);
     }
     const DamageWatch watch;
-    QImage picture = reader.read();
+    QImage picture = reader->read();
     if (!DamageWatch::damage().isEmpty())
         return damagedPicture(DamageWatch::damage());
     if (picture.isNull())
-        return damagedPicture(reader.errorString());
+        return damagedPicture(reader->errorString());
     return picture;
 }
 
@@ -179,6 +220,11 @@ Result<QSize> wantedSize(const Job& job, QSize upright)
         return static_cast<int>(std::clamp(value, 1.0, maxPictureSide + 1.0));
     };
     QSize size(job.width, job.height);
+    if (job.inside) {
+        // A very flat picture must not vanish.
+        const bool fits = upright.width() <= job.width && upright.height() <= job.height;
+        return fits ? upright : upright.scaled(size, Qt::KeepAspectRatio).expandedTo({1, 1});
+    }
     if (size.height() == 0)
         size.setHeight(follow(size.width(), upright.width(), upright.height()));
     if (size.width() == 0)
@@ -189,12 +235,22 @@ Result<QSize> wantedSize(const Job& job, QSize upright)
     return size;
 }
 
+Result<QSize> measurePicture(const QByteArray& bytes, const std::string& path)
+{
+    const PictureKind kind = pictureKind(viewOf(bytes), path);
+    if (kind == PictureKind::Unknown)
+        return unknownFormat();
+    if (magickFormat(kind) != nullptr)
+        return measureWithMagick(bytes, magickFormat(kind));
+    QtReader reader(bytes, kind);
+    return measureWithQt(reader, bytes, kind);
+}
+
 Result<QImage> readPicture(const QByteArray& bytes, const Job& job)
 {
     const PictureKind kind = pictureKind(viewOf(bytes), sourceOf(job));
-    // Rather refused than handed to a decoder that might do anything with it.
     if (kind == PictureKind::Unknown)
-        return Failure{FailureKind::Unsupported, "This is no picture of a known format."};
+        return unknownFormat();
     Result<QImage> read = magickFormat(kind) != nullptr
                               ? decodeWithMagick(bytes, magickFormat(kind))
                               : readWithQt(bytes, kind, job);

@@ -40,6 +40,7 @@ int main(int argc, char** argv)
     QtPrompts prompts;
     ProcessToolRunner tools;
     tools.logTo(log);
+    prompts.setPictures([&]() -> PictureTool& { return tools.pictures(run.ToolNConvert); });
     SingleInstance instance;
     if (!instance.acquire()) {
         yieldToOther(instance, prompts);

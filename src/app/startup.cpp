@@ -5,6 +5,7 @@
 #include "base/program_paths.h"
 #include "base/settings_file.h"
 #include "base/text.h"
+#include "base/workspace_root.h"
 #include "fonts/installed_fonts.h"
 
 #include <unistd.h>
@@ -162,26 +163,34 @@ void resetRun(RunState& run)
 
 QStringList workspaceRootNames()
 {
-    // The second name is for a machine where another user's copy holds the first.
     const QString name = temporaryFolder() + programTitle();
-    return {name + QLatin1Char('/'),
-            name + QLatin1Char('-') + QString::number(::geteuid()) + QLatin1Char('/')};
+    // For a machine where another user's copy holds the first name; the rest for further copies of
+    // this user's, which a session without a runtime folder can start.
+    const QString numbered = name + QLatin1Char('-') + QString::number(::geteuid());
+    constexpr int mostCopies = 9;
+    QStringList names{name + QLatin1Char('/'), numbered + QLatin1Char('/')};
+    for (int copy = 2; copy <= mostCopies; ++copy)
+        names.append(numbered + QStringLiteral("-%1/").arg(copy));
+    return names;
 }
 
 // What an existing root holds stays: after a crash the user finds the extracted members there.
 NextStep makeWorkspaceRoot(const Shell& shell)
 {
+    shell.run.rootLock.reset();
     Result<void> made;
     const QStringList names = workspaceRootNames();
     for (const QString& name : names) {
         // The root is removed at the end, and the program must not go with it.
         if (withSeparator(shell.run.AppPath).startsWith(name))
             continue;
-        made = shell.files.makePrivateFolder(name);
-        if (made) {
+        Result<std::shared_ptr<Descriptor>> taken = takeRoot(shell.files, name);
+        if (taken) {
             shell.run.WorkspaceRoot = name;
+            shell.run.rootLock = *taken;
             return NextStep::GoOn;
         }
+        made = taken.failure();
     }
     shell.told(made);
     return NextStep::EndProcess;
@@ -190,12 +199,16 @@ NextStep makeWorkspaceRoot(const Shell& shell)
 void Form_Unload(const Shell& shell)
 {
     const QString appFolder = withSeparator(shell.run.AppPath);
-    // Roots that an earlier crash left go as well. A folder that is not ours or holds the program
-    // is never removed, whatever the variable "Temp" says.
-    const QStringList names = workspaceRootNames() + QStringList(shell.run.WorkspaceRoot);
+    note(shell, removeRoot(shell.files, shell.run.WorkspaceRoot, shell.run.rootLock));
+    shell.run.rootLock.reset();
+    // Roots that an earlier crash left go as well, whatever the variable "Temp" says: one that
+    // another copy holds, that is not ours or that holds the program stays.
+    const QStringList names = workspaceRootNames();
     for (const QString& name : names) {
-        if (!name.isEmpty() && isOwnFolder(name) && !appFolder.startsWith(name))
-            note(shell, shell.files.removeFolder(name));
+        if (!isLeftRoot(name) || appFolder.startsWith(name))
+            continue;
+        if (Result<std::shared_ptr<Descriptor>> taken = takeRoot(shell.files, name))
+            note(shell, removeRoot(shell.files, name, *taken));
     }
     shell.WriteLog(QStringLiteral("End logging"));
 }

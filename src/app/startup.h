@@ -33,14 +33,15 @@ QString storedLanguage(UserStore& store);
 // What is in force when the window comes up: nothing open, no drive chosen, scale 1.
 void resetRun(RunState& run);
 
-// Where WorkspaceRoot may lie, best first: "FENNEL-GFX", then the same with the user's number, in
-// the folder that the environment variable "Temp" names, else in the system's temporary folder.
+// Where WorkspaceRoot may lie, best first: "FENNEL-GFX", then the same with the user's number, then
+// with the number of a copy, in the folder that the environment variable "Temp" names, else in the
+// system's temporary folder.
 QStringList workspaceRootNames();
-// Sets WorkspaceRoot to the first of these names that is free or a folder of this user's, and makes
-// it private. What a crashed run left inside stays. Without any such place the user is told why.
+// Sets WorkspaceRoot to the first of these names that takeRoot() gets. What a crashed run left
+// inside stays. Without any such place the user is told why.
 NextStep makeWorkspaceRoot(const Shell& shell);
 
-// Removes WorkspaceRoot with everything in it, and what a crashed run left under the other name. A
+// Removes WorkspaceRoot with everything in it, and what crashed runs left under the other names. A
 // failure does not stop the exit. Drive tracking has been ended and the font dialog closed before.
 void Form_Unload(const Shell& shell);
 

@@ -196,6 +196,10 @@ Result<void> DiskFiles::copyFolder(const QString& source, const QString& target)
     return forEachFile(source, target, [](const fs::path& from, const fs::path& to) {
         std::error_code error;
         fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
+        // A member's time goes into the archive.
+        std::error_code kept;
+        if (!error)
+            fs::last_write_time(to, fs::last_write_time(from, kept), kept);
         return error.value();
     });
 }

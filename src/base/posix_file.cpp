@@ -4,41 +4,17 @@
 #include "base/failure_kind.h"
 
 #include <cstring>
-#include <filesystem>
 #include <unistd.h>
 
 namespace fennel {
 
 namespace {
 
-constexpr mode_t newFileMode = 0666; // less the user's umask, as every new file
 constexpr int newFileFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW;
 
-// Takes what the file before had. An ordinary user cannot give files away (EPERM): the file then
-// belongs to whoever saves it.
-Result<void> takeOver(const std::string& path, const struct stat& old)
+Failure notPlain(const std::string& path)
 {
-    if (::chmod(path.c_str(), old.st_mode & 07777) != 0)
-        return systemFailure("set the permissions of", path, errno);
-    if (::chown(path.c_str(), old.st_uid, old.st_gid) != 0 && errno != EPERM)
-        return systemFailure("set the owner of", path, errno);
-    return {};
-}
-
-// A rename is safe against a power cut only once its folder is synced too. A failure is not told:
-// the new file is in place already.
-void syncFolder(const std::string& folder)
-{
-    if (const Descriptor file = openFile(folder, O_RDONLY | O_DIRECTORY); file.valid())
-        ::fsync(file.get());
-}
-
-// What a chain of links ends in; the path itself if it is no link.
-std::string linkTarget(const std::string& path)
-{
-    std::error_code error;
-    const auto real = std::filesystem::weakly_canonical(path, error);
-    return error ? path : real.string();
+    return {FailureKind::Unsupported, path + " is no plain file."};
 }
 
 } // namespace
@@ -55,9 +31,9 @@ bool Descriptor::close()
     return number < 0 || ::close(number) == 0;
 }
 
-Descriptor openFile(const std::string& path, int flags, int at)
+Descriptor openFile(const std::string& path, int flags, int at, mode_t mode)
 {
-    return Descriptor(::openat(at, path.c_str(), flags | O_CLOEXEC, newFileMode));
+    return Descriptor(::openat(at, path.c_str(), flags | O_CLOEXEC, mode));
 }
 
 Failure systemFailure(const std::string& verb, const std::string& path, int error)
@@ -77,15 +53,20 @@ Failure tooLarge(const std::string& path, std::uint64_t limit)
 
 Result<OpenedFile> openPlain(const std::string& path, std::uint64_t limit, int at)
 {
-    // Without O_NONBLOCK the open of a pipe would wait for a writer for ever.
-    OpenedFile opened{openFile(path, O_RDONLY | O_NONBLOCK, at)};
+    // Asked before the open, which some devices take for an order, and again behind it. Without
+    // O_NONBLOCK the open of a pipe that came in between would wait for a writer for ever.
+    struct stat before {};
+    if (::fstatat(at, path.c_str(), &before, 0) == 0 && !S_ISREG(before.st_mode) &&
+        !S_ISDIR(before.st_mode))
+        return notPlain(path);
+    OpenedFile opened{openFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY, at)};
     if (!opened.file.valid() || ::fstat(opened.file.get(), &opened.facts) != 0)
         return systemFailure("read", path, errno);
     if (S_ISDIR(opened.facts.st_mode))
         return systemFailure("read", path, EISDIR);
     // Devices and pipes have no size and perhaps no end.
     if (!S_ISREG(opened.facts.st_mode))
-        return Failure{FailureKind::Unsupported, path + " is no plain file."};
+        return notPlain(path);
     if (static_cast<std::uint64_t>(opened.facts.st_size) > limit)
         return tooLarge(path, limit);
     return opened;
@@ -146,33 +127,6 @@ Result<void> writeWhole(const std::string& path, std::span<const std::uint8_t> b
         done = systemFailure("write", path, errno);
     if (!done)
         removeFile(part);
-    return done;
-}
-
-Result<void> replaceWhole(const std::string& path, std::span<const std::uint8_t> bytes)
-{
-    const std::string real = linkTarget(path);
-    struct stat old {};
-    const bool existed = ::stat(real.c_str(), &old) == 0;
-    if (existed && S_ISDIR(old.st_mode))
-        return systemFailure("write", path, EISDIR);
-    // A rename would replace a write-protected file without asking, as it needs rights on the
-    // folder only.
-    if (existed && ::access(real.c_str(), W_OK) != 0)
-        return systemFailure("write", path, errno);
-    // Beside the target, since only a rename within one file system is a single step, under a name
-    // that is short enough everywhere. The process id keeps two copies of the program apart.
-    const std::string folder = real.substr(0, real.rfind('/') + 1);
-    const std::string beside = folder + ".fennel-gfx." + std::to_string(::getpid()) + ".new";
-    Result<void> done = writeFile(beside, newFileFlags, bytes, true);
-    if (done && existed)
-        done = takeOver(beside, old);
-    if (done && ::rename(beside.c_str(), real.c_str()) != 0)
-        done = systemFailure("replace", path, errno);
-    if (done)
-        syncFolder(folder);
-    else
-        removeFile(beside);
     return done;
 }
 

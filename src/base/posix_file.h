@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <fcntl.h>
+#include <functional>
 #include <span>
 #include <string>
 #include <sys/stat.h>
@@ -32,13 +33,16 @@ public:
     [[nodiscard]] bool valid() const { return m_number >= 0; }
     // False if the system tells only now that a write did not reach the disk.
     bool close();
+    // Whoever takes the number closes it.
+    [[nodiscard]] int release() { return std::exchange(m_number, -1); }
 
 private:
     int m_number = -1;
 };
 
 // Closed in programs that are started; a new file has the rights that the user's umask leaves.
-[[nodiscard]] Descriptor openFile(const std::string& path, int flags, int at = AT_FDCWD);
+[[nodiscard]] Descriptor openFile(const std::string& path, int flags, int at = AT_FDCWD,
+                                  mode_t mode = 0666);
 
 // "Cannot VERB PATH: REASON."
 [[nodiscard]] Failure systemFailure(const std::string& verb, const std::string& path, int error);
@@ -101,8 +105,14 @@ Result<void> writeWhole(const std::string& path, std::span<const std::uint8_t> b
 // Replaces the user's file, which is at every moment the whole old or the whole new one, even after
 // a power cut. The new file has the rights and, where that is allowed, the owner of the old one. A
 // path that is a link keeps being one: what it points to is replaced. A file that the user may not
-// write to is not replaced.
+// write to is not replaced, nor one that changed its identity meanwhile, nor what another user's
+// link leads to unless it is that user's. What a killed replacement left in the folder goes.
 Result<void> replaceWhole(const std::string& path, std::span<const std::uint8_t> bytes);
+// The same with what `write` writes into an open file; its failure is the result.
+using WriteInto = std::function<Result<void>(int file)>;
+Result<void> replaceWhole(const std::string& path, const WriteInto& write);
+// Removes what killed replacements of files of this folder left.
+void removeUnfinished(const std::string& path);
 
 // Removes a file or link; a folder stays.
 void removeFile(const std::string& path);

@@ -3,6 +3,13 @@
 
 namespace fennel {
 
+QString workspaceOf(const RunState& run, const QString& name)
+{
+    const bool taken = QStringView(u"~#.=").contains(name.isEmpty() ? QChar(u'=') : name.front()) ||
+                       name.endsWith(QStringLiteral(".jpg"), Qt::CaseInsensitive);
+    return run.WorkspaceRoot + (taken ? QStringLiteral("=") : QString()) + name + QLatin1Char('/');
+}
+
 QString versionText()
 {
     return QStringLiteral("3.3.1011");

@@ -5,12 +5,23 @@
 
 #include <QString>
 
+#include <memory>
+
 namespace fennel {
+
+class Descriptor;
 
 inline constexpr int noFlash = 32; // CurrentFlashChar while no drive is chosen: a blank
 
 // The name that marks a gfxboot made from the template and never saved.
 inline const QString unsavedGfxName = QStringLiteral("@ZUK-MOSA@.gz");
+
+// What a file held when it was read or written; an empty path: not known.
+struct FileMark {
+    QString path;
+    qint64 size = 0;
+    quint32 checksum = 0;
+};
 
 struct RunState {
     QString AppPath;   // folder of the executable, no separator at the end
@@ -24,10 +35,12 @@ struct RunState {
     QString CurrentLang;  // four digits, such as "0409"
     qint64 BuildTime = 0; // seconds since 1970-01-01 00:00:00 GMT
 
-    QString WorkspaceRoot; // ends in "/"; everything in it is removed at exit
-    QString Workspace;     // ends in "/"; the extracted members of the open gfxboot
-    QString GfxPath;       // the open message file
-    QString GfxFileName;   // as shown in the title and the status line
+    QString WorkspaceRoot;                // ends in "/"; everything in it is removed at exit
+    std::shared_ptr<Descriptor> rootLock; // held as long as the root is this run's
+    QString Workspace;                    // ends in "/"; the extracted members of the open gfxboot
+    QString GfxPath;                      // the open message file
+    FileMark GfxMark;                     // as it was opened or saved last
+    QString GfxFileName;                  // as shown in the title and the status line
     bool GfxOpened = false;
     bool GfxHasCfg = false; // Workspace holds gfxboot.cfg
     bool GfxHasZuk = false; // Workspace holds ZUK0000.CFG
@@ -47,6 +60,11 @@ struct RunState {
     int CurrentFlashChar = noFlash; // letter of the chosen drive
     int CurrentFlashDisk = -1;      // its physical disk number; -1 unknown, 0 never booted
 };
+
+// The folder for the members of a gfxboot of that name. Names of work files, which lie in the root
+// too, begin with "~", "#" or a point, or are those of pictures: a gfxboot called so gets a "="
+// before its name.
+QString workspaceOf(const RunState& run, const QString& name);
 
 // The version shown to people, as "major.minor.revision" with the revision padded to two digits.
 QString versionText();

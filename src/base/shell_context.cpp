@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "base/shell_context.h"
 
+#include "base/workspace_root.h"
+
 namespace fennel {
 
 // Asked before every use of a tool, so that a missing one is told by its path instead of by a
 // result that is not there.
 Result<void> Shell::toolThere(const QString& tool) const
 {
+    if (const Result<void> place = needRoot(*this); !place)
+        return tell(place.failure());
     if (FileExists(tool))
         return {};
     const Failure missing{FailureKind::NotFound,

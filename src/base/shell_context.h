@@ -21,6 +21,13 @@ struct Shell {
     QString WriteLog(const QString& text) const { return log.WriteLog(text); }
     // Otherwise the user is shown the tool's path and " not found!", and the failure is told.
     [[nodiscard]] Result<void> toolThere(const QString& tool) const;
+    // Every picture of a file comes from there.
+    [[nodiscard]] PictureTool& pictures() const { return tools.pictures(run.ToolNConvert); }
+    // PictureTool::read(), shown as work that lasts.
+    [[nodiscard]] Result<FilePicture> readPicture(const PictureWish& wish) const
+    {
+        return pictures().read(wish, tools.progress());
+    }
     // The log's line for an error: the number is that of the kind, from 1.
     void logFailure(const Failure& failure) const;
     // Shows the failure to the user in words of the caller's own, once: the result counts as told.

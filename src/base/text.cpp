@@ -3,6 +3,8 @@
 
 #include "base/files.h"
 
+#include <QTextDocument>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -186,6 +188,12 @@ QString hexText(qint64 value)
 {
     const QString digits = QString::number(static_cast<quint64>(value) & 0xFFFFFF, 16).toUpper();
     return QStringLiteral("0x") + digits.rightJustified(6, QLatin1Char('0'));
+}
+
+QString plainTip(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped())
+                                     : text;
 }
 
 } // namespace fennel

@@ -55,4 +55,8 @@ QString upperHex(qint64 value);
 // "0x" and six upper-case digits, the last six of a longer number.
 QString hexText(qint64 value);
 
+// For tool tips, which take what looks like markup for markup, and would fetch its pictures: a text
+// that shows as it stands.
+QString plainTip(const QString& text);
+
 } // namespace fennel

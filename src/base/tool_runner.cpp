@@ -24,12 +24,12 @@ Failure toolFailure(const QString& tool, const QString& what, const QString& sai
     return {FailureKind::ToolFailed, text.toStdString()};
 }
 
-void prepare(QProcess& process, const QString& outputFile)
+void prepare(QProcess& process, const QString& outputFile, bool listened)
 {
-    if (outputFile.isEmpty()) {
+    if (outputFile.isEmpty() && !listened) {
         // Nobody reads it, and a full pipe would stop the tool for ever.
         process.setStandardOutputFile(QProcess::nullDevice());
-    } else {
+    } else if (!outputFile.isEmpty()) {
         process.setProcessChannelMode(QProcess::MergedChannels);
         process.setStandardOutputFile(outputFile);
     }
@@ -37,6 +37,18 @@ void prepare(QProcess& process, const QString& outputFile)
     process.setStandardInputFile(QProcess::nullDevice());
     // A group of its own, so that what the tool starts can be ended with it.
     process.setChildProcessModifier([] { (void)::setpgid(0, 0); });
+}
+
+// Bridges tell how far they are in lines like "share 37"; the last one counts.
+void showShare(QProcess& process, Progress& progress)
+{
+    const QByteArray said = process.readAllStandardOutput();
+    const QByteArray word = QByteArrayLiteral("share ");
+    const qsizetype at = said.lastIndexOf(word);
+    bool good = false;
+    const int percent = said.mid(at + word.size()).split('\n').first().toInt(&good);
+    if (at >= 0 && good)
+        progress.setShare(percent / 100.0);
 }
 
 void killGroup(QProcess& process)
@@ -53,6 +65,13 @@ void killGroup(QProcess& process)
 Failure canceledByUser()
 {
     return {FailureKind::Canceled, "Canceled by user"};
+}
+
+PictureTool& ToolRunner::pictures(const QString& tool)
+{
+    if (!m_pictures || m_pictures->tool() != tool)
+        m_pictures = std::make_unique<PictureTool>(tool);
+    return *m_pictures;
 }
 
 Result<void> ProcessToolRunner::RunToolAndWait(const QStringList& commandLine)
@@ -78,7 +97,7 @@ Result<void> ProcessToolRunner::run(const QStringList& commandLine, const QStrin
         m_log->WriteLog(QStringLiteral("      ") + commandLine.join(QLatin1Char(' ')));
     const QString& tool = commandLine.first();
     QProcess process;
-    prepare(process, outputFile);
+    prepare(process, outputFile, !m_progress.isNull());
     process.start(tool, commandLine.mid(1), QIODevice::ReadOnly);
     if (!process.waitForStarted(m_timeLimitMs))
         return toolFailure(tool, QStringLiteral("could not be started."), process.errorString());
@@ -123,6 +142,12 @@ ProcessToolRunner::End ProcessToolRunner::turnLoop(QProcess& process, Progress& 
     QTimer limit;
     limit.setSingleShot(true);
     QObject::connect(&limit, &QTimer::timeout, &loop, &QEventLoop::quit);
+    QObject::connect(&process, &QProcess::readyReadStandardOutput, &loop, [&] {
+        showShare(process, progress);
+        // What goes on is not hung; the time without a sign of it counts.
+        if (limit.isActive() && limit.interval() > Progress::patienceMs)
+            limit.start();
+    });
     const auto turn = [&](int timeMs, QEventLoop::ProcessEventsFlags flags) {
         // It may have ended before the loop listened.
         if (process.state() == QProcess::NotRunning || progress.cancelled())

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "base/log.h"
+#include "base/picture_tool.h"
 #include "base/progress.h"
 #include "base/result.h"
 
@@ -30,6 +31,13 @@ public:
     virtual Result<void> runIntoFile(const QStringList& commandLine, const QString& outputFile) = 0;
     // What the last run wrote to standard error, trimmed, at most 2,000 characters.
     [[nodiscard]] virtual QString lastErrorOutput() const = 0;
+    // The picture bridge, which stays; Shell::pictures() names it.
+    [[nodiscard]] PictureTool& pictures(const QString& tool);
+    // Where work that lasts is shown; null if nowhere.
+    [[nodiscard]] virtual Progress* progress() const { return nullptr; }
+
+private:
+    std::unique_ptr<PictureTool> m_pictures;
 };
 
 // "Canceled by user".
@@ -50,6 +58,7 @@ public:
     // From now on the event loop turns while a tool runs, and the tool can be called off. Whoever
     // shows the progress keeps the user's input from the rest of the program meanwhile.
     void showIn(Progress& progress) { m_progress = &progress; }
+    [[nodiscard]] Progress* progress() const override { return m_progress; }
 
 private:
     enum class End { ByItself, OutOfTime, Canceled };

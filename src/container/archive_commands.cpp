@@ -2,14 +2,21 @@
 #include "container/archive_commands.h"
 
 #include "base/file_steps.h"
+#include "base/posix_file.h"
 #include "container/archive_tools.h"
 #include "container/gfx_save.h"
+#include "container/gzip.h"
 #include "container/member_list.h"
 #include "container/member_name.h"
+#include "container/member_table.h"
 #include "container/staging.h"
 
 #include <QDir>
 #include <QFile>
+
+#include <algorithm>
+#include <limits>
+#include <sys/stat.h>
 
 namespace fennel {
 
@@ -59,6 +66,27 @@ bool holds(const QString& staging, const QString& target, const QString& archive
            FileExists(withSeparator(staging) + namePart(archive));
 }
 
+// One question for all files of the folder that would be replaced.
+bool mayReplaceFiles(const Shell& shell, const QString& staging, const QString& folder)
+{
+    const QByteArray place = QFile::encodeName(withSeparator(folder));
+    QStringList there;
+    for (const QByteArray& name : plainFiles(staging)) {
+        if (struct stat facts{}; ::lstat((place + name).constData(), &facts) == 0)
+            there.append(memberName(name).text);
+    }
+    if (there.isEmpty())
+        return true;
+    constexpr qsizetype shown = 10;
+    const qsizetype more = there.size() - shown;
+    std::sort(there.begin(), there.end());
+    return shell.prompts.ShowMessage(
+               u"These files exist already in %1:\n%2%3\nDo you want to replace them?"_s.arg(
+                   folder, there.mid(0, shown).join(u'\n'),
+                   more > 0 ? u"\n... and %1 more"_s.arg(more) : QString()),
+               MessageType::YesNo, u"Extract"_s) == Answer::Yes;
+}
+
 Result<void> extractTo(const Shell& shell, const QString& archive, const QString& folder)
 {
     const Staging staging(shell, u"#extract"_s);
@@ -68,17 +96,22 @@ Result<void> extractTo(const Shell& shell, const QString& archive, const QString
         return extracted;
     if (holds(staging.path(), folder, archive))
         return wouldReplaceItself(archive);
-    return deliver(shell, staging.path(), folder);
+    return mayReplaceFiles(shell, staging.path(), folder) ? deliver(shell, staging.path(), folder)
+                                                          : Result<void>();
 }
 
-// "#.lst" of all files but the bridges' own.
+// "#.lst" of all files but the bridges' own, in the order of an archive that is saved.
 Result<void> makeList(const Shell& shell, const QString& folder)
 {
     QByteArray names;
+    std::vector<std::pair<std::size_t, QByteArray>> members;
     for (const QByteArray& name : plainFiles(folder)) {
         if (!isWorkingFile(name.toStdString()))
-            names += name + "\r\n";
+            members.emplace_back(memberPlace(memberName(name).text), name);
     }
+    std::ranges::sort(members);
+    for (const auto& [place, name] : members)
+        names += name + "\r\n";
     if (names.isEmpty())
         return Failure{FailureKind::NotFound, folder.toStdString() + " holds no files."};
     const QString fresh = shell.run.WorkspaceRoot + memberListName;
@@ -112,30 +145,58 @@ void saveAssembled(const Shell& shell, const QString& made, const QString& folde
         (void)shell.files.remove(made);
 }
 
-Result<void> unwrapBeside(const Shell& shell, const QString& file)
+// The first bytes of a file, as many as any header has.
+QByteArray startOf(const QString& file)
 {
-    const Staging staging(shell, u"#unwrap"_s);
-    if (Result<void> made = staging.made(); !made)
-        return made;
-    const Result<QString> name = SevenZipExtract(shell, file, staging.path());
-    if (!name)
-        return name.failure();
-    if (name->isEmpty())
-        return Failure{FailureKind::Malformed, file.toStdString() + " is no gZip archive."};
-    const QString folder = folderPart(file);
-    for (const QByteArray& bytes : plainFiles(staging.path())) {
-        const QString made = QFile::decodeName(bytes);
-        if (made != *name && made.startsWith(u'#')) {
-            // A tool's report that stayed would go to the user's folder with the contents.
-            if (Result<void> gone = shell.files.remove(withSeparator(staging.path()) + made); !gone)
-                return gone;
-        } else if (shortForm(folder + made) == shortForm(file)) {
-            return wouldReplaceItself(file);
-        } else if (!mayReplace(shell, folder + made, {}, u"Extract"_s)) {
-            return {};
-        }
+    constexpr qsizetype most = 128LL * 1024;
+    QByteArray start(most, '\0');
+    const Result<OpenedFile> opened =
+        openPlain(QFile::encodeName(file).toStdString(), std::numeric_limits<std::uint64_t>::max());
+    const std::ptrdiff_t got =
+        opened ? readInto(opened->file.get(), {reinterpret_cast<std::uint8_t*>(start.data()), most})
+               : 0;
+    start.truncate(std::max<std::ptrdiff_t>(got, 0));
+    return start;
+}
+
+// One run of the streaming tool, which replaces `target`. What it ignored is told.
+void streamTo(const Shell& shell, const QString& verb, const QString& file, const QString& target)
+{
+    const Result<void> ran =
+        shell.tools.RunToolAndWait({shell.run.Tool7Zip, verb, file, target, u",0"_s});
+    const QString said = shell.tools.lastErrorOutput();
+    if (!ran || !FileExists(target))
+        removeUnfinished(QFile::encodeName(target).toStdString());
+    if (!ran || said.startsWith("7zip_bridge: "_L1))
+        (void)shell.tell(ran ? Failure{FailureKind::ToolFailed, said.toStdString()}
+                             : ran.failure());
+    else if (!said.isEmpty())
+        shell.prompts.ShowMessage(said);
+}
+
+void unwrapBeside(const Shell& shell, const QString& file)
+{
+    const QByteArray start = startOf(file);
+    const std::span bytes(reinterpret_cast<const std::uint8_t*>(start.constData()),
+                          static_cast<std::size_t>(start.size()));
+    if (!isGzip(bytes)) {
+        (void)shell.tell({FailureKind::Malformed, file.toStdString() + " is no gZip archive."});
+        return;
     }
-    return deliver(shell, staging.path(), folder);
+    const std::string stored = gzipStoredName(bytes);
+    const std::string inner =
+        gzipInnerName(stored, QFile::encodeName(namePart(file)).toStdString());
+    const QString target = folderPart(file) + QString::fromStdString(inner);
+    if (shortForm(target) == shortForm(file)) {
+        (void)shell.tell(wouldReplaceItself(file));
+        return;
+    }
+    if (!stored.empty() && gzipInnerName(stored, {}) != inner)
+        shell.prompts.ShowMessage(
+            u"The name inside, %1, cannot be used.\nThe contents are saved as "
+            "%2."_s.arg(QString::fromStdString(printableName(stored)), namePart(target)));
+    if (mayReplace(shell, target, {}, u"Extract"_s))
+        streamTo(shell, u"UNPK"_s, file, target);
 }
 
 } // namespace
@@ -187,7 +248,7 @@ void mnuT_GZip_Extract(const Shell& shell)
                              u"gZip-files (*.gz)|*.gz|All files (*.*)|*.*|"_s, QDir::homePath());
     if (file.isEmpty() || !shell.toolThere(shell.run.Tool7Zip))
         return;
-    (void)shell.told(unwrapBeside(shell, shortForm(file)));
+    unwrapBeside(shell, shortForm(file));
 }
 
 void mnuT_GZip_Pack(const Shell& shell)
@@ -201,14 +262,8 @@ void mnuT_GZip_Pack(const Shell& shell)
         shell.prompts.ShowMessage(u"File "_s + file + u".gz is already exist."_s);
         return;
     }
-    const Result<QString> packed =
-        SevenZipPack(shell, shortForm(file), shell.run.WorkspaceRoot, {});
-    if (!packed) {
-        (void)shell.tell(packed.failure());
-        return;
-    }
-    (void)shell.told(shell.files.replaceWhole(*packed, target));
-    (void)shell.files.remove(*packed);
+    if (shell.toolThere(shell.run.Tool7Zip))
+        streamTo(shell, u"PACK"_s, shortForm(file), target);
 }
 
 } // namespace fennel

@@ -95,6 +95,11 @@ Result<QString> SevenZipExtract(const Shell& shell, const QString& file, const Q
     const QString name = testedName(*report);
     if (name.isEmpty())
         return name;
+    const QByteArray tail = QByteArrayLiteral("Tail Size: ");
+    if (const qsizetype at = report->indexOf(tail); at >= 0)
+        shell.prompts.ShowMessage(
+            QStringLiteral("%1: %2 bytes behind the end of the gzip data are ignored.")
+                .arg(file, QString::fromLatin1(report->mid(at + tail.size()).split('\r').first())));
     ran = shell.tools.RunToolAndWait(
         {tool, QStringLiteral("EXTR"), file, folder, sevenZipLog, suffix});
     if (!ran || !shell.tools.lastErrorOutput().isEmpty())

@@ -7,12 +7,19 @@
 
 #include <QDir>
 
+#include <libdeflate.h>
+
 namespace fennel {
 
 namespace {
 
 const QString canceled = QStringLiteral("Canceled by user");
 const QString archiveName = QStringLiteral("#message");
+
+QString targetOf(const RunState& run)
+{
+    return folderPart(run.GfxPath) + run.GfxFileName;
+}
 
 // The file to deliver, built in the Workspace.
 Result<QString> buildMessage(const Shell& shell)
@@ -35,12 +42,27 @@ Result<void> deliver(const Shell& shell)
     const Result<QString> built = buildMessage(shell);
     if (!built)
         return built.failure();
-    const QString target = folderPart(shell.run.GfxPath) + shell.run.GfxFileName;
+    const QString target = targetOf(shell.run);
     // The user's file is touched only here, when the new one is complete.
     if (Result<void> moved = shell.files.replaceWhole(*built, target); !moved)
         return moved;
     (void)shell.files.remove(*built);
     return {};
+}
+
+// By what it holds: times and numbers of a stick's file change without a hand laid on it.
+bool mayReplaceChanged(const Shell& shell)
+{
+    const FileMark& was = shell.run.GfxMark;
+    const QString target = targetOf(shell.run);
+    const FileMark now = was.path == target ? markOf(target) : FileMark();
+    if (now.path.isEmpty() || (now.size == was.size && now.checksum == was.checksum))
+        return true;
+    return shell.prompts.ShowMessage(
+               QStringLiteral("%1 was changed by another program since it was opened here.\n"
+                              "Do you want to replace it with your version?")
+                   .arg(target),
+               MessageType::YesNo, QStringLiteral("Gfxboot Save")) == Answer::Yes;
 }
 
 void tellNotSaved(const Shell& shell, const Failure& failure)
@@ -99,6 +121,15 @@ bool adoptTarget(const Shell& shell, const SaveTarget& target, const QString& wo
 
 } // namespace
 
+FileMark markOf(const QString& path)
+{
+    const Result<QByteArray> bytes = readBytes(path);
+    if (!bytes)
+        return {};
+    return {path, bytes->size(),
+            libdeflate_crc32(0, bytes->constData(), static_cast<std::size_t>(bytes->size()))};
+}
+
 QString proposedCopyName(const QString& name)
 {
     // Up to the first point, so "message.gz" and "message" both propose "messageNew".
@@ -152,10 +183,12 @@ bool GfxSave(const Shell& shell, const WriteParameters& writeParameters)
         shell.prompts.ShowMessage(QStringLiteral("Gfxboot info is lost!"));
         return false;
     }
-    if (!writeParameters())
+    if (!mayReplaceChanged(shell) || !writeParameters())
         return false;
     const Result<void> done = deliver(shell);
-    if (!done)
+    if (done)
+        shell.run.GfxMark = markOf(targetOf(shell.run));
+    else
         tellNotSaved(shell, done.failure());
     return done.ok();
 }
@@ -167,7 +200,7 @@ bool GfxSaveAs(const Shell& shell, const WriteParameters& writeParameters)
         return false;
     RunState& run = shell.run;
     const RunState before = run;
-    const QString workspace = run.WorkspaceRoot + target->name + QLatin1Char('/');
+    const QString workspace = workspaceOf(run, target->name);
     // What was once opened under this name must not mix with the copy.
     const bool known = workspace != run.Workspace && FolderExists(workspace);
     const QString aside = run.WorkspaceRoot + QStringLiteral("~undo_folder");

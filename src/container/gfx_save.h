@@ -13,13 +13,17 @@ namespace fennel {
 // the user was told.
 using WriteParameters = std::function<bool()>;
 
-// Saves under the name in the run state, gzipped if GfxIsGz. True if the file is written; otherwise
+// Saves under the name in the run state, gzipped if GfxIsGz. What somebody else wrote there since
+// it was opened or saved is replaced only after a question. True if the file is written; otherwise
 // the user was told why, and the old file is as it was.
 bool GfxSave(const Shell& shell, const WriteParameters& writeParameters);
 
 // Asks for a place, a name and whether to compress, and saves there. The run state names the new
 // file only if it was written.
 bool GfxSaveAs(const Shell& shell, const WriteParameters& writeParameters);
+
+// Size and checksum of a file; without a path if it cannot be read.
+FileMark markOf(const QString& path);
 
 // The name that is proposed for a copy: the name up to its first point and "New".
 QString proposedCopyName(const QString& name);

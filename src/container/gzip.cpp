@@ -138,7 +138,7 @@ public:
         // A file may be several members joined; their contents are one stream, named by the first.
         for (bool first = true; !m_rest.empty(); first = false) {
             if (!isGzip(m_rest))
-                return padding();
+                return ended();
             Result<MemberHeader> header = readHeader(m_rest);
             if (!header)
                 return header.failure();
@@ -153,12 +153,12 @@ public:
     }
 
 private:
-    Result<GzipContents> padding()
+    Result<GzipContents> ended()
     {
         // Zeros behind the end may come from media that store whole blocks.
-        if (std::all_of(m_rest.begin(), m_rest.end(), [](std::uint8_t b) { return b == 0; }))
-            return std::move(m_contents);
-        return Failure{FailureKind::Malformed, "a gzip file with unknown bytes behind its end"};
+        if (std::any_of(m_rest.begin(), m_rest.end(), [](std::uint8_t b) { return b != 0; }))
+            m_contents.trailing = m_rest.size();
+        return std::move(m_contents);
     }
 
     // Appends one member's contents, each try with twice the room of the last.
@@ -267,9 +267,12 @@ bool isUtf8(std::string_view text)
     return expected == 0;
 }
 
-// The editor has to find the file again by the name in the report, which it reads as UTF-8.
+// The editor has to find the file again by the name in the report, which it reads as UTF-8, up to a
+// comma.
 bool usable(std::string_view name)
 {
+    if (name.find(',') != std::string_view::npos)
+        return false;
     // These two are right in a name of our own working files, and wrong as a member of an archive.
     return name == "#message" || name == "#message.gz" ||
            (whyNoMemberName(name).empty() && isUtf8(name));
@@ -316,6 +319,17 @@ Result<std::vector<std::uint8_t>> gzipCompress(Bytes data, std::string_view name
     put32(file, libdeflate_crc32(0, data.data(), data.size()));
     put32(file, static_cast<std::uint32_t>(data.size()));
     return file;
+}
+
+std::string gzipStoredName(Bytes start)
+{
+    if (!isGzip(start))
+        return {};
+    // A start that is cut off behind the header is as good as the whole.
+    std::vector<std::uint8_t> padded(start.begin(), start.end());
+    padded.resize(padded.size() + footer);
+    const Result<MemberHeader> header = readHeader(padded);
+    return header ? header->name : std::string();
 }
 
 Result<GzipContents> gzipDecompress(Bytes file, std::size_t limit)

@@ -56,6 +56,13 @@ MemberKind memberKind(const QString& name)
     return entry == nullptr ? MemberKind::Unknown : entry->kind;
 }
 
+std::size_t memberPlace(const QString& name)
+{
+    const MemberPattern* entry = fitting(memberPatterns, name);
+    return entry == nullptr ? memberPatterns.size()
+                            : static_cast<std::size_t>(entry - memberPatterns.data());
+}
+
 // With regard to case: "BACK.JPG" is a member like any other.
 bool IsRequiredMember(const QString& name)
 {

@@ -55,6 +55,9 @@ QString backgroundFile(const QString& folder, qint64 number);
 // The kind by pattern; a name outside the catalogue by its ending.
 MemberKind memberKind(const QString& name);
 
+// Where a member stands among the patterns, and behind all of them if none fits.
+std::size_t memberPlace(const QString& name);
+
 // True for the four names that must stay; compared with case.
 bool IsRequiredMember(const QString& name);
 

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "container/staging.h"
 
+#include "base/workspace_root.h"
+
 namespace fennel {
 
 Staging::Staging(const Shell& shell, const QString& name)
-    : m_shell(shell), m_folder(shell.run.WorkspaceRoot + name + QStringLiteral("-XXXXXX"))
+    : m_shell(shell), m_root(needRoot(shell)),
+      m_folder(shell.run.WorkspaceRoot + name + QStringLiteral("-XXXXXX"))
 {
     // QTemporaryDir cannot remove files whose names have no QString.
     m_folder.setAutoRemove(false);
@@ -18,8 +21,8 @@ Staging::~Staging()
 
 Result<void> Staging::made() const
 {
-    if (m_folder.isValid())
-        return {};
+    if (!m_root || m_folder.isValid())
+        return m_root;
     return Failure{FailureKind::Io, "Cannot make a folder in " +
                                         m_shell.run.WorkspaceRoot.toStdString() + ": " +
                                         m_folder.errorString().toStdString()};

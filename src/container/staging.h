@@ -23,6 +23,7 @@ public:
 
 private:
     const Shell& m_shell;
+    Result<void> m_root;
     QTemporaryDir m_folder;
 };
 

@@ -47,6 +47,7 @@ public:
 
     // --- what is open
     [[nodiscard]] const ParamState& state() const { return m_state; }
+    [[nodiscard]] const Shell& shell() const { return m_shell; }
     [[nodiscard]] const RunState& run() const { return m_shell.run; }
     [[nodiscard]] Generation generation() const;
     [[nodiscard]] const PanelRec* object(int row) const { return m_state.object(row); }

@@ -2,12 +2,11 @@
 #include "document/opening.h"
 
 #include "container/archive_tools.h"
+#include "container/gfx_save.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
 #include "container/staging.h"
 #include "container/template.h"
-
-#include <QImageReader>
 
 namespace fennel {
 
@@ -23,11 +22,15 @@ Failure aboutFile(const Failure& failure, const QString& archive, const QString&
 // Unwraps and extracts `path` into an empty folder. True if it was wrapped.
 Result<bool> extract(const Shell& shell, const QString& path, const QString& folder)
 {
-    const Result<QString> inner = SevenZipExtract(shell, path, folder);
+    // The archive lies apart from its members: whatever it is called, it is none of them.
+    const Staging unwrapped(shell, QStringLiteral("#unwrap"));
+    if (Result<void> made = unwrapped.made(); !made)
+        return made.failure();
+    const Result<QString> inner = SevenZipExtract(shell, path, unwrapped.path());
     if (!inner && inner.failure().kind == FailureKind::Canceled)
         return inner.failure();
     const bool wrapped = inner && !inner->isEmpty();
-    const QString archive = wrapped ? withSeparator(folder) + *inner : path;
+    const QString archive = wrapped ? withSeparator(unwrapped.path()) + *inner : path;
     // Tried also if the unwrapping failed: a plain archive needs no 7-Zip.
     const Result<void> extracted = CpioInfoExtract(shell, archive, folder);
     if (!extracted && extracted.failure().kind == FailureKind::Canceled)
@@ -41,6 +44,25 @@ Result<bool> extract(const Shell& shell, const QString& path, const QString& fol
     return wrapped;
 }
 
+// The new members take the place of those of an earlier open under this name: what the new file
+// lacks must be neither shown nor saved with it.
+Result<void> takePlace(const Shell& shell, const QString& staging, const QString& folder)
+{
+    if (!FolderExists(folder))
+        return shell.files.rename(staging, folder);
+    const Staging before(shell, QStringLiteral("#before"));
+    const QString aside = withSeparator(before.path()) + QStringLiteral("members");
+    Result<void> moved = before.made();
+    if (moved)
+        moved = shell.files.rename(folder, aside);
+    if (!moved)
+        return moved;
+    moved = shell.files.rename(staging, folder);
+    if (!moved)
+        (void)shell.told(shell.files.rename(aside, folder));
+    return moved;
+}
+
 // Everything is extracted beside the Workspace first, so that a broken file spoils nothing.
 Result<bool> fillFolder(const Shell& shell, const QString& path, const QString& folder)
 {
@@ -48,10 +70,13 @@ Result<bool> fillFolder(const Shell& shell, const QString& path, const QString& 
     if (Result<void> made = staging.made(); !made)
         return made.failure();
     Result<bool> wrapped = extract(shell, path, staging.path());
-    if (!wrapped)
+    // Nothing there: a tool is missing.
+    if (!wrapped || plainFiles(staging.path()).isEmpty())
         return wrapped;
-    // Members of an earlier open under this name that the new file lacks stay there.
-    if (Result<void> delivered = shell.files.moveFiles(staging.path(), folder); !delivered)
+    // It is what every generation has: an archive without it is no boot screen.
+    if (!FileExists(withSeparator(staging.path()) + mainBackName))
+        return Failure{FailureKind::Unsupported, {}};
+    if (Result<void> delivered = takePlace(shell, staging.path(), folder); !delivered)
         return delivered.failure();
     return wrapped;
 }
@@ -84,6 +109,7 @@ void setRunState(const Shell& shell, const QString& path, const QString& folder,
     run.GfxIsGz = wrapped;
     run.GfxPath = path;
     run.Workspace = folder;
+    run.GfxMark = markOf(path);
     run.GfxFileName = namePart(path);
     run.GfxOpened = true;
     run.BackFile = folder + mainBackName;
@@ -119,7 +145,7 @@ private:
 
 void Opening::measureBack()
 {
-    if (measureBackground(m_shell.run))
+    if (measureBackground(m_shell))
         return;
     m_shell.prompts.ShowMessage(QStringLiteral("%1 is not a picture that can be shown.\n"
                                                "The screen counts as %2x%3 until it is changed.")
@@ -162,7 +188,9 @@ void Opening::upgradeEngine()
     if (!WriteResource(m_shell, m_shell.run.Workspace, QStringLiteral("init")) ||
         !WriteResource(m_shell, m_shell.run.Workspace, mainFontName))
         return;
-    (void)RebuildMemberList(m_shell, {});
+    // The older one may have lacked them.
+    (void)RebuildMemberList(m_shell, QStringLiteral("init"));
+    (void)RebuildMemberList(m_shell, mainFontName);
     scanFonts();
     m_listener.engineUpgraded();
 }
@@ -208,11 +236,13 @@ void Opening::readAll()
 
 } // namespace
 
-bool measureBackground(RunState& run)
+bool measureBackground(const Shell& shell)
 {
-    // From the picture's header alone. Places on the screen are kept in 16 bits.
-    const QSize size = QImageReader(run.Workspace + QStringLiteral("back.jpg")).size();
-    constexpr int limit = 32767;
+    RunState& run = shell.run;
+    const Result<FilePicture> back =
+        shell.readPicture({run.Workspace + mainBackName, PictureMode::Measure});
+    const QSize size = back ? back->stored : QSize();
+    constexpr int limit = 32767; // places on the screen are kept in 16 bits
     const bool readable = size.isValid() && size.width() <= limit && size.height() <= limit;
     run.BackWidth = readable ? size.width() : fallbackBackWidth;
     run.BackHeight = readable ? size.height() : fallbackBackHeight;
@@ -224,9 +254,8 @@ bool gfxboot_open(const OpenTarget& target, const QString& path, OpenListener& l
     const Shell& shell = target.shell;
     shell.WriteLog(QStringLiteral("gfxboot_open -----v\n"));
     listener.openBegins();
-    const QString folder = shell.run.WorkspaceRoot + namePart(path) + QLatin1Char('/');
+    const QString folder = workspaceOf(shell.run, namePart(path));
     const Result<bool> wrapped = fillFolder(shell, path, folder);
-    // "back.jpg" is what every generation has: an archive without it is no boot screen.
     const bool opened = wrapped && FileExists(folder + mainBackName);
     if (opened) {
         setRunState(shell, path, folder, *wrapped);

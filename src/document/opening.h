@@ -68,7 +68,7 @@ QString newGfxboot(const Shell& shell);
 
 // Sets BackWidth and BackHeight from back.jpg of the Workspace; false if it is no picture that can
 // be shown, and counts with the size below.
-bool measureBackground(RunState& run);
+bool measureBackground(const Shell& shell);
 
 // The size that a background counts with if its picture cannot be read.
 inline constexpr int fallbackBackWidth = 800;

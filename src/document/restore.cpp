@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "document/restore.h"
 
+#include "container/gfx_save.h"
 #include "params/cfg_table.h"
 
 namespace fennel {
@@ -94,6 +95,8 @@ void restoreValues(Document& document, RunState& run, const JournalValues& value
     if (!values.source.path.isEmpty()) {
         run.GfxPath = values.source.path;
         run.GfxIsGz = values.gz;
+        // That it had changed was told.
+        run.GfxMark = markOf(run.GfxPath);
     }
     Change change;
     restoreParams(document, values, change);

@@ -5,8 +5,6 @@
 #include "base/text.h"
 #include "params/panel_values.h"
 
-#include <QImageReader>
-
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -248,10 +246,10 @@ PanelRec panelFrom(const ObjectSpec& spec, int row)
 
 void setLogoSize(const Shell& shell, PanelRec& logo)
 {
-    QImageReader reader(withSeparator(shell.run.Workspace) + QStringLiteral("Logo_msk.jpg"));
-    // Members are named ".jpg" whatever is in them.
-    reader.setDecideFormatFromContent(true);
-    QSize size = reader.size();
+    const Result<FilePicture> mask =
+        shell.readPicture({withSeparator(shell.run.Workspace) + QStringLiteral("Logo_msk.jpg"),
+                           PictureMode::Measure});
+    QSize size = mask ? mask->stored : QSize();
     // Without a size the logo could not be seen or selected; the message says that it is a guess.
     if (size.isEmpty()) {
         size = {100, 50};

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "screen/background.h"
 
-#include "base/on_black.h"
 #include "base/text.h"
-
-#include <QImageReader>
 
 namespace fennel {
 
@@ -54,37 +51,23 @@ Result<void> makeScaledBack(const Shell& shell, const ResizeJpgCall& resize)
     return resize(size.width(), size.height(), run.BackFile, target);
 }
 
-Result<void> checkPicture(const QString& path)
+Result<void> checkPicture(const Shell& shell, const QString& path)
 {
     if (!FileExists(path))
         return failure(FailureKind::NotFound, u"File %1 not found"_s.arg(path));
-    QImageReader reader(path);
-    // Members are named ".jpg" whatever is in them.
-    reader.setDecideFormatFromContent(true);
-    if (!reader.canRead())
-        return failure(FailureKind::Malformed, u"%1: %2"_s.arg(path, reader.errorString()));
-    const QSize size = reader.size();
-    if (size.isValid() && !backSizeAllowed(size))
-        return tooLarge(path, size);
-    return {};
+    const Result<FilePicture> found = shell.readPicture({path, PictureMode::Measure});
+    if (!found)
+        return found.failure();
+    return backSizeAllowed(found->stored) ? Result<void>() : tooLarge(path, found->stored);
 }
 
-Result<QImage> loadPicture(const QString& path)
+Result<QImage> loadPicture(const Shell& shell, const QString& path, QSize room)
 {
-    if (const Result<void> checked = checkPicture(path); !checked)
+    if (const Result<void> checked = checkPicture(shell, path); !checked)
         return checked.failure();
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    QImage image = reader.read();
-    if (image.isNull())
-        return failure(FailureKind::Malformed, u"%1: %2"_s.arg(path, reader.errorString()));
-    // Some formats tell their size only with the picture.
-    if (!backSizeAllowed(image.size()))
-        return tooLarge(path, image.size());
-    // A name with "@2x" would halve the picture.
-    image.setDevicePixelRatio(1);
-    return onBlack(std::move(image));
+    Result<FilePicture> read =
+        shell.readPicture({path, room.isEmpty() ? PictureMode::Whole : PictureMode::Inside, room});
+    return read ? Result<QImage>(std::move(read->image)) : read.failure();
 }
 
 } // namespace fennel

@@ -14,8 +14,7 @@ namespace fennel {
 inline const QString scaledBackName = QStringLiteral("~bck_scale~.jpg");
 
 // No side of a shown background is longer, and no more memory is taken: 32 million pixels of four
-// bytes are two screens of 5120 by 2880. A file that claims more is told as too large before
-// a byte of it is decoded.
+// bytes are two screens of 5120 by 2880. A file that claims more is told as too large.
 inline constexpr int maxBackSide = 16384;
 inline constexpr qint64 maxBackPixels = 32'000'000;
 // Pixels; true within maxBackSide and maxBackPixels.
@@ -33,9 +32,10 @@ Result<void> makeScaledBack(const Shell& shell, const ResizeJpgCall& resize);
 
 // The claims of a picture's header, without decoding it: NotFound, TooLarge, or Malformed if the
 // bytes are those of no known format.
-Result<void> checkPicture(const QString& path);
+Result<void> checkPicture(const Shell& shell, const QString& path);
 // A picture file by its content, whatever its name says, upright, transparent parts on black, as
-// Format_RGB32. Fails with NotFound, TooLarge (maxBackSide, maxBackPixels) or Malformed.
-Result<QImage> loadPicture(const QString& path);
+// Format_RGB32; scaled down to lie inside `room` if that is not empty. Fails with NotFound,
+// TooLarge (maxBackSide, maxBackPixels), Malformed or what PictureTool says.
+Result<QImage> loadPicture(const Shell& shell, const QString& path, QSize room = {});
 
 } // namespace fennel

@@ -125,6 +125,25 @@ Result<JpegHead> readJpegHead(std::string_view bytes)
     return malformed;
 }
 
+int jpegScans(std::string_view bytes)
+{
+    int scans = 0;
+    std::size_t at = 2;
+    // A 0 behind 0xFF is a coded byte; what stands alone has no length to pass over.
+    while ((at = bytes.find('\xFF', at)) < bytes.size() && at + 4 <= bytes.size()) {
+        const int marker = byteAt(bytes, at + 1);
+        if (marker == Eoi || (marker == Sos && ++scans > maxJpegScans))
+            break;
+        if (marker == 0xFF)
+            at += 1;
+        else if (marker == 0 || standsAlone(marker))
+            at += 2;
+        else
+            at += 2 + static_cast<std::size_t>(wordAt(bytes, at + 2));
+    }
+    return scans;
+}
+
 // What the engine's own small decoder can do; the first fault found is the one told.
 Result<void> checkBootable(const JpegHead& head)
 {

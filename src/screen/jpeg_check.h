@@ -27,6 +27,11 @@ struct JpegHead {
 // are no JPEG or end before that.
 Result<JpegHead> readJpegHead(std::string_view bytes);
 
+// How often the file goes over the picture: 1 to 4 in a baseline JPEG, some ten in a progressive
+// one. Stops counting above maxJpegScans.
+inline constexpr int maxJpegScans = 100;
+int jpegScans(std::string_view bytes);
+
 // A failure's text says what keeps the picture from the boot screen, such as "progressive".
 Result<void> checkBootable(const JpegHead& head);
 

@@ -105,13 +105,13 @@ void mnuT_NConvert_Resize(const Shell& shell, PictureClipboard& clipboard)
     const QString output = shell.run.WorkspaceRoot + resizedName;
     if (!ResizeJpg(shell, width, height, file, output))
         return;
-    const QImage picture(output);
-    if (picture.isNull()) {
+    const Result<FilePicture> picture = shell.readPicture({output});
+    if (!picture) {
         shell.prompts.ShowMessage(namePart(output) + u" cannot be loaded."_s);
         return;
     }
     // From the file and not from memory, so the clipboard has what the tool made of it.
-    clipboard.setPicture(picture);
+    clipboard.setPicture(picture->image);
     shell.prompts.ShowMessage(resizedMessage);
     // The commands that use the clipboard's picture look for it under this name.
     shell.told(shell.files.rename(output, shell.run.WorkspaceRoot + clipboardJpgName));

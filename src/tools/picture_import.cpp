@@ -44,7 +44,7 @@ bool importPicture(const Shell& shell, FileSteps& steps, const QString& source, 
 
 std::optional<QSize> knownSize(const Shell& shell, const QString& path)
 {
-    const Result<QSize> size = pictureSize(path);
+    const Result<QSize> size = pictureSize(shell, path);
     if (size)
         return *size;
     (void)shell.told(size.failure());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/startup.h"
 #include "base/settings_file.h"
+#include "base/workspace_root.h"
 #include "support/test_shell.h"
 
 #include <QFile>
@@ -177,6 +178,32 @@ TEST_F(Start, NameThatIsNotOursIsLeftAlone)
     Form_Unload(t.shell);
     EXPECT_FALSE(QFileInfo::exists(numbered));
     EXPECT_FALSE(QFileInfo::exists(plain));
+}
+
+// As from a session without XDG_RUNTIME_DIR, where the other copy's own lock is not seen.
+TEST_F(Start, TwoCopiesShareNoRootAndNoneTakesTheOthersWorkWithIt)
+{
+    ASSERT_EQ(makeWorkspaceRoot(t.shell), NextStep::GoOn);
+    const QString first = t.run.WorkspaceRoot;
+    ASSERT_TRUE(t.files.write(first + u"~work"_s, "x").ok());
+    RunState otherRun;
+    const Shell other{otherRun, t.log, t.files, t.prompts, t.tools};
+    ASSERT_EQ(makeWorkspaceRoot(other), NextStep::GoOn);
+    EXPECT_NE(otherRun.WorkspaceRoot, first);
+    Form_Unload(other);
+    EXPECT_FALSE(FolderExists(otherRun.WorkspaceRoot));
+    EXPECT_TRUE(FileExists(first + u"~work"_s));
+
+    // The system cleared its temporary folder.
+    ASSERT_TRUE(t.files.removeFolder(first).ok());
+    EXPECT_TRUE(needRoot(t.shell).ok());
+    EXPECT_EQ(QFile::permissions(first) & (QFile::ExeGroup | QFile::ExeOther), 0);
+    // And somebody else came first; a folder with files of the user's own is none of ours either.
+    ASSERT_TRUE(t.files.removeFolder(first).ok() && t.files.makeFolder(first).ok() &&
+                t.files.write(first + u"thesis"_s, "x").ok());
+    EXPECT_EQ(needRoot(t.shell).failure().kind, FailureKind::NoPermission);
+    Form_Unload(t.shell);
+    EXPECT_TRUE(FileExists(first + u"thesis"_s));
 }
 
 TEST_F(Start, FolderOfAnotherUserIsLeftAlone)

@@ -228,8 +228,7 @@ TEST_F(StageTest, WhatIsLargerThanThePictureEndsWhereItsRecordSays)
 TEST_F(StageTest, DoubleClickStepsTheLogoOnItsTab)
 {
     openZuk();
-    stage.setLogos({QImage(4, 4, QImage::Format_RGB32), QImage(4, 4, QImage::Format_RGB32),
-                    QImage(4, 4, QImage::Format_RGB32)});
+    stage.setLogos({u"one"_s, u"two"_s, u"three"_s});
     const auto twice = [this](QPoint at, Qt::KeyboardModifiers keys) {
         mouse.doubleClick({at, Qt::LeftButton, Qt::LeftButton, keys});
         mouse.release({at, Qt::LeftButton, Qt::NoButton, keys});

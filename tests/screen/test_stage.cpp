@@ -156,11 +156,8 @@ TEST_F(StageTest, TextStaysInItsPanelAndTakesItsColour)
 TEST_F(StageTest, LogosAreShownInTheirPanel)
 {
     openZuk();
-    QImage red(12, 6, QImage::Format_RGB32);
-    red.fill(Qt::red);
-    QImage blue = red;
-    blue.fill(Qt::blue);
-    stage.setLogos({red, blue});
+    stage.setLogos({shell.picture(u"red.png"_s, {12, 6}, qRgb(255, 0, 0)),
+                    shell.picture(u"blue.png"_s, {12, 6}, qRgb(0, 0, 255))});
     stage.DrawPanel(4);
     EXPECT_EQ(painted().pixel(769, 79), qRgb(255, 0, 0)) << "to the panel's last pixel";
     stage.showLogo(1);

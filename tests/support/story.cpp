@@ -2,6 +2,7 @@
 #include "support/story.h"
 
 #include "app/startup.h"
+#include "base/workspace_root.h"
 #include "editor/lists/right_panel.h"
 #include "editor/stage/stage_link.h"
 #include "editor/stage/stage_surface.h"
@@ -26,6 +27,10 @@ Shell& started(TestShell& shell)
 {
     shell.install();
     shell.run.Workspace.clear();
+    // As the program's start takes it.
+    EXPECT_TRUE(shell.files.removeFolder(shell.run.WorkspaceRoot).ok());
+    if (const auto taken = takeRoot(shell.files, shell.run.WorkspaceRoot))
+        shell.run.rootLock = *taken;
     shell.run.CurrentLang = u"0409"_s;
     return shell.shell;
 }

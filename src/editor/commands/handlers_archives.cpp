@@ -14,9 +14,10 @@ namespace fennel {
 
 namespace {
 
-QString backgroundText(const RunState& run)
+QString backgroundText(const Shell& shell)
 {
-    const Result<QSize> size = pictureSize(run.BackFile);
+    const RunState& run = shell.run;
+    const Result<QSize> size = pictureSize(shell, run.BackFile);
     const QString measure =
         size ? QStringLiteral("%1x%2").arg(size->width()).arg(size->height()) : QStringLiteral("?");
     return QStringLiteral("%1, %2, %3 byte")
@@ -39,7 +40,7 @@ void showInfo(MainWindow& window)
             .arg(run.GfxIsGz ? QStringLiteral("gZip") : QStringLiteral("no"))
             .arg(members.count())
             .arg(bytes)
-            .arg(backgroundText(run)),
+            .arg(backgroundText(window.shell())),
         MessageType::Ok, QStringLiteral("Get INFO"));
 }
 

@@ -66,9 +66,8 @@ void showObjects(MainWindow& window, const std::set<int>& objects)
 // Undo and redo have brought other files; the commands themselves show what they did.
 void showMembers(MainWindow& window)
 {
-    RunState& run = window.shell().run;
     const ParamLists& lists = window.workbench().params;
-    (void)measureBackground(run);
+    (void)measureBackground(window.shell());
     window.document().fitMenuToFont();
     for (int tab = FirstObjectTab; tab <= lists.tabCount(); ++tab)
         refillList(window, tab);

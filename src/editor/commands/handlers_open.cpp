@@ -13,7 +13,6 @@
 #include "editor/window/menus.h"
 #include "editor/window/thumbnail_strip.h"
 #include "params/object_table.h"
-#include "screen/background.h"
 
 #include <algorithm>
 
@@ -81,12 +80,10 @@ ListRows filledList(MainWindow& window, int tab)
 void loadLogos(MainWindow& window)
 {
     const QString& folder = window.shell().run.Workspace;
-    std::vector<QImage> logos;
-    for (const QString& name : numberedFiles(folder, logoPattern)) {
-        const Result<QImage> picture = loadPicture(folder + name);
-        logos.push_back(picture ? *picture : QImage());
-    }
-    window.stageLink().stage().setLogos(std::move(logos));
+    QStringList logos;
+    for (const QString& name : numberedFiles(folder, logoPattern))
+        logos.append(folder + name);
+    window.stageLink().stage().setLogos(logos);
 }
 
 // The stage counts the logos that are there, so a gap in their numbers is no gap on the stage.

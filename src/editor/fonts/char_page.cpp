@@ -88,6 +88,7 @@ QLayout* CharPage::makeView()
     label->setObjectName(u"Label5"_s);
     label->setAlignment(Qt::AlignCenter);
     m_large->setObjectName(u"Obrazec"_s);
+    m_large->setTextFormat(Qt::PlainText);
     m_large->setFixedSize(largeSide, largeSide);
     m_large->setAlignment(Qt::AlignCenter);
     m_large->setTextFormat(Qt::PlainText);
@@ -95,6 +96,7 @@ QLayout* CharPage::makeView()
     m_large->setBackgroundRole(QPalette::Base);
     m_large->setAutoFillBackground(true);
     m_code->setObjectName(u"TextCode"_s);
+    m_code->setTextFormat(Qt::PlainText);
     m_code->setText(u"Text1"_s);
     m_code->setAlignment(Qt::AlignCenter);
     auto* column = new QVBoxLayout;

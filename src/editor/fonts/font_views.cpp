@@ -92,7 +92,7 @@ void FontViews::addLoaders(QLayout& row)
 {
     m_fromFont = new QPushButton(fromFontCaption(m_title), this);
     m_fromFont->setObjectName(u"SetFromFNT"_s);
-    m_fromFont->setToolTip(fromFontHint(m_title));
+    m_fromFont->setToolTip(plainTip(fromFontHint(m_title)));
     m_fromDefault = new QPushButton(u"Load Default"_s, this);
     m_fromDefault->setObjectName(u"SetFromIni"_s);
     m_fromDefault->setToolTip(u"Load Character Set from FENNEL.ini"_s);

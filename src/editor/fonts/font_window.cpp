@@ -114,6 +114,7 @@ QGroupBox* FontWindow::makeFontFrame(int mostPoints)
     sizeLabel->setBuddy(m_size);
     m_note = new QLabel(frame);
     m_note->setObjectName(u"LabelNote"_s);
+    m_note->setTextFormat(Qt::PlainText);
     m_note->setWordWrap(true);
     auto* row = new QHBoxLayout;
     row->addWidget(m_bold);
@@ -153,6 +154,7 @@ QLayout* FontWindow::makeEnd()
 {
     m_count = new QLabel(this);
     m_count->setObjectName(u"LabelCount"_s);
+    m_count->setTextFormat(Qt::PlainText);
     m_ranges = new QPlainTextEdit(this);
     m_ranges->setObjectName(u"LabelFNTSet"_s);
     m_ranges->setReadOnly(true);

@@ -26,6 +26,7 @@ InspectionList::InspectionList(QWidget* parent)
     setFrameStyle(static_cast<int>(QFrame::StyledPanel) | QFrame::Raised);
     setAutoFillBackground(true);
     m_heading->setObjectName(u"LabelForList1"_s);
+    m_heading->setTextFormat(Qt::PlainText);
     m_close->setObjectName(u"CommandList1Close"_s);
     m_close->setText(u"x"_s);
     m_close->setToolTip(tr("Close (Esc)"));

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "editor/lists/list_model.h"
 
+#include "base/text.h"
 #include "params/swatch.h"
 
 #include <QBrush>
 #include <QDateTime>
 #include <QFileInfo>
 #include <QFont>
-#include <QImageReader>
-#include <QTextDocument>
 
 namespace fennel {
 
@@ -20,13 +19,6 @@ constexpr qsizetype longestShown = 500;
 QString shortened(const QString& text)
 {
     return text.size() > longestShown ? text.left(longestShown) + QChar(u'…') : text;
-}
-
-// Tool tips take what looks like markup for markup; comments of files are plain text.
-QString plainTip(const QString& text)
-{
-    const QString tip = shortened(text);
-    return Qt::mightBeRichText(tip) ? QStringLiteral("<qt>%1</qt>").arg(tip.toHtmlEscaped()) : tip;
 }
 
 } // namespace
@@ -63,6 +55,7 @@ void ListModel::setIconSize(QSize size)
 {
     m_iconSize = size;
     // They were read in the old size.
+    m_lists.document->shell().pictures().forget(this);
     m_pictures.clear();
     m_swatches.clear();
 }
@@ -104,7 +97,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return shortened(cell.text);
     case Qt::ToolTipRole:
-        return cell.toolTip.isEmpty() ? QVariant() : QVariant(plainTip(cell.toolTip));
+        return cell.toolTip.isEmpty() ? QVariant() : QVariant(plainTip(shortened(cell.toolTip)));
     // A cell's own colour goes before the row's.
     case Qt::ForegroundRole: {
         const std::optional<QRgb> colour = cell.colour ? cell.colour : look.colour;
@@ -163,17 +156,26 @@ QPixmap ListModel::picture(const QString& path) const
     const auto found = m_pictures.constFind(key);
     if (found != m_pictures.constEnd())
         return *found;
-    QImageReader reader(path);
-    const QSize size = reader.size();
-    // Scaled while it is read, which spares decoding a large JPEG in full. expandedTo keeps a very
-    // flat picture from vanishing.
-    if (size.isValid())
-        reader.setScaledSize(size.scaled(m_iconSize, Qt::KeepAspectRatio).expandedTo({1, 1}));
-    QPixmap image = size.isValid() ? QPixmap::fromImage(reader.read()) : QPixmap();
+    // Its room, until it has come: the list is on the screen before its pictures are read.
+    QPixmap blank(m_iconSize);
+    blank.fill(Qt::transparent);
+    m_pictures.insert(key, blank);
+    auto* model = const_cast<ListModel*>(this);
+    m_lists.document->shell().pictures().ask(
+        {path, PictureMode::Inside, m_iconSize}, model,
+        [model, key](const Result<FilePicture>& read) { model->pictureCame(key, read); });
+    return blank;
+}
+
+void ListModel::pictureCame(const QString& key, const Result<FilePicture>& read)
+{
     // A picture that cannot be read is kept too, as an empty one, and is not tried again at each
     // repaint.
-    m_pictures.insert(key, image);
-    return image;
+    m_pictures[key] = read ? QPixmap::fromImage(read->image.scaled(m_iconSize, Qt::KeepAspectRatio,
+                                                                   Qt::SmoothTransformation))
+                           : QPixmap();
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, 0), {Qt::DecorationRole});
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const

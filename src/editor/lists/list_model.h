@@ -51,6 +51,7 @@ private:
     [[nodiscard]] const RowLook& lookOf(const ListRow& row) const;
     [[nodiscard]] QVariant decoration(const ListRow& row) const;
     [[nodiscard]] QPixmap picture(const QString& path) const;
+    void pictureCame(const QString& key, const Result<FilePicture>& read);
     [[nodiscard]] QPixmap swatch(QRgb colour) const;
 
     const ParamLists& m_lists;
@@ -61,7 +62,8 @@ private:
     QRgb m_ground = 0xffffffff;
     bool m_measuring = false;
     // Kept, for the views' style keeps a copy of each pixmap that it has not seen before.
-    mutable QHash<QString, QPixmap> m_pictures; // by path, time and size of the file
+    mutable QHash<QString, QPixmap>
+        m_pictures; // by path, time and size of the file; blank at first
     mutable QHash<QRgb, QPixmap> m_swatches;
 };
 

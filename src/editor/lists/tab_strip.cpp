@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/lists/tab_strip.h"
 
+#include "base/text.h"
+
 #include <QContextMenuEvent>
 
 #include <algorithm>
@@ -39,7 +41,7 @@ void TabStrip::setTabs(const std::vector<Tab>& tabs)
         }
         // A lone "&" would be taken for a short cut.
         m_buttons[i]->setText(QString(tabs[i].caption).replace(u'&', QStringLiteral("&&")));
-        m_buttons[i]->setToolTip(tabs[i].toolTip);
+        m_buttons[i]->setToolTip(plainTip(tabs[i].toolTip));
     }
     mark(std::min(m_marked, count()));
     layTabs();

@@ -347,12 +347,9 @@ void StageGestures::doubleClick(const StageMouse& mouse)
 
 void StageGestures::stepLogo(bool backwards)
 {
-    const int count = m_stage.logoCount();
-    if (m_panel != LogoPanelRow || m_stage.host().objectOfCurrentTab() != LogoPanelRow ||
-        count == 0)
-        return;
-    m_stage.LogoIndex = (m_stage.LogoIndex + (backwards ? count - 1 : 1)) % count;
-    m_stage.DrawPanel(LogoPanelRow);
+    if (m_panel == LogoPanelRow && m_stage.host().objectOfCurrentTab() == LogoPanelRow &&
+        m_stage.logoCount() > 0)
+        m_stage.stepLogo(backwards ? -1 : 1);
 }
 
 void StageGestures::backgroundMoved(const StageMouse& mouse)

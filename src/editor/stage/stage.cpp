@@ -2,6 +2,7 @@
 #include "editor/stage/stage.h"
 
 #include "params/panel_values.h"
+#include "screen/background.h"
 #include "screen/panel_text.h"
 
 #include <QFontDatabase>
@@ -64,6 +65,7 @@ void Stage::adoptPanels()
     SelectedPanel = -1;
     ColourPanel = -1;
     LogoIndex = 0;
+    loadLogo();
     // Asked once for each gfxboot, as the list takes long on some systems.
     m_families = QFontDatabase::families();
     m_panels.resize(std::max(m_panels.size(), document().state().PanelArr.size()));
@@ -75,12 +77,34 @@ void Stage::adoptPanels()
         m_order.push_back(static_cast<int>(m_order.size()));
 }
 
-void Stage::setLogos(std::vector<QImage> logos)
+// Only the one that is seen is decoded, and not larger than any screen shows it: sixty large ones
+// would fill the memory.
+void Stage::loadLogo()
 {
-    m_logos = std::move(logos);
+    constexpr QSize room(2560, 1600);
+    if (m_logoLoaded == LogoIndex)
+        return;
+    m_logoLoaded = LogoIndex;
+    const QString file = m_logos.value(LogoIndex);
+    const Result<QImage> read = file.isEmpty() ? QImage() : loadPicture(m_data.shell, file, room);
+    m_logo = read ? *read : QImage();
+}
+
+void Stage::stepLogo(int by)
+{
+    LogoIndex = (LogoIndex + by + logoCount()) % logoCount();
+    loadLogo();
+    DrawPanel(LogoPanelRow);
+}
+
+void Stage::setLogos(const QStringList& files)
+{
+    m_logos = files;
+    m_logoLoaded = -1;
     // The logos of another gfxboot, or one was deleted.
     if (LogoIndex >= logoCount())
         LogoIndex = 0;
+    loadLogo();
     if (isRow(LogoPanelRow))
         // Drawn when it is next shown.
         m_panels[LogoPanelRow].stale = true;
@@ -91,6 +115,7 @@ void Stage::showLogo(int number)
     if (number < 0 || number >= logoCount() || !isRow(LogoPanelRow))
         return;
     LogoIndex = number;
+    loadLogo();
     raisePanel(LogoPanelRow);
     DrawPanel(LogoPanelRow);
 }

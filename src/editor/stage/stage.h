@@ -85,8 +85,10 @@ public:
     // stacking order of the panels that were there stays.
     void adoptPanels();
     // The pictures that LOGO steps through; LogoIndex starts anew if it is beyond them.
-    void setLogos(std::vector<QImage> logos);
+    void setLogos(const QStringList& files);
     [[nodiscard]] int logoCount() const { return static_cast<int>(m_logos.size()); }
+    // Wraps around; there is at least one logo.
+    void stepLogo(int by);
     // The logo of that number on LOGO, raised; a number without picture changes nothing.
     void showLogo(int number);
 
@@ -160,6 +162,7 @@ private:
     [[nodiscard]] bool isFrozen(int index) const;
     void changed(const QRect& area) const;
     void changedOutline(const std::optional<QRect>& band) const;
+    void loadLogo();
     void place(int index);
     QRect reach(int index) const; // what is repainted for it
     void setVisible(int index, bool visible);
@@ -184,7 +187,9 @@ private:
     double m_shownScale = 1.0; // of the background that is on the stage
     std::vector<StagePanel> m_panels;
     std::vector<int> m_order;
-    std::vector<QImage> m_logos;
+    QStringList m_logos;
+    QImage m_logo; // the one that LOGO shows; null if it cannot be read
+    int m_logoLoaded = -1;
     bool m_markerOn = false;
     QRect m_marker;
     int m_phase = 0;

@@ -54,7 +54,7 @@ void Stage::tellOnce(const Failure& failure)
 void Stage::loadScaledBack()
 {
     // The claimed size is looked at before any tool gets to decode the file.
-    if (const Result<void> checked = checkPicture(run().BackFile); !checked)
+    if (const Result<void> checked = checkPicture(m_data.shell, run().BackFile); !checked)
         return tellOnce(checked.failure());
     if (const Result<void> made = makeScaledBack(m_data.shell, m_data.ResizeJpg); !made) {
         // The picture keeps its size, and what stands on it must keep its places.
@@ -64,7 +64,7 @@ void Stage::loadScaledBack()
     }
     const QString scaled = run().WorkspaceRoot + scaledBackName;
     // Whenever one cannot be had the old background stays on the stage.
-    const Result<QImage> picture = loadPicture(scaled);
+    const Result<QImage> picture = loadPicture(m_data.shell, scaled);
     if (!picture)
         return tellOnce(picture.failure());
     m_told.clear();

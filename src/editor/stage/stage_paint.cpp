@@ -59,9 +59,9 @@ void Stage::drawContents(int index, QPainter& painter)
 {
     const PanelRec& rec = record(index);
     const QRect& rect = panel(index).rect;
-    if (index == LogoPanelRow && LogoIndex >= 0 && LogoIndex < logoCount()) {
+    if (index == LogoPanelRow && !m_logo.isNull()) {
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawImage(QRect(QPoint(), rect.size()), m_logos[at(LogoIndex)]);
+        painter.drawImage(QRect(QPoint(), rect.size()), m_logo);
     }
     const std::size_t font = at(fontOf(index));
     // Before the first scan there are no fonts.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/stage/stage_surface.h"
 
+#include "base/text.h"
 #include "editor/stage/pulse.h"
 
 #include <QHelpEvent>
@@ -170,7 +171,7 @@ bool StageSurface::event(QEvent* event)
         if (name.isEmpty())
             QToolTip::hideText();
         else
-            QToolTip::showText(help->globalPos(), name, this);
+            QToolTip::showText(help->globalPos(), plainTip(name), this);
         return true;
     }
     return QWidget::event(event);

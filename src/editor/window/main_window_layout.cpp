@@ -83,7 +83,7 @@ void MainWindow::buildAreas()
     m_picture = m_stageLink->makeSurface(nullptr);
     m_port->setWidget(m_picture);
     m_rightPanel = new RightPanel(m_workbench.params, m_area);
-    m_bottomPanel = new ThumbnailStrip(m_area);
+    m_bottomPanel = new ThumbnailStrip(shell(), m_area);
     m_tools = new ColourTools(m_area);
     m_fontInfo = new FontInfo(m_area);
     m_inspection = new InspectionList(m_area);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/window/menus.h"
 
+#include "base/text.h"
+
 namespace fennel {
 
 namespace {
@@ -100,7 +102,7 @@ void Menus::setEntries(const char* array, const std::vector<Entry>& entries)
         action->setEnabled(entry.enabled && m_commands.has(name));
         action->setCheckable(entry.checked.has_value());
         action->setChecked(entry.checked.value_or(false));
-        action->setToolTip(entry.toolTip);
+        action->setToolTip(plainTip(entry.toolTip));
         // Queued: the command may rebuild the very menu that it was chosen from.
         QObject::connect(
             action, &QAction::triggered, parent,

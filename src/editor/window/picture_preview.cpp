@@ -5,7 +5,6 @@
 
 #include <QFileDialog>
 #include <QGridLayout>
-#include <QImageReader>
 #include <QLocale>
 
 namespace fennel {
@@ -14,62 +13,51 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int previewSide = 200;          // pixels
-constexpr qint64 mostPixels = 50'000'000; // of a picture that is read for its preview
-constexpr qint64 mostBytes = 64 * 1024 * 1024;
-
-QImage smallPicture(const QString& path, QSize* size)
-{
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    *size = reader.size();
-    if (!size->isValid() || qint64{size->width()} * size->height() > mostPixels)
-        return {};
-    const QSize limit(previewSide, previewSide);
-    if (size->width() > previewSide || size->height() > previewSide)
-        reader.setScaledSize(size->scaled(limit, Qt::KeepAspectRatio).expandedTo({1, 1}));
-    return reader.read();
-}
+constexpr int previewSide = 200; // pixels
 
 } // namespace
 
-PicturePreview::PicturePreview(QWidget* parent) : QLabel(parent)
+PicturePreview::PicturePreview(PictureTool& pictures, QWidget* parent)
+    : QLabel(parent), m_pictures(pictures)
 {
     setObjectName(u"PicturePreview"_s);
     setAlignment(Qt::AlignCenter);
     setFixedWidth(previewSide + 2 * 8);
     setMinimumHeight(previewSide);
     setWordWrap(true);
-    setTextFormat(Qt::RichText);
+    setTextFormat(Qt::PlainText);
 }
 
-void PicturePreview::addTo(QFileDialog& dialog)
+void PicturePreview::addTo(QFileDialog& dialog, PictureTool& pictures)
 {
     auto* grid = qobject_cast<QGridLayout*>(dialog.layout());
     if (grid == nullptr)
         return;
-    auto* preview = new PicturePreview(&dialog);
+    auto* preview = new PicturePreview(pictures, &dialog);
     grid->addWidget(preview, 0, grid->columnCount(), grid->rowCount(), 1);
     connect(&dialog, &QFileDialog::currentChanged, preview, &PicturePreview::showFile);
 }
 
 void PicturePreview::showFile(const QString& path)
 {
-    const qint64 bytes = fileSize(path);
-    if (!FileExists(path) || bytes == 0) {
-        clear();
-        return;
-    }
-    QSize size;
-    const QImage picture = bytes <= mostBytes ? smallPicture(path, &size) : QImage();
-    if (!picture.isNull()) {
-        setPixmap(QPixmap::fromImage(picture));
-        setToolTip(tr("%1 x %2 pixels").arg(size.width()).arg(size.height()));
-        return;
-    }
+    // Of a quick walk through a folder only the last one counts.
+    m_pictures.forget(this);
+    clear();
     setToolTip({});
-    setText(tr("No preview.") + u"<br>"_s + namePart(path).toHtmlEscaped() + u"<br>"_s +
-            QLocale().formattedDataSize(bytes));
+    if (FileExists(path) && fileSize(path) > 0)
+        m_pictures.ask({path, PictureMode::Inside, {previewSide, previewSide}}, this,
+                       [this, path](const Result<FilePicture>& read) { show(path, read); });
+}
+
+void PicturePreview::show(const QString& path, const Result<FilePicture>& read)
+{
+    if (read) {
+        setPixmap(QPixmap::fromImage(read->image));
+        setToolTip(tr("%1 x %2 pixels").arg(read->stored.width()).arg(read->stored.height()));
+    } else {
+        setText(tr("No preview.") + u'\n' + namePart(path) + u'\n' +
+                QLocale().formattedDataSize(fileSize(path)));
+    }
 }
 
 } // namespace fennel

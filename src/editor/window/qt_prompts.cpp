@@ -3,6 +3,7 @@
 
 #include "base/files.h"
 #include "base/run_state.h"
+#include "base/text.h"
 #include "editor/window/picture_preview.h"
 
 #include <QApplication>
@@ -86,13 +87,13 @@ private:
 constexpr QSize pictureDialogSize(820, 460);
 
 // With a preview, which only Qt's own dialog has room for.
-QString openPicture(QWidget* parent, const FileQuestion& question)
+QString openPicture(QWidget* parent, const FileQuestion& question, PictureTool& pictures)
 {
     QFileDialog dialog(parent, question.title, startFolder(question), qtFilter(question.filter));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.resize(pictureDialogSize);
-    PicturePreview::addTo(dialog);
+    PicturePreview::addTo(dialog, pictures);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
@@ -168,8 +169,8 @@ Answer QtPrompts::ShowMessage(const QString& text, MessageType type, const QStri
 QString QtPrompts::openFile(const FileQuestion& question)
 {
     const PlainCursor cursor;
-    if (question.picture)
-        return openPicture(parent(), question);
+    if (question.picture && m_pictures)
+        return openPicture(parent(), question, m_pictures());
     return QFileDialog::getOpenFileName(parent(), question.title, startFolder(question),
                                         qtFilter(question.filter));
 }
@@ -194,8 +195,9 @@ std::optional<QString> QtPrompts::input(const QString& prompt, const QString& ti
 {
     const PlainCursor cursor;
     bool accepted = false;
-    const QString text = QInputDialog::getText(parent(), title.isEmpty() ? programTitle() : title,
-                                               prompt, QLineEdit::Normal, initial, &accepted);
+    const QString text =
+        QInputDialog::getText(parent(), title.isEmpty() ? programTitle() : title, plainTip(prompt),
+                              QLineEdit::Normal, initial, &accepted);
     return accepted ? std::optional(text) : std::nullopt;
 }
 

@@ -4,15 +4,21 @@
 
 #include "base/prompts.h"
 
+#include <functional>
+
 class QWidget;
 
 namespace fennel {
+
+class PictureTool;
 
 class QtPrompts : public Prompts {
 public:
     using Prompts::ShowMessage;
     // Dialogs appear above `parent` (may be null before the window stands).
     void setParent(QWidget* parent) { m_parent = parent; }
+    // Who reads what the dialog for pictures shows; without it there is no preview.
+    void setPictures(std::function<PictureTool&()> pictures) { m_pictures = std::move(pictures); }
 
     Answer ShowMessage(const QString& text, MessageType type, const QString& title) override;
     QString openFile(const FileQuestion& question) override;
@@ -26,6 +32,7 @@ public:
 private:
     [[nodiscard]] QWidget* parent() const;
     QWidget* m_parent = nullptr;
+    std::function<PictureTool&()> m_pictures;
 };
 
 // "JPG files|*.jpg;*.jpeg|All|*|" as the text that Qt's file dialog takes. Patterns fit in any

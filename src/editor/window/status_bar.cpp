@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/window/status_bar.h"
 
+#include "base/text.h"
 #include "editor/window/status_line.h"
 
 #include <QFontMetrics>
@@ -64,7 +65,7 @@ void StatusBar::setField(int number, const QString& text)
         return;
     m_texts[i] = text;
     // The whole text, as the field may show only the beginning of it.
-    m_fields[i]->setToolTip(text);
+    m_fields[i]->setToolTip(plainTip(text));
     layFields();
 }
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/window/thumbnail_strip.h"
 
-#include <QImageReader>
+#include "base/text.h"
+
 #include <QMouseEvent>
 
 #include <algorithm>
@@ -14,25 +15,11 @@ constexpr int cellGap = 6;
 constexpr int controlWidth = 54;
 constexpr QSize cellSize(128, 96);
 
-// A small picture of the file; null if it is none. JPEG decodes at a fraction of its size.
-QPixmap thumbnail(const QString& path)
-{
-    QImageReader reader(path);
-    reader.setAutoTransform(true);
-    const QSize size = reader.size();
-    if (!size.isValid())
-        return {};
-    // Smaller pictures are shown as they are; blown up they would say nothing more.
-    if (size.width() > cellSize.width() || size.height() > cellSize.height())
-        reader.setScaledSize(size.scaled(cellSize, Qt::KeepAspectRatio).expandedTo({1, 1}));
-    return QPixmap::fromImage(reader.read());
-}
-
 } // namespace
 
-ThumbnailStrip::ThumbnailStrip(QWidget* parent)
-    : QFrame(parent), m_port(new QWidget(this)), m_scroll(new QScrollBar(Qt::Vertical, this)),
-      m_upDown(new QSpinBox(this))
+ThumbnailStrip::ThumbnailStrip(const Shell& shell, QWidget* parent)
+    : QFrame(parent), m_shell(shell), m_port(new QWidget(this)),
+      m_scroll(new QScrollBar(Qt::Vertical, this)), m_upDown(new QSpinBox(this))
 {
     setObjectName(QStringLiteral("Frame2Podval"));
     setFrameStyle(static_cast<int>(QFrame::StyledPanel) | QFrame::Sunken);
@@ -50,6 +37,7 @@ void ThumbnailStrip::addImage()
     auto* label = new QLabel(m_port);
     label->setObjectName(QStringLiteral("Image1_%1").arg(m_images.size()));
     label->setAlignment(Qt::AlignCenter);
+    label->setTextFormat(Qt::PlainText);
     label->setMouseTracking(true);
     label->installEventFilter(this);
     label->show();
@@ -68,23 +56,33 @@ void ThumbnailStrip::setFiles(const QString& folder, const QStringList& names)
     for (std::size_t i = 0; i < count; ++i) {
         const QString& name = names[static_cast<qsizetype>(i)];
         m_images[i].path = folder + name;
-        m_images[i].loaded = false;
-        m_images[i].label->clear();
+        unload(m_images[i]);
         m_images[i].label->setProperty("member", name);
-        m_images[i].label->setToolTip(name);
+        m_images[i].label->setToolTip(plainTip(name));
     }
     m_scroll->setValue(0);
     place();
 }
 
+// Later, when what is asked for first is on the screen.
 void ThumbnailStrip::load(Image& image)
 {
     image.loaded = true;
-    const QPixmap picture = thumbnail(image.path);
-    if (picture.isNull())
-        image.label->setText(image.label->toolTip());
-    else
-        image.label->setPixmap(picture);
+    QLabel* label = image.label;
+    m_shell.pictures().ask({image.path, PictureMode::Inside, cellSize}, label,
+                           [label](const Result<FilePicture>& read) {
+                               if (read)
+                                   label->setPixmap(QPixmap::fromImage(read->image));
+                               else
+                                   label->setText(label->property("member").toString());
+                           });
+}
+
+void ThumbnailStrip::unload(Image& image)
+{
+    m_shell.pictures().forget(image.label);
+    image.loaded = false;
+    image.label->clear();
 }
 
 void ThumbnailStrip::place()
@@ -97,6 +95,9 @@ void ThumbnailStrip::place()
     m_scroll->setPageStep(m_port->height());
     m_scroll->setSingleStep(cell.height() / 2);
     m_scroll->setVisible(m_scroll->maximum() > 0);
+    // What is scrolled far away goes, or thousands of pictures would fill the memory.
+    const QRect seen = m_port->rect();
+    const QRect near = seen.adjusted(0, -2 * seen.height(), 0, 2 * seen.height());
     for (std::size_t i = 0; i < m_images.size(); ++i) {
         const int column = static_cast<int>(i) % columns;
         const int row = static_cast<int>(i) / columns;
@@ -105,8 +106,10 @@ void ThumbnailStrip::place()
                           cellGap + row * cell.height() - m_scroll->value(), cellSize.width(),
                           cellSize.height());
         image.label->setGeometry(place);
-        if (!image.loaded && place.intersects(m_port->rect()))
+        if (!image.loaded && place.intersects(seen))
             load(image);
+        else if (image.loaded && !place.intersects(near))
+            unload(image);
     }
 }
 

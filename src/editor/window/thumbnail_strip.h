@@ -2,6 +2,8 @@
 // Frame2Podval: the pictures of the selected tab as a strip of thumbnails under the preview.
 #pragma once
 
+#include "base/shell_context.h"
+
 #include <QFrame>
 #include <QLabel>
 #include <QScrollBar>
@@ -14,7 +16,7 @@ namespace fennel {
 class ThumbnailStrip : public QFrame {
     Q_OBJECT
 public:
-    explicit ThumbnailStrip(QWidget* parent);
+    ThumbnailStrip(const Shell& shell, QWidget* parent);
 
     // Shows these files of `folder`, one Image1 each, in rows that VScroll1 moves through. A file
     // that is no picture shows its name alone.
@@ -32,7 +34,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    // Decoding is what takes time, so a picture is loaded when its place is first seen.
+    // A picture is loaded when its place is first seen.
     struct Image {
         QLabel* label;
         QString path;
@@ -41,7 +43,9 @@ private:
     void addImage();
     void place();
     void load(Image& image);
+    void unload(Image& image);
 
+    const Shell& m_shell;
     QWidget* m_port;
     std::vector<Image> m_images;
     QScrollBar* m_scroll; // VScroll1

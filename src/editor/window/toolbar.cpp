@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/window/toolbar.h"
 
+#include "base/text.h"
+
 #include <QIcon>
 
 namespace fennel {
@@ -61,7 +63,7 @@ void Toolbar::UpdateToolbar(const RunState& run, const WindowFlags& flags)
         const ButtonLook look = lookOf(row, run, flags);
         enableButton(row.id, holds(row.enabled, run, true));
         button->setIcon(picture(look.image));
-        button->setToolTip(look.toolTip);
+        button->setToolTip(plainTip(look.toolTip));
     }
 }
 
@@ -80,7 +82,7 @@ void Toolbar::enableButton(ButtonId id, bool enabled)
 
 void Toolbar::showAction(ButtonId id, const QString& toolTip, bool enabled)
 {
-    m_buttons.at(id)->setToolTip(toolTip);
+    m_buttons.at(id)->setToolTip(plainTip(toolTip));
     enableButton(id, enabled);
 }
 
