@@ -22,6 +22,8 @@ void addParam(const ParamState& state, const PanelRec& panel, int source, qint64
         return;
     const auto& value = state.ZUKarr.at(key.file, source).Value;
     if (value && value->number != number)
+    // An object larger than the picture may stand left of it, where nothing can be stored.
+    number = std::clamp<qint64>(number, 0, levelValueLimit);
         change.params[key] = ParamValue{number, id->hex, {}};
 }
 
@@ -33,7 +35,7 @@ void moveSpark(const ParamState& state, const PanelRec& panel, QPoint by, Change
             return;
         const auto& value = state.ZUKarr.at(levelFileOf(panel), source).Value;
         if (value)
-            addParam(state, panel, source, std::max<qint64>(0, value->number + delta), change);
+            addParam(state, panel, source, value->number + delta, change);
     };
     shift(panel.LeftParam, by.x());
     shift(panel.TopParam, by.y());

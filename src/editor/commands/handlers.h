@@ -76,8 +76,12 @@ void addHistoryCommands(MainWindow& window);
 void updateRowButtons(MainWindow& window);
 // Marks a row, from 1, of a tab's list and makes it the one that commands work on.
 void selectRow(MainWindow& window, int tab, int row);
-// Takes the typed value if the value editor is open; closes it without taking the value.
-void CommitValue(MainWindow& window);
+// Name and value of the chosen row of gfxboot.cfg in the status line.
+void showCfgStatus(MainWindow& window);
+// Takes the typed value if the value editor is open. False if it fits no file: the user was told,
+// and the editor stays open.
+[[nodiscard]] bool CommitValue(MainWindow& window);
+// Closes the value editor without taking the value.
 void CloseEditor(MainWindow& window);
 // CloseEditor(), but a text in work stays open with what was typed.
 void closeValueEditor(MainWindow& window);

@@ -91,7 +91,8 @@ void reOpen(MainWindow& window)
 
 bool writeParameters(MainWindow& window)
 {
-    CommitValue(window);
+    if (!CommitValue(window))
+        return false;
     const bool done = window.document().writeParameters();
     if (window.shell().run.GfxHasZuk || window.shell().run.GfxHasCfg)
         refillList(window, TabGfxboot); // other lengths, perhaps another order
