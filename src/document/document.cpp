@@ -177,7 +177,7 @@ void Document::showMenuLevel(bool on)
     // in them before.
     if (!on)
         GatherListValues(m_state.ZUKarr);
-    RecalcPanelsFromLevels(m_shell, m_state, on ? LayerLst : LayerEdit);
+    RecalcPanelsFromLevels(m_shell, m_state, m_fonts, on ? LayerLst : LayerEdit);
 }
 
 void Document::setMenuValues(const std::function<void(ZUKarr&)>& impose)
@@ -218,7 +218,11 @@ void Document::noteBackground(int number)
 
 void Document::fitMenuToFont()
 {
-    fennel::fitMenuToFont(m_shell.run, m_state, m_fonts);
+    // What a menu imposes lies over the lists' values.
+    if (menuLevelShown())
+        RecalcPanelsFromLevels(m_shell, m_state, m_fonts, LayerLst);
+    else
+        fennel::fitMenuToFont(m_shell.run, m_state, m_fonts);
 }
 
 } // namespace fennel

@@ -311,7 +311,7 @@ bool Document::move(const Step& step, bool forward)
     }
     // What lies over the lists goes on lying over them.
     if (menuLevelShown())
-        RecalcPanelsFromLevels(m_shell, m_state, LayerLst);
+        RecalcPanelsFromLevels(m_shell, m_state, m_fonts, LayerLst);
     return true;
 }
 

@@ -40,7 +40,11 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     m_flashLink = std::make_unique<FlashLink>(*this);
     buildAreas();
     m_waiting = std::make_unique<WindowProgress>(*this, *m_statusBar);
-    m_commands.holdWhile([this] { return m_waiting->busy(); });
+    m_commands.holdWhile([this] {
+        // A drag that lost its release holds nothing.
+        const bool drags = QGuiApplication::mouseButtons() != Qt::NoButton;
+        return m_waiting->busy() || (drags && m_picture->gestures().held());
+    });
     m_colourLink->connectControls();
     addFileCommands(*this);
     addRestoreCommands(*this);
