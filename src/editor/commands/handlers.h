@@ -47,6 +47,10 @@ void changeLogo(MainWindow& window, const QString& name);
 [[nodiscard]] bool EditTextFile(MainWindow& window);
 // Whether the editor's frame may be used for something else: a changed text in it is asked about.
 [[nodiscard]] bool mayLeaveText(MainWindow& window);
+// A text is in work that differs from its member.
+[[nodiscard]] bool textModified(MainWindow& window);
+// Such a text goes into its member, as a step. False if that failed; the user was told.
+[[nodiscard]] bool commitText(MainWindow& window);
 // Shows the logo of that name on the stage; without such a member nothing happens.
 void showLogoMember(MainWindow& window, const QString& name);
 // The object shows the text of a member on the stage, now or when it is next seen.

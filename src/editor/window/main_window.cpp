@@ -147,6 +147,13 @@ void MainWindow::changeEvent(QEvent* event)
 }
 
 void MainWindow::setControlsEnabled(bool enabled)
+// What is unsaved outlives the program, and a text in work is a part of it.
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    (void)commitText(*this);
+    QMainWindow::closeEvent(event);
+}
+
 {
     menuBar()->setEnabled(enabled);
     m_toolbar->setEnabled(enabled);
@@ -211,6 +218,8 @@ private:
 bool MainWindow::openGfxboot(const QString& path)
 {
     Opening host(*this);
+    if (!mayLeaveText(*this))
+        return false;
     return gfxboot_open(m_workbench.shell, path, host);
 }
 
