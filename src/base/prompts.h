@@ -5,6 +5,7 @@
 
 #include <QColor>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -22,6 +23,16 @@ struct FileQuestion {
     QString filter;       // pairs "caption|patterns|", patterns separated by ";"
     QString proposedName; // for saving only
     bool picture = false; // show a preview of the chosen picture
+};
+
+// A question with answers in words of its own, and a list of what it is about.
+struct Choice {
+    QString text;
+    QStringList list; // an item each; of any length
+    QStringList answers;
+    int usual = 0;  // index of the answer that Enter gives
+    int cancel = 0; // index of the answer that a closed box gives
+    QString title;
 };
 
 class Prompts {
@@ -42,6 +53,9 @@ public:
                                          const QString& initial) = 0;
     // The chosen colour, or nothing if cancelled.
     virtual std::optional<QColor> ChooseColour(const QColor& initial) = 0;
+
+    // The index of the chosen answer. Where nobody can be asked, it is the usual one.
+    virtual int choose(const Choice& choice) { return choice.usual; }
 
     // A message without a title, of any length, beside a picture (may be null) and what is said
     // under it.

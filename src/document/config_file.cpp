@@ -2,6 +2,7 @@
 #include "document/config_file.h"
 
 #include "base/text.h"
+#include "params/cfg_keep.h"
 
 namespace fennel {
 
@@ -22,6 +23,24 @@ Result<void> replaced(const Shell& shell, const Fill& fill)
     return done;
 }
 
+Result<void> writeKept(const Shell& shell, const QByteArray& old, const CfgLines& lines)
+{
+    const QByteArray bytes = keptCfg(old, lines);
+    return bytes == old ? Result<void>() : putConfig(shell, bytes);
+}
+
+Result<void> writeListed(const Shell& shell, const QByteArray& old, const QString& text)
+{
+    return replaced(shell, [&](const QString& work) {
+        Result<void> written = shell.files.write(work, old);
+        // The mark of the old file decides on the encoding of the new bytes.
+        if (written)
+            written =
+                shell.files.overwriteStart(work, encodeText(text, decodeText(old).TextIsUtf8));
+        return written;
+    });
+}
+
 } // namespace
 
 Result<CfgState> readConfig(const Shell& shell)
@@ -35,27 +54,21 @@ Result<CfgState> readConfig(const Shell& shell)
     return lines ? Result<CfgState>(CfgState{*lines, *bytes}) : lines.failure();
 }
 
-Result<CfgState> writeConfig(const Shell& shell, const CfgLines& lines)
+Result<CfgState> writeConfig(const Shell& shell, const CfgLines& lines, SaveForm form)
 {
+    const QString path = shell.run.Workspace + cfgMemberName;
     const QString text = cfgTextFrom(lines);
     if (text.isEmpty())
         return CfgState{lines, {}};
     QByteArray old;
-    if (FileExists(shell.run.Workspace + cfgMemberName)) {
-        const Result<QByteArray> read =
-            readBytes(shell.run.Workspace + cfgMemberName, cfgSizeLimit);
+    if (FileExists(path)) {
+        const Result<QByteArray> read = readBytes(path, cfgSizeLimit);
         if (!read)
             return read.failure();
         old = *read;
     }
-    const Result<void> done = replaced(shell, [&](const QString& work) {
-        Result<void> written = shell.files.write(work, old);
-        // The mark of the old file decides on the encoding of the new bytes.
-        if (written)
-            written =
-                shell.files.overwriteStart(work, encodeText(text, decodeText(old).TextIsUtf8));
-        return written;
-    });
+    const Result<void> done =
+        form == SaveForm::Kept ? writeKept(shell, old, lines) : writeListed(shell, old, text);
     if (!done)
         return done.failure();
     return readConfig(shell);

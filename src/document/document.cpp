@@ -6,6 +6,7 @@
 #include "container/member_list.h"
 #include "document/config_file.h"
 #include "params/catalogue.h"
+#include "params/cfg_keep.h"
 #include "params/level_files.h"
 #include "params/object_table.h"
 #include "params/panel_values.h"
@@ -57,6 +58,7 @@ void Document::readConfigLines()
 {
     m_state.cfg.clear();
     m_cfgBytes.clear();
+    m_savedCfgBytes.clear();
     if (!FileExists(m_shell.run.Workspace + cfgMemberName)) {
         // With it off nothing is written back later.
         m_shell.run.GfxHasCfg = false;
@@ -68,7 +70,7 @@ void Document::readConfigLines()
         return;
     }
     m_state.cfg = config->lines;
-    m_cfgBytes = config->bytes;
+    m_cfgBytes = m_savedCfgBytes = config->bytes;
 }
 
 void Document::buildObjects()
@@ -96,23 +98,70 @@ void Document::beginHistory()
     m_stack.clear();
     m_stack.setClean(); // clear() leaves an empty stack as it is
     m_history.clear();
+    m_saveForm.reset();
     Q_EMIT historyChanged();
+}
+
+// Also of what is in the Workspace already, where typed values go at once.
+bool Document::configEdited() const
+{
+    return m_cfgBytes != m_savedCfgBytes || keptCfg(m_cfgBytes, m_state.cfg) != m_cfgBytes;
+}
+
+// What the lists do not show of the files that a save would write.
+QStringList Document::losses() const
+{
+    if (generation() == Generation::Three) {
+        const Result<QStringList> lost = levelLosses(m_shell, m_state.ZUKarr);
+        return lost ? *lost : QStringList();
+    }
+    const bool writes = run().GfxHasCfg && configEdited();
+    return writes ? cfgLosses(m_cfgBytes, m_state.cfg) : QStringList();
+}
+
+// Asked before the first save that it matters to. False if the user calls the save off.
+bool Document::chooseSaveForm()
+{
+    if (m_saveForm)
+        return true;
+    const QStringList lost = losses();
+    if (lost.isEmpty())
+        return true;
+    Choice question;
+    question.title = QStringLiteral("Save");
+    question.text = QStringLiteral("%1 holds more than the lists show.\n"
+                                   "This would be lost or changed although nobody edited it:")
+                        .arg(run().GfxFileName);
+    question.list = lost;
+    question.answers = {QStringLiteral("Keep them as they are"),
+                        QStringLiteral("Save as the lists show"), QStringLiteral("Cancel")};
+    question.cancel = 2;
+    const int answer = m_shell.prompts.choose(question);
+    if (answer != question.cancel)
+        m_saveForm = answer == 0 ? SaveForm::Kept : SaveForm::Listed;
+    return m_saveForm.has_value();
 }
 
 bool Document::writeParameters()
 {
-    if (generation() == Generation::Three) {
+    if (generation() == Generation::Three)
         GatherListValues(m_state.ZUKarr);
-        return m_shell.told(WriteLevelFiles(m_shell, m_state.ZUKarr)) &&
+    if (!chooseSaveForm())
+        return false;
+    if (generation() == Generation::Three)
+        return m_shell.told(WriteLevelFiles(m_shell, m_state.ZUKarr, saveForm())) &&
                m_shell.told(RebuildMemberList(m_shell, QStringLiteral("*.CFG")));
-    }
-    if (!run().GfxHasCfg)
-        return true;
-    const Result<CfgState> written = writeConfig(m_shell, m_state.cfg);
+    return !run().GfxHasCfg || !configEdited() || saveConfig();
+}
+
+bool Document::saveConfig()
+{
+    const Result<CfgState> written = writeConfig(m_shell, m_state.cfg, saveForm());
     if (!written)
         return m_shell.told(written.failure());
     // What undo and redo come back to is what was saved, and not what would be saved over it.
     noteSavedConfig(written->bytes.isNull() ? CfgState{m_state.cfg, m_cfgBytes} : *written);
+    m_savedCfgBytes = m_cfgBytes;
     DocumentChange change;
     change.cfg = true;
     Q_EMIT changed(change);
@@ -128,7 +177,7 @@ void Document::showMenuLevel(bool on)
     // in them before.
     if (!on)
         GatherListValues(m_state.ZUKarr);
-    RecalcPanelsFromLevels(m_shell, m_state, on ? LayerLst : LayerEdit);
+    RecalcPanelsFromLevels(m_shell, m_state, m_fonts, on ? LayerLst : LayerEdit);
 }
 
 void Document::setMenuValues(const std::function<void(ZUKarr&)>& impose)
@@ -169,7 +218,11 @@ void Document::noteBackground(int number)
 
 void Document::fitMenuToFont()
 {
-    fennel::fitMenuToFont(m_shell.run, m_state, m_fonts);
+    // What a menu imposes lies over the lists' values.
+    if (menuLevelShown())
+        RecalcPanelsFromLevels(m_shell, m_state, m_fonts, LayerLst);
+    else
+        fennel::fitMenuToFont(m_shell.run, m_state, m_fonts);
 }
 
 } // namespace fennel

@@ -8,12 +8,14 @@
 #include "document/change.h"
 #include "document/member_history.h"
 #include "fonts/font_table.h"
+#include "params/save_form.h"
 
 #include <QObject>
 #include <QUndoStack>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace fennel {
 
@@ -108,8 +110,9 @@ public:
     // The state is on no disk: no undo leads to one that is.
     void markUnsaved();
 
-    // --- saving: brings the parameters into their files in the Workspace. False if that failed;
-    // the user was told.
+    // --- saving: brings the parameters into their files in the Workspace. Where these hold what no
+    // list shows, the user is asked once for each gfxboot whether it stays. False if that failed,
+    // and the user was told, or if the user called it off.
     bool writeParameters();
 
     // --- what is shown; no step
@@ -140,6 +143,11 @@ private:
     void setObject(int row, const PanelRec& record, Step& step);
     void recompute(const ParamKey& key, Step& step);
     bool setConfig(const Change& change, Step& step);
+    [[nodiscard]] bool configEdited() const;
+    [[nodiscard]] QStringList losses() const;
+    bool chooseSaveForm();
+    bool saveConfig();
+    [[nodiscard]] SaveForm saveForm() const { return m_saveForm.value_or(SaveForm::Kept); }
     void keepObject(int row, Step& step) const;
     void noteSavedConfig(const CfgState& saved);
     void push(Step&& step);
@@ -152,7 +160,9 @@ private:
     Shell m_shell;
     const FontTable& m_fonts;
     ParamState m_state;
-    QByteArray m_cfgBytes; // of gfxboot.cfg in the Workspace
+    QByteArray m_cfgBytes;              // of gfxboot.cfg in the Workspace
+    QByteArray m_savedCfgBytes;         // as it was opened or saved last
+    std::optional<SaveForm> m_saveForm; // none: nothing had to be asked yet, and all is kept
     bool m_menuLevel = false;
     bool m_inMembers = false; // a command that changes files goes on
     MemberHistory m_history;

@@ -104,7 +104,7 @@ bool Document::setConfig(const Change& change, Step& step)
     m_state.cfg = *change.cfg;
     bool done = true;
     if (change.writeCfg && run().GfxHasCfg) {
-        const Result<CfgState> written = writeConfig(m_shell, m_state.cfg);
+        const Result<CfgState> written = writeConfig(m_shell, m_state.cfg, saveForm());
         done = m_shell.told(written ? Result<void>() : written.failure());
         if (done && !written->bytes.isNull()) {
             m_state.cfg = written->lines;
@@ -311,7 +311,7 @@ bool Document::move(const Step& step, bool forward)
     }
     // What lies over the lists goes on lying over them.
     if (menuLevelShown())
-        RecalcPanelsFromLevels(m_shell, m_state, LayerLst);
+        RecalcPanelsFromLevels(m_shell, m_state, m_fonts, LayerLst);
     return true;
 }
 

@@ -3,6 +3,7 @@
 
 #include "params/level_files.h"
 #include "params/object_table.h"
+#include "params/panel_values.h"
 
 #include <QPoint>
 
@@ -21,6 +22,8 @@ void addParam(const ParamState& state, const PanelRec& panel, int source, qint64
     if (source <= 0 || id == panel.Ids.end() || !ZUKarr::inRange(key.file, source))
         return;
     const auto& value = state.ZUKarr.at(key.file, source).Value;
+    // An object larger than the picture may stand left of it, where nothing can be stored.
+    number = std::clamp<qint64>(number, 0, levelValueLimit);
     if (value && value->number != number)
         change.params[key] = ParamValue{number, id->hex, {}};
 }
@@ -33,7 +36,7 @@ void moveSpark(const ParamState& state, const PanelRec& panel, QPoint by, Change
             return;
         const auto& value = state.ZUKarr.at(levelFileOf(panel), source).Value;
         if (value)
-            addParam(state, panel, source, std::max<qint64>(0, value->number + delta), change);
+            addParam(state, panel, source, value->number + delta, change);
     };
     shift(panel.LeftParam, by.x());
     shift(panel.TopParam, by.y());
@@ -76,9 +79,12 @@ void addMenuPlace(const ParamState& state, const PanelRec& menu, Change& change)
     addNumber(state, u"menu_start_y", menu.Top, change);
 }
 
-void addMenuEntries(const ParamState& state, int entries, Change& change)
+void addMenuEntries(const ParamState& state, bool levels, int entries, Change& change)
 {
-    addNumber(state, u"menu_max_entries", entries, change);
+    if (levels)
+        addParam(state, *state.object(MenuPanelRow), menuEntriesParam, entries, change);
+    else
+        addNumber(state, u"menu_max_entries", entries, change);
 }
 
 } // namespace fennel

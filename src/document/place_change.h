@@ -11,8 +11,9 @@ namespace fennel {
 // takes the rest. A spark is moved by its two points and has no size to change.
 void addRecord(const ParamState& state, int row, const PanelRec& wanted, Change& change);
 
-// Generation 2: the menu's place, or how many entries it shows, in the lines of gfxboot.cfg.
+// Generation 2: the menu's place in the lines of gfxboot.cfg.
 void addMenuPlace(const ParamState& state, const PanelRec& menu, Change& change);
-void addMenuEntries(const ParamState& state, int entries, Change& change);
+// How many entries the menu shows: in a level file's parameter, or in gfxboot.cfg.
+void addMenuEntries(const ParamState& state, bool levels, int entries, Change& change);
 
 } // namespace fennel

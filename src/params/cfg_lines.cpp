@@ -17,15 +17,17 @@ QString behindHash(const QString& text)
     return text.mid(text.indexOf(u'#') + 1);
 }
 
-QString commentOr(const QString& comment, const QString& name)
+// A line that gets its comment back behind "# " is the line that was read.
+QString commentIn(const QString& text, const QString& name)
 {
-    return comment.isEmpty() ? CfgComment(name) : comment;
+    const QString behind = text.contains(u'#') ? behindHash(text) : QString();
+    const QStringView comment = trimBlanks(behind);
+    return comment.isEmpty() ? CfgComment(name) : comment.toString();
 }
 
 CfgLine activeLine(const QString& line, const QString& name, const QString& value)
 {
-    // The added "#" stays in the comment of a line that has one; at writing "##" becomes "#" again.
-    const QString comment = commentOr(behindHash(line + u'#'), name);
+    const QString comment = commentIn(line, name);
     return {CfgKindOfLine::Known, name, valueOf(value), true, comment, comment, true};
 }
 
@@ -40,14 +42,12 @@ CfgLine offLine(const QString& line, qsizetype equals, const QString& name, cons
 {
     // The line's first "#" is mostly the one that switches it off, so the comment is looked for
     // behind the value.
-    const QString right = line.mid(equals + 1);
-    const QString comment = commentOr(right.contains(u'#') ? behindHash(right) : QString(), name);
+    const QString comment = commentIn(line.mid(equals + 1), name);
     return {CfgKindOfLine::Known, name, valueOf(value), true, comment, behindHash(line), false};
 }
 
-// `seen` collects what the file mentions: names, and all text behind "#", or without one the whole
-// line, so that a parameter that a blank switches off is not offered a second time.
-CfgLine lineFrom(const QString& line, QString& seen)
+// A line without blanks at its ends.
+CfgLine lineFrom(const QString& line)
 {
     const qsizetype equals = line.indexOf(u'=');
     // Fixed: a value typed into it would turn the text into a parameter.
@@ -58,23 +58,28 @@ CfgLine lineFrom(const QString& line, QString& seen)
     const QString left = line.left(equals);
     const QString known = CfgKnownName(left);
     const QString value = CfgNormalise(QStringView(line).mid(equals + 1));
-    if (left == known) {
-        seen += u'|' + left;
+    if (left == known)
         return activeLine(line, left, value);
-    }
-    seen += behindHash(line);
     return known.isEmpty() ? wrongLine(left, value) : offLine(line, equals, known, value);
 }
 
-// What the engine knows and the file never mentions. The blank behind the comment goes into the
-// file with it.
+// What a line mentions: its name, and all text behind "#", or without one the whole line, so that a
+// parameter that a blank switches off is not offered a second time. A text mentions nothing.
+QString mentionIn(const QString& line, const CfgLine& read)
+{
+    if (read.kind == CfgKindOfLine::Text)
+        return {};
+    return read.on ? u'|' + read.name : behindHash(line);
+}
+
+// What the engine knows and the file never mentions.
 CfgLine hiddenLine(QStringView name)
 {
     return {CfgKindOfLine::Hidden,
             name.toString(),
             valueOf(CfgDefault(name)),
             true,
-            CfgComment(name) + u' ',
+            CfgComment(name),
             u"FENNEL-GFX: Perhaps this is a hidden parameter"_s,
             false};
 }
@@ -120,6 +125,14 @@ QString tidied(QString line, qsizetype times)
 
 } // namespace
 
+std::optional<CfgLine> cfgLineFrom(const QString& line)
+{
+    QString clean = line;
+    clean.replace(u'\t', u' ');
+    const QStringView text = trimBlanks(clean);
+    return text.isEmpty() ? std::nullopt : std::optional(lineFrom(text.toString()));
+}
+
 Result<CfgLines> cfgLinesFrom(const QString& text, const QByteArray& engine)
 {
     CfgLines lines;
@@ -127,17 +140,19 @@ Result<CfgLines> cfgLinesFrom(const QString& text, const QByteArray& engine)
     QString clean = text;
     // A lone carriage return ends a line too; the empty lines this makes are left out with all
     // others.
-    clean.replace(u'\t', u' ').replace(u'\r', u'\n');
+    clean.replace(u'\r', u'\n');
     for (const QStringView part : QStringView(clean).tokenize(u'\n')) {
-        const QStringView line = trimBlanks(part);
-        if (line.isEmpty())
+        const QString line = part.toString();
+        const std::optional<CfgLine> read = cfgLineFrom(line);
+        if (!read)
             continue;
         // A file this long is no list for people; nothing of it is shown, so that nothing can be
         // saved over it.
         if (lines.size() >= cfgLineLimit)
             return Failure{FailureKind::TooLarge, cfgMemberName.toStdString() + " has more than " +
                                                       std::to_string(cfgLineLimit) + " lines."};
-        lines.append(lineFrom(line.toString(), seen));
+        seen += mentionIn(line, *read);
+        lines.append(*read);
     }
     addHiddenLines(seen, engine, lines);
     return lines;

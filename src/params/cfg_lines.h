@@ -14,6 +14,8 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
+
 namespace fennel {
 
 enum class CfgKindOfLine {
@@ -40,11 +42,13 @@ using CfgLines = QList<CfgLine>; // shared until it is changed: a copy costs not
 inline constexpr qint64 cfgSizeLimit = 4 * 1024 * 1024; // bytes
 inline constexpr int cfgLineLimit = 100'000;
 
+// One line of the file, without its end; none if it is empty.
+std::optional<CfgLine> cfgLineFrom(const QString& line);
 // The lines of a file's text, followed by those of the parameters that the text does not mention
 // and the bytes of the engine do. Fails above cfgLineLimit.
 Result<CfgLines> cfgLinesFrom(const QString& text, const QByteArray& engine);
-// The way back: lines ended by CR LF, the last one without. Applying the two in turn is not
-// neutral: comments of active lines gain a blank each time.
+// The file as the lists show it: lines ended by CR LF, the last one without. What is read from it
+// and written again is the same. To keep what nobody edited: params/cfg_keep.h.
 QString cfgTextFrom(const CfgLines& lines);
 
 // Whether a value may be typed into the line, and its switch be used.

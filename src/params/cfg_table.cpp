@@ -47,6 +47,8 @@ QString CfgKnownName(QStringView text)
 
 QString CfgNormalise(QStringView text)
 {
+    while (!text.isEmpty() && (text[0] == u' ' || text[0] == u'\t'))
+        text = text.mid(1);
     // Colours are shown with six digits, everything else as people write numbers.
     return text.startsWith(u"0x", Qt::CaseInsensitive) ? hexText(numberFromText(text))
                                                        : leadingNumberText(text);

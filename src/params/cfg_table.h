@@ -70,10 +70,10 @@ QString CfgComment(QStringView name);
 // The first name of the table that occurs anywhere in the text, case counting; empty if none does.
 QString CfgKnownName(QStringView text);
 
-// A value as the list shows it and the file gets it: "0x" and six upper-case digits for a text that
-// begins with "0x", otherwise its decimal number as leadingNumberText() gives it. What cannot be
-// read is 0, also a "0x" behind a blank; what stands behind the number (a comment, say) is dropped:
-// "0xff # red" gives "0x0000FF", "12 13" gives "1213".
+// A value as the list shows it: "0x" and six upper-case digits for a text that begins with "0x",
+// otherwise its decimal number as leadingNumberText() gives it. Blanks in front do not count. What
+// cannot be read is 0; what stands behind the number (a comment, say) is dropped: "0xff # red"
+// gives "0x0000FF", "12 13" gives "1213".
 QString CfgNormalise(QStringView text);
 
 } // namespace fennel

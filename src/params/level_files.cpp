@@ -4,6 +4,9 @@
 #include "base/shell_context.h"
 #include "base/text.h"
 
+#include <optional>
+#include <set>
+
 namespace fennel {
 
 namespace {
@@ -22,19 +25,122 @@ void forgetFile(ZUKarr& table, int file)
     }
 }
 
-QByteArray recordsOf(const ZUKarr& table, int file)
+// Values have 24 bits; a record has no place for what is above.
+QByteArray recordOf(int param, qint64 value)
+{
+    QByteArray record;
+    for (const int shift : {0, 8, 16})
+        record.append(static_cast<char>((value >> shift) & 0xFF));
+    return record.append(static_cast<char>(param));
+}
+
+int numberAt(const QByteArray& bytes, qsizetype record)
+{
+    return static_cast<unsigned char>(bytes[record * recordSize + recordSize - 1]);
+}
+
+qint64 valueAt(const QByteArray& bytes, qsizetype record)
+{
+    const auto byte = [&](int k) {
+        return static_cast<unsigned char>(bytes[record * recordSize + k]);
+    };
+    return byte(2) * 65536 + byte(1) * 256 + byte(0);
+}
+
+QByteArray listedRecords(const ZUKarr& table, int file)
 {
     QByteArray bytes;
+    for (int param = 1; param <= zukParamCount; ++param) {
+        if (const auto value = table.at(file, param).EditValue)
+            bytes += recordOf(param, *value);
+    }
+    return bytes;
+}
+
+// The record of a parameter that counts, the last one; without one, where it belongs among numbers
+// that ascend.
+struct RecordPlace {
+    qsizetype record = 0;
+    bool there = false;
+};
+
+RecordPlace placeOf(const QByteArray& bytes, int param)
+{
+    const qsizetype count = bytes.size() / recordSize;
+    RecordPlace place{count, false};
+    for (qsizetype record = count - 1; record >= 0; --record) {
+        const int number = numberAt(bytes, record);
+        if (number == param)
+            return {record, true};
+        if (number > param)
+            place.record = record;
+    }
+    return place;
+}
+
+// The file with the values of the lists in the records that it has; the rest stays.
+QByteArray keptRecords(QByteArray bytes, const ZUKarr& table, int file)
+{
     for (int param = 1; param <= zukParamCount; ++param) {
         const std::optional<qint64> value = table.at(file, param).EditValue;
         if (!value)
             continue;
-        // Values have 24 bits; a record has no place for what is above.
-        for (const int shift : {0, 8, 16})
-            bytes.append(static_cast<char>((*value >> shift) & 0xFF));
-        bytes.append(static_cast<char>(param));
+        const RecordPlace place = placeOf(bytes, param);
+        if (place.there && valueAt(bytes, place.record) == (*value & levelValueLimit))
+            continue;
+        bytes.replace(place.record * recordSize, place.there ? recordSize : 0,
+                      recordOf(param, *value));
     }
     return bytes;
+}
+
+// A file that is not there has no records.
+Result<QByteArray> recordsIn(const QString& path)
+{
+    return FileExists(path) ? readBytes(path, levelFileLimit) : Result<QByteArray>(QByteArray());
+}
+
+// The new bytes of a file; none for one that stays as it is.
+Result<std::optional<QByteArray>> newRecords(const QString& path, const ZUKarr& table, int file,
+                                             SaveForm form)
+{
+    QByteArray bytes = listedRecords(table, file);
+    // No list shows anything of it.
+    if (bytes.isEmpty())
+        return std::optional<QByteArray>();
+    const Result<QByteArray> old = recordsIn(path);
+    if (!old)
+        return old.failure();
+    if (form == SaveForm::Kept)
+        bytes = keptRecords(*old, table, file);
+    return bytes == *old ? std::nullopt : std::optional(bytes);
+}
+
+QStringList lossesOf(const QByteArray& bytes, const ZUKarr& table, int file)
+{
+    QStringList losses;
+    // A file that no list shows anything of is not written.
+    if (listedRecords(table, file).isEmpty())
+        return losses;
+    std::set<int> told;
+    for (qsizetype record = 0; record < bytes.size() / recordSize; ++record) {
+        const int number = numberAt(bytes, record);
+        const bool known = ZUKarr::inRange(file, number);
+        if (number == 0 || (known && table.at(file, number).EditValue) ||
+            !told.insert(number).second)
+            continue;
+        const RecordPlace last = placeOf(bytes, number);
+        losses.append(QStringLiteral("%1: parameter %2%3 = %4   \u2192   dropped")
+                          .arg(levelFileName(file))
+                          .arg(number)
+                          .arg(known ? u' ' + table.at(file, number).Name : QString())
+                          .arg(valueAt(bytes, last.record)));
+    }
+    if (const qsizetype rest = bytes.size() % recordSize; rest > 0)
+        losses.append(QStringLiteral("%1: the last %2 bytes   \u2192   dropped")
+                          .arg(levelFileName(file))
+                          .arg(rest));
+    return losses;
 }
 
 // A new level file that stands beside the old one until all are written.
@@ -71,9 +177,9 @@ void readLevelRecords(const QByteArray& bytes, int file, ZUKarr& table)
     // A rest that is no whole record is passed over. Of two records of one parameter the later
     // wins.
     for (qsizetype i = 0; i + recordSize <= bytes.size(); i += recordSize) {
-        const auto byte = [&](qsizetype k) { return static_cast<unsigned char>(bytes[i + k]); };
-        if (ZUKarr::inRange(file, byte(3)))
-            table.at(file, byte(3)).LevelValue = byte(2) * 65536 + byte(1) * 256 + byte(0);
+        const int param = numberAt(bytes, i / recordSize);
+        if (ZUKarr::inRange(file, param))
+            table.at(file, param).LevelValue = static_cast<qint32>(valueAt(bytes, i / recordSize));
     }
 }
 
@@ -108,7 +214,20 @@ void GatherListValues(ZUKarr& table)
     }
 }
 
-Result<void> WriteLevelFiles(const Shell& shell, const ZUKarr& table)
+Result<QStringList> levelLosses(const Shell& shell, const ZUKarr& table)
+{
+    const QString folder = withSeparator(shell.run.Workspace);
+    QStringList losses;
+    for (int file = 0; file < zukFileCount; ++file) {
+        const Result<QByteArray> bytes = recordsIn(folder + levelFileName(file));
+        if (!bytes)
+            return bytes.failure();
+        losses += lossesOf(*bytes, table, file);
+    }
+    return losses;
+}
+
+Result<void> WriteLevelFiles(const Shell& shell, const ZUKarr& table, SaveForm form)
 {
     if (!shell.run.GfxHasZuk)
         return {};
@@ -116,15 +235,16 @@ Result<void> WriteLevelFiles(const Shell& shell, const ZUKarr& table)
     std::vector<NewFile> written;
     Result<void> result;
     for (int file = 0; file < zukFileCount && result; ++file) {
-        const QByteArray bytes = recordsOf(table, file);
-        // A file that no list shows anything of is left as it is.
-        if (bytes.isEmpty())
-            continue;
         const QString name = levelFileName(file);
+        const auto bytes = newRecords(folder + name, table, file, form);
+        if (!bytes)
+            result = bytes.failure();
+        if (!bytes || !*bytes)
+            continue;
         // All new files are complete before the first old one is replaced. "#" keeps them from
         // being members.
         written.push_back({folder + name, folder + QLatin1Char('#') + name});
-        result = shell.files.write(written.back().temporary, bytes);
+        result = shell.files.write(written.back().temporary, **bytes);
     }
     if (result)
         result = renameAll(shell.files, written);

@@ -10,9 +10,11 @@
 
 #include "base/result.h"
 #include "params/panel_rec.h"
+#include "params/save_form.h"
 #include "params/zuk_table.h"
 
 #include <QByteArray>
+#include <QStringList>
 
 namespace fennel {
 
@@ -34,11 +36,16 @@ void ReadLevelFiles(const Shell& shell, ZUKarr& table);
 // Copies every Value that a list shows into EditValue.
 void GatherListValues(ZUKarr& table);
 
-// Writes EditValue, cut to 24 bits, in ascending parameter number. A file without any EditValue
-// stays as it is; every other one is replaced and then holds nothing but what the lists showed. All
-// new contents are written beside the files first and renamed over them when the last one is whole:
-// on a failure before that no file has changed, and every file is whole at any time. The caller has
-// the list of members rebuilt afterwards with the pattern "*.CFG".
-Result<void> WriteLevelFiles(const Shell& shell, const ZUKarr& table);
+// What the level files of the Workspace would lose by SaveForm::Listed: records that no list shows,
+// and a rest that is no record. A line each.
+Result<QStringList> levelLosses(const Shell& shell, const ZUKarr& table);
+
+// Writes EditValue, cut to 24 bits. Kept: into the records that are there, new ones where they
+// stand in ascending numbers; all else keeps its bytes. Listed: in ascending numbers, and nothing
+// else. A file without any EditValue stays as it is, and one that says all this already is not
+// written. All new contents are written beside the files first and renamed over them when the last
+// one is whole: on a failure before that no file has changed, and every file is whole at any time.
+// The caller has the list of members rebuilt afterwards with the pattern "*.CFG".
+Result<void> WriteLevelFiles(const Shell& shell, const ZUKarr& table, SaveForm form);
 
 } // namespace fennel

@@ -90,6 +90,21 @@ double lineHeight(const ParamState& state, const FontTable& fonts)
     return size + 3 + menuSlit(state);
 }
 
+constexpr int slitParam = 40;
+
+// The heights of all menus but this one are constants or lengths of their own.
+void fitToEntries(const FontTable& fonts, PanelRec& menu, const ParamSource& param)
+{
+    const qint64 entries = param(menuEntriesParam);
+    if (entries <= 0 || fonts.empty())
+        return;
+    const auto font = static_cast<std::size_t>(std::max<int>(menu.FontIndex, 0));
+    const bool there = font < fonts.size() && !fonts[font].FontName.isEmpty();
+    const double size = fonts[there ? font : 0].Size;
+    menu.Height = menuHeightOf(
+        entries, size + 3 + static_cast<double>(std::max<qint64>(param(slitParam), 0)));
+}
+
 // Ties to even, like all places on the stage.
 qint16 menuHeight(double line, qint64 entries)
 {
@@ -121,7 +136,7 @@ void applyGeneration(const Shell& shell, ParamState& state, const FontTable& fon
 {
     const int generation = shell.run.gfxboot_var;
     if (generation == 3) {
-        RecalcPanelsFromLevels(shell, state, LayerCfg);
+        RecalcPanelsFromLevels(shell, state, fonts, LayerCfg);
         return;
     }
     shell.WriteLog(QStringLiteral("     gfxboot_var=%1").arg(generation));
@@ -133,10 +148,19 @@ void applyGeneration(const Shell& shell, ParamState& state, const FontTable& fon
         CfgApply(shell.run, state, fonts, key);
 }
 
+qint16 menuHeightOf(qint64 entries, double pitch)
+{
+    return clampToI16(roundToEven(static_cast<double>(entries) * pitch));
+}
+
 void fitMenuToFont(const RunState& run, ParamState& state, const FontTable& fonts)
 {
-    if (run.gfxboot_var > 2 || !state.object(OptionsPanelRow))
+    if (!state.object(OptionsPanelRow))
         return;
+    if (run.gfxboot_var > 2) {
+        state.object(MenuPanelRow)->Height = panelFromValues(state, fonts, MenuPanelRow).Height;
+        return;
+    }
     const double line = lineHeight(state, fonts);
     state.object(MenuPanelRow)->Height = menuHeight(line, menuEntries);
     for (const int row : {MenuBarRow, OptionsPanelRow})
@@ -168,16 +192,20 @@ void CfgApply(const RunState& run, ParamState& state, const FontTable& fonts, QS
     }
 }
 
-void RecalcPanelsFromLevels(const Shell& shell, ParamState& state, Layer layer)
+void RecalcPanelsFromLevels(const Shell& shell, ParamState& state, const FontTable& fonts,
+                            Layer layer)
 {
     shell.WriteLog(QStringLiteral("     gfxboot_var=3"));
     for (int row = 0; row < static_cast<int>(state.PanelArr.size()); ++row) {
         PanelRec& panel = *state.object(row);
         const int file = levelFileOf(panel);
-        recalcPanel(panel, [&](int source) {
+        const ParamSource param = [&](int source) {
             // A parameter that is missing is told by GetLevelValue() and counts as -1.
             return GetLevelValue(shell, state.ZUKarr, file, source, layer).value_or(-1);
-        });
+        };
+        recalcPanel(panel, param);
+        if (row == MenuPanelRow)
+            fitToEntries(fonts, panel, param);
         if (isSparkle(row))
             pointsToRectangle(panel);
     }
@@ -199,6 +227,8 @@ PanelRec panelFromValues(const ParamState& state, const FontTable& fonts, int ob
     if (!there)
         // An index without a font could not be drawn; 0 is the standard font.
         panel.FontIndex = 0;
+    if (object == MenuPanelRow)
+        fitToEntries(fonts, panel, param);
     return panel;
 }
 
@@ -269,7 +299,6 @@ qint64 switchValue(const ParamState& state, const PanelRec& panel)
 int menuSlit(const ParamState& state)
 {
     constexpr int oldSlit = 3; // of the engines without level files
-    constexpr int slitParam = 40;
     // Only generation 3 has all objects.
     return state.PanelArr.size() == zukObjectCount
                ? clampToI16(GetPanelParam(state, MenuPanelRow, slitParam))

@@ -28,8 +28,8 @@ struct Shell;
 // six keys of gfxboot.cfg in their places, 3 RecalcPanelsFromLevels(LayerCfg).
 void applyGeneration(const Shell& shell, ParamState& state, const FontTable& fonts);
 
-// The heights that the font sets in generations 1 and 2: of the menu, its bar and the options line.
-// For a font that has changed since applyGeneration(); places that were dragged stay.
+// The heights that the font sets: of the menu, and in generations 1 and 2 of its bar and the
+// options line. For a font that has changed since applyGeneration(); places that were dragged stay.
 void fitMenuToFont(const RunState& run, ParamState& state, const FontTable& fonts);
 
 // Brings one parameter of gfxboot.cfg to the objects of generation 2: colours, height or place of
@@ -37,7 +37,13 @@ void fitMenuToFont(const RunState& run, ParamState& state, const FontTable& font
 void CfgApply(const RunState& run, ParamState& state, const FontTable& fonts, QStringView name);
 
 // Recomputes all objects of generation 3 from ZUKarr as seen from `layer`. PanelRec::On stays.
-void RecalcPanelsFromLevels(const Shell& shell, ParamState& state, Layer layer);
+void RecalcPanelsFromLevels(const Shell& shell, ParamState& state, const FontTable& fonts,
+                            Layer layer);
+
+// Of the menu in generation 3: how many entries it is high. Their lines are as high as its font and
+// the slit between them say; a menu without this number keeps the height of its table.
+inline constexpr int menuEntriesParam = 41;
+[[nodiscard]] qint16 menuHeightOf(qint64 entries, double pitch);
 
 // One object of generation 3 as the values that its tab lists say. A disabled object has none: it
 // comes back as it is.

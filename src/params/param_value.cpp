@@ -9,6 +9,7 @@ namespace {
 
 QString normaliseTyped(QStringView text)
 {
+    text = text.trimmed();
     if (!text.startsWith(u"0x", Qt::CaseInsensitive))
         return leadingNumberText(text);
     // Letters that are no digits stay as they were typed; they end the number when it is read. A

@@ -4,6 +4,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <limits>
 
@@ -53,12 +54,13 @@ QPoint limitedPlace(QPoint wanted, const DragLimits& limits)
 }
 
 DragLimits dragLimits(int index, const PanelRec& rec, const QRect& panel, int menuPanelHeight,
-                      QSize picture, int generation, const StageScale& scale)
+                      QSize picture, int generation, const StageScale& scale, qint64 barWidth)
 {
     DragLimits limits;
     limits.picture = picture;
-    // In older generations only the left edge has to stay on the picture.
-    limits.inside = generation == 3 ? panel.width() : 0;
+    const auto kept = static_cast<int>(std::clamp<qint64>(isMenuRow(index) ? barWidth : 0,
+                                                          leastSide, scale.boot(picture.width())));
+    limits.inside = generation == 3 ? panel.width() : std::min(scale.shown(kept), picture.width());
     // The menu's height bounds its bar and the buttons too: the three belong together.
     limits.insideHeight = index <= ButtonsPanelRow ? menuPanelHeight : panel.height();
     if (rec.LeftParam < 0)
@@ -84,23 +86,24 @@ ResizeBand bandAround(const QRect& panel)
 // Menu and bar are pulled as one, with the menu's corner as the fixed point. Of other objects only
 // the lengths that a parameter sets can be pulled.
 ResizeLimits resizeLimits(int index, const PanelRec& rec, QPoint panelCorner, QPoint menuCorner,
-                          QSize picture, int generation)
+                          QSize picture, int generation, const StageScale& scale)
 {
+    // Rounded up, or at small scales a length below it would be stored.
+    const int least = static_cast<int>(std::ceil(leastSide * scale.factor()));
     if (isMenuRow(index))
-        return {menuCorner, picture, generation == 3, true};
-    return {panelCorner, picture, rec.WidthParam > 0, rec.HeightParam > 0};
+        return {menuCorner, picture, least, generation == 3, index == MenuPanelRow};
+    return {panelCorner, picture, least, rec.WidthParam > 0, rec.HeightParam > 0};
 }
 
 ResizeBand pulledBand(ResizeBand band, QPoint corner, const ResizeLimits& limits)
 {
-    if (limits.width) {
-        band.right =
-            std::min(std::max(corner.x(), limits.anchor.x() + 2), limits.picture.width() - 1);
-    }
-    if (limits.height) {
-        band.bottom =
-            std::min(std::max(corner.y(), limits.anchor.y() + 2), limits.picture.height() - 1);
-    }
+    const auto side = [&limits](int wanted, int start, int end) {
+        return std::max(std::min(wanted, end + bandMargin), start + limits.least + bandMargin);
+    };
+    if (limits.width)
+        band.right = side(corner.x(), limits.anchor.x(), limits.picture.width());
+    if (limits.height)
+        band.bottom = side(corner.y(), limits.anchor.y(), limits.picture.height());
     return band;
 }
 

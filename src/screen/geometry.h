@@ -60,10 +60,11 @@ struct DragLimits {
 QPoint limitedPlace(QPoint wanted, const DragLimits& limits);
 
 // Limits for panel `index` of the given shown rectangle. Rows 0 to 2 use the height of the menu
-// panel, so that the bar cannot leave the menu's range; only in generation 3 the whole width must
-// stay on the picture.
+// panel, so that the bar cannot leave the menu's range. In generation 3 the whole width must stay
+// on the picture, in older ones enough to be grasped, and of the menu `barWidth`, boot-screen
+// pixels.
 DragLimits dragLimits(int index, const PanelRec& rec, const QRect& panel, int menuPanelHeight,
-                      QSize picture, int generation, const StageScale& scale);
+                      QSize picture, int generation, const StageScale& scale, qint64 barWidth);
 
 // Menu and bar share their width: up to the picture's right edge in generations 1 and 2, at most up
 // to it in generation 3.
@@ -79,20 +80,24 @@ struct ResizeBand {
     [[nodiscard]] QRect box() const { return {left, top, right - left, bottom - top}; }
 };
 inline constexpr int bandMargin = 3;
+// No side is pulled below that, boot-screen pixels: what has no size cannot be grasped again.
+inline constexpr int leastSide = 4;
 // The band of a panel's shown rectangle at the start of a pull.
 ResizeBand bandAround(const QRect& panel);
 
 struct ResizeLimits {
-    QPoint anchor; // top left corner that the band keeps 2 pixels away from
+    QPoint anchor; // top left corner of the band
     QSize picture;
+    int least = 0;      // of the panel's sides
     bool width = false; // this side may move
     bool height = false;
 };
 // Corners in shown pixels. Menu and bar are pulled from the menu's corner, their width in
-// generation 3 only; of others the lengths that a parameter sets.
+// generation 3 only, their height by the menu; of others the lengths that a parameter sets.
 ResizeLimits resizeLimits(int index, const PanelRec& rec, QPoint panelCorner, QPoint menuCorner,
-                          QSize picture, int generation);
-// The band with its lower right corner brought to `corner` as far as the limits let it.
+                          QSize picture, int generation, const StageScale& scale);
+// The band with its lower right corner brought to `corner` as far as the limits let it: the panel
+// keeps its least size, and its edges reach those of the picture.
 ResizeBand pulledBand(ResizeBand band, QPoint corner, const ResizeLimits& limits);
 
 // Height of a menu line in boot pixels: the font's size taken as a height, 3, and the slit. A

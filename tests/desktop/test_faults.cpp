@@ -54,14 +54,6 @@ public:
     [[nodiscard]] QString picture() { return story.shell.path(u"picture.png"_s); }
     FaultyFiles& files() { return story.shell.files; }
     FaultyTools& tools() { return story.shell.tools; }
-    // Of gfxboot.cfg the values alone: its comments grow with every save.
-    static QByteArray valuesOf(const QByteArray& cfg)
-    {
-        QByteArray values;
-        for (const QByteArray& line : cfg.split('\n'))
-            values += line.contains('=') ? line.left(line.indexOf('\t')).toLower() + '\n' : "";
-        return values;
-    }
     // The members in the Workspace and in every message file, by name; working files are no
     // members.
     std::map<QString, QByteArray> onDisk()
@@ -79,10 +71,6 @@ public:
             const QByteArray bytes = bytesOf(apart() + file);
             found[u"apart/"_s + file] =
                 file.endsWith(u".gz") ? runProgram(u"gzip"_s, {u"-dc"_s}, {}, bytes).out : bytes;
-        }
-        for (auto& [name, bytes] : found) {
-            if (name.endsWith(u"gfxboot.cfg"_s))
-                bytes = valuesOf(bytes);
         }
         return found;
     }

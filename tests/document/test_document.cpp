@@ -211,7 +211,8 @@ TEST_F(DocumentTest, LinesOfTheConfigComeBackByteForByte)
     typed.cfgKey = u"menu_start_x"_s;
     ASSERT_TRUE(document.apply(typed, {u"a"_s, {}, {}}));
     EXPECT_EQ(document.object(MenuBarRow)->Left, 30);
-    EXPECT_TRUE(bytesOf(shell.run.Workspace + u"gfxboot.cfg"_s).startsWith("menu_start_x=30\t"));
+    EXPECT_TRUE(
+        bytesOf(shell.run.Workspace + u"gfxboot.cfg"_s).startsWith("menu_start_x=30 # x\r"));
     // Dragged: with the next save.
     Change dragged;
     PanelRec moved = *document.object(MenuPanelRow);
@@ -236,6 +237,37 @@ TEST_F(DocumentTest, LinesOfTheConfigComeBackByteForByte)
     failing.writeCfg = true;
     EXPECT_FALSE(document.apply(failing, {u"c"_s, {}, {}}));
     EXPECT_EQ(document.CfgValue(u"menu_start_x"), u"31"_s);
+}
+
+TEST_F(DocumentTest, ASaveAsksBeforeItLosesWhatNobodyEdited)
+{
+    const QByteArray bytes = "; a theme\n[base]\nmenu_start_x=5\ntheme=suse\n";
+    openConfig(bytes);
+    const auto file = [&] { return bytesOf(shell.run.Workspace + u"gfxboot.cfg"_s); };
+    const auto type = [&](QStringView text) {
+        Change typed;
+        typed.cfg = withCfgNumber(document.state().cfg, u"menu_start_x", typedValue(text).number);
+        typed.writeCfg = true;
+        ASSERT_TRUE(document.apply(typed, {u"a"_s, {}, {}}));
+    };
+    EXPECT_TRUE(document.writeParameters()); // nothing was edited
+    EXPECT_EQ(file(), bytes);
+    type(u"30");
+    shell.prompts.expectChoice(u"theme=suse"_s, u"Cancel"_s);
+    EXPECT_FALSE(document.writeParameters());
+    const QByteArray kept = QByteArray(bytes).replace("=5", "=30");
+    shell.prompts.expectChoice(u"[base]"_s, u"Keep them as they are"_s);
+    for (int save = 0; save < 10; ++save) {
+        EXPECT_TRUE(document.writeParameters()); // asked once
+        EXPECT_EQ(file(), kept);
+    }
+    document.beginHistory();
+    type(u"31");
+    shell.prompts.expectChoice(u"[base]"_s, u"Save as the lists show"_s);
+    for (int save = 0; save < 10; ++save) {
+        EXPECT_TRUE(document.writeParameters());
+        EXPECT_TRUE(file().contains("#theme=0\t"));
+    }
 }
 
 TEST_F(DocumentTest, FilesOfACommandAreOneStep)

@@ -19,7 +19,7 @@ protected:
     Colours()
     {
         openTemplate(lineRow);
-        pipette().setScreen([this](QPoint) { return screen; }, [] { return QPoint(5, 5); });
+        pipette().setScreen([this](QPointF) { return screen; }, [] { return QPointF(5, 5); });
     }
     ColourTools& tools() { return window.colourTools(); }
     Pipette& pipette() { return window.colourLink().pipette(); }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // gfxboot.cfg from any bytes: what is read can be written, and what was written has the same number
-// of lines when it is read again. The input serves as engine too.
-#include "params/cfg_lines.h"
+// of lines when it is read again; what nobody edited keeps its bytes. The input serves as engine
+// too.
+#include "params/cfg_keep.h"
 
 #include "base/text.h"
 
@@ -22,6 +23,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const Result<CfgLines> lines = cfgLinesFrom(file.text, bytes);
     if (!lines)
         return 0;
+    if (keptCfg(bytes, *lines) != bytes)
+        std::abort();
     const QByteArray written = encodeText(cfgTextFrom(*lines), file.TextIsUtf8);
     const Result<CfgLines> again = cfgLinesFrom(decodeText(written).text, {});
     if (!again || count(*again) != count(*lines))

@@ -18,10 +18,10 @@ class LevelFiles : public test::ParamsTest {
 protected:
     int level(int file, int param) { return state.ZUKarr.at(file, param).LevelValue; }
     void read() { ReadLevelFiles(shell.shell, state.ZUKarr); }
-    void saveAll()
+    void saveAll(SaveForm form = SaveForm::Listed)
     {
         GatherListValues(state.ZUKarr);
-        ASSERT_TRUE(WriteLevelFiles(shell.shell, state.ZUKarr));
+        ASSERT_TRUE(WriteLevelFiles(shell.shell, state.ZUKarr, form));
     }
     QByteArray bytes(const QString& name) { return test::bytesOf(shell.run.Workspace + name); }
 };
@@ -102,6 +102,33 @@ TEST_F(LevelFiles, FallThroughTheLayers)
     shell.prompts.expectMessage(u"Файл: ZUK0003.CFG\nParameter :5: does not exist!\n"_s);
     EXPECT_EQ(GetLevelValue(shell.shell, state.ZUKarr, 3, 5, LayerCfg), -1);
     EXPECT_EQ(shell.prompts.titles.last(), u"FENNEL-GFX"_s);
+}
+
+TEST_F(LevelFiles, KeepRecordsThatNoListShows)
+{
+    const QString name = u"ZUK0006.CFG"_s;
+    const QByteArray odd =
+        QByteArray::fromHex("01000008 FF000078 05000009 00000000 07000009 2A000063 0102");
+    shell.member(name, odd);
+    read();
+    for (const int param : {8, 9})
+        state.ZUKarr.at(6, param).Value =
+            ParamValue{state.ZUKarr.at(6, param).LevelValue, false, {}};
+    saveAll(SaveForm::Kept);
+    EXPECT_EQ(bytes(name), odd);
+    EXPECT_EQ(levelLosses(shell.shell, state.ZUKarr)->size(), 3); // 120, 99, two bytes
+    EXPECT_TRUE((*levelLosses(shell.shell, state.ZUKarr))[0].startsWith(
+        u"ZUK0006.CFG: parameter 120 = 255"));
+    // The record that counts changes, a new one comes where it belongs.
+    state.ZUKarr.at(6, 9).Value = typedValue(u"6");
+    state.ZUKarr.at(6, 38).Value = typedValue(u"1");
+    saveAll(SaveForm::Kept);
+    EXPECT_EQ(
+        bytes(name),
+        QByteArray::fromHex("01000008 01000026 FF000078 05000009 00000000 06000009 2A000063 0102"));
+    saveAll();
+    EXPECT_EQ(bytes(name), QByteArray::fromHex("01000008 06000009 01000026"));
+    EXPECT_TRUE(levelLosses(shell.shell, state.ZUKarr)->isEmpty());
 }
 
 TEST_F(LevelFiles, ComeBackByteForByte)

@@ -71,7 +71,7 @@ TEST_F(ObjectTable, ReadsPlacesFromTheLevels)
     BuildPanels(shell.shell, state);
     applyGeneration(shell.shell, state, fonts);
     const PanelRec& menu = panel(0);
-    EXPECT_EQ(place(0), QRect(253, 170, 300, 140));
+    EXPECT_EQ(place(0), QRect(253, 170, 300, 41 * (14 + 3 + 40))) << "41 entries";
     EXPECT_EQ(menu.BackColor, 0xff183042);
     EXPECT_EQ(menu.TextColor, 0xffabcdef);
     EXPECT_EQ(menu.Transp, 128);
@@ -116,7 +116,7 @@ TEST_F(ObjectTable, MixesTheAxesOfSparks)
         set(1, 12 + i, values[3 - i]);
     }
     BuildPanels(shell.shell, state);
-    RecalcPanelsFromLevels(shell.shell, state, LayerCfg);
+    RecalcPanelsFromLevels(shell.shell, state, fonts, LayerCfg);
     EXPECT_EQ(place(11), QRect(0, 50, 450, 550));
     EXPECT_EQ(place(12), QRect(500, 50, 450, 550)); // T 50, L 550, W 500, H 0
 }

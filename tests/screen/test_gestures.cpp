@@ -98,7 +98,7 @@ TEST_F(StageTest, OldMenusReachTheRightEdgeAndWriteTheCfg)
     mouse.move(held({100, 100}));
     EXPECT_EQ(document.CfgValue(u"menu_start_x"), u"53"_s) << "while the mouse moves";
     mouse.move(held({1000, 1000}));
-    EXPECT_EQ(stage.panel(1).rect.x(), 800) << "only the left edge must stay";
+    EXPECT_EQ(stage.panel(1).rect.x(), 500) << "as wide as the bar has to be";
     mouse.move(held({200, 200}));
     mouse.release(up({200, 200}));
     EXPECT_EQ(stage.panel(0).rect, QRect(153, 190, 647, 163));
@@ -173,7 +173,10 @@ TEST_F(StageTest, MarkerPullsThePanel)
     EXPECT_FALSE(stage.panel(22).plain || stage.overlay().resizeBand);
     EXPECT_EQ(stage.marker(), QRect(545, 455, 7, 7));
     drag(stage.marker().center(), {0, 0});
-    EXPECT_TRUE(rec(22).Width == 0 && rec(22).Height == 0) << "2 less 3 is no size";
+    EXPECT_TRUE(rec(22).Width == leastSide && rec(22).Height == leastSide);
+    drag(stage.marker().center(), {900, 900});
+    EXPECT_EQ(stage.panel(22).rect, QRect(200, 400, 600, 200)) << "to the edges";
+    EXPECT_TRUE(value(22, 4) == 600);
 }
 
 TEST_F(StageTest, MenuHeightSnapsAndIsWrittenAsEntries)
@@ -183,8 +186,8 @@ TEST_F(StageTest, MenuHeightSnapsAndIsWrittenAsEntries)
     const QPoint corner = stage.marker().center();
     mouse.press(left(corner));
     mouse.move(held(corner + QPoint(-200, 68))); // 163 + 68 + 3 rows live
-    EXPECT_EQ(stage.panel(0).rect, QRect(253, 170, 550, 234)) << "the height only";
-    EXPECT_EQ(stage.panel(1).rect.width(), 550);
+    EXPECT_EQ(stage.panel(0).rect, QRect(253, 170, 547, 234)) << "the height only";
+    EXPECT_EQ(stage.panel(1).rect.width(), 547);
     mouse.release(up(corner + QPoint(-200, 68)));
     EXPECT_EQ(stage.panel(0).rect, QRect(253, 170, 547, 240)) << "231 / 20 rounds to 12 entries";
     EXPECT_EQ(document.CfgValue(u"menu_max_entries"), u"12"_s);
@@ -200,6 +203,41 @@ TEST_F(StageTest, MenuHeightSnapsAndIsWrittenAsEntries)
     drag(stage.marker().center(), {0, 0});
     EXPECT_EQ(document.CfgValue(u"menu_max_entries"), u"1"_s);
     EXPECT_EQ(stage.panel(0).rect.height(), 20);
+}
+
+TEST_F(StageTest, LevelsKeepTheMenusHeightAsEntries)
+{
+    openZuk();
+    EXPECT_EQ(rec(0).Height, 140) << "of the table, without a number of entries";
+    stage.ActivatePanel(0);
+    const QPoint corner = stage.marker().center();
+    drag(corner, corner + QPoint(-40, 51)); // 191 / 20 lines
+    EXPECT_EQ(value(0, 41), 10);
+    EXPECT_TRUE(rec(0).Height == 200 && rec(0).Width == 460);
+    EXPECT_EQ(stage.panel(0).rect.height(), 200);
+    EXPECT_TRUE(document.undo());
+    EXPECT_TRUE(value(0, 41) == 0 && rec(0).Height == 140);
+    Change typed;
+    typed.params[{0, 41}] = ParamValue{5, false, {}};
+    EXPECT_TRUE(document.apply(typed, {}));
+    EXPECT_EQ(rec(0).Height, 100);
+}
+
+TEST_F(StageTest, WhatIsSwitchedOffComesBackOnlyWithItsTab)
+{
+    openZuk();
+    Change off;
+    off.params[{0, 1}] = ParamValue{0, false, {}};
+    EXPECT_TRUE(document.apply(off, {}));
+    for (const auto redrawn : {&Stage::RefreshPanels, &Stage::ShowBackground}) {
+        (stage.*redrawn)();
+        stage.ApplyPanel(5);
+        EXPECT_FALSE(stage.panel(5).visible);
+        EXPECT_TRUE(stage.panel(6).visible);
+    }
+    host.tabObject = 5;
+    stage.RefreshPanels();
+    EXPECT_TRUE(stage.panel(5).visible);
 }
 
 TEST_F(StageTest, WhatIsLargerThanThePictureEndsWhereItsRecordSays)
@@ -307,6 +345,14 @@ TEST_F(StageTest, EscapeTakesAGestureBack)
     mouse.move(held({500, 500}));
     mouse.release(up({500, 500}));
     EXPECT_EQ(stage.panel(0).rect.x(), 253);
+    // The rest of the gesture does nothing, not even measure.
+    mouse.press(left({10, 580}));
+    mouse.key(Qt::Key_Escape, Qt::NoModifier);
+    mouse.move(held({50, 500}));
+    EXPECT_FALSE(stage.overlay().freeBand);
+    EXPECT_TRUE(mouse.held());
+    mouse.release(up({50, 500}));
+    EXPECT_FALSE(mouse.held());
     stage.ActivatePanel(0);
     mouse.press(left(stage.marker().center()));
     mouse.move(held({500, 590}));

@@ -67,8 +67,8 @@ TEST(Geometry, PullingMovesOnlyFreeSides)
     PanelRec rec = recAt(0, 0, 100, 50);
     const QRect panel(200, 100, 100, 50);
     const auto pull = [&](int index, int generation, QPoint to) {
-        const ResizeLimits limits =
-            resizeLimits(index, rec, panel.topLeft(), {50, 60}, {800, 600}, generation);
+        const ResizeLimits limits = resizeLimits(index, rec, panel.topLeft(), {50, 60}, {800, 600},
+                                                 generation, StageScale(1));
         const ResizeBand band = pulledBand(bandAround(panel), to, limits);
         return QPoint(band.right, band.bottom);
     };
@@ -76,11 +76,11 @@ TEST(Geometry, PullingMovesOnlyFreeSides)
     rec.WidthParam = 4;
     EXPECT_EQ(pull(22, 3, {400, 300}), QPoint(400, 153));
     rec.HeightParam = -24;
-    EXPECT_EQ(pull(22, 3, {0, 300}), QPoint(202, 153));
+    EXPECT_EQ(pull(22, 3, {0, 300}), QPoint(207, 153)) << "4 wide";
     rec.HeightParam = 5;
-    EXPECT_EQ(pull(22, 3, {9999, 9999}), QPoint(799, 599));
-    EXPECT_EQ(pull(0, 2, {400, 0}), QPoint(303, 62)) << "old menus: height only, from the menu";
-    EXPECT_EQ(pull(1, 3, {0, 300}), QPoint(52, 300));
+    EXPECT_EQ(pull(22, 3, {9999, 9999}), QPoint(803, 603)) << "to the edges";
+    EXPECT_EQ(pull(0, 2, {400, 0}), QPoint(303, 67)) << "old menus: height only, from the menu";
+    EXPECT_EQ(pull(1, 3, {0, 300}), QPoint(57, 153)) << "a bar has no height of its own";
 }
 
 TEST(ScaleRules, FillTakesTheTighterSide)

@@ -47,7 +47,6 @@ TEST_F(StageTest, VisibilityInGenerationThree)
         return all.join(u' ');
     };
     EXPECT_EQ(seen(), u"0 1 4 5 6 22 23 24 25 39"_s);
-    set(5, &PanelRec::On, 0); // switched off, and still on the preview
     host.tabObject = 7;
     stage.RefreshPanels();
     for (const int index : {2, 3}) { // never in generation 3

@@ -71,4 +71,18 @@ std::optional<QColor> ScriptedPrompts::ChooseColour(const QColor&)
     return expected.given ? std::optional(expected.colour) : std::nullopt;
 }
 
+int ScriptedPrompts::choose(const Choice& choice)
+{
+    const QString shown = choice.text + QLatin1Char('\n') + choice.list.join(QLatin1Char('\n'));
+    texts.append(shown);
+    titles.append(choice.title);
+    const Expected expected = take(Expected::Choose, shown);
+    if (!expected.given)
+        return answerRest ? choice.usual : choice.cancel;
+    EXPECT_TRUE(shown.contains(expected.text))
+        << shown.toStdString() << "\nshould hold \"" << expected.text.toStdString() << '"';
+    EXPECT_TRUE(choice.answers.contains(expected.caption)) << expected.caption.toStdString();
+    return static_cast<int>(choice.answers.indexOf(expected.caption));
+}
+
 } // namespace fennel::test

@@ -22,6 +22,11 @@ public:
     {
         m_queue.push_back({Expected::Message, part, answer});
     }
+    // The next choice must have `part` in its text or list and gets the answer of that caption.
+    void expectChoice(const QString& part, const QString& answer)
+    {
+        m_queue.push_back({Expected::Choose, part, Answer::Ok, true, {}, answer});
+    }
     // The next dialog of that kind; an empty path is Cancel.
     void expectOpen(const QString& path) { m_queue.push_back({Expected::Open, path}); }
     void expectSave(const QString& path) { m_queue.push_back({Expected::Save, path}); }
@@ -39,7 +44,8 @@ public:
 
     // What was expected and did not come is expected no longer.
     void forget() { m_queue.clear(); }
-    // If set, it answers the messages that nobody expected, and other such prompts are cancelled.
+    // If set, it answers the messages that nobody expected; choices get their usual answer, and
+    // other such prompts are cancelled.
     std::function<Answer(const QString& text, MessageType type)> answerRest;
 
     // Everything that was asked or told so far, oldest first.
@@ -56,14 +62,16 @@ public:
     std::optional<QString> input(const QString& prompt, const QString& title,
                                  const QString& initial) override;
     std::optional<QColor> ChooseColour(const QColor& initial) override;
+    int choose(const Choice& choice) override;
 
 private:
     struct Expected {
-        enum Kind { Message, Open, Save, Folder, Input, Colour } kind = Message;
+        enum Kind { Message, Open, Save, Folder, Input, Colour, Choose } kind = Message;
         QString text = {};
         Answer answer = Answer::Ok;
         bool given = true;
         QColor colour = {};
+        QString caption = {};
     };
     // The expected prompt of that kind; without one the test fails and the user cancels.
     Expected take(Expected::Kind kind, const QString& shown);

@@ -77,10 +77,12 @@ void Story::close()
     Form_Unload(shell.shell);
 }
 
-void Story::saveAs(const QString& path, bool compress)
+void Story::saveAs(const QString& path, bool compress, const QString& loss)
 {
     user().expectSave(path);
     user().expectMessage(u"To do this?"_s, compress ? Answer::Yes : Answer::No);
+    if (!loss.isEmpty())
+        user().expectChoice({}, loss);
     choose("mnuFile_SaveAs");
 }
 

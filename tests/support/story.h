@@ -37,7 +37,8 @@ public:
     // The end of the run: the window closes and the temporary folders go.
     void close();
     // Save As under this path, compressed or not.
-    void saveAs(const QString& path, bool compress);
+    // An answer to the question what a save may lose, if that comes.
+    void saveAs(const QString& path, bool compress, const QString& loss = {});
 
     // The tab with that caption becomes the current one, as by a click.
     void goToTab(const QString& caption);

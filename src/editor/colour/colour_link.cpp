@@ -151,7 +151,7 @@ void ColourLink::takeValue(QRgb colour)
     ValueEditor& editor = m_window.rightPanel().editor();
     editor.setText(hexText(colour & 0xFFFFFFU));
     editor.box().setFocus();
-    CommitValue(m_window);
+    (void)CommitValue(m_window);
 }
 
 void ColourLink::onPipette(bool on)

@@ -21,6 +21,7 @@ constexpr int lensSide = 110; // of the magnified part
 constexpr int labelHeight = 20;
 constexpr int away = 24; // from the mouse; more than `reach`, or the lens would show itself
 constexpr int tickMs = 16;
+constexpr double speck = 1.0 / 64; // of a pixel, for what divisions leave over
 
 // A program that runs on X11 inside a Wayland desktop sees only windows of its kind.
 bool screenIsHidden()
@@ -32,32 +33,39 @@ bool screenIsHidden()
 
 } // namespace
 
-QImage grabAround(QPoint point)
+QImage grabAround(QPointF point)
 {
     // The mouse may be between two screens.
-    QScreen* screen = QGuiApplication::screenAt(point);
+    QScreen* screen = QGuiApplication::screenAt(point.toPoint());
     if (screen == nullptr)
         screen = QGuiApplication::primaryScreen();
     if (screen == nullptr)
         return {};
-    const QPoint corner = point - screen->geometry().topLeft() - QPoint(reach, reach);
-    const int side = 2 * reach + 1;
-    const QRect wanted(corner, QSize(side, side));
-    const QRect there = wanted & QRect(QPoint(), screen->geometry().size());
-    const QImage got =
+    const QRectF all(QPointF(), screen->geometry().size());
+    const QPointF place = point - screen->geometry().topLeft();
+    // A logical pixel more on each side than is shown: logical pixels begin inside those of the
+    // screen.
+    const QRect there =
+        (QRectF(place, place).adjusted(-reach - 1, -reach - 1, reach + 1, reach + 1) & all)
+            .toAlignedRect();
+    QImage got =
         screen->grabWindow(0, there.x(), there.y(), there.width(), there.height()).toImage();
-    // The grab comes in pixels of the screen, which may be smaller than logical ones.
-    const double ratio = got.isNull() ? 1.0 : got.width() / double(std::max(1, there.width()));
+    // The grab comes in pixels of the screen, which may be smaller than logical ones, from the one
+    // that is nearest to its corner.
+    const double ratio = screen->devicePixelRatio();
+    const auto pixel = [ratio](double logical) {
+        return static_cast<int>(std::floor(logical * ratio + 0.5));
+    };
+    const QPoint middle(static_cast<int>(std::floor(place.x() * ratio + speck)) - pixel(there.x()),
+                        static_cast<int>(std::floor(place.y() * ratio + speck)) - pixel(there.y()));
+    const int around = static_cast<int>(reach * ratio);
+    // Otherwise the painter would shrink it again.
+    got.setDevicePixelRatio(1);
     // Odd, so that one pixel is the middle. What lies off the screen stays black.
-    const int pixels = static_cast<int>(side * ratio) | 1;
-    QImage part(pixels, pixels, QImage::Format_RGB32);
+    QImage part(2 * around + 1, 2 * around + 1, QImage::Format_RGB32);
     part.fill(Qt::black);
     QPainter painter(&part);
-    const QPointF at = QPointF(there.topLeft() - corner) * ratio;
-    QImage plain = got;
-    // Otherwise the painter would shrink it again.
-    plain.setDevicePixelRatio(1);
-    painter.drawImage(at.toPoint(), plain);
+    painter.drawImage(QPoint(around, around) - middle, got);
     return part;
 }
 
@@ -68,6 +76,7 @@ Pipette::Pipette(QWidget* parent)
     // The dialog that asked must stay active.
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFixedSize(lensSide, lensSide + labelHeight);
+    setMouseTracking(true);
     // There only the desktop's own picker can read the screen, and only it asks the user.
     if (screenIsHidden())
         usePortal(QDBusConnection::sessionBus());
@@ -79,7 +88,7 @@ Pipette::~Pipette()
     giveBack();
 }
 
-void Pipette::setScreen(ScreenPart screen, std::function<QPoint()> mouse)
+void Pipette::setScreen(ScreenPart screen, std::function<QPointF()> mouse)
 {
     m_screen = std::move(screen);
     m_mouse = std::move(mouse);
@@ -108,6 +117,7 @@ void Pipette::start()
     m_working = true;
     // A button that is down from before must not count as the choice.
     m_clicked = false;
+    m_place.reset();
     if (m_portal) {
         m_portal->ask();
         return;
@@ -124,7 +134,7 @@ void Pipette::start()
 
 void Pipette::takeOver()
 {
-    moveBeside(m_mouse());
+    moveBeside(mouse().toPoint());
     show();
     raise();
     // Clicks must not reach the window below, whosever it is.
@@ -163,14 +173,14 @@ void Pipette::stop()
 
 void Pipette::tick()
 {
-    const QPoint point = m_mouse();
+    const QPointF point = mouse();
     m_part = m_screen(point);
     if (m_part.isNull())
         return;
     // The middle is what the lens frames.
     m_colour = m_part.pixel(m_part.width() / 2, m_part.height() / 2) | 0xff000000U;
     Q_EMIT sampled(m_colour);
-    moveBeside(point);
+    moveBeside(point.toPoint());
     update();
 }
 
@@ -194,8 +204,25 @@ void Pipette::timerEvent(QTimerEvent* event)
         tick();
 }
 
+// What the window system is asked for comes in whole logical pixels; events tell them exactly.
+QPointF Pipette::mouse() const
+{
+    const QPointF asked = m_mouse();
+    const bool near = m_place && (*m_place - asked).manhattanLength() <= 2;
+    return near ? *m_place : asked;
+}
+
+void Pipette::mouseMoveEvent(QMouseEvent* event)
+{
+    m_place = event->globalPosition();
+}
+
 void Pipette::mousePressEvent(QMouseEvent* event)
 {
+    m_place = event->globalPosition();
+    // The pixel under the click, not that of the tick before.
+    if (!m_clicked && event->button() == Qt::LeftButton)
+        tick();
     m_clicked = m_clicked || event->button() == Qt::LeftButton;
 }
 

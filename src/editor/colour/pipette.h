@@ -20,9 +20,10 @@ namespace fennel {
 
 // The part of the screen around a point: an odd number of pixels each way, the point's pixel in the
 // middle, black beyond the edge.
-using ScreenPart = std::function<QImage(QPoint point)>;
-// From the screens of the window system; logical coordinates of the whole desktop.
-QImage grabAround(QPoint point);
+using ScreenPart = std::function<QImage(QPointF point)>;
+// From the screens of the window system; logical coordinates of the whole desktop, with the
+// fractions that tell pixels of the screen apart.
+QImage grabAround(QPointF point);
 
 // The magnified sample beside the mouse, and the widget that the grab is on.
 class Pipette : public QWidget {
@@ -34,7 +35,7 @@ public:
 
     void setCursorShown(const QCursor& cursor) { m_cursor = cursor; }
     // Instead of grabAround and QCursor::pos, for tests.
-    void setScreen(ScreenPart screen, std::function<QPoint()> mouse);
+    void setScreen(ScreenPart screen, std::function<QPointF()> mouse);
     // Asks the desktop rather than grabbing; by itself only where grabbing cannot work.
     void usePortal(const QDBusConnection& bus);
 
@@ -56,6 +57,7 @@ Q_SIGNALS:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -66,10 +68,12 @@ private:
     void end(bool taken);
     void tick();
     void moveBeside(QPoint point);
+    [[nodiscard]] QPointF mouse() const;
 
     QCursor m_cursor{Qt::CrossCursor};
     ScreenPart m_screen = grabAround;
-    std::function<QPoint()> m_mouse = [] { return QCursor::pos(); };
+    std::function<QPointF()> m_mouse = [] { return QPointF(QCursor::pos()); };
+    std::optional<QPointF> m_place; // of the last event of the mouse, exact to the pixel
     std::unique_ptr<ColourPortal> m_portal;
     QBasicTimer m_timer; // TimerPipetka
     QImage m_part;

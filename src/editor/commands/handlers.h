@@ -48,6 +48,10 @@ void changeLogo(MainWindow& window, const QString& name);
 [[nodiscard]] bool EditTextFile(MainWindow& window);
 // Whether the editor's frame may be used for something else: a changed text in it is asked about.
 [[nodiscard]] bool mayLeaveText(MainWindow& window);
+// A text is in work that differs from its member.
+[[nodiscard]] bool textModified(MainWindow& window);
+// Such a text goes into its member, as a step. False if that failed; the user was told.
+[[nodiscard]] bool commitText(MainWindow& window);
 // Shows the logo of that name on the stage; without such a member nothing happens.
 void showLogoMember(MainWindow& window, const QString& name);
 // The object shows the text of a member on the stage, now or when it is next seen.
@@ -77,8 +81,12 @@ void addHistoryCommands(MainWindow& window);
 void updateRowButtons(MainWindow& window);
 // Marks a row, from 1, of a tab's list and makes it the one that commands work on.
 void selectRow(MainWindow& window, int tab, int row);
-// Takes the typed value if the value editor is open; closes it without taking the value.
-void CommitValue(MainWindow& window);
+// Name and value of the chosen row of gfxboot.cfg in the status line.
+void showCfgStatus(MainWindow& window);
+// Takes the typed value if the value editor is open. False if it fits no file: the user was told,
+// and the editor stays open.
+[[nodiscard]] bool CommitValue(MainWindow& window);
+// Closes the value editor without taking the value.
 void CloseEditor(MainWindow& window);
 // CloseEditor(), but a text in work stays open with what was typed.
 void closeValueEditor(MainWindow& window);

@@ -49,7 +49,8 @@ using ArchiveCommand = void (*)(const Shell& shell);
 void add(MainWindow& window, const char* name, ArchiveCommand command)
 {
     window.commands().add(name, [&window, command] {
-        CommitValue(window);
+        if (!CommitValue(window))
+            return;
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
         command(window.shell());
         QGuiApplication::restoreOverrideCursor();

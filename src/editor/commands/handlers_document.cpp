@@ -170,7 +170,7 @@ void showChosenBackground(MainWindow& window)
 void showHistory(MainWindow& window)
 {
     const Document& document = window.document();
-    window.setWindowModified(document.isModified());
+    window.setWindowModified(document.isModified() || textModified(window));
     struct Item {
         const char* name;
         QString caption;

@@ -7,6 +7,7 @@
 #include "editor/window/menus.h"
 
 #include <QDir>
+#include <QTextDocument>
 
 namespace fennel {
 
@@ -53,6 +54,8 @@ void saveAs(MainWindow& window)
 {
     const Shell& shell = window.shell();
     const QString shown = namePart(shell.run.BackFile);
+    if (!commitText(window))
+        return;
     if (!GfxSaveAs(shell, [&window] { return writeParameters(window); })) {
         // The list was filled from the copy, which is gone.
         if (shell.run.GfxOpened)
@@ -70,21 +73,26 @@ void save(MainWindow& window)
 {
     if (window.shell().run.GfxFileName == unsavedGfxName)
         saveAs(window);
-    else if (GfxSave(window.shell(), [&window] { return writeParameters(window); }))
+    else if (commitText(window) &&
+             GfxSave(window.shell(), [&window] { return writeParameters(window); }))
         window.document().markSaved();
 }
 
 void reOpen(MainWindow& window)
 {
-    if (mayReOpen(window.shell()))
-        window.openGfxboot(window.shell().run.GfxPath);
+    if (!mayReOpen(window.shell()))
+        return;
+    // That the changes are lost was agreed to; a text in work is one of them.
+    window.rightPanel().editor().box().document()->setModified(false);
+    window.openGfxboot(window.shell().run.GfxPath);
 }
 
 } // namespace
 
 bool writeParameters(MainWindow& window)
 {
-    CommitValue(window);
+    if (!CommitValue(window))
+        return false;
     const bool done = window.document().writeParameters();
     if (window.shell().run.GfxHasZuk || window.shell().run.GfxHasCfg)
         refillList(window, TabGfxboot); // other lengths, perhaps another order

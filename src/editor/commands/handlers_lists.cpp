@@ -101,8 +101,7 @@ void onRowSelected(MainWindow& window, int tab, int row, bool rightButton)
     if (click.showPopup)
         showMenuAs(window, rowPopup(tab, itemOf(window, tab, *shown)), QCursor::pos());
     if (click.showCfgStatus) {
-        window.setStatusField(7, itemOf(window, tab, *shown) + QStringLiteral("=") +
-                                     valueText(window.document(), *shown));
+        showCfgStatus(window);
         window.setStatusField(8, QStringLiteral("DblClick or ENTER for \"Value\" edit"));
         CloseEditor(window);
     }
@@ -372,13 +371,30 @@ void updateRowButtons(MainWindow& window)
     applyButtons(window, buttonsOfTab(window.shell().run, lists, lists.CurrentTab));
 }
 
-void CommitValue(MainWindow& window)
+void showCfgStatus(MainWindow& window)
+{
+    const ListRow* row = currentRow(window);
+    if (window.workbench().params.CurrentTab == TabConfig && row != nullptr)
+        window.setStatusField(7, itemOf(window, TabConfig, *row) + u'=' +
+                                     valueText(window.document(), *row));
+}
+
+bool CommitValue(MainWindow& window)
 {
     ValueEditor& editor = window.rightPanel().editor();
     const ListRow* row = currentRow(window);
     if (!editor.isVisible() || editor.textEditMode() || row == nullptr)
-        return;
+        return true;
     const ParamValue typed = typedValue(editor.text());
+    if (row->kind == RowKind::Parameter && !fitsLevelFile(typed)) {
+        window.shell().prompts.ShowMessage(
+            MainWindow::tr(
+                "%1 cannot be stored.\nA parameter of the boot screen is a number from 0 "
+                "to %2.")
+                .arg(typed.text())
+                .arg(levelValueLimit));
+        return false;
+    }
     CloseEditor(window);
     if (row->kind == RowKind::CfgLine) {
         CfgLine line = window.document().state().cfg.value(row->number);
@@ -387,6 +403,7 @@ void CommitValue(MainWindow& window)
     } else if (row->kind == RowKind::Parameter) {
         setValue(window, *row, typed);
     }
+    return true;
 }
 
 void closeValueEditor(MainWindow& window)
@@ -476,7 +493,7 @@ void connectLists(MainWindow& window)
             showMenuAs(window, entries, place);
     });
     QObject::connect(&panel.editor(), &ValueEditor::committed, &window,
-                     [&window] { CommitValue(window); });
+                     [&window] { (void)CommitValue(window); });
     QObject::connect(&panel.editor(), &ValueEditor::cancelled, &window,
                      [&window] { CloseEditor(window); });
     QObject::connect(&panel.deleteButton(), &QToolButton::clicked, &window,

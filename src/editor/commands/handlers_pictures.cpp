@@ -36,7 +36,8 @@ void runAsStep(MainWindow& window, const QString& what, const QString& member,
 void add(MainWindow& window, const char* name, const QString& what, PictureCommand command)
 {
     window.commands().add(name, [&window, what, command] {
-        CommitValue(window);
+        if (!CommitValue(window))
+            return;
         runAsStep(window, what, {}, [&](PictureHost& host) { command(window.shell(), host); });
     });
 }

@@ -32,14 +32,13 @@ void refillLengths(MainWindow& window, const QString& name)
     updateRowButtons(window);
 }
 
-void save(MainWindow& window)
+// Brings the text into its member. False if that failed: the user was told, and it stays in work.
+bool keepText(MainWindow& window)
 {
     const Shell& shell = window.shell();
     // Another row or tab may be chosen by now; the text goes back to where it came from.
     const QString name = window.workbench().EditedText;
     const int object = window.workbench().EditedObject;
-    if (!window.rightPanel().editor().textEditMode() || name.isEmpty())
-        return;
     const QString text = window.rightPanel().editor().text();
     StepInfo info{QStringLiteral("text of %1").arg(name), {}, {}};
     info.place.object = object;
@@ -47,10 +46,17 @@ void save(MainWindow& window)
     if (!window.document().changeMembers(info, [&] {
             return shell.told(saveTextMember(shell.files, shell.run.Workspace + name, text));
         }))
-        return; // the text stays open
-    CloseEditor(window);
+        return false;
+    window.rightPanel().editor().box().document()->setModified(false);
     refillLengths(window, name);
     showTextMember(window, object, name);
+    return true;
+}
+
+void save(MainWindow& window)
+{
+    if (window.rightPanel().editor().textEditMode() && keepText(window))
+        CloseEditor(window);
 }
 
 void open(MainWindow& window, const QString& name, int object)
@@ -87,10 +93,20 @@ void convert(MainWindow& window)
 
 } // namespace
 
-bool mayLeaveText(MainWindow& window)
+bool textModified(MainWindow& window)
 {
     const ValueEditor& editor = window.rightPanel().editor();
-    return !editor.textEditMode() || !editor.box().document()->isModified() ||
+    return editor.textEditMode() && editor.box().document()->isModified();
+}
+
+bool commitText(MainWindow& window)
+{
+    return !textModified(window) || keepText(window);
+}
+
+bool mayLeaveText(MainWindow& window)
+{
+    return !textModified(window) ||
            window.shell().prompts.ShowMessage(
                QStringLiteral("The changes of %1 are not saved.\nDiscard them?")
                    .arg(window.workbench().EditedText),
@@ -109,6 +125,12 @@ bool EditTextFile(MainWindow& window)
 
 void connectTextButtons(MainWindow& window)
 {
+    // A text in work counts among the changes that are not saved.
+    QObject::connect(window.rightPanel().editor().box().document(),
+                     &QTextDocument::modificationChanged, &window, [&window] {
+                         window.setWindowModified(window.document().isModified() ||
+                                                  textModified(window));
+                     });
     QObject::connect(&window.rightPanel().editor(), &ValueEditor::textButtonClicked, &window,
                      [&window](ValueEditor::TextButton button) {
                          switch (button) {

@@ -53,7 +53,7 @@ void StageGestures::press(const StageMouse& mouse)
     // A second button during a drag belongs to the same gesture. If no other is down, the release
     // of the gesture before got lost, to a window that came up.
     const bool second = m_target != Target::None && mouse.buttons != mouse.button;
-    if (second && m_target == Target::Marker)
+    if (second && (m_target == Target::Marker || m_target == Target::Ended))
         return;
     if (!second) {
         endStep();
@@ -77,6 +77,11 @@ void StageGestures::press(const StageMouse& mouse)
 
 void StageGestures::move(const StageMouse& mouse)
 {
+    // The release got lost if no button is down any more.
+    if (m_target == Target::Ended && mouse.buttons == Qt::NoButton)
+        m_target = Target::None;
+    if (m_target == Target::Ended)
+        return;
     const bool held = m_target != Target::None;
     if (!held)
         setTarget(mouse.at);
@@ -152,12 +157,30 @@ void StageGestures::showPanelStatus(int index)
     const StageScale scale = m_stage.scale();
     const PanelRec& rec = m_stage.record(index);
     const QRect& rect = m_stage.panel(index).rect;
+    m_told = index;
     m_stage.host().setStatus(nameStatus, rec.Name);
     m_stage.host().setStatus(placeStatus, u"(%1;%2), %3x%4, Transp.=%5"_s.arg(scale.boot(rect.x()))
                                               .arg(scale.boot(rect.y()))
                                               .arg(scale.boot(rect.width()))
                                               .arg(scale.boot(rect.height()))
                                               .arg(rec.Transp));
+}
+
+void StageGestures::refreshStatus(const std::set<int>& objects)
+{
+    if (m_told < 0 || (!objects.contains(m_told) && m_stage.isRow(m_told)))
+        return;
+    if (m_stage.isRow(m_told))
+        showPanelStatus(m_told);
+    else
+        forgetStatus();
+}
+
+void StageGestures::forgetStatus()
+{
+    m_told = -1;
+    m_stage.host().setStatus(nameStatus, {});
+    m_stage.host().setStatus(placeStatus, {});
 }
 
 void StageGestures::panelMoved(const StageMouse& mouse, int index)
@@ -183,8 +206,10 @@ void StageGestures::movePanelTo(int index, QPoint wanted)
     const QSize picture = m_stage.pictureSize();
     QRect rect = m_stage.panel(index).rect;
     const int menuHeight = m_stage.panel(MenuPanelRow).rect.height();
-    rect.moveTopLeft(limitedPlace(wanted, dragLimits(index, m_stage.record(index), rect, menuHeight,
-                                                     picture, generation, m_stage.scale())));
+    const qint64 barWidth = numberFromText(m_stage.document().CfgValue(u"menu_bar_min_width"));
+    rect.moveTopLeft(
+        limitedPlace(wanted, dragLimits(index, m_stage.record(index), rect, menuHeight, picture,
+                                        generation, m_stage.scale(), barWidth)));
     if (isMenuRow(index)) {
         rect.setWidth(menuWidth(rect.x(), rect.width(), picture.width(), generation));
         const int other = MenuBarRow - index;
@@ -246,8 +271,8 @@ void StageGestures::store(const std::map<int, PanelRec>& records, bool entries,
         (menu->second.Left != state.object(MenuPanelRow)->Left ||
          menu->second.Top != state.object(MenuPanelRow)->Top))
         addMenuPlace(state, menu->second, change);
-    if (entries && !levels() && records.contains(MenuPanelRow))
-        addMenuEntries(state, shownEntries(), change);
+    if (entries && records.contains(MenuPanelRow))
+        addMenuEntries(state, levels(), shownEntries(), change);
     const QScopedValueRollback<bool> own(m_writing, true);
     (void)m_stage.document().apply(change, info);
 }
@@ -355,6 +380,7 @@ void StageGestures::stepLogo(bool backwards)
 void StageGestures::backgroundMoved(const StageMouse& mouse)
 {
     StageHost& host = m_stage.host();
+    m_told = -1;
     m_cursor = picking() ? StageCursor::Picker : StageCursor::Background;
     const QImage& picture = m_stage.background();
     if (picture.rect().contains(mouse.at)) {
@@ -423,7 +449,7 @@ bool StageGestures::restore()
     if (m_target == Target::None)
         return false;
     const bool panel = m_target == Target::Panel || m_target == Target::Marker;
-    m_target = Target::None;
+    m_target = Target::Ended;
     m_dragging = false;
     m_pulled = false;
     m_stage.setOverlay({});
@@ -441,6 +467,8 @@ bool StageGestures::restore()
     if (!m_stage.record(index).Roll)
         m_stage.redraw(index);
     m_stage.ShowMarker(m_stage.SelectedPanel, 0);
+    refreshStatus({index});
+    m_before = {};
     return true;
 }
 

@@ -11,6 +11,7 @@
 
 #include <array>
 #include <map>
+#include <set>
 
 namespace fennel {
 
@@ -46,12 +47,18 @@ public:
     void release(const StageMouse& mouse);
     // Steps the logo; on the marker and the background it is a press.
     void doubleClick(const StageMouse& mouse);
+    // The status line tells of an object that changed without the mouse, or is gone.
+    void refreshStatus(const std::set<int>& objects);
+    // Another gfxboot: what the mouse was over is gone.
+    void forgetStatus();
     // Tab and Shift+Tab select, arrows move the selected object by one boot pixel (Shift: ten) and
     // write as a drag does, Escape ends a gesture as if it had not begun, or unselects. True if
     // the key was used.
     bool key(int key, Qt::KeyboardModifiers modifiers);
 
     [[nodiscard]] bool Dragging() const { return m_dragging; }
+    // A button is down, or was when the gesture ended.
+    [[nodiscard]] bool held() const { return m_target != Target::None; }
     // The document is changing by this very gesture, and the stage shows it already.
     [[nodiscard]] bool writing() const { return m_writing; }
     [[nodiscard]] StageCursor cursor() const { return m_cursor; }
@@ -59,7 +66,8 @@ public:
     [[nodiscard]] QString toolTip(QPoint at) const;
 
 private:
-    enum class Target { None, Panel, Marker, Background };
+    // Ended: by Escape; the buttons that are still down do nothing more.
+    enum class Target { None, Panel, Marker, Background, Ended };
     // What a gesture or a key is about to change, to put it back on Escape.
     struct Before {
         int index = -1;
@@ -107,10 +115,12 @@ private:
     bool m_writing = false;
     bool m_moved = false;  // the panel was dragged since its press
     bool m_pulled = false; // the marker was moved since its press
+    bool m_higher = false; // and the menu's height with it
     QPoint m_grab;         // in the panel, or from the band's corner
     ResizeBand m_band;
     QPoint m_selFrom; // free rubber band
     QPoint m_selTo;
+    int m_told = -1; // the object that the status line tells of
     StageCursor m_cursor = StageCursor::Background;
     std::array<Before, 2> m_before;
 };

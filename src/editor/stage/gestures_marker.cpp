@@ -2,6 +2,8 @@
 // Pulling the marker: the panel grows live as a plain box, its record follows at the release.
 #include "editor/stage/gestures.h"
 
+#include "params/panel_values.h"
+
 #include <algorithm>
 
 namespace fennel {
@@ -18,7 +20,7 @@ void StageGestures::markerPressed(const StageMouse& mouse)
     m_stage.ShowMarker(-1, -1);
     remember(index);
     // A press without a pull must not round anything.
-    m_pulled = false;
+    m_pulled = m_higher = false;
     m_panel = index;
     m_band = bandAround(m_stage.panel(index).rect);
     m_grab = mouse.at - QPoint(m_band.right, m_band.bottom);
@@ -38,9 +40,9 @@ void StageGestures::markerMoved(const StageMouse& mouse)
     if (!m_stage.isRow(index) || !(mouse.buttons & Qt::LeftButton) || picking())
         return;
     const QRect rect = m_stage.panel(index).rect;
-    const ResizeLimits limits = resizeLimits(index, m_stage.record(index), rect.topLeft(),
-                                             m_stage.panel(MenuPanelRow).rect.topLeft(),
-                                             m_stage.pictureSize(), m_stage.run().gfxboot_var);
+    const ResizeLimits limits = resizeLimits(
+        index, m_stage.record(index), rect.topLeft(), m_stage.panel(MenuPanelRow).rect.topLeft(),
+        m_stage.pictureSize(), m_stage.run().gfxboot_var, m_stage.scale());
     const ResizeBand band = pulledBand(m_band, mouse.at - m_grab, limits);
     // The first tremble of the hand is no pull: nothing is written before the size changes.
     if (!m_pulled && band.box() == m_band.box())
@@ -49,10 +51,10 @@ void StageGestures::markerMoved(const StageMouse& mouse)
     m_band = band;
     // A plain box while pulling: text would be laid out anew at every step.
     m_stage.setPlain(index);
-    m_stage.setPanelRect(index, m_band.box());
+    m_stage.setPanelRect(index, m_band.box() & QRect({}, m_stage.pictureSize()));
     if (isMenuRow(index) && m_stage.isRow(MenuBarRow - index)) {
         QRect other = m_stage.panel(MenuBarRow - index).rect;
-        other.setWidth(m_band.right - m_band.left);
+        other.setWidth(m_stage.panel(index).rect.width());
         m_stage.setPanelRect(MenuBarRow - index, other);
     }
     showBand();
@@ -78,7 +80,12 @@ void StageGestures::storeSize(int index)
         records[other] = m_stage.record(other);
         records[other].Width = width;
     }
-    store(records, true, stepFor(u"size of %1"_s, index));
+    // A bar that is pulled has the menu's width and nothing else of it.
+    m_higher = m_higher || (index == MenuPanelRow && rect.height() != before(index)->rect.height());
+    // Generation 3 keeps it as whole entries only.
+    if (m_higher && levels())
+        rec.Height = menuHeightOf(shownEntries(), m_stage.menuPitch());
+    store(records, m_higher, stepFor(u"size of %1"_s, index));
 }
 
 void StageGestures::markerReleased()
@@ -90,8 +97,8 @@ void StageGestures::markerReleased()
         return;
     if (m_pulled) {
         QRect rect = m_stage.panel(index).rect;
-        rect.setSize({std::max(0, m_band.right - m_band.left - bandMargin),
-                      std::max(0, m_band.bottom - m_band.top - bandMargin)});
+        rect.setSize(
+            {m_band.right - m_band.left - bandMargin, m_band.bottom - m_band.top - bandMargin});
         // The menu snaps to whole lines at the end; while pulling it follows the mouse.
         if (index == MenuPanelRow) {
             const double pitch = m_stage.menuPitch();

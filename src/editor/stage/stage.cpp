@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/stage/stage.h"
 
+#include "params/level_files.h"
 #include "params/panel_values.h"
 #include "screen/background.h"
 #include "screen/panel_text.h"
@@ -49,6 +50,19 @@ bool Stage::mayShow(int index) const
             return false; // the enhanced engine has no such objects
     }
     return index != OptionsPanelRow || document().CfgValue(u"boot_show") != u'0';
+}
+
+// An object that is switched off, or that only its tab shows, is seen while that tab is open.
+bool Stage::isWanted(int index) const
+{
+    const PanelRec& rec = record(index);
+    if (!rec.Shown || index == host().objectOfCurrentTab())
+        return rec.Shown;
+    if (rec.OnlySelected || rec.OnParam <= 0)
+        return !rec.OnlySelected;
+    const auto& imposed = document().state().ZUKarr.at(levelFileOf(rec), rec.OnParam).LstValue;
+    const bool fromMenu = imposed && document().menuLevelShown();
+    return (fromMenu ? *imposed : switchValue(document().state(), rec)) > 0;
 }
 
 // An empty boot_show says neither yes nor no: the line is left as it was drawn.
@@ -173,12 +187,8 @@ void Stage::RefreshPanels()
         place(i);
         panel.stale = panel.stale || (rec.Shown && !isFrozen(i));
         panel.plain = false;
-        setVisible(i, !rec.OnlySelected);
+        setVisible(i, isWanted(i));
     }
-    const int object = host().objectOfCurrentTab();
-    // The object whose tab is open shows, or it could not be edited.
-    if (isRow(object) && record(object).OnlySelected)
-        setVisible(object, true);
     // The marker goes with its panel, and away if that is no longer seen.
     if (m_markerOn)
         ShowMarker(SelectedPanel, 0);
@@ -215,7 +225,7 @@ void Stage::DrawPanel(int index)
     panel.fill = record(index).BackColor;
     if (panel.visible)
         changed(panel.rect);
-    setVisible(index, record(index).Shown);
+    setVisible(index, isWanted(index));
 }
 
 void Stage::redraw(int index)

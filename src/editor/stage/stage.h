@@ -159,6 +159,7 @@ private:
     static std::size_t at(int index) { return static_cast<std::size_t>(index); }
     [[nodiscard]] int rows() const;
     [[nodiscard]] bool mayShow(int index) const;
+    [[nodiscard]] bool isWanted(int index) const;
     [[nodiscard]] bool isFrozen(int index) const;
     void changed(const QRect& area) const;
     void changedOutline(const std::optional<QRect>& band) const;

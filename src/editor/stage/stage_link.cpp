@@ -144,7 +144,8 @@ void StageLink::setOnOffCaption(int item, const QString& caption)
 
 void StageLink::prepareBackground()
 {
-    CommitValue(m_window);
+    if (!CommitValue(m_window))
+        CloseEditor(m_window); // told once, not with every new size of the window
 }
 
 void StageLink::layOutWindow()

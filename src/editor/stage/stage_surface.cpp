@@ -17,6 +17,13 @@ namespace fennel {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// Of a pixel: what a division by the ratio leaves over must not lead to the pixel before or behind.
+constexpr double speck = 1.0 / 64;
+
+} // namespace
+
 StageSurface::StageSurface(Stage& stage, QWidget* parent)
     : QWidget(parent), m_stage(stage), m_gestures(stage)
 {
@@ -72,13 +79,17 @@ void StageSurface::fitToPicture()
 QPointF StageSurface::pixelShift() const
 {
     const QPointF corner = QPointF(mapTo(window(), QPoint())) * m_ratio;
-    return {std::ceil(corner.x()) - corner.x(), std::ceil(corner.y()) - corner.y()};
+    return {std::ceil(corner.x() - speck) - corner.x(), std::ceil(corner.y() - speck) - corner.y()};
 }
 
-QPoint StageSurface::toPicture(QPointF position) const
+// Not from a position in this widget, which the toolkit rounds to logical pixels.
+QPoint StageSurface::toPicture(QPointF scenePosition) const
 {
-    const QPointF pixel = position * m_ratio - pixelShift();
-    return {static_cast<int>(std::floor(pixel.x())), static_cast<int>(std::floor(pixel.y()))};
+    const QPointF corner = QPointF(mapTo(window(), QPoint())) * m_ratio;
+    const auto along = [&](double place, double start) {
+        return static_cast<int>(std::floor(place * m_ratio + speck) - std::ceil(start - speck));
+    };
+    return {along(scenePosition.x(), corner.x()), along(scenePosition.y(), corner.y())};
 }
 
 void StageSurface::repaintPart(const QRect& part)
@@ -115,7 +126,7 @@ void StageSurface::paintEvent(QPaintEvent* event)
 
 StageMouse StageSurface::mouse(const QMouseEvent& event) const
 {
-    return {toPicture(event.position()), event.button(), event.buttons(), event.modifiers()};
+    return {toPicture(event.scenePosition()), event.button(), event.buttons(), event.modifiers()};
 }
 
 void StageSurface::mousePressEvent(QMouseEvent* event)
@@ -166,7 +177,7 @@ bool StageSurface::event(QEvent* event)
     }
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
-        const QString name = m_gestures.toolTip(toPicture(help->pos()));
+        const QString name = m_gestures.toolTip(toPicture(mapTo(window(), help->pos())));
         // Over the bare background an old tip must go.
         if (name.isEmpty())
             QToolTip::hideText();

@@ -31,8 +31,8 @@ public:
     [[nodiscard]] StageGestures& gestures() { return m_gestures; }
     // The timer of the pulse runs: marker and window are seen, no button is down.
     [[nodiscard]] bool pulsing() const { return m_pulse.isActive(); }
-    // A logical position of this widget as a pixel of the picture.
-    [[nodiscard]] QPoint toPicture(QPointF position) const;
+    // A logical position in this widget's window as a pixel of the picture.
+    [[nodiscard]] QPoint toPicture(QPointF scenePosition) const;
     // Starts or stops the pulse; without a marker to be seen, or while a colour is picked, it
     // rests.
     void updatePulse();

@@ -42,7 +42,11 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     m_flashLink = std::make_unique<FlashLink>(*this);
     buildAreas();
     m_waiting = std::make_unique<WindowProgress>(*this, *m_statusBar);
-    m_commands.holdWhile([this] { return m_waiting->busy(); });
+    m_commands.holdWhile([this] {
+        // A drag that lost its release holds nothing.
+        const bool drags = QGuiApplication::mouseButtons() != Qt::NoButton;
+        return m_waiting->busy() || (drags && m_picture->gestures().held());
+    });
     m_colourLink->connectControls();
     addFileCommands(*this);
     addRestoreCommands(*this);
@@ -145,6 +149,13 @@ void MainWindow::changeEvent(QEvent* event)
 }
 
 void MainWindow::setControlsEnabled(bool enabled)
+// What is unsaved outlives the program, and a text in work is a part of it.
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    (void)commitText(*this);
+    QMainWindow::closeEvent(event);
+}
+
 {
     menuBar()->setEnabled(enabled);
     m_toolbar->setEnabled(enabled);
@@ -204,6 +215,8 @@ bool MainWindow::openGfxboot(const QString& path)
 {
     Opening host(*this);
     Workbench& bench = m_workbench;
+    if (!mayLeaveText(*this))
+        return false;
     return gfxboot_open(
         {bench.shell, bench.document, bench.fonts, bench.fontSettings, bench.upgradeAnswer}, path,
         host);

@@ -17,6 +17,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace fennel {
@@ -112,6 +113,16 @@ QLayout* pictureColumn(const QImage& picture, const QString& caption)
     return column;
 }
 
+// Of any length, with bars to see all of it.
+QPlainTextEdit* readOnlyText(const QString& text, const QString& name)
+{
+    auto* words = new QPlainTextEdit(text);
+    words->setObjectName(name);
+    words->setReadOnly(true);
+    words->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    return words;
+}
+
 } // namespace
 
 QString qtFilter(const QString& filter)
@@ -201,17 +212,47 @@ std::optional<QString> QtPrompts::input(const QString& prompt, const QString& ti
     return accepted ? std::optional(text) : std::nullopt;
 }
 
+int QtPrompts::choose(const Choice& choice)
+{
+    constexpr QSize usual(640, 360);
+    QDialog box(parent());
+    box.setWindowTitle(choice.title.isEmpty() ? programTitle() : choice.title);
+    auto* words = new QLabel(choice.text);
+    words->setTextFormat(Qt::PlainText);
+    QPlainTextEdit* list = readOnlyText(choice.list.join(u'\n'), QStringLiteral("ChoiceList"));
+    list->setLineWrapMode(QPlainTextEdit::NoWrap);
+    auto* buttons = new QDialogButtonBox;
+    int answer = choice.cancel;
+    for (int index = 0; index < choice.answers.size(); ++index) {
+        QPushButton* button =
+            buttons->addButton(choice.answers[index], QDialogButtonBox::ActionRole);
+        button->setObjectName(QStringLiteral("Choice(%1)").arg(index));
+        button->setDefault(index == choice.usual);
+        if (index == choice.usual)
+            QTimer::singleShot(0, button, [button] { button->setFocus(); });
+        QObject::connect(button, &QPushButton::clicked, &box, [&box, &answer, index] {
+            answer = index;
+            box.accept();
+        });
+    }
+    auto* column = new QVBoxLayout(&box);
+    column->addWidget(words);
+    column->addWidget(list, 1);
+    column->addWidget(buttons);
+    box.resize(usual);
+    const PlainCursor cursor;
+    box.exec();
+    return answer;
+}
+
 void QtPrompts::showPicture(const QString& text, const QImage& picture, const QString& caption)
 {
     constexpr QSize usual(880, 380);
     QDialog box(parent());
     box.setWindowTitle(programTitle());
-    auto* words = new QPlainTextEdit(text);
-    words->setObjectName(QStringLiteral("MessageText"));
-    words->setReadOnly(true);
+    QPlainTextEdit* words = readOnlyText(text, QStringLiteral("MessageText"));
     // Long paths and lists without blanks must not make the window wider than the screen.
     words->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    words->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     auto* row = new QHBoxLayout;
     if (!picture.isNull())
         row->addLayout(pictureColumn(picture, caption));

@@ -27,6 +27,7 @@ public:
     std::optional<QString> input(const QString& prompt, const QString& title,
                                  const QString& initial) override;
     std::optional<QColor> ChooseColour(const QColor& initial) override;
+    int choose(const Choice& choice) override;
     void showPicture(const QString& text, const QImage& picture, const QString& caption) override;
 
 private:
