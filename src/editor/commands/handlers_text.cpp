@@ -32,7 +32,7 @@ void refillLengths(MainWindow& window, const QString& name)
     updateRowButtons(window);
 }
 
-void save(MainWindow& window)
+void saveText(MainWindow& window)
 {
     const Shell& shell = window.shell();
     // Another row or tab may be chosen by now; the text goes back to where it came from.
@@ -116,7 +116,7 @@ void connectTextButtons(MainWindow& window)
                              CloseEditor(window);
                              break;
                          case ValueEditor::SaveText:
-                             save(window);
+                             saveText(window);
                              break;
                          case ValueEditor::ReloadText:
                              reload(window);
