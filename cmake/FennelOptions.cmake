@@ -15,13 +15,30 @@ if(FENNEL_FUZZ)
     target_compile_options(fennel_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+# fennel_unity(TARGET): with FENNEL_UNITY, the sources of the target that lie in one folder are compiled
+# as one, so names in a folder's unnamed namespaces must differ. Called where the target was made.
+function(fennel_unity target)
+    if(NOT FENNEL_UNITY)
+        return()
+    endif()
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+    get_target_property(sources ${target} SOURCES)
+    foreach(source ${sources})
+        cmake_path(GET source PARENT_PATH folder)
+        cmake_path(GET folder FILENAME folder)
+        set_source_files_properties(${source} PROPERTIES UNITY_GROUP "${target}_${folder}")
+    endforeach()
+endfunction()
+
 # fennel_bridge(NAME FOLDER SOURCES...): a tool program, placed in Tools/FOLDER beside the editor.
 function(fennel_bridge name folder)
     add_executable(${name} ${ARGN})
     target_link_libraries(${name} PRIVATE fennel_options)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src)
     set_target_properties(${name} PROPERTIES
+        AUTOMOC OFF
         RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin/Tools/${folder})
+    fennel_unity(${name})
 endfunction()
 
 # fennel_test(SUBSYSTEM [TIMEOUT SECONDS] SOURCES...): the test program of one subsystem, its cases

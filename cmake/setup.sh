@@ -28,9 +28,9 @@ install_missing() {
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing
 }
 
-# build_preset PRESET
+# build_preset PRESET [TARGET]
 build_preset() {
     cd "$fennel_root" || return 1
     [ -f "build/$1/build.ninja" ] || cmake --preset "$1" || return 1
-    cmake --build --preset "$1"
+    cmake --build --preset "$1" --target "${2:-all}"
 }

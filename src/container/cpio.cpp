@@ -11,9 +11,9 @@ namespace fennel {
 
 namespace {
 
-constexpr std::size_t headerSize = 26;
+constexpr std::size_t cpioHeaderSize = 26;
 constexpr std::size_t blockSize = 512;
-constexpr std::uint16_t magic = 0x71C7;
+constexpr std::uint16_t oldBinaryMagic = 0x71C7;
 // A plain file, readable and writable by all, as in the template's archive.
 constexpr std::uint16_t memberMode = 0100666;
 constexpr unsigned fileTypeBits = 0170000;
@@ -35,7 +35,7 @@ Failure malformed(std::string text)
 class Header {
 public:
     explicit Header(std::span<const std::uint8_t> bytes)
-        : m_bytes(bytes), m_bigEndian(bytes[0] == magic >> 8U)
+        : m_bytes(bytes), m_bigEndian(bytes[0] == oldBinaryMagic >> 8U)
     {
     }
     [[nodiscard]] unsigned word(std::size_t offset) const
@@ -49,7 +49,7 @@ public:
     {
         return word(offset) << 16U | word(offset + 2);
     }
-    [[nodiscard]] bool hasMagic() const { return word(0) == magic; }
+    [[nodiscard]] bool hasMagic() const { return word(0) == oldBinaryMagic; }
     [[nodiscard]] unsigned mode() const { return word(6); }
     [[nodiscard]] CpioFacts facts() const
     {
@@ -117,17 +117,17 @@ private:
         // The magic is looked at before the length: a short text is no archive, not a cut one.
         if (m_offset == 0 && (rest.size() < 2 || !Header(rest).hasMagic()))
             return notCpio(rest);
-        if (rest.size() < headerSize)
+        if (rest.size() < cpioHeaderSize)
             return cutShort();
         const Header header(rest);
         if (!header.hasMagic())
             return malformed("an archive with a damaged header" + afterLast());
-        const std::size_t dataStart = even(headerSize + header.nameSize());
+        const std::size_t dataStart = even(cpioHeaderSize + header.nameSize());
         if (rest.size() < dataStart)
             return cutShort();
-        if (header.nameSize() == 0 || rest[headerSize + header.nameSize() - 1] != 0)
+        if (header.nameSize() == 0 || rest[cpioHeaderSize + header.nameSize() - 1] != 0)
             return malformed("an archive with a name that does not end" + afterLast());
-        const std::string name(reinterpret_cast<const char*>(&rest[headerSize]),
+        const std::string name(reinterpret_cast<const char*>(&rest[cpioHeaderSize]),
                                header.nameSize() - 1);
         if (name == trailerName) {
             // The trailer ends the archive, what follows is padding and is not looked at.
@@ -154,7 +154,7 @@ private:
         // Members live flat in one folder, where the second would silently overwrite the first.
         if (!m_names.insert(name).second)
             return malformed("two members are named " + printableName(name));
-        m_offset += even(headerSize + header.nameSize()) + even(data.size());
+        m_offset += even(cpioHeaderSize + header.nameSize()) + even(data.size());
         m_members.push_back({name, header.mtime(), data, header.facts()});
         return true;
     }
@@ -210,7 +210,7 @@ private:
     void header(const CpioFacts& facts, std::uint32_t mtime, std::size_t nameSize,
                 std::size_t fileSize)
     {
-        word(magic);
+        word(oldBinaryMagic);
         for (const std::uint16_t fact : facts)
             word(fact);
         pair(mtime);
@@ -248,13 +248,13 @@ Result<std::vector<std::uint8_t>> writeCpio(std::span<const CpioMember> members)
     // start.
     std::unordered_set<std::string_view> names{trailerName};
     // An upper bound, so that the writer never has to move its bytes.
-    std::size_t size = headerSize + trailerName.size() + blockSize;
+    std::size_t size = cpioHeaderSize + trailerName.size() + blockSize;
     for (const CpioMember& member : members) {
         if (const std::string_view reason = whyNoMemberName(member.name); !reason.empty())
             return malformed("the name " + printableName(member.name) + " " + std::string(reason));
         if (!names.insert(member.name).second)
             return malformed("the name " + printableName(member.name) + " is taken already");
-        size += even(headerSize + member.name.size() + 1) + even(member.data.size());
+        size += even(cpioHeaderSize + member.name.size() + 1) + even(member.data.size());
         if (size > maxCpioArchive)
             return Failure{FailureKind::TooLarge, "members of more than 256 MB together"};
     }

@@ -17,7 +17,7 @@ namespace {
 
 using Bytes = std::span<const std::uint8_t>;
 
-constexpr std::array<std::uint8_t, 3> magic{0x1f, 0x8b, 8}; // the third is the method, deflate
+constexpr std::array<std::uint8_t, 3> gzipMagic{0x1f, 0x8b, 8}; // the third is the method, deflate
 constexpr std::uint8_t flagCrc = 2;
 constexpr std::uint8_t flagExtra = 4;
 constexpr std::uint8_t flagName = 8;
@@ -290,7 +290,8 @@ std::string_view trimmed(std::string_view text)
 
 bool isGzip(Bytes file)
 {
-    return file.size() >= magic.size() && std::equal(magic.begin(), magic.end(), file.begin());
+    return file.size() >= gzipMagic.size() &&
+           std::equal(gzipMagic.begin(), gzipMagic.end(), file.begin());
 }
 
 Result<std::vector<std::uint8_t>> gzipCompress(Bytes data, std::string_view name,
@@ -306,7 +307,7 @@ Result<std::vector<std::uint8_t>> gzipCompress(Bytes data, std::string_view name
     if (!engine)
         return noMemory();
     const std::vector<std::uint8_t> body = deflateBody(engine.get(), data);
-    std::vector<std::uint8_t> file(magic.begin(), magic.end());
+    std::vector<std::uint8_t> file(gzipMagic.begin(), gzipMagic.end());
     file.reserve(fixedHeader + name.size() + 1 + body.size() + footer);
     // The inner name is the only optional field, the editor finds the extracted file by it.
     file.push_back(flagName);

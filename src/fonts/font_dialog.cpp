@@ -151,6 +151,11 @@ double viewFontSize(int view, double size, double previewScale)
     return view == ScaledView ? size * previewScale : size;
 }
 
+int facePixels(double points)
+{
+    return std::max(1, roundToEven(points * 96 / 72));
+}
+
 // A font that is being added has no set yet.
 bool offersFromFont(int view, const QString& title)
 {

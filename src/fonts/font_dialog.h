@@ -63,6 +63,8 @@ enum DialogView { WindowsView, ScaledView, PageView, SelectedView };
 QString viewCaption(int view, int page, double previewScale);
 // The size in points of the shown text.
 double viewFontSize(int view, double size, double previewScale);
+// Pixels of so many points on a display of 96 dots per inch, 1 at least.
+int facePixels(double points);
 // Whether "Load From ..." and "Load Default" are offered.
 bool offersFromFont(int view, const QString& title);
 bool offersDefault(int view);

@@ -17,7 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double pointsPerInch = 72.0;
 const QString errorTitle = u"Font creating error"_s;
 
 // The points are rounded before they become pixels: 14.5 points make the pixels of 14.

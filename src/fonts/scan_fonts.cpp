@@ -23,7 +23,6 @@ namespace {
 
 constexpr QRgb headingColour = 0xff800000;
 constexpr QRgb calculatedColour = 0xff888888;
-constexpr double pointsPerInch = 72.0;
 
 // What one file says of itself.
 struct FontFileFacts {

@@ -17,6 +17,7 @@
 
 namespace fennel {
 
+inline constexpr double pointsPerInch = 72.0;
 inline constexpr int firstFontNumber = 100;
 inline constexpr int lastFontNumber = firstFontNumber + lastMemberNumber;
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/fonts/font_info.h"
 
-#include "base/text.h"
+#include "fonts/font_dialog.h"
 
 #include <QHBoxLayout>
 
@@ -12,7 +12,6 @@ namespace fennel {
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr double pixelsPerPoint = 96.0 / 72;
 constexpr double largestSize = 200; // points: a tag may claim any
 constexpr int margin = 8;
 } // namespace
@@ -55,7 +54,7 @@ void FontInfo::showSample(const FontSample& sample)
     font.setBold(sample.record.Bold);
     font.setItalic(sample.record.Italic);
     const double points = std::clamp(sample.record.Size, 1.0, largestSize);
-    font.setPixelSize(std::max(1, roundToEven(points * pixelsPerPoint)));
+    font.setPixelSize(facePixels(points));
     m_example->setFont(font);
     m_example->setText(sample.text);
 }

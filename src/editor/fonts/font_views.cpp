@@ -16,7 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int leastHeight = 120;
-constexpr double pixelsPerPoint = 96.0 / 72;
 
 } // namespace
 
@@ -145,7 +144,7 @@ void FontViews::applyFace()
     const int view = m_switches->checkedId();
     QFont face = m_face;
     const double points = viewFontSize(view, m_size, m_scale);
-    face.setPixelSize(std::max(1, roundToEven(points * pixelsPerPoint)));
+    face.setPixelSize(facePixels(points));
     m_example->setFont(face);
     // These two show what the font itself has.
     face.setStyleStrategy(QFont::NoFontMerging);

@@ -13,7 +13,7 @@ namespace fennel {
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int margin = 4;
+constexpr int listMargin = 4;
 // Fixed colours: the list looks alike on every desktop.
 constexpr QRgb listGround = qRgb(0xF0, 0xF0, 0xF0);
 } // namespace
@@ -48,8 +48,8 @@ InspectionList::InspectionList(QWidget* parent)
     top->addWidget(m_heading, 1);
     top->addWidget(m_close);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(margin, margin, margin, margin);
-    column->setSpacing(margin);
+    column->setContentsMargins(listMargin, listMargin, listMargin, listMargin);
+    column->setSpacing(listMargin);
     column->addLayout(top);
     column->addWidget(m_list, 1);
     connect(m_close, &QToolButton::clicked, this, [this] { ShowListPanel({}); });
