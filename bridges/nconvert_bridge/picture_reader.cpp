@@ -4,7 +4,7 @@
 #include "base/on_black.h"
 #include "magick_work.h"
 #include "picture_kind.h"
-#include "tools/jpeg_check.h"
+#include "screen/jpeg_check.h"
 #include "tools/picture_limits.h"
 #include "wholeness.h"
 
