@@ -33,6 +33,29 @@ constexpr std::array fontOptions{
 };
 constexpr CommandOption menu{u"menu", u"LST", u"a menu.lst that is in force"};
 constexpr std::array checkOptions{json, menu};
+constexpr CommandOption png{u"output", u"PNG", u"the picture; - is standard output", u'o'};
+constexpr CommandOption loader{u"loader", u"GRLDR", u"a Grub4DOS loader; syslinux if not given"};
+constexpr CommandOption noKvm{u"no-kvm", u"", u"boots on QEMU's own processor"};
+constexpr std::array renderOptions{
+    png,
+    menu,
+    CommandOption{u"select", u"N", u"the entry that the bar is on, from 1"},
+    CommandOption{u"scale", u"PERCENT", u"the size of the picture, 100 if not given"},
+};
+constexpr std::array bootOptions{
+    png,
+    menu,
+    CommandOption{u"keys", u"KEYS", u"pressed one after the other, such as down,down,f1"},
+    CommandOption{u"at", u"SECONDS", u"how long after the screen stands the picture is taken"},
+    loader,
+    noKvm,
+    json,
+};
+constexpr std::array compareOptions{
+    png,    menu,  CommandOption{u"least", u"PERCENT", u"of equal pixels, 99.5 if not given"},
+    loader, noKvm, json,
+};
+constexpr std::array diffOptions{png, menu, json};
 constexpr std::array helpOptions{CommandOption{u"man", u"", u"prints the man page"}};
 constexpr int any = -1;
 
@@ -56,7 +79,14 @@ constexpr std::array commands{
     Command{u"pack", u"DIR OUT", 2, 2, gzipOnly,
             u"the way back; what was not changed comes back byte for byte", runPack},
     Command{u"new", u"OUT", 1, 1, gzipOnly, u"a complete boot screen to start from", runNew},
-    Command{u"diff", u"A B", 2, 2, jsonOnly, u"parameters and members that differ", runDiff},
+    Command{u"render", u"FILE -o PNG", 1, 1, renderOptions,
+            u"the screen as it boots, without a boot", runRender},
+    Command{u"boot", u"FILE -o PNG", 1, 1, bootOptions, u"boots it in QEMU and takes the screen",
+            runBoot},
+    Command{u"compare", u"FILE", 1, 1, compareOptions,
+            u"draws and boots it, and tells the share of equal pixels", runCompare},
+    Command{u"diff", u"A B", 2, 2, diffOptions,
+            u"parameters and members that differ; with -o both screens", runDiff},
     Command{u"check", u"FILE...", 1, any, checkOptions, u"what will not boot as meant", runCheck},
     Command{u"open", u"FILE", 1, 1, {}, u"opens it in the editor", runOpen},
     Command{u"help", u"[COMMAND]", 0, 1, helpOptions, u"this text, or a command's", runHelp},
@@ -101,6 +131,7 @@ std::optional<CommandRun> parse(const QString& appPath, const Command& command,
     if (!parsed)
         fault = parser.errorText();
     else if (arguments.size() < command.least ||
+             (command.arguments.endsWith(u"-o PNG") && !parser.isSet(u"output"_s)) ||
              (command.most != any && arguments.size() > command.most))
         fault = u"usage: fennel %1 %2"_s.arg(command.name, command.arguments);
     if (!fault.isEmpty())

@@ -2,9 +2,8 @@
 // What will not boot as meant, told for people and for scripts.
 #include "command/commands.h"
 
-#include "base/files.h"
 #include "checks/problems.h"
-#include "document/session.h"
+#include "command/opened_file.h"
 
 #include <QJsonArray>
 
@@ -31,18 +30,6 @@ QJsonObject jsonOf(const Session& session, const Problem& problem)
     return object;
 }
 
-// The editor's own open reads a file; what comes from standard input is put into one.
-Result<QString> fileFor(const Shell& shell, const QString& path, const QByteArray& bytes)
-{
-    if (path != dash)
-        return path;
-    const QString folder = shell.run.WorkspaceRoot + u"~input/"_s;
-    Result<void> written = shell.files.makeFolder(folder);
-    if (written)
-        written = shell.files.write(folder + u"message"_s, bytes);
-    return written ? Result<QString>(folder + u"message"_s) : written.failure();
-}
-
 Status showProblems(CommandRun& run, const QString& file, const Session& session,
                     const std::vector<Problem>& problems)
 {
@@ -60,23 +47,14 @@ Status showProblems(CommandRun& run, const QString& file, const Session& session
 
 Status checkFile(CommandRun& run, const QString& file, const std::optional<QString>& menu)
 {
-    // Read before it is opened: a broken file is told in the words of the reader.
-    const Result<QByteArray> bytes = readInput(file);
-    const Result<MessageFile> message = bytes ? readMessage(*bytes) : bytes.failure();
-    if (!message)
-        return run.fail(file, message.failure());
-    KeptPrompts prompts;
-    Session session(prompts, run.appPath());
-    if (const Result<void> made = session.made(); !made)
-        return run.fail(file, made.failure());
-    const Result<QString> path = fileFor(session.shell(), file, *bytes);
-    if (!path)
-        return run.fail(file, path.failure());
-    if (!session.open(*path))
-        return run.fail(file, {FailureKind::ToolFailed, prompts.told().join(u' ').toStdString()});
+    Status status = Status::Done;
+    const auto opened = openFile(run, file, status);
+    if (!opened)
+        return status;
+    Session& session = opened->session;
     CheckInput input{
         session.document().run(), session.document().state(), session.fonts().table, {}, menu};
-    for (const MessageMember& member : message->members)
+    for (const MessageMember& member : opened->message.members)
         input.members.push_back({shownName(member.name), member.data});
     return showProblems(run, file, session, findProblems(input));
 }
@@ -85,13 +63,10 @@ Status checkFile(CommandRun& run, const QString& file, const std::optional<QStri
 
 Status runCheck(CommandRun& run)
 {
-    std::optional<QString> menu;
-    if (const QString path = run.option(u"menu"_s); !path.isEmpty()) {
-        const Result<QByteArray> bytes = readInput(path);
-        if (!bytes)
-            return run.fail(path, bytes.failure());
-        menu = textForScreen(*bytes);
-    }
+    const Result<QString> text = menuText(run);
+    if (!text)
+        return run.fail(run.option(u"menu"_s), text.failure());
+    const auto menu = run.has(u"menu"_s) ? std::optional(*text) : std::nullopt;
     Status status = Status::Done;
     for (const QString& file : run.arguments())
         status = worse(status, checkFile(run, file, menu));

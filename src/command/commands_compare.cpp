@@ -2,6 +2,7 @@
 // What two message files, or a message file and what is meant, have apart.
 #include "command/commands.h"
 
+#include "command/screens.h"
 #include "params/message_values.h"
 
 #include <QJsonArray>
@@ -82,6 +83,26 @@ QStringList orderOf(const MessageFile& message)
     return names;
 }
 
+// Both screens beside each other; what they have apart is told by the parts above.
+Status showScreens(CommandRun& run, QJsonObject& object)
+{
+    Status status = Status::Done;
+    const Result<QString> menu = menuText(run);
+    if (!menu)
+        return run.fail(run.option(u"menu"_s), menu.failure());
+    std::vector<QImage> screens;
+    for (const QString& file : run.arguments()) {
+        if (const auto opened = openFile(run, file, status))
+            screens.push_back(drawnScreen(*opened, {*menu, 0, {}}));
+    }
+    if (status != Status::Done)
+        return status;
+    const double share = 100 * equalShare(screens[0], screens[1]);
+    run.print(u"screen: %1 % of the pixels are equal\n"_s.arg(share, 0, 'f', 3));
+    object[u"equal"_s] = share;
+    return writePicture(run, sideBySide(screens[0], screens[1]));
+}
+
 } // namespace
 
 Status runDiff(CommandRun& run)
@@ -106,8 +127,11 @@ Status runDiff(CommandRun& run)
     object[u"order"_s] = moved;
     if (moved)
         run.print(u"the order of the members differs\n"_s);
+    if (run.has(u"output"_s))
+        status = showScreens(run, object);
     run.add(object);
-    return values.empty() && members.empty() && !moved ? Status::Done : Status::Differs;
+    const bool same = values.empty() && members.empty() && !moved;
+    return worse(status, same ? Status::Done : Status::Differs);
 }
 
 } // namespace fennel

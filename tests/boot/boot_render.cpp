@@ -3,8 +3,8 @@
 //     boot_render FOLDER PICTURE.png [--title TEXT]... [--chosen N] [--clock HH:MM:SS]
 //                 [--date YYYY-MM-DD] [--ticks N] [--timeout SECONDS]
 #include "../../bench/quiet_prompts.h"
-#include "document/opening.h"
 #include "document/document.h"
+#include "document/opening.h"
 #include "menus/menu_overlay.h"
 #include "screen/boot_screen.h"
 
