@@ -288,6 +288,31 @@ TEST_F(FennelCommand, StandardInputAndOutputStandInForFiles)
     EXPECT_EQ(runProgram(u"gzip"_s, {u"-t"_s}, {}, bytesOf(path(u"gz"_s))).code, 0);
 }
 
+TEST_F(FennelCommand, AScreenIsDrawnWithoutADisplay)
+{
+    const auto drawn = [this](const QStringList& more) {
+        const Ran ran = fennel(QStringList{u"render"_s, path(u"new"_s), u"-o"_s, u"-"_s} + more);
+        EXPECT_EQ(ran.code, 0) << ran.err.toStdString();
+        return QImage::fromData(ran.out, "png");
+    };
+    const QImage screen = drawn({});
+    EXPECT_EQ(screen.size(), QSize(800, 600));
+    EXPECT_EQ(drawn({}), screen);
+    EXPECT_EQ(drawn({u"--scale"_s, u"25"_s}).size(), QSize(200, 150));
+    const QImage second = drawn({u"--select"_s, u"2"_s});
+    const QRect menu(253, 170, 300, 200);
+    EXPECT_NE(second.copy(menu), screen.copy(menu));
+    EXPECT_EQ(second.copy(0, 0, 250, 600), screen.copy(0, 0, 250, 600));
+    const QString lst = file(u"menu.lst"_s, "title [zuk0000] :02=500\ntitle A\ntitle B\n");
+    EXPECT_NE(drawn({u"--menu"_s, lst}).copy(menu), screen.copy(menu));
+    expectRefused({u"render"_s, path(u"new"_s)}, 2);
+    expectRefused({u"boot"_s, path(u"new"_s), u"-o"_s, u"x"_s, u"--keys"_s, u"foo"_s}, 2);
+    said({u"set"_s, path(u"new"_s), u"s.clock.x=500"_s, u"-o"_s, path(u"moved"_s)});
+    const Ran diff = fennel({u"diff"_s, path(u"new"_s), path(u"moved"_s), u"-o"_s, u"both.png"_s});
+    EXPECT_EQ(diff.code, 1);
+    EXPECT_EQ(QImage(path(u"both.png"_s)).size(), QSize(1600, 600));
+}
+
 TEST_F(FennelCommand, HelpManPageAndCompletionsNameEveryCommand)
 {
     const QByteArray help = said({u"help"_s});
