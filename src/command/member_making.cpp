@@ -102,7 +102,7 @@ Result<QByteArray> MemberMaking::picture(const QByteArray& source, QSize size)
     const QString to = shell.run.WorkspaceRoot + u"~made.jpg"_s;
     if (const Result<void> kept = shell.files.write(from, source); !kept)
         return kept.failure();
-    const Result<QSize> own = pictureSize(from);
+    const Result<QSize> own = pictureSize(shell, from);
     if (!own)
         return Failure{own.failure().kind, "this is no picture that can be taken"};
     const QSize wanted = size.isValid() ? size : *own;

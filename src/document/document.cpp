@@ -194,6 +194,14 @@ void Document::setMenuEntries(const QString& entries)
         menu->Text = texts.menu;
 }
 
+void Document::setMenuTitles(const QStringList& titles)
+{
+    m_menuTitles = titles;
+    DocumentChange change;
+    change.cause = DocumentChange::Shown;
+    Q_EMIT changed(change);
+}
+
 void Document::setText(int object, const QString& text)
 {
     if (PanelRec* rec = m_state.object(object))

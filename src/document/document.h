@@ -123,6 +123,9 @@ public:
     // Menu entries, each ending in "|": the first goes to the bar, the rest behind a blank to the
     // menu.
     void setMenuEntries(const QString& entries);
+    // The menu's titles as the loader hands them over, for the picture of the boot.
+    void setMenuTitles(const QStringList& titles);
+    [[nodiscard]] const QStringList& menuTitles() const { return m_menuTitles; }
     // The words on an object.
     void setText(int object, const QString& text);
     // The number of the background in use, without a step: what was asked for is not there.
@@ -163,6 +166,7 @@ private:
     QByteArray m_cfgBytes;              // of gfxboot.cfg in the Workspace
     QByteArray m_savedCfgBytes;         // as it was opened or saved last
     std::optional<SaveForm> m_saveForm; // none: nothing had to be asked yet, and all is kept
+    QStringList m_menuTitles;
     bool m_menuLevel = false;
     bool m_inMembers = false; // a command that changes files goes on
     MemberHistory m_history;

@@ -11,6 +11,8 @@
 
 namespace fennel {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void addParam(const ParamState& state, const PanelRec& panel, int source, qint64 number,
@@ -71,6 +73,29 @@ void addRecord(const ParamState& state, int row, const PanelRec& wanted, Change&
     addParam(state, wanted, wanted.TextParam, wanted.TextColor & 0xFFFFFFU, change);
     addParam(state, wanted, wanted.TranspParam, wanted.Transp, change);
     change.objects[row] = wanted;
+}
+
+QString whyPlaceStays(const ParamState& state, int generation, int row)
+{
+    const PanelRec* panel = state.object(row);
+    if (panel == nullptr)
+        return {};
+    if (generation == 3) {
+        const auto listed = [&](int source) {
+            return source <= 0 || !ZUKarr::inRange(levelFileOf(*panel), source) ||
+                   state.ZUKarr.at(levelFileOf(*panel), source).Value;
+        };
+        return listed(panel->LeftParam) && listed(panel->TopParam)
+                   ? QString()
+                   : u"%1 has no record of this place: it cannot be stored"_s.arg(panel->CfgFile);
+    }
+    const bool known =
+        cfgLineOf(state.cfg, u"menu_start_x") >= 0 && cfgLineOf(state.cfg, u"menu_start_y") >= 0;
+    if (generation == 2 && known)
+        return {};
+    return u"This gfxboot's engine does not know menu_start_x and menu_start_y: the place cannot "
+           u"be "
+           "stored"_s;
 }
 
 void addMenuPlace(const ParamState& state, const PanelRec& menu, Change& change)

@@ -11,6 +11,9 @@ namespace fennel {
 // takes the rest. A spark is moved by its two points and has no size to change.
 void addRecord(const ParamState& state, int row, const PanelRec& wanted, Change& change);
 
+// Why no change of the object's place reaches a file: for the user; empty if one does.
+QString whyPlaceStays(const ParamState& state, int generation, int row);
+
 // Generation 2: the menu's place in the lines of gfxboot.cfg.
 void addMenuPlace(const ParamState& state, const PanelRec& menu, Change& change);
 // How many entries the menu shows: in a level file's parameter, or in gfxboot.cfg.

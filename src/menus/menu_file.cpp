@@ -43,6 +43,17 @@ std::optional<QStringView> titleText(QStringView line)
     return (cut < 0 ? line : line.left(cut)).mid(wordLength);
 }
 
+QStringList menuTitles(const QString& text)
+{
+    const MenuLines menu(text);
+    QStringList titles;
+    for (const QStringView line : menu.lines()) {
+        if (line.startsWith(u"title"))
+            titles.append(line.mid(wordLength).toString());
+    }
+    return titles;
+}
+
 // Such a title sets parameters of a level file instead of naming an entry.
 bool isDataTitle(QStringView titleText)
 {

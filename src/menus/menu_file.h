@@ -7,6 +7,7 @@
 #include "params/zuk_table.h"
 
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 #include <optional>
@@ -31,6 +32,8 @@ private:
 
 // What a title line shows: from its seventh character up to "\n"; nothing for other lines.
 std::optional<QStringView> titleText(QStringView line);
+// All titles of a menu as the loader hands them over, data titles included, cut nowhere.
+QStringList menuTitles(const QString& text);
 // A title that carries parameters for the engine: "[zuk" and four characters, then "]".
 bool isDataTitle(QStringView titleText);
 

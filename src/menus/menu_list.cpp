@@ -109,6 +109,15 @@ int mnuMenu_fromFlash(const Shell& shell, const MenuDrive& drive, const ListRows
     return row;
 }
 
+QStringList titlesInForce(const MenuDrive& drive, const QString& CurrentMenuFile)
+{
+    if (!CurrentMenuFile.isEmpty()) {
+        if (const Result<QString> text = readMenu(drive, CurrentMenuFile))
+            return menuTitles(*text);
+    }
+    return embeddedMenu.split(u'|', Qt::SkipEmptyParts);
+}
+
 QString MenuApply(const Shell& shell, const MenuDrive& drive, QString& CurrentMenuFile,
                   ZUKarr& table)
 {

@@ -34,6 +34,10 @@ int menuRow(const ListRows& list, const QString& name);
 int mnuMenu_fromFlash(const Shell& shell, const MenuDrive& drive, const ListRows& list,
                       const QString& name);
 
+// The titles of the menu in force: those of the file, or of the Embedded one if there is none that
+// can be read.
+QStringList titlesInForce(const MenuDrive& drive, const QString& CurrentMenuFile);
+
 // Makes the menu named by CurrentMenuFile (empty: the Embedded one) the one in force: its data
 // titles go to the menu layer of the parameters, its entries are returned for the stage, each
 // followed by a "|". A menu that cannot be read is told and CurrentMenuFile emptied, so that the

@@ -191,10 +191,13 @@ QString CfgValue(const CfgLines& lines, QStringView name)
 CfgLines withCfgNumber(const CfgLines& lines, QStringView name, qint64 number)
 {
     const int line = cfgLineOf(lines, name);
-    if (line < 0 || lines[line].value.number == number)
+    if (line < 0 || (lines[line].value.number == number && lines[line].on))
         return lines;
     CfgLines changed = lines;
-    changed[line].value = {number, false, {}};
+    if (changed[line].value.number != number)
+        changed[line].value = {number, false, {}};
+    // A value that was set and does nothing at boot would deceive.
+    changed[line].on = true;
     return changed;
 }
 

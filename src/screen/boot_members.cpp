@@ -42,13 +42,14 @@ void BootMembers::setFolder(const QString& folder)
     m_lettersMissing = false;
 }
 
-void BootMembers::refresh()
+bool BootMembers::refresh()
 {
-    std::erase_if(m_kept, [this](const auto& item) {
+    const auto gone = std::erase_if(m_kept, [this](const auto& item) {
         const QFileInfo file(m_folder + item.first);
         return item.second.size != (file.isFile() ? file.size() : -1) ||
                (item.second.size >= 0 && item.second.changed != file.lastModified());
     });
+    return gone > 0;
 }
 
 BootMembers::Kept& BootMembers::kept(const QString& name)

@@ -25,8 +25,9 @@ public:
 
     // The folder of the members; one "/" at its end. Another folder empties what is kept.
     void setFolder(const QString& folder);
-    // What is kept of files that have changed since goes; asks the disk for each once.
-    void refresh();
+    // What is kept of files that have changed since goes; asks the disk for each once. True if
+    // there were such files.
+    bool refresh();
     void setStandIn(FontMaker maker) { m_standIn = std::move(maker); }
 
     [[nodiscard]] bool has(const QString& name) const;

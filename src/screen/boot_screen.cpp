@@ -33,7 +33,7 @@ bool isVideoMode(QSize size)
 QRegion BootScreen::update(const BootRequest& request)
 {
     m_members.setFolder(request.folder);
-    m_members.refresh();
+    const bool otherFiles = m_members.refresh();
     m_members.forgetMissingLetters();
     m_engine = bootEngineOf(m_members.bytes(QStringLiteral("init")));
     BootLayout layout = request.generation == 3 ? layOutOwn(request, m_members)
@@ -43,12 +43,18 @@ QRegion BootScreen::update(const BootRequest& request)
     m_objects.clear();
     for (const BootObject& object : layout.list.objects)
         m_objects[object.row] |= object.rect;
+    m_rulesKnown = request.generation == 3
+                       ? m_engine == BootEngine::Own
+                       : m_engine == BootEngine::FlatCfg || m_engine == BootEngine::Sections;
     QRegion dirty = changedArea(m_list, layout.list);
-    const QImage ground = bootGround(layout.list, m_members);
+    if (otherFiles)
+        dirty = QRect(QPoint(), layout.list.screen);
     m_list = std::move(layout.list);
     if (dirty.isEmpty())
         return {};
-    m_ground = ground;
+    // The whole screen is anew if its ground is.
+    if (dirty.boundingRect().size() == m_list.screen)
+        m_ground = bootGround(m_list, m_members);
     if (m_picture.size() != m_list.screen)
         m_picture = QImage(m_list.screen, QImage::Format_RGB32);
     return paintBoot(m_list, m_members, m_ground, dirty, m_picture);

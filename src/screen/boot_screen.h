@@ -28,6 +28,8 @@ enum class BootEngine {
     Unknown,
 };
 
+inline constexpr double bootTicksPerSecond = 18.2;
+
 // By the bytes of the member `init`.
 BootEngine bootEngineOf(const QByteArray& init);
 
@@ -64,6 +66,8 @@ public:
     // By the row of PanelArr, boot-screen pixels; of objects that can be seen.
     [[nodiscard]] const std::map<int, QRect>& objects() const { return m_objects; }
     [[nodiscard]] BootEngine engine() const { return m_engine; }
+    // Whether that engine's rules are those that the picture was drawn by.
+    [[nodiscard]] bool rulesKnown() const { return m_rulesKnown; }
     // How many entries the menu has; the request's `chosen` counts as one of them.
     [[nodiscard]] int entries() const { return m_entries; }
     // A font is missing or broken: letters are those of the stand-in, or there are none.
@@ -79,6 +83,7 @@ private:
     QImage m_picture;
     std::map<int, QRect> m_objects;
     BootEngine m_engine = BootEngine::Unknown;
+    bool m_rulesKnown = false;
     int m_entries = 0;
     int m_menuPitch = 1;
 };

@@ -99,11 +99,11 @@ void CfgScreen::menu()
     menu.rect = {m_look.menu, QSize(bar.width(), lines * pitch)};
     BootObject shine;
     shine.row = MenuBarRow;
-    shine.rect = {m_look.menu + QPoint(0, (chosen - first) * pitch), bar};
+    shine.rect = {m_look.menu, bar}; // on the first line, wherever the bar is
     if (count > 0) {
         BootOp& op = shine.ops.emplace_back();
         op.kind = BootOp::Tint;
-        op.area = shine.rect & screen();
+        op.area = shine.rect.translated(0, (chosen - first) * pitch) & screen();
         op.colour = m_look.bar;
         op.transparency = m_look.barTransparency;
     }

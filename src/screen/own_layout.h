@@ -8,7 +8,6 @@
 
 namespace fennel {
 
-inline constexpr double ticksPerSecond = 18.2;
 inline constexpr QRgb noPicture = 0xff102030; // the screen where no picture is
 
 // The height of a line of text and where it begins, by the font's size in quarters of a point.
@@ -61,7 +60,7 @@ struct OwnWork {
     void put(OwnDrawing& drawing) const;
     [[nodiscard]] int seconds() const
     {
-        return static_cast<int>(request.moment.ticks / ticksPerSecond);
+        return static_cast<int>(request.moment.ticks / bootTicksPerSecond);
     }
 };
 

@@ -86,8 +86,8 @@ void layOutMenu(const OwnWork& work, const std::vector<OwnEntry>& entries)
     // It is drawn with the menu; this is where the mouse finds it.
     BootObject handle;
     handle.row = MenuBarRow;
-    handle.rect = QRect(bar.rect.topLeft() + QPoint(0, top(chosen - first)),
-                        QSize(bar.rect.width(), barHeight));
+    // On the first line, wherever the bar is: its place is the menu's.
+    handle.rect = QRect(bar.rect.topLeft(), QSize(bar.rect.width(), barHeight));
     work.layout.list.objects.push_back(std::move(handle));
 }
 

@@ -58,6 +58,8 @@ void showLogoMember(MainWindow& window, const QString& name);
 void showTextMember(MainWindow& window, int object, const QString& name);
 // Gives the stage the entries of the menu in force, and the lists what it overrides.
 void MenuApply(MainWindow& window);
+// The view of the run before, as it boots in the first.
+void showStoredView(MainWindow& window);
 // Makes a menu file of the Current Flash the menu in force; empty, or if it cannot be read: the
 // embedded menu.
 void takeMenu(MainWindow& window, const QString& file);

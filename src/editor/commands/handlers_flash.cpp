@@ -133,6 +133,9 @@ void MenuApply(MainWindow& window)
         document.setMenuEntries(MenuApply(bench.shell, window.flashLink().menuDrive(),
                                           bench.params.CurrentMenuFile, table));
     });
+    // Behind it: a menu that cannot be read is not in force any more.
+    document.setMenuTitles(
+        titlesInForce(window.flashLink().menuDrive(), bench.params.CurrentMenuFile));
     if (document.object(MenuBarRow) != nullptr)
         window.stageLink().stage().redraw(MenuPanelRow);
     if (!bench.shell.run.GfxHasZuk) {

@@ -399,6 +399,7 @@ bool CommitValue(MainWindow& window)
     if (row->kind == RowKind::CfgLine) {
         CfgLine line = window.document().state().cfg.value(row->number);
         line.value = typed;
+        line.on = true; // it is to count at boot
         changeCfgLine(window, row->number, line, QStringLiteral("value of %1"));
     } else if (row->kind == RowKind::Parameter) {
         setValue(window, *row, typed);

@@ -10,6 +10,8 @@
 
 #include <QScreen>
 
+#include <algorithm>
+
 namespace fennel {
 
 namespace {
@@ -44,7 +46,67 @@ void showScales(MainWindow& window)
     window.menus().setEntries("mnuView_scale", entries);
 }
 
+const QString asItBootsKey = QStringLiteral("AsItBoots");
+
+void showChecks(MainWindow& window)
+{
+    const Stage& stage = window.stageLink().stage();
+    const Menus& menus = window.menus();
+    menus.action(QStringLiteral("mnuView_AsItBoots"))->setChecked(stage.asItBoots());
+    menus.action(QStringLiteral("mnuView_Schematic"))->setChecked(!stage.asItBoots());
+    menus.action(QStringLiteral("mnuView_Try"))->setChecked(stage.trying());
+}
+
+void showView(MainWindow& window, bool asItBoots)
+{
+    window.stageLink().stage().showAsItBoots(asItBoots);
+    window.workbench().store.save(viewSection, asItBootsKey,
+                                  asItBoots ? QStringLiteral("1") : QStringLiteral("0"));
+    showChecks(window);
+}
+
+void tryMenu(MainWindow& window)
+{
+    Stage& stage = window.stageLink().stage();
+    const bool on = !stage.trying();
+    // The schematic picture knows no bar that moves.
+    if (on && !stage.asItBoots())
+        showView(window, true);
+    stage.tryMenu(on);
+    showChecks(window);
+}
+
+void askMoment(MainWindow& window)
+{
+    Stage& stage = window.stageLink().stage();
+    const BootChoice& now = stage.bootChoice();
+    const auto typed = window.shell().prompts.input(
+        MainWindow::tr("What moves is shown as it stands so many seconds after the menu has come,\n"
+                       "and the loader's timeout (0: none):"),
+        MainWindow::tr("Moment of the boot"),
+        QStringLiteral("%1 of %2").arg(now.seconds).arg(now.timeout));
+    if (!typed)
+        return;
+    const qsizetype of = typed->indexOf(QStringLiteral("of"));
+    const auto limited = [](const QString& text, int without) {
+        return text.isEmpty()
+                   ? without
+                   : static_cast<int>(std::clamp<qint64>(numberFromText(text), 0, 86400));
+    };
+    stage.setBootMoment(limited(typed->left(of), now.seconds),
+                        limited(of < 0 ? QString() : typed->mid(of + 2), now.timeout));
+}
+
 } // namespace
+
+void showStoredView(MainWindow& window)
+{
+    const QString stored =
+        window.workbench().store.get(viewSection, asItBootsKey, QStringLiteral("1"));
+    window.stageLink().stage().showAsItBoots(stored != u"0");
+    window.stageLink().stage().tryEnded = [&window] { showChecks(window); };
+    showChecks(window);
+}
 
 void MainWindow::toolbarCommand(int id)
 {
@@ -62,6 +124,10 @@ void addViewCommands(MainWindow& window)
                  [&window] { window.showRightPanel(!window.workbench().flags.rightPanelShown); });
     commands.add("ComFrame2",
                  [&window] { window.showBottomPanel(!window.workbench().flags.bottomPanelShown); });
+    commands.add("mnuView_AsItBoots", [&window] { showView(window, true); });
+    commands.add("mnuView_Schematic", [&window] { showView(window, false); });
+    commands.add("mnuView_Try", [&window] { tryMenu(window); });
+    commands.add("mnuView_Moment", [&window] { askMoment(window); });
     commands.add("mnuView_scale1", [&stage] { mnuView_scale1(stage); });
     commands.add("mnuView_fill", [&window] { fillTheScreen(window); });
     commands.add("mnuView_custom", [&window, &stage] {

@@ -128,7 +128,7 @@ void StageGestures::panelPressed(const StageMouse& mouse)
     if (picking())
         return;
     const int index = m_panel;
-    m_dragging = !locked();
+    m_dragging = !locked() && m_stage.whyFixed(index).isEmpty();
     // Escape goes back to the first press, and undo to before it.
     if (m_before[0].index != index) {
         remember(index);
@@ -197,6 +197,8 @@ void StageGestures::panelMoved(const StageMouse& mouse, int index)
         storePlace(index);
     }
     showPanelStatus(index);
+    if (mouse.buttons & Qt::LeftButton)
+        m_stage.tellFixed(index);
 }
 
 // The menu and its bar move together.
@@ -211,7 +213,9 @@ void StageGestures::movePanelTo(int index, QPoint wanted)
         limitedPlace(wanted, dragLimits(index, m_stage.record(index), rect, menuHeight, picture,
                                         generation, m_stage.scale(), barWidth)));
     if (isMenuRow(index)) {
-        rect.setWidth(menuWidth(rect.x(), rect.width(), picture.width(), generation));
+        // As it boots the width is the engine's.
+        if (!m_stage.asItBoots() || levels())
+            rect.setWidth(menuWidth(rect.x(), rect.width(), picture.width(), generation));
         const int other = MenuBarRow - index;
         if (m_stage.isRow(other)) {
             const int height = m_stage.panel(other).rect.height();
@@ -267,9 +271,11 @@ void StageGestures::store(const std::map<int, PanelRec>& records, bool entries,
     }
     // Only what moved: a number beyond what the stage can show stays as it is.
     const auto menu = records.find(MenuPanelRow);
-    if (!levels() && menu != records.end() &&
-        (menu->second.Left != state.object(MenuPanelRow)->Left ||
-         menu->second.Top != state.object(MenuPanelRow)->Top))
+    if (!levels() && menu != records.end() && m_stage.asItBoots() && !entries)
+        addMenuPlace(state, menu->second, change);
+    else if (!levels() && menu != records.end() &&
+             (menu->second.Left != state.object(MenuPanelRow)->Left ||
+              menu->second.Top != state.object(MenuPanelRow)->Top))
         addMenuPlace(state, menu->second, change);
     if (entries && records.contains(MenuPanelRow))
         addMenuEntries(state, levels(), shownEntries(), change);
@@ -291,7 +297,7 @@ void StageGestures::storePlace(int index)
         // At most the last pixel of the background: an object must stay reachable.
         rec.Left = lengthFor(rect.x(), rec.Left, old.Left, run.BackWidth - 1);
         rec.Top = lengthFor(rect.y(), rec.Top, old.Top, run.BackHeight - 1);
-        if (isMenuRow(row))
+        if (isMenuRow(row) && (!m_stage.asItBoots() || levels()))
             rec.Width = lengthFor(rect.width(), rec.Width, old.Width, run.BackWidth);
         records[row] = rec;
     }
@@ -382,7 +388,7 @@ void StageGestures::backgroundMoved(const StageMouse& mouse)
     StageHost& host = m_stage.host();
     m_told = -1;
     m_cursor = picking() ? StageCursor::Picker : StageCursor::Background;
-    const QImage& picture = m_stage.background();
+    const QImage& picture = m_stage.picture();
     if (picture.rect().contains(mouse.at)) {
         const double factor = m_stage.scale().factor();
         // Half a pixel more before the cut, so places are rounded like those of panels.
@@ -404,8 +410,10 @@ void StageGestures::backgroundMoved(const StageMouse& mouse)
 
 void StageGestures::nudge(int index, QPoint by)
 {
-    if (locked())
+    if (locked() || !m_stage.whyFixed(index).isEmpty()) {
+        m_stage.tellFixed(index);
         return;
+    }
     remember(index);
     const PanelRec& rec = m_stage.record(index);
     const StageScale scale = m_stage.scale();
@@ -428,7 +436,7 @@ void StageGestures::nudge(int index, QPoint by)
         const bool heldY = scale.shown(corner.y()) != shown.y();
         moved.Left = static_cast<qint16>(heldX ? scale.boot(shown.x()) : corner.x());
         moved.Top = static_cast<qint16>(heldY ? scale.boot(shown.y()) : corner.y());
-        if (isMenuRow(row))
+        if (isMenuRow(row) && (!m_stage.asItBoots() || levels()))
             moved.Width = lengthFor(m_stage.panel(row).rect.width(), moved.Width, moved.Width,
                                     m_stage.run().BackWidth);
     }
@@ -474,6 +482,8 @@ bool StageGestures::restore()
 
 bool StageGestures::key(int key, Qt::KeyboardModifiers modifiers)
 {
+    if (m_target == Target::None && m_stage.menuKey(key))
+        return true;
     if (key == Qt::Key_Escape) {
         if (restore())
             return true;

@@ -20,9 +20,12 @@ constexpr QSize emptyStage(400, 300); // before the first background
 
 } // namespace
 
-Stage::Stage(const StageData& data) : m_data(data), m_background(emptyStage, QImage::Format_RGB32)
+Stage::Stage(const StageData& data)
+    : m_data(data), m_boot(data.document, data.FontTable),
+      m_background(emptyStage, QImage::Format_RGB32)
 {
     m_background.fill(Qt::black);
+    QObject::connect(&data.document, &Document::changed, &m_listener, [this] { updateBoot(); });
 }
 
 // The records may have been replaced before the stage has adopted them.
@@ -164,7 +167,8 @@ void Stage::place(int index)
     const PanelRec& rec = record(index);
     StagePanel& panel = m_panels[at(index)];
     panel.fill = rec.BackColor;
-    setPanelRect(index, scale().shown(rec));
+    const QRect booted = m_asItBoots ? m_boot.rect(index) : QRect();
+    setPanelRect(index, booted.isNull() ? scale().shown(rec) : booted);
     if (panel.visible && rec.Enabled)
         raisePanel(index);
 }
@@ -181,6 +185,7 @@ void Stage::ApplyPanel(int index)
 void Stage::RefreshPanels()
 {
     HideAllPanels();
+    updateBoot();
     for (int i = 0; i < rows(); ++i) {
         const PanelRec& rec = record(i);
         StagePanel& panel = m_panels[at(i)];
@@ -198,9 +203,10 @@ void Stage::RefreshPanels()
 void Stage::setVisible(int index, bool visible)
 {
     StagePanel& panel = m_panels[at(index)];
-    const bool seen = visible && mayShow(index) && (!isFrozen(index) || panel.drawn);
+    const bool seen = m_asItBoots ? bootShows(index)
+                                  : visible && mayShow(index) && (!isFrozen(index) || panel.drawn);
     // Drawn before it is shown, so it never flashes up with its old picture.
-    if (seen && panel.stale && !isFrozen(index))
+    if (seen && panel.stale && !m_asItBoots && !isFrozen(index))
         render(index);
     if (panel.visible == seen)
         return;
@@ -210,6 +216,8 @@ void Stage::setVisible(int index, bool visible)
 
 void Stage::showPanel(int index, bool visible)
 {
+    if (m_asItBoots)
+        updateBoot(); // the panel of the open tab comes, that of the one before goes
     if (isRow(index))
         setVisible(index, visible);
 }
@@ -217,11 +225,13 @@ void Stage::showPanel(int index, bool visible)
 // Marks the picture stale; it is drawn only if the panel can be seen.
 void Stage::DrawPanel(int index)
 {
-    if (!isRow(index) || isFrozen(index))
+    if (!isRow(index) || (isFrozen(index) && !m_asItBoots))
         return;
     StagePanel& panel = m_panels[at(index)];
     panel.plain = false;
     panel.stale = true;
+    if (m_asItBoots)
+        return; // the boot's picture follows the document
     panel.fill = record(index).BackColor;
     if (panel.visible)
         changed(panel.rect);
@@ -293,6 +303,8 @@ bool Stage::ButtonVisible(int item) const
 
 double Stage::menuPitch() const
 {
+    if (m_asItBoots)
+        return m_boot.screen().menuPitch();
     const std::size_t known = at(fontOf(MenuPanelRow));
     const double size = known < m_data.FontTable.size() ? m_data.FontTable[known].Size : 0;
     return linePitch(size, menuSlit(document().state()));

@@ -6,6 +6,7 @@
 
 #include "base/shell_context.h"
 #include "document/document.h"
+#include "editor/stage/boot_view.h"
 #include "editor/stage/stage_host.h"
 #include "fonts/font_table.h"
 #include "params/panel_rec.h"
@@ -62,6 +63,7 @@ public:
     std::function<void(const QRect&)> repaint; // shown pixels
     std::function<void()> pictureChanged;      // Picture1 has another size or background
     std::function<void()> markerChanged;       // the marker came or went: the pulse starts or ends
+    std::function<void()> tryEnded;            // a key ended the trying of the menu
 
     int SelectedPanel = -1; // the object that marker and controls work on, -1 none
     int ColourPanel = -1;   // the object whose colour is edited, -1 none
@@ -79,6 +81,31 @@ public:
     [[nodiscard]] QSize pictureSize() const { return m_background.size(); }
     [[nodiscard]] const QImage& background() const { return m_background; }
     void setBackground(const QImage& picture); // Format_RGB32, not empty
+
+    // --- as it boots (stage_boot.cpp)
+    // The picture of the boot takes the place of the schematic one. Off at first.
+    void showAsItBoots(bool on);
+    [[nodiscard]] bool asItBoots() const { return m_asItBoots; }
+    // Draws anew what differs. The stage does it itself when the document changes.
+    void updateBoot();
+    // What moves is shown as it stands so many seconds after the menu came, of a loader with that
+    // timeout (0 none).
+    void setBootMoment(int seconds, int timeout);
+    [[nodiscard]] const BootChoice& bootChoice() const { return m_boot.choice; }
+    // The arrow keys move the menu's bar, until Escape; only as it boots.
+    void tryMenu(bool on);
+    [[nodiscard]] bool trying() const { return m_trying; }
+    void chooseEntry(int entry); // from 0; beyond the ends the last or first one
+    bool menuKey(int key);       // true if the trying of the menu used it
+    // As it boots nothing moves that would boot elsewhere: why the object stays, empty if it does
+    // not; the same in the status line.
+    [[nodiscard]] QString whyFixed(int index) const;
+    void tellFixed(int index) const;
+    // What is seen, without marker and bands.
+    [[nodiscard]] const QImage& picture() const
+    {
+        return m_asItBoots && run().GfxOpened ? m_boot.picture() : m_background;
+    }
 
     // --- panels
     // After PanelArr was built anew: one hidden, undrawn panel per row, nothing selected. The
@@ -175,6 +202,9 @@ private:
     void paintFrame(QPainter& painter, const QRegion& bare) const;
     void paintOverlay(QPainter& painter) const;
     [[nodiscard]] QRegion frameRegion() const;
+    [[nodiscard]] bool bootShows(int index) const;
+    void showSizeStatus();
+    void paintBoot(QPainter& painter, const QRegion& dirty) const;
     void loadScaledBack();
     void tellOnce(const Failure& failure);
     void rememberBackground();
@@ -182,6 +212,12 @@ private:
     void tone(int index);
 
     StageData m_data;
+    BootView m_boot;
+    bool m_asItBoots = false;
+    bool m_trying = false;
+    int m_openRow = -1;     // the object of the tab that was open at the last updateBoot()
+    QString m_note;         // of the boot's picture, in the status line
+    QObject m_listener;     // its end ends the listening to the document
     QStringList m_families; // of the system, when the gfxboot was opened
     QImage m_background;
     bool m_cleared = false;    // nothing of the picture is seen

@@ -9,12 +9,6 @@ namespace fennel {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int sizeStatus = 4;
-
-} // namespace
-
 void Stage::setBackground(const QImage& picture)
 {
     if (picture.isNull())
@@ -86,10 +80,7 @@ void Stage::ShowBackground()
     host().prepareBackground();
     if (FileExists(run().BackFile)) {
         loadScaledBack();
-        if (run().GfxOpened) {
-            host().setStatus(sizeStatus,
-                             scaleStatus(run().BackWidth, run().BackHeight, run().PreviewScale));
-        }
+        showSizeStatus();
         rememberBackground();
     }
     // The picture has its new size by now, and the window is fitted to it.
@@ -123,7 +114,7 @@ void Stage::ApplyScale()
 {
     ShowBackground();
     // In generation 3 the menu has a width of its own.
-    if (rows() >= 2 && run().gfxboot_var != 3)
+    if (rows() >= 2 && run().gfxboot_var != 3 && !m_asItBoots)
         replaceMenu();
     host().scaleApplied();
 }

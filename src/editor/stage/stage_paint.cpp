@@ -107,13 +107,16 @@ void Stage::paint(QPainter& painter, const QRegion& dirty) const
     if (m_cleared)
         return;
     QRegion bare = dirty & QRect(QPoint(), pictureSize());
-    for (auto i = m_order.rbegin(); i != m_order.rend() && !bare.isEmpty(); ++i) {
+    const bool boots = m_asItBoots && !m_boot.picture().isNull();
+    if (boots)
+        paintBoot(painter, bare);
+    for (auto i = m_order.rbegin(); !boots && i != m_order.rend() && !bare.isEmpty(); ++i) {
         if (!isRow(*i) || !panel(*i).visible || !bare.intersects(panel(*i).rect))
             continue;
         paintPanel(painter, panel(*i), bare & panel(*i).rect);
         bare -= panel(*i).rect;
     }
-    for (const QRect& area : bare)
+    for (const QRect& area : boots ? QRegion() : bare)
         painter.drawImage(area.topLeft(), m_background, area);
     if (pulses())
         paintFrame(painter, bare);

@@ -79,6 +79,9 @@ void Stage::tone(int index)
 
 void Stage::ShowMarker(int index, int keep)
 {
+    // Another tab has come since.
+    if (m_asItBoots && m_openRow != host().objectOfCurrentTab())
+        updateBoot();
     const bool was = m_markerOn;
     if (m_markerOn && (keep != 0 || index >= 0)) {
         changed(m_marker);

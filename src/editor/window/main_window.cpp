@@ -64,6 +64,7 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     connectTextButtons(*this);
     m_menus = std::make_unique<Menus>(*menuBar(), m_commands);
     showFixedEntries(*this);
+    showStoredView(*this);
     m_menus->action(QStringLiteral("mnuMenu_Embedded"))->setChecked(true);
     m_flashLink->showBios();
     m_toolbar->BuildToolbar(m_commands);

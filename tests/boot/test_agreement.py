@@ -1,0 +1,138 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""The picture of a boot against the boot itself, pixel by pixel.
+
+    test_agreement.py BOOT_RENDER DATA_FOLDER [CASE ...]
+
+Prints the share of equal pixels of each message; what moves is left out, and how much that is."""
+
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+
+import boots
+
+THEMES = pathlib.Path("/etc/bootsplash/themes")
+ENTRIES = ("Boot from this stick", "Boot from hard disk", "Memory test")
+ENOUGH = 99.9  # of 100 pixels
+CLOSE = 4  # levels of 255, in 32 bits
+CLOCK, RUN_LINE, GLASS, ANIMATION, HAND = "5", "22", "23", "28", "4"
+MOVING = (CLOCK, RUN_LINE, GLASS, ANIMATION, HAND)  # rows of the objects; the hand is on the logo
+PLACES = {0: {42: 40, 43: 60, 54: 330, 40: 6, 41: 5, 46: 0x400040, 47: 90, 56: 0x20E020, 57: 40, 48: 0xFFE000,
+              58: 0x000060, 32: 620, 33: 420}, 4: {2: 420, 3: 40, 4: 14, 5: 300}, 5: {2: 560, 3: 60, 4: 200, 5: 120}}
+
+
+def theme(name):
+    path = THEMES / name / "bootloader" / "message"
+    return dict(boots.boot_check.members(path.read_bytes())) if path.exists() else None
+
+
+def render(members, titles, folder):
+    """Width, height and pixels, and the rectangles of the objects by their row."""
+    for name, data in members.items():
+        (folder / name).write_bytes(data)
+    picture = folder.parent / "render.png"
+    words = [word for title in titles for word in ("--title", title)]
+    told = subprocess.run([RENDER, folder, picture, *words], check=True, stdout=subprocess.PIPE, text=True).stdout
+    ppm = folder.parent / "render.ppm"
+    subprocess.run(["convert", picture, "-depth", "8", ppm], check=True)
+    rows = {line.split()[0]: tuple(map(int, line.split()[1:])) for line in told.splitlines()}
+    return boots.boot_check.read_ppm(ppm), rows
+
+
+def far_apart(one, other):
+    """The places of the pixels in which two screens differ by more than CLOSE."""
+    _, _, a = one
+    _, _, b = other
+    return {at // 3 for at in range(len(a)) if a[at] != b[at] and abs(a[at] - b[at]) > CLOSE}
+
+
+def masked(rects, width):
+    return {y * width + x for left, top, wide, high in rects
+            for y in range(top, top + high) for x in range(left, left + wide)}
+
+
+def share(members, titles, grown=10):
+    """Of all pixels that do not move those that agree, in per cent, and the share of what moves."""
+    with tempfile.TemporaryDirectory() as place:
+        folder = pathlib.Path(place) / "members"
+        folder.mkdir()
+        picture, rows = render(members, titles, folder)
+        width, height, _ = picture
+        moving = masked([(x - grown, y - grown, w + 2 * grown, h + 2 * grown) if row == HAND else (x, y, w, h)
+                         for row, (x, y, w, h) in rows.items() if row in MOVING], width)
+        moving = moving if b"FENNEL-GFX engine " in members["init"] else set()
+        wrong = {0}
+        with boots.Boot(members, boots.menu(titles)) as boot:
+            def agrees(screen):
+                nonlocal wrong
+                if (screen.width, screen.height) == (width, height):
+                    wrong = far_apart(picture, (width, height, screen.pixels)) - moving
+                return 100 * len(wrong) < (100 - ENOUGH) * width * height and wrong != {0}
+            screen = boot.wait(agrees, 90)
+    if (screen.width, screen.height) != (width, height):
+        return 0.0, 0.0
+    still = width * height - len(moving)
+    return 100 - 100 * len(wrong) / still, 100 * len(moving) / (width * height)
+
+
+class Agreement(unittest.TestCase):
+    def holds(self, name, members, titles):
+        with self.subTest(name):
+            equal, moving = share(members, titles)
+            print(f"{name:40} {equal:8.3f} % equal, {moving:5.2f} % moves", flush=True)
+            self.assertGreaterEqual(equal, ENOUGH)
+
+
+class Own(Agreement):
+    """Our engine: the template, and one with everything elsewhere."""
+
+    def test_template(self):
+        self.holds("template", boots.Template(DATA).members, ENTRIES)
+
+    def test_variant(self):
+        variant = boots.Template(DATA)
+        for number, values in PLACES.items():
+            variant.levels(number, values)
+        titles = [f"[{i}] Entry {i} of a longer menu" for i in range(9)] + ["Long " * 20]
+        self.holds("template, all elsewhere, 10 titles", variant.members, titles)
+
+
+class Cfg(Agreement):
+    """Engines with gfxboot.cfg, with a font and a picture of our own."""
+
+    def message(self, cfg):
+        members = theme("KDE")
+        if members is None:
+            self.skipTest("Debian's themes are not installed")
+        own = boots.Template(DATA).members
+        return {**members, "16x16.fnt": own["16x16.fnt"], "back.jpg": own["back.jpg"], "gfxboot.cfg": cfg}
+
+    def test_flat(self):
+        flat = self.message(b"menu_start_x=253\r\n#boot_show=1\r\n")
+        for count in (3, 8, 12):
+            self.holds(f"flat gfxboot.cfg, {count} titles", flat, [f"Title {i} of {count}" for i in range(count)])
+        self.holds("flat gfxboot.cfg, long titles", flat, ["A title that is long " * 2, "Second", "Long " * 30])
+
+    def test_own_colours(self):
+        cfg = theme("KDE")["gfxboot.cfg"] if theme("KDE") else b""
+        for old, new in ((b"mainmenu.pos=-1,170", b"mainmenu.pos=90,200"),
+                         (b"mainmenu.bar.color=0xffffff", b"mainmenu.bar.color=0x3060c0"),
+                         (b"mainmenu.selected.fg=0x000000", b"mainmenu.selected.fg=0xffff80"),
+                         (b"mainmenu.entries=8", b"mainmenu.entries=3")):
+            cfg = cfg.replace(old, new)
+        self.holds("sections, own place and colours", self.message(cfg), [f"Entry {i}" for i in range(6)])
+
+
+class Debian(Agreement):
+    def test_themes(self):
+        for name in ("KDE", "SLED", "SLES", "openSUSE", "upstream"):
+            if theme(name):
+                self.holds(f"Debian's {name}", theme(name), ENTRIES)
+
+
+if __name__ == "__main__":
+    RENDER, DATA = sys.argv[1:3]
+    unittest.main(argv=[sys.argv[0], *sys.argv[3:]])
