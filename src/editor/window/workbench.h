@@ -17,6 +17,7 @@ namespace fennel {
 
 struct Workbench {
     Shell shell;
+    UserStore& store;
     LastUsed lastUsed;
     FontState fonts;
     Document document{shell, fonts.table};
@@ -34,7 +35,9 @@ struct Workbench {
     int EditedObject = -1;   // the object that shows that text, -1 none
 
     // The shell's parts and the store outlive the workbench.
-    Workbench(const Shell& shellParts, UserStore& store) : shell(shellParts), lastUsed(store) {}
+    Workbench(const Shell& shellParts, UserStore& userStore) : shell(shellParts), store(userStore), lastUsed(userStore)
+    {
+    }
 };
 
 } // namespace fennel
