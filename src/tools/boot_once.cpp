@@ -56,9 +56,15 @@ public:
             static_cast<int>(std::lround(std::clamp(atSeconds, 0.0, 3600.0) * 1000)));
         connect(&m_wait, &QTimer::timeout, this, &Script::goOn);
         connect(&test, &BootTest::rested, this, [this] {
-            m_rests = true;
-            if (!std::exchange(m_began, true))
+            if (!std::exchange(m_began, true)) {
                 m_wait.start();
+                // A menu that has just been drawn may throw away the first key.
+                if (!m_keys.isEmpty() && m_test.state() == BootState::Standing) {
+                    m_test.restAgain();
+                    return;
+                }
+            }
+            m_rests = true;
             goOn();
         });
         connect(&test, &BootTest::stateChanged, this, [this] {

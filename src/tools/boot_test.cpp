@@ -292,6 +292,12 @@ void BootTest::press(const QString& key)
     m_look.start(awaitedLookMs);
 }
 
+void BootTest::restAgain()
+{
+    m_rest.startOver();
+    m_awaited = true;
+}
+
 // The BIOS keeps two places, where the next key is taken from and where the next one is put. A key
 // was heard if it was put there and the two are equal again.
 void BootTest::onKeyBuffer(const QByteArray& buffer)
@@ -301,7 +307,7 @@ void BootTest::onKeyBuffer(const QByteArray& buffer)
     // Some keys are none to the BIOS, and a guest may take them past it.
     if ((put && taken) || m_keyClock.hasExpired(m_limits.keyMs)) {
         m_keyPending = false;
-        m_rest.afterKey();
+        m_rest.startOver();
     }
 }
 

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "tools/boot_machine.h"
-#include "tools/boot_screen.h"
+#include "tools/screen_watch.h"
 
 #include <QElapsedTimer>
 #include <QTimer>
@@ -45,6 +45,8 @@ public:
     // Keys by QEMU's names; those that are joined by "+" are held together. Passed over while no
     // guest runs.
     void press(const QString& key);
+    // rested() comes once more, when the screen has gone on resting.
+    void restAgain();
     // Opens the running guest in a window of QEMU's, where it goes on.
     void watch();
 

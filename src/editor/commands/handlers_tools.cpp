@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The Tools menu.
+#include "editor/boot/boot_link.h"
 #include "editor/commands/handlers.h"
 #include "editor/window/main_window.h"
 #include "tools/image_commands.h"
@@ -18,6 +19,8 @@ void addToolCommands(MainWindow& window)
         QtClipboard clipboard;
         mnuT_NConvert_Resize(window.shell(), clipboard);
     });
+    commands.add("mnuT_Boot", [&window] { window.bootLink().start(); });
+    commands.add("mnuT_Boot_Loader", [&window] { window.bootLink().chooseLoader(); });
     commands.add("mnuT_CPIO_GetINFO", [&window] {
         window.shell().prompts.ShowMessage(QStringLiteral("Запланировано...\nPlanned..."));
     });

@@ -2,6 +2,7 @@
 #include "editor/window/main_window.h"
 
 #include "base/settings_file.h"
+#include "editor/boot/boot_link.h"
 #include "editor/colour/colour_link.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
@@ -40,6 +41,7 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     m_colourLink = std::make_unique<ColourLink>(*this);
     m_stageLink = std::make_unique<StageLink>(*this);
     m_flashLink = std::make_unique<FlashLink>(*this);
+    m_bootLink = std::make_unique<BootLink>(*this);
     buildAreas();
     m_waiting = std::make_unique<WindowProgress>(*this, *m_statusBar);
     m_commands.holdWhile([this] {

@@ -18,6 +18,7 @@ class QToolButton;
 
 namespace fennel {
 
+class BootLink;
 class ColourLink;
 class ColourTools;
 class FontInfo;
@@ -53,6 +54,7 @@ public:
     [[nodiscard]] InspectionList& inspectionList() { return *m_inspection; }
     [[nodiscard]] StageLink& stageLink() { return *m_stageLink; }
     [[nodiscard]] FlashLink& flashLink() { return *m_flashLink; }
+    [[nodiscard]] BootLink& bootLink() { return *m_bootLink; }
     [[nodiscard]] StageSurface& surface() { return *m_picture; }
     [[nodiscard]] ColourTools& colourTools() { return *m_tools; }
     [[nodiscard]] ColourLink& colourLink() { return *m_colourLink; }
@@ -122,6 +124,7 @@ private:
     std::unique_ptr<ColourLink> m_colourLink;
     std::unique_ptr<StageLink> m_stageLink;
     std::unique_ptr<FlashLink> m_flashLink;
+    std::unique_ptr<BootLink> m_bootLink;
     std::unique_ptr<Menus> m_menus;
     Toolbar* m_toolbar;
     QWidget* m_area;          // everything between toolbar and status bar

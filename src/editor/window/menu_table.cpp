@@ -78,7 +78,9 @@ constexpr auto items = std::to_array<MenuItem>({
 
     {"mnuTools", "", u"&Tools", Menu},
     {"mnuT_s4", "mnuTools", u"tools set is empty", Heading},
-    {"mnuT_Qemu", "mnuTools", u"QEMU", Menu, FlashChosen},
+    {"mnuT_Boot", "mnuTools", u"Boot test", Command, Opened, false, "F8"},
+    {"mnuT_Boot_Loader", "mnuTools", u"Loader of the boot test..."},
+    {"mnuT_Qemu", "mnuTools", u"QEMU", Menu, FlashChosen, true},
     {"mnuT_Qemu_Start", "mnuT_Qemu", u"Start QEMU with Current Flash Drive", Command, ByOthers,
      false, "F9"},
     {"mnuT_Qemu_BIOS", "mnuT_Qemu", u"Select Video BIOS for QEMU", Command, Always, true},

@@ -40,6 +40,7 @@ constexpr auto buttons = std::to_array<ToolbarButton>({
     {MonitorButton, u"MonitoringIsOff", "mnuFlash_Monitor", Always, Shows::Monitor, 49,
      u"USB-Monitoring is ON", u"USB-Monitoring is OFF"},
     separator,
+    {BootButton, u"Boot test", "mnuT_Boot", Opened},
     {QemuButton, u"Run QEMU", "mnuT_Qemu_Start"},
 });
 

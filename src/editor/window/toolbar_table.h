@@ -33,6 +33,7 @@ enum ButtonId {
     QemuButton = 21,
     UndoButton = 25,
     RedoButton = 26,
+    BootButton = 27,
 };
 
 // What a button shows by its picture and its tool tip.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/boot_screen.h"
+#include "tools/screen_watch.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,8 +23,6 @@ constexpr qint64 drawingWork = 900; // on a screen of 800x600; larger ones take 
 constexpr qint64 longestDrawing = 2000;
 constexpr qint64 fastDrawing = 150; // by the computer's own processor
 constexpr int equalDumps = 25;
-// It asks for keys with every tick of its clock.
-constexpr qint64 keyWork = 400;
 // Some themes reckon for seven seconds before they draw anything on the empty screen.
 constexpr qint64 emptyWork = 12'000;
 constexpr int emptyDumps = 400;
@@ -175,9 +173,8 @@ bool RestWatch::Still::lasts(qint64 workMs, qint64 needed, int enough) const
     return times > 0 && (workMs - since >= needed || times >= enough);
 }
 
-void RestWatch::afterKey()
+void RestWatch::startOver()
 {
-    m_key = true;
     m_last = {};
     m_lastText.clear();
 }
@@ -205,10 +202,9 @@ qint64 RestWatch::neededWork(QSize size) const
 {
     if (m_fast)
         return fastDrawing;
-    if (m_key)
-        return keyWork;
     constexpr qint64 pixels = qint64{800} * 600;
-    return std::clamp(drawingWork * size.width() * size.height() / pixels, keyWork, longestDrawing);
+    return std::clamp(drawingWork * size.width() * size.height() / pixels, drawingWork / 2,
+                      longestDrawing);
 }
 
 bool RestWatch::textRests(const QStringList& text, qint64 workMs)

@@ -45,8 +45,8 @@ class RestWatch {
 public:
     // `fast`: the guest runs on the computer's own processor, by KVM.
     explicit RestWatch(bool fast = false) : m_fast(fast) {}
-    // The guest heard of a key: from now on it is given time to show what comes of it.
-    void afterKey();
+    // Whatever rested so far: the guest is given the time anew, such as for its answer to a key.
+    void startOver();
     // Whether the guest has set any mode; before that QEMU shows a picture of its own.
     [[nodiscard]] bool begun() const { return m_begun; }
     // Whether it has set one of pictures.
@@ -75,7 +75,6 @@ private:
     bool m_fast;
     bool m_begun = false;
     bool m_empty = false;
-    bool m_key = false; // it is the answer to a key that is waited for
     ScreenDump m_last;
     QStringList m_lastText;
     Still m_equal;   // not a pixel moves
