@@ -2,6 +2,7 @@
 // Pictures, fonts and the archive itself.
 #include "base/files.h"
 #include "checks/check_list.h"
+#include "container/engine_info.h"
 #include "container/member_table.h"
 #include "fonts/fnt_codec.h"
 #include "screen/jpeg_check.h"
@@ -163,7 +164,7 @@ void checkRequired(const CheckInput& input, Findings& found)
 void checkEngine(const CheckInput& input, Findings& found)
 {
     const QByteArray* engine = input.find(u"init"_s);
-    if (input.run.GfxHasZuk && engine != nullptr && !engine->contains("ZUK"))
+    if (input.run.GfxHasZuk && engine != nullptr && !engineOf(*engine).readsLevels)
         found.push_back(about(u"init"_s, u"The engine does not read the level files."_s,
                               u"Upgrade the engine."_s));
 }

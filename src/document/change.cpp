@@ -37,6 +37,8 @@ void Step::absorb(Step&& later)
         cfg->after = std::move(later.cfg->after);
     else if (later.cfg)
         cfg = std::move(later.cfg);
+    if (later.whole)
+        whole = std::move(later.whole);
 }
 
 bool Step::dropUnchanged()
@@ -46,7 +48,7 @@ bool Step::dropUnchanged()
     std::erase_if(objects, same);
     if (cfg && cfg->before == cfg->after)
         cfg.reset();
-    return params.empty() && objects.empty() && members.empty() && !cfg;
+    return params.empty() && objects.empty() && members.empty() && !cfg && !whole;
 }
 
 qint64 Step::bytes() const

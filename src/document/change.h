@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <tuple>
@@ -72,6 +73,16 @@ struct CfgState {
 // A version of a file of the Workspace that is kept in the history; 0: there is no such file.
 using VersionId = qint64;
 
+// All that a change of the generation replaces.
+struct WholeState {
+    ParamState params;
+    QByteArray cfgBytes; // of gfxboot.cfg in the Workspace
+    bool hasCfg = false;
+    bool hasZuk = false;
+    int gfxboot_var = 1;
+    int objects = 0;
+};
+
 struct Step {
     StepInfo info;
     std::map<ParamKey, BeforeAfter<std::optional<ParamValue>>> params;
@@ -79,6 +90,8 @@ struct Step {
     std::optional<BeforeAfter<CfgState>> cfg;
     std::map<QByteArray, BeforeAfter<VersionId>> members; // by the bytes of their names
     qint64 memberBytes = 0;                               // of the versions in `members`
+    // Of a step that makes another generation; it says all that the parts above would.
+    std::shared_ptr<const BeforeAfter<WholeState>> whole;
 
     // What a later step did, done in this one.
     void absorb(Step&& later);

@@ -33,6 +33,7 @@ struct DocumentChange {
     std::set<ParamKey> params;
     std::set<int> objects; // in the order of their rows
     bool cfg = false;
+    bool generation = false;      // another one: nothing is as it was
     std::set<QByteArray> members; // names of files that came, went or have other bytes
     StepPlace place;
 };
@@ -86,6 +87,11 @@ public:
     // Runs `work`, which adds, replaces or removes files of the Workspace. All that it changed is
     // one step; if it returns false, or the user's word stops it, every file is as it was before.
     bool changeMembers(const StepInfo& info, const std::function<bool()>& work);
+    // A gfxboot of generation 1 or 2 becomes one of generation 3 with our engine, as one step: the
+    // menu stays as it is on the screen (document/upgrade.h), gfxboot.cfg goes, as nothing reads it
+    // any more. False if a file could not be read or written: the user was told, and all is as it
+    // was.
+    bool upgrade();
     // Such a work goes on: the files may be those of half a command.
     [[nodiscard]] bool inMembers() const { return m_inMembers; }
     // Until endGesture() all changes are one step; cancelGesture() takes them back without a trace.
@@ -142,6 +148,9 @@ Q_SIGNALS:
 private:
     struct Command;
 
+    [[nodiscard]] WholeState whole() const;
+    void become(const WholeState& other);
+    bool writeUpgrade();
     void setParam(const ParamKey& key, const ParamValue& value, Step& step);
     void setObject(int row, const PanelRec& record, Step& step);
     void recompute(const ParamKey& key, Step& step);

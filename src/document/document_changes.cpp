@@ -132,6 +132,7 @@ DocumentChange Document::changeOf(const Step& step)
     for (const auto& [name, versions] : step.members)
         change.members.insert(name);
     change.cfg = step.cfg.has_value();
+    change.generation = step.whole != nullptr;
     change.place = step.info.place;
     return change;
 }
@@ -234,7 +235,7 @@ void Document::boundHistory()
         if (sum <= historyLimit || i == m_stack.count() - 1)
             continue;
         kept->forget();
-        kept->step = Step{kept->step.info, {}, {}, {}, {}, 0};
+        kept->step = Step{kept->step.info, {}, {}, {}, {}, 0, {}};
         kept->expired = true;
     }
 }
@@ -309,6 +310,8 @@ bool Document::move(const Step& step, bool forward)
             rec->Text = text;
         }
     }
+    if (step.whole)
+        become(side(*step.whole));
     // What lies over the lists goes on lying over them.
     if (menuLevelShown())
         RecalcPanelsFromLevels(m_shell, m_state, m_fonts, LayerLst);

@@ -2,6 +2,7 @@
 #include "document/opening.h"
 
 #include "container/archive_tools.h"
+#include "container/engine_info.h"
 #include "container/gfx_save.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
@@ -134,6 +135,7 @@ private:
     void readLevels();
     void scanFonts();
     void listValues();
+    [[nodiscard]] bool ignoresLevels() const;
     [[nodiscard]] bool mayUpgrade() const;
     void upgradeEngine();
 
@@ -170,6 +172,23 @@ void Opening::scanFonts()
               keepInspection);
 }
 
+// An engine that knows nothing of level files shows none of the objects; then the user is told.
+bool Opening::ignoresLevels() const
+{
+    const Result<QByteArray> init = readBytes(m_shell.run.Workspace + QStringLiteral("init"));
+    const EngineInfo engine = engineOf(init ? *init : QByteArray());
+    if (!m_shell.run.GfxHasZuk || !engine.there || engine.readsLevels)
+        return false;
+    m_shell.prompts.ShowMessage(
+        QStringLiteral("The engine of the \"%1\", %2, does not read the level files ZUK????.CFG.\n"
+                       "On the boot screen it shows the background and a menu of its own, and no "
+                       "other object.")
+            .arg(m_shell.run.GfxFileName, engine.kind == BootEngine::Sections
+                                              ? QStringLiteral("Debian's")
+                                              : QStringLiteral("an unknown one")));
+    return true;
+}
+
 bool Opening::mayUpgrade() const
 {
     return m_shell.prompts.ShowMessage(
@@ -198,8 +217,9 @@ void Opening::upgradeEngine()
 // Asked once for each gfxboot: the answer holds for all its objects.
 void Opening::listValues()
 {
-    const bool upgrade =
-        m_document.needsUpgrade() && (m_target.upgrade ? *m_target.upgrade : mayUpgrade());
+    const bool upgrade = m_target.upgrade
+                             ? *m_target.upgrade && m_document.needsUpgrade()
+                             : (ignoresLevels() || m_document.needsUpgrade()) && mayUpgrade();
     if (upgrade && !m_target.upgrade)
         upgradeEngine();
     m_document.listValues(upgrade);

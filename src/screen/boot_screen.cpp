@@ -8,17 +8,6 @@
 
 namespace fennel {
 
-BootEngine bootEngineOf(const QByteArray& init)
-{
-    if (init.contains("FENNEL-GFX engine "))
-        return BootEngine::Own;
-    if (init.contains("menu_start_x"))
-        return BootEngine::FlatCfg;
-    if (init.contains("mainmenu.pos"))
-        return BootEngine::Sections;
-    return BootEngine::Unknown;
-}
-
 bool isVideoMode(QSize size)
 {
     constexpr std::array<std::pair<int, int>, 25> modes = {
@@ -35,7 +24,7 @@ QRegion BootScreen::update(const BootRequest& request)
     m_members.setFolder(request.folder);
     const bool otherFiles = m_members.refresh();
     m_members.forgetMissingLetters();
-    m_engine = bootEngineOf(m_members.bytes(QStringLiteral("init")));
+    m_engine = engineOf(m_members.bytes(QStringLiteral("init"))).kind;
     BootLayout layout = request.generation == 3 ? layOutOwn(request, m_members)
                                                 : layOutCfg(request, m_members, m_engine);
     m_entries = layout.entries;

@@ -8,6 +8,7 @@
 //     screen.picture().save(...);
 #pragma once
 
+#include "container/engine_info.h"
 #include "params/param_state.h"
 #include "screen/boot_list.h"
 
@@ -20,18 +21,7 @@
 
 namespace fennel {
 
-// Whose rules are drawn by. What no rules are known of is drawn by those of FlatCfg.
-enum class BootEngine {
-    Own,      // ours, with level files
-    FlatCfg,  // knows the names of gfxboot.cfg that the editor knows
-    Sections, // its gfxboot.cfg has sections and other names
-    Unknown,
-};
-
 inline constexpr double bootTicksPerSecond = 18.2;
-
-// By the bytes of the member `init`.
-BootEngine bootEngineOf(const QByteArray& init);
 
 // What moves is drawn as it stands then.
 struct BootMoment {
@@ -82,6 +72,7 @@ private:
     QImage m_ground;
     QImage m_picture;
     std::map<int, QRect> m_objects;
+    // What no rules are known of is drawn by those of FlatCfg.
     BootEngine m_engine = BootEngine::Unknown;
     bool m_rulesKnown = false;
     int m_entries = 0;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The screen of the engines that read gfxboot.cfg; docs/as-it-boots.md has the rules.
+#include "params/cfg_look.h"
 #include "params/object_table.h"
 #include "screen/boot_layout.h"
-#include "screen/cfg_look.h"
 
 #include <algorithm>
 
@@ -12,10 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int textInset = 10;  // of an entry in its bar
-constexpr int barMargins = 22; // of the bar beside its widest entry
-constexpr int barOver = 4;     // of the bar above and below the letters
-constexpr int keysAbove = 48;  // the hot keys begin so far above the lower edge
+constexpr int textInset = 10; // of an entry in its bar
+constexpr int barOver = 4;    // of the bar above and below the letters
+constexpr int keysAbove = 48; // the hot keys begin so far above the lower edge
 constexpr int keysLeft = 10;
 constexpr int keysRight = 14;
 constexpr int keyGap = 6;    // from a key to its word
@@ -68,8 +67,14 @@ private:
         int widest = 0;
         for (const QString& title : m_request.titles)
             widest = std::max(widest, m_font.width(title));
-        const int width = std::max(m_look.barMinWidth, widest + barMargins);
-        return std::clamp(width, 0, std::max(0, screen().width() - m_look.menu.x()));
+        const int width = std::max(m_look.barMinWidth, widest + m_look.barBeside);
+        const int room = screen().width() - (m_look.centred ? 0 : m_look.menu.x());
+        return std::clamp(width, 0, std::max(0, room));
+    }
+    [[nodiscard]] QPoint menuPlace() const
+    {
+        return m_look.centred ? QPoint((screen().width() - barWidth()) / 2, m_look.menu.y())
+                              : m_look.menu;
     }
     void menu();
     void keys();
@@ -88,6 +93,7 @@ private:
 
 void CfgScreen::menu()
 {
+    const QPoint place = menuPlace();
     const int pitch = m_layout.menuPitch;
     const int count = m_layout.entries;
     const int lines = std::clamp(m_look.entries, 1, std::max(1, screen().height()));
@@ -96,10 +102,10 @@ void CfgScreen::menu()
     const QSize bar(barWidth(), m_font.height() + barOver);
     BootObject menu;
     menu.row = MenuPanelRow;
-    menu.rect = {m_look.menu, QSize(bar.width(), lines * pitch)};
+    menu.rect = {place, QSize(bar.width(), lines * pitch)};
     BootObject shine;
     shine.row = MenuBarRow;
-    shine.rect = {m_look.menu, bar}; // on the first line, wherever the bar is
+    shine.rect = {place, bar}; // on the first line, wherever the bar is
     if (count > 0) {
         BootOp& op = shine.ops.emplace_back();
         op.kind = BootOp::Tint;
@@ -108,7 +114,7 @@ void CfgScreen::menu()
         op.transparency = m_look.barTransparency;
     }
     for (int i = first; i < std::min(count, first + lines); ++i) {
-        const QPoint at = m_look.menu + QPoint(textInset, (i - first) * pitch + barOver / 2);
+        const QPoint at = place + QPoint(textInset, (i - first) * pitch + barOver / 2);
         // The bar lies over the entry's usual letters, which shine through beside the new ones.
         text(menu, m_request.titles[i], at, m_look.normal);
         if (i == chosen)

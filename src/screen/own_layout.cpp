@@ -83,14 +83,14 @@ void layOutStanding(const OwnWork& work, const std::vector<OwnEntry>& entries)
 
 } // namespace
 
-int ownLineTop(const BootFont& font, int line, int extra)
+int ownLineTop(const BootFont& font, int line, int extra, int quarters)
 {
-    return (line * lineStep4(font, extra) + 2) / 4;
+    return (line * (lineStep4(font, extra) + quarters) + 2) / 4;
 }
 
-int ownLinesFit(const BootFont& font, int height, int extra)
+int ownLinesFit(const BootFont& font, int height, int extra, int quarters)
 {
-    return 4 * height / std::max(1, lineStep4(font, extra));
+    return 4 * height / std::max(1, lineStep4(font, extra) + quarters);
 }
 
 int ownSine(int angle)

@@ -11,9 +11,9 @@ namespace fennel {
 inline constexpr QRgb noPicture = 0xff102030; // the screen where no picture is
 
 // The height of a line of text and where it begins, by the font's size in quarters of a point.
-int ownLineTop(const BootFont& font, int line, int extra);
+int ownLineTop(const BootFont& font, int line, int extra, int quarters = 0);
 // How many lines fit into a height.
-int ownLinesFit(const BootFont& font, int height, int extra);
+int ownLinesFit(const BootFont& font, int height, int extra, int quarters = 0);
 // Sine and cosine of an angle in 1440ths of a circle, times 1024, clockwise from the top.
 int ownSine(int angle);
 inline int ownCosine(int angle)

@@ -11,7 +11,6 @@ import pathlib
 import struct
 import subprocess
 import tempfile
-import time
 
 HERE = pathlib.Path(__file__).resolve().parent
 
@@ -148,7 +147,7 @@ class Boot:
 
     def wait(self, wanted, seconds=40):
         """The screen once `wanted` is true of it, or the last one."""
-        end = time.monotonic() + seconds
+        end = self.machine.seconds() + seconds
         while True:
             screen = self.screen()
             try:
@@ -156,15 +155,15 @@ class Boot:
                     return screen
             except IndexError:  # the screen is not yet as large as what is asked for
                 pass
-            if time.monotonic() > end:
+            if self.machine.late(end):
                 return screen
-            time.sleep(0.1)
+            self.machine.pause(0.1)
 
     def press(self, *keys):
         for key in keys:
             parts = [{"type": "qcode", "data": part} for part in key.split("+")]
             self.machine.order("send-key", keys=parts)
-            time.sleep(0.15)  # the key has to be let go
+            self.machine.pause(0.15)  # the key has to be let go
 
     def until(self, key, wanted):
         """Presses a key until it shows: before the loader listens, keys are lost."""

@@ -92,6 +92,19 @@ class EngineTest(unittest.TestCase):
         for at in outside:
             self.assertFalse(near(screen.at(*at), colour), f"{name} reaches out to {at}")
 
+    def shows(self, boot, check, seconds=40):
+        """The first screen that passes: a dump may catch the engine at work. The last one's fault if none does."""
+        end = boot.machine.seconds() + seconds
+        while True:
+            screen = boot.screen()
+            try:
+                check(screen)
+                return screen
+            except (AssertionError, IndexError):  # the screen may not yet be as large as what is asked for
+                if boot.machine.late(end):
+                    raise
+            boot.machine.pause(0.2)
+
     def anywhere(self, screen, rectangle, colour, tolerance=4):
         x, y, width, height = rectangle
         return any(near(screen.at(column, row), colour, tolerance)
@@ -111,26 +124,18 @@ class Placed(EngineTest):
             made.members["back.jpg"] = plain(*SIZE, WHITE)
         circle = more[5]
         with Boot(made.members) as boot:
-            ring = (circle[2] + circle[4] // 2, circle[3] + circle[19] // 2)
             expected = blend(circle[21], circle[23])
-            screen = boot.wait(lambda s: near(s.at(*ring), expected))
-            time.sleep(1)
-            screen = boot.screen()
-            self.panels(screen, which)
-            self.objects(screen, more, expected)
+            self.shows(boot, lambda s: (self.panels(s, which), self.objects(s, more, expected)))
             boot.awake()
             boot.press("f2")
             info = (more[15][2], more[15][3], 575, 375)
             ground = blend(more[15][6], more[15][7])
-            screen = boot.wait(lambda s: near(s.at(info[0] + 574, info[1] + 374), ground))
-            self.rectangle(screen, "information panel", info, ground)
+            self.shows(boot, lambda s: self.rectangle(s, "information panel", info, ground))
             boot.press("esc", "f1")
             ground = blend(more[0][66], more[0][67])
-            screen = boot.wait(lambda s: near(s.at(719, 539), ground))
-            self.rectangle(screen, "help panel", (80, 60, 640, 480), ground)
+            self.shows(boot, lambda s: self.rectangle(s, "help panel", (80, 60, 640, 480), ground))
             boot.press("f1")
-            screen = boot.wait(lambda s: not near(s.at(719, 539), ground))
-            self.panels(screen, which)  # all come back when it goes
+            self.shows(boot, lambda s: self.panels(s, which))  # all come back when it goes
 
     def panels(self, screen, which):
         for name, (_, _, *sets) in Panels.rows.items():
@@ -203,14 +208,14 @@ class Placed(EngineTest):
         config = menu(timeout=900).replace("localboot 0x80", "kernel nothere")
         with Boot(made.members, config) as boot:
             boot.wait(lambda s: near(s.at(540, 190), blend(WHITE, 60)))
-            time.sleep(2)
+            boot.machine.pause(2)
             running = boot.screen()
             boot.awake()
             boot.press("f2")
-            time.sleep(0.5)
+            boot.machine.pause(0.5)
             screen = boot.screen()
             boot.press("ret")
-            told = boot.wait(lambda s: not near(s.at(600, 400), GROUND), 10)
+            told = boot.wait(lambda s: not near(s.at(600, 400), GROUND))
             self.assertFalse(near(told.at(600, 400), GROUND), "messages come also where the panel is off")
             self.colour(told, 100, 520, GROUND, "no wait panel")
         menu_part = range(253, 553), range(170, 340)
@@ -242,11 +247,11 @@ class Placed(EngineTest):
                 self.text(screen, name, places[name], colours[name])
             self.depth(screen)
             boot.press("f2")
-            screen = boot.wait(lambda s: near(s.at(670, 460), 0), 10)
+            screen = boot.wait(lambda s: near(s.at(670, 460), 0))
             self.text(screen, "info, first line", (100, 90, 300, 20), colours["info, first line"])
             self.text(screen, "info", (100, 110, 300, 100), colours["info"])
             boot.press("esc", "f1")
-            screen = boot.wait(lambda s: near(s.at(719, 539), 0), 10)
+            screen = boot.wait(lambda s: near(s.at(719, 539), 0))
             self.text(screen, "help", (80, 60, 300, 100), colours["help"])
 
     def text(self, screen, name, rectangle, colour):
@@ -311,13 +316,20 @@ class Moving(EngineTest):
                     return x, y
         return None
 
+    def sprite_now(self, boot):
+        """The same on the next screen that shows it whole."""
+        while True:
+            place = self.sprite(boot.screen())
+            if place or boot.machine.late(400):
+                return place
+
     def test_all(self):
         help_ground = 0x112233
         with Boot(self.made().members) as boot:
             screen = boot.wait(lambda s: near(s.at(719, 539), help_ground))
             self.colour(screen, 719, 539, help_ground, "help at the start")
             shown = time.monotonic()
-            boot.wait(lambda s: not near(s.at(719, 539), help_ground), 20)
+            boot.wait(lambda s: not near(s.at(719, 539), help_ground))
             self.assertGreater(time.monotonic() - shown, 2, "the help stays five seconds")
             self.watch(boot)
             self.steered(boot)
@@ -330,8 +342,8 @@ class Moving(EngineTest):
     def watch(self, boot):
         glasses, clocks, hands, lines, logos, places = (set() for _ in range(6))
         seen, begun, frames, blocks = [0] * 8, [0] * 8, 0, 0
-        begin = time.monotonic()
-        while time.monotonic() - begin < 21:
+        begin, served = time.monotonic(), boot.machine.seconds()
+        while boot.machine.seconds() - served < 21:
             screen = boot.screen()
             glasses.add(screen.at(650, 215))
             clocks.add(screen.part(20, 20, 90, 22))
@@ -345,17 +357,18 @@ class Moving(EngineTest):
                 lit = self.anywhere(screen, (30 + 90 * g, 242, 60, 96), 0xE8F0FF, 8)
                 seen[g] += lit
                 begun[g] += lit and near(screen.at(40 + 90 * g, 250 + 10 * g), 0xE8F0FF, 8)
-            places.add(self.sprite(screen))
+            places |= {place for place in [self.sprite(screen)] if place}
             # nothing is left where the animation and the running line were, or beside them
             self.colour(screen, 505, 399, GROUND, "above the animation")
             self.colour(screen, 99, 570, GROUND, "beside the running line")
             self.colour(screen, 401, 570, GROUND, "beside the running line")
-            time.sleep(0.05)
-        seconds = time.monotonic() - begin
+            boot.machine.pause(0.05)
+        seconds, served = time.monotonic() - begin, boot.machine.seconds() - served
         for colour in self.COLOURS:
             self.assertTrue(any(near(seen, colour) for seen in glasses), f"glass {colour:06x}")
-        self.assertAlmostEqual(len(clocks), seconds, delta=2.5, msg="each second once")
-        self.assertAlmostEqual(len(hands), seconds, delta=7, msg="the hand goes with the clock")
+        # the guest's clock goes on while the machine has no processor
+        self.assertTrue(served - 2.5 <= len(clocks) <= seconds + 2.5, f"each second once: {len(clocks)} {served}")
+        self.assertTrue(served - 7 <= len(hands) <= seconds + 7, f"the hand goes with the clock: {len(hands)}")
         self.assertGreater(len(lines), 10, "the running line")
         self.assertGreater(blocks, frames / 4, "letters of the running line")
         for g in range(8):
@@ -379,14 +392,14 @@ class Moving(EngineTest):
         """With the arrows the animation goes to one side, wherever it was going."""
         for key, way in (("left", -1), ("right", 1), ("left", -1)):
             for _ in range(20):  # far enough from that edge
-                x = self.sprite(boot.screen())[0]
+                x = self.sprite_now(boot)[0]
                 if 560 < x < 660:
                     break
-                time.sleep(0.1)
+                boot.machine.pause(0.1)
             boot.press(key)
-            first = self.sprite(boot.screen())[0]
-            time.sleep(0.3)
-            self.assertGreater(way * (self.sprite(boot.screen())[0] - first), 0, key)
+            first = self.sprite_now(boot)[0]
+            boot.machine.pause(0.3)
+            self.assertGreater(way * (self.sprite_now(boot)[0] - first), 0, key)
 
 
 class Countdown(EngineTest):
@@ -407,21 +420,21 @@ class Countdown(EngineTest):
     PASSED, RING_PASSED = blend(0x0000FF, 100, 0x111111), blend(0xFF0000, 100)
     NUMBER = (126, 130, 30, 22)
 
+    def half_over(self, screen):
+        self.colour(screen, *self.FIRST, self.PASSED, "passed")
+        self.colour(screen, *self.LAST, 0xFFFF00, "to come")
+        self.colour(screen, 140, 53, self.RING_PASSED, "ring, passed")
+        self.colour(screen, 113, 57, 0x00FFFF, "ring, to come")  # its last division
+        self.assertTrue(self.anywhere(screen, self.NUMBER, 0xFF00FF, 20), "number")
+
     def test_runs_and_stays(self):
         with Boot(self.made(0).members, menu(timeout=60)) as boot:
             # all three draw one after the other
-            screen = boot.wait(lambda s: near(s.at(*self.FIRST), self.PASSED) and
-                               near(s.at(140, 53), self.RING_PASSED) and
-                               self.anywhere(s, self.NUMBER, 0xFF00FF, 20), 20)
-            self.colour(screen, *self.FIRST, self.PASSED, "passed")
-            self.colour(screen, *self.LAST, 0xFFFF00, "to come")
-            self.colour(screen, 140, 53, self.RING_PASSED, "ring, passed")
-            self.colour(screen, 113, 57, 0x00FFFF, "ring, to come")  # its last division
-            self.assertTrue(self.anywhere(screen, self.NUMBER, 0xFF00FF, 20), "number")
+            self.shows(boot, self.half_over)
             boot.press("down")
-            time.sleep(0.5)
+            boot.machine.pause(0.5)
             before = boot.screen()
-            time.sleep(1.5)
+            boot.machine.pause(1.5)
             after = boot.screen()
             for part in ((300, 400, 200, 10), (40, 40, 200, 200)):
                 self.assertEqual(before.part(*part), after.part(*part), "a key stops it")
@@ -433,18 +446,19 @@ class Countdown(EngineTest):
         made.members["ani_05_msk.jpg"] = plain(96, 40, WHITE)
         made.members["16x16_07.fnt"] = block_font()
         with Boot(made.members, menu(timeout=300)) as boot:
-            screen = boot.wait(lambda s: self.anywhere(s, self.NUMBER, 0xFF00FF, 20), 20)
+            screen = boot.wait(lambda s: self.anywhere(s, self.NUMBER, 0xFF00FF, 20))
             self.colour(screen, 131, 141, 0xFF00FF, "the number in its own font")
             boot.press("left")
-            screen = boot.wait(lambda s: near(s.at(*self.FIRST), GROUND), 10)
+            screen = boot.wait(lambda s: near(s.at(*self.FIRST), GROUND))
             places = []
             for _ in range(8):
-                time.sleep(0.15)
-                places.append(Moving.sprite(boot.screen()))
+                boot.machine.pause(0.15)
+                places.append(Moving.sprite(boot.screen()) or (0, 0))
+            places = [place for place in places if place != (0, 0)]
             self.assertEqual(places, sorted(places), "the arrow does not turn the animation")
             for at in (self.FIRST, self.LAST, (140, 53)):
                 self.colour(screen, *at, GROUND, "gone")
-            screen = boot.wait(lambda s: not self.anywhere(s, self.NUMBER, 0xFF00FF, 20), 5)
+            screen = boot.wait(lambda s: not self.anywhere(s, self.NUMBER, 0xFF00FF, 20))
             self.assertFalse(self.anywhere(screen, self.NUMBER, 0xFF00FF, 20))
 
 
@@ -471,28 +485,33 @@ class User(EngineTest):
             boot.awake()
             for keys, line in ((["down"], 1), (["pgdn"], 4), (["up"], 3), (["home"], 0), (["end"], 4)):
                 boot.press(*keys)
-                screen = boot.wait(lambda s, wanted=line: self.bar_line(s) == wanted, 5)
+                screen = boot.wait(lambda s, wanted=line: self.bar_line(s) == wanted)
                 self.assertEqual(self.bar_line(screen), line, keys)
             line = blend(0x33584F, 0)
             self.colour(screen, 500, 592, line, "a key brings the rest")
             last = screen.part(300, 60, 250, 100)
             boot.press("down")
-            time.sleep(0.4)
+            boot.machine.pause(0.4)
             self.assertEqual(boot.screen().part(300, 60, 250, 100), last, "the end is the end")
             # twelve entries, neither data nor technical ones: seven up from the last is the fifth
             for _ in range(11):
                 boot.press("up")
-            screen = boot.wait(lambda s: self.bar_line(s) == 0, 5)
+            screen = boot.wait(lambda s: self.bar_line(s) == 0)
             self.assertEqual(self.bar_line(screen), 0)
             options = screen.part(32, 570, 400, 24)
             boot.press("a")
-            boot.wait(lambda s: s.part(32, 570, 400, 24) != options, 5)
+            boot.wait(lambda s: s.part(32, 570, 400, 24) != options)
             boot.press("backspace")
-            screen = boot.wait(lambda s: s.part(32, 570, 400, 24) == options, 5)
+            screen = boot.wait(lambda s: s.part(32, 570, 400, 24) == options)
             self.assertEqual(screen.part(32, 570, 400, 24), options, "typed options go again")
             boot.press("esc")  # the exit key of this boot
-            screen = boot.wait(lambda s: False, 2)
-            self.assertEqual(screen.height, 400, "text mode")
+            self.shows(boot, lambda s: self.assertEqual(s.height, 400, "text mode"))
+
+    def missing_kernel(self, screen):
+        self.rectangle(screen, "message", (30, 40, 575, 375), 0x005500)
+        self.rectangle(screen, "wait panel", (20, 480, 300, 60), 0x550055)
+        self.assertTrue(self.anywhere(screen, (20, 480, 100, 17), 0xF0F001, 8), "wait, first line")
+        self.assertTrue(self.anywhere(screen, (20, 497, 100, 20), 0x00FF00, 8), "wait, second line")
 
     def test_a_missing_kernel_is_told(self):
         made = self.template({0: {42: 300, 43: 60, 99: 0}, 2: {1: 0}, 8: {1: 0},
@@ -504,17 +523,11 @@ class User(EngineTest):
             boot.wait(lambda s: not near(s.at(540, 80), GROUND))
             boot.awake()
             boot.press("ret")
-            boot.wait(lambda s: near(s.at(600, 400), 0x005500), 10)
-            time.sleep(0.5)
-            screen = boot.screen()
-            self.rectangle(screen, "message", (30, 40, 575, 375), 0x005500)
-            self.rectangle(screen, "wait panel", (20, 480, 300, 60), 0x550055)
-            self.assertTrue(self.anywhere(screen, (20, 480, 100, 17), 0xF0F001, 8), "wait, first line")
-            self.assertTrue(self.anywhere(screen, (20, 497, 100, 20), 0x00FF00, 8), "wait, second line")
+            self.shows(boot, self.missing_kernel)
             boot.press("ret")
-            screen = boot.wait(lambda s: not near(s.at(600, 400), 0x005500), 10)
+            screen = boot.wait(lambda s: not near(s.at(600, 400), 0x005500))
             self.assertFalse(near(screen.at(600, 400), 0x005500), "the message goes")
-            screen = boot.wait(lambda s: not near(s.at(300, 530), 0x550055), 8)
+            screen = boot.wait(lambda s: not near(s.at(300, 530), 0x550055))
             self.assertFalse(near(screen.at(300, 530), 0x550055), "the wait panel goes")
 
 

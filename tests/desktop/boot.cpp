@@ -25,7 +25,7 @@ Boot boot(const QString& message, const QStringList& options)
     process.start(QStringLiteral(FENNEL_BOOT_CHECK),
                   QStringList{message, u"--screenshot"_s, shot} + options);
     Boot result;
-    if (process.waitForFinished(90'000))
+    if (process.waitForFinished(1'000'000))
         result.code = process.exitCode();
     result.told = process.readAllStandardOutput() + process.readAllStandardError();
     result.screen = QImage(shot);

@@ -2,6 +2,7 @@
 // A boot screen with gfxboot.cfg, and one without anything: what can be changed there.
 #include "support/story.h"
 
+#include "container/engine_info.h"
 #include "container/gfx_save.h"
 #include "editor/lists/right_panel.h"
 #include "params/object_table.h"
@@ -78,6 +79,39 @@ TEST(Generation2, AButtonThatThePopUpHidesIsHiddenInTheFile)
     EXPECT_TRUE(written.startsWith("hide_help=1")) << written.toStdString();
     EXPECT_TRUE(written.contains("\nhide_lang=1")) << written.toStdString();
     EXPECT_FALSE(written.contains("hide_reboot")) << written.toStdString();
+}
+
+TEST(Generation2, BecomesTheNewestInOneStep)
+{
+    Story story;
+    const QString message = messageWith(story.shell, "menu_start_x=100\r\n#menu_start_y=50\r\n");
+    story.open(message);
+    const int tabs = story.lists().tabCount();
+    story.choose("mnuFile_Upgrade");
+    EXPECT_FALSE(story.action(u"mnuFile_Upgrade"_s).isEnabled());
+    story.goToTab(u"MenuPanel"_s);
+    story.type(u":43:="_s, u"60"_s);
+    for (int back = 0; back < 2; ++back)
+        story.choose("mnuEdit_Undo");
+    EXPECT_EQ(story.run().gfxboot_var, 2);
+    EXPECT_EQ(story.lists().tabCount(), tabs);
+    story.type(u"menu_start_x"_s, u"77"_s);
+    story.choose("mnuEdit_Undo");
+    story.choose("mnuFile_Upgrade");
+    story.choose("mnuFile_Save");
+    story.open(message);
+    EXPECT_EQ(story.run().gfxboot_var, 3);
+    story.goToTab(u"MenuBar"_s);
+    EXPECT_EQ(story.value(u":42:="_s) + story.value(u":43:="_s), u"100170"_s);
+
+    // With an engine that ignores its level files.
+    auto members = membersOf(message);
+    members[u"init"_s] = membersOf(u"/etc/bootsplash/themes/KDE/bootloader/message"_s)[u"init"_s];
+    story.user().expectMessage(u"Debian's"_s);
+    story.user().expectMessage(u"is obsolete!"_s, Answer::Yes);
+    story.open(messageOf(story.shell, members));
+    const EngineInfo engine = engineOf(bytesOf(story.run().Workspace + u"init"_s));
+    EXPECT_TRUE(engine.kind == EngineInfo::Ours && engine.version >= 1);
 }
 
 TEST(Generation1, ShowsItsMenuAndSavesTheSameMembers)

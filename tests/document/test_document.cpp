@@ -2,6 +2,7 @@
 // The document alone, without a window: changes, their way back, what a save makes of them.
 #include "document/document.h"
 
+#include "container/member_list.h"
 #include "document/place_change.h"
 #include "params/object_table.h"
 #include "support/bin_folder.h"
@@ -296,6 +297,34 @@ TEST_F(DocumentTest, FilesOfACommandAreOneStep)
     }));
     EXPECT_EQ(text() + value(clockX).toUtf8(), "new9");
     EXPECT_EQ(document.undoText(), u"text"_s);
+}
+
+TEST_F(DocumentTest, AnOlderGfxbootBecomesTheNewestAndGoesBack)
+{
+    // 19 pixels high, without a tag: lines of 28 pixels are 3 + 12.75 + 12.25.
+    shell.member(u"16x16.fnt"_s, QByteArray::fromHex("068e82d2000000001304120000"));
+    openConfig("menu_start_x=100\r\n#menu_start_y=50\r\nmenu_bar_color=0x123456\r\n"
+               "menu_max_entries=8");
+    Change entries; // not yet in the file
+    addMenuEntries(document.state(), false, 5, entries);
+    EXPECT_TRUE(document.apply(entries, {u"entries"_s, {}, {}}));
+    EXPECT_TRUE(document.upgrade());
+    EXPECT_EQ(document.generation(), Generation::Three);
+    EXPECT_TRUE(told.back().generation && told.back().members.contains("gfxboot.cfg"));
+    for (const auto& [number, wanted] :
+         {std::pair{42, 100}, {43, 170}, {56, 0x123456}, {40, 12}, {41, 5}, {1, 0}, {47, 255}})
+        EXPECT_EQ(document.state().ZUKarr.at(0, number).LevelValue, wanted) << number;
+    EXPECT_EQ(bytesOf(shell.run.Workspace + u"ZUK0009.CFG"_s).toHex(),
+              "0a000001020000021700000301000004160000050000000601000007");
+    EXPECT_TRUE(isListed(shell.run.Workspace, u"ZUK0009.CFG"_s));
+    EXPECT_FALSE(isListed(shell.run.Workspace, u"gfxboot.cfg"_s));
+    EXPECT_TRUE(document.undo());
+    EXPECT_EQ(document.generation(), Generation::Two);
+    EXPECT_EQ(document.CfgValue(u"menu_max_entries"), u"5"_s);
+    EXPECT_FALSE(FileExists(shell.run.Workspace + u"ZUK0000.CFG"_s));
+    EXPECT_TRUE(document.redo());
+    EXPECT_EQ(document.state().ZUKarr.at(0, 42).Value->number, 100);
+    EXPECT_FALSE(FileExists(shell.run.Workspace + u"gfxboot.cfg"_s) || document.upgrade());
 }
 
 TEST_F(DocumentTest, TheHistoryIsBoundedInBytes)

@@ -31,6 +31,8 @@ void showFixedEntries(MainWindow& window);
 // Brings one part of a gfxboot that is being opened to the window.
 void showStep(MainWindow& window, OpenStep step);
 void showUpgradedEngine(MainWindow& window);
+// The gfxboot became one of another generation: every list and object anew.
+void showGeneration(MainWindow& window);
 // The five fixed tabs and the views of all tabs, as ParamLists has them now.
 void rebuildTabs(MainWindow& window);
 // Fills one of the fixed lists anew and shows it.

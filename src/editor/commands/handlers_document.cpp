@@ -122,6 +122,10 @@ void goTo(MainWindow& window, const StepPlace& place)
 
 void showChange(MainWindow& window, const DocumentChange& change)
 {
+    if (change.generation) {
+        showGeneration(window);
+        return;
+    }
     showParams(window, change.params);
     if (change.cfg && !change.live)
         showConfig(window);

@@ -78,6 +78,14 @@ void save(MainWindow& window)
         window.document().markSaved();
 }
 
+void upgrade(MainWindow& window)
+{
+    CommitValue(window);
+    closeValueEditor(window);
+    if (window.document().upgrade())
+        window.shell().WriteLog(QStringLiteral("         ==> Upgrade to @ZUK-MOSA@"));
+}
+
 void reOpen(MainWindow& window)
 {
     if (!mayReOpen(window.shell()))
@@ -121,6 +129,7 @@ void addFileCommands(MainWindow& window)
     commands.add("mnuFile_New", [&window] { makeNew(window); });
     commands.add("mnuFile_Save", [&window] { save(window); });
     commands.add("mnuFile_SaveAs", [&window] { saveAs(window); });
+    commands.add("mnuFile_Upgrade", [&window] { upgrade(window); });
     commands.add("mnuFile_ReOpen", [&window] { reOpen(window); });
     commands.addArray("mnuFile1", [&window](int index) { openLastUsed(window, index); });
     commands.add("mnuFile_Clear", [&window] { clearLastUsed(window); });

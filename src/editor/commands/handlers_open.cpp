@@ -162,6 +162,23 @@ void showUpgradedEngine(MainWindow& window)
     window.rightPanel().fillList(TabFonts);
 }
 
+void showGeneration(MainWindow& window)
+{
+    Workbench& bench = window.workbench();
+    Stage& stage = window.stageLink().stage();
+    stage.ShowMarker(-1, -1);
+    stage.SelectedPanel = -1;
+    stage.HideAllPanels();
+    for (const int tab : {TabGfxboot, TabConfig, TabBackgrounds})
+        *bench.params.list(tab) = filledList(window, tab);
+    fillFonts(window);
+    stage.adoptPanels();
+    BuildTabs(bench.shell, bench.params);
+    rebuildTabs(window);
+    loadLogos(window);
+    showAll(window);
+}
+
 void showStep(MainWindow& window, OpenStep step)
 {
     Workbench& bench = window.workbench();

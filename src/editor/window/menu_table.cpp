@@ -20,6 +20,7 @@ constexpr auto items = std::to_array<MenuItem>({
     {"mnuFile_Save", "mnuFile", u"Save", Command, Opened, true, "Ctrl+S"},
     {"mnuFile_SaveAs", "mnuFile", u"Save  gfxboot as ...", Command, Opened, false, "Ctrl+Shift+S"},
     {"mnuFile_Splash", "mnuFile", u"Save current background as splashimage", Command, Opened},
+    {"mnuFile_Upgrade", "mnuFile", u"Upgrade gfxboot to @ZUK-MOSA@", Command, OpenedOlder},
     {"mnuFile_LastUsed", "mnuFile", u"Last used", Menu, ByOthers, true},
     {"mnuFile1", "mnuFile_LastUsed", u"", Array},
     {"mnuFile_Clear", "mnuFile", u"Clear the list", Command, ByOthers},
@@ -165,6 +166,8 @@ bool holds(Enabled rule, const RunState& run, bool flashThere)
         return run.GfxOpened && run.gfxboot_var >= 2;
     case OpenedZuk:
         return run.GfxOpened && run.GfxHasZuk;
+    case OpenedOlder:
+        return run.GfxOpened && !run.GfxHasZuk;
     case FlashThere:
         return flashThere;
     case FlashChosen:

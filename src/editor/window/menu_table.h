@@ -16,6 +16,7 @@ enum class Enabled {
     OpenedCfg,   // ... that has gfxboot.cfg
     OpenedFonts, // ... of generation 2 or 3, whose font can be changed
     OpenedZuk,   // ... of generation 3
+    OpenedOlder, // ... of generation 1 or 2
     FlashThere,  // at least one removable drive is known
     FlashChosen, // a Current Flash is chosen
     ByOthers,    // a command sets it (the last used list, the menus of a drive, the BIOS files)

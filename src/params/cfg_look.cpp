@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "screen/cfg_look.h"
+#include "params/cfg_look.h"
 
 #include "base/text.h"
 
 #include <algorithm>
 #include <limits>
 #include <map>
+#include <optional>
 
 namespace fennel {
 
@@ -63,6 +64,11 @@ constexpr int lastKey = 8; // F2 to F8 may have a use
 
 using Section = std::map<QString, QString>;
 
+bool isHeading(QStringView line)
+{
+    return line.startsWith(u'[') && line.endsWith(u']');
+}
+
 std::map<QString, Section> sectionsOf(const QString& text)
 {
     std::map<QString, Section> sections;
@@ -70,7 +76,7 @@ std::map<QString, Section> sectionsOf(const QString& text)
     for (const QString& raw : text.split(u'\n')) {
         const QString line = raw.trimmed();
         const qsizetype equals = line.indexOf(u'=');
-        if (line.startsWith(u'[') && line.endsWith(u']'))
+        if (isHeading(line))
             name = line.mid(1, line.size() - 2);
         else if (!line.startsWith(u';') && !line.startsWith(u'#') && equals > 0)
             sections[name].try_emplace(line.left(equals).trimmed(), line.mid(equals + 1).trimmed());
@@ -144,6 +150,9 @@ CfgLook flatLook(const CfgLines& lines)
     look.title = values.colour(u"panel_title");
     look.options = values.active(u"boot_show") == 1;
     look.optionsText = values.colour(u"boot_text_normal");
+    look.windowBack = values.colour(u"infobox_bg");
+    look.windowText = values.colour(u"infobox_text_normal");
+    look.progress = values.colour(u"loading_color");
     if (values.shows(u"hide_help"))
         look.left.push_back({u"F1"_s, u"Help"_s, {}});
     if (values.shows(u"hide_lang"))
@@ -165,10 +174,12 @@ CfgLook sectionedLook(const QString& text)
     if (const QString name = values.text(u"background"_s); !name.isEmpty())
         look.background = name;
     look.menu = values.point(u"mainmenu.pos"_s, look.menu);
-    if (look.menu.x() == -1)
-        look.menu.setX(screen.x() / 2 - 150);
     look.entries = values.number(u"mainmenu.entries"_s, look.entries);
     look.barMinWidth = values.number(u"mainmenu.bar.minwidth"_s, look.barMinWidth);
+    look.barBeside = 46; // the sign of the timeout turns there
+    look.centred = look.menu.x() == -1;
+    if (look.centred)
+        look.menu.setX((screen.x() - look.barMinWidth) / 2);
     look.bar = values.colour(u"mainmenu.bar.color"_s, look.bar);
     look.barTransparency = values.number(u"mainmenu.bar.transparency"_s, look.barTransparency);
     look.normal = values.colour(u"mainmenu.normal.fg"_s, look.normal);
@@ -179,6 +190,9 @@ CfgLook sectionedLook(const QString& text)
     look.options = true;
     look.caret = values.point(u"bootopt.pos"_s, {263, 480}) + QPoint(10, -1);
     look.optionsText = values.colour(u"bootopt.text.fg"_s, look.optionsText);
+    look.windowBack = values.colour(u"window.bg"_s, look.windowBack);
+    look.windowText = values.colour(u"window.fg"_s, look.windowText);
+    look.progress = values.colour(u"progress.bar.color"_s, look.progress);
     look.optionsLabel = u"Boot Options"_s;
     look.left.push_back({u"F1"_s, u"Help"_s, {}});
     for (int i = 2; i <= lastKey; ++i) {
@@ -190,6 +204,15 @@ CfgLook sectionedLook(const QString& text)
         }
     }
     return look;
+}
+
+CfgLook cfgLook(const QString& text, const CfgLines& lines)
+{
+    for (const QStringView line : QStringView(text).tokenize(u'\n')) {
+        if (isHeading(line.trimmed()))
+            return sectionedLook(text);
+    }
+    return flatLook(lines);
 }
 
 } // namespace fennel

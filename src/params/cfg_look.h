@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: MIT
-// What gfxboot.cfg says of a boot screen, in its flat form and in that with sections.
+// What gfxboot.cfg says of a boot screen, in its flat form and in that with sections, which
+// Debian's engine reads.
 #pragma once
 
 #include "params/cfg_lines.h"
-#include "screen/boot_screen.h"
+
+#include <QColor>
+#include <QPoint>
+#include <QSize>
+
+#include <vector>
 
 namespace fennel {
 
@@ -20,8 +26,10 @@ struct CfgLook {
     int bits = 16;
     QString background = QStringLiteral("back.jpg");
     QPoint menu{253, 170};
+    bool centred = false; // the menu stays in the middle, however wide its bar becomes
     int entries = 8;
     int barMinWidth = 300;
+    int barBeside = 22; // the bar is at least so much wider than the widest entry
     int barTransparency = 70;
     QRgb bar = 0xffffffff;
     QRgb normal = 0xffffffff;
@@ -34,6 +42,9 @@ struct CfgLook {
     bool options = false;      // there is a line for boot options
     QPoint caret{273, 489};
     QRgb optionsText = 0xffffffff;
+    QRgb windowBack = 0xffd8deed; // of help and messages
+    QRgb windowText = 0xff000000;
+    QRgb progress = 0xff295202;
     QString optionsLabel; // left of the caret, and a line is below; empty: neither
 };
 
@@ -42,5 +53,7 @@ CfgLook flatLook(const CfgLines& lines);
 // The form with sections; `text` is the file. Of several values of a name the first one in the
 // order of `layout` counts, the section `base` last.
 CfgLook sectionedLook(const QString& text);
+// By the form that the text has.
+CfgLook cfgLook(const QString& text, const CfgLines& lines);
 
 } // namespace fennel
