@@ -36,7 +36,7 @@ QSize sizeOf(const QByteArray& picture)
     QBuffer buffer;
     buffer.setData(picture);
     buffer.open(QIODevice::ReadOnly);
-    return QImageReader(&buffer).size();
+    return QImageReader(&buffer, "jpeg").size(); // all that a boot screen shows
 }
 
 Failure failureOf(const KeptPrompts& prompts, const Result<void>& done)
@@ -97,7 +97,7 @@ Result<QByteArray> MemberMaking::memberFrom(const QString& path, const MessageFi
     const QString target = shell.run.WorkspaceRoot + u"~made.jpg"_s;
     if (const Result<void> kept = shell.files.write(source, *bytes); !kept)
         return kept.failure();
-    const Result<QSize> own = pictureSize(source);
+    const Result<QSize> own = pictureSize(shell, source);
     if (!own)
         return Failure{own.failure().kind, "this is no picture that can be taken"};
     const QByteArray model = modelOf(message, name);
