@@ -185,7 +185,7 @@ void checkEntriesFit(const CheckInput& input, Findings& found)
 void checkContrast(const CheckInput& input, Findings& found)
 {
     const QByteArray* bytes = input.find(namePart(input.run.BackFile));
-    const QImage background = bytes == nullptr ? QImage() : QImage::fromData(*bytes);
+    const QImage background = bytes == nullptr ? QImage() : QImage::fromData(*bytes, "jpeg");
     eachPlaced(input, [&](int row, const PanelRec& panel) {
         const bool worded = panel.TextParam > 0 && panel.BackParam > 0;
         if (!worded || contrast(panel.TextColor, groundOf(background, panel)) >= leastContrast)

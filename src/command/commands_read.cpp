@@ -44,7 +44,7 @@ QSize sizeOfPicture(const QByteArray& bytes)
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
-    return QImageReader(&buffer).size();
+    return QImageReader(&buffer, "jpeg").size(); // all that a boot screen shows
 }
 
 QString engineOf(CommandRun& run, const QByteArray& engine)

@@ -35,7 +35,7 @@ QSize sizeOf(const QByteArray& picture)
     QBuffer buffer;
     buffer.setData(picture);
     buffer.open(QIODevice::ReadOnly);
-    return QImageReader(&buffer).size();
+    return QImageReader(&buffer, "jpeg").size(); // all that a boot screen shows
 }
 
 Failure failureOf(const KeptPrompts& prompts, const Result<void>& done)

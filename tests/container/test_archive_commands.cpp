@@ -49,11 +49,12 @@ protected:
         return archive;
     }
     // Each tells the message, if one is given.
-    void extract(const QString& from, const QString& to, const QString& told = {})
+    void extract(const QString& from, const QString& to, const QString& told = {},
+                 Answer answer = Answer::Ok)
     {
         shell.prompts.expectOpen(from);
         shell.prompts.expectFolder(to);
-        expectTold(told);
+        expectTold(told, answer);
         mnuEdit_Extract(shell.shell);
     }
     void assemble(const QString& from, const QString& saveAs, const QString& told = {})
@@ -112,8 +113,11 @@ TEST_F(ArchiveCommands, NamesOfAnyCodePageComeApartAndTogether)
     EXPECT_TRUE(archived(archive).contains("#notes.txt"));
     EXPECT_EQ(contentsIn(archive).size(), 17);
     std::ofstream(onDisk(target, odd)) << "an old one";
-    extract(archive, target);
+    extract(archive, target, u"exist already"_s, Answer::No);
     std::string text;
+    std::getline(std::ifstream(onDisk(target, odd)), text);
+    EXPECT_EQ(text, "an old one");
+    extract(archive, target, u"exist already"_s, Answer::Yes);
     std::getline(std::ifstream(onDisk(target, odd)), text);
     EXPECT_EQ(text, "odd");
     EXPECT_EQ(bytesOf(target + u"/#.lst"_s), bytesOf(folder + u"/#.lst"_s));
@@ -122,12 +126,13 @@ TEST_F(ArchiveCommands, NamesOfAnyCodePageComeApartAndTogether)
 
 TEST_F(ArchiveCommands, AssembleMakesTheListOfPlainFilesOnly)
 {
-    put(u"a.txt"_s, "a");
+    for (const auto& name : {u"a.txt"_s, u"back_02.jpg"_s, u"init"_s, u"back.jpg"_s})
+        put(name, "x");
     put(u"#message"_s, "working file");
     put(u"#7zip.log"_s, "working file");
     QDir(folder).mkdir(u"sub"_s);
     assemble(folder, shell.path(u"saved"_s));
-    EXPECT_EQ(bytesOf(folder + u"/#.lst"_s), "a.txt\r\n");
+    EXPECT_EQ(bytesOf(folder + u"/#.lst"_s), "init\r\nback.jpg\r\nback_02.jpg\r\na.txt\r\n");
     EXPECT_TRUE(FileExists(shell.path(u"saved"_s)));
 }
 
@@ -200,7 +205,18 @@ TEST_F(GzipCommands, ExtractAsksBeforeItReplacesAndRefusesWhatIsNoGzip)
 
     put(u"no.gz"_s, "text");
     unpack(folder + u"/no.gz"_s, u"no.gz"_s);
-    EXPECT_EQ(namesIn(folder), (QStringList{u"a.txt"_s, u"a.txt.gz"_s, u"no.gz"_s}));
+    // A cut file leaves nothing, what stands behind the end is told, and so is an unusable name.
+    put(u"cut.gz"_s, bytesOf(file).chopped(5));
+    unpack(folder + u"/cut.gz"_s, u"already exists"_s, Answer::No);
+    ASSERT_TRUE(QFile::remove(folder + u"/a.txt"_s));
+    unpack(folder + u"/cut.gz"_s, u"damaged or cut short"_s);
+    put(u"tail.gz"_s, bytesOf(file) + bytesOf(file) + "tail");
+    unpack(folder + u"/tail.gz"_s, u"4 bytes behind the end"_s);
+    EXPECT_EQ(bytesOf(folder + u"/a.txt"_s), "newnew");
+    put(u"comma.gz"_s, bytesOf(file).replace("a.txt", "a,txt"));
+    unpack(folder + u"/comma.gz"_s, u"cannot be used"_s);
+    EXPECT_EQ(namesIn(folder), (QStringList{u"a.txt"_s, u"a.txt.gz"_s, u"comma"_s, u"comma.gz"_s,
+                                            u"cut.gz"_s, u"no.gz"_s, u"tail.gz"_s}));
 }
 
 } // namespace
