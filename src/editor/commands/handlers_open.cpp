@@ -9,6 +9,7 @@
 #include "editor/lists/right_panel.h"
 #include "editor/lists/tabs.h"
 #include "editor/stage/stage_link.h"
+#include "editor/stage/stage_surface.h"
 #include "editor/window/flash_link.h"
 #include "editor/window/main_window.h"
 #include "editor/window/menus.h"
@@ -87,6 +88,7 @@ void buildObjectTabs(MainWindow& window)
 
 void showAll(MainWindow& window)
 {
+    window.surface().gestures().forgetStatus();
     window.UpdateInterface();
     window.refreshThumbnails();
     window.ShowBackground();

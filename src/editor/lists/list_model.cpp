@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QFileInfo>
 #include <QFont>
+#include <QIcon>
 #include <QImageReader>
 #include <QTextDocument>
 
@@ -27,6 +28,14 @@ QString plainTip(const QString& text)
 {
     const QString tip = shortened(text);
     return Qt::mightBeRichText(tip) ? QStringLiteral("<qt>%1</qt>").arg(tip.toHtmlEscaped()) : tip;
+}
+
+// The same in a selected row, where a bare picture would be tinted by the selection.
+QIcon plainIcon(const QPixmap& picture)
+{
+    QIcon icon(picture);
+    icon.addPixmap(picture, QIcon::Selected);
+    return icon;
 }
 
 } // namespace
@@ -136,9 +145,9 @@ QVariant ListModel::decoration(const ListRow& row) const
     }
     if (!row.iconFile.isEmpty()) {
         const QPixmap image = picture(row.iconFile);
-        return image.isNull() ? QVariant() : QVariant(image);
+        return image.isNull() ? QVariant() : QVariant(plainIcon(image));
     }
-    return colour ? QVariant(swatch(*colour)) : QVariant();
+    return colour ? QVariant(plainIcon(swatch(*colour))) : QVariant();
 }
 
 QPixmap ListModel::swatch(QRgb colour) const

@@ -95,6 +95,7 @@ void MainWindow::UpdateToolbar()
 {
     m_toolbar->UpdateToolbar(m_workbench.shell.run, m_workbench.flags);
     m_toolbar->setDrives(m_menus->entries("mnuFlash_FlashArr"));
+    updateRowButtons(*this);
 }
 
 void MainWindow::UpdateInterface()
@@ -146,7 +147,6 @@ void MainWindow::changeEvent(QEvent* event)
         m_waiting->whenIdle([this] { Form_Activate(); });
 }
 
-void MainWindow::setControlsEnabled(bool enabled)
 // What is unsaved outlives the program, and a text in work is a part of it.
 void MainWindow::closeEvent(QCloseEvent* event)
 {
@@ -154,6 +154,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     QMainWindow::closeEvent(event);
 }
 
+void MainWindow::setControlsEnabled(bool enabled)
 {
     menuBar()->setEnabled(enabled);
     m_toolbar->setEnabled(enabled);
@@ -217,9 +218,9 @@ private:
 
 bool MainWindow::openGfxboot(const QString& path)
 {
-    Opening host(*this);
     if (!mayLeaveText(*this))
         return false;
+    Opening host(*this);
     return gfxboot_open(m_workbench.shell, path, host);
 }
 
