@@ -57,6 +57,25 @@ std::vector<std::uint8_t> levelsOf(const FT_Bitmap& bitmap)
     return pixels;
 }
 
+// Rows at the upper and lower edge whose ink is too faint for the first level.
+void dropEmptyRows(Glyph& glyph)
+{
+    const auto inked = [](std::uint8_t level) { return level > 0; };
+    const auto first = std::ranges::find_if(glyph.pixels, inked);
+    const auto last = std::find_if(glyph.pixels.rbegin(), glyph.pixels.rend(), inked);
+    const auto above = static_cast<int>(first - glyph.pixels.begin()) / glyph.width;
+    // Nothing is left of a glyph without ink.
+    const int below =
+        above == glyph.height ? 0 : static_cast<int>(last - glyph.pixels.rbegin()) / glyph.width;
+    const std::ptrdiff_t width = glyph.width;
+    glyph.pixels.erase(glyph.pixels.end() - below * width, glyph.pixels.end());
+    glyph.pixels.erase(glyph.pixels.begin(), glyph.pixels.begin() + above * width);
+    glyph.height -= above + below;
+    glyph.yOffset += below;
+    if (glyph.height == 0)
+        glyph.width = glyph.xOffset = glyph.yOffset = 0;
+}
+
 // Nothing for a character that cannot be loaded.
 std::optional<Glyph> glyphOf(FT_Face face, std::uint32_t code)
 {
@@ -80,6 +99,7 @@ std::optional<Glyph> glyphOf(FT_Face face, std::uint32_t code)
     // FreeType counts from the top edge, the font format from the lower one.
     glyph.yOffset = slot->bitmap_top - glyph.height;
     glyph.pixels = levelsOf(slot->bitmap);
+    dropEmptyRows(glyph);
     return glyph;
 }
 

@@ -32,9 +32,10 @@ constexpr std::array memberOrder{"init",        "16x16.fnt",    "ZUK0001.CFG",  
                                  "back.jpg",    "Logo_msk.jpg", "ZUK_Read.txt", "RLineDef.txt",
                                  "Logo_00.jpg", "glass_02.jpg", "ani_03.jpg",   "ani_03_msk.jpg"};
 
-constexpr const char* fontTag = "TAG@ZUK-MOSA@:>Created by the Fennel-GFX(GUI) using the MKBLFONT "
-                                "utility\tthis is the DEFAULT font|Tahoma\t|size\t14 px|space\t4 "
-                                "px|letter space\t0 px|line space\t0 px";
+constexpr const char* fontTag =
+    "TAG@ZUK-MOSA@:>Created by the Fennel-GFX(GUI) using the MKBLFONT "
+    "utility\tthis is the DEFAULT font|DejaVu Sans\t|size\t14 px|space\t4 "
+    "px|letter space\t0 px|line space\t0 px";
 
 // Zero bytes behind the two files that are upgraded from; readers of both pass over them.
 constexpr std::size_t enginePadding = 3;

@@ -116,6 +116,16 @@ QString selectedCharacters(const CharSelected& set)
     return text;
 }
 
+bool hasLatin(const CharSelected& set)
+{
+    for (char letter = 'A'; letter <= 'Z'; ++letter) {
+        const auto code = static_cast<std::size_t>(letter);
+        if (set[code] || set[code + ('a' - 'A')])
+            return true;
+    }
+    return false;
+}
+
 bool toggleCharacter(CharSelected& set, int code)
 {
     // The fixed characters are no choice of the user's.

@@ -30,6 +30,9 @@ QString FormatCharacterRanges(const CharSelected& set);
 // Every selected character but U+0000, a blank before each. Halves of surrogate pairs stand alone.
 QString selectedCharacters(const CharSelected& set);
 
+// A letter from A to Z, in either case, is selected.
+bool hasLatin(const CharSelected& set);
+
 // Inverts the flag of a code above lastFixedCharacter; others keep theirs. True if it changed.
 bool toggleCharacter(CharSelected& set, int code);
 

@@ -18,6 +18,12 @@ namespace {
 const QString editTitle = u"Font. Edit "_s;
 const QString fromWord = u"from "_s;
 
+// The name without the words that say bold and italic.
+QString plainName(const QString& name)
+{
+    return QString(name).remove(u" Bold"_s).remove(u" Italic"_s).remove(u" Обычный"_s);
+}
+
 int codeOf(int page, int cell)
 {
     return page * cellCount + cell;
@@ -57,11 +63,33 @@ std::vector<FontFile> fontFiles(const QString& fontList)
     return fonts;
 }
 
-int placeOfFont(const std::vector<FontFile>& fonts, const QString& fontStyleName)
+int placeOfFont(const std::vector<FontFile>& fonts, const QString& fontStyleName,
+                const QString& usual)
 {
-    const auto found = std::ranges::find(fonts, fontStyleName, &FontFile::name);
-    // A font that is not installed here shows the first of the list.
+    auto found = std::ranges::find(fonts, fontStyleName, &FontFile::name);
+    // A tag has bold and italic behind all other words.
+    const FontFile wanted{fontStyleName, {}};
+    if (found == fonts.end())
+        found = std::ranges::find_if(fonts, [&](const FontFile& font) {
+            return font.bold() == wanted.bold() && font.italic() == wanted.italic() &&
+                   plainName(font.name) == plainName(wanted.name);
+        });
+    if (found == fonts.end())
+        found = std::ranges::find(fonts, usual, &FontFile::name);
     return found == fonts.end() ? 0 : static_cast<int>(found - fonts.begin());
+}
+
+QString extraStyle(const FontFile& font, const QString& family)
+{
+    const QString plain = plainName(font.name);
+    const bool begins = !family.isEmpty() && plain.startsWith(family + u' ');
+    return begins ? plain.mid(family.size() + 1) : QString();
+}
+
+QString tagFamily(const FontFile& font, const QString& family)
+{
+    const bool whole = family.isEmpty() || !extraStyle(font, family).isEmpty();
+    return whole ? plainName(font.name) : family;
 }
 
 QString familyOfName(const QString& name, const QStringList& families)

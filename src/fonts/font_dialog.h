@@ -27,8 +27,16 @@ struct FontFile {
 // a ".ttf" in any case, every name once, in the order of the list.
 std::vector<FontFile> fontFiles(const QString& fontList);
 
-// The place of a font by its name, from 0; 0 also for an empty or unknown name.
-int placeOfFont(const std::vector<FontFile>& fonts, const QString& fontStyleName);
+// The place of a font by its name, from 0, the words " Bold" and " Italic" standing anywhere in it.
+// An unknown name gives that of `usual`, the sans of the system, or 0.
+int placeOfFont(const std::vector<FontFile>& fonts, const QString& fontStyleName,
+                const QString& usual = {});
+
+// What a font's tag calls it: the words bold and italic have places of their own there, all others
+// stay in the name, so that it leads back to the font. `family` is what the system calls it.
+QString tagFamily(const FontFile& font, const QString& family);
+// The words that the name has behind the family, bold and italic left out.
+QString extraStyle(const FontFile& font, const QString& family);
 
 // The family by which the system shows a font of that name: the name itself, or what is left when
 // " Bold", " Italic" and " Обычный" are taken away one after the other, the last of them that is

@@ -140,6 +140,7 @@ FontSample fontSample(const FontState& fonts, int row, const QStringList& famili
         sample.text += family.note + u'\n';
     // The stand-in is what is shown; the note above says so.
     sample.record.FontName = family.family;
+    sample.face = family;
     sample.text += u" This is an example of the font used."_s;
     return sample;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "fonts/fnt_codec.h"
+#include "fonts/font_substitution.h"
 #include "fonts/scan_fonts.h"
 
 #include <QImage>
@@ -51,6 +52,7 @@ QImage glyphPicture(const Glyph& glyph, const FntHeader& header, int zoom);
 struct FontSample {
     QString text;
     FontRecord record; // with the installed family that stands in
+    ShownFamily face;
 };
 
 // `row` counts from 1; a number that is no row shows record 0. `families`: those of the system. A

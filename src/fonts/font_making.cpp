@@ -19,12 +19,6 @@ namespace {
 
 const QString errorTitle = u"Font creating error"_s;
 
-// The points are rounded before they become pixels: 14.5 points make the pixels of 14.
-int pixelSize(double points, int logPixelsY)
-{
-    return roundToEven(roundToEven(points) * logPixelsY / pointsPerInch);
-}
-
 // A path goes whole: without its ending it could mean a neighbour.
 QString fontArgument(const QString& fileName)
 {
@@ -136,11 +130,17 @@ QString refusal(const Shell& shell, const FontState& fonts, const FontCommand& c
 
 } // namespace
 
+// The points are rounded before they become pixels: 14.5 points make the pixels of 14.
+int fontPixels(double points, int logPixelsY)
+{
+    return roundToEven(roundToEven(points) * logPixelsY / pointsPerInch);
+}
+
 int mostFontPoints(int logPixelsY)
 {
     // Half a pixel more is rounded away, by some sizes.
     int points = static_cast<int>((fntLargestSize + 0.5) * pointsPerInch / logPixelsY);
-    while (pixelSize(points, logPixelsY) > fntLargestSize)
+    while (fontPixels(points, logPixelsY) > fntLargestSize)
         --points;
     return points;
 }
@@ -163,6 +163,7 @@ FontDialogStart fontDialogStart(const FontState& fonts, int row, bool AddFontMod
     start.size = record.Size;
     start.wholeSize = roundToEven(record.Size);
     start.mostPoints = mostFontPoints(logPixelsY);
+    start.logPixelsY = logPixelsY;
     return start;
 }
 
@@ -173,7 +174,7 @@ QStringList fontMakerCommand(const Shell& shell, const CharSelected& set, const 
     return {shell.run.ToolMkFont,
             FormatCharacterRanges(set).replace(u' ', u'_'),
             fontArgument(choice.fileName),
-            QString::number(pixelSize(choice.size, logPixelsY)),
+            QString::number(fontPixels(choice.size, logPixelsY)),
             QString::number(choice.FontSpaceWidth),
             QString::number(choice.FontLineSpace),
             QString::number(choice.FontLetterSpace),

@@ -23,7 +23,11 @@ struct FontDialogStart {
     double size = 14;      // points
     int wholeSize = 14;    // for the control that counts in whole points
     int mostPoints = 191;  // the largest size that can be made; as given, at 96 dots per inch
+    int logPixelsY = 96;
 };
+
+// The size of the em square that a font of so many points is made in.
+int fontPixels(double points, int logPixelsY);
 
 // The largest whole size in points that makes at most fntLargestSize pixels.
 int mostFontPoints(int logPixelsY);

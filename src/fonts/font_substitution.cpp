@@ -59,14 +59,52 @@ QString installed(QStringView family, const QStringList& families)
     return found == families.end() ? QString() : *found;
 }
 
+// What faces are called beside bold and italic.
+bool isStyle(const QString& words)
+{
+    static const QStringList known = u"oblique|roman|thin|extralight|ultralight|light|semilight|"
+                                     "demilight|book|medium|demi|semi|extra|demibold|semibold|"
+                                     "extrabold|black|heavy|condensed|semicondensed|narrow|"
+                                     "extended|expanded"_s.split(u'|');
+    return std::ranges::all_of(words.toLower().split(u' ', Qt::SkipEmptyParts),
+                               [&](const QString& word) { return known.contains(word); });
+}
+
+// The longest installed family that begins the name, the rest being words of style.
+ShownFamily styledFamily(const QString& wanted, const QStringList& families)
+{
+    ShownFamily shown;
+    for (const QString& family : families) {
+        const QString rest = wanted.mid(family.size());
+        if (family.size() > shown.family.size() && rest.startsWith(u' ') &&
+            same(QStringView(wanted).left(family.size()), family) && isStyle(rest))
+            shown = {family, {}, rest.trimmed()};
+    }
+    return shown;
+}
+
 } // namespace
+
+void setFace(QFont& font, const ShownFamily& face, bool bold, bool italic)
+{
+    if (!face.family.isEmpty())
+        font.setFamily(face.family);
+    font.setBold(bold);
+    font.setItalic(italic);
+    // A name of a style goes over both, so it says all of them.
+    font.setStyleName(face.style.isEmpty() ? QString()
+                                           : (bold ? u"Bold "_s : QString()) + face.style +
+                                                 (italic ? u" Italic"_s : QString()));
+    if (face.style.contains(u"oblique", Qt::CaseInsensitive))
+        font.setStyle(QFont::StyleOblique);
+}
 
 ShownFamily shownFamily(const QString& wanted, const QStringList& families)
 {
     const QString own = installed(wanted, families);
     // No name asks for the system's font, which needs no note.
     if (wanted.isEmpty() || !own.isEmpty())
-        return {own, {}};
+        return {own, {}, {}};
     const auto row = std::ranges::find_if(
         standIns, [&](const StandIns& one) { return same(one.family, wanted); });
     const QStringList nearest =
@@ -74,10 +112,12 @@ ShownFamily shownFamily(const QString& wanted, const QStringList& families)
     for (const QString& family : nearest) {
         const QString shown = installed(family, families);
         if (!shown.isEmpty())
-            return {shown, wanted + u" is not installed; shown with "_s + shown + u'.'};
+            return {shown, wanted + u" is not installed; shown with "_s + shown + u'.', {}};
     }
+    if (ShownFamily styled = styledFamily(wanted, families); !styled.family.isEmpty())
+        return styled;
     // The name stays, so that the system's own substitution gets its chance.
-    return {wanted, wanted + u" is not installed; shown with the system's font."_s};
+    return {wanted, wanted + u" is not installed; shown with the system's font."_s, {}};
 }
 
 } // namespace fennel

@@ -59,6 +59,13 @@ bool isPlainFace(const FcPattern* pattern)
            (static_cast<unsigned>(index) >> 16) == 0;
 }
 
+InstalledFont fontOf(const FcPattern* pattern)
+{
+    return {englishText(pattern, FC_FAMILY, FC_FAMILYLANG),
+            englishText(pattern, FC_STYLE, FC_STYLELANG),
+            QFile::decodeName(rawText(pattern, FC_FILE, 0))};
+}
+
 } // namespace
 
 QString InstalledFont::fullName() const
@@ -79,11 +86,8 @@ std::vector<InstalledFont> installedFonts()
     const FontSet found(FcFontList(nullptr, wanted.get(), asked.get()));
     std::vector<InstalledFont> fonts;
     for (int i = 0; found && i < found->nfont; ++i) {
-        const FcPattern* pattern = found->fonts[i];
-        if (isPlainFace(pattern))
-            fonts.push_back({englishText(pattern, FC_FAMILY, FC_FAMILYLANG),
-                             englishText(pattern, FC_STYLE, FC_STYLELANG),
-                             QFile::decodeName(rawText(pattern, FC_FILE, 0))});
+        if (isPlainFace(found->fonts[i]))
+            fonts.push_back(fontOf(found->fonts[i]));
     }
     return fonts;
 }
@@ -116,10 +120,28 @@ QString installedFontList()
     return fontListText(installedFonts());
 }
 
+QString naturalSans()
+{
+    const Pattern wanted(FcPatternBuild(nullptr, FC_FAMILY, FcTypeString, "sans-serif",
+                                        FC_FONTFORMAT, FcTypeString, "TrueType", FC_OUTLINE,
+                                        FcTypeBool, FcTrue, nullptr));
+    FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern);
+    FcDefaultSubstitute(wanted.get());
+    FcResult result = FcResultNoMatch;
+    const Pattern found(FcFontMatch(nullptr, wanted.get(), &result));
+    return found ? fontOf(found.get()).fullName() : QString();
+}
+
 QString firstTrueTypeName(const QString& fontList)
 {
+    const QString sans = naturalSans();
+    if (!sans.isEmpty() && (u'\n' + fontList).contains(u'\n' + sans + typeMark))
+        return sans;
     QStringList lines = fontList.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     lines.sort();
+    // Faces for formulas have letters for every alphabet, and none to read.
+    std::ranges::stable_partition(
+        lines, [](const QString& line) { return !line.contains(QLatin1String("Math")); });
     for (const QString& line : std::as_const(lines)) {
         const qsizetype split = line.lastIndexOf(QLatin1Char('>'));
         const QString file = namePart(line.mid(split + 1));

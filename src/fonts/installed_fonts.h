@@ -29,8 +29,13 @@ QString fontListText(const std::vector<InstalledFont>& fonts);
 // fontListText() of installedFonts().
 QString installedFontList();
 
-// The name of the first line, in sorted order, whose file name holds ".TTF" in any case, up to
-// " (TrueType)". Empty if there is none.
+// The full name of what the system takes for sans-serif, of TrueType fonts; empty if there are
+// none.
+QString naturalSans();
+
+// naturalSans() if the list has it. Otherwise the name of the first line, in sorted order, whose
+// file name holds ".TTF" in any case, up to " (TrueType)", mathematical faces last. Empty if there
+// is none.
 QString firstTrueTypeName(const QString& fontList);
 
 // The name that a first run writes into the settings file: "Arial", "Tahoma" or "Arial Unicode MS",

@@ -161,10 +161,7 @@ int usableFont(const FontTable& fonts, qint64 wanted)
 QFont panelFont(const FontRecord& record, const StageScale& scale, const QStringList& families)
 {
     QFont font;
-    if (!record.FontName.isEmpty())
-        font.setFamily(shownFamily(record.FontName, families).family);
-    font.setBold(record.Bold);
-    font.setItalic(record.Italic);
+    setFace(font, shownFamily(record.FontName, families), record.Bold, record.Italic);
     const double points = std::clamp(record.Size * scale.factor(), smallestFont, largestFont);
     // Pixels, not points: the boot screen has 96 dots to the inch, whatever this screen has.
     font.setPixelSize(std::max(1, roundToEven(points * 96 / 72)));

@@ -30,11 +30,20 @@ bool replaceBack(const Shell& shell, PictureHost& host, FileSteps& steps, const 
     // Not before the size is known: a picture that cannot be read is told without waiting.
     const Waiting waiting(host);
     const QString backup = backupOf(shell.run.BackFile);
+    QString source = shortForm(file);
+    const bool ofBackup = source == shortForm(backup);
+    const QString aside = shell.run.WorkspaceRoot + u"~backup.jpg"_s;
+    // The chosen picture may be the backup, which this very command replaces.
+    if (ofBackup && !shell.told(shell.files.copy(source, aside)))
+        return false;
     // The new file is made from the backup if the background is put onto itself.
-    const QString source = shortForm(file) == shortForm(target) ? backup : shortForm(file);
+    source = ofBackup ? aside : source == shortForm(target) ? backup : source;
     // The backup first: it may be the very source of the new picture.
-    return shell.told(steps.copy(target, backup)) &&
-           importPicture(shell, steps, source, *size, target);
+    const bool done = shell.told(steps.copy(target, backup)) &&
+                      importPicture(shell, steps, source, *size, target);
+    if (ofBackup)
+        (void)shell.files.remove(aside);
+    return done;
 }
 
 void showImported(PictureHost& host, bool refresh)

@@ -51,7 +51,7 @@ TEST(TemplateMessage, TheFontEndsWithItsTagAndHoldsNoOther)
     const QByteArray font = templateParts().members[u"16x16.fnt"_s];
     const QByteArray tag =
         "TAG@ZUK-MOSA@:>Created by the Fennel-GFX(GUI) using the MKBLFONT utility"
-        "\tthis is the DEFAULT font|Tahoma\t|size\t14 px|space\t4 px"
+        "\tthis is the DEFAULT font|DejaVu Sans\t|size\t14 px|space\t4 px"
         "|letter space\t0 px|line space\t0 px";
     EXPECT_EQ(font.left(8).toHex(), "068e82d2af000000") << "175 characters";
     EXPECT_EQ(font.mid(11, 2).toHex(), "2000") << "the first is the blank";

@@ -49,20 +49,26 @@ TEST(Generation2, KeepsTheThemesOfOthersAsTheyAre)
         const QString path = story.shell.path(u"message"_s);
         ASSERT_TRUE(story.shell.files.copy(
             u"/etc/bootsplash/themes/%1/bootloader/message"_s.arg(QLatin1String(theme)), path));
-        const auto saved = [&] {
-            story.choose("mnuFile_Save");
-            return membersOf(path)[u"gfxboot.cfg"_s];
-        };
         story.open(path);
-        const QByteArray before = membersOf(path)[u"gfxboot.cfg"_s];
-        ASSERT_TRUE(before.contains("\npenguin=-1\n")) << theme;
-        EXPECT_EQ(saved(), before) << theme;
+        const QByteArrayList before = membersOf(path)[u"gfxboot.cfg"_s].split('\n');
+        // The lines that differ after a save.
+        const auto differing = [&] {
+            story.choose("mnuFile_Save");
+            const QByteArrayList after = membersOf(path)[u"gfxboot.cfg"_s].split('\n');
+            QByteArrayList lines;
+            for (qsizetype i = 0; i < std::max(before.size(), after.size()); ++i) {
+                if (before.value(i) != after.value(i))
+                    lines.append(after.value(i));
+            }
+            return lines.join('|').toStdString();
+        };
+        ASSERT_GT(before.size(), 200) << theme;
+        EXPECT_EQ(differing(), "") << theme;
         story.goToTab(u"Config"_s);
         story.type(u"penguin"_s, u"50"_s);
         story.user().expectChoice(u"theme="_s, u"Keep them as they are"_s);
-        const QByteArray edited = QByteArray(before).replace("\npenguin=-1\n", "\npenguin=50\n");
         for (int save = 0; save < 10; ++save)
-            EXPECT_EQ(saved(), edited) << theme;
+            EXPECT_EQ(differing(), "penguin=50") << theme;
     }
 }
 

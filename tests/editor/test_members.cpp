@@ -116,11 +116,17 @@ TEST_F(Members, ATextIsEditedOverTheStageAndSaved)
     shell.prompts.expectMessage(u"not saved"_s, Answer::No);
     Q_EMIT window.rightPanel().rowActivated(tab, 1);
     shell.prompts.expectOpen(shell.file(u"none"_s, "no message"));
+    shell.prompts.expectMessage(u"not saved"_s, Answer::Yes);
     shell.prompts.expectMessage(u"ERROR. File back.jpg not found!"_s);
     runCommand("mnuFile_Open");
     EXPECT_TRUE(editor.textEditMode() && editor.text() == typed);
     find<QPushButton>(u"ComFr6ForTXT(2)"_s).click(); // reload
     EXPECT_EQ(editor.text(), u"first\nsecond"_s);
+    // A save takes it along and leaves it open.
+    QTest::keyClicks(&editor.box(), u"the "_s);
+    EXPECT_TRUE(textModified(window) && window.isWindowModified() && commitText(window));
+    EXPECT_EQ(bytesOf(member(u"ZUK_Read.txt"_s)), "the first\r\nsecond");
+    EXPECT_TRUE(editor.isVisible() && !textModified(window));
     find<QPushButton>(u"ComFr6ForTXT(0)"_s).click();
     EXPECT_FALSE(editor.isVisible());
 }

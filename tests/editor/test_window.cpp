@@ -261,7 +261,8 @@ TEST(Window, AnEditOfGfxbootCfgLeavesADraggedMenuAndMovesTheMarker)
 {
     Story w;
     RawCpio archive = smallMessage(400, 300);
-    archive.add({.name = "gfxboot.cfg", .data = "menu_start_y=100\r\nwelcome=1"});
+    archive.add(
+        {.name = "gfxboot.cfg", .data = "menu_start_y=100\r\nwelcome=1\r\nmenu_bar_min_width=50"});
     w.open(w.shell.file(u"custom"_s, QByteArray::fromStdString(archive.close())));
     w.goToTab(u"Config"_s);
     const Stage& stage = w.window.stageLink().stage();

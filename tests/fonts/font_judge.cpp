@@ -103,6 +103,16 @@ std::map<std::uint32_t, Glyph> freeTypeGlyphs(const QString& path, int size,
                 glyph.pixels.push_back(
                     static_cast<std::uint8_t>(bitmap.buffer[y * bitmap.pitch + x] * 14 / 256));
         }
+        // Rows without ink are not stored.
+        const auto empty = [&glyph](auto row) {
+            return std::all_of(row, row + glyph.width, [](auto level) { return level == 0; });
+        };
+        for (; glyph.height > 0 && empty(glyph.pixels.begin()); --glyph.height)
+            glyph.pixels.erase(glyph.pixels.begin(), glyph.pixels.begin() + glyph.width);
+        for (; glyph.height > 0 && empty(glyph.pixels.end() - glyph.width); --glyph.height) {
+            glyph.pixels.erase(glyph.pixels.end() - glyph.width, glyph.pixels.end());
+            ++glyph.yOffset;
+        }
         glyphs[code] = glyph;
     }
     FT_Done_FreeType(library);

@@ -108,7 +108,17 @@ TEST(FontDialog, ListsTrueTypeFilesOnceWithTheirStyle)
     EXPECT_TRUE(fonts[2].italic());
     EXPECT_EQ(placeOfFont(fonts, u"Arial Bold"_s), 1);
     EXPECT_EQ(placeOfFont(fonts, u"Tahoma"_s), 0);
+    EXPECT_EQ(placeOfFont(fonts, u"Tahoma"_s, u"Arial Bold"_s), 1);
     EXPECT_EQ(placeOfFont({}, QString()), 0);
+    // What a tag says of a face leads back to it.
+    const auto styled = fontFiles(u"D Sans (TrueType)>a.ttf\nD Sans Bold Oblique (TrueType)>b.ttf\n"
+                                  "D Sans ExtraLight (TrueType)>c.ttf\n"_s);
+    for (int place = 0; place < 3; ++place) {
+        const FontFile& font = styled[static_cast<std::size_t>(place)];
+        const QString style = font.bold() ? u" Bold"_s : QString();
+        EXPECT_EQ(placeOfFont(styled, tagFamily(font, u"D Sans"_s) + style), place);
+    }
+    EXPECT_EQ(tagFamily(styled[1], u"D Sans"_s), u"D Sans Oblique"_s);
 }
 
 TEST(FontSubstitution, ShowsTheNearestInstalledFamilyAndSaysSo)
@@ -127,4 +137,6 @@ TEST(FontSubstitution, ShowsTheNearestInstalledFamilyAndSaysSo)
     EXPECT_FALSE(shownFamily(u"Nobody's"_s, debian).note.isEmpty());
     EXPECT_EQ(shownFamily(u"DejaVu Sans"_s, debian).note, QString());
     EXPECT_EQ(shownFamily({}, debian).note, QString());
+    const ShownFamily light = shownFamily(u"dejavu sans ExtraLight"_s, debian);
+    EXPECT_EQ(light.family + u'|' + light.style + light.note, u"DejaVu Sans|ExtraLight"_s);
 }

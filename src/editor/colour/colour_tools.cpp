@@ -68,6 +68,8 @@ ColourTools::ColourTools(QWidget* parent)
     column->setSpacing(margin);
     column->addLayout(top);
     column->addLayout(bottom, 1);
+    layOut(true);
+    m_least = minimumSizeHint();
     layOut(false);
     showNothing();
 }

@@ -43,6 +43,9 @@ public:
     [[nodiscard]] QLineEdit& box(int part) { return *m_boxes[static_cast<std::size_t>(part)]; }
     [[nodiscard]] QSlider& transparency() { return *m_transparency; } // Transparency
 
+    // In less room the controls would lie over each other.
+    [[nodiscard]] QSize leastSize() const { return m_least; }
+
 Q_SIGNALS:
     // A slider was moved by the user; the value is the one of all three, or the new transparency.
     void fillChanged(QRgb colour);
@@ -70,7 +73,8 @@ private:
     QGridLayout* m_parts;
     int m_journey = 0;
     bool m_silent = false; // the sliders are being set by showValues
-    bool m_low = false;    // the frame is too low for boxes under the sliders
+    QSize m_least;
+    bool m_low = false; // the frame is too low for boxes under the sliders
 };
 
 } // namespace fennel

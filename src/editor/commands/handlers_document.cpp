@@ -48,6 +48,7 @@ void showConfig(MainWindow& window)
     refillList(window, TabConfig);
     // The file has another length.
     refillList(window, TabGfxboot);
+    showCfgStatus(window);
 }
 
 void showObjects(MainWindow& window, const std::set<int>& objects)
@@ -137,6 +138,7 @@ void showChange(MainWindow& window, const DocumentChange& change)
         if (change.cfg)
             window.stageLink().stage().RefreshPanels();
         showObjects(window, change.objects);
+        window.surface().gestures().refreshStatus(change.objects);
         window.stageLink().showColourControls(window.stageLink().stage().ColourPanel);
     }
     if (undone && !change.members.empty())

@@ -8,6 +8,7 @@
 #include "editor/lists/right_panel.h"
 #include "editor/lists/tabs.h"
 #include "editor/stage/stage_link.h"
+#include "editor/stage/stage_surface.h"
 #include "editor/window/flash_link.h"
 #include "editor/window/main_window.h"
 #include "editor/window/menus.h"
@@ -45,6 +46,7 @@ void fillFonts(MainWindow& window)
 
 void showAll(MainWindow& window)
 {
+    window.surface().gestures().forgetStatus();
     window.UpdateInterface();
     window.refreshThumbnails();
     window.ShowBackground();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/fonts/char_grid.h"
 
+#include "base/text.h"
 #include "fonts/font_dialog.h"
 
 #include <QApplication>
@@ -63,6 +64,35 @@ CharSelected charactersOf(const QRawFont& face)
             there[static_cast<std::size_t>(page) * cellCount + cell] = glyphs[cell] != 0;
     }
     return there;
+}
+
+CharSelected charactersBeyond(const QRawFont& face, const CharSelected& set, int letterSpace)
+{
+    constexpr int longestAdvance = 127;
+    constexpr int longestSide = 255;
+    QString text;
+    for (std::size_t code = 0; code < set.size(); ++code) {
+        if (set[code])
+            text += QChar(static_cast<char16_t>(code));
+    }
+    int count = static_cast<int>(text.size());
+    std::vector<quint32> glyphs(set.count());
+    std::vector<QPointF> advances(set.count());
+    CharSelected beyond;
+    // All at once: one by one they take seconds.
+    if (count == 0 || !face.glyphIndexesForChars(text.constData(), count, glyphs.data(), &count) ||
+        !face.advancesForGlyphIndexes(glyphs.data(), advances.data(), count))
+        return beyond;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
+        const int width = roundToEven(advances[i].x()) + letterSpace;
+        // Short letters have short bitmaps, unless all are large.
+        const bool near = width > longestAdvance / 2 || face.pixelSize() > longestAdvance;
+        const QRectF box = near ? face.boundingRect(glyphs[i]) : QRectF();
+        beyond[text[static_cast<qsizetype>(i)].unicode()] =
+            std::abs(width) > longestAdvance || std::max(box.width(), box.height()) > longestSide ||
+            std::max(std::abs(box.left()), std::abs(box.bottom())) > longestAdvance;
+    }
+    return beyond;
 }
 
 CharGrid::CharGrid(const CharSelected& set, QWidget* parent) : QWidget(parent), m_set(set)
@@ -186,6 +216,7 @@ void CharGrid::mousePressEvent(QMouseEvent* event)
     if (cell < 0)
         return;
     m_last = m_mark = cell;
+    m_from = event->position().toPoint();
     Q_EMIT cellPressed(codeOf(cell));
     // The fixed characters never change; a drag that starts on one paints nothing.
     m_painting = false;
@@ -202,13 +233,31 @@ void CharGrid::mouseMoveEvent(QMouseEvent* event)
         m_pressedAt && !m_painting &&
         (event->pos() - *m_pressedAt).manhattanLength() >= QApplication::startDragDistance();
     m_painting = m_painting || starts;
-    const int cell = cellAt(event->position().toPoint());
+    const QPoint to = event->position().toPoint();
+    if ((event->buttons() & Qt::LeftButton) && m_painting)
+        paintBetween(starts ? *m_pressedAt : m_from, to);
+    m_from = to;
+    const int cell = cellAt(to);
     // Once for each cell, however slowly the mouse moves over it.
     if (cell < 0 || (cell == m_last && !starts))
         return;
     m_last = cell;
     Q_EMIT cellEntered(codeOf(cell));
-    if ((event->buttons() & Qt::LeftButton) && m_painting && chosen(cell) != m_paintTo) {
+}
+
+// A fast mouse tells of few of the places that it passes.
+void CharGrid::paintBetween(QPoint from, QPoint to)
+{
+    const QPoint way = to - from;
+    const int steps = std::max({1, std::abs(way.x()), std::abs(way.y())});
+    int last = -1;
+    for (int step = 0; step <= steps; ++step) {
+        const int cell = cellAt(from + way * step / steps);
+        if (cell < 0 || cell == last)
+            continue;
+        last = cell;
+        if (chosen(cell) == m_paintTo)
+            continue;
         Q_EMIT cellPressed(codeOf(cell));
         update();
     }

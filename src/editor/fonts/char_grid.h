@@ -51,6 +51,7 @@ private:
     void findGlyphs();
     void paintCells(QPainter& painter, const QRect& part) const;
     void paintGlyphs(QPainter& painter, bool ofChosen) const;
+    void paintBetween(QPoint from, QPoint to);
     void moveMark(int cell);
 
     static constexpr int cellCountOfPage = 256;
@@ -59,6 +60,7 @@ private:
     int m_mark = 0;                    // the cell that keys work on
     int m_last = -1;                   // that the mouse or the mark came to, -1 none yet
     std::optional<QPoint> m_pressedAt; // the start of what may become a drag
+    QPoint m_from;                     // of the mouse's last move
     bool m_painting = false;           // a drag takes further cells along
     bool m_paintTo = false;
     int m_turned = 0; // by the wheel, in eighths of a degree, less than a step
@@ -69,5 +71,8 @@ private:
 
 // Which of the 65,536 characters the font has.
 CharSelected charactersOf(const QRawFont& face);
+// Those of the set that a font file cannot hold in the size of the face, as their bitmaps or their
+// advances with `letterSpace` are too long.
+CharSelected charactersBeyond(const QRawFont& face, const CharSelected& set, int letterSpace);
 
 } // namespace fennel

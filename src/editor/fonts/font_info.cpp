@@ -49,10 +49,7 @@ FontInfo::FontInfo(QWidget* parent)
 void FontInfo::showSample(const FontSample& sample)
 {
     QFont font = m_example->font();
-    if (!sample.record.FontName.isEmpty())
-        font.setFamily(sample.record.FontName);
-    font.setBold(sample.record.Bold);
-    font.setItalic(sample.record.Italic);
+    setFace(font, sample.face, sample.record.Bold, sample.record.Italic);
     const double points = std::clamp(sample.record.Size, 1.0, largestSize);
     font.setPixelSize(facePixels(points));
     m_example->setFont(font);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/fonts/font_window.h"
 
+#include "fonts/font_substitution.h"
+
 #include <QAbstractItemView>
 #include <QFontDatabase>
 #include <QHBoxLayout>
@@ -29,18 +31,13 @@ QString pathOf(const std::vector<InstalledFont>& fonts, const FontFile& font)
     return {};
 }
 
-// The name without the words that say bold and italic.
-QString plainName(const FontFile& font)
-{
-    return QString(font.name).remove(u" Bold"_s).remove(u" Italic"_s).remove(u" Обычный"_s);
-}
-
 } // namespace
 
 FontWindow::FontWindow(const Shell& shell, const FontDialogStart& start, CharSelected& set,
                        const QString& defaultFontName, QWidget* parent)
     : QDialog(parent), m_shell(shell), m_set(set), m_defaultFontName(defaultFontName),
-      m_installed(installedFonts()), m_fonts(fontFiles(fontListText(m_installed))),
+      m_logPixelsY(start.logPixelsY), m_installed(installedFonts()),
+      m_fonts(fontFiles(fontListText(m_installed))),
       m_views(new FontViews(start.title, shell.run.PreviewScale, set, this)),
       m_page(new CharPage(set, this))
 {
@@ -55,7 +52,7 @@ FontWindow::FontWindow(const Shell& shell, const FontDialogStart& start, CharSel
     column->addLayout(makeSpacings());
     column->addWidget(m_page);
     addScrolling(*tall);
-    m_list->setCurrentIndex(placeOfFont(m_fonts, start.FontStyleName));
+    m_list->setCurrentIndex(placeOfFont(m_fonts, start.FontStyleName, naturalSans()));
     connectParts();
     chooseFont(m_list->currentIndex());
     m_size->setValue(start.wholeSize);
@@ -109,7 +106,7 @@ QGroupBox* FontWindow::makeFontFrame(int mostPoints)
     m_list->view()->setMinimumWidth(m_list->view()->sizeHintForColumn(0) + scrollBarRoom);
     m_bold = addIndicator(u"CheckBold"_s, u"Bold"_s);
     m_italic = addIndicator(u"CheckItalic"_s, u"Italic"_s);
-    m_size = new NumberSpin(u"UpDown1"_s, u"Text2"_s, NumberRange{1, double(mostPoints), 1}, frame);
+    m_size = new NumberSpin(u"UpDown1"_s, u"Text2"_s, NumberRange{1, double(mostPoints), 0}, frame);
     auto* sizeLabel = new QLabel(u"Win Font Size"_s, frame);
     sizeLabel->setBuddy(m_size);
     m_note = new QLabel(frame);
@@ -182,6 +179,8 @@ void FontWindow::connectParts()
 {
     connect(m_list, &QComboBox::currentIndexChanged, this, &FontWindow::chooseFont);
     connect(m_size, &QDoubleSpinBox::valueChanged, m_views, &FontViews::setSize);
+    connect(m_size, &QDoubleSpinBox::valueChanged, this, &FontWindow::showSet);
+    connect(m_letter->number(), &QDoubleSpinBox::valueChanged, this, &FontWindow::showSet);
     connect(m_views, &FontViews::loadFromMember, this, &FontWindow::loadFromMember);
     connect(m_views, &FontViews::loadDefault, this,
             [this] { setRanges(ParseCharacterRanges(rangesOfDefault(m_defaultFontName))); });
@@ -227,9 +226,8 @@ void FontWindow::chooseFont(int place)
 
 void FontWindow::loadFace(const FontFile& font)
 {
-    QFont shown = m_family.isEmpty() ? QFont() : QFont(m_family);
-    shown.setBold(font.bold());
-    shown.setItalic(font.italic());
+    QFont shown;
+    setFace(shown, {m_family, {}, extraStyle(font, m_family)}, font.bold(), font.italic());
     m_views->setFace(shown);
     shown.setPixelSize(cellPixels);
     // The file itself, if it is found: a family may have other files of the same name.
@@ -238,6 +236,7 @@ void FontWindow::loadFace(const FontFile& font)
     if (path.isEmpty() || !face.isValid())
         face = QRawFont::fromFont(shown);
     m_there = charactersOf(face);
+    m_face = face;
     m_page->setFace(face, shown, m_there);
 }
 
@@ -287,7 +286,21 @@ void FontWindow::showSet()
     QString text = tr("%1 characters selected").arg(all);
     if (missing > 0)
         text += tr(", %1 of them not in this font: they are left out").arg(missing);
+    wanted &= m_there;
+    const auto wide = static_cast<int>(m_face.isValid() ? tooWide(wanted).count() : 0);
+    if (wide > 0)
+        text += tr(", %1 too wide for a font file at this size: they are left out").arg(wide);
+    if (all > 0 && !hasLatin(wanted))
+        text += tr(". There are no Latin letters");
     m_count->setText(text);
+}
+
+// In the size that the font is made in. The tool rounds to whole pixels a little differently.
+CharSelected FontWindow::tooWide(const CharSelected& wanted) const
+{
+    QRawFont face = m_face;
+    face.setPixelSize(fontPixels(m_size->value(), m_logPixelsY));
+    return charactersBeyond(face, wanted, m_letter->value());
 }
 
 void FontWindow::apply()
@@ -301,7 +314,7 @@ FontChoice FontWindow::choice() const
     FontChoice choice;
     if (const int place = m_list->currentIndex(); place >= 0) {
         const FontFile& font = m_fonts[static_cast<std::size_t>(place)];
-        choice.family = m_family.isEmpty() ? plainName(font) : m_family;
+        choice.family = tagFamily(font, m_family);
         choice.bold = font.bold();
         choice.italic = font.italic();
         const QString path = pathOf(m_installed, font);

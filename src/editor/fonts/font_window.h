@@ -45,14 +45,17 @@ private:
     void loadFromMember(const QString& member);
     void press(int code);
     void showSet();
+    [[nodiscard]] CharSelected tooWide(const CharSelected& wanted) const;
     void apply();
 
     const Shell& m_shell;
     CharSelected& m_set;
     const QString m_defaultFontName;
+    const int m_logPixelsY;
     const std::vector<InstalledFont> m_installed;
     const std::vector<FontFile> m_fonts;
     CharSelected m_there; // characters of the chosen font
+    QRawFont m_face;      // its file
     QString m_family;     // that shows the font; empty: the system has none
 
     FontViews* m_views;     // Frame6

@@ -30,6 +30,7 @@ public:
     // Pixels of the boot screen, -127 to 127; others count as the nearest of these.
     void setValue(int value);
     [[nodiscard]] qint16 value() const;
+    [[nodiscard]] const NumberSpin* number() const { return m_number; }
 
 private:
     void addWord(const Word& word);

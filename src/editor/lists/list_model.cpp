@@ -8,6 +8,7 @@
 #include <QDateTime>
 #include <QFileInfo>
 #include <QFont>
+#include <QIcon>
 
 namespace fennel {
 
@@ -19,6 +20,14 @@ constexpr qsizetype longestShown = 500;
 QString shortened(const QString& text)
 {
     return text.size() > longestShown ? text.left(longestShown) + QChar(u'…') : text;
+}
+
+// The same in a selected row, where a bare picture would be tinted by the selection.
+QIcon plainIcon(const QPixmap& picture)
+{
+    QIcon icon(picture);
+    icon.addPixmap(picture, QIcon::Selected);
+    return icon;
 }
 
 } // namespace
@@ -129,9 +138,9 @@ QVariant ListModel::decoration(const ListRow& row) const
     }
     if (!row.iconFile.isEmpty()) {
         const QPixmap image = picture(row.iconFile);
-        return image.isNull() ? QVariant() : QVariant(image);
+        return image.isNull() ? QVariant() : QVariant(plainIcon(image));
     }
-    return colour ? QVariant(swatch(*colour)) : QVariant();
+    return colour ? QVariant(plainIcon(swatch(*colour))) : QVariant();
 }
 
 QPixmap ListModel::swatch(QRgb colour) const

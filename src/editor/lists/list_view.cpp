@@ -102,6 +102,25 @@ void ListView::setRows(const ListRows* rows)
 void ListView::refresh()
 {
     m_model.refresh();
+    if (current() != m_report)
+        return;
+    m_model.setMeasuring(true);
+    // Not to what fits, as the user may have pulled a column narrower.
+    for (int column = 0; column + 1 < static_cast<int>(m_fitted.size()); ++column) {
+        const int width = contentWidth(column);
+        int& fitted = m_fitted[static_cast<std::size_t>(column)];
+        if (width <= fitted)
+            continue;
+        fitted = width;
+        m_report->setColumnWidth(
+            column, std::max(m_report->columnWidth(column), std::min(width, widestColumn)));
+    }
+    m_model.setMeasuring(false);
+}
+
+int ListView::contentWidth(int column) const
+{
+    return static_cast<const QAbstractItemView*>(m_report)->sizeHintForColumn(column);
 }
 
 void ListView::select(int row)
@@ -129,8 +148,10 @@ void ListView::fitWithin(int widest)
     if (current() != m_report)
         return;
     m_model.setMeasuring(true);
+    m_fitted.clear();
     for (int column = 0; column < m_model.columnCount(); ++column) {
         m_report->resizeColumnToContents(column);
+        m_fitted.push_back(contentWidth(column));
         const bool last = column + 1 == m_model.columnCount();
         if (!last && m_report->columnWidth(column) > widest)
             m_report->setColumnWidth(column, widest);

@@ -9,6 +9,8 @@
 #include <QStackedWidget>
 #include <QTreeView>
 
+#include <vector>
+
 namespace fennel {
 
 class ListView : public QStackedWidget {
@@ -19,7 +21,7 @@ public:
 
     // Shows the rows from scratch and selects rows.selected. Null empties the list.
     void setRows(const ListRows* rows);
-    // Cells changed, rows did not.
+    // Cells changed, rows did not. A column grows for a cell that became wider than all before.
     void refresh();
     // Rows are counted from 1; 0 selects none. Scrolls the row into view without rowSelected().
     void select(int row);
@@ -51,10 +53,12 @@ private:
     [[nodiscard]] QAbstractItemView* current() const;
     // Each column but the last gets at most so many logical pixels.
     void fitWithin(int widest);
+    [[nodiscard]] int contentWidth(int column) const;
 
     ListModel m_model;
     QTreeView* m_report;
     QListView* m_icons;
+    std::vector<int> m_fitted; // content of each column when it was fitted last
     bool m_silent = false;
     bool m_rightButton = false;
     bool m_moved = false; // select() answered the latest rowSelected()

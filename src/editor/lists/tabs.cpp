@@ -113,11 +113,13 @@ RowButtons buttonsOfRow(const RunState& run, const ParamLists& lists, int tab, i
     RowButtons buttons;
     buttons.toolbar12 = fontSelected(run, lists);
     const QString member = memberOfRow(lists, tab, row);
+    // Generation 2 has one font, which can be changed.
+    buttons.Font_change =
+        !member.isEmpty() && (run.GfxHasZuk || (run.gfxboot_var == 2 && tab == TabFonts));
     // Older generations have members too, but none that could be added or deleted here.
     if (!run.GfxHasZuk || member.isEmpty())
         return buttons;
-    buttons.UpDown3 = buttons.ComADD = buttons.ComDEL = true;
-    buttons.ComEdit = buttons.Font_change = true;
+    buttons.UpDown3 = buttons.ComADD = buttons.ComDEL = buttons.ComEdit = true;
     buttons.toolbar13 = member.contains(QLatin1String(".txt"));
     buttons.toolbar14 = member.contains(QLatin1String(".jpg"));
     return buttons;

@@ -126,7 +126,11 @@ void StageSurface::paintEvent(QPaintEvent* event)
 
 StageMouse StageSurface::mouse(const QMouseEvent& event) const
 {
-    return {toPicture(event.scenePosition()), event.button(), event.buttons(), event.modifiers()};
+    // Events that no window system made know their place in this widget only.
+    const QPointF place = event.position() + mapTo(window(), QPoint());
+    const bool exact = (event.scenePosition() - place).manhattanLength() < 2;
+    return {toPicture(exact ? event.scenePosition() : place), event.button(), event.buttons(),
+            event.modifiers()};
 }
 
 void StageSurface::mousePressEvent(QMouseEvent* event)

@@ -43,13 +43,16 @@ int initialRightPanelWidth(int desktopWidth)
 LayoutResult layoutWindow(const LayoutInput& in)
 {
     LayoutResult out{};
+    out.leastRightPanel = in.leastRightPanel;
+    out.leastBottomPanel = in.leastBottomPanel;
     out.largestRightPanel =
-        largestPanel(in.available.width() - gutterWidth, in.picture.width(), minRightPanelWidth);
+        largestPanel(in.available.width() - gutterWidth, in.picture.width(), in.leastRightPanel);
     out.largestBottomPanel = largestPanel(in.available.height() - splitterWidth,
-                                          in.picture.height(), minBottomPanelHeight);
+                                          in.picture.height(), in.leastBottomPanel);
     // The wish is cut, so that the picture keeps its share of the desktop.
-    out.RightPanelWidth = std::min(in.RightPanelWidth, out.largestRightPanel);
-    out.BottomPanelHeight = std::min(in.BottomPanelHeight, out.largestBottomPanel);
+    out.RightPanelWidth = std::clamp(in.RightPanelWidth, in.leastRightPanel, out.largestRightPanel);
+    out.BottomPanelHeight =
+        std::clamp(in.BottomPanelHeight, in.leastBottomPanel, out.largestBottomPanel);
     const int bottom = in.bottomVisible ? out.BottomPanelHeight : 0;
     const int right = in.rightVisible ? out.RightPanelWidth : 0;
     const QSize room(in.available.width() - right - gutterWidth,

@@ -23,6 +23,8 @@ struct LayoutInput {
     int RightPanelWidth = 200;
     int BottomPanelHeight = 150;
     int MinWindowWidth = 0;
+    int leastRightPanel = minRightPanelWidth; // what stands in the panels has no room in less
+    int leastBottomPanel = minBottomPanelHeight;
     bool rightVisible = true;
     bool bottomVisible = true;
     bool toolsWanted = true; // the colour tools rather than the message, at the lower right
@@ -34,6 +36,8 @@ struct LayoutResult {
     int BottomPanelHeight; // as asked, within what the desktop allows
     int largestRightPanel; // what the picture, or half the desktop if that is less, leaves
     int largestBottomPanel;
+    int leastRightPanel;
+    int leastBottomPanel;
     QRect picture;            // the port that shows Picture1; smaller than it on a small desktop
     QRect rightPanel;         // Frame1Vkladki; empty if hidden, as the following
     QRect bottomPanel;        // Frame2Podval and, over it, Frame8FontINFO

@@ -100,6 +100,7 @@ void MainWindow::UpdateToolbar()
 {
     m_toolbar->UpdateToolbar(m_workbench.shell.run, m_workbench.flags);
     m_toolbar->setDrives(m_menus->entries("mnuFlash_FlashArr"));
+    updateRowButtons(*this);
 }
 
 void MainWindow::UpdateInterface()
@@ -151,7 +152,6 @@ void MainWindow::changeEvent(QEvent* event)
         m_waiting->whenIdle([this] { Form_Activate(); });
 }
 
-void MainWindow::setControlsEnabled(bool enabled)
 // What is unsaved outlives the program, and a text in work is a part of it.
 void MainWindow::closeEvent(QCloseEvent* event)
 {
@@ -159,6 +159,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     QMainWindow::closeEvent(event);
 }
 
+void MainWindow::setControlsEnabled(bool enabled)
 {
     menuBar()->setEnabled(enabled);
     m_toolbar->setEnabled(enabled);

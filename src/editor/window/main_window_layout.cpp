@@ -140,13 +140,13 @@ void MainWindow::connectAreas()
 
 void MainWindow::setPanelWidth(int width)
 {
-    m_workbench.shell.run.RightPanelWidth = std::max(width, minRightPanelWidth);
+    m_workbench.shell.run.RightPanelWidth = width;
     LayoutWindow();
 }
 
 void MainWindow::setPanelHeight(int height)
 {
-    m_workbench.shell.run.BottomPanelHeight = std::max(height, minBottomPanelHeight);
+    m_workbench.shell.run.BottomPanelHeight = height;
     LayoutWindow();
 }
 
@@ -165,6 +165,9 @@ LayoutInput MainWindow::layoutInput() const
     input.RightPanelWidth = run.RightPanelWidth;
     input.BottomPanelHeight = run.BottomPanelHeight;
     input.MinWindowWidth = m_toolbar->MinWindowWidth();
+    const QSize tools = run.GfxHasZuk ? m_tools->leastSize() : QSize();
+    input.leastRightPanel = std::max(minRightPanelWidth, tools.width());
+    input.leastBottomPanel = std::max(minBottomPanelHeight, tools.height());
     input.rightVisible = m_workbench.flags.rightPanelShown;
     input.bottomVisible = m_workbench.flags.bottomPanelShown;
     return input;
@@ -216,7 +219,7 @@ void MainWindow::LayoutBottomPanel(const LayoutResult& layout)
         m_workbench.shell.WriteLog(QStringLiteral(" Frame2.Show "));
     m_bottomPanel->setGeometry(layout.bottomPanel);
     m_bottomPanel->setVisible(shown);
-    showSizes(m_bottomPanel->heightControl(), minBottomPanelHeight, layout.largestBottomPanel,
+    showSizes(m_bottomPanel->heightControl(), layout.leastBottomPanel, layout.largestBottomPanel,
               layout.BottomPanelHeight);
     m_fontInfo->setGeometry(overThumbnails(layout.bottomPanel));
     m_fontInfo->setVisible(shown && m_workbench.shell.run.GfxOpened &&
@@ -232,7 +235,7 @@ void MainWindow::LayoutRightPanel(const LayoutResult& layout)
     m_rightPanel->setGeometry(layout.rightPanel);
     m_rightPanel->setVisible(shown);
     m_rightPanel->editor().moveText(stageView());
-    showSizes(m_rightPanel->widthSpin(), minRightPanelWidth,
+    showSizes(m_rightPanel->widthSpin(), layout.leastRightPanel,
               std::max(layout.largestRightPanel, layout.RightPanelWidth), layout.RightPanelWidth);
 }
 

@@ -92,6 +92,9 @@ void Toolbar::setDrives(const std::vector<QAction*>& entries)
     m_drives->clear();
     for (QAction* entry : entries)
         m_drives->addAction(entry);
+    // A menu with nothing in it would never come up, and its button stay down.
+    if (entries.empty())
+        m_drives->addAction(tr("No USB drives"))->setEnabled(false);
 }
 
 } // namespace fennel
