@@ -97,7 +97,8 @@ void BootLink::start()
     const Shell& shell = m_window.shell();
     if (!shell.run.GfxOpened)
         return;
-    CommitValue(m_window);
+    if (!CommitValue(m_window))
+        return;
     m_test.cancel();
     const Result<QString> menu = menuText();
     if (!menu) {
