@@ -80,7 +80,8 @@ void save(MainWindow& window)
 
 void upgrade(MainWindow& window)
 {
-    CommitValue(window);
+    if (!CommitValue(window))
+        return;
     closeValueEditor(window);
     if (window.document().upgrade())
         window.shell().WriteLog(QStringLiteral("         ==> Upgrade to @ZUK-MOSA@"));
