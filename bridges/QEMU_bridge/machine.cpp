@@ -3,11 +3,6 @@
 
 #include <QProcessEnvironment>
 
-#include <fcntl.h>
-#include <linux/kvm.h>
-#include <sys/ioctl.h>
-#include <unistd.h>
-
 namespace fennel {
 
 namespace {
@@ -56,23 +51,6 @@ QStringList machineArguments(const MachineRequest& request, const MachineParts& 
     arguments << u"-chardev"_s << u"socket,id=control,fd=%1"_s.arg(parts.control);
     arguments << u"-mon"_s << u"chardev=control,mode=control"_s;
     return arguments;
-}
-
-// As far as making a processor: in many a virtual machine the device is there and cannot do that.
-bool kvmWorks()
-{
-    constexpr int knownVersion = 12;
-    const int kvm = ::open("/dev/kvm", O_RDWR | O_CLOEXEC);
-    if (kvm < 0)
-        return false;
-    const bool known = ::ioctl(kvm, KVM_GET_API_VERSION, 0) == knownVersion;
-    const int machine = known ? ::ioctl(kvm, KVM_CREATE_VM, 0) : -1;
-    const int processor = machine >= 0 ? ::ioctl(machine, KVM_CREATE_VCPU, 0) : -1;
-    for (const int descriptor : {processor, machine, kvm}) {
-        if (descriptor >= 0)
-            ::close(descriptor);
-    }
-    return processor >= 0;
 }
 
 // Empty if there is none; the variable is for tests and for people with displays of another kind.

@@ -18,9 +18,6 @@ struct MachineParts {
 // One disk that cannot be written, no network, no configuration file of the user's.
 QStringList machineArguments(const MachineRequest& request, const MachineParts& parts);
 
-// Whether /dev/kvm gives this user a virtual machine with a processor in it.
-bool kvmWorks();
-
 // The display that QEMU is to use: the variable FENNEL_QEMU_DISPLAY (such as "none" or "sdl"), or a
 // window where there is a display; empty if there is none.
 QString wantedDisplay();

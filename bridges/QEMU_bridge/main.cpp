@@ -8,6 +8,7 @@
 #include "supervisor.h"
 
 #include "base/files.h"
+#include "tools/kvm.h"
 #include "tools/qemu.h"
 #include "tools/qemu_advice.h"
 
@@ -66,6 +67,21 @@ void sayEnd(int log, const QString& logPath, const QemuEnd& end)
         say(log, hint);
 }
 
+QemuEnd runMachine(const QString& program, const MachineRequest& request, MachineParts parts,
+                   int log)
+{
+    std::array<int, 2> pair{};
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, pair.data()) != 0) {
+        say(log, u"The control socket of QEMU could not be made."_s);
+        return {refusedCode, 0};
+    }
+    parts.control = pair[1];
+    const QStringList arguments = machineArguments(request, parts);
+    say(log, qemuProgram + u' ' + arguments.join(u' '));
+    return superviseQemu({program, arguments, request.folder, log, parts.disk.descriptor,
+                          parts.control, pair[0], parts.kvm});
+}
+
 int boot(const MachineRequest& request, int log)
 {
     const QString program = QStandardPaths::findExecutable(qemuProgram);
@@ -80,17 +96,15 @@ int boot(const MachineRequest& request, int log)
     const Result<OpenDisk> disk = openDisk(FolderDriveSource::fromEnvironment(), request.disk);
     if (!disk)
         return refuse(log, disk.failure().text);
-    std::array<int, 2> pair{};
-    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, pair.data()) != 0)
-        return refuse(log, "The control socket of QEMU could not be made.");
     parts.disk = *disk;
-    parts.control = pair[1];
     parts.bios = biosInForce();
-    parts.kvm = kvmWorks();
-    const QStringList arguments = machineArguments(request, parts);
-    say(log, qemuProgram + u' ' + arguments.join(u' '));
-    const QemuEnd end = superviseQemu(
-        {program, arguments, request.folder, log, parts.disk.descriptor, parts.control, pair[0]});
+    parts.kvm = !qEnvironmentVariableIsSet(noKvmVariable) && kvmWorks();
+    QemuEnd end = runMachine(program, request, parts, log);
+    if (end.kvmDied) {
+        say(log, kvmDiedLine);
+        parts.kvm = false;
+        end = runMachine(program, request, parts, log);
+    }
     sayEnd(log, request.log, end);
     return end.signal != 0 ? 1 : end.code;
 }

@@ -36,6 +36,9 @@ public:
     [[nodiscard]] int socket() const { return m_socket; }
     // A machine that is stopped before it ran is asked about again.
     [[nodiscard]] bool asking() const { return m_asking; }
+    // The processor stands still because of a fault of its own.
+    [[nodiscard]] bool failed() const { return m_failed; }
+    [[nodiscard]] bool ran() const { return m_ran; }
     void ask() { send("{\"execute\":\"query-status\"}\n"); }
 
     void readable()
@@ -72,11 +75,16 @@ private:
             m_asking = true;
             return;
         }
+        if (object[QStringLiteral("event")].toString() == QLatin1String("STOP"))
+            ask();
         const QJsonObject status = object[QStringLiteral("return")].toObject();
+        m_failed = m_failed ||
+                   status[QStringLiteral("status")].toString() == QLatin1String("internal-error");
         if (!m_asking || !status[QStringLiteral("running")].toBool())
             return;
         // Said once: from here on only the guest's end matters.
         m_asking = false;
+        m_ran = true;
         const QByteArray line = qemuRunningLine.toUtf8() + '\n';
         (void)!::write(m_log, line.constData(), static_cast<std::size_t>(line.size()));
     }
@@ -84,6 +92,8 @@ private:
     int m_socket;
     int m_log;
     bool m_asking = false;
+    bool m_failed = false;
+    bool m_ran = false;
     QByteArray m_text;
 };
 
@@ -183,7 +193,15 @@ QemuEnd superviseQemu(const QemuStart& start)
             control.readable();
         if (waits[0].revents != 0)
             gone = takeSignal(signalDescriptor, child, end);
+        if (start.kvm && control.failed() && !end.kvmDied) {
+            end.kvmDied = true;
+            ::kill(child, SIGKILL);
+        }
     }
+    ::close(signalDescriptor);
+    ::close(start.ours);
+    // Ended by somebody's wish it is not, and a window that cannot be opened says so again.
+    end.kvmDied = end.kvmDied || (start.kvm && !control.ran() && end.code != 0);
     return end;
 }
 

@@ -9,8 +9,9 @@
 namespace fennel {
 
 struct QemuEnd {
-    int code = 0;   // exit code
-    int signal = 0; // the signal that ended it, 0 for none
+    int code = 0;         // exit code
+    int signal = 0;       // the signal that ended it, 0 for none
+    bool kvmDied = false; // the processor failed, or QEMU ended before the machine ran
 };
 
 struct QemuStart {
@@ -21,6 +22,7 @@ struct QemuStart {
     int disk = -1;    // these two stay open in QEMU
     int control = -1; // QEMU's end of the control socket; closed here
     int ours = -1;    // our end
+    bool kvm = false; // the processor is the computer's own, which may fail
 };
 
 // Returns when QEMU is gone. Code 127: it could not be started.

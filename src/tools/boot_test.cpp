@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/boot_test.h"
 
+#include "tools/kvm.h"
 #include "tools/qemu_advice.h"
-
-#include <QFileInfo>
 
 #include <utility>
 
@@ -17,17 +16,10 @@ constexpr int awaitedLookMs = 40; // between two dumps while something is waited
 constexpr int idleLookMs = 150;
 constexpr quint32 keyBufferAt = 0x41A;
 constexpr quint32 keyBufferBytes = 4;
-const QString kvmDevice = u"/dev/kvm"_s;
 
 Failure failure(FailureKind kind, const QString& text)
 {
     return {kind, text.trimmed().toStdString()};
-}
-
-bool kvmThere()
-{
-    const QFileInfo device(kvmDevice);
-    return device.isReadable() && device.isWritable();
 }
 
 } // namespace
@@ -60,8 +52,13 @@ void BootTest::start(const BootStick& stick, bool mayUseKvm)
     m_dump = {};
     m_text.clear();
     m_clock.start();
-    m_kvm = mayUseKvm && !m_shell.run.KvmFails && kvmThere();
     m_shell.WriteLog(u"Boot test"_s);
+    m_kvm = mayUseKvm && !m_shell.run.KvmFails;
+    if (m_kvm && !m_limits.kvmWorks()) {
+        m_kvm = false;
+        m_shell.run.KvmFails = true;
+        m_shell.WriteLog(u"      KVM does not work here"_s);
+    }
     m_maker = std::make_unique<BootImage>(m_shell);
     connect(m_maker.get(), &BootImage::failed, this, &BootTest::fail);
     connect(m_maker.get(), &BootImage::made, this, [this] {

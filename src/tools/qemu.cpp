@@ -112,6 +112,8 @@ bool QemuRun::launch(qint64& pid)
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QLatin1String(flashLetterVariable),
                        QString(QChar(static_cast<char16_t>(m_shell.run.CurrentFlashChar))));
+    if (m_shell.run.KvmFails)
+        environment.insert(QLatin1String(noKvmVariable), u"1"_s);
     process.setProcessEnvironment(environment);
     if (process.startDetached(&pid))
         return true;
@@ -165,12 +167,23 @@ void QemuRun::lookAtLog()
     m_look.stop();
     m_limit.stop();
     m_phase = Phase::Running;
+    noteKvm();
     Q_EMIT started();
+}
+
+// Remembered for the run: the next start is spared the attempt.
+void QemuRun::noteKvm()
+{
+    if (m_shell.run.KvmFails || !logText().contains(kvmDiedLine))
+        return;
+    m_shell.run.KvmFails = true;
+    m_shell.WriteLog(u"      "_s + kvmDiedLine);
 }
 
 void QemuRun::onEnd()
 {
     lookAtLog();
+    noteKvm();
     // A guest that ran and was closed by its user is no failure.
     const bool failed = m_phase == Phase::Starting;
     m_look.stop();

@@ -31,6 +31,10 @@ struct QemuLimits {
 // The last line that the bridge writes to the log once the machine runs.
 inline const QString qemuRunningLine = QStringLiteral("QEMU is running.");
 inline const QString qemuLogName = QStringLiteral("#QEMU.log");
+// The line behind which it starts again without KVM.
+inline const QString kvmDiedLine = QStringLiteral("KVM failed: again without it.");
+// Set for the bridge once KVM has failed.
+inline constexpr char noKvmVariable[] = "FENNEL_QEMU_NO_KVM";
 // Tells the bridge the letter for the window's name.
 inline constexpr char flashLetterVariable[] = "FENNEL_FLASH_LETTER";
 
@@ -68,6 +72,7 @@ private:
     [[nodiscard]] bool adopt();
     void letGo();
     void lookAtLog();
+    void noteKvm();
     void onEnd();
     void tellFailure();
     [[nodiscard]] QString logText() const;

@@ -29,12 +29,11 @@ BootLink::BootLink(MainWindow& window)
       m_test(window.shell())
 {
     connect(&m_test, &BootTest::stateChanged, this, &BootLink::showState);
-    connect(&m_test, &BootTest::pictureChanged, this,
-            [this] { shownWindow().showBooted(m_test.picture()); });
+    connect(&m_test, &BootTest::pictureChanged, this, &BootLink::showPictures);
     connect(&m_test, &BootTest::rested, this, [this] {
-        if (!m_standing.isValid())
+        if (!m_standing.isValid() && m_test.state() == BootState::Standing)
             m_standing.start();
-        shownWindow().showPreview(currentPreviewPicture());
+        showPictures();
     });
     const auto tell = [this](const Failure& failure) {
         m_window.progress().whenIdle([this, failure] { (void)m_window.shell().tell(failure); });
@@ -114,7 +113,7 @@ void BootLink::start()
     m_titles = stick->titles;
     m_standing.invalidate();
     BootWindow& boot = shownWindow();
-    boot.showBooted({});
+    boot.showBooted({}, false);
     boot.showPreview(currentPreviewPicture());
     if (!boot.isVisible())
         boot.fitToPictures();
@@ -153,6 +152,16 @@ QString BootLink::blackReason() const
     return boots ? QString()
                  : u"%1 stays black on the boot screen: %2"_s.arg(
                        namePart(path), QString::fromStdString(boots.failure().text));
+}
+
+// With the preview of the same moment, for what moves. Before the menu stands there is nothing to
+// compare.
+void BootLink::showPictures()
+{
+    const bool stands = m_standing.isValid() && m_test.text().isEmpty();
+    if (stands)
+        shownWindow().showPreview(currentPreviewPicture());
+    shownWindow().showBooted(m_test.picture(), stands);
 }
 
 void BootLink::showState()

@@ -33,6 +33,7 @@ private:
     [[nodiscard]] QString loader() const;
     [[nodiscard]] QString blackReason() const;
     BootWindow& shownWindow();
+    void showPictures();
     void showState();
 
     MainWindow& m_window;

@@ -106,11 +106,11 @@ void BootWindow::showPreview(const QImage& picture)
 {
     m_preview = picture;
     m_compare->setPreview(picture);
-    showDifference();
 }
 
-void BootWindow::showBooted(const QImage& picture)
+void BootWindow::showBooted(const QImage& picture, bool stands)
 {
+    m_stands = stands;
     m_booted = picture;
     m_compare->setBooted(picture);
     showDifference();
@@ -127,7 +127,7 @@ void BootWindow::showWords(const QString& words, bool fault)
 
 void BootWindow::showDifference()
 {
-    const bool both = !m_preview.isNull() && !m_booted.isNull();
+    const bool both = m_stands && !m_preview.isNull() && !m_booted.isNull();
     m_mark->setEnabled(both);
     if (!both) {
         m_share->clear();
@@ -150,6 +150,8 @@ void BootWindow::fitToPictures()
 {
     const QSize desktop = screen()->availableGeometry().size() - QSize(40, 60);
     resize(sizeHint().boundedTo(desktop));
+    if (const QWidget* owner = parentWidget())
+        move(owner->frameGeometry().center() - rect().center());
     m_compare->setFocus();
 }
 

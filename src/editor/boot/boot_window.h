@@ -20,7 +20,8 @@ public:
     explicit BootWindow(QWidget* parent);
 
     void showPreview(const QImage& picture);
-    void showBooted(const QImage& picture);
+    // `stands`: it is the menu's, and can be compared.
+    void showBooted(const QImage& picture, bool stands);
     // One line about the boot; `fault`: it is not what was hoped for.
     void showWords(const QString& words, bool fault);
     // What can be pressed: keys reach a guest; the guest is not yet in QEMU's window; a boot runs.
@@ -44,6 +45,7 @@ private:
 
     QImage m_preview;
     QImage m_booted;
+    bool m_stands = false;
     BootCompare* m_compare;
     QWidget* m_keys;
     QLabel* m_words;
