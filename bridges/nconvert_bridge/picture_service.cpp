@@ -6,6 +6,9 @@
 #include "picture_reader.h"
 #include "tools/picture_limits.h"
 
+#include <QBuffer>
+#include <QImageReader>
+
 #include <algorithm>
 #include <csignal>
 #include <sys/prctl.h>
@@ -109,6 +112,9 @@ bool answer(const Result<Served>& served, QSize stored)
 int servePictures()
 {
     limitProcess();
+    // Loads the decoder of nearly all pictures before the first is asked for.
+    QBuffer nothing;
+    (void)QImageReader(&nothing, "jpeg").canRead();
     PictureRequest request;
     while (readValue(request) && request.pathBytes <= mostPathBytes) {
         std::string path(request.pathBytes, '\0');

@@ -9,6 +9,7 @@
 #include "fonts/installed_fonts.h"
 
 #include <QApplication>
+#include <QTimer>
 
 using namespace fennel;
 
@@ -71,6 +72,8 @@ int main(int argc, char** argv)
     int result = 0;
     if (settingsFileThere(workbench.shell) == NextStep::GoOn) {
         window.show();
+        // The first picture need not wait for the bridge.
+        QTimer::singleShot(0, &window, [&] { workbench.shell.pictures().start(); });
         result = QApplication::exec();
     }
     // Nothing was asked, and nothing is lost.

@@ -191,6 +191,9 @@ NextStep makeWorkspaceRoot(const Shell& shell)
             return NextStep::GoOn;
         }
         made = taken.failure();
+        // Another name would not help against a full disk.
+        if (taken.failure().kind != FailureKind::NoPermission)
+            break;
     }
     shell.told(made);
     return NextStep::EndProcess;

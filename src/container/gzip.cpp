@@ -155,6 +155,9 @@ public:
 private:
     Result<GzipContents> ended()
     {
+        // The first bytes of a further member are a cut file and no stray bytes.
+        if (m_rest.size() < magic.size() && std::equal(m_rest.begin(), m_rest.end(), magic.begin()))
+            return cutShort();
         // Zeros behind the end may come from media that store whole blocks.
         if (std::any_of(m_rest.begin(), m_rest.end(), [](std::uint8_t b) { return b != 0; }))
             m_contents.trailing = m_rest.size();

@@ -14,6 +14,11 @@ namespace {
 constexpr int gzipStream = 15 + 16; // the largest window, and zlib's own header and checksum
 constexpr std::size_t piece = 256U << 10U;
 
+Failure cutShort()
+{
+    return {FailureKind::Malformed, "a gzip file that is damaged or cut short"};
+}
+
 using Buffer = std::vector<std::uint8_t>;
 
 Failure noMemory()
@@ -90,6 +95,11 @@ bool anotherMember(Stream& stream, Result<std::uint64_t>& trailing)
     constexpr std::size_t magicBytes = 2;
     if (rest.size() == magicBytes)
         return true;
+    // The first byte of a further member is a cut file and no stray byte.
+    if (!rest.empty() && stream.z()->avail_in == 0) {
+        trailing = cutShort();
+        return false;
+    }
     std::uint64_t behind = rest.size();
     bool zeros = rest.empty();
     for (z_stream* z = stream.z(); stream.fill() && z->avail_in > 0; z->avail_in = 0) {
@@ -160,7 +170,7 @@ Result<std::uint64_t> gzipDecompressFile(int in, int out, const TellBytes& tell)
         if (stream.code() == Z_STREAM_END) {
             more = anotherMember(stream, result) && restart(stream.z());
         } else if ((stream.code() != Z_OK && stream.code() != Z_BUF_ERROR) || starved) {
-            result = Failure{FailureKind::Malformed, "a gzip file that is damaged or cut short"};
+            result = cutShort();
             more = false;
         }
     }

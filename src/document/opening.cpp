@@ -274,6 +274,8 @@ bool gfxboot_open(const OpenTarget& target, const QString& path, OpenListener& l
     const Shell& shell = target.shell;
     shell.WriteLog(QStringLiteral("gfxboot_open -----v\n"));
     listener.openBegins();
+    // It is ready by the time that the members are there.
+    shell.pictures().start();
     const QString folder = workspaceOf(shell.run, namePart(path));
     const Result<bool> wrapped = fillFolder(shell, path, folder);
     const bool opened = wrapped && FileExists(folder + mainBackName);

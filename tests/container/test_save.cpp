@@ -161,6 +161,8 @@ TEST_F(Save, ACopyHasItsOwnNameFolderAndCompression)
     EXPECT_EQ(noteIn(t.run.GfxPath, true), "copy");
     EXPECT_EQ(bytesOf(t.path(u"boot/message"_s)).toStdString(), m_plain);
     EXPECT_EQ(bytesOf(first + u"note"_s), "copy"); // the earlier folder stays as it was
+    EXPECT_EQ(QFileInfo(t.run.Workspace + u"init"_s).lastModified(),
+              QFileInfo(first + u"init"_s).lastModified());
 
     // A typed ".gz" stays with a plain content too. What was opened under that name is no part.
     ASSERT_TRUE(t.files.makeFolder(t.run.WorkspaceRoot + u"plain.gz"_s).ok());
@@ -201,6 +203,20 @@ TEST_F(Save, AFileWithoutAPlaceIsSavedAnew)
     EXPECT_EQ(t.prompts.fileQuestions.back().folder, QDir::homePath());
     EXPECT_EQ(t.prompts.fileQuestions.back().proposedName, u"@ZUK-MOSA@New"_s);
     EXPECT_EQ(noteIn(t.path(u"boot/first.gz"_s), true), "old");
+}
+
+// Such as a second copy of this program.
+TEST_F(Save, WhatAnotherProgramWroteIsReplacedOnlyAfterAQuestion)
+{
+    edit("mine");
+    ASSERT_TRUE(DiskFiles().write(t.run.GfxPath, "theirs").ok());
+    t.prompts.expectMessage(u"changed by another program"_s, Answer::No);
+    EXPECT_FALSE(GfxSave(t.shell, written));
+    EXPECT_EQ(bytesOf(t.run.GfxPath), "theirs");
+    t.prompts.expectMessage(u"changed by another program"_s, Answer::Yes);
+    EXPECT_TRUE(GfxSave(t.shell, written));
+    EXPECT_TRUE(GfxSave(t.shell, written));
+    EXPECT_EQ(noteIn(t.run.GfxPath, false), "mine");
 }
 
 TEST_F(Save, ReOpeningWarnsAndALostFileIsTold)

@@ -304,3 +304,27 @@ TEST(Window, TabsOfALowPanelScrollInsteadOfCoveringTheList)
     const QRect last = strip->place(20).translated(strip->pos());
     EXPECT_TRUE(room->viewport()->rect().contains(last));
 }
+
+// Markup in a name would fetch its pictures.
+TEST(Window, NamesFromFilesAreNowhereMarkup)
+{
+    Story w;
+    const QString evil = u"<img src='back.jpg'>"_s;
+    w.open(smallFile(w, evil, 400, 300, {"back_02.jpg", evil.toStdString() + ".jpg"}));
+    w.goToAllTabs();
+    w.window.statusFields().setField(5, evil);
+    const auto isMarkup = [](const QString& text) {
+        return Qt::mightBeRichText(text) &&
+               (!text.startsWith("<qt>"_L1) || text.contains("<img"_L1));
+    };
+    for (const QWidget* widget : w.window.findChildren<QWidget*>()) {
+        EXPECT_FALSE(isMarkup(widget->toolTip())) << widget->objectName().toStdString();
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        if (label != nullptr && label->textFormat() != Qt::PlainText)
+            EXPECT_FALSE(isMarkup(label->text())) << widget->objectName().toStdString();
+    }
+    for (const QAction* action : w.window.findChildren<QAction*>())
+        EXPECT_FALSE(isMarkup(action->toolTip())) << action->objectName().toStdString();
+    for (int row = 0; row < w.view().model()->rowCount(); ++row)
+        EXPECT_FALSE(isMarkup(w.view().model()->index(row, 0).data(Qt::ToolTipRole).toString()));
+}
