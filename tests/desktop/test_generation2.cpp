@@ -65,10 +65,10 @@ TEST(Generation2, KeepsTheThemesOfOthersAsTheyAre)
         ASSERT_GT(before.size(), 200) << theme;
         EXPECT_EQ(differing(), "") << theme;
         story.goToTab(u"Config"_s);
-        story.type(u"penguin"_s, u"50"_s);
+        story.type(u"welcome"_s, u"0"_s);
         story.user().expectChoice(u"theme="_s, u"Keep them as they are"_s);
         for (int save = 0; save < 10; ++save)
-            EXPECT_EQ(differing(), "penguin=50") << theme;
+            EXPECT_EQ(differing(), "welcome=0") << theme;
     }
 }
 

@@ -99,7 +99,7 @@ void ColourTools::buildFill()
     m_sample->setReadOnly(true);
     m_sample->setFocusPolicy(Qt::NoFocus);
     m_sample->setAlignment(Qt::AlignCenter);
-    m_sample->setMinimumSize(48, 12);
+    m_sample->setMinimumSize(48, fontMetrics().height());
     m_sample->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setName(m_pipette, u"Check1Pipetka"_s, tr("Pick the fill from the screen; Esc cancels"));
     setName(m_ask, u"ComRGB"_s, tr("Choose the fill"));

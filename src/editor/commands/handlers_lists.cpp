@@ -374,9 +374,11 @@ void updateRowButtons(MainWindow& window)
 void showCfgStatus(MainWindow& window)
 {
     const ListRow* row = currentRow(window);
-    if (window.workbench().params.CurrentTab == TabConfig && row != nullptr)
-        window.setStatusField(7, itemOf(window, TabConfig, *row) + u'=' +
-                                     valueText(window.document(), *row));
+    if (window.workbench().params.CurrentTab != TabConfig || row == nullptr)
+        return;
+    const QString item = itemOf(window, TabConfig, *row);
+    window.setStatusField(
+        7, item.isEmpty() ? QString() : item + u'=' + valueText(window.document(), *row));
 }
 
 bool CommitValue(MainWindow& window)

@@ -29,7 +29,8 @@ ListView::ListView(const ParamLists& lists, int number, QWidget* parent)
     m_report->setRootIsDecorated(false);
     m_report->setUniformRowHeights(true);
     m_report->setIconSize(reportIcon);
-    m_report->setAllColumnsShowFocus(true);
+    // Some styles fill what has the focus with a colour, and over a whole row the swatch with it.
+    m_report->setAllColumnsShowFocus(false);
     m_report->header()->setHighlightSections(false);
     m_icons->setViewMode(QListView::IconMode);
     m_icons->setResizeMode(QListView::Adjust);

@@ -5,6 +5,7 @@
 #include "params/panel_values.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace fennel {
 
@@ -116,7 +117,8 @@ void StageGestures::markerReleased()
         rect.setSize(rect.size().boundedTo(m_stage.pictureSize()));
         m_stage.setPanelRect(index, rect);
     }
-    m_pulled = false;
+    if (std::exchange(m_pulled, false))
+        showPanelStatus(index);
     m_stage.redraw(index);
     m_stage.ShowMarker(m_stage.SelectedPanel, 0);
     endStep();

@@ -57,6 +57,22 @@ QWidget* messageFrame(QWidget* parent)
     return frame;
 }
 
+// The controls under the lists, those of an object's tab among them.
+int leastRowWidth(RightPanel& panel)
+{
+    constexpr int between = 2;
+    constexpr int edges = 12;
+    int width = edges;
+    for (const QWidget* widget : std::initializer_list<const QWidget*>{
+             &panel.widthSpin(), &panel.fromMenu(), &panel.rowSpin(), &panel.addButton(),
+             &panel.deleteButton(), &panel.editButton()})
+        width += between + widget->minimumSizeHint()
+                               .boundedTo(widget->maximumSize())
+                               .expandedTo(widget->minimumSize())
+                               .width();
+    return width;
+}
+
 void showSizes(QSpinBox& spin, int smallest, int largest, int value)
 {
     const QSignalBlocker quiet(spin);
@@ -166,7 +182,8 @@ LayoutInput MainWindow::layoutInput() const
     input.BottomPanelHeight = run.BottomPanelHeight;
     input.MinWindowWidth = m_toolbar->MinWindowWidth();
     const QSize tools = run.GfxHasZuk ? m_tools->leastSize() : QSize();
-    input.leastRightPanel = std::max(minRightPanelWidth, tools.width());
+    const int row = run.GfxHasZuk ? leastRowWidth(*m_rightPanel) : 0;
+    input.leastRightPanel = std::max({minRightPanelWidth, tools.width(), row});
     input.leastBottomPanel = std::max(minBottomPanelHeight, tools.height());
     input.rightVisible = m_workbench.flags.rightPanelShown;
     input.bottomVisible = m_workbench.flags.bottomPanelShown;
