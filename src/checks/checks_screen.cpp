@@ -7,6 +7,7 @@
 #include "params/level_files.h"
 #include "params/object_table.h"
 #include "params/panel_values.h"
+#include "screen/boot_jpeg.h"
 
 #include <QImage>
 #include <QRect>
@@ -185,7 +186,7 @@ void checkEntriesFit(const CheckInput& input, Findings& found)
 void checkContrast(const CheckInput& input, Findings& found)
 {
     const QByteArray* bytes = input.find(namePart(input.run.BackFile));
-    const QImage background = bytes == nullptr ? QImage() : QImage::fromData(*bytes, "jpeg");
+    const QImage background = bytes == nullptr ? QImage() : decodeAsBooted(*bytes);
     eachPlaced(input, [&](int row, const PanelRec& panel) {
         const bool worded = panel.TextParam > 0 && panel.BackParam > 0;
         if (!worded || contrast(panel.TextColor, groundOf(background, panel)) >= leastContrast)

@@ -125,12 +125,12 @@ void checkLevelRecords(const CheckInput& input, Findings& found)
             ZUKarr::inRange(file, number) && input.state.ZUKarr.at(file, number).DefValue;
         if (!known)
             found.push_back(about(member, key, u"No list shows the record %1."_s.arg(key),
-                                  u"It is lost when the editor saves."_s));
+                                  u"Nothing is lost by it; what wrote it can change it."_s));
         else if (!seen.emplace(file, number).second)
             found.push_back(about(
                 member, key,
                 u"%1 stands twice; the last one counts."_s.arg(shownName(input, file, number)),
-                u"Saving it in the editor mends that."_s));
+                u"Set the value, and look whether the screen follows."_s));
     });
 }
 

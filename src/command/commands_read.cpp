@@ -6,9 +6,8 @@
 #include "container/member_table.h"
 #include "fonts/fnt_codec.h"
 #include "params/message_values.h"
+#include "screen/jpeg_check.h"
 
-#include <QBuffer>
-#include <QImageReader>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -41,10 +40,8 @@ void printHeading(CommandRun& run, const QString& file, qsizetype files)
 
 QSize sizeOfPicture(const QByteArray& bytes)
 {
-    QBuffer buffer;
-    buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly);
-    return QImageReader(&buffer, "jpeg").size(); // all that a boot screen shows
+    const auto head = readJpegHead({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    return head ? QSize(head->width, head->height) : QSize(0, 0);
 }
 
 QString engineOf(CommandRun& run, const QByteArray& engine)

@@ -5,11 +5,9 @@
 #include "container/member_table.h"
 #include "fonts/installed_fonts.h"
 #include "params/message_values.h"
+#include "screen/jpeg_check.h"
 #include "tools/image_tool.h"
 #include "tools/picture_size.h"
-
-#include <QBuffer>
-#include <QImageReader>
 
 #include <algorithm>
 
@@ -32,10 +30,8 @@ QByteArray modelOf(const MessageFile& message, const QByteArray& name)
 
 QSize sizeOf(const QByteArray& picture)
 {
-    QBuffer buffer;
-    buffer.setData(picture);
-    buffer.open(QIODevice::ReadOnly);
-    return QImageReader(&buffer, "jpeg").size(); // all that a boot screen shows
+    const auto head = readJpegHead({picture.constData(), static_cast<std::size_t>(picture.size())});
+    return head ? QSize(head->width, head->height) : QSize();
 }
 
 Failure failureOf(const KeptPrompts& prompts, const Result<void>& done)

@@ -20,8 +20,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void openFolder(RunState& run, const QString& folder)
+void openFolder(const Shell& shell, const QString& folder)
 {
+    RunState& run = shell.run;
     run.AppPath = QStringLiteral(FENNEL_BIN_DIR);
     run.CurrentLang = u"0409"_s;
     run.Workspace = QDir(folder).absolutePath() + u'/';
@@ -30,7 +31,7 @@ void openFolder(RunState& run, const QString& folder)
     run.GfxHasZuk = QFileInfo::exists(run.Workspace + u"ZUK0000.CFG"_s);
     run.gfxboot_var = run.GfxHasZuk ? 3 : run.GfxHasCfg ? 2 : 1;
     run.ObjectCount = run.GfxHasZuk ? 40 : 4;
-    (void)measureBackground(run);
+    (void)measureBackground(shell);
 }
 
 // Everything that is not open yet is as File / Open leaves it.
@@ -67,7 +68,7 @@ int main(int argc, char** argv)
     ProcessToolRunner tools;
     const Shell shell{run, log, files, prompts, tools};
     const FontTable fonts(fontCount);
-    openFolder(run, words.positionalArguments()[0]);
+    openFolder(shell, words.positionalArguments()[0]);
     Document document(shell, fonts);
     readDocument(document);
     const QStringList titles = words.values(u"title"_s);
