@@ -4,6 +4,7 @@
 #include "editor/stage/stage_surface.h"
 #include "params/panel_values.h"
 #include "quiet_prompts.h"
+#include "silent_host.h"
 
 #include <benchmark/benchmark.h>
 
@@ -18,25 +19,6 @@ using namespace fennel;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-class SilentHost : public StageHost {
-public:
-    int objectOfCurrentTab() override { return -1; }
-    void selectTabOf(int) override {}
-    void focusStage() override {}
-    int pipettesOn() override { return 0; }
-    void showColourControls(int) override {}
-    void setStatus(int, const QString& text) override { status = text; }
-    void refreshStatus() override {}
-    void panelMenu(int, QPoint) override {}
-    void backgroundMenu(QPoint) override {}
-    void setOnOffCaption(int, const QString&) override {}
-    void prepareBackground() override {}
-    void layOutWindow() override {}
-    void scaleApplied() override {}
-    void beep(double, int) override {}
-    QString status;
-};
 
 void useApplication()
 {

@@ -4,7 +4,7 @@ fennel_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 # What the build needs, and what the tests need beside it.
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-base-dev-tools qt6-svg-dev libqt6svg6
- libdeflate-dev libfontconfig-dev libfreetype-dev libmagick++-6.q16-dev libgtest-dev libgmock-dev
+ libdeflate-dev libfontconfig-dev libfreetype-dev libjpeg62-turbo-dev libmagick++-6.q16-dev libgtest-dev libgmock-dev
  seabios vgabios gfxboot-dev python3 fonts-dejavu-core fonts-liberation qt6-qpa-plugins"
 run_packages="xvfb xauth xdotool openbox imagemagick qemu-system-x86 qemu-system-gui"
 test_packages="cpio fontconfig libarchive-tools p7zip-full gfxboot-themes syslinux syslinux-common mtools

@@ -21,7 +21,7 @@ CLOSE = 4  # levels of 255, in 32 bits
 CLOCK, RUN_LINE, GLASS, ANIMATION, HAND = "5", "22", "23", "28", "4"
 MOVING = (CLOCK, RUN_LINE, GLASS, ANIMATION, HAND)  # rows of the objects; the hand is on the logo
 PLACES = {0: {42: 40, 43: 60, 54: 330, 40: 6, 41: 5, 46: 0x400040, 47: 90, 56: 0x20E020, 57: 40, 48: 0xFFE000,
-              58: 0x000060, 32: 620, 33: 420}, 4: {2: 420, 3: 40, 4: 14, 5: 300}, 5: {2: 560, 3: 60, 4: 200, 5: 120}}
+              58: 0x000060, 32: 620, 33: 420, 31: 0}, 2: {1: 0}, 8: {1: 0}, 4: {2: 420, 3: 40, 4: 14, 5: 300}, 5: {2: 560, 3: 60, 4: 200, 5: 120}}
 
 
 def theme(name):

@@ -154,10 +154,13 @@ TEST(CfgKept, TellsWhatTheListsWouldLose)
                            u"#menu_start_x=left   \u2192   #menu_start_x=0"_s}));
 }
 
-TEST(CfgLines, ChangeANumberOnlyIfItDiffers)
+TEST(CfgLines, ANumberThatIsSetCounts)
 {
     const CfgLines lines = *cfgLinesFrom(u"#welcome=0x000064\nwelcome=2"_s, {});
-    EXPECT_EQ(withCfgNumber(lines, u"welcome", 100), lines); // as it was written
+    const CfgLines same = withCfgNumber(lines, u"welcome", 100);
+    EXPECT_EQ(same[0].value, lines[0].value); // as it was written
+    EXPECT_TRUE(same[0].on);
+    EXPECT_EQ(withCfgNumber(same, u"welcome", 100), same);
     EXPECT_EQ(withCfgNumber(lines, u"no_such", 1), lines);
     EXPECT_EQ(CfgValue(withCfgNumber(lines, u"welcome", 7), u"welcome"),
               u"7"_s); // the first of two

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// A window around the stage that does nothing.
+#pragma once
+
+#include "editor/stage/stage_host.h"
+
+namespace fennel {
+
+class SilentHost : public StageHost {
+public:
+    int objectOfCurrentTab() override { return -1; }
+    void selectTabOf(int) override {}
+    void focusStage() override {}
+    int pipettesOn() override { return 0; }
+    void showColourControls(int) override {}
+    void setStatus(int, const QString& text) override { status = text; }
+    void refreshStatus() override {}
+    void panelMenu(int, QPoint) override {}
+    void backgroundMenu(QPoint) override {}
+    void setOnOffCaption(int, const QString&) override {}
+    void prepareBackground() override {}
+    void layOutWindow() override {}
+    void scaleApplied() override {}
+    void beep(double, int) override {}
+    QString status;
+};
+
+} // namespace fennel
