@@ -156,7 +156,8 @@ private:
     Result<GzipContents> ended()
     {
         // The first bytes of a further member are a cut file and no stray bytes.
-        if (m_rest.size() < magic.size() && std::equal(m_rest.begin(), m_rest.end(), magic.begin()))
+        if (m_rest.size() < gzipMagic.size() &&
+            std::equal(m_rest.begin(), m_rest.end(), gzipMagic.begin()))
             return cutShort();
         // Zeros behind the end may come from media that store whole blocks.
         if (std::any_of(m_rest.begin(), m_rest.end(), [](std::uint8_t b) { return b != 0; }))
