@@ -203,16 +203,15 @@ void checkComponents(const CheckInput& input, Findings& found)
     needMember(input, GlassesRow, u"glass_%1.jpg"_s, found);
     needMember(input, AnimationRow, u"ani_%1.jpg"_s, found);
     needMember(input, AnimationRow, u"ani_%1_msk.jpg"_s, found);
+    // The logo has no switch: without a picture there is none, and that is meant.
     constexpr int runLineRow = 22;
-    for (const int row : {int{LogoPanelRow}, runLineRow}) {
-        const PanelRec& panel = *input.state.object(row);
-        const bool there = std::ranges::any_of(input.members, [&](const CheckedMember& member) {
-            return fitsPattern(member.name, panel.Component);
-        });
-        if (isOn(input, panel) && !there)
-            found.push_back(about(row, panel, u"%1 is on, but no member is there for it."_s,
-                                  u"Add a member "_s + panel.Component + u'.'));
-    }
+    const PanelRec& line = *input.state.object(runLineRow);
+    const bool there = std::ranges::any_of(input.members, [&](const CheckedMember& member) {
+        return fitsPattern(member.name, line.Component);
+    });
+    if (isOn(input, line) && !there)
+        found.push_back(about(runLineRow, line, u"%1 is on, but no member is there for it."_s,
+                              u"Add the member "_s + line.Component + u'.'));
 }
 
 } // namespace fennel

@@ -65,6 +65,15 @@ void eachRecord(const CheckInput& input, const Visit& visit)
     }
 }
 
+bool isListed(const CheckInput& input, int file)
+{
+    for (int number = 1; number <= zukParamCount; ++number) {
+        if (input.state.ZUKarr.at(file, number).DefValue)
+            return true;
+    }
+    return false;
+}
+
 QString shownName(const CheckInput& input, int file, int number)
 {
     const QString& name = input.state.ZUKarr.at(file, number).Name;
@@ -117,7 +126,8 @@ void checkLevelRecords(const CheckInput& input, Findings& found)
 {
     std::set<std::pair<int, int>> seen;
     eachRecord(input, [&](int file, int number, qint64) {
-        if (number == 0) // a filler
+        // 0 is a filler; a file that the catalogue knows nothing of is the engine's own affair.
+        if (number == 0 || !isListed(input, file))
             return;
         const QString member = levelFileName(file);
         const QString key = u"%1:%2"_s.arg(file).arg(number);

@@ -79,6 +79,8 @@ constexpr std::array commands{
     Command{u"pack", u"DIR OUT", 2, 2, gzipOnly,
             u"the way back; what was not changed comes back byte for byte", runPack},
     Command{u"new", u"OUT", 1, 1, gzipOnly, u"a complete boot screen to start from", runNew},
+    Command{u"upgrade", u"FILE", 1, 1, outOnly,
+            u"gives an older boot screen our engine, and everything that it can show", runUpgrade},
     Command{u"render", u"FILE -o PNG", 1, 1, renderOptions,
             u"the screen as it boots, without a boot", runRender},
     Command{u"boot", u"FILE -o PNG", 1, 1, bootOptions, u"boots it in QEMU and takes the screen",

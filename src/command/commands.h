@@ -19,6 +19,7 @@ Status runPack(CommandRun& run);
 Status runNew(CommandRun& run);
 Status runDiff(CommandRun& run);
 Status runCheck(CommandRun& run);
+Status runUpgrade(CommandRun& run);
 Status runRender(CommandRun& run);
 Status runBoot(CommandRun& run);
 Status runCompare(CommandRun& run);

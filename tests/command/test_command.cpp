@@ -313,6 +313,17 @@ TEST_F(FennelCommand, AScreenIsDrawnWithoutADisplay)
     EXPECT_EQ(QImage(path(u"both.png"_s)).size(), QSize(1600, 600));
 }
 
+TEST_F(FennelCommand, AnOlderScreenIsUpgradedAndKeepsItsPictures)
+{
+    const QString old = debianMessages().first();
+    said({u"upgrade"_s, old, u"-o"_s, path(u"upgraded"_s)});
+    const QByteArray info = said({u"info"_s, path(u"upgraded"_s)});
+    EXPECT_TRUE(info.startsWith("generation  3") && info.contains("engine      FENNEL-GFX"));
+    EXPECT_EQ(memberOf(bytesOf(path(u"upgraded"_s)), u"back.jpg"_s),
+              memberOf(bytesOf(old), u"back.jpg"_s));
+    expectRefused({u"upgrade"_s, path(u"upgraded"_s)}, 2);
+}
+
 TEST_F(FennelCommand, HelpManPageAndCompletionsNameEveryCommand)
 {
     const QByteArray help = said({u"help"_s});
