@@ -4,6 +4,7 @@
 #include "support/test_shell.h"
 #include "tools/boot_once.h"
 #include "tools/boot_stick.h"
+#include "tools/dying_qemu.h"
 
 #include <QTest>
 
@@ -12,31 +13,6 @@ using namespace fennel::test;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// A QEMU whose processor fails with KVM, and that is the real one without it.
-constexpr char diesOfKvm[] = R"(#!/usr/bin/python3
-import json, os, re, socket, sys
-words = " ".join(sys.argv)
-with open(os.environ["TMPDIR"] + "/starts", "a") as log:
-    log.write("kvm " if "-accel kvm" in words else "tcg ")
-if "-accel kvm" not in words:
-    os.execv("/usr/bin/qemu-system-x86_64", sys.argv)
-link = socket.socket(fileno=int(re.search("control,fd=([0-9]+)", words).group(1))).makefile("rw")
-def say(**line):
-    link.write(json.dumps(line) + "\n")
-    link.flush()
-say(QMP={})
-for line in link:
-    say(**{
-    "return":
-    {
-        "status" : "internal-error"
-    }
-    if
-        "query-status" in line else {}})
-    if "capabilities" in line:
-        say(event="STOP")
-)";
 
 class BootTestTest : public testing::Test {
 protected:
@@ -69,10 +45,7 @@ protected:
 TEST_F(BootTestTest, KvmThatDiesIsLeftForTheRunAndATextIsTold)
 {
     qputenv(kvm, "1");
-    shell.script(u"qemu-system-x86_64"_s, {});
-    const QString standIn = shell.file(u"qemu-system-x86_64"_s, diesOfKvm);
-    QFile::setPermissions(standIn, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    qputenv("PATH", folderPart(standIn).toUtf8() + ':' + path);
+    qputenv("PATH", dyingQemu(shell) + ':' + path);
     for (const char* starts : {"kvm tcg ", "kvm tcg tcg "}) {
         const auto result = bootOnce(shell.shell, {.stick = noMessage}, nullptr);
         ASSERT_TRUE(result) << result.failure().text;
