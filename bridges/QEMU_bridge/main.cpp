@@ -98,7 +98,7 @@ int boot(const MachineRequest& request, int log)
         return refuse(log, disk.failure().text);
     parts.disk = *disk;
     parts.bios = biosInForce();
-    parts.kvm = !qEnvironmentVariableIsSet(noKvmVariable) && kvmWorks();
+    parts.kvm = kvmWorks();
     QemuEnd end = runMachine(program, request, parts, log);
     if (end.kvmDied) {
         say(log, kvmDiedLine);

@@ -54,7 +54,7 @@ void BootTest::start(const BootStick& stick, bool mayUseKvm)
     m_clock.start();
     m_shell.WriteLog(u"Boot test"_s);
     m_kvm = mayUseKvm && !m_shell.run.KvmFails;
-    if (m_kvm && !m_limits.kvmWorks()) {
+    if (m_kvm && !kvmWorks()) {
         m_kvm = false;
         m_shell.run.KvmFails = true;
         m_shell.WriteLog(u"      KVM does not work here"_s);

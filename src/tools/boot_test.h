@@ -5,7 +5,6 @@
 #pragma once
 
 #include "tools/boot_machine.h"
-#include "tools/kvm.h"
 #include "tools/screen_watch.h"
 
 #include <QElapsedTimer>
@@ -24,7 +23,6 @@ enum class BootState {
 };
 
 struct BootLimits {
-    bool (*kvmWorks)() = fennel::kvmWorks; // asked until it says no
 
     int patienceMs = 60'000; // until a boot counts as hanging; a busy computer takes its time
     // Until KVM counts as dead: the BIOS has set a mode, the loader has set one for its menu. It

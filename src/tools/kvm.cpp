@@ -3,6 +3,7 @@
 
 #include <array>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <fcntl.h>
@@ -88,6 +89,8 @@ bool countsDown()
 
 bool kvmWorks()
 {
+    if (const char* wish = std::getenv(kvmVariable); wish != nullptr && *wish != '\0')
+        return *wish != '0';
     std::array<int, 2> ends{};
     if (::access("/dev/kvm", R_OK | W_OK) != 0 || ::pipe2(ends.data(), O_CLOEXEC) != 0)
         return false;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/qemu.h"
 
+#include "tools/kvm.h"
+
 #include <QProcess>
 
 #include <algorithm>
@@ -113,7 +115,7 @@ bool QemuRun::launch(qint64& pid)
     environment.insert(QLatin1String(flashLetterVariable),
                        QString(QChar(static_cast<char16_t>(m_shell.run.CurrentFlashChar))));
     if (m_shell.run.KvmFails)
-        environment.insert(QLatin1String(noKvmVariable), u"1"_s);
+        environment.insert(QLatin1String(kvmVariable), u"0"_s);
     process.setProcessEnvironment(environment);
     if (process.startDetached(&pid))
         return true;

@@ -33,8 +33,6 @@ inline const QString qemuRunningLine = QStringLiteral("QEMU is running.");
 inline const QString qemuLogName = QStringLiteral("#QEMU.log");
 // The line behind which it starts again without KVM.
 inline const QString kvmDiedLine = QStringLiteral("KVM failed: again without it.");
-// Set for the bridge once KVM has failed.
-inline constexpr char noKvmVariable[] = "FENNEL_QEMU_NO_KVM";
 // Tells the bridge the letter for the window's name.
 inline constexpr char flashLetterVariable[] = "FENNEL_FLASH_LETTER";
 

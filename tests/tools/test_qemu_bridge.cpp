@@ -4,6 +4,7 @@
 #include "support/bin_folder.h"
 #include "support/machine_tree.h"
 #include "support/run_program.h"
+#include "tools/dying_qemu.h"
 
 #include <QCryptographicHash>
 #include <QStandardPaths>
@@ -127,6 +128,17 @@ TEST_F(QemuBridge, ARequestEndsTheMachineAndAKillTakesItAlong)
     EXPECT_TRUE(killed.waitForFinished(5000));
     ASSERT_GT(machinePid, 0);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !processRuns(machinePid); }, 5000));
+}
+
+TEST_F(QemuBridge, AGuestThatDiesOfKvmStartsAgainWithoutIt)
+{
+    if (QStandardPaths::findExecutable(u"qemu-system-x86_64"_s).isEmpty())
+        GTEST_SKIP() << "qemu-system-x86 is not installed";
+    environment.insert(u"FENNEL_QEMU_KVM"_s, u"1"_s);
+    environment.insert(u"PATH"_s, QString::fromUtf8(dyingQemu(shell) + ':' + qgetenv("PATH")));
+    EXPECT_EQ(run(u"1"_s), 0) << log().toStdString();
+    EXPECT_TRUE(log().contains(u"KVM failed: again without it."_s));
+    EXPECT_EQ(bytesOf(shell.run.WorkspaceRoot + u"starts"_s), "kvm tcg ");
 }
 
 TEST_F(QemuBridge, WhatMustNotBeBootedIsRefused)

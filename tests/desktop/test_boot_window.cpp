@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// Tools, Boot test in the whole window: what is not saved yet is seen booted beside the preview.
+#include "editor/boot/boot_link.h"
+#include "editor/window_fixture.h"
+#include "screen/picture_difference.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+using namespace fennel;
+using namespace fennel::test;
+
+namespace {
+
+class BootWindowTest : public WindowTest {
+protected:
+    BootTest& test() { return window.bootLink().test(); }
+    QWidget& boot() { return find<QWidget>(u"BootWindow"_s); }
+    [[nodiscard]] double differing()
+    {
+        return find<QLabel>(u"BootDifference"_s).text().section(u' ', 0, 0).toDouble();
+    }
+    bool reaches(BootState state)
+    {
+        return QTest::qWaitFor([&] { return test().state() == state; }, 90'000);
+    }
+};
+
+TEST_F(BootWindowTest, ShowsUnsavedEditsKeysAndCancel)
+{
+    if (!findProgram(u"qemu-system-x86_64"_s) || !findProgram(u"syslinux"_s))
+        GTEST_SKIP() << "no QEMU or syslinux";
+    openTemplate(0);
+    const QByteArray saved = bytesOf(shell.run.GfxPath);
+    drag(middleOf(0), middleOf(0) + QPoint(-120, 90));
+    ASSERT_TRUE(window.document().isModified());
+    choose("mnuT_Boot");
+    ASSERT_TRUE(reaches(BootState::Standing)) << test().words().toStdString();
+    // What moves differs, and nothing else; the menu at its old place would be a tenth.
+    EXPECT_LT(differing(), 4);
+    EXPECT_EQ(bytesOf(shell.run.GfxPath), saved);
+    const QImage before = test().picture();
+    QSignalSpy rested(&test(), &BootTest::rested);
+    click(find<QWidget>(u"BootKey_down"_s));
+    ASSERT_TRUE(rested.wait(60'000));
+    EXPECT_GT(differenceOf(before, test().picture(), 0).share, 0.01); // the bar has moved
+    click(find<QPushButton>(u"BootCancel"_s));
+    EXPECT_EQ(test().state(), BootState::None);
+    EXPECT_FALSE(boot().isVisible());
+}
+
+} // namespace
