@@ -14,14 +14,14 @@ namespace {
 constexpr int gzipStream = 15 + 16; // the largest window, and zlib's own header and checksum
 constexpr std::size_t piece = 256U << 10U;
 
-Failure cutShort()
+Failure damagedStream()
 {
     return {FailureKind::Malformed, "a gzip file that is damaged or cut short"};
 }
 
 using Buffer = std::vector<std::uint8_t>;
 
-Failure noMemory()
+Failure noStreamMemory()
 {
     return {FailureKind::NoSpace, "there is not enough memory"};
 }
@@ -97,7 +97,7 @@ bool anotherMember(Stream& stream, Result<std::uint64_t>& trailing)
         return true;
     // The first byte of a further member is a cut file and no stray byte.
     if (!rest.empty() && stream.z()->avail_in == 0) {
-        trailing = cutShort();
+        trailing = damagedStream();
         return false;
     }
     std::uint64_t behind = rest.size();
@@ -138,7 +138,7 @@ Result<void> gzipCompressFile(int in, int out, const std::string& name, std::uin
     Stream stream(in, out, tell);
     if (deflateInit2(stream.z(), Z_BEST_COMPRESSION, Z_DEFLATED, gzipStream, defaultMemory,
                      Z_DEFAULT_STRATEGY) != Z_OK)
-        return noMemory();
+        return noStreamMemory();
     std::string stored = name;
     gz_header header{};
     header.name = reinterpret_cast<Bytef*>(stored.data());
@@ -159,7 +159,7 @@ Result<std::uint64_t> gzipDecompressFile(int in, int out, const TellBytes& tell)
 {
     Stream stream(in, out, tell);
     if (inflateInit2(stream.z(), gzipStream) != Z_OK)
-        return noMemory();
+        return noStreamMemory();
     Result<std::uint64_t> result = std::uint64_t{0};
     for (bool more = true; more;) {
         if (!stream.fill() || !stream.run([&] { return inflate(stream.z(), Z_NO_FLUSH); })) {
@@ -170,7 +170,7 @@ Result<std::uint64_t> gzipDecompressFile(int in, int out, const TellBytes& tell)
         if (stream.code() == Z_STREAM_END) {
             more = anotherMember(stream, result) && restart(stream.z());
         } else if ((stream.code() != Z_OK && stream.code() != Z_BUF_ERROR) || starved) {
-            result = cutShort();
+            result = damagedStream();
             more = false;
         }
     }
