@@ -53,7 +53,7 @@ bool keepText(MainWindow& window)
     return true;
 }
 
-void save(MainWindow& window)
+void saveText(MainWindow& window)
 {
     if (window.rightPanel().editor().textEditMode() && keepText(window))
         CloseEditor(window);
