@@ -138,7 +138,7 @@ void connectTextButtons(MainWindow& window)
                              CloseEditor(window);
                              break;
                          case ValueEditor::SaveText:
-                             saveText(window);
+                             save(window);
                              break;
                          case ValueEditor::ReloadText:
                              reload(window);
