@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/qemu.h"
 
+#include "tools/video_bios.h"
+
 #include <QProcess>
 
 #include <algorithm>
@@ -114,6 +116,7 @@ bool QemuRun::launch(qint64& pid)
                        QString(QChar(static_cast<char16_t>(m_shell.run.CurrentFlashChar))));
     if (m_shell.run.KvmFails)
         environment.insert(QLatin1String(noKvmVariable), u"1"_s);
+    environment.insert(QLatin1String(videoBiosVariable), biosInForce(m_shell.run));
     process.setProcessEnvironment(environment);
     if (process.startDetached(&pid))
         return true;

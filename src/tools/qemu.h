@@ -37,6 +37,8 @@ inline const QString kvmDiedLine = QStringLiteral("KVM failed: again without it.
 inline constexpr char noKvmVariable[] = "FENNEL_QEMU_NO_KVM";
 // Tells the bridge the letter for the window's name.
 inline constexpr char flashLetterVariable[] = "FENNEL_FLASH_LETTER";
+// The path of the video BIOS; without it, the one that lies beside the bridge.
+inline constexpr char videoBiosVariable[] = "FENNEL_VIDEO_BIOS";
 
 class QemuRun : public QObject {
     Q_OBJECT
