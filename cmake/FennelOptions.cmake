@@ -70,13 +70,11 @@ function(fennel_link_static name)
     endif()
 endfunction()
 
-# The compressors are linked as archives, where there are some, so that the bridges can do without
-# dynamic libraries.
+# Named, not by the paths that pkg-config gives: a program without dynamic libraries then takes their
+# archives, where there are some, and any other program the shared ones.
 find_library(FENNEL_DEFLATE_ARCHIVE libdeflate.a)
 find_library(FENNEL_ZLIB_ARCHIVE libz.a)
 if(FENNEL_DEFLATE_ARCHIVE AND FENNEL_ZLIB_ARCHIVE)
-    set_target_properties(PkgConfig::deflate PROPERTIES
-        INTERFACE_LINK_LIBRARIES ${FENNEL_DEFLATE_ARCHIVE})
-    set_target_properties(PkgConfig::zlib PROPERTIES
-        INTERFACE_LINK_LIBRARIES ${FENNEL_ZLIB_ARCHIVE})
+    set_target_properties(PkgConfig::deflate PROPERTIES INTERFACE_LINK_LIBRARIES deflate)
+    set_target_properties(PkgConfig::zlib PROPERTIES INTERFACE_LINK_LIBRARIES z)
 endif()

@@ -1,4 +1,4 @@
-# Sourced by run, test and .ci/run: installs the Debian packages that are missing and builds a preset.
+# Sourced by run, test, package and .ci/run: installs the Debian packages that are missing and builds a preset.
 
 fennel_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
@@ -9,6 +9,7 @@ build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-base-dev-tools
 run_packages="xvfb xauth xdotool openbox imagemagick qemu-system-x86 qemu-system-gui"
 test_packages="cpio fontconfig libarchive-tools p7zip-full gfxboot-themes syslinux syslinux-common mtools
  qemu-system-x86 qemu-system-gui procps imagemagick xvfb openbox xdotool libbenchmark-dev"
+package_packages="lintian appstream desktop-file-utils dpkg-dev fakeroot file"
 check_packages="clang-format clang-tidy git"
 
 as_root() {

@@ -48,6 +48,9 @@ int refuse(int log, const std::string& text)
 
 QString biosInForce()
 {
+    const QString named = qEnvironmentVariable(videoBiosVariable);
+    if (!named.isEmpty())
+        return FileExists(named) ? named : QString();
     // Beside this program, wherever it is called from.
     const QString own = QFileInfo(u"/proc/self/exe"_s).canonicalFilePath();
     const QString bios = folderPart(own) + u"vgabios.bin"_s;

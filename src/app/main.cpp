@@ -3,23 +3,28 @@
 #include "app/single_instance.h"
 #include "app/startup.h"
 #include "base/build_time.h"
+#include "editor/window/file_drop.h"
 #include "editor/window/main_window.h"
 #include "editor/window/qt_prompts.h"
 #include "editor/window/window_progress.h"
 #include "fonts/installed_fonts.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QTimer>
 
 using namespace fennel;
 
 namespace {
 
-// Tells that a copy runs already and brings it to the front.
-void yieldToOther(const SingleInstance& instance, Prompts& prompts)
+// Brings the copy that runs already to the front. It opens the file; without one, or if it does not
+// answer, the user is told why there is no second window.
+void yieldToOther(const SingleInstance& instance, Prompts& prompts, const QString& file)
 {
     // Read first: the token belongs to the user's action that started this copy.
     const QString token = activationToken();
+    if (!file.isEmpty() && sendToInstance(instanceFolder(), {token, file}))
+        return;
     prompts.ShowMessage(QStringLiteral("One copy of %1 is already running").arg(programTitle()),
                         MessageType::Stop, QStringLiteral("ERROR"));
     (void)instance.askOtherToRaise(token);
@@ -43,8 +48,9 @@ int main(int argc, char** argv)
     tools.logTo(log);
     prompts.setPictures([&]() -> PictureTool& { return tools.pictures(run.ToolNConvert); });
     SingleInstance instance;
+    const QString file = fileToOpen(QApplication::arguments().mid(1), QDir::currentPath());
     if (!instance.acquire()) {
-        yieldToOther(instance, prompts);
+        yieldToOther(instance, prompts, file);
         return 0;
     }
     UserStore store;
@@ -62,6 +68,7 @@ int main(int argc, char** argv)
     MainWindow window(workbench);
     prompts.setParent(&window);
     tools.showIn(window.progress());
+    FileDrop drops(window);
     QObject::connect(&instance, &SingleInstance::raiseRequested, &window,
                      [&window](const QString& token) { raiseWindow(window, token); });
     QObject::connect(&instance, &SingleInstance::openRequested, &window,
@@ -74,6 +81,8 @@ int main(int argc, char** argv)
         window.show();
         // The first picture need not wait for the bridge.
         QTimer::singleShot(0, &window, [&] { workbench.shell.pictures().start(); });
+        if (!file.isEmpty())
+            QTimer::singleShot(0, &window, [&] { window.openFromElsewhere(file); });
         result = QApplication::exec();
     }
     // Nothing was asked, and nothing is lost.

@@ -5,8 +5,11 @@
 #include "base/program_paths.h"
 #include "base/settings_file.h"
 #include "base/text.h"
+#include "base/user_folders.h"
 #include "base/workspace_root.h"
 #include "fonts/installed_fonts.h"
+
+#include <QDir>
 
 #include <unistd.h>
 
@@ -55,7 +58,7 @@ void startLog(const Shell& shell, const StartInput& input)
     if (!LoggingOn)
         return;
     // Before anything else is done, so that the log can tell of all that fails.
-    shell.log.start(run.AppPath + QStringLiteral("/FENNEL-GFX.log"));
+    shell.log.start(run.LogPath + QStringLiteral("/FENNEL-GFX.log"));
     const QStringList header = logHeader(systemFacts(), run.BuildTime);
     for (const QString& line : header)
         shell.WriteLog(line);
@@ -67,20 +70,23 @@ void languageFromSettings(const Shell& shell)
 {
     RunState& run = shell.run;
     const QString key = QStringLiteral("Default Language");
+    // A home that cannot be written to has no settings, and that is no failure.
+    if (run.Installed && !FileExists(settingsFile(run)))
+        return;
     const QString language = IniRead(shell, key);
     if (!language.isEmpty()) {
         run.CurrentLang = language;
         return;
     }
     const auto decimal = static_cast<qint64>(leadingNumber(run.CurrentLang));
-    note(shell, IniAppendLine(shell, settingsFile(run.AppPath),
-                              key + QLatin1Char('=') + upperHex(decimal)));
+    note(shell,
+         IniAppendLine(shell, settingsFile(run), key + QLatin1Char('=') + upperHex(decimal)));
 }
 
 void setLanguage(const Shell& shell, UserStore& store, const StartInput& input)
 {
     RunState& run = shell.run;
-    if (!FileExists(settingsFile(run.AppPath))) {
+    if (!FileExists(settingsFile(run))) {
         // Listing the fonts takes long, so a later start does without.
         const QString font = firstRunFontName(input.fontList ? input.fontList() : QString());
         // A program folder that is write-protected shows here; settingsFileThere() ends the run
@@ -135,6 +141,11 @@ NextStep Form_Initialize(const Shell& shell, UserStore& store, const StartInput&
     RunState& run = shell.run;
     // Everything below is found relative to it.
     run.AppPath = shortForm(input.executableFolder);
+    setUserFolders(run);
+    if (run.Installed) {
+        note(shell, shell.files.makeFolder(run.SettingsPath));
+        note(shell, shell.files.makeFolder(run.LogPath));
+    }
     startLog(shell, input);
     run.CurrentLang = storedLanguage(store);
     shell.WriteLog({});
@@ -144,7 +155,7 @@ NextStep Form_Initialize(const Shell& shell, UserStore& store, const StartInput&
     if (needTools(shell) == NextStep::EndProcess)
         return NextStep::EndProcess;
     // For people's own notes; nothing is written into it.
-    const QString LogsPath = run.AppPath + QStringLiteral("/LOGs/");
+    const QString LogsPath = run.LogPath + QStringLiteral("/LOGs/");
     note(shell, shell.files.makeFolder(LogsPath));
     shell.WriteLog(QStringLiteral("Form_Initialize End"));
     return NextStep::GoOn;
@@ -159,6 +170,16 @@ void resetRun(RunState& run)
     run.GfxIsGz = false;
     run.CurrentFlashChar = noFlash;
     run.PreviewScale = 1.0;
+}
+
+QString fileToOpen(const QStringList& words, const QString& folder)
+{
+    const qsizetype end = words.indexOf(QStringLiteral("--"));
+    for (qsizetype i = 0; i < words.size(); ++i) {
+        if (i != end && (!words[i].startsWith(QLatin1Char('-')) || (end >= 0 && i > end)))
+            return QDir::cleanPath(QDir(folder).absoluteFilePath(words[i]));
+    }
+    return {};
 }
 
 QStringList workspaceRootNames()

@@ -26,6 +26,9 @@ NextStep Form_Initialize(const Shell& shell, UserStore& store, const StartInput&
 
 // True if the first word, in any case, is "-logfile". Words are what blanks separate.
 bool wantsLog(const QStringList& words);
+// The message file that the command line names: its first word that is no switch, or the first
+// behind "--". A relative path is one of the folder. Empty if there is none.
+QString fileToOpen(const QStringList& words, const QString& folder);
 // The language code under `DefaultLang`, in upper-case hexadecimal without leading zeros; "0409",
 // which is then stored, if there is none or it is no number above zero.
 QString storedLanguage(UserStore& store);

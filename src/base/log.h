@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The log file beside the executable, written only on request (switch "-logfile").
+// The log file, beside the executable or in the user's folder, written only on request (switch
+// "-logfile").
 #pragma once
 
 #include <QString>

@@ -26,6 +26,11 @@ struct FileMark {
 struct RunState {
     QString AppPath;   // folder of the executable, no separator at the end
     QString ToolsPath; // AppPath + "/Tools/"
+    // Folders of the settings file with the chosen video BIOS, and of the log, no separator at the
+    // end. Empty or AppPath, unless the program is installed.
+    QString SettingsPath;
+    QString LogPath;
+    bool Installed = false; // AppPath is nobody's to write
     QString ToolNConvert;
     QString ToolCpio;
     QString ToolQemu;

@@ -39,6 +39,11 @@ QString settingsFile(const QString& folder)
     return others.isEmpty() ? usual : withSeparator(folder) + others.first();
 }
 
+QString settingsFile(const RunState& run)
+{
+    return settingsFile(run.SettingsPath.isEmpty() ? run.AppPath : run.SettingsPath);
+}
+
 QString iniValue(const QString& text, const QString& key)
 {
     // "|" ends a line like a line end does, so no value can hold one.
@@ -56,7 +61,7 @@ QString iniValue(const QString& text, const QString& key)
 
 QString IniRead(const Shell& shell, const QString& key, const QString& file)
 {
-    const QString path = file.isEmpty() ? settingsFile(shell.run.AppPath) : file;
+    const QString path = file.isEmpty() ? settingsFile(shell.run) : file;
     if (!FileExists(path)) {
         shell.prompts.ShowMessage(QStringLiteral("File not found: ") + path);
         return {};
@@ -92,7 +97,7 @@ Result<void> createSettingsFile(const Shell& shell, const QString& fontName,
                              .arg(fontName, language);
     // A font's name may need more than the 8-bit code page has.
     const bool utf8 = fromCp1251(toCp1251(text)) != text;
-    const QString path = settingsFile(shell.run.AppPath);
+    const QString path = settingsFile(shell.run);
     Result<void> written = shell.files.write(path, encodeText(text, utf8));
     if (!written)
         // Half a file would count as existing settings at the next start, and its missing keys
@@ -105,7 +110,7 @@ Result<void> createSettingsFile(const Shell& shell, const QString& fontName,
 // could not.
 NextStep settingsFileThere(const Shell& shell)
 {
-    if (FileExists(settingsFile(shell.run.AppPath)))
+    if (shell.run.Installed || FileExists(settingsFile(shell.run)))
         return NextStep::GoOn;
     shell.prompts.ShowMessage(QStringLiteral("Is Not Admin"));
     return NextStep::EndProcess;

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The settings file beside the executable, and the reader of every other file of "key=value" lines:
-// plain text in code page 1251 or UTF-8 with a mark, no sections, lines ended by CR LF. Keys are
-// matched without regard to case, blanks and tabs; the first fitting line wins. A value ends at a
+// The settings file, beside the executable or the user's own, and the reader of every other file of
+// "key=value" lines: plain text in code page 1251 or UTF-8 with a mark, no sections, lines ended by
+// CR LF. Keys are matched without regard to case, blanks and tabs; the first fitting line wins. A
+// value ends at a
 // "|" or at the line's end.
 #pragma once
 
@@ -12,6 +13,8 @@ namespace fennel {
 // Path of "FENNEL.ini" in the folder. It is one file in whatever case somebody spelled it: one that
 // is there under another case is that file.
 QString settingsFile(const QString& folder);
+// That of the run: in SettingsPath, or in AppPath as long as no folder of its own is set.
+QString settingsFile(const RunState& run);
 
 // The trimmed value of a key in the text of such a file; empty if no line has the key.
 QString iniValue(const QString& text, const QString& key);
@@ -32,7 +35,8 @@ Result<void> createSettingsFile(const Shell& shell, const QString& fontName,
 
 enum class NextStep { GoOn, EndProcess };
 
-// Without the settings file, which the first run could not write, it shows "Is Not Admin".
+// Without the settings file, which the first run could not write, it shows "Is Not Admin". An
+// installed program does without: its defaults count where a home cannot be written to.
 NextStep settingsFileThere(const Shell& shell);
 
 } // namespace fennel

@@ -3,6 +3,7 @@
 
 #include "base/failure_kind.h"
 #include "base/files.h"
+#include "base/user_folders.h"
 #include "container/cpio.h"
 #include "container/member_table.h"
 
@@ -151,10 +152,7 @@ Result<QByteArray> readBase(const QString& folder, const std::optional<JournalVa
 
 QString unsavedRoot()
 {
-    const QString named = qEnvironmentVariable("XDG_STATE_HOME");
-    const QString state =
-        QDir::isAbsolutePath(named) ? named : QDir::homePath() + u"/.local/state"_s;
-    return withSeparator(state) + u"fennel-gfx/unsaved/"_s;
+    return stateHome() + u"fennel-gfx/unsaved/"_s;
 }
 
 Result<JournalFolder> JournalFolder::make(const QString& root)

@@ -168,7 +168,7 @@ QString firstRunFontName(const QString& fontList)
 
 QString DefaultFontName(const Shell& shell, const QString& fontList)
 {
-    if (FileExists(settingsFile(shell.run.AppPath))) {
+    if (FileExists(settingsFile(shell.run))) {
         // An empty value occurs in every list and is therefore taken as it is.
         QString name = IniRead(shell, QStringLiteral("Default Font Name"));
         if (!fontList.isEmpty() && fontList.contains(name))

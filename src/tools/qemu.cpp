@@ -2,6 +2,7 @@
 #include "tools/qemu.h"
 
 #include "tools/kvm.h"
+#include "tools/video_bios.h"
 
 #include <QProcess>
 
@@ -116,6 +117,7 @@ bool QemuRun::launch(qint64& pid)
                        QString(QChar(static_cast<char16_t>(m_shell.run.CurrentFlashChar))));
     if (m_shell.run.KvmFails)
         environment.insert(QLatin1String(kvmVariable), u"0"_s);
+    environment.insert(QLatin1String(videoBiosVariable), biosInForce(m_shell.run));
     process.setProcessEnvironment(environment);
     if (process.startDetached(&pid))
         return true;

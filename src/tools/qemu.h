@@ -35,6 +35,8 @@ inline const QString qemuLogName = QStringLiteral("#QEMU.log");
 inline const QString kvmDiedLine = QStringLiteral("KVM failed: again without it.");
 // Tells the bridge the letter for the window's name.
 inline constexpr char flashLetterVariable[] = "FENNEL_FLASH_LETTER";
+// The path of the video BIOS; without it, the one that lies beside the bridge.
+inline constexpr char videoBiosVariable[] = "FENNEL_VIDEO_BIOS";
 
 class QemuRun : public QObject {
     Q_OBJECT

@@ -27,6 +27,13 @@ QString inBiosFolder(const RunState& run, const QString& name)
     return run.ToolsPath + u"QEMU/"_s + name;
 }
 
+// Where a choice is kept.
+QString chosenBios(const RunState& run)
+{
+    const QString name = u"vgabios.bin"_s;
+    return run.Installed ? withSeparator(run.SettingsPath) + name : inBiosFolder(run, name);
+}
+
 } // namespace
 
 const char* biosMenuItem(VideoBios bios)
@@ -41,7 +48,8 @@ QString biosFile(const RunState& run, VideoBios bios)
 
 QString biosInForce(const RunState& run)
 {
-    return inBiosFolder(run, u"vgabios.bin"_s);
+    const QString own = chosenBios(run);
+    return FileExists(own) ? own : inBiosFolder(run, u"vgabios.bin"_s);
 }
 
 BiosStates biosStates(const RunState& run)
@@ -64,7 +72,7 @@ void chooseBios(const Shell& shell, VideoBios bios, BiosStates& states)
     if (states[index(bios)].checked)
         return;
     // The check marks follow only if the file is in place.
-    if (!shell.told(shell.files.replaceWhole(biosFile(shell.run, bios), biosInForce(shell.run))))
+    if (!shell.told(shell.files.replaceWhole(biosFile(shell.run, bios), chosenBios(shell.run))))
         return;
     for (BiosState& state : states)
         state.checked = false;

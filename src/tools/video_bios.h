@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The video BIOS of the boot test: three files in the folder of the QEMU bridge, one of which lies
-// copied as the one that QEMU loads. Which one that is, is told by its length alone.
+// copied as the one that QEMU loads, or in the user's folder. Which one that is, is told by its
+// length alone.
 #pragma once
 
 #include "base/shell_context.h"
@@ -19,9 +20,10 @@ using BiosStates = std::array<BiosState, 3>; // by VideoBios
 
 // Name of the menu item.
 const char* biosMenuItem(VideoBios bios);
-// Full path of the file; of the one in force.
+// Full path of the file.
 QString biosFile(const RunState& run, VideoBios bios);
-// Overwritten by chooseBios(); may be missing.
+// Of the one in force; may be missing. Installed, it is the user's own choice, or else the one that
+// lies beside the bridge.
 QString biosInForce(const RunState& run);
 
 // As the files are now; asked at the start of the program.

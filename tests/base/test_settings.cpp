@@ -40,19 +40,6 @@ TEST(IniFile, AppendsALineOfItsOwn)
     EXPECT_EQ(bytesOf(ended), "a=1\r\nb=\xEF\r\n");
 }
 
-TEST(Fonts, SystemListHoldsTrueTypeOutlinesOnly)
-{
-    const auto fonts = installedFonts();
-    ASSERT_FALSE(fonts.empty());
-    for (const InstalledFont& font : fonts) {
-        EXPECT_FALSE(font.family.isEmpty());
-        const QByteArray start = bytesOf(font.path).left(4);
-        // sfnt versions of TrueType outlines, and of a collection.
-        EXPECT_TRUE(start == QByteArray("\0\1\0\0", 4) || start == "true" || start == "ttcf")
-            << font.path.toStdString();
-    }
-}
-
 TEST(Fonts, DefaultComesFromTheSettingsFileIfItIsInstalled)
 {
     TestShell t;

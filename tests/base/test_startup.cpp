@@ -4,6 +4,7 @@
 #include "base/workspace_root.h"
 #include "support/test_shell.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -78,17 +79,6 @@ TEST_F(Start, LanguageComesFromTheFileThenFromTheStore)
     EXPECT_EQ(ini(), "Default Language=\r\nDefault Language=199\r\n");
 }
 
-TEST_F(Start, StoredLanguageIsAnyHexadecimalText)
-{
-    const std::pair<QString, QString> cases[] = {
-        {u" 0419 "_s, u"419"_s}, {u"40c"_s, u"40C"_s}, {u"none"_s, u"0409"_s}};
-    for (const auto& [text, language] : cases) {
-        store.save(langsSection, u"DefaultLang"_s, text);
-        EXPECT_EQ(storedLanguage(store), language) << text.toStdString();
-    }
-    EXPECT_EQ(stored(), u"0409"_s);
-}
-
 TEST_F(Start, OnlyTheFirstWordSwitchesTheLogOn)
 {
     EXPECT_TRUE(wantsLog({u"-LOGFILE"_s, u"more"_s}));
@@ -133,6 +123,39 @@ TEST_F(Start, FolderThatCannotBeWrittenEndsTheRunWithoutACrash)
     t.prompts.expectMessage(u"Is Not Admin"_s);
     EXPECT_EQ(settingsFileThere(t.shell), NextStep::EndProcess);
     EXPECT_EQ(t.prompts.titles.last(), QString());
+}
+
+// Neither folder can be made: the run has its defaults and goes on.
+TEST_F(Start, AnInstalledProgramWritesToItsUsersFoldersOnly)
+{
+    t.file(u"bin/installed"_s, "x");
+    input.words = QStringList{u"-logfile"_s};
+    const QByteArray config = qgetenv("XDG_CONFIG_HOME");
+    const QByteArray state = qgetenv("XDG_STATE_HOME");
+    for (const QString& home : {t.path(u"home"_s), t.file(u"no folder"_s, "x")}) {
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(home + u"/config"_s));
+        qputenv("XDG_STATE_HOME", QFile::encodeName(home + u"/state"_s));
+        EXPECT_EQ(start(), NextStep::GoOn);
+        EXPECT_EQ(t.run.CurrentLang, u"0409"_s);
+        EXPECT_EQ(settingsFileThere(t.shell), NextStep::GoOn);
+        EXPECT_EQ(QDir(t.path(u"bin"_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                  (QStringList{u"installed"_s, u"Tools"_s}));
+    }
+    EXPECT_TRUE(FileExists(t.path(u"home/config/FENNEL-GFX/FENNEL.ini"_s)));
+    EXPECT_TRUE(FileExists(t.path(u"home/state/fennel-gfx/FENNEL-GFX.log"_s)));
+    qputenv("XDG_CONFIG_HOME", config);
+    qputenv("XDG_STATE_HOME", state);
+}
+
+TEST(FileToOpen, IsTheFirstWordThatIsNoSwitch)
+{
+    const std::pair<QStringList, QString> cases[] = {
+        {{u"-logfile"_s, u"a b/../message"_s, u"other"_s}, u"/home/message"_s},
+        {{u"/boot/message"_s}, u"/boot/message"_s},
+        {{u"-x"_s, u"--"_s, u"-y"_s}, u"/home/-y"_s},
+        {{u"-logfile"_s}, QString()}};
+    for (const auto& [words, path] : cases)
+        EXPECT_EQ(fileToOpen(words, u"/home"_s), path);
 }
 
 TEST_F(Start, RootOfACrashedRunIsFoundAgainAndGoesWithACleanEnd)

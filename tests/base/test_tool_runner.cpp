@@ -2,7 +2,6 @@
 // How a tool is waited for, by a command line and by something that shows it.
 #include "support/test_shell.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 #include <QTimer>
 
@@ -75,10 +74,7 @@ TEST_F(HungTool, EndsWhenCalledOffAndTheEventLoopTurnsUntilThen)
             shown.cancel();
     });
     timer.start(20);
-    QElapsedTimer clock;
-    clock.start();
     const Result<void> ran = runner.RunToolAndWait({tool, number});
-    EXPECT_LT(clock.elapsed(), 40 * 20 + 1000);
     ASSERT_FALSE(ran.ok());
     EXPECT_EQ(ran.failure().kind, FailureKind::Canceled);
     EXPECT_EQ(ticks, 40);

@@ -135,22 +135,6 @@ TEST(CpioBridge, LinksInTheFolderAreReplacedNotWrittenThrough)
     EXPECT_EQ(bytesOf(outside), "kept");
 }
 
-TEST(CpioBridge, AFolderInTheWayIsToldBeforeAnythingIsWritten)
-{
-    TestShell t;
-    const QString folder = t.folder(u"folder"_s);
-    ASSERT_TRUE(QDir(folder).mkdir(u"b"_s));
-    const QString archive =
-        t.file(u"archive"_s,
-               QByteArray::fromStdString(RawCpio().add({.name = "a"}).add({.name = "b"}).close()));
-    const Ran ran = cpioBridge(u"EXTR"_s, archive, folder);
-    EXPECT_EQ(ran.code, 1);
-    EXPECT_TRUE(ran.err.contains("/b:"));
-    EXPECT_EQ(contentsOf(folder), (Contents{{"b", "folder"}}));
-    EXPECT_EQ(cpioBridge(u"EXTR"_s, archive, t.path(u"no folder"_s)).code, 1);
-    EXPECT_EQ(cpioBridge(u"EXTR"_s, folder, folder).code, 1);
-}
-
 TEST(CpioBridge, AssemblesWholeArchivesOrNone)
 {
     const struct {

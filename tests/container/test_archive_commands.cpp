@@ -146,19 +146,6 @@ TEST_F(ArchiveCommands, AKeptProposalStaysInTheWorkspaceAndIsTold)
     EXPECT_FALSE(FileExists(folder + u"MESS"_s));
 }
 
-TEST_F(ArchiveCommands, AssembleTellsWhatFails)
-{
-    // A list that names what is not there; an old result must not count as the new one.
-    put(u"#.lst"_s, "gone.txt\r\n");
-    ASSERT_TRUE(DiskFiles().write(shell.run.WorkspaceRoot + assembledName, "old").ok());
-    shell.prompts.expectFolder(folder);
-    shell.prompts.expectMessage(u"CPIO Error"_s);
-    mnuEdit_Assemble(shell.shell);
-    shell.run.ToolCpio = u"/none"_s;
-    shell.prompts.expectMessage(u"/none not found!"_s);
-    mnuEdit_Assemble(shell.shell);
-}
-
 class GzipCommands : public ArchiveCommands {
 protected:
     QString packed(const QString& name, const QByteArray& bytes)

@@ -86,21 +86,6 @@ TEST_F(Save, WritesTheMembersOfTheListInItsOrderPlainOrGzipped)
     EXPECT_TRUE(t.prompts.texts.isEmpty());
 }
 
-TEST_F(Save, WhatIsMissingIsToldBeforeAnythingIsWritten)
-{
-    int calls = 0;
-    const auto count = [&calls] { return ++calls > 0; };
-    t.run.ToolCpio = t.path(u"gone"_s);
-    t.prompts.expectMessage(t.run.ToolCpio + u" not found!"_s);
-    EXPECT_FALSE(GfxSave(t.shell, count));
-    t.run.ToolCpio = t.script(u"tool"_s, "exit 0");
-    ASSERT_TRUE(t.files.remove(t.run.Workspace + u"#.lst"_s).ok());
-    t.prompts.expectMessage(u"Gfxboot info is lost!"_s);
-    EXPECT_FALSE(GfxSave(t.shell, count));
-    EXPECT_EQ(calls, 0);
-    EXPECT_EQ(bytesOf(t.run.GfxPath).toStdString(), m_plain);
-}
-
 TEST_F(Save, AMemberThatIsGoneIsNamedAndTheOldFileStays)
 {
     ASSERT_TRUE(t.files.remove(t.run.Workspace + u"note"_s).ok());
@@ -124,21 +109,6 @@ TEST_F(Save, LinksAndPermissionsOfTheOldFileStay)
     struct stat info = {};
     ASSERT_EQ(::stat(QFile::encodeName(real).constData(), &info), 0);
     EXPECT_EQ(info.st_mode & 0777U, 0640U);
-}
-
-TEST_F(Save, PlacesThatTakeNoFileAreTold)
-{
-    const QString before = t.run.GfxPath;
-    ASSERT_TRUE(t.files.makeFolder(t.path(u"boot/taken"_s)).ok());
-    for (const QString& name : {u"boot/taken"_s, u"nowhere/message"_s}) {
-        const OpenState state(t.run);
-        t.prompts.expectSave(t.path(name));
-        expectQuestion(Answer::No);
-        t.prompts.expectMessage(u"was not saved"_s);
-        EXPECT_FALSE(GfxSaveAs(t.shell, written)) << name.toStdString();
-        EXPECT_TRUE(OpenState(t.run) == state);
-    }
-    EXPECT_EQ(bytesOf(before).toStdString(), m_plain);
 }
 
 TEST_F(Save, ACopyHasItsOwnNameFolderAndCompression)

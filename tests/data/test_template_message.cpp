@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QImage>
-
 using namespace fennel::test;
 using namespace Qt::StringLiterals;
 
@@ -17,26 +15,7 @@ QByteArray dataFile(const QString& name)
     return fileBytes(fennel::test::binFolder() + QStringLiteral("/data/") + name);
 }
 
-QSize pictureSize(const TemplateParts& parts, const QString& name)
-{
-    return QImage::fromData(parts.members[name], "jpeg").size();
-}
-
 } // namespace
-
-TEST(TemplateMessage, HoldsItsMembersInOrderInsideGzip)
-{
-    const TemplateParts parts = templateParts();
-    EXPECT_EQ(parts.order.join(u' '),
-              u"init 16x16.fnt ZUK0001.CFG ZUK0000.CFG ZUK0002.CFG ZUK0003.CFG ZUK0004.CFG "
-              "ZUK0005.CFG ZUK0006.CFG ZUK0007.CFG ZUK0008.CFG ZUK0015.CFG back.jpg Logo_msk.jpg "
-              "ZUK_Read.txt RLineDef.txt Logo_00.jpg glass_02.jpg ani_03.jpg ani_03_msk.jpg"_s);
-    // Magic, deflate, flag FNAME; the name stands behind ten bytes of header.
-    EXPECT_TRUE(parts.gzip.startsWith("\x1f\x8b\x08\x08"));
-    EXPECT_EQ(parts.gzip.mid(10, 9), QByteArray("#message\0", 9));
-    EXPECT_EQ(parts.archive.size() % 512, 0);
-    EXPECT_EQ(parts.archive.left(4).toHex(), "c771ed1e") << "device 7917";
-}
 
 TEST(TemplateMessage, UpgradeFilesAreTheMembersWithZeroBytesBehind)
 {
@@ -73,13 +52,4 @@ TEST(TemplateMessage, EveryPictureIsAJpegThatBoots)
             << fennel::checkBootable(*head).failure().text;
         EXPECT_FALSE(head->metadata);
     }
-}
-
-TEST(TemplateMessage, PicturesAndTheirMasksHaveTheSizesOfTheirObjects)
-{
-    const TemplateParts parts = templateParts();
-    EXPECT_EQ(pictureSize(parts, u"back.jpg"_s), QSize(800, 600));
-    EXPECT_EQ(pictureSize(parts, u"Logo_00.jpg"_s), pictureSize(parts, u"Logo_msk.jpg"_s));
-    EXPECT_EQ(pictureSize(parts, u"ani_03.jpg"_s), pictureSize(parts, u"ani_03_msk.jpg"_s));
-    EXPECT_EQ(pictureSize(parts, u"glass_02.jpg"_s), QSize(100, 30));
 }

@@ -226,23 +226,3 @@ TEST_F(Open, TheSameNameHoldsTheMembersOfTheNewArchiveAlone)
     ASSERT_TRUE(t.files.makeFolder(t.path(u"other"_s)).ok());
     expectRefused(file(u"other/good"_s, smallMessage().open()), u"other/good"_s);
 }
-
-TEST_F(Open, AToolThatIsMissingIsTold)
-{
-    openGood();
-    const QString plain = file(u"plain"_s, smallMessage().close());
-    const QString sevenZip = t.run.Tool7Zip;
-    const OpenState before(t.run);
-    const auto tryOpen = [&](const QString& path) { return m_bench.open(path); };
-    t.run.Tool7Zip = t.path(u"gone"_s); // a plain file opens all the same
-    t.prompts.expectMessage(t.run.Tool7Zip + u" not found!"_s);
-    EXPECT_TRUE(tryOpen(t.path(u"good"_s)));
-    t.run.Tool7Zip = sevenZip;
-    t.run.ToolCpio = t.path(u"gone"_s); // what was extracted before still serves
-    t.prompts.expectMessage(t.run.ToolCpio + u" not found!"_s);
-    EXPECT_TRUE(tryOpen(t.path(u"good"_s)));
-    t.prompts.expectMessage(t.run.ToolCpio + u" not found!"_s);
-    t.prompts.expectMessage(failureText);
-    EXPECT_FALSE(tryOpen(plain));
-    EXPECT_TRUE(OpenState(t.run) == before);
-}

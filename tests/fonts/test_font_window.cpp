@@ -103,27 +103,6 @@ TEST_F(FontWindowTest, TogglesWhatLiesAboveTheFixedCharacters)
     EXPECT_EQ(ranges(), u"0x20-0x7E 0xA1 0x410-0x451"_s);
 }
 
-TEST_F(FontWindowTest, FindsPagesByBlockWheelAndKeys)
-{
-    auto* blocks = part<QComboBox>(u"ComboSets"_s);
-    const int cyrillic = blocks->findText(u"U+0400 - U+04FF: Cyrillic"_s);
-    ASSERT_GE(cyrillic, 0);
-    blocks->setCurrentIndex(cyrillic);
-    Q_EMIT blocks->activated(cyrillic);
-    EXPECT_EQ(pages()->value(), 4);
-    QTest::keyClick(grid(), Qt::Key_PageDown);
-    EXPECT_EQ(pages()->value(), 5);
-    QTest::keyClick(grid(), Qt::Key_PageUp);
-    QWheelEvent wheel(QPointF(5, 5), grid()->mapToGlobal(QPointF(5, 5)), {}, {0, -240}, {}, {},
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(grid(), &wheel);
-    EXPECT_EQ(pages()->value(), 6);
-    pages()->setValue(0xFF);
-    QTest::keyClick(grid(), Qt::Key_PageDown);
-    EXPECT_EQ(part<QGroupBox>(u"FrameUNICODE"_s)->title(),
-              u"Unicode Characters Page: U+FF00 - U+FFFF"_s);
-}
-
 TEST_F(FontWindowTest, KeysMoveOverTheCellsAndToggle)
 {
     pages()->setValue(4);

@@ -186,12 +186,3 @@ TEST_F(Bridge, RefusesWhatIsNoOutlineFont)
     expectNoFont(u"NoSuchFont"_s, "no font file NoSuchFont");
     expectNoFont({}, "no font file");
 }
-
-TEST_F(Bridge, LeavesNothingWhenTheOutputCannotBeWritten)
-{
-    output = shell.path(u"no folder/out.fnt"_s);
-    const Ran run = makeOf(u"0x41"_s);
-    EXPECT_EQ(run.code, 1);
-    EXPECT_TRUE(run.err.contains("Cannot write") && run.err.contains("No such file"))
-        << run.err.constData();
-}

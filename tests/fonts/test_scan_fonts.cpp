@@ -128,30 +128,6 @@ TEST_F(FontScan, SurvivesEveryShortFile)
     EXPECT_TRUE(far.message.startsWith(u"Position in set =3\n"_s));
 }
 
-TEST_F(FontScan, AClickShowsTheBitsOfAGlyph)
-{
-    const QByteArray file = referenceFont("TAG");
-    shell.member(u"16x16.fnt"_s, file);
-    scan(u"16x16.fnt"_s, fillInspection);
-    const CharacterView blank = clickOnCharacter(fonts.inspection, shell.run, 3);
-    EXPECT_EQ(blank.message, u"Position in set =3\n"_s + fonts.inspection.List1[3] +
-                                 u"\n\nChr bitmap representation:\n0C008000"_s);
-    ASSERT_TRUE(blank.glyph);
-    EXPECT_EQ(blank.glyph->advance, 4);
-    EXPECT_EQ(blank.header.fontHeight, 23);
-    const CharacterView last = clickOnCharacter(fonts.inspection, shell.run, 177);
-    EXPECT_TRUE(last.message.endsWith(u"544147"_s)) << last.message.toStdString();
-    for (const int row : {-1, 0, 1, 2, 178}) {
-        const CharacterView none = clickOnCharacter(fonts.inspection, shell.run, row);
-        EXPECT_TRUE(none.message.endsWith(u"representation:\n---"_s)) << row;
-        EXPECT_FALSE(none.glyph);
-    }
-    ASSERT_TRUE(shell.files.remove(shell.run.Workspace + u"16x16.fnt"_s).ok());
-    const CharacterView gone = clickOnCharacter(fonts.inspection, shell.run, 3);
-    EXPECT_TRUE(gone.message.endsWith(u"\n00000000"_s));
-    EXPECT_FALSE(gone.glyph);
-}
-
 TEST(FontTag, SaysHowTheFontWasMade)
 {
     FontChoice choice{u"Ta|ho\tma"_s, true, true, 14.5, {}, 4, -1, 2};

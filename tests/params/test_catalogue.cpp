@@ -2,6 +2,7 @@
 #include "params/catalogue.h"
 
 #include "base/text.h"
+#include "container/template.h"
 #include "support/bin_folder.h"
 #include "support/test_shell.h"
 
@@ -106,6 +107,8 @@ TEST(Catalogue, ShipsTheSameParametersInBothLanguages)
 
 TEST(Catalogue, TellsWhatItCannotRead)
 {
+    EXPECT_EQ(CatalogueLanguage(u"0419"_s), u"0419"_s);
+    EXPECT_EQ(CatalogueLanguage(u"0199"_s), u"0409"_s);
     TestShell shell;
     ZUKarr table;
     shell.prompts.expectMessage(u"0409_SETTINGS"_s);

@@ -101,15 +101,6 @@ TEST(CfgRows, OffersWhatTheEngineKnowsAndTheFileDoesNotName)
     EXPECT_EQ(rowsOf(all, engine).size(), 30);
 }
 
-TEST(CfgWrite, TidiesEarlierLinesOncePerLaterRow)
-{
-    const auto tidied = [](const QString& text) { return cfgTextFrom(*cfgLinesFrom(text, {})); };
-    // Eight "#" are left of "#<tab><tab># ########" by the first two steps; then each row halves.
-    EXPECT_EQ(tidied(u"########"_s), u"####"_s);
-    EXPECT_EQ(tidied(u"########\na"_s), u"##\r\n# a"_s);
-    EXPECT_EQ(tidied(u"########\na\nb\nc"_s), u"#\r\n# a\r\n# b\r\n# c"_s);
-}
-
 TEST(CfgKept, ChangesWhatWasEditedAndNothingElse)
 {
     const QByteArray bytes =

@@ -38,18 +38,6 @@ TEST_F(ObjectTable, ListsWhatTheCatalogueKnows)
     EXPECT_EQ(unlisted, QStringList({u"1:1"_s, u"1:99"_s}));
 }
 
-TEST_F(ObjectTable, GivesSparklesByTheirCount)
-{
-    for (const auto& [count, tabs] : {std::pair{-1, 0}, {0, 0}, {2, 2}, {16777215, 8}}) {
-        set(1, 1, count);
-        BuildPanels(shell.shell, state);
-        int enabled = 0;
-        for (int row = 11; row <= 18; ++row)
-            enabled += panel(row).Enabled ? 1 : 0;
-        EXPECT_EQ(enabled, tabs) << count;
-    }
-}
-
 TEST_F(ObjectTable, TellsOfALogoWithoutSize)
 {
     for (const QByteArray& bytes : {QByteArray(), QByteArray("no picture at all")}) {

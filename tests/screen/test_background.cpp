@@ -147,21 +147,6 @@ TEST_F(BackgroundTest, ScalesBeyondTheLimitRunNoTool)
     EXPECT_TRUE(resizes.isEmpty());
 }
 
-TEST_F(BackgroundTest, MenuOfScales)
-{
-    useBack(u"back.jpg"_s, encoded({800, 600}, "JPG"));
-    mnuView_scale(stage, 50);
-    EXPECT_EQ(resizes, QStringList(u"400x300 %1 %2"_s.arg(run().BackFile, scaled())));
-    EXPECT_EQ(stage.pictureSize(), QSize(400, 300));
-    EXPECT_EQ(stage.panel(0).rect, QRect(126, 85, 274, 82)) << "to the right edge";
-    EXPECT_TRUE(host.calls.contains(u"scaled"_s));
-    shell.prompts.expectMessage(u"Minimal size is 400x300"_s);
-    mnuView_scale(stage, 33);
-    EXPECT_EQ(run().PreviewScale, 0.5);
-    mnuView_scale1(stage);
-    EXPECT_EQ(run().PreviewScale, 1.0);
-}
-
 TEST_F(BackgroundTest, CustomScale)
 {
     useBack(u"back.jpg"_s, encoded({800, 600}, "JPG"));

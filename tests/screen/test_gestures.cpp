@@ -240,29 +240,6 @@ TEST_F(StageTest, WhatIsSwitchedOffComesBackOnlyWithItsTab)
     EXPECT_TRUE(stage.panel(5).visible);
 }
 
-TEST_F(StageTest, WhatIsLargerThanThePictureEndsWhereItsRecordSays)
-{
-    openZuk();
-    setPlace(22, 0, 10, 300, 700);
-    stage.RefreshPanels();
-    stage.ActivatePanel(22);
-    drag({100, 100}, {100, 300});
-    EXPECT_EQ(rec(22).Top, 0);
-    EXPECT_EQ(stage.panel(22).rect, QRect(0, 0, 300, 700));
-    setPlace(22, 0, -5, 300, 40); // as it was typed
-    stage.RefreshPanels();
-    mouse.press(left({100, 20}));
-    mouse.release(up({100, 20}));
-    EXPECT_EQ(rec(22).Top, -5);
-    EXPECT_EQ(stage.panel(22).rect.y(), -5);
-    fonts[0].Size = 5000;
-    openOld(2);
-    stage.ActivatePanel(0);
-    drag(stage.marker().center(), stage.marker().center() + QPoint(0, 30));
-    EXPECT_EQ(rec(0).Height, 600);
-    EXPECT_EQ(stage.panel(0).rect.height(), 600);
-}
-
 TEST_F(StageTest, DoubleClickStepsTheLogoOnItsTab)
 {
     openZuk();
@@ -361,16 +338,4 @@ TEST_F(StageTest, EscapeTakesAGestureBack)
     EXPECT_EQ(document.CfgValue(u"menu_max_entries"), u"8"_s);
     EXPECT_EQ(stage.SelectedPanel, 0);
     EXPECT_FALSE(document.canUndo() || document.inGesture());
-}
-
-TEST_F(StageTest, TwoButtonsInOneGestureLeaveNothingHanging)
-{
-    openZuk();
-    mouse.press(left({30, 40}));
-    mouse.press({{30, 40}, Qt::RightButton, Qt::LeftButton | Qt::RightButton, Qt::NoModifier});
-    mouse.release({{35, 40}, Qt::RightButton, Qt::LeftButton, Qt::NoModifier});
-    mouse.move(held({90, 90}));
-    EXPECT_EQ(stage.panel(5).rect.x(), 20) << "a release ends the drag";
-    mouse.release(up({90, 90}));
-    EXPECT_FALSE(mouse.Dragging() || document.inGesture());
 }

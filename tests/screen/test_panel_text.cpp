@@ -27,20 +27,14 @@ TextJob job(int index, const QString& text)
 
 } // namespace
 
-TEST(Wrap, BreaksAtBlanksBeforeTheLimit)
+TEST(Wrap, BreaksAtBlanksBeforeTheLimitAndLongWordsStandAlone)
 {
     EXPECT_EQ(WrapPanelText(u"one two three"_s, 1000, tens), u"one two three|"_s);
     EXPECT_EQ(WrapPanelText(u"one two three"_s, 80, tens), u"one two|three|"_s);
     EXPECT_EQ(WrapPanelText(u"one two three"_s, 70, tens), u"one|two|three|"_s)
         << "a line as wide as the panel has reached it";
     EXPECT_EQ(WrapPanelText(u"Glasses|Panel|"_s, 1000, tens), u"Glasses|Panel||"_s);
-}
-
-TEST(Wrap, LongWordsStandAlone)
-{
-    EXPECT_EQ(WrapPanelText(u"incomprehensible"_s, 50, tens), u"incomprehensible|"_s);
     EXPECT_EQ(WrapPanelText(u"a incomprehensible b"_s, 50, tens), u"a|incomprehensible|b|"_s);
-    EXPECT_EQ(WrapPanelText(u"a b c"_s, 0, tens), u"a|b|c|"_s);
     EXPECT_EQ(WrapPanelText(u"a b"_s, -20, tens), u"a|b|"_s);
     EXPECT_EQ(WrapPanelText({}, 0, tens), u"|"_s);
 }
@@ -105,24 +99,4 @@ TEST(Layout, ButtonBarHasTwoRowsAndTwoColours)
     EXPECT_EQ(layOutText(job(2, buttonBarText), StageScale(1), tens, noLang).size(), 6U);
     EXPECT_TRUE(layOutText(job(2, u"|||||||||||F1"_s), StageScale(1), tens, all).empty())
         << "more items than the bar has";
-}
-
-TEST(Fonts, SizesInPixelsAndStrangeNumbers)
-{
-    FontTable fonts(fontCount);
-    fonts[3].FontName = u"DejaVu Sans"_s;
-    EXPECT_EQ(usableFont(fonts, 3), 3);
-    EXPECT_EQ(usableFont(fonts, 4), 0);
-    EXPECT_EQ(usableFont(fonts, -1), 0);
-    EXPECT_EQ(usableFont(fonts, 100), 0);
-    EXPECT_EQ(usableFont({}, 0), 0);
-    FontRecord record;
-    // 18.67; the floor of 5 points: 6.67.
-    for (const auto& [size, scale, pixels] :
-         {std::tuple{14.0, 1.0, 19}, {14.0, 0.25, 7}, {-4.0, 1.0, 7}}) {
-        record.Size = size;
-        EXPECT_EQ(panelFont(record, StageScale(scale), {}).pixelSize(), pixels);
-    }
-    record.Size = 1e300;
-    EXPECT_GT(panelFont(record, StageScale(2), {}).pixelSize(), 0);
 }

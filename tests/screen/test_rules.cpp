@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Blending, geometry, scales, pulse and colours as plain functions.
-#include "editor/stage/pulse.h"
+// Blending and geometry as plain functions.
 #include "screen/blend.h"
-#include "screen/colour.h"
 #include "screen/geometry.h"
-#include "screen/scale_rules.h"
 
 #include <gtest/gtest.h>
 
@@ -81,24 +78,4 @@ TEST(Geometry, PullingMovesOnlyFreeSides)
     EXPECT_EQ(pull(22, 3, {9999, 9999}), QPoint(803, 603)) << "to the edges";
     EXPECT_EQ(pull(0, 2, {400, 0}), QPoint(303, 67)) << "old menus: height only, from the menu";
     EXPECT_EQ(pull(1, 3, {0, 300}), QPoint(57, 153)) << "a bar has no height of its own";
-}
-
-TEST(ScaleRules, FillTakesTheTighterSide)
-{
-    FillRoom room;
-    room.workArea = QRect(0, 0, 1920, 1080);
-    room.rightPanel = 320;
-    room.bottomPanel = 100;
-    room.toolbar = 40;
-    room.statusBar = 20;
-    room.chromeHeight = 50;
-    room.frameHeight = 8;
-    room.frameWidth = 8;
-    // Across (1920 - 320) / 800 = 200 %, down 862 / 600 = 143.67 %.
-    const FillResult fill = fillScale(room, 800, 600);
-    EXPECT_NEAR(fill.scale, 862.0 / 600, 1e-9);
-    EXPECT_EQ(fill.rightPanel, 1920 - 1149 - 4 - 8);
-    EXPECT_EQ(fillScale(room, 100, 100).scale, 2.0);
-    room.workArea = QRect(0, 0, 300, 100);
-    EXPECT_EQ(fillScale(room, 800, 600).scale, 0.01) << "no room at all";
 }

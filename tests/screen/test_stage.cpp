@@ -168,25 +168,6 @@ TEST_F(StageTest, LogosAreShownInTheirPanel)
     EXPECT_EQ(painted().pixel(700, 50), qRgb(188, 50, 238)) << "the background again";
 }
 
-TEST_F(StageTest, MarkerAndFrameFollowTheSelection)
-{
-    openZuk();
-    stage.ActivatePanel(5);
-    EXPECT_EQ(stage.marker(), QRect(87, 47, 7, 7));
-    stage.setPulsePhase(100);
-    QImage image = painted();
-    EXPECT_EQ(image.pixel(93, 53), markerColour(100));
-    EXPECT_EQ(image.pixel(19, 29), qRgb(100, 100, 100)) << "one pixel outside";
-    EXPECT_EQ(image.pixel(20, 30), qRgb(0, 0, 0));
-    stage.ShowMarker(-1, -1);
-    image = painted();
-    EXPECT_EQ(image.pixel(93, 53), qRgb(93, 53, 146));
-    EXPECT_EQ(image.pixel(19, 29), qRgb(19, 29, 48));
-    stage.showPanel(5, false);
-    stage.ShowMarker(5, 0);
-    EXPECT_FALSE(stage.markerVisible()) << "no handle on a panel that is not seen";
-}
-
 TEST_F(StageTest, TabWalksThroughTheObjects)
 {
     openZuk();

@@ -55,25 +55,6 @@ TEST_F(SurfaceTest, DragByRealEventsRepaintsOldAndNewPlaceOnly)
     EXPECT_EQ(surface.grab().toImage().convertToFormat(QImage::Format_RGB32), painted());
 }
 
-TEST_F(SurfaceTest, CursorsAndToolTipsFollowTheMouse)
-{
-    surface.setCursors({{StageCursor::Background, QCursor(Qt::PointingHandCursor)},
-                        {StageCursor::Other, QCursor(Qt::WhatsThisCursor)},
-                        {StageCursor::Selected, QCursor(Qt::ForbiddenCursor)}});
-    const auto hover = [this](QPoint at) {
-        QMouseEvent event(QEvent::MouseMove, at, surface.mapToGlobal(at), Qt::NoButton,
-                          Qt::NoButton, Qt::NoModifier);
-        QApplication::sendEvent(&surface, &event);
-        return surface.cursor().shape();
-    };
-    EXPECT_EQ(hover({10, 590}), Qt::PointingHandCursor);
-    EXPECT_EQ(hover({30, 40}), Qt::WhatsThisCursor);
-    stage.ActivatePanel(5);
-    EXPECT_EQ(hover({30, 40}), Qt::ForbiddenCursor);
-    EXPECT_EQ(surface.gestures().toolTip({250, 410}), u"RunLine"_s);
-    EXPECT_EQ(surface.gestures().toolTip({10, 590}), QString());
-}
-
 TEST_F(SurfaceTest, PulseRunsOnlyWhileTheMarkerCanBeSeen)
 {
     EXPECT_FALSE(surface.pulsing());

@@ -211,18 +211,6 @@ protected:
     TestShell shell;
 };
 
-TEST_F(VideoBiosTest, TheOneInForceIsKnownByItsLength)
-{
-    EXPECT_EQ(states(), u"-- -- --"_s);
-    EXPECT_EQ(qemuMode(biosStates(shell.run)), 3);
-    bios(u"vgabios800x600-32bit-16mb.bin"_s, 30);
-    bios(u"vgabios-cirrus.bin"_s, 20);
-    EXPECT_EQ(states(), u"-- e- e-"_s);
-    bios(u"vgabios.bin"_s, 30);
-    EXPECT_EQ(states(), u"-- e- ec"_s);
-    EXPECT_EQ(qemuMode(biosStates(shell.run)), 3);
-}
-
 TEST_F(VideoBiosTest, ChoosingOneCopiesItsFile)
 {
     bios(u"vgabios-cirrus.bin"_s, 20);
@@ -235,6 +223,16 @@ TEST_F(VideoBiosTest, ChoosingOneCopiesItsFile)
     EXPECT_EQ(states(), u"e- ec --"_s);
     EXPECT_TRUE(known[1].checked);
     EXPECT_FALSE(known[0].checked);
+    // Installed, the choice is the user's own, and what lies beside the bridge stays.
+    shell.run.Installed = true;
+    shell.run.SettingsPath = shell.path(u"user"_s);
+    EXPECT_TRUE(shell.files.makeFolder(shell.run.SettingsPath).ok());
+    shell.prompts.expectMessage(u"memory"_s);
+    chooseBios(shell.shell, VideoBios::Standart, known);
+    EXPECT_EQ(states(), u"ec e- --"_s);
+    shell.run.Installed = false;
+    known = biosStates(shell.run);
+    EXPECT_EQ(states(), u"e- ec --"_s);
     // A copy that fails leaves the old one in force.
     shell.files.failAt = shell.files.calls + 1;
     shell.prompts.expectMessage(u"No space left"_s);

@@ -237,7 +237,8 @@ void MainWindow::openChosen(const QString& path)
 void MainWindow::openFromElsewhere(const QString& path)
 {
     constexpr int retryMs = 300;
-    if (QApplication::activeModalWidget() != nullptr || m_waiting->busy())
+    if (QApplication::activeModalWidget() != nullptr ||
+        QApplication::activePopupWidget() != nullptr || m_waiting->busy() || document().inGesture())
         QTimer::singleShot(retryMs, this, [this, path] { openFromElsewhere(path); });
     else
         openChosen(path);

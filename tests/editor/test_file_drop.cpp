@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// Message files from the file manager: dropped on the window, or named by a second start while
+// something is in work.
+#include "container/open_fixture.h"
+#include "editor/window/file_drop.h"
+#include "support/story.h"
+
+#include <QDialog>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QTest>
+
+using namespace fennel;
+using namespace fennel::test;
+using namespace Qt::StringLiterals;
+
+TEST(FileDrop, OpensWhatIsDroppedAndWaitsForADialogToEnd)
+{
+    Story w;
+    const FileDrop drops(w.window);
+    const QByteArray bytes = QByteArray::fromStdString(smallMessage().close());
+    const QString first = w.shell.file(u"first"_s, bytes);
+    const auto drop = [&](const QList<QUrl>& urls) {
+        QMimeData data;
+        data.setUrls(urls);
+        QDropEvent event(QPointF(9, 9), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        event.ignore();
+        QApplication::sendEvent(&w.window, &event);
+        return event.isAccepted();
+    };
+    EXPECT_FALSE(drop({QUrl(u"https://localhost/message"_s)}));
+    EXPECT_TRUE(drop({QUrl::fromLocalFile(first)}));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return w.shell.run.GfxFileName == u"first"_s; }));
+    EXPECT_EQ(w.bench.lastUsed.entries().front().caption, first);
+
+    QDialog dialog(&w.window);
+    dialog.setModal(true);
+    dialog.show();
+    w.window.openFromElsewhere(w.shell.file(u"second"_s, bytes));
+    QTest::qWait(400);
+    EXPECT_EQ(w.shell.run.GfxFileName, u"first"_s);
+    dialog.close();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return w.shell.run.GfxFileName == u"second"_s; }));
+}
