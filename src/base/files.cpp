@@ -29,12 +29,6 @@ Failure systemFailure(const char* verb, const QString& path, int error)
     return fennel::systemFailure(verb, path.toStdString(), error);
 }
 
-std::span<const std::uint8_t> spanOf(const QByteArray& bytes)
-{
-    return {reinterpret_cast<const std::uint8_t*>(bytes.constData()),
-            static_cast<std::size_t>(bytes.size())};
-}
-
 // Makes the folder `target` and runs `step` (which returns an errno) on each plain file of `source`
 // and its place in `target`.
 template <class Step>

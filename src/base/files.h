@@ -9,8 +9,17 @@
 #include <QByteArrayList>
 #include <QString>
 #include <QStringList>
+#include <cstdint>
+#include <span>
 
 namespace fennel {
+
+// The bytes as the archive's readers take them; only as long as the array lives.
+inline std::span<const std::uint8_t> spanOf(const QByteArray& bytes)
+{
+    return {reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+            static_cast<std::size_t>(bytes.size())};
+}
 
 // Paths are absolute. Every call either does the whole thing or fails with a sentence that names
 // the file and the system's reason.

@@ -68,12 +68,6 @@ void checkSizes(const CheckInput& input, const QString& pattern, const Model& mo
     });
 }
 
-std::span<const std::uint8_t> spanOf(const QByteArray& bytes)
-{
-    return {reinterpret_cast<const std::uint8_t*>(bytes.constData()),
-            static_cast<std::size_t>(bytes.size())};
-}
-
 template <class Visit>
 void eachFont(const CheckInput& input, const Visit& visit)
 {

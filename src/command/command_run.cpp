@@ -17,12 +17,6 @@ namespace fennel {
 
 namespace {
 
-std::span<const std::uint8_t> spanOf(const QByteArray& bytes)
-{
-    return {reinterpret_cast<const std::uint8_t*>(bytes.constData()),
-            static_cast<std::size_t>(bytes.size())};
-}
-
 void say(const QString& about, const QString& text)
 {
     QString line = QStringLiteral("fennel: ");

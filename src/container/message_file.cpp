@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "container/message_file.h"
 
+#include "base/files.h"
 #include "container/gzip.h"
 
 #include <QDateTime>
@@ -10,12 +11,6 @@
 namespace fennel {
 
 namespace {
-
-std::span<const std::uint8_t> spanOf(const QByteArray& bytes)
-{
-    return {reinterpret_cast<const std::uint8_t*>(bytes.constData()),
-            static_cast<std::size_t>(bytes.size())};
-}
 
 QByteArray bytesFrom(std::span<const std::uint8_t> bytes)
 {

@@ -106,12 +106,6 @@ void sweep(const QString& root)
     }
 }
 
-std::span<const std::uint8_t> spanOf(const QByteArray& bytes)
-{
-    return {reinterpret_cast<const std::uint8_t*>(bytes.constData()),
-            static_cast<std::size_t>(bytes.size())};
-}
-
 // The archive with gfxboot.cfg as it was last.
 Result<QByteArray> withConfig(const QByteArray& archive, const QByteArray& config)
 {

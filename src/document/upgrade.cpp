@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "document/upgrade.h"
 
+#include "base/files.h"
 #include "container/cpio.h"
 #include "container/gzip.h"
 #include "container/member_list.h"
@@ -133,12 +134,6 @@ QByteArray bytesOf(const std::map<int, qint64>& records)
         bytes.append(static_cast<char>(id));
     }
     return bytes;
-}
-
-std::span<const std::uint8_t> spanOf(const QByteArray& bytes)
-{
-    return {reinterpret_cast<const std::uint8_t*>(bytes.constData()),
-            static_cast<std::size_t>(bytes.size())};
 }
 
 Result<std::map<QString, QByteArray>> templateMembers(const Shell& shell)

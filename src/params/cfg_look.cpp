@@ -2,6 +2,7 @@
 #include "params/cfg_look.h"
 
 #include "base/text.h"
+#include "params/panel_rec.h"
 
 #include <algorithm>
 #include <limits>
@@ -19,11 +20,6 @@ constexpr int furthest = 32767; // pixels; what is further out is on no screen
 int length(qint64 value)
 {
     return static_cast<int>(std::clamp<qint64>(value, -furthest, furthest));
-}
-
-QRgb opaque(qint64 colour)
-{
-    return 0xff000000U | (static_cast<QRgb>(colour) & 0xFFFFFFU);
 }
 
 // The values of the lines in force.

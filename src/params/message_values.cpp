@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr char cfgName[] = "gfxboot.cfg";
-constexpr qsizetype recordSize = 4;
+constexpr qsizetype recordBytes = 4;
 constexpr qint64 largestRecord = 0xFFFFFF;
 
 Failure unknown(const QString& name)
@@ -181,7 +181,7 @@ QByteArray levelMember(int file)
 qsizetype recordAt(const QByteArray& bytes, int number)
 {
     qsizetype found = -1;
-    for (qsizetype at = 0; at + recordSize <= bytes.size(); at += recordSize) {
+    for (qsizetype at = 0; at + recordBytes <= bytes.size(); at += recordBytes) {
         if (static_cast<unsigned char>(bytes[at + 3]) == number)
             found = at;
     }
@@ -245,8 +245,8 @@ Result<void> setLevelValue(MessageFile& message, const ZUKarr& catalogue, const 
     qsizetype at = recordAt(bytes, key->number);
     if (at < 0) {
         // What is no whole record at the end would shift the new one.
-        at = bytes.size() - bytes.size() % recordSize;
-        bytes.resize(at + recordSize);
+        at = bytes.size() - bytes.size() % recordBytes;
+        bytes.resize(at + recordBytes);
         bytes[at + 3] = static_cast<char>(key->number);
     }
     for (const int i : {0, 1, 2})

@@ -9,6 +9,12 @@
 
 namespace fennel {
 
+// Colours of the files have no opacity; an object's own is a parameter of its own.
+constexpr QRgb opaque(qint64 colour)
+{
+    return 0xFF000000U | (static_cast<QRgb>(colour) & 0xFFFFFFU);
+}
+
 // A parameter that an object's tab lists.
 struct PanelParam {
     int number = 0;

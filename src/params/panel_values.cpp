@@ -24,12 +24,6 @@ constexpr int menuTop = 170;
 constexpr int menuEntries = 8;
 constexpr int buttonsHeight = 45;
 
-// Colours of the files have no opacity; an object's own is a parameter of its own.
-QRgb opaque(qint64 colour)
-{
-    return black | (static_cast<QRgb>(colour) & 0xFFFFFFU);
-}
-
 // The value of a source field: a parameter's, or a constant.
 using ParamSource = std::function<qint64(int)>;
 

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Param {
+enum MovingParam {
     SparkCount = 1, // file 1; those of a spark grow by 10 from one to the next
     SparkAX = 2,
     SparkAY = 3,

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Param {
+enum PanelParamNumber {
     HandOn = 31,
     HandWidth = 34,
     HandHeight = 35,
@@ -19,7 +19,7 @@ enum Param {
     WaitColour2 = 22,
     InfoColour2 = 17,
 };
-enum Row { ClockRow = 5, DateRow = 6, WaitRow = 27, InfoRow = 35 };
+enum PanelRow { ClockRow = 5, DateRow = 6, WaitRow = 27, InfoRow = 35 };
 constexpr QSize smallPanel(72, 22);
 constexpr QSize noMask(100, 50);
 constexpr int logoNumbers = 100;

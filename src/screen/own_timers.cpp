@@ -26,7 +26,7 @@ enum TimerParam {
     Volume = 37,
     TurnOff = 38
 };
-enum Row { LinearRow = 24, CircleRow = 25, NumberRow = 26 };
+enum TimerRow { LinearRow = 24, CircleRow = 25, NumberRow = 26 };
 constexpr int reliefTransparency = 150;
 
 struct Countdown {

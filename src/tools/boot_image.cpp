@@ -17,7 +17,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr qint64 sectorBytes = 512;
+constexpr qint64 imageSector = 512;
 constexpr qint64 firstSector = 2048; // of the partition
 constexpr qint64 sectorsPerMiB = 2048;
 // Beside the message: the loader and its modules.
@@ -77,7 +77,7 @@ QByteArray bootRecord(const QByteArray& code, qint64 sectors)
 {
     constexpr char fat16Lba = 0x0E;
     constexpr qsizetype table = 446;
-    QByteArray record = code.left(mbrCodeBytes).leftJustified(sectorBytes, '\0');
+    QByteArray record = code.left(mbrCodeBytes).leftJustified(imageSector, '\0');
     const QByteArray entry("\x80\xFE\xFF\xFF\x00\xFE\xFF\xFF", 8);
     record.replace(table, entry.size(), entry);
     record[table + 4] = fat16Lba;
@@ -221,7 +221,7 @@ Result<void> BootImage::planSteps(const BootStick& stick, const QStringList& fil
     const Result<QString> code = findSyslinuxFile(u"mbr.bin"_s);
     if (!code)
         return code.failure();
-    const Result<QByteArray> codeBytes = readBytes(*code, sectorBytes);
+    const Result<QByteArray> codeBytes = readBytes(*code, imageSector);
     if (!codeBytes)
         return codeBytes.failure();
     QStringList found;
@@ -236,9 +236,9 @@ Result<void> BootImage::planSteps(const BootStick& stick, const QStringList& fil
     const QString image = m_folder->path() + u"/stick.img"_s;
     if (!QFile::resize(image, mib << 20))
         return Failure{FailureKind::NoSpace, "The image of the boot test could not be made."};
-    const QString partition = image + u"@@"_s + QString::number(firstSector * sectorBytes);
+    const QString partition = image + u"@@"_s + QString::number(firstSector * imageSector);
     m_steps = {{found[3], QStringList{u"-i"_s, partition} + files + QStringList{u"::"_s}},
-               {found[2], {u"-t"_s, QString::number(firstSector * sectorBytes), u"-i"_s, image}},
+               {found[2], {u"-t"_s, QString::number(firstSector * imageSector), u"-i"_s, image}},
                {found[1],
                 {u"-i"_s, partition, u"-T"_s, QString::number(sectors), u"-h"_s, u"16"_s, u"-s"_s,
                  u"32"_s, u"-H"_s, QString::number(firstSector), u"::"_s}}};

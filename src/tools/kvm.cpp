@@ -26,7 +26,7 @@ constexpr long crawlMs = 50;
 constexpr std::size_t pageBytes = 4096;
 constexpr unsigned long codeAt = 0x1000;
 // mov cx, 0xffff; loop to itself; hlt
-constexpr std::array<unsigned char, 6> code{0xB9, 0xFF, 0xFF, 0xE2, 0xFE, 0xF4};
+constexpr std::array<unsigned char, 6> guestCode{0xB9, 0xFF, 0xFF, 0xE2, 0xFE, 0xF4};
 
 void* map(int file)
 {
@@ -41,7 +41,7 @@ int machineWithCode(int kvm)
     const int machine = ::ioctl(kvm, KVM_CREATE_VM, 0);
     if (page == nullptr || machine < 0)
         return -1;
-    std::memcpy(page, code.data(), code.size());
+    std::memcpy(page, guestCode.data(), guestCode.size());
     kvm_userspace_memory_region region{};
     region.guest_phys_addr = codeAt;
     region.memory_size = pageBytes;

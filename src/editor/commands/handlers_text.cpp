@@ -138,7 +138,7 @@ void connectTextButtons(MainWindow& window)
                              CloseEditor(window);
                              break;
                          case ValueEditor::SaveText:
-                             save(window);
+                             saveText(window);
                              break;
                          case ValueEditor::ReloadText:
                              reload(window);

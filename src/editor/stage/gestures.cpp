@@ -16,7 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int nameStatus = 5;
 constexpr int placeStatus = 6;
 constexpr int statusEvery = 100; // x + y divided by it: how seldom a move updates the status line
 constexpr int statusRest = 49;

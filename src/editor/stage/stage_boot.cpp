@@ -15,7 +15,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int sizeStatus = 4;
-constexpr int nameStatus = 5;
 
 } // namespace
 

@@ -8,6 +8,9 @@
 
 namespace fennel {
 
+// The field of the status line that names the object under the mouse.
+inline constexpr int nameStatus = 5;
+
 // Indices are rows of PanelArr, tabs count from 1, positions are shown pixels of Picture1. Calls
 // may come back into the stage (a selected tab activates its object); none is made while the stage
 // is half changed.
