@@ -9,10 +9,10 @@ namespace fennel {
 
 struct BootOrder {
     BootStick stick;
-    QStringList keys;     // one after the other, by the names of bootKey()
-    double atSeconds = 0; // the picture is taken so long after the screen stood first
+    QStringList keys = {}; // one after the other, by the names of bootKey()
+    double atSeconds = 0;  // the picture is taken so long after the screen stood first
     bool mayUseKvm = true;
-    BootLimits limits;
+    BootLimits limits = {};
 };
 
 struct BootResult {

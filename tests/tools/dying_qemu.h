@@ -8,7 +8,7 @@
 namespace fennel::test {
 
 // A QEMU whose processor fails with KVM, and that is the real one without it.
-constexpr char diesOfKvm[] = R"(#!/usr/bin/python3
+constexpr char diesOfKvm[] = R"py(#!/usr/bin/python3
 import json, os, re, socket, sys
 words = " ".join(sys.argv)
 with open(os.environ["TMPDIR"] + "/starts", "a") as log:
@@ -21,16 +21,10 @@ def say(**line):
     link.flush()
 say(QMP={})
 for line in link:
-    say(**{
-    "return":
-    {
-        "status" : "internal-error"
-    }
-    if
-        "query-status" in line else {}})
+    say(**{"return": {"status": "internal-error"} if "query-status" in line else {}})
     if "capabilities" in line:
         say(event="STOP")
-)";
+)py";
 
 // Makes it in the test's own folder, which it returns for the PATH. Its starts stand in the file
 // "starts" of the folder for temporary files.

@@ -66,14 +66,12 @@ TEST_F(BootTestTest, WhatIsMissingIsNamedWithItsPackage)
     EXPECT_EQ(
         bootOnce(shell.shell, {.stick = noMessage, .keys = {u"any"_s}}, nullptr).failure().kind,
         FailureKind::Malformed);
-    EXPECT_TRUE(contentsOf(shell.run.WorkspaceRoot + u"/"_s).keys().filter("boot_test").isEmpty());
+    EXPECT_TRUE(QDir(shell.run.WorkspaceRoot).entryList({u"boot_test*"_s}).isEmpty());
 }
 
 TEST_F(BootTestTest, ASecondOneReplacesTheFirstAndCancelLeavesNothing)
 {
-    const QStringList before = contentsOf(shell.run.WorkspaceRoot).keys().isEmpty()
-                                   ? QStringList()
-                                   : QDir(shell.run.WorkspaceRoot).entryList();
+    const QStringList before = QDir(shell.run.WorkspaceRoot).entryList();
     BootTest test(shell.shell);
     QSignalSpy rested(&test, &BootTest::rested);
     test.start(noMessage);

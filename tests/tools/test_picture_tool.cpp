@@ -3,7 +3,7 @@
 #include "base/picture_tool.h"
 #include "picture_judge.h"
 #include "support/long_run.h"
-#include "tools/jpeg_check.h"
+#include "screen/jpeg_check.h"
 
 #include <QFile>
 #include <QSignalSpy>
