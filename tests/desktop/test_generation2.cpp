@@ -117,7 +117,7 @@ TEST(Generation2, BecomesTheNewestInOneStep)
     story.user().expectMessage(u"is obsolete!"_s, Answer::Yes);
     story.open(messageOf(story.shell, members));
     const EngineInfo engine = engineOf(bytesOf(story.run().Workspace + u"init"_s));
-    EXPECT_TRUE(engine.kind == EngineInfo::Ours && engine.version >= 1);
+    EXPECT_TRUE(engine.kind == BootEngine::Own && engine.version >= 1);
 }
 
 TEST(Generation1, ShowsItsMenuAndSavesTheSameMembers)

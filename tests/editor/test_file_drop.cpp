@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Message files from the file manager: dropped on the window, or named by a second start while
 // something is in work.
-#include "container/open_fixture.h"
+#include "document/open_fixture.h"
 #include "editor/window/file_drop.h"
 #include "support/story.h"
 

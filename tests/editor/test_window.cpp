@@ -320,8 +320,9 @@ TEST(Window, NamesFromFilesAreNowhereMarkup)
     for (const QWidget* widget : w.window.findChildren<QWidget*>()) {
         EXPECT_FALSE(isMarkup(widget->toolTip())) << widget->objectName().toStdString();
         const auto* label = qobject_cast<const QLabel*>(widget);
-        if (label != nullptr && label->textFormat() != Qt::PlainText)
+        if (label != nullptr && label->textFormat() != Qt::PlainText) {
             EXPECT_FALSE(isMarkup(label->text())) << widget->objectName().toStdString();
+        }
     }
     for (const QAction* action : w.window.findChildren<QAction*>())
         EXPECT_FALSE(isMarkup(action->toolTip())) << action->objectName().toStdString();

@@ -2,8 +2,8 @@
 // Pictures that were made to harm. The real bridge reads them; a watchdog ends what hangs.
 #include "base/picture_tool.h"
 #include "picture_judge.h"
-#include "support/long_run.h"
 #include "screen/jpeg_check.h"
+#include "support/long_run.h"
 
 #include <QFile>
 #include <QSignalSpy>

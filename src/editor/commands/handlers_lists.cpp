@@ -377,8 +377,8 @@ void showCfgStatus(MainWindow& window)
     if (window.workbench().params.CurrentTab != TabConfig || row == nullptr)
         return;
     const QString item = itemOf(window, TabConfig, *row);
-    window.setStatusField(
-        7, item.isEmpty() ? QString() : item + u'=' + valueText(window.document(), *row));
+    window.setStatusField(7, item.isEmpty() ? QString()
+                                            : item + u'=' + valueText(window.document(), *row));
 }
 
 bool CommitValue(MainWindow& window)
