@@ -85,6 +85,7 @@ TEST(Files, TheNextSaveRemovesWhatAKilledOneLeft)
     const std::vector<std::uint8_t> bytes(300'000, 'x');
     for (int kill = 0; kill < rounds(20, 500); ++kill) {
         const pid_t child = ::fork();
+        ASSERT_GE(child, 0); // or the kill below would reach every process
         if (child == 0)
             for (;;)
                 (void)replaceWhole(target, bytes);
