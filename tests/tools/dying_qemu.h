@@ -15,12 +15,14 @@ with open(os.environ["TMPDIR"] + "/starts", "a") as log:
     log.write("kvm " if "-accel kvm" in words else "tcg ")
 if "-accel kvm" not in words:
     os.execv("/usr/bin/qemu-system-x86_64", sys.argv)
-link = socket.socket(fileno=int(re.search("control,fd=([0-9]+)", words).group(1))).makefile("rw")
+control = socket.socket(fileno=int(re.search("control,fd=([0-9]+)", words).group(1)))
+# Two files: one for both ways forgets what it has read ahead when it writes.
+orders, answers = control.makefile("r"), control.makefile("w")
 def say(**line):
-    link.write(json.dumps(line) + "\n")
-    link.flush()
+    answers.write(json.dumps(line) + "\n")
+    answers.flush()
 say(QMP={})
-for line in link:
+for line in orders:
     say(**{"return": {"status": "internal-error"} if "query-status" in line else {}})
     if "capabilities" in line:
         say(event="STOP")
