@@ -33,7 +33,8 @@ struct Job {
     bool resize = false;
     int width = 0; // pixels; 0 for one of the two keeps the picture's proportions
     int height = 0;
-    bool inside = false; // only down, and in proportion, until it lies within width and height
+    bool partial = false; // what there is of a picture that is cut off will do
+    bool inside = false;  // only down, and in proportion, until it lies within width and height
 };
 
 // Where the editor leaves the picture that it took from the clipboard: only the program that owns a

@@ -178,7 +178,7 @@ Result<QImage> readWithQt(const QByteArray& bytes, PictureKind kind, const Job& 
     if (!measured)
         return measured.failure();
     const QSize stored = *measured;
-    if (!isWhole(viewOf(bytes), kind, stored))
+    if (!job.partial && !isWhole(viewOf(bytes), kind, stored))
         return damagedPicture({});
     // Scaled while decoding, which is faster by far and needs less memory.
     if (kind == PictureKind::Jpeg) {
@@ -192,7 +192,7 @@ Result<QImage> readWithQt(const QByteArray& bytes, PictureKind kind, const Job& 
     }
     const DamageWatch watch;
     QImage picture = reader->read();
-    if (!DamageWatch::damage().isEmpty())
+    if (!job.partial && !DamageWatch::damage().isEmpty())
         return damagedPicture(DamageWatch::damage());
     if (picture.isNull())
         return damagedPicture(reader->errorString());

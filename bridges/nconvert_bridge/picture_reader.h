@@ -22,7 +22,8 @@ Result<QSize> measurePicture(const QByteArray& bytes, const std::string& path);
 
 // The first frame (of an icon the largest picture), upright by its EXIF orientation, transparent
 // parts on black, scaled to wantedSize(). A JPEG that becomes smaller is scaled while it is
-// decoded. Damaged and cut off files are refused: a half grey picture helps nobody.
+// decoded. Damaged and cut off files are refused, as a half grey picture helps nobody, but for
+// Job::partial: on the stage and at boot what is there is shown.
 Result<QImage> readPicture(const QByteArray& bytes, const Job& job);
 
 } // namespace fennel::nconvert

@@ -56,6 +56,7 @@ Result<QImage> decode(const QByteArray& bytes, const std::string& path,
                       const PictureRequest& request, QSize stored)
 {
     Job job;
+    job.partial = true;
     job.source = path;
     job.inside = request.mode == PictureMode::Inside;
     job.resize = job.inside;

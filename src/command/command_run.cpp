@@ -22,7 +22,8 @@ void say(const QString& about, const QString& text)
     QString line = QStringLiteral("fennel: ");
     if (!about.isEmpty())
         line += about + QStringLiteral(": ");
-    line += QString(text).trimmed().replace(u'\n', u' ') + u'\n';
+    // One line each, whatever a file is called.
+    line = (line + text).trimmed().replace(u'\n', u' ') + u'\n';
     (void)writeAll(STDERR_FILENO, spanOf(line.toLocal8Bit()));
 }
 

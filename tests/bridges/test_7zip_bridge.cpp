@@ -89,7 +89,7 @@ TEST(SevenZipBridge, DamagedFilesLeaveNoReportAndNoContents)
     TestShell t;
     const QString folder = t.folder(u"folder"_s);
     const QByteArray good = gzipped(QByteArray(50'000, 'a') + "tail");
-    for (const QByteArray& bytes : {good.left(good.size() - 1), good + "garbage"}) {
+    for (const QByteArray& bytes : {good.left(good.size() - 1), good.left(5)}) {
         const QString file = t.file(u"bad.gz"_s, bytes);
         QFile(folder + u"/#7zip.log"_s).open(QIODevice::WriteOnly);
         for (const QString& verb : {u"INFO"_s, u"EXTR"_s}) {

@@ -202,7 +202,7 @@ TEST_F(FennelCommand, ProblemsAreFoundWhereTheyAreAndNowhereElse)
         {u"entries-fit"_s, u"s.menu.max.entries=40"_s, u"s.menu.max.entries=21"_s},
         {u"component-missing"_s, u"s.glass.jpg.num=3"_s, u"s.glass.jpg.num=2"_s},
         {u"contrast"_s, u"s.clock.color=0x202830"_s, u"s.clock.color=0x909090"_s},
-        {u"level-value"_s, u"s.menu.bar.transp=256"_s, u"s.menu.bar.transp=255"_s},
+        {u"level-value"_s, u"s.f1.back.transp=256"_s, u"s.f1.back.transp=255"_s},
     };
     for (const auto& c : cases) {
         const QString changed = path(u"changed"_s);

@@ -113,9 +113,10 @@ TEST(Generation2, BecomesTheNewestInOneStep)
     // With an engine that ignores its level files.
     auto members = membersOf(message);
     members[u"init"_s] = membersOf(u"/etc/bootsplash/themes/KDE/bootloader/message"_s)[u"init"_s];
+    story.user().expectOpen(messageOf(story.shell, members));
     story.user().expectMessage(u"Debian's"_s);
     story.user().expectMessage(u"is obsolete!"_s, Answer::Yes);
-    story.open(messageOf(story.shell, members));
+    story.choose("mnuFile_Open");
     const EngineInfo engine = engineOf(bytesOf(story.run().Workspace + u"init"_s));
     EXPECT_TRUE(engine.kind == BootEngine::Own && engine.version >= 1);
 }

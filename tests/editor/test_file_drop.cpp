@@ -23,6 +23,8 @@ TEST(FileDrop, OpensWhatIsDroppedAndWaitsForADialogToEnd)
     const auto drop = [&](const QList<QUrl>& urls) {
         QMimeData data;
         data.setUrls(urls);
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&w.window, &enter);
         QDropEvent event(QPointF(9, 9), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         event.ignore();
         QApplication::sendEvent(&w.window, &event);

@@ -192,7 +192,9 @@ TEST(Window, SplittersMoveTheEdgesWithinTheirLimits)
 TEST(Window, AMessageDuringADragEndsIt)
 {
     Story w;
-    w.open(smallFile(w, u"good"_s, 360, 280));
+    RawCpio archive = smallMessage(360, 280);
+    archive.add({.name = "gfxboot.cfg", .data = "menu_start_x=100\r\nmenu_start_y=100"});
+    w.open(w.shell.file(u"good"_s, QByteArray::fromStdString(archive.close())));
     w.window.stageLink().stage().ActivatePanel(MenuPanelRow);
     const QPoint menu = w.window.stageLink().stage().panel(MenuPanelRow).rect.topLeft();
     const QSize size = w.window.size();
@@ -256,8 +258,8 @@ TEST(Window, FromGenerationToGenerationMenusToolsAndListsFollow)
                 u"This gfxboot is not @ZUK-MOSA@\nSo some features of the FENNEL-GFX (GUI)"_s));
 }
 
-// The file has no row for the left edge, the engine knows none: the drag lives in the run only.
-TEST(Window, AnEditOfGfxbootCfgLeavesADraggedMenuAndMovesTheMarker)
+// The file has no row for the left edge, the engine knows none: a drag could not be saved.
+TEST(Window, AMenuWithoutAPlaceInGfxbootCfgStaysAndAnEditMovesTheMarker)
 {
     Story w;
     RawCpio archive = smallMessage(400, 300);
@@ -269,14 +271,14 @@ TEST(Window, AnEditOfGfxbootCfgLeavesADraggedMenuAndMovesTheMarker)
     const PanelRec& menu = *w.lists().object(MenuPanelRow);
     const QPoint bar = w.middleOf(MenuBarRow);
     w.drag(bar, bar - QPoint(30, 0));
-    ASSERT_EQ(menu.Left, 223);
+    ASSERT_EQ(menu.Left, 253);
     w.shell.log.start(w.shell.path(u"log"_s));
     w.type(u"welcome"_s, u"0"_s);
-    EXPECT_EQ(menu.Left, 223);
+    EXPECT_EQ(menu.Left, 253);
     EXPECT_FALSE(bytesOf(w.shell.path(u"log"_s)).contains("gfxboot_var")) << "of an open";
     const QPoint marker = stage.marker().topLeft();
     w.type(u"menu_start_y"_s, u"60"_s);
-    EXPECT_EQ(menu.Left, 223);
+    EXPECT_EQ(menu.Left, 253);
     EXPECT_TRUE(stage.markerVisible());
     EXPECT_EQ(stage.marker().topLeft(), marker - QPoint(0, 40));
 }

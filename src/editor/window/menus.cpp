@@ -145,9 +145,11 @@ void Menus::update(const RunState& run, bool flashThere)
             enabled = enabled && m_commands.has(name);
         enable(*found, enabled);
     }
-    if (QAction* reopen = action(QStringLiteral("mnuFile_ReOpen")))
+    if (QAction* reopen = action(QStringLiteral("mnuFile_ReOpen"))) {
         // A file's name may hold "&", which marks a short cut in a menu.
         reopen->setText(reopenCaption(run).replace(QLatin1Char('&'), QStringLiteral("&&")));
+        reopen->setToolTip(plainTip(reopenCaption(run)));
+    }
 }
 
 void Menus::setEnabled(const char* name, bool enabled)
