@@ -33,7 +33,7 @@ TEST(FileDrop, OpensWhatIsDroppedAndWaitsForADialogToEnd)
     EXPECT_FALSE(drop({QUrl(u"https://localhost/message"_s)}));
     EXPECT_TRUE(drop({QUrl::fromLocalFile(first)}));
     EXPECT_TRUE(QTest::qWaitFor([&] { return w.shell.run.GfxFileName == u"first"_s; }));
-    EXPECT_EQ(w.bench.lastUsed.entries().front().caption, first);
+    EXPECT_TRUE(w.bench.lastUsed.entries().front().caption.endsWith(u"first"_s));
 
     QDialog dialog(&w.window);
     dialog.setModal(true);
