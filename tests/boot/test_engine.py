@@ -559,6 +559,16 @@ class Broken(EngineTest):
         made.levels(0, {32: 0xFFFFFF, 33: 0xFFFFFF, 34: 0, 35: 65535})
         self.alive(made.members, ["W" * 300, "Длинный заголовок " * 17, "[zuk0099] :1=1", "["])
 
+    def test_no_entries(self):
+        """Nothing but values, and a colour of more than 24 bits."""
+        made = self.template({0: {19: 0, 47: 0, 77: 0, 99: 0}})
+        with Boot(made.members, menu(["[zuk0000] :46=0x1123456"])) as boot:
+            ground = lambda s: self.colour(s, 540, 180, 0x123456, "no bar")
+            self.shows(boot, ground)
+            boot.awake()
+            boot.press("down", "end")
+            self.shows(boot, ground)
+
     def test_much(self):
         made = Template(DATA)
         seed = 12345
