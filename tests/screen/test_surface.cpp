@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+#include <cmath>
+
 using namespace fennel;
 using namespace fennel::test;
 
@@ -53,6 +55,43 @@ TEST_F(SurfaceTest, DragByRealEventsRepaintsOldAndNewPlaceOnly)
     QTest::mouseRelease(&surface, Qt::LeftButton, {}, {130, 90});
     EXPECT_EQ(rec(5).Left, 120);
     EXPECT_EQ(surface.grab().toImage().convertToFormat(QImage::Format_RGB32), painted());
+}
+
+// Also run at scale factors, where a position in a child is rounded and the one in its window is
+// not.
+TEST_F(SurfaceTest, EveryPixelOfTheScreenIsReached)
+{
+    QWidget window;
+    window.resize(900, 700);
+    surface.setParent(&window);
+    surface.move(37, 21);
+    window.show();
+    surface.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    const double ratio = surface.devicePixelRatioF();
+    const auto scene = [ratio](QPoint pixel) {
+        return QPointF((std::ceil(37 * ratio) + pixel.x()) / ratio,
+                       (std::ceil(21 * ratio) + pixel.y()) / ratio);
+    };
+    for (int pixel = 0; pixel < 200; ++pixel)
+        ASSERT_EQ(surface.toPicture(scene({pixel, pixel + 1})), QPoint(pixel, pixel + 1)) << ratio;
+    const auto send = [&](QEvent::Type type, QPoint pixel, Qt::MouseButtons buttons) {
+        const QPointF place = scene(pixel);
+        const QPointF local = (place - QPointF(37, 21)).toPoint();
+        QMouseEvent event(type, local, place, window.pos() + place,
+                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, buttons,
+                          Qt::NoModifier);
+        QApplication::sendEvent(&surface, &event);
+    };
+    int left = rec(5).Left;
+    for (const int distance : {1, 3, 5, 13}) {
+        send(QEvent::MouseButtonPress, {left + 5, 40}, Qt::LeftButton);
+        send(QEvent::MouseMove, {left + 5 + distance, 40}, Qt::LeftButton);
+        send(QEvent::MouseButtonRelease, {left + 5 + distance, 40}, Qt::NoButton);
+        left += distance;
+        EXPECT_EQ(rec(5).Left, left) << ratio;
+    }
+    surface.setParent(nullptr);
 }
 
 TEST_F(SurfaceTest, PulseRunsOnlyWhileTheMarkerCanBeSeen)
