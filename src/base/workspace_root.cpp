@@ -83,7 +83,7 @@ bool isLeftRoot(const QString& path)
 }
 
 // The lock goes last: until then no other copy puts anything into the folder.
-Result<void> removeRoot(Files& files, const QString& path, std::shared_ptr<Descriptor> lock)
+Result<void> removeRoot(Files& files, const QString& path, const std::shared_ptr<Descriptor>& lock)
 {
     if (!lock || !isNamed(*lock, lockPath(path)))
         return {};

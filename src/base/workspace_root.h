@@ -21,6 +21,6 @@ Result<void> needRoot(const Shell& shell);
 // A root of this user's that a run left or holds.
 bool isLeftRoot(const QString& path);
 // Removes the root with everything in it if `lock` holds it, and gives the lock up.
-Result<void> removeRoot(Files& files, const QString& path, std::shared_ptr<Descriptor> lock);
+Result<void> removeRoot(Files& files, const QString& path, const std::shared_ptr<Descriptor>& lock);
 
 } // namespace fennel

@@ -7,6 +7,8 @@
 #include "fonts/fnt_codec.h"
 #include "screen/jpeg_check.h"
 
+#include <QSize>
+
 #include <algorithm>
 
 namespace fennel {

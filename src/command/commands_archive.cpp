@@ -65,10 +65,9 @@ void readFacts(const QByteArray& text, MessageFile& message)
 Result<void> writeMember(const QByteArray& folder, const MessageMember& member)
 {
     const QByteArray path = folder + member.name;
-    const Result<void> done =
-        writeFile(path.toStdString(), O_WRONLY | O_CREAT | O_EXCL,
-                  {reinterpret_cast<const std::uint8_t*>(member.data.constData()),
-                   static_cast<std::size_t>(member.data.size())});
+    Result<void> done = writeFile(path.toStdString(), O_WRONLY | O_CREAT | O_EXCL,
+                                  {reinterpret_cast<const std::uint8_t*>(member.data.constData()),
+                                   static_cast<std::size_t>(member.data.size())});
     if (done) {
         const timespec times[2] = {{0, UTIME_OMIT}, {static_cast<time_t>(member.mtime), 0}};
         // A file system that keeps no times is no reason to fail.

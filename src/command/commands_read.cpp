@@ -10,6 +10,7 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QSize>
 
 namespace fennel {
 
@@ -133,7 +134,8 @@ void printInfo(CommandRun& run, const QJsonObject& info)
     run.print(u"background  %1, %2x%3\n"_s.arg(back[u"name"].toString())
                   .arg(back[u"width"].toInt())
                   .arg(back[u"height"].toInt()));
-    for (const QJsonValue& value : info[u"fonts"].toArray()) {
+    const QJsonArray fonts = info[u"fonts"].toArray();
+    for (const auto& value : fonts) {
         const QJsonObject font = value.toObject();
         run.print(u"font        %1, %2 characters, %3 pixels\n"_s.arg(font[u"name"].toString())
                       .arg(font[u"characters"].toInt())

@@ -109,7 +109,7 @@ Result<QByteArray> MemberMaking::picture(const QByteArray& source, QSize size)
 Result<QByteArray> MemberMaking::memberFrom(const QString& path, const MessageFile& message,
                                             const QByteArray& name)
 {
-    const Result<QByteArray> bytes = source(path);
+    Result<QByteArray> bytes = source(path);
     if (!bytes || !name.toLower().endsWith(".jpg"))
         return bytes;
     const QByteArray model = modelOf(message, name);

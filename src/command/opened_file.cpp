@@ -31,7 +31,7 @@ Result<void> open(OpenedFile& opened, const QString& file)
         return message.failure();
     opened.bytes = *bytes;
     opened.message = *message;
-    if (const Result<void> made = opened.session.made(); !made)
+    if (Result<void> made = opened.session.made(); !made)
         return made;
     const Result<QString> path = fileFor(opened.session.shell(), file, *bytes);
     if (!path)

@@ -118,8 +118,7 @@ QString selectedCharacters(const CharSelected& set)
 
 bool hasLatin(const CharSelected& set)
 {
-    for (char letter = 'A'; letter <= 'Z'; ++letter) {
-        const auto code = static_cast<std::size_t>(letter);
+    for (std::size_t code = 'A'; code <= 'Z'; ++code) {
         if (set[code] || set[code + ('a' - 'A')])
             return true;
     }

@@ -134,14 +134,15 @@ QString naturalSans()
 
 QString firstTrueTypeName(const QString& fontList)
 {
-    const QString sans = naturalSans();
+    QString sans = naturalSans();
     if (!sans.isEmpty() && (u'\n' + fontList).contains(u'\n' + sans + typeMark))
         return sans;
     QStringList lines = fontList.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     lines.sort();
     // Faces for formulas have letters for every alphabet, and none to read.
-    std::ranges::stable_partition(
-        lines, [](const QString& line) { return !line.contains(QLatin1String("Math")); });
+    std::stable_partition(lines.begin(), lines.end(), [](const QString& line) {
+        return !line.contains(QLatin1String("Math"));
+    });
     for (const QString& line : std::as_const(lines)) {
         const qsizetype split = line.lastIndexOf(QLatin1Char('>'));
         const QString file = namePart(line.mid(split + 1));

@@ -127,7 +127,8 @@ void BootCanvas::glyph(const Glyph& glyph, QPoint corner, QRgb colour, const QRe
 {
     const QRect seen = QRect(corner, QSize(glyph.width, glyph.height)) & area;
     for (int y = seen.top(); y <= seen.bottom(); ++y) {
-        const auto line = static_cast<std::size_t>((y - corner.y()) * glyph.width);
+        const auto line =
+            static_cast<std::size_t>(y - corner.y()) * static_cast<std::size_t>(glyph.width);
         QRgb* pixels = row(y);
         for (int x = seen.left(); x <= seen.right(); ++x) {
             const int level = glyph.pixels[line + static_cast<std::size_t>(x - corner.x())];

@@ -3,6 +3,7 @@
 
 #include "fonts/fnt_bytes.h"
 
+#include <QList>
 #include <QString>
 
 namespace fennel {
@@ -40,7 +41,7 @@ BootFont::BootFont(const QByteArray& file) : m_file(file)
     m_there = true;
     m_height = header->fontHeight;
     m_baseline = header->baseline;
-    m_lineHeight = header->lineHeight;
+    m_lineHeight = int{header->lineHeight};
     const int tagged = taggedSize(file);
     m_size4 = tagged > 0 ? 4 * tagged : 3 * (m_height - noTagCut);
     for (const FntEntry& entry : *table)

@@ -168,9 +168,8 @@ void BootImage::make(const BootStick& stick)
 {
     m_folder.emplace(m_shell, u"boot_test"_s);
     if (const Result<void> laid = lay(stick); !laid) {
-        const Failure failure = laid.failure();
         QMetaObject::invokeMethod(
-            this, [this, failure] { fail(failure); }, Qt::QueuedConnection);
+            this, [this, failure = laid.failure()] { fail(failure); }, Qt::QueuedConnection);
         return;
     }
     QMetaObject::invokeMethod(this, &BootImage::next, Qt::QueuedConnection);

@@ -78,12 +78,11 @@ private:
     {
         if (!m_rests)
             return;
-        if (m_test.state() == BootState::Ended) {
-            m_loop.quit();
-        } else if (!m_keys.isEmpty()) {
+        const bool ended = m_test.state() == BootState::Ended;
+        if (!ended && !m_keys.isEmpty()) {
             m_rests = false;
             m_test.press(m_keys.takeFirst());
-        } else if (!m_wait.isActive()) {
+        } else if (ended || !m_wait.isActive()) {
             m_loop.quit();
         }
     }

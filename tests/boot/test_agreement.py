@@ -19,7 +19,8 @@ ENTRIES = ("Boot from this stick", "Boot from hard disk", "Memory test")
 ENOUGH = 99.9  # of 100 pixels
 CLOSE = 4  # levels of 255, in 32 bits
 CLOCK, RUN_LINE, GLASS, ANIMATION, HAND = "5", "22", "23", "28", "4"
-MOVING = (CLOCK, RUN_LINE, GLASS, ANIMATION, HAND)  # rows of the objects; the hand is on the logo
+MOVING = (CLOCK, RUN_LINE, GLASS, ANIMATION, HAND)  # rows of the objects
+REACH = {HAND: (10, 10), CLOCK: (0, 16)}  # beyond their rectangles: all around, to the right
 PLACES = {0: {42: 40, 43: 60, 54: 330, 40: 6, 41: 5, 46: 0x400040, 47: 90, 56: 0x20E020, 57: 40, 48: 0xFFE000,
               58: 0x000060, 32: 620, 33: 420, 31: 0}, 2: {1: 0}, 8: {1: 0}, 4: {2: 420, 3: 40, 4: 14, 5: 300}, 5: {2: 560, 3: 60, 4: 200, 5: 120}}
 
@@ -54,15 +55,20 @@ def masked(rects, width):
             for y in range(top, top + high) for x in range(left, left + wide)}
 
 
-def share(members, titles, grown=10):
+def reach(row, rect):
+    x, y, width, height = rect
+    around, right = REACH.get(row, (0, 0))
+    return x - around, y - around, width + around + max(around, right), height + 2 * around
+
+
+def share(members, titles):
     """Of all pixels that do not move those that agree, in per cent, and the share of what moves."""
     with tempfile.TemporaryDirectory() as place:
         folder = pathlib.Path(place) / "members"
         folder.mkdir()
         picture, rows = render(members, titles, folder)
         width, height, _ = picture
-        moving = masked([(x - grown, y - grown, w + 2 * grown, h + 2 * grown) if row == HAND else (x, y, w, h)
-                         for row, (x, y, w, h) in rows.items() if row in MOVING], width)
+        moving = masked([reach(row, rect) for row, rect in rows.items() if row in MOVING], width)
         moving = moving if b"FENNEL-GFX engine " in members["init"] else set()
         wrong = {0}
         with boots.Boot(members, boots.menu(titles)) as boot:

@@ -100,8 +100,9 @@ private:
         EXPECT_EQ(outside(), m_before);
         m_names.insert(name);
         for (const QFileInfo& entry : entriesOf(story.run().WorkspaceRoot))
-            EXPECT_TRUE(entry.isDir() ? !entry.isSymLink() && m_names.contains(entry.fileName())
-                                      : entry.fileName() == scaledBackName)
+            EXPECT_TRUE(entry.isDir()
+                            ? !entry.isSymLink() && m_names.contains(entry.fileName())
+                            : entry.fileName() == scaledBackName || entry.fileName() == u".lock"_s)
                 << entry.fileName().toStdString();
         for (const QFileInfo& entry : entriesOf(story.run().WorkspaceRoot + name))
             EXPECT_TRUE(entry.isFile() && !entry.isSymLink()) << entry.fileName().toStdString();

@@ -69,7 +69,7 @@ private:
         void (RandomUser::*run)();
     };
     const char* act(const Action* first, const Action* end);
-    static const Action actions[22];
+    static const Action actions[23];
     static constexpr int openings = 3; // the first of them
 
     QString generation2()
@@ -221,6 +221,11 @@ private:
         for (int steps = m_dice.between(1, 5); steps > 0; --steps)
             run("mnuEdit_Redo");
     }
+    void view()
+    {
+        run(story.window.stageLink().stage().asItBoots() ? "mnuView_Schematic"
+                                                         : "mnuView_AsItBoots");
+    }
     void check() { QTest::keyClick(&list(), Qt::Key_2); }
     void drag()
     {
@@ -337,7 +342,7 @@ private:
     QStringList m_pictures;
 };
 
-const RandomUser::Action RandomUser::actions[22] = {
+const RandomUser::Action RandomUser::actions[23] = {
     {"open", 3, &RandomUser::open},
     {"new", 3, &RandomUser::makeNew},
     {"re-open", 2, &RandomUser::reOpen},
@@ -360,6 +365,7 @@ const RandomUser::Action RandomUser::actions[22] = {
     {"layout", 3, &RandomUser::layout},
     {"undo", 8, &RandomUser::undo},
     {"redo", 5, &RandomUser::redo},
+    {"view", 4, &RandomUser::view},
 };
 
 const char* RandomUser::act(const Action* first, const Action* end)

@@ -98,7 +98,7 @@ BootRequest BootView::request(int openRow) const
 
 QRegion BootView::update(QSize size, const StageScale& scale, int openRow)
 {
-    const QRegion dirty = m_screen.update(request(openRow));
+    QRegion dirty = m_screen.update(request(openRow));
     m_scale = scale;
     if (size == m_screen.picture().size() || scale.factor() == 1.0) {
         m_scaled = QImage();

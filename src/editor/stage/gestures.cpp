@@ -270,11 +270,10 @@ void StageGestures::store(const std::map<int, PanelRec>& records, bool entries,
     }
     // Only what moved: a number beyond what the stage can show stays as it is.
     const auto menu = records.find(MenuPanelRow);
-    if (!levels() && menu != records.end() && m_stage.asItBoots() && !entries)
-        addMenuPlace(state, menu->second, change);
-    else if (!levels() && menu != records.end() &&
-             (menu->second.Left != state.object(MenuPanelRow)->Left ||
-              menu->second.Top != state.object(MenuPanelRow)->Top))
+    if (!levels() && menu != records.end() &&
+        ((m_stage.asItBoots() && !entries) ||
+         menu->second.Left != state.object(MenuPanelRow)->Left ||
+         menu->second.Top != state.object(MenuPanelRow)->Top))
         addMenuPlace(state, menu->second, change);
     if (entries && records.contains(MenuPanelRow))
         addMenuEntries(state, levels(), shownEntries(), change);

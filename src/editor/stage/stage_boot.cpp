@@ -6,6 +6,8 @@
 #include "params/object_table.h"
 #include "screen/scale_rules.h"
 
+#include <QPainter>
+
 #include <algorithm>
 
 namespace fennel {

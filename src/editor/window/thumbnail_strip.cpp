@@ -3,6 +3,7 @@
 
 #include "base/text.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 
 #include <algorithm>
