@@ -43,9 +43,14 @@ TEST_F(BootWindowTest, ShowsUnsavedEditsKeysAndCancel)
     const QRect bar = window.stageLink().stage().panel(MenuBarRow).rect;
     const QImage before = test().picture().copy(bar);
     QSignalSpy rested(&test(), &BootTest::rested);
-    click(find<QWidget>(u"BootKey_down"_s));
-    ASSERT_TRUE(rested.wait(60'000));
-    EXPECT_GT(differenceOf(before, test().picture().copy(bar), 0).share, 0.5); // it has moved
+    // Until the loader listens, which on a busy computer is after its picture, keys are lost.
+    double moved = 0;
+    for (int presses = 0; moved < 0.5 && presses < 8; ++presses) {
+        click(find<QWidget>(u"BootKey_down"_s));
+        ASSERT_TRUE(rested.wait(60'000));
+        moved = differenceOf(before, test().picture().copy(bar), 0).share;
+    }
+    EXPECT_GT(moved, 0.5);
     click(find<QPushButton>(u"BootCancel"_s));
     EXPECT_EQ(test().state(), BootState::None);
     EXPECT_FALSE(boot().isVisible());
