@@ -5,6 +5,7 @@
 #include "base/files.h"
 #include "container/member_table.h"
 #include "fonts/fnt_codec.h"
+#include "params/cfg_table.h"
 #include "params/message_values.h"
 #include "screen/jpeg_check.h"
 
@@ -28,7 +29,7 @@ struct MenuNames {
 };
 constexpr std::array menuNames{
     MenuNames{u"s.menu.start.x", u"s.menu.start.y", u"s.menu.max.entries"},
-    MenuNames{u"menu_start_x", u"menu_start_y", u"menu_max_entries"},
+    MenuNames{cfgDialects[0].left, cfgDialects[0].top, cfgDialects[0].entries},
     MenuNames{u"mainmenu.pos", u"", u"mainmenu.entries"},
 };
 

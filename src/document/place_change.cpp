@@ -89,19 +89,19 @@ QString whyPlaceStays(const ParamState& state, int generation, int row)
                    ? QString()
                    : u"%1 has no record of this place: it cannot be stored"_s.arg(panel->CfgFile);
     }
+    const CfgDialect& names = cfgDialectOf(state.cfg);
     const bool known =
-        cfgLineOf(state.cfg, u"menu_start_x") >= 0 && cfgLineOf(state.cfg, u"menu_start_y") >= 0;
+        cfgLineOf(state.cfg, names.left) >= 0 && cfgLineOf(state.cfg, names.top) >= 0;
     if (generation == 2 && known)
         return {};
-    return u"This gfxboot's engine does not know menu_start_x and menu_start_y: the place cannot "
-           u"be "
-           "stored"_s;
+    return u"This gfxboot's engine does not know %1 and %2: the place cannot be stored"_s.arg(
+        names.left, names.top);
 }
 
 void addMenuPlace(const ParamState& state, const PanelRec& menu, Change& change)
 {
-    addNumber(state, u"menu_start_x", menu.Left, change);
-    addNumber(state, u"menu_start_y", menu.Top, change);
+    addNumber(state, cfgDialectOf(state.cfg).left, menu.Left, change);
+    addNumber(state, cfgDialectOf(state.cfg).top, menu.Top, change);
 }
 
 void addMenuEntries(const ParamState& state, bool levels, int entries, Change& change)
@@ -109,7 +109,7 @@ void addMenuEntries(const ParamState& state, bool levels, int entries, Change& c
     if (levels)
         addParam(state, *state.object(MenuPanelRow), menuEntriesParam, entries, change);
     else
-        addNumber(state, u"menu_max_entries", entries, change);
+        addNumber(state, cfgDialectOf(state.cfg).entries, entries, change);
 }
 
 } // namespace fennel

@@ -180,6 +180,15 @@ int cfgLineOf(const CfgLines& lines, QStringView name)
     return -1;
 }
 
+const CfgDialect& cfgDialectOf(const CfgLines& lines)
+{
+    for (const CfgDialect& dialect : cfgDialects) {
+        if (cfgLineOf(lines, dialect.left) >= 0)
+            return dialect;
+    }
+    return cfgDialects.front();
+}
+
 QString CfgValue(const CfgLines& lines, QStringView name)
 {
     const int line = cfgLineOf(lines, name);

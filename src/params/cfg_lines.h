@@ -60,6 +60,9 @@ QString cfgTextFrom(const CfgLines& lines);
 int cfgLineOf(const CfgLines& lines, QStringView name);
 // The value of that line, empty if nothing stands behind its name; or the default.
 QString CfgValue(const CfgLines& lines, QStringView name);
+// The names of the engine that the lines are for: the first dialect whose place of the menu they
+// know, hidden lines included.
+const CfgDialect& cfgDialectOf(const CfgLines& lines);
 // The lines with that number in the parameter's first line, written in decimal and in force; the
 // same lines if there is none, or if it says so already.
 CfgLines withCfgNumber(const CfgLines& lines, QStringView name, qint64 number);

@@ -127,6 +127,7 @@ private:
 CfgLook flatLook(const CfgLines& lines)
 {
     const FlatValues values(lines);
+    const CfgDialect& names = cfgDialectOf(lines);
     CfgLook look;
     const auto wide = values.active(u"custom_width");
     const auto high = values.active(u"custom_height");
@@ -135,12 +136,12 @@ CfgLook flatLook(const CfgLines& lines)
         look.screen = {length(*wide), length(*high)};
         look.bits = *bits > 16 ? 32 : 16;
     }
-    look.menu = {values.pixels(u"menu_start_x"), values.pixels(u"menu_start_y")};
-    look.entries = values.pixels(u"menu_max_entries");
-    look.barMinWidth = values.pixels(u"menu_bar_min_width");
-    look.bar = values.colour(u"menu_bar_color");
-    look.normal = values.colour(u"menu_text_normal");
-    look.selected = values.colour(u"menu_text_select");
+    look.menu = {values.pixels(names.left), values.pixels(names.top)};
+    look.entries = values.pixels(names.entries);
+    look.barMinWidth = values.pixels(names.barWidth);
+    look.bar = values.colour(names.bar);
+    look.normal = values.colour(names.normal);
+    look.selected = values.colour(names.selected);
     look.key = values.colour(u"panel_high");
     look.word = values.colour(u"panel_normal");
     look.title = values.colour(u"panel_title");

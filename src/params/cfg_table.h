@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The 30 parameters of gfxboot.cfg that the program knows: the text member in which a boot screen
+// The parameters of gfxboot.cfg that the program knows: the text member in which a boot screen
 // of generation 2 keeps its settings. Names, defaults and comments; how the file is read and
 // written is params/cfg_file.h.
 #pragma once
@@ -25,7 +25,7 @@ inline constexpr QStringView modeComment =
     u"The mode must be supported by VideoBIOS, otherwise, it just fallback to default";
 
 // In the order in which the list offers what a file lacks. No name is a part of another.
-inline constexpr std::array<CfgParam, 30> cfgParams = {{
+inline constexpr auto cfgParams = std::to_array<CfgParam>({
     {u"boot_show", u"1", CfgKind::Flag, u"If set to 1, show the \"Boot Options\" panel"},
     {u"boot_text_normal", u"0xffffff", CfgKind::Colour, u"Color of \"Boot Options\" text"},
     {u"boot_text_options", u"0xffffff", CfgKind::Colour, u"Color of \"Boot Options\" label"},
@@ -59,7 +59,23 @@ inline constexpr std::array<CfgParam, 30> cfgParams = {{
     {u"welcome", u"1", CfgKind::Flag, u"Welcome"},
     {u"xmenu_hide_current", u"0", CfgKind::Flag,
      u"If set to 1, hide the current selection item below the bottom menu"},
-}};
+});
+
+// What an engine calls the parameters that are seen and moved on the stage.
+struct CfgDialect {
+    QStringView left;
+    QStringView top;
+    QStringView entries;
+    QStringView barWidth;
+    QStringView bar;
+    QStringView normal;
+    QStringView selected;
+};
+// The first one counts for a file that names no place of the menu.
+inline constexpr auto cfgDialects = std::to_array<CfgDialect>({
+    {u"menu_start_x", u"menu_start_y", u"menu_max_entries", u"menu_bar_min_width",
+     u"menu_bar_color", u"menu_text_normal", u"menu_text_select"},
+});
 
 // The default and the comment of a parameter. A name outside the table gets "0x000000" and a
 // comment that says so.

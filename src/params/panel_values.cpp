@@ -120,9 +120,11 @@ void placeFixed(const RunState& run, ParamState& state)
     state.object(OptionsPanelRow)->Text = QStringLiteral("OptionsPanel");
 }
 
-// Beside menu_max_entries, which the height depends on as on the font.
-constexpr std::array<QStringView, 5> stageKeys = {
-    u"menu_start_x", u"menu_start_y", u"menu_text_normal", u"menu_text_select", u"menu_bar_color"};
+// Beside the number of entries, which the height depends on as on the font.
+std::array<QStringView, 5> stageKeys(const CfgDialect& names)
+{
+    return {names.left, names.top, names.normal, names.selected, names.bar};
+}
 
 } // namespace
 
@@ -138,7 +140,7 @@ void applyGeneration(const Shell& shell, ParamState& state, const FontTable& fon
         return; // nothing is open
     placeFixed(shell.run, state);
     fitMenuToFont(shell.run, state, fonts);
-    for (const QStringView key : stageKeys)
+    for (const QStringView key : stageKeys(cfgDialectOf(state.cfg)))
         CfgApply(shell.run, state, fonts, key);
 }
 
@@ -159,7 +161,7 @@ void fitMenuToFont(const RunState& run, ParamState& state, const FontTable& font
     state.object(MenuPanelRow)->Height = menuHeight(line, menuEntries);
     for (const int row : {MenuBarRow, OptionsPanelRow})
         state.object(row)->Height = menuHeight(line, 1);
-    CfgApply(run, state, fonts, u"menu_max_entries");
+    CfgApply(run, state, fonts, cfgDialectOf(state.cfg).entries);
 }
 
 void CfgApply(const RunState& run, ParamState& state, const FontTable& fonts, QStringView name)
@@ -168,18 +170,19 @@ void CfgApply(const RunState& run, ParamState& state, const FontTable& fonts, QS
     PanelRec* bar = state.object(MenuBarRow);
     if (run.gfxboot_var != 2 || !bar)
         return;
+    const CfgDialect& names = cfgDialectOf(state.cfg);
     const qint64 value = numberFromText(CfgValue(state.cfg, name));
-    if (name == u"menu_bar_color")
+    if (name == names.bar)
         bar->BackColor = opaque(value);
-    else if (name == u"menu_text_normal")
+    else if (name == names.normal)
         menu->TextColor = opaque(value);
-    else if (name == u"menu_text_select")
+    else if (name == names.selected)
         bar->TextColor = opaque(value);
-    else if (name == u"menu_max_entries")
+    else if (name == names.entries)
         menu->Height = menuHeight(lineHeight(state, fonts), value);
-    else if (name == u"menu_start_y")
+    else if (name == names.top)
         menu->Top = bar->Top = clampToI16(value);
-    else if (name == u"menu_start_x") {
+    else if (name == names.left) {
         menu->Left = bar->Left = clampToI16(value);
         // Up to the right edge of the background, as the engine draws it.
         menu->Width = bar->Width = clampToI16(run.BackWidth - value);

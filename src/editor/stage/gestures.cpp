@@ -207,7 +207,9 @@ void StageGestures::movePanelTo(int index, QPoint wanted)
     const QSize picture = m_stage.pictureSize();
     QRect rect = m_stage.panel(index).rect;
     const int menuHeight = m_stage.panel(MenuPanelRow).rect.height();
-    const qint64 barWidth = numberFromText(m_stage.document().CfgValue(u"menu_bar_min_width"));
+    const Document& document = m_stage.document();
+    const qint64 barWidth =
+        numberFromText(document.CfgValue(cfgDialectOf(document.state().cfg).barWidth));
     rect.moveTopLeft(
         limitedPlace(wanted, dragLimits(index, m_stage.record(index), rect, menuHeight, picture,
                                         generation, m_stage.scale(), barWidth)));
