@@ -25,11 +25,9 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-// The members in archive order.
-constexpr std::array memberOrder{"init",        "16x16.fnt",    "ZUK0001.CFG",  "ZUK0000.CFG",
-                                 "ZUK0002.CFG", "ZUK0003.CFG",  "ZUK0004.CFG",  "ZUK0005.CFG",
-                                 "ZUK0006.CFG", "ZUK0007.CFG",  "ZUK0008.CFG",  "ZUK0015.CFG",
-                                 "back.jpg",    "Logo_msk.jpg", "ZUK_Read.txt", "RLineDef.txt",
+// The members in archive order; the level files stand between, as levels.txt has them.
+constexpr std::array madeFirst{"init", "16x16.fnt"};
+constexpr std::array sourceFiles{"back.jpg",    "Logo_msk.jpg", "ZUK_Read.txt", "RLineDef.txt",
                                  "Logo_00.jpg", "glass_02.jpg", "ani_03.jpg",   "ani_03_msk.jpg"};
 
 constexpr const char* fontTag =
@@ -81,7 +79,16 @@ struct Job {
     std::uint32_t seconds = 0;
 };
 
-using Members = std::map<std::string, Bytes, std::less<>>;
+struct Members {
+    std::map<std::string, Bytes, std::less<>> bytes;
+    std::vector<std::string> order;
+
+    void add(std::string_view name, Bytes content)
+    {
+        bytes[std::string(name)] = std::move(content);
+        order.emplace_back(name);
+    }
+};
 
 Result<void> addEngine(const Job& job, Members& members)
 {
@@ -90,8 +97,8 @@ Result<void> addEngine(const Job& job, Members& members)
     if (!init || !font)
         return init ? font.failure() : init.failure();
     font->insert(font->end(), fontTag, fontTag + std::strlen(fontTag));
-    members["init"] = *std::move(init);
-    members["16x16.fnt"] = *std::move(font);
+    members.add(madeFirst[0], *std::move(init));
+    members.add(madeFirst[1], *std::move(font));
     return {};
 }
 
@@ -104,20 +111,17 @@ Result<void> addLevels(const Job& job, Members& members)
     if (!levels)
         return Failure{levels.failure().kind, "levels.txt, " + levels.failure().text};
     for (LevelFile& file : *levels)
-        members[file.name] = std::move(file.bytes);
+        members.add(file.name, std::move(file.bytes));
     return {};
 }
 
-// Every member that is not made above is a file of the source folder.
 Result<void> addFiles(const Job& job, Members& members)
 {
-    for (const std::string name : memberOrder) {
-        if (members.contains(name))
-            continue;
+    for (const std::string name : sourceFiles) {
         auto bytes = readFile(job.sourceFolder + "/" + name);
         if (!bytes)
             return bytes.failure();
-        members[name] = name.ends_with(".txt") ? withCarriageReturns(*bytes) : *std::move(bytes);
+        members.add(name, name.ends_with(".txt") ? withCarriageReturns(*bytes) : *std::move(bytes));
     }
     return {};
 }
@@ -125,9 +129,9 @@ Result<void> addFiles(const Job& job, Members& members)
 Result<void> writeMessage(const Job& job, const Members& members)
 {
     std::vector<CpioMember> list;
-    list.reserve(memberOrder.size());
-    for (const std::string name : memberOrder)
-        list.push_back({name, job.seconds, members.at(name)});
+    list.reserve(members.order.size());
+    for (const std::string& name : members.order)
+        list.push_back({name, job.seconds, members.bytes.at(name)});
     const auto archive = writeCpio(list);
     if (!archive)
         return archive.failure();
@@ -151,9 +155,11 @@ Result<void> makeTemplate(const Job& job)
             return done;
     if (auto done = writeMessage(job, members); !done)
         return done;
-    if (auto done = writePadded(job.outputFolder + "/INIT", members["init"], enginePadding); !done)
+    if (auto done =
+            writePadded(job.outputFolder + "/INIT", members.bytes[madeFirst[0]], enginePadding);
+        !done)
         return done;
-    return writePadded(job.outputFolder + "/16X16.FNT", members["16x16.fnt"], fontPadding);
+    return writePadded(job.outputFolder + "/16X16.FNT", members.bytes[madeFirst[1]], fontPadding);
 }
 
 } // namespace
