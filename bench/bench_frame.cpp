@@ -6,7 +6,7 @@
 #include "editor/colour/colour_tools.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
-#include "editor/lists/row_look.h"
+#include "editor/lists/row_cells.h"
 #include "editor/stage/stage_link.h"
 #include "large_menu.h"
 #include "menus/menu_list.h"

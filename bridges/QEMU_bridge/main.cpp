@@ -9,7 +9,7 @@
 
 #include "base/files.h"
 #include "tools/kvm.h"
-#include "tools/qemu.h"
+#include "tools/flash_qemu.h"
 #include "tools/qemu_advice.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "supervisor.h"
 
-#include "tools/qemu.h"
+#include "tools/flash_qemu.h"
 
 #include <QFile>
 #include <QJsonDocument>

@@ -6,7 +6,7 @@
 
 #include "base/shell_context.h"
 #include "document/change.h"
-#include "document/member_history.h"
+#include "document/member_versions.h"
 #include "fonts/font_table.h"
 #include "params/save_form.h"
 
@@ -41,9 +41,6 @@ struct DocumentChange {
 class Document : public QObject {
     Q_OBJECT
 public:
-    // The history takes at most so many bytes; the oldest steps go first.
-    static constexpr qint64 historyLimit = 256LL * 1024 * 1024;
-
     // Both outlive the document. The fonts are those of the Workspace, as they were last scanned.
     Document(const Shell& shell, const FontTable& fonts);
     ~Document() override;
@@ -178,7 +175,7 @@ private:
     QStringList m_menuTitles;
     bool m_menuLevel = false;
     bool m_inMembers = false; // a command that changes files goes on
-    MemberHistory m_history;
+    MemberVersions m_history;
     QUndoStack m_stack;
     std::unique_ptr<Step> m_gesture;
 };

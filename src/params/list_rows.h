@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The rows of a list as data: what each row stands for. How a row looks, its texts and colours, is
-// made from it where it is shown (editor/lists/row_look.h).
+// made from it where it is shown (editor/lists/row_cells.h).
 #pragma once
 
 #include <QColor>

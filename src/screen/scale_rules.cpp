@@ -47,12 +47,6 @@ QString customScalePrompt(QSize screen, QSize background, double scale, QSize pi
            u"%\nScreen background size: "_s + sizeText(picture) + u"\nEnter your scale (1-100%) "_s;
 }
 
-QString scaleStatus(int backWidth, int backHeight, double scale)
-{
-    return sizeText({backWidth, backHeight}) + u", Scale="_s +
-           QString::number(roundToEven(scale * 100)) + u'%';
-}
-
 FillResult fillScale(const FillRoom& room, int backWidth, int backHeight)
 {
     // The window goes to the work area's corner, so its size is the room and not its far edges.

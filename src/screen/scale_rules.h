@@ -42,9 +42,6 @@ ScaleAnswer customScaleAnswer(QSize picture, double scale, double percent);
 // force; people know it so.
 QString customScalePrompt(QSize screen, QSize background, double scale, QSize picture);
 
-// "800x600, Scale=100%"
-QString scaleStatus(int backWidth, int backHeight, double scale);
-
 // What the fit needs to know of the window; all screen pixels. The sizes of hidden parts are 0.
 struct FillRoom {
     QRect workArea;

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "editor/lists/right_panel.h"
-#include "editor/lists/row_look.h"
+#include "editor/lists/row_cells.h"
 #include "editor/stage/stage_link.h"
 #include "params/level_files.h"
 #include "support/story.h"

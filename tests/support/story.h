@@ -3,7 +3,7 @@
 // settings file and folders of its own, and a scripted user.
 #pragma once
 
-#include "editor/lists/row_look.h"
+#include "editor/lists/row_cells.h"
 #include "editor/window/main_window.h"
 #include "editor/window/menus.h"
 #include "support/test_shell.h"

@@ -3,7 +3,7 @@
 // plain values; the window carries them out.
 #pragma once
 
-#include "editor/lists/row_look.h"
+#include "editor/lists/row_cells.h"
 #include "editor/lists/tabs.h"
 
 #include <QString>

@@ -3,7 +3,7 @@
 // says so here.
 #pragma once
 
-#include "editor/lists/row_look.h"
+#include "editor/lists/row_cells.h"
 
 #include <QAbstractTableModel>
 #include <QHash>

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The stage while it shows the boot itself. Places, selection and gestures are those of the panels
 // as ever; what is painted, where they stand and which are there tells the picture of the boot.
-#include "document/place_change.h"
 #include "editor/stage/stage.h"
 #include "params/object_table.h"
-#include "screen/scale_rules.h"
 
 #include <QPainter>
 
@@ -13,12 +11,6 @@
 namespace fennel {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr int sizeStatus = 4;
-
-} // namespace
 
 void Stage::showAsItBoots(bool on)
 {
@@ -59,17 +51,6 @@ void Stage::updateBoot()
         changed(part);
     if (m_note != m_boot.note())
         showSizeStatus();
-}
-
-void Stage::showSizeStatus()
-{
-    if (!run().GfxOpened)
-        return;
-    m_note = m_asItBoots ? m_boot.note() : QString();
-    QString text = scaleStatus(run().BackWidth, run().BackHeight, run().PreviewScale);
-    if (!m_note.isEmpty())
-        text += u"; "_s + m_note;
-    host().setStatus(sizeStatus, text);
 }
 
 void Stage::setBootMoment(int seconds, int timeout)
@@ -129,17 +110,6 @@ bool Stage::menuKey(int key)
     default:
         return false;
     }
-}
-
-QString Stage::whyFixed(int index) const
-{
-    return m_asItBoots ? whyPlaceStays(document().state(), run().gfxboot_var, index) : QString();
-}
-
-void Stage::tellFixed(int index) const
-{
-    if (const QString why = whyFixed(index); !why.isEmpty())
-        host().setStatus(nameStatus, why);
 }
 
 void Stage::paintBoot(QPainter& painter, const QRegion& dirty) const

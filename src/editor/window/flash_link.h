@@ -6,7 +6,7 @@
 #include "tools/drive_source.h"
 #include "tools/drives.h"
 #include "tools/mount_watch.h"
-#include "tools/qemu.h"
+#include "tools/flash_qemu.h"
 #include "tools/video_bios.h"
 
 namespace fennel {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "editor/lists/row_look.h"
+#include "editor/lists/row_cells.h"
 
 #include "base/text.h"
 #include "params/panel_values.h"

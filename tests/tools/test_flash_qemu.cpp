@@ -3,7 +3,7 @@
 // stand in for the bridge.
 #include "support/machine_tree.h"
 #include "support/test_shell.h"
-#include "tools/qemu.h"
+#include "tools/flash_qemu.h"
 #include "tools/video_bios.h"
 
 #include <QFile>

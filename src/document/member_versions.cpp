@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "document/member_history.h"
+#include "document/member_versions.h"
 
 #include <QFile>
 
@@ -14,9 +14,9 @@ namespace fennel {
 
 namespace {
 
-MemberHistory::Snapshot filesOf(const QString& folder)
+MemberVersions::Snapshot filesOf(const QString& folder)
 {
-    MemberHistory::Snapshot files;
+    MemberVersions::Snapshot files;
     const QByteArray start = QFile::encodeName(folder);
     for (const QByteArray& name : plainFiles(folder)) {
         struct stat facts {};
@@ -44,24 +44,24 @@ Result<void> linkOrCopy(const QByteArray& from, const QByteArray& to)
 }
 
 // Not looked into.
-bool sameFile(const MemberHistory::Seen& a, const MemberHistory::Seen& b)
+bool sameFile(const MemberVersions::Seen& a, const MemberVersions::Seen& b)
 {
     return a.inode == b.inode && a.size == b.size && a.changed == b.changed;
 }
 
 } // namespace
 
-QString MemberHistory::pathOf(VersionId version) const
+QString MemberVersions::pathOf(VersionId version) const
 {
     return m_shell.run.WorkspaceRoot + QStringLiteral("~history/") + QString::number(version);
 }
 
-QByteArray MemberHistory::inWorkspace(const QByteArray& name) const
+QByteArray MemberVersions::inWorkspace(const QByteArray& name) const
 {
     return QFile::encodeName(m_shell.run.Workspace) + name;
 }
 
-Result<VersionId> MemberHistory::keep(const QByteArray& name)
+Result<VersionId> MemberVersions::keep(const QByteArray& name)
 {
     if (m_last == 0) {
         if (Result<void> made = m_shell.files.makeFolder(folderPart(pathOf(0))); !made)
@@ -72,7 +72,7 @@ Result<VersionId> MemberHistory::keep(const QByteArray& name)
     return kept ? Result<VersionId>(version) : kept.failure();
 }
 
-Result<MemberHistory::Snapshot> MemberHistory::take()
+Result<MemberVersions::Snapshot> MemberVersions::take()
 {
     Snapshot snapshot = filesOf(m_shell.run.Workspace);
     for (auto& [name, seen] : snapshot) {
@@ -87,7 +87,7 @@ Result<MemberHistory::Snapshot> MemberHistory::take()
 }
 
 // A file that was put back from a copy is another one with the same bytes.
-bool MemberHistory::unchanged(const Seen& was, const QByteArray& name, const Seen& now) const
+bool MemberVersions::unchanged(const Seen& was, const QByteArray& name, const Seen& now) const
 {
     if (sameFile(was, now) || was.size != now.size)
         return was.size == now.size;
@@ -97,7 +97,7 @@ bool MemberHistory::unchanged(const Seen& was, const QByteArray& name, const See
            old.readAll() == fresh.readAll();
 }
 
-Result<std::map<QByteArray, BeforeAfter<VersionId>>> MemberHistory::since(Snapshot&& before,
+Result<std::map<QByteArray, BeforeAfter<VersionId>>> MemberVersions::since(Snapshot&& before,
                                                                           qint64& bytes)
 {
     std::map<QByteArray, BeforeAfter<VersionId>> changes;
@@ -124,7 +124,7 @@ Result<std::map<QByteArray, BeforeAfter<VersionId>>> MemberHistory::since(Snapsh
     return changes;
 }
 
-Result<void> MemberHistory::restore(Snapshot&& before)
+Result<void> MemberVersions::restore(Snapshot&& before)
 {
     const Snapshot now = filesOf(m_shell.run.Workspace);
     std::map<QByteArray, VersionId> versions;
@@ -143,7 +143,7 @@ Result<void> MemberHistory::restore(Snapshot&& before)
     return done;
 }
 
-Result<void> MemberHistory::put(const std::map<QByteArray, VersionId>& versions)
+Result<void> MemberVersions::put(const std::map<QByteArray, VersionId>& versions)
 {
     const auto work = [this](VersionId version) {
         return QFile::encodeName(pathOf(version)) + '~';
@@ -167,19 +167,19 @@ Result<void> MemberHistory::put(const std::map<QByteArray, VersionId>& versions)
     return {};
 }
 
-void MemberHistory::drop(VersionId version)
+void MemberVersions::drop(VersionId version)
 {
     if (version != 0)
         unlink(QFile::encodeName(pathOf(version)).constData());
 }
 
-void MemberHistory::dropAll(const Snapshot& snapshot)
+void MemberVersions::dropAll(const Snapshot& snapshot)
 {
     for (const auto& [name, seen] : snapshot)
         drop(seen.version);
 }
 
-void MemberHistory::clear()
+void MemberVersions::clear()
 {
     if (m_last > 0)
         (void)m_shell.files.removeFolder(folderPart(pathOf(0)));

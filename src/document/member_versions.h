@@ -11,9 +11,9 @@
 
 namespace fennel {
 
-class MemberHistory {
+class MemberVersions {
 public:
-    explicit MemberHistory(const Shell& shell) : m_shell(shell) {}
+    explicit MemberVersions(const Shell& shell) : m_shell(shell) {}
 
     struct Seen {
         VersionId version = 0;

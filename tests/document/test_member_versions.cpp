@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "document/member_history.h"
+#include "document/member_versions.h"
 
 #include "support/test_shell.h"
 
@@ -9,10 +9,10 @@ using namespace fennel;
 using namespace fennel::test;
 using namespace Qt::StringLiterals;
 
-TEST(MemberHistory, BringsEveryByteBack)
+TEST(MemberVersions, BringsEveryByteBack)
 {
     TestShell shell;
-    MemberHistory history(shell.shell);
+    MemberVersions history(shell.shell);
     const auto contents = [&] {
         std::map<QString, QByteArray> files;
         for (const QString& name : QDir(shell.run.Workspace).entryList(QDir::Files))

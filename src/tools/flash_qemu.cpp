@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/qemu.h"
+#include "tools/flash_qemu.h"
 
 #include "tools/kvm.h"
 #include "tools/video_bios.h"

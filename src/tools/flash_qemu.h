@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The boot test: the QEMU bridge started with the disk of the Current Flash, watched without
-// waiting for it. One QEMU runs at a time; it is known by its process. One that an earlier run or
+// The disk of the Current Flash in QEMU: the bridge is started with it and watched without waiting
+// for it. One QEMU runs at a time; it is known by its process. One that an earlier run or
 // another copy of the editor left running counts as well.
 #pragma once
 
@@ -9,7 +9,7 @@
 
 namespace fennel {
 
-// What the boot test needs from the window.
+// What it needs from the window.
 class QemuHost {
 public:
     virtual ~QemuHost() = default;
