@@ -7,6 +7,7 @@
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
 #include "editor/lists/tabs.h"
+#include "editor/problems/problem_link.h"
 #include "editor/stage/stage_link.h"
 #include "editor/stage/stage_surface.h"
 #include "editor/window/flash_link.h"
@@ -42,6 +43,7 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     m_stageLink = std::make_unique<StageLink>(*this);
     m_flashLink = std::make_unique<FlashLink>(*this);
     m_bootLink = std::make_unique<BootLink>(*this);
+    m_problemLink = std::make_unique<ProblemLink>(*this);
     buildAreas();
     m_waiting = std::make_unique<WindowProgress>(*this, *m_statusBar);
     m_commands.holdWhile([this] {
@@ -208,6 +210,7 @@ public:
         showLeftWork(m_window);
         m_window.setControlsEnabled(true);
         QGuiApplication::restoreOverrideCursor();
+        m_window.m_problemLink->check();
     }
 
 private:
