@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/window/main_window.h"
 
+#include "base/file_names.h"
 #include "base/settings_file.h"
 #include "editor/boot/boot_link.h"
 #include "editor/colour/colour_link.h"
@@ -109,8 +110,8 @@ void MainWindow::UpdateInterface()
 {
     const RunState& run = m_workbench.shell.run;
     m_workbench.shell.WriteLog(QStringLiteral("-UpdateInterface"));
-    QString name =
-        run.GfxOpened ? run.GfxFileName : QStringLiteral("/Component of @ZUK-MOSA@ project/");
+    QString name = run.GfxOpened ? shownPath(run.GfxFileName)
+                                 : QStringLiteral("/Component of @ZUK-MOSA@ project/");
     // The mark stands at its end while changes are not saved; one in a name is doubled.
     name.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
     setWindowTitle(QStringLiteral("%1 (v. %2). %3[*]").arg(programTitle(), versionText(), name));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/window/menu_table.h"
 
+#include "base/file_names.h"
+
 #include <array>
 
 namespace fennel {
@@ -181,8 +183,9 @@ bool holds(Enabled rule, const RunState& run, bool flashThere)
 
 QString reopenCaption(const RunState& run)
 {
-    return run.GfxOpened ? QStringLiteral("ReOpen ") + run.GfxFileName + QStringLiteral("  ")
-                         : QStringLiteral("ReOpen ...");
+    return run.GfxOpened
+               ? QStringLiteral("ReOpen ") + shownPath(run.GfxFileName) + QStringLiteral("  ")
+               : QStringLiteral("ReOpen ...");
 }
 
 } // namespace fennel
