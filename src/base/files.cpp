@@ -6,6 +6,7 @@
 
 #include <QDir>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
@@ -312,12 +313,16 @@ bool fitsPattern(const QString& name, const QString& pattern)
 QStringList filesLike(const QString& folder, const QString& pattern)
 {
     QStringList found;
-    const QStringList names =
-        QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name | QDir::IgnoreCase);
-    for (const QString& name : names) {
-        if (fitsPattern(name, pattern))
+    // A folder may hold as many files as an archive has members: only what fits is sorted.
+    for (const QByteArray& bytes : plainFiles(folder)) {
+        const QString name = QString::fromUtf8(bytes);
+        if (bytes.isValidUtf8() && fitsPattern(name, pattern))
             found.append(name);
     }
+    std::ranges::sort(found, [](const QString& a, const QString& b) {
+        const int order = a.compare(b, Qt::CaseInsensitive);
+        return order != 0 ? order < 0 : a < b;
+    });
     return found;
 }
 
