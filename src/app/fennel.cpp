@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "base/file_names.h"
 #include "command/command_table.h"
 
 #include <QCoreApplication>
@@ -10,6 +11,9 @@ int main(int argc, char** argv)
     // A reader that goes away is a failed write, and told as one.
     (void)std::signal(SIGPIPE, SIG_IGN);
     const QCoreApplication app(argc, argv);
-    const QStringList words = QCoreApplication::arguments().mid(1);
+    // As the system gave them: the toolkit's own words lose what is no UTF-8.
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words.append(fennel::pathOfBytes(argv[i]));
     return static_cast<int>(fennel::runCommandLine(QCoreApplication::applicationDirPath(), words));
 }

@@ -3,6 +3,7 @@
 #include "app/single_instance.h"
 #include "app/startup.h"
 #include "base/build_time.h"
+#include "base/file_names.h"
 #include "editor/window/file_drop.h"
 #include "editor/window/main_window.h"
 #include "editor/window/qt_prompts.h"
@@ -10,7 +11,6 @@
 #include "fonts/installed_fonts.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QTimer>
 
 using namespace fennel;
@@ -28,6 +28,16 @@ void yieldToOther(const SingleInstance& instance, Prompts& prompts, const QStrin
     prompts.ShowMessage(QStringLiteral("One copy of %1 is already running").arg(programTitle()),
                         MessageType::Stop, QStringLiteral("ERROR"));
     (void)instance.askOtherToRaise(token);
+}
+
+// Behind the program's name, as the system gave them: the toolkit's own words lose what is no
+// UTF-8.
+QStringList wordsOf(int argc, char** argv)
+{
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words.append(pathOfBytes(argv[i]));
+    return words;
 }
 
 } // namespace
@@ -48,7 +58,8 @@ int main(int argc, char** argv)
     tools.logTo(log);
     prompts.setPictures([&]() -> PictureTool& { return tools.pictures(run.ToolNConvert); });
     SingleInstance instance;
-    const QString file = fileToOpen(QApplication::arguments().mid(1), QDir::currentPath());
+    const QStringList words = wordsOf(argc, argv);
+    const QString file = fileToOpen(words, currentFolder());
     if (!instance.acquire()) {
         yieldToOther(instance, prompts, file);
         return 0;
@@ -56,8 +67,8 @@ int main(int argc, char** argv)
     UserStore store;
     Workbench workbench({run, log, files, prompts, tools}, store);
     run.BuildTime = buildTime();
-    const StartInput input{QApplication::applicationDirPath(), QApplication::arguments().mid(1),
-                           run.BuildTime, [] { return installedFontList(); }};
+    const StartInput input{QApplication::applicationDirPath(), words, run.BuildTime,
+                           [] { return installedFontList(); }};
     if (Form_Initialize(workbench.shell, store, input) == NextStep::EndProcess)
         return 0;
     log.WriteLog(QStringLiteral("Form_Load Start"));

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "base/files.h"
 
+#include "base/file_names.h"
 #include "base/posix_file.h"
 
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -21,7 +23,7 @@ namespace {
 
 std::string nameOf(const QString& path)
 {
-    return QFile::encodeName(path).toStdString();
+    return bytesOfPath(path).toStdString();
 }
 
 Failure systemFailure(const char* verb, const QString& path, int error)
@@ -35,9 +37,9 @@ template <class Step>
 Result<void> forEachFile(const QString& source, const QString& target, Step step)
 {
     std::error_code error;
-    const fs::path to = QFile::encodeName(target).toStdString();
+    const fs::path to = bytesOfPath(target).toStdString();
     fs::create_directories(to, error);
-    fs::directory_iterator files(QFile::encodeName(source).toStdString(), error);
+    fs::directory_iterator files(bytesOfPath(source).toStdString(), error);
     if (error)
         return systemFailure("read", source, error.value());
     for (const fs::directory_entry& file : files) {
@@ -46,7 +48,7 @@ Result<void> forEachFile(const QString& source, const QString& target, Step step
         const int failed = step(file.path(), to / file.path().filename());
         if (failed != 0)
             return systemFailure(
-                "write", withSeparator(target) + QFile::decodeName(file.path().filename().c_str()),
+                "write", withSeparator(target) + pathOfBytes(file.path().filename().c_str()),
                 failed);
     }
     return {};
@@ -67,7 +69,7 @@ namespace {
 Result<void> makeOwn(const QString& path)
 {
     struct stat facts {};
-    if (lstat(QFile::encodeName(path).constData(), &facts) != 0 || !S_ISREG(facts.st_mode) ||
+    if (lstat(bytesOfPath(path).constData(), &facts) != 0 || !S_ISREG(facts.st_mode) ||
         facts.st_nlink < 2)
         return {};
     const Result<QByteArray> bytes = readBytes(path);
@@ -75,8 +77,7 @@ Result<void> makeOwn(const QString& path)
         return bytes.failure();
     const QString own = path + u'~';
     Result<void> done = writeFile(nameOf(own), O_WRONLY | O_CREAT | O_TRUNC, spanOf(*bytes));
-    if (done &&
-        ::rename(QFile::encodeName(own).constData(), QFile::encodeName(path).constData()) != 0)
+    if (done && ::rename(bytesOfPath(own).constData(), bytesOfPath(path).constData()) != 0)
         done = systemFailure("write", path, errno);
     return done;
 }
@@ -112,8 +113,8 @@ Result<void> DiskFiles::copy(const QString& source, const QString& target)
 
 Result<void> DiskFiles::rename(const QString& source, const QString& target)
 {
-    const QByteArray from = QFile::encodeName(source);
-    const QByteArray to = QFile::encodeName(target);
+    const QByteArray from = bytesOfPath(source);
+    const QByteArray to = bytesOfPath(target);
     if (::rename(from.constData(), to.constData()) == 0)
         return {};
     // The temporary folder often lies on a file system of its own, and rename() does not cross
@@ -129,7 +130,7 @@ Result<void> DiskFiles::remove(const QString& path)
 {
     // Callers remove in order to be sure that a tool's old output is gone, so "not there" is what
     // they want.
-    if (::unlink(QFile::encodeName(path).constData()) == 0 || errno == ENOENT)
+    if (::unlink(bytesOfPath(path).constData()) == 0 || errno == ENOENT)
         return {};
     return systemFailure("delete", path, errno);
 }
@@ -137,7 +138,7 @@ Result<void> DiskFiles::remove(const QString& path)
 Result<void> DiskFiles::removeFolder(const QString& path)
 {
     std::error_code error;
-    std::filesystem::remove_all(QFile::encodeName(path).toStdString(), error);
+    std::filesystem::remove_all(bytesOfPath(path).toStdString(), error);
     if (error)
         return systemFailure("delete", path, error.value());
     return {};
@@ -147,7 +148,7 @@ Result<void> DiskFiles::makeFolder(const QString& path)
 {
     std::error_code error;
     const QString bare = withoutSeparator(path);
-    std::filesystem::create_directories(QFile::encodeName(bare).toStdString(), error);
+    std::filesystem::create_directories(bytesOfPath(bare).toStdString(), error);
     // create_directories() may report success although a plain file stands in the way.
     if (!error && FolderExists(path))
         return {};
@@ -173,7 +174,7 @@ Result<void> DiskFiles::makePrivateFolder(const QString& path)
 {
     const QString bare = withoutSeparator(path);
     // The temporary folder is open to every user, so a folder found there may be a trap.
-    if (::mkdir(QFile::encodeName(bare).constData(), 0700) != 0 && errno != EEXIST)
+    if (::mkdir(bytesOfPath(bare).constData(), 0700) != 0 && errno != EEXIST)
         return systemFailure("make the folder", path, errno);
     // The owner is asked of the opened folder, not of the name, which might change in between.
     const Descriptor folder = openFile(nameOf(bare), O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
@@ -208,19 +209,21 @@ Result<void> DiskFiles::replaceWhole(const QString& source, const QString& targe
 
 bool FileExists(const QString& path)
 {
-    return QFileInfo(path).isFile();
+    struct stat facts {};
+    return ::stat(bytesOfPath(path).constData(), &facts) == 0 && S_ISREG(facts.st_mode);
 }
 
 bool FolderExists(const QString& path)
 {
-    return QFileInfo(path).isDir();
+    struct stat facts {};
+    return ::stat(bytesOfPath(path).constData(), &facts) == 0 && S_ISDIR(facts.st_mode);
 }
 
 bool isOwnFolder(const QString& path)
 {
     const QString bare = withoutSeparator(path);
     struct stat facts = {};
-    return ::lstat(QFile::encodeName(bare).constData(), &facts) == 0 && S_ISDIR(facts.st_mode) &&
+    return ::lstat(bytesOfPath(bare).constData(), &facts) == 0 && S_ISDIR(facts.st_mode) &&
            facts.st_uid == ::geteuid();
 }
 
@@ -229,7 +232,7 @@ QByteArrayList plainFiles(const QString& folder)
     QByteArrayList names;
     std::error_code error;
     for (const fs::directory_entry& file :
-         fs::directory_iterator(QFile::encodeName(folder).toStdString(), error)) {
+         fs::directory_iterator(bytesOfPath(folder).toStdString(), error)) {
         if (file.is_regular_file(error))
             names += QByteArray::fromStdString(file.path().filename().string());
     }
@@ -238,7 +241,8 @@ QByteArrayList plainFiles(const QString& folder)
 
 qint64 fileSize(const QString& path)
 {
-    return QFileInfo(path).size();
+    struct stat facts {};
+    return ::stat(bytesOfPath(path).constData(), &facts) == 0 ? facts.st_size : 0;
 }
 
 Result<QByteArray> readBytes(const QString& path, qint64 limit)
@@ -249,13 +253,19 @@ Result<QByteArray> readBytes(const QString& path, qint64 limit)
     return facts ? Result<QByteArray>(std::move(bytes)) : facts.failure();
 }
 
+QString currentFolder()
+{
+    std::error_code error;
+    return pathOfBytes(QByteArray::fromStdString(fs::current_path(error).string()));
+}
+
 QString shortForm(const QString& path)
 {
-    const QFileInfo info(path);
-    const QString canonical = info.canonicalFilePath();
-    // canonicalFilePath() gives nothing for a file that is not there yet, such as the target of a
-    // save.
-    return canonical.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : canonical;
+    const std::unique_ptr<char, decltype(&std::free)> canonical(
+        ::realpath(bytesOfPath(path).constData(), nullptr), &std::free);
+    // There is none of a file that is not there yet, such as the target of a save.
+    return canonical != nullptr ? pathOfBytes(canonical.get())
+                                : QDir::cleanPath(QDir(currentFolder()).absoluteFilePath(path));
 }
 
 QString withSeparator(const QString& path)
@@ -303,12 +313,16 @@ bool fitsPattern(const QString& name, const QString& pattern)
 QStringList filesLike(const QString& folder, const QString& pattern)
 {
     QStringList found;
-    const QStringList names =
-        QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name | QDir::IgnoreCase);
-    for (const QString& name : names) {
-        if (fitsPattern(name, pattern))
+    // A folder may hold as many files as an archive has members: only what fits is sorted.
+    for (const QByteArray& bytes : plainFiles(folder)) {
+        const QString name = QString::fromUtf8(bytes);
+        if (bytes.isValidUtf8() && fitsPattern(name, pattern))
             found.append(name);
     }
+    std::ranges::sort(found, [](const QString& a, const QString& b) {
+        const int order = a.compare(b, Qt::CaseInsensitive);
+        return order != 0 ? order < 0 : a < b;
+    });
     return found;
 }
 

@@ -21,8 +21,8 @@ inline std::span<const std::uint8_t> spanOf(const QByteArray& bytes)
             static_cast<std::size_t>(bytes.size())};
 }
 
-// Paths are absolute. Every call either does the whole thing or fails with a sentence that names
-// the file and the system's reason.
+// Paths are absolute, and as pathOfBytes() makes them. Every call either does the whole thing or
+// fails with a sentence that names the file and the system's reason.
 class Files {
 public:
     virtual ~Files() = default;
@@ -83,6 +83,8 @@ qint64 fileSize(const QString& path);   // bytes; 0 if there is no such file
 inline constexpr qint64 readLimit = 256LL * 1024 * 1024;
 Result<QByteArray> readBytes(const QString& path, qint64 limit = readLimit);
 
+// The folder that relative paths begin in.
+QString currentFolder();
 // The absolute canonical path; of a file that is not there, the absolute path.
 QString shortForm(const QString& path);
 // The path with one "/" at its end.

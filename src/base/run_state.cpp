@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "base/run_state.h"
 
+#include "base/file_names.h"
+
 namespace fennel {
 
 QString workspaceOf(const RunState& run, const QString& name)
 {
     const bool taken = QStringView(u"~#.=").contains(name.isEmpty() ? QChar(u'=') : name.front()) ||
                        name.endsWith(QStringLiteral(".jpg"), Qt::CaseInsensitive);
-    return run.WorkspaceRoot + (taken ? QStringLiteral("=") : QString()) + name + QLatin1Char('/');
+    // Tools take it as it stands, whatever the file is called.
+    return run.WorkspaceRoot + (taken ? QStringLiteral("=") : QString()) + shownPath(name) +
+           QLatin1Char('/');
 }
 
 QString versionText()

@@ -7,8 +7,25 @@
 
 namespace fennel {
 
-// Sentence and advice, and what they speak of.
-using Findings = std::vector<Problem>;
+// Sentence and advice, and what they speak of. Nobody reads a thousand of one kind: from the limit
+// on they are counted.
+class Findings {
+public:
+    static constexpr std::size_t limit = 100;
+
+    void push_back(const Problem& problem)
+    {
+        if (m_told.size() < limit)
+            m_told.push_back(problem);
+        else
+            ++m_untold;
+    }
+    [[nodiscard]] std::vector<Problem> take();
+
+private:
+    std::vector<Problem> m_told;
+    qsizetype m_untold = 0;
+};
 
 // --- checks_screen.cpp
 void checkOutside(const CheckInput& input, Findings& found);

@@ -59,14 +59,19 @@ void checkSizes(const CheckInput& input, const QString& pattern, const Model& mo
         const QSize wanted = sizeOf(input, other);
         if (own.isEmpty() || wanted.isEmpty() || own == wanted || other == member.name)
             return;
-        found.push_back(about(member.name,
-                              u"%1 is %2x%3, %4 is %5x%6."_s.arg(member.name)
-                                  .arg(own.width())
-                                  .arg(own.height())
-                                  .arg(other)
-                                  .arg(wanted.width())
-                                  .arg(wanted.height()),
-                              u"Give both the same size: replace one of them."_s));
+        Problem problem = about(member.name,
+                                u"%1 is %2x%3, %4 is %5x%6."_s.arg(member.name)
+                                    .arg(own.width())
+                                    .arg(own.height())
+                                    .arg(other)
+                                    .arg(wanted.width())
+                                    .arg(wanted.height()),
+                                u"Give both the same size: replace one of them."_s);
+        problem.mend = Mend{u"Scale it to %1x%2"_s.arg(wanted.width()).arg(wanted.height()),
+                            {},
+                            member.name,
+                            wanted};
+        found.push_back(problem);
     });
 }
 
@@ -86,11 +91,16 @@ void checkBlackPictures(const CheckInput& input, Findings& found)
     eachLike(input, u"*.jpg"_s, [&](const CheckedMember& member) {
         const Result<JpegHead> head = headOf(member.data);
         const Result<void> boots = head ? checkBootable(*head) : head.failure();
-        if (!boots)
-            found.push_back(about(member.name,
-                                  u"%1 stays black on the boot screen: %2."_s.arg(
-                                      member.name, QString::fromStdString(boots.failure().text)),
-                                  u"Replace it by the same picture: it is converted."_s));
+        if (boots)
+            return;
+        Problem problem = about(member.name,
+                                u"%1 stays black on the boot screen: %2"_s.arg(
+                                    member.name, QString::fromStdString(boots.failure().text)),
+                                u"Replace it by the same picture: it is converted."_s);
+        // A JPEG of another kind; what has no head is no picture at all.
+        if (head)
+            problem.mend = Mend{u"Convert it"_s, {}, member.name, {head->width, head->height}};
+        found.push_back(problem);
     });
 }
 

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "checks/check_list.h"
 #include "container/member_table.h"
+#include "document/place_change.h"
 #include "params/level_files.h"
 #include "params/object_table.h"
 #include "params/panel_values.h"
@@ -50,10 +51,13 @@ void eachPlaced(const CheckInput& input, const Visit& visit)
     }
 }
 
-Problem about(int row, const PanelRec& panel, const QString& sentence, const QString& advice)
+Problem about(int row, const PanelRec& panel, const QString& sentence, const QString& advice,
+              int param = 0)
 {
     Problem problem;
     problem.object = row;
+    if (param > 0)
+        problem.param = {levelFileOf(panel), param};
     problem.sentence = sentence.arg(objectCaption(panel.Name));
     problem.advice = advice;
     return problem;
@@ -62,6 +66,40 @@ Problem about(int row, const PanelRec& panel, const QString& sentence, const QSt
 QRect screenOf(const CheckInput& input)
 {
     return {0, 0, input.run.BackWidth, input.run.BackHeight};
+}
+
+// What of the object has to lie on the screen.
+QRect seenPart(int row, const PanelRec& panel)
+{
+    const QRect rect = rectOf(panel);
+    // The menu's height is that of its entries.
+    return row == MenuPanelRow ? QRect(rect.topLeft(), QSize(rect.width(), 1)) : rect;
+}
+
+// None for what is larger than the screen, or whose place no list shows.
+std::optional<Mend> movedIn(const CheckInput& input, int row, const PanelRec& panel)
+{
+    const QRect screen = screenOf(input);
+    const QRect part = seenPart(row, panel);
+    if (part.width() > screen.width() || part.height() > screen.height())
+        return std::nullopt;
+    PanelRec wanted = panel;
+    wanted.Left = static_cast<qint16>(std::clamp(part.x(), 0, screen.width() - part.width()));
+    wanted.Top = static_cast<qint16>(std::clamp(part.y(), 0, screen.height() - part.height()));
+    Mend mend{u"Move it onto the screen"_s, {}, {}, {}};
+    addRecord(input.state, row, wanted, mend.change);
+    mend.change.objects.clear(); // they follow from the values
+    return mend.change.params.empty() ? std::nullopt : std::optional(mend);
+}
+
+std::optional<Mend> switchedOff(const CheckInput& input, const PanelRec& panel)
+{
+    const ParamKey key{levelFileOf(panel), panel.OnParam};
+    if (panel.OnParam <= 0 || !input.state.ZUKarr.at(key.file, key.number).Value)
+        return std::nullopt;
+    Mend mend{u"Switch it off"_s, {}, {}, {}};
+    mend.change.params[key] = ParamValue{};
+    return mend;
 }
 
 double linear(int part)
@@ -111,7 +149,8 @@ void needMember(const CheckInput& input, int row, const QString& pattern, Findin
     if (isOn(input, panel) && chosen >= 0 && input.find(name) == nullptr) {
         Problem problem =
             about(row, panel, u"%1 is on, but its member %2 is missing."_s,
-                  u"Add the member, choose another number, or switch the object off."_s);
+                  u"Add the member, choose another number, or switch the object off."_s, 99);
+        problem.mend = switchedOff(input, panel);
         problem.sentence = problem.sentence.arg(name);
         problem.member = name;
         found.push_back(problem);
@@ -123,21 +162,25 @@ void needMember(const CheckInput& input, int row, const QString& pattern, Findin
 void checkOutside(const CheckInput& input, Findings& found)
 {
     eachPlaced(input, [&](int row, const PanelRec& panel) {
-        if (!screenOf(input).intersects(rectOf(panel)))
-            found.push_back(about(row, panel, u"%1 lies outside the screen."_s,
-                                  u"Move it onto the screen, or switch it off."_s));
+        if (screenOf(input).intersects(rectOf(panel)))
+            return;
+        Problem problem = about(row, panel, u"%1 lies outside the screen."_s,
+                                u"Move it onto the screen, or switch it off."_s, panel.LeftParam);
+        problem.mend = movedIn(input, row, panel);
+        found.push_back(problem);
     });
 }
 
 void checkCut(const CheckInput& input, Findings& found)
 {
     eachPlaced(input, [&](int row, const PanelRec& panel) {
-        const QRect rect = rectOf(panel);
-        const bool tall = row == MenuPanelRow; // its height is that of its entries
-        const QRect seen = tall ? QRect(rect.topLeft(), QSize(rect.width(), 1)) : rect;
-        if (screenOf(input).intersects(rect) && !screenOf(input).contains(seen))
-            found.push_back(about(row, panel, u"%1 reaches over the edge of the screen."_s,
-                                  u"Move it, or make it smaller."_s));
+        const QRect screen = screenOf(input);
+        if (!screen.intersects(rectOf(panel)) || screen.contains(seenPart(row, panel)))
+            return;
+        Problem problem = about(row, panel, u"%1 reaches over the edge of the screen."_s,
+                                u"Move it, or make it smaller."_s, panel.LeftParam);
+        problem.mend = movedIn(input, row, panel);
+        found.push_back(problem);
     });
 }
 
@@ -154,8 +197,8 @@ void checkSamePlace(const CheckInput& input, Findings& found)
             const PanelRec& b = *input.state.object(rows[j]);
             if (a.Left != b.Left || a.Top != b.Top)
                 continue;
-            Problem problem =
-                about(rows[j], b, u"%1 stands at the place of %2."_s, u"Move one of them."_s);
+            Problem problem = about(rows[j], b, u"%1 stands at the place of %2."_s,
+                                    u"Move one of them."_s, b.LeftParam);
             problem.sentence = problem.sentence.arg(objectCaption(a.Name));
             found.push_back(problem);
         }
@@ -171,14 +214,18 @@ void checkEntriesFit(const CheckInput& input, Findings& found)
     const auto font = static_cast<std::size_t>(
         std::clamp<int>(menu->FontIndex, 0, static_cast<int>(input.fonts.size()) - 1));
     const double line = 3 + menuSlit(input.state) + input.fonts[font].Size;
-    const qint64 entries = number(input, 0, 41);
+    const qint64 entries = number(input, 0, menuEntriesParam);
     const auto room = static_cast<qint64>((input.run.BackHeight - menu->Top) / std::max(line, 1.0));
     if (entries > room && room >= 0) {
         Problem problem =
             about(MenuPanelRow, *menu, u"%1 asks for %2 entries, and the screen holds %3 there."_s,
-                  u"Lower s.menu.max.entries, or move the menu up."_s);
+                  u"Lower s.menu.max.entries, or move the menu up."_s, menuEntriesParam);
         problem.sentence = problem.sentence.arg(entries).arg(room);
         problem.parameter = u"s.menu.max.entries"_s;
+        problem.mend = Mend{u"Show %1 entries"_s.arg(room), {}, {}, {}};
+        addMenuEntries(input.state, true, static_cast<int>(room), problem.mend->change);
+        if (problem.mend->change.params.empty())
+            problem.mend.reset();
         found.push_back(problem);
     }
 }
@@ -192,7 +239,7 @@ void checkContrast(const CheckInput& input, Findings& found)
         if (!worded || contrast(panel.TextColor, groundOf(background, panel)) >= leastContrast)
             return;
         found.push_back(about(row, panel, u"The text of %1 is hard to read on its ground."_s,
-                              u"Make one of the two lighter or darker."_s));
+                              u"Make one of the two lighter or darker."_s, panel.TextParam));
     });
 }
 
@@ -204,14 +251,16 @@ void checkComponents(const CheckInput& input, Findings& found)
     needMember(input, AnimationRow, u"ani_%1.jpg"_s, found);
     needMember(input, AnimationRow, u"ani_%1_msk.jpg"_s, found);
     // The logo has no switch: without a picture there is none, and that is meant.
-    constexpr int runLineRow = 22;
-    const PanelRec& line = *input.state.object(runLineRow);
+    const PanelRec& line = *input.state.object(RunLineRow);
     const bool there = std::ranges::any_of(input.members, [&](const CheckedMember& member) {
         return fitsPattern(member.name, line.Component);
     });
-    if (isOn(input, line) && !there)
-        found.push_back(about(runLineRow, line, u"%1 is on, but no member is there for it."_s,
-                              u"Add the member "_s + line.Component + u'.'));
+    if (!isOn(input, line) || there)
+        return;
+    Problem problem = about(RunLineRow, line, u"%1 is on, but no member is there for it."_s,
+                            u"Add the member "_s + line.Component + u'.', line.OnParam);
+    problem.mend = switchedOff(input, line);
+    found.push_back(problem);
 }
 
 } // namespace fennel

@@ -16,8 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int runLineRow = 22;
-
 // What a font member says of its letters: codes and how far each takes the pen.
 std::map<std::uint32_t, int> advancesOf(const CheckInput& input, int object)
 {
@@ -49,20 +47,23 @@ void checkText(const CheckInput& input, int object, const QString& member, const
                Findings& found)
 {
     const auto advances = advancesOf(input, object);
+    constexpr qsizetype shown = 20;
     QString missing;
     for (const char32_t code : text.toUcs4()) {
         const QString letter = QString::fromUcs4(&code, 1);
-        if (code > U' ' && !advances.contains(code) && !missing.contains(letter))
-            missing += letter;
+        if (code <= U' ' || advances.contains(code) || missing.contains(letter))
+            continue;
+        missing += letter;
+        if (missing.size() >= shown)
+            break;
     }
-    constexpr qsizetype shown = 20;
     if (missing.isEmpty() || advances.empty())
         return;
     Problem problem;
     problem.object = object;
     problem.member = member;
     problem.sentence = u"The font lacks letters of %1: %2"_s.arg(
-        member.isEmpty() ? u"the menu"_s : member, missing.left(shown));
+        member.isEmpty() ? u"the menu"_s : member, missing);
     problem.advice = u"Make the font with these characters too, or change the text."_s;
     found.push_back(problem);
 }
@@ -78,7 +79,7 @@ void checkLetters(const CheckInput& input, Findings& found)
         const bool line = fitsPattern(member.name, u"RLineDef.txt"_s);
         const bool help = fitsPattern(member.name, u"ZUK_Read.txt"_s);
         if (line || help)
-            checkText(input, line ? runLineRow : int{HelpPanelRow}, member.name,
+            checkText(input, line ? RunLineRow : HelpPanelRow, member.name,
                       textForScreen(member.data), found);
     }
 }

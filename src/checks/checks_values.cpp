@@ -7,6 +7,7 @@
 #include "params/level_files.h"
 
 #include <algorithm>
+#include <functional>
 #include <set>
 
 namespace fennel {
@@ -28,18 +29,58 @@ Problem about(const QString& member, const QString& parameter, const QString& se
     return problem;
 }
 
-// Visits the entries of gfxboot.cfg that are in force, with their values.
+// An entry that is in force.
+struct EntryInForce {
+    QByteArray section;
+    QByteArray name;
+    QString value;
+    int nth = 0; // of the entries with its name, from 0
+};
+
 template <class Visit>
 void eachEntry(const CheckInput& input, const Visit& visit)
 {
     const QByteArray* bytes = input.find(cfgMemberName);
     if (bytes == nullptr || input.run.gfxboot_var != 2)
         return;
+    QHash<QByteArray, int> counts;
     for (const CfgEntry& entry : cfgEntries(*bytes)) {
         if (entry.on)
-            visit(entry, QString::fromUtf8(bytes->mid(entry.value, entry.end - entry.value)));
+            visit(EntryInForce{entry.section, entry.name,
+                               QString::fromUtf8(bytes->mid(entry.value, entry.end - entry.value)),
+                               counts[entry.name]++});
     }
 }
+
+// The lines of gfxboot.cfg as the list shows them, by the entries of the file.
+class ShownLines {
+public:
+    explicit ShownLines(const CheckInput& input) : m_lines(input.state.cfg)
+    {
+        for (int line = 0; line < m_lines.size(); ++line) {
+            if (isParameter(m_lines[line]) && m_lines[line].on)
+                m_places[m_lines[line].name.toUtf8()].append(line);
+        }
+    }
+    // None for an entry that no list shows.
+    [[nodiscard]] std::optional<Mend> mend(const EntryInForce& entry, const QString& what,
+                                           const std::function<void(CfgLine&)>& change) const
+    {
+        const QList<int> places = m_places.value(entry.name);
+        if (entry.nth >= places.size())
+            return std::nullopt;
+        Mend mend{what, {}, {}, {}};
+        mend.change.cfg = m_lines;
+        change((*mend.change.cfg)[places[entry.nth]]);
+        mend.change.writeCfg = true;
+        mend.change.cfgKey = QString::fromUtf8(entry.name);
+        return *mend.change.cfg == m_lines ? std::nullopt : std::optional(mend);
+    }
+
+private:
+    const CfgLines& m_lines;
+    QHash<QByteArray, QList<int>> m_places;
+};
 
 bool fitsKind(CfgKind kind, const QString& value)
 {
@@ -84,10 +125,12 @@ QString shownName(const CheckInput& input, int file, int number)
 
 void checkCfgNames(const CheckInput& input, Findings& found)
 {
+    constexpr int mostNames = 1000; // each is looked for in the whole engine
+    int names = 0;
     const QByteArray* engine = input.find(u"init"_s);
-    std::set<QByteArray> told;
-    eachEntry(input, [&](const CfgEntry& entry, const QString&) {
-        if (engine == nullptr || engine->contains(entry.name) || !told.insert(entry.name).second)
+    eachEntry(input, [&](const EntryInForce& entry) {
+        if (engine == nullptr || entry.nth > 0 || ++names > mostNames ||
+            engine->contains(entry.name))
             return;
         const QString name = QString::fromUtf8(entry.name);
         found.push_back(about(cfgMemberName, name, u"The engine knows no parameter %1."_s.arg(name),
@@ -97,28 +140,38 @@ void checkCfgNames(const CheckInput& input, Findings& found)
 
 void checkCfgDoubled(const CheckInput& input, Findings& found)
 {
+    const ShownLines lines(input);
     std::set<QByteArray> seen;
-    eachEntry(input, [&](const CfgEntry& entry, const QString&) {
+    eachEntry(input, [&](const EntryInForce& entry) {
         if (seen.insert(entry.section + "::" + entry.name).second)
             return;
         const QString name = QString::fromUtf8(entry.name);
-        found.push_back(about(cfgMemberName, name,
-                              u"%1 stands twice; the first one counts."_s.arg(name),
-                              u"Take one of the lines out."_s));
+        Problem problem =
+            about(cfgMemberName, name, u"%1 stands twice; the first one counts."_s.arg(name),
+                  u"Take one of the lines out."_s);
+        problem.mend = lines.mend(entry, u"Switch the later one off"_s,
+                                  [](CfgLine& line) { line.on = false; });
+        found.push_back(problem);
     });
 }
 
 void checkCfgValues(const CheckInput& input, Findings& found)
 {
-    eachEntry(input, [&](const CfgEntry& entry, const QString& value) {
+    const ShownLines lines(input);
+    eachEntry(input, [&](const EntryInForce& entry) {
         const QString name = QString::fromUtf8(entry.name);
         const auto* const param = std::ranges::find(cfgParams, QStringView(name), &CfgParam::name);
-        if (param == cfgParams.end() || fitsKind(param->kind, value))
+        if (param == cfgParams.end() || fitsKind(param->kind, entry.value))
             return;
-        found.push_back(about(cfgMemberName, name, u"%1 cannot be \"%2\"."_s.arg(name, value),
-                              param->kind == CfgKind::Flag     ? u"Say 0 or 1."_s
-                              : param->kind == CfgKind::Colour ? u"Say a colour 0xRRGGBB."_s
-                                                               : u"Say a number."_s));
+        Problem problem =
+            about(cfgMemberName, name, u"%1 cannot be \"%2\"."_s.arg(name, entry.value),
+                  param->kind == CfgKind::Flag     ? u"Say 0 or 1."_s
+                  : param->kind == CfgKind::Colour ? u"Say a colour 0xRRGGBB."_s
+                                                   : u"Say a number."_s);
+        problem.mend =
+            lines.mend(entry, u"Say %1, the default"_s.arg(param->defaultValue),
+                       [param](CfgLine& line) { line.value = typedValue(param->defaultValue); });
+        found.push_back(problem);
     });
 }
 
@@ -152,11 +205,18 @@ void checkLevelValues(const CheckInput& input, Findings& found)
         const QString name = shownName(input, file, number);
         const bool isSwitch = name.endsWith(u".is.ON") && value > 1;
         const bool isShare = name.contains(u"transp") && value > 255;
-        if (isSwitch || isShare)
-            found.push_back(about(
-                levelFileName(file), name,
-                u"%1 is %2, and goes up to %3."_s.arg(name).arg(value).arg(isSwitch ? 1 : 255),
-                u"Set it within its range."_s));
+        if (!isSwitch && !isShare)
+            return;
+        const int most = isSwitch ? 1 : 255;
+        Problem problem = about(levelFileName(file), name,
+                                u"%1 is %2, and goes up to %3."_s.arg(name).arg(value).arg(most),
+                                u"Set it within its range."_s);
+        problem.param = {file, number};
+        if (const auto& shown = input.state.ZUKarr.at(file, number).Value) {
+            problem.mend = Mend{u"Set it to %1"_s.arg(most), {}, {}, {}};
+            problem.mend->change.params[problem.param] = ParamValue{most, shown->hex, {}};
+        }
+        found.push_back(problem);
     });
 }
 

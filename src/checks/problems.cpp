@@ -47,19 +47,38 @@ constexpr std::array checks{
 
 } // namespace
 
-const QByteArray* CheckInput::find(const QString& name) const
+std::vector<Problem> Findings::take()
 {
-    const auto found = std::ranges::find(members, name, &CheckedMember::name);
-    return found == members.end() ? nullptr : &found->data;
+    if (m_untold > 0) {
+        Problem rest;
+        rest.sentence = QStringLiteral("There are %1 more of this kind.").arg(m_untold);
+        m_told.push_back(rest);
+    }
+    return std::move(m_told);
 }
 
-std::vector<Problem> findProblems(const CheckInput& input)
+const QByteArray* CheckInput::find(const QString& name) const
+{
+    const auto place = places.constFind(name);
+    return place == places.cend() ? nullptr : &members[*place].data;
+}
+
+void CheckInput::add(const QString& name, const QByteArray& data)
+{
+    if (!places.contains(name))
+        places.insert(name, members.size());
+    members.push_back({name, data});
+}
+
+std::vector<Problem> findProblems(const CheckInput& input, const std::atomic<bool>* stopped)
 {
     std::vector<Problem> problems;
     for (const Check& check : checks) {
+        if (stopped != nullptr && *stopped)
+            return {};
         Findings found;
         check.run(input, found);
-        for (Problem& problem : found) {
+        for (Problem& problem : found.take()) {
             problem.name = check.name.toString();
             problem.severity = check.severity;
             problems.push_back(std::move(problem));

@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
 // What of a gfxboot will not boot as meant. A pure function of what is open: the command prints the
-// problems, the editor can go to the object or member of each.
+// problems, the editor goes to the object or member of each and mends what can be mended.
 #pragma once
 
 #include "base/run_state.h"
+#include "document/change.h"
 #include "fonts/font_table.h"
 #include "params/param_state.h"
 
+#include <QHash>
+#include <QSize>
+
+#include <atomic>
 #include <optional>
 #include <span>
 #include <vector>
@@ -19,6 +24,14 @@ enum class Severity {
     Error,   // something is not seen at all, or does not boot
 };
 
+// What makes a problem go without a choice that only people can make.
+struct Mend {
+    QString what;    // as a button says it: "Move it onto the screen"
+    Change change;   // of values, or
+    QString picture; // this member is made anew, so that it boots,
+    QSize size;      // in this size; empty: in its own
+};
+
 struct Problem {
     QString name; // of the check, such as "picture-black"
     Severity severity = Severity::Warning;
@@ -27,6 +40,8 @@ struct Problem {
     int object = -1;   // row of PanelArr
     QString member;    // empty: none
     QString parameter; // as people name it; empty: none
+    ParamKey param;    // of a level file; number 0: none
+    std::optional<Mend> mend;
 };
 
 struct CheckedMember {
@@ -39,15 +54,19 @@ struct CheckInput {
     const RunState& run;
     const ParamState& state;
     const FontTable& fonts;
-    std::vector<CheckedMember> members; // in archive order
-    std::optional<QString> menu;        // the text of a menu.lst
+    std::optional<QString> menu;             // the text of a menu.lst
+    std::vector<CheckedMember> members = {}; // in archive order
+    QHash<QString, std::size_t> places = {}; // of the first member of each name
 
+    void add(const QString& name, const QByteArray& data);
     // Null without it.
     [[nodiscard]] const QByteArray* find(const QString& name) const;
 };
 
 // Of all checks, the worst first; those of one check stand in the order of what they speak of.
-std::vector<Problem> findProblems(const CheckInput& input);
+// Nobody waits for what is found once `stopped` is true.
+std::vector<Problem> findProblems(const CheckInput& input,
+                                  const std::atomic<bool>* stopped = nullptr);
 
 // Text as the boot screen reads it: UTF-8 with or without a mark, else code page 1251.
 QString textForScreen(const QByteArray& bytes);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "command/command_run.h"
 
+#include "base/file_names.h"
 #include "base/files.h"
 #include "base/posix_file.h"
 #include "base/text.h"
@@ -110,7 +111,7 @@ std::optional<MessageFile> CommandRun::read(const QString& path, Status& status)
 
 Status CommandRun::write(const QString& path, const QByteArray& bytes)
 {
-    const QByteArray name = QFile::encodeName(path);
+    const QByteArray name = bytesOfPath(path);
     if (path == dash) {
         m_out += bytes;
         return Status::Done;

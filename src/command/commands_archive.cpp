@@ -2,6 +2,7 @@
 // Between a message file and a folder of its members, and the template.
 #include "command/commands.h"
 
+#include "base/file_names.h"
 #include "base/files.h"
 #include "base/posix_file.h"
 #include "container/member_list.h"
@@ -78,7 +79,7 @@ Result<void> writeMember(const QByteArray& folder, const MessageMember& member)
 
 Result<void> writeAllMembers(const MessageFile& message, const QString& folder)
 {
-    const QByteArray path = QFile::encodeName(withSeparator(folder));
+    const QByteArray path = bytesOfPath(withSeparator(folder));
     QByteArray names;
     for (const MessageMember& member : message.members) {
         if (Result<void> done = writeMember(path, member); !done)
@@ -128,7 +129,7 @@ Result<MessageMember> readMember(const QByteArray& folder, const QByteArray& nam
 Result<MessageFile> packed(const QString& folder, bool gzip)
 {
     MessageFile message;
-    const QByteArray path = QFile::encodeName(withSeparator(folder));
+    const QByteArray path = bytesOfPath(withSeparator(folder));
     std::uint32_t newest = 0;
     for (const QByteArray& name : namesIn(folder)) {
         Result<MessageMember> member = readMember(path, name);

@@ -52,10 +52,10 @@ Status checkFile(CommandRun& run, const QString& file, const std::optional<QStri
     if (!opened)
         return status;
     Session& session = opened->session;
-    CheckInput input{
-        session.document().run(), session.document().state(), session.fonts().table, {}, menu};
+    CheckInput input{session.document().run(), session.document().state(), session.fonts().table,
+                     menu};
     for (const MessageMember& member : opened->message.members)
-        input.members.push_back({shownName(member.name), member.data});
+        input.add(shownName(member.name), member.data);
     return showProblems(run, file, session, findProblems(input));
 }
 

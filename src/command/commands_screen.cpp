@@ -3,6 +3,7 @@
 #include "command/commands.h"
 
 #include "command/screens.h"
+#include "screen/geometry.h"
 #include "tools/boot_once.h"
 #include "tools/boot_stick.h"
 
@@ -107,10 +108,7 @@ Status runRender(CommandRun& run)
     if (!opened)
         return status;
     const QImage screen = drawnScreen(*opened, wish);
-    const QSize size = (QSizeF(screen.size()) * (*scale / 100)).toSize();
-    const bool whole = size == screen.size() || size.isEmpty();
-    return writePicture(
-        run, whole ? screen : screen.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    return writePicture(run, atScale(screen, StageScale(*scale / 100)));
 }
 
 Status runBoot(CommandRun& run)

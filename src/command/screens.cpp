@@ -26,7 +26,11 @@ QImage drawnScreen(OpenedFile& opened, const ScreenWish& wish)
                         bootTitles({wish.menu, run.GfxHasZuk, {}})};
     request.chosen = wish.chosen;
     request.menuValues = true;
+    request.panel = BootPanel::None;
+    request.moment = previewMoment();
     if (wish.clock) {
+        request.panel = BootPanel::AsAtStart;
+        request.moment = {};
         request.moment.clock = *wish.clock;
         request.moment.date = QDate::currentDate();
     }

@@ -11,7 +11,9 @@ namespace fennel {
 struct ScreenWish {
     QString menu;   // the text of a menu.lst; empty: the menu that the editor shows without one
     int chosen = 0; // the entry that the bar is on, from 0
-    std::optional<QTime> clock; // none: the same at every run
+    // As it stands when it has booted at that time; none: as the preview shows it, at every run the
+    // same.
+    std::optional<QTime> clock;
 };
 
 // The screen as it boots. Null if there is nothing to draw.

@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "container/archive_tools.h"
 
+#include "base/file_names.h"
+#include "base/posix_file.h"
 #include "base/tool_output.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
+
+#include <array>
+#include <limits>
 
 namespace fennel {
 
@@ -13,7 +18,7 @@ namespace {
 const QString suffix = QStringLiteral(",0");
 const QString sevenZipLog = QStringLiteral("#7zip.log");
 // Twelve characters; 7-Zip's report pads the word so, in English only, and the bridge keeps to it.
-const QByteArray testing = QByteArrayLiteral("Testing     ");
+const QByteArray extracting = QByteArrayLiteral("Extracting  ");
 
 // The reason that a run left no file: what the runner found, else what the tool said.
 Failure reasonOf(const Shell& shell, const Result<void>& ran, const QString& missing)
@@ -24,15 +29,26 @@ Failure reasonOf(const Shell& shell, const Result<void>& ran, const QString& mis
     return {FailureKind::ToolFailed, (said.isEmpty() ? missing : said).toStdString()};
 }
 
-// The name behind the last "Testing     " of the report. Lines end at a line end or at a comma.
-QString testedName(QByteArray report)
+Result<bool> beginsAsGzip(const QString& path)
+{
+    constexpr std::array<std::uint8_t, 2> mark{0x1F, 0x8B};
+    const Result<OpenedFile> file =
+        openPlain(bytesOfPath(path).toStdString(), std::numeric_limits<std::uint64_t>::max());
+    if (!file)
+        return file.failure();
+    std::array<std::uint8_t, 2> start{};
+    return readInto(file->file.get(), start) == 2 && start == mark;
+}
+
+// The name behind the last "Extracting  " of the report. Lines end at a line end or at a comma.
+QString unwrappedName(QByteArray report)
 {
     QByteArray name;
     // The last such line wins; a name with a comma in it is cut there.
     report.replace('\r', '\n').replace(',', '\n');
     for (const QByteArray& line : report.split('\n')) {
-        if (line.startsWith(testing))
-            name = line.mid(testing.size()).trimmed();
+        if (line.startsWith(extracting))
+            name = line.mid(extracting.size()).trimmed();
     }
     return memberName(name).text;
 }
@@ -84,27 +100,27 @@ Result<QString> SevenZipExtract(const Shell& shell, const QString& file, const Q
     const QString& tool = shell.run.Tool7Zip;
     if (!shell.toolThere(tool))
         return QString();
+    const Result<bool> gzip = beginsAsGzip(file);
+    if (!gzip)
+        return gzip.failure();
+    if (!*gzip)
+        return QString();
     const QString log = withSeparator(folder) + sevenZipLog;
     if (Result<void> removed = shell.files.remove(log); !removed)
         return removed.failure();
-    Result<void> ran = shell.tools.RunToolAndWait(
-        {tool, QStringLiteral("INFO"), file, folder, sevenZipLog, suffix});
+    // It is tested as it is unwrapped, before the first byte is written; a test of its own would
+    // unwrap it twice.
+    const Result<void> ran = shell.tools.RunToolAndWait(
+        {tool, QStringLiteral("EXTR"), file, folder, sevenZipLog, suffix});
     const Result<QByteArray> report = readBytes(log);
-    if (!ran || !report)
-        return reasonOf(shell, ran, file + QStringLiteral(" could not be tested."));
-    const QString name = testedName(*report);
-    if (name.isEmpty())
-        return name;
+    if (!ran || !report || !shell.tools.lastErrorOutput().isEmpty())
+        return reasonOf(shell, ran, file + QStringLiteral(" could not be unwrapped."));
     const QByteArray tail = QByteArrayLiteral("Tail Size: ");
     if (const qsizetype at = report->indexOf(tail); at >= 0)
         shell.prompts.ShowMessage(
             QStringLiteral("%1: %2 bytes behind the end of the gzip data are ignored.")
                 .arg(file, QString::fromLatin1(report->mid(at + tail.size()).split('\r').first())));
-    ran = shell.tools.RunToolAndWait(
-        {tool, QStringLiteral("EXTR"), file, folder, sevenZipLog, suffix});
-    if (!ran || !shell.tools.lastErrorOutput().isEmpty())
-        return reasonOf(shell, ran, {});
-    return name;
+    return unwrappedName(*report);
 }
 
 Result<QString> SevenZipPack(const Shell& shell, const QString& input, const QString& outputFolder,

@@ -15,8 +15,8 @@ Result<void> CpioInfoExtract(const Shell& shell, const QString& archive, const Q
 Result<void> CpioAssemble(const Shell& shell, const QString& archive, const QString& folder);
 
 // Unwraps a gzip file into `folder` and returns the name of its member; an empty name if the file
-// is no gzip file or the tool is missing, which is told. A failure means that the file could not be
-// tested, or that it is gzip and cannot be unwrapped; it may still be a plain archive.
+// does not begin as one or the tool is missing, which is told. A failure means that the file could
+// not be read, or that it cannot be unwrapped; it may still be a plain archive.
 Result<QString> SevenZipExtract(const Shell& shell, const QString& file, const QString& folder);
 
 // Compresses one file to `outputFolder` + `outputName` (empty: "#message.gz") and returns the path

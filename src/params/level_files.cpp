@@ -78,22 +78,6 @@ RecordPlace placeOf(const QByteArray& bytes, int param)
     return place;
 }
 
-// The file with the values of the lists in the records that it has; the rest stays.
-QByteArray keptRecords(QByteArray bytes, const ZUKarr& table, int file)
-{
-    for (int param = 1; param <= zukParamCount; ++param) {
-        const std::optional<qint64> value = table.at(file, param).EditValue;
-        if (!value)
-            continue;
-        const RecordPlace place = placeOf(bytes, param);
-        if (place.there && valueAt(bytes, place.record) == (*value & levelValueLimit))
-            continue;
-        bytes.replace(place.record * recordSize, place.there ? recordSize : 0,
-                      recordOf(param, *value));
-    }
-    return bytes;
-}
-
 // A file that is not there has no records.
 Result<QByteArray> recordsIn(const QString& path)
 {
@@ -212,6 +196,21 @@ void GatherListValues(ZUKarr& table)
                 cell.EditValue = cell.Value->number;
         }
     }
+}
+
+QByteArray keptRecords(QByteArray bytes, const ZUKarr& table, int file)
+{
+    for (int param = 1; param <= zukParamCount; ++param) {
+        const std::optional<qint64> value = table.at(file, param).EditValue;
+        if (!value)
+            continue;
+        const RecordPlace place = placeOf(bytes, param);
+        if (place.there && valueAt(bytes, place.record) == (*value & levelValueLimit))
+            continue;
+        bytes.replace(place.record * recordSize, place.there ? recordSize : 0,
+                      recordOf(param, *value));
+    }
+    return bytes;
 }
 
 Result<QStringList> levelLosses(const Shell& shell, const ZUKarr& table)

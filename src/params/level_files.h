@@ -40,6 +40,10 @@ void GatherListValues(ZUKarr& table);
 // and a rest that is no record. A line each.
 Result<QStringList> levelLosses(const Shell& shell, const ZUKarr& table);
 
+// The records of a file with every EditValue in its place, as WriteLevelFiles() with SaveForm::Kept
+// would write them.
+QByteArray keptRecords(QByteArray bytes, const ZUKarr& table, int file);
+
 // Writes EditValue, cut to 24 bits. Kept: into the records that are there, new ones where they
 // stand in ascending numbers; all else keeps its bytes. Listed: in ascending numbers, and nothing
 // else. A file without any EditValue stays as it is, and one that says all this already is not

@@ -25,6 +25,7 @@ enum ObjectRow {
     HelpPanelRow = 8,
     FirstSparkleRow = 11,
     LastSparkleRow = 18,
+    RunLineRow = 22,
     GlassesRow = 23,
     AnimationRow = 28,
     GeneralRow = 39,

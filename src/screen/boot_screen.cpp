@@ -19,6 +19,15 @@ bool isVideoMode(QSize size)
     return std::ranges::find(modes, std::pair(size.width(), size.height())) != modes.end();
 }
 
+BootMoment previewMoment(int seconds, int timeout)
+{
+    BootMoment moment;
+    moment.ticks = static_cast<int>(seconds * bootTicksPerSecond);
+    moment.timeout = timeout;
+    moment.allShown = true;
+    return moment;
+}
+
 QRegion BootScreen::update(const BootRequest& request)
 {
     m_members.setFolder(request.folder);

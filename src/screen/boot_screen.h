@@ -31,6 +31,10 @@ struct BootMoment {
     QTime clock = QTime(12, 34, 56);
     QDate date = QDate(2025, 1, 31);
 };
+// The moment that the preview shows unless it is told another one, on a day that never changes.
+inline constexpr int previewSeconds = 4;
+inline constexpr int previewTimeout = 10;
+BootMoment previewMoment(int seconds = previewSeconds, int timeout = previewTimeout);
 
 // Which of the panels that come and go is open.
 enum class BootPanel { AsAtStart, None, Help, Wait, Information };

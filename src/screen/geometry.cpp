@@ -3,6 +3,8 @@
 
 #include "base/text.h"
 
+#include <QPainter>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -35,6 +37,28 @@ qint16 StageScale::stored(int shownNow, int storedNow, int low, int high) const
         return static_cast<qint16>(storedNow);
     const int top = std::min<int>(high, std::numeric_limits<qint16>::max());
     return static_cast<qint16>(std::max(low, std::min(boot(shownNow), top)));
+}
+
+QImage atScale(const QImage& screen, const StageScale& scale)
+{
+    if (scale.factor() == 1.0)
+        return screen;
+    QImage shown(scale.shown(screen.width()), scale.shown(screen.height()), QImage::Format_RGB32);
+    if (shown.isNull()) // no pixel is left of it
+        return screen;
+    drawAtScale(screen, shown.rect(), shown);
+    return shown;
+}
+
+void drawAtScale(const QImage& screen, const QRect& part, QImage& shown)
+{
+    const double wide = static_cast<double>(shown.width()) / screen.width();
+    const double high = static_cast<double>(shown.height()) / screen.height();
+    QPainter painter(&shown);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(
+        QRectF(part), screen,
+        QRectF(part.x() / wide, part.y() / high, part.width() / wide, part.height() / high));
 }
 
 QRect markerRect(const QRect& panel)

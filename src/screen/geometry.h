@@ -6,6 +6,7 @@
 
 #include "params/object_table.h"
 
+#include <QImage>
 #include <QPoint>
 #include <QRect>
 #include <QSize>
@@ -42,6 +43,11 @@ public:
 private:
     float m_factor;
 };
+
+// The boot screen as the preview shows it at a scale; `part` of it, shown pixels, into a picture of
+// the whole.
+QImage atScale(const QImage& screen, const StageScale& scale);
+void drawAtScale(const QImage& screen, const QRect& part, QImage& shown);
 
 // The handle at the lower right corner of a panel: 7 by 7, at left + width - 5, top + height - 5.
 inline constexpr int markerSide = 7;

@@ -33,7 +33,6 @@ constexpr int sparkBends = 6;
 constexpr int sparkSway = 6;
 constexpr QRgb sparkWhite = 0xffe8f0ff;
 constexpr QRgb sparkGlow = 0xff6f8fff;
-constexpr int runLineRow = 22;
 constexpr int frameTicks = 2;
 constexpr int mostTicks = 18 * 60 * 60; // further nobody looks
 
@@ -123,7 +122,7 @@ void layOutSparks(const OwnWork& work)
 
 void layOutRunLine(const OwnWork& work)
 {
-    const OwnObject line = work.values.object(runLineRow);
+    const OwnObject line = work.values.object(RunLineRow);
     if (!line.on)
         return;
     OwnDrawing drawing(line, line.rect.size(), work.screen());

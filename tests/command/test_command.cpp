@@ -3,8 +3,10 @@
 #include "container/raw_cpio.h"
 #include "document/open_fixture.h"
 #include "document/session.h"
+#include "editor/stage/stage_link.h"
 #include "support/bin_folder.h"
 #include "support/run_program.h"
+#include "support/story.h"
 
 #include <gmock/gmock.h>
 
@@ -310,6 +312,29 @@ TEST_F(FennelCommand, AScreenIsDrawnWithoutADisplay)
     const Ran diff = fennel({u"diff"_s, path(u"new"_s), path(u"moved"_s), u"-o"_s, u"both.png"_s});
     EXPECT_EQ(diff.code, 1);
     EXPECT_EQ(QImage(path(u"both.png"_s)).size(), QSize(1600, 600));
+}
+
+TEST_F(FennelCommand, DrawsWhatTheStageShows)
+{
+    // The stage shows today's date.
+    said({u"set"_s, path(u"new"_s), u"s.date.is.ON=0"_s});
+    said({u"set"_s, path(u"new"_s), u"s.clock.x=500"_s, u"s.menu.text.normal=0x00FF00"_s, u"-o"_s,
+          path(u"moved"_s)});
+    Story w;
+    for (const QString& message : {path(u"new"_s), path(u"moved"_s), debianMessages().first()}) {
+        w.open(message);
+        for (const int percent : {50, 100, 133}) {
+            if (percent == 100)
+                w.choose("mnuView_scale1");
+            else
+                w.window.commands().runEntry(u"mnuView_scale"_s, percent);
+            const QByteArray drawn = said(
+                {u"render"_s, message, u"-o"_s, u"-"_s, u"--scale"_s, QString::number(percent)});
+            EXPECT_EQ(QImage::fromData(drawn, "png").convertToFormat(QImage::Format_RGB32),
+                      w.window.stageLink().stage().picture())
+                << message.toStdString() << " at " << percent;
+        }
+    }
 }
 
 TEST_F(FennelCommand, AnOlderScreenIsUpgradedAndKeepsItsPictures)

@@ -10,7 +10,7 @@
 namespace fennel {
 
 class MainWindow;
-struct DocumentChange;
+struct StepPlace;
 
 void addFileCommands(MainWindow& window);
 void addRestoreCommands(MainWindow& window);
@@ -76,6 +76,10 @@ void switchLevels(MainWindow& window, bool fromMenu);
 void selectTab(MainWindow& window, int tab);
 // The same by the user's own choice: the tab's object is marked, or none.
 void activateTab(MainWindow& window, int tab);
+// The tab, the row, the object of a step or of a problem.
+void showPlace(MainWindow& window, const StepPlace& place);
+// Files of the Workspace have other bytes than what is shown of them.
+void showMembers(MainWindow& window);
 // From here on whatever changes in the document is shown, and where an undo took place.
 void connectDocument(MainWindow& window);
 // Undo and redo as the history has them, and the mark for changes that are not saved.

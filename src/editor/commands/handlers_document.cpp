@@ -64,18 +64,6 @@ void showObjects(MainWindow& window, const std::set<int>& objects)
     stage.ShowMarker(stage.SelectedPanel, 0);
 }
 
-// Undo and redo have brought other files; the commands themselves show what they did.
-void showMembers(MainWindow& window)
-{
-    const ParamLists& lists = window.workbench().params;
-    (void)measureBackground(window.shell());
-    window.document().fitMenuToFont();
-    for (int tab = FirstObjectTab; tab <= lists.tabCount(); ++tab)
-        refillList(window, tab);
-    refillMembers(window);
-    window.ShowBackground();
-}
-
 int tabOfMember(const ParamLists& lists, const QString& member)
 {
     const auto has = [&](int tab) {
@@ -94,8 +82,59 @@ int tabOfMember(const ParamLists& lists, const QString& member)
     return TabGfxboot;
 }
 
-// Undo shows what it undid: the tab, the row, the object.
-void goTo(MainWindow& window, const StepPlace& place)
+void showChange(MainWindow& window, const DocumentChange& change)
+{
+    if (change.generation) {
+        showGeneration(window);
+        return;
+    }
+    showParams(window, change.params);
+    if (change.cfg && !change.live)
+        showConfig(window);
+    else if (change.cfg)
+        window.rightPanel().refreshList(TabConfig);
+    const bool undone = change.cause == DocumentChange::Undone;
+    // The stage shows its own gestures already.
+    if (!window.surface().gestures().writing()) {
+        if (change.cfg)
+            window.stageLink().stage().RefreshPanels();
+        showObjects(window, change.objects);
+        window.surface().gestures().refreshStatus(change.objects);
+        window.stageLink().showColourControls(window.stageLink().stage().ColourPanel);
+    }
+    // Commands show themselves what they did to files.
+    if (undone && !change.members.empty())
+        showMembers(window);
+    if (undone && change.params.contains({0, backgroundParam}))
+        showChosenBackground(window);
+    if (undone) {
+        if (!change.place.member.isEmpty() && change.place.object >= 0)
+            showTextMember(window, change.place.object, change.place.member);
+        showPlace(window, change.place);
+    }
+}
+
+void move(MainWindow& window, bool back)
+{
+    closeValueEditor(window);
+    Document& document = window.document();
+    (void)(back ? document.undo() : document.redo());
+}
+
+} // namespace
+
+void showMembers(MainWindow& window)
+{
+    const ParamLists& lists = window.workbench().params;
+    (void)measureBackground(window.shell());
+    window.document().fitMenuToFont();
+    for (int tab = FirstObjectTab; tab <= lists.tabCount(); ++tab)
+        refillList(window, tab);
+    refillMembers(window);
+    window.ShowBackground();
+}
+
+void showPlace(MainWindow& window, const StepPlace& place)
 {
     const ParamLists& lists = window.workbench().params;
     int tab = place.object >= 0 ? lists.tabOf(place.object) : 0;
@@ -120,46 +159,6 @@ void goTo(MainWindow& window, const StepPlace& place)
     if (row > 0)
         selectRow(window, tab, row);
 }
-
-void showChange(MainWindow& window, const DocumentChange& change)
-{
-    if (change.generation) {
-        showGeneration(window);
-        return;
-    }
-    showParams(window, change.params);
-    if (change.cfg && !change.live)
-        showConfig(window);
-    else if (change.cfg)
-        window.rightPanel().refreshList(TabConfig);
-    const bool undone = change.cause == DocumentChange::Undone;
-    // The stage shows its own gestures already.
-    if (!window.surface().gestures().writing()) {
-        if (change.cfg)
-            window.stageLink().stage().RefreshPanels();
-        showObjects(window, change.objects);
-        window.surface().gestures().refreshStatus(change.objects);
-        window.stageLink().showColourControls(window.stageLink().stage().ColourPanel);
-    }
-    if (undone && !change.members.empty())
-        showMembers(window);
-    if (undone && change.params.contains({0, backgroundParam}))
-        showChosenBackground(window);
-    if (undone) {
-        if (!change.place.member.isEmpty() && change.place.object >= 0)
-            showTextMember(window, change.place.object, change.place.member);
-        goTo(window, change.place);
-    }
-}
-
-void move(MainWindow& window, bool back)
-{
-    closeValueEditor(window);
-    Document& document = window.document();
-    (void)(back ? document.undo() : document.redo());
-}
-
-} // namespace
 
 void showChosenBackground(MainWindow& window)
 {

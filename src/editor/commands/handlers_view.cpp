@@ -2,10 +2,12 @@
 // The View menu, the panels, and the buttons of the toolbar that no menu has.
 #include "base/text.h"
 #include "editor/commands/handlers.h"
+#include "editor/problems/problem_link.h"
 #include "editor/stage/scale_commands.h"
 #include "editor/stage/stage_link.h"
 #include "editor/window/main_window.h"
 #include "editor/window/menus.h"
+#include "editor/window/status_bar.h"
 #include "tools/image_tool.h"
 
 #include <QScreen>
@@ -127,6 +129,9 @@ void addViewCommands(MainWindow& window)
     commands.add("mnuView_AsItBoots", [&window] { showView(window, true); });
     commands.add("mnuView_Schematic", [&window] { showView(window, false); });
     commands.add("mnuView_Try", [&window] { tryMenu(window); });
+    commands.add("mnuView_Problems", [&window] { window.problemLink().toggle(); });
+    QObject::connect(&window.statusFields().problemsButton(), &QToolButton::clicked, &window,
+                     [&window] { window.commands().run(QStringLiteral("mnuView_Problems")); });
     commands.add("mnuView_Moment", [&window] { askMoment(window); });
     commands.add("mnuView_scale1", [&stage] { mnuView_scale1(stage); });
     commands.add("mnuView_fill", [&window] { fillTheScreen(window); });

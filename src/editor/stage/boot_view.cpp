@@ -88,9 +88,7 @@ BootRequest BootView::request(int openRow) const
                         m_document.menuTitles()};
     request.chosen = choice.entry;
     request.menuValues = m_document.menuLevelShown();
-    request.moment.ticks = static_cast<int>(choice.seconds * bootTicksPerSecond);
-    request.moment.timeout = choice.timeout;
-    request.moment.allShown = true;
+    request.moment = previewMoment(choice.seconds, choice.timeout);
     request.moment.date = QDate::currentDate();
     request.panel = panelOf(openRow);
     return request;
@@ -108,8 +106,8 @@ QRegion BootView::update(QSize size, const StageScale& scale, int openRow)
                       scale.shown(m_screen.picture().height()));
     if (m_scaled.size() == shown)
         return scaled(dirty);
-    m_scaled = QImage(shown, QImage::Format_RGB32);
-    return scaled(m_screen.picture().rect());
+    m_scaled = atScale(m_screen.picture(), scale);
+    return m_scaled.rect();
 }
 
 // A pixel more on each side, as the smoothing reaches so far.
@@ -125,10 +123,7 @@ QRegion BootView::scaled(const QRegion& dirty)
         QRectF(from.x() * wide, from.y() * high, from.width() * wide, from.height() * high)
             .toAlignedRect() &
         m_scaled.rect();
-    QPainter painter(&m_scaled);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(QRectF(to), source,
-                      QRectF(to.x() / wide, to.y() / high, to.width() / wide, to.height() / high));
+    drawAtScale(source, to, m_scaled);
     return to;
 }
 

@@ -10,9 +10,9 @@ namespace fennel {
 
 // What of the boot is looked at: things move, and the bar is somewhere.
 struct BootChoice {
-    int entry = 0;    // that the bar is on
-    int seconds = 4;  // since the menu came
-    int timeout = 10; // of the loader; 0 none
+    int entry = 0;                // that the bar is on
+    int seconds = previewSeconds; // since the menu came
+    int timeout = previewTimeout; // of the loader; 0 none
 };
 
 class BootView {

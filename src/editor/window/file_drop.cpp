@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/window/file_drop.h"
 
+#include "base/file_names.h"
 #include "editor/window/main_window.h"
 
 #include <QDropEvent>
@@ -16,7 +17,11 @@ namespace {
 QString draggedFile(const QDropEvent& event)
 {
     const QList<QUrl> urls = event.mimeData()->urls();
-    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+    if (urls.size() != 1 || !urls.first().isLocalFile())
+        return {};
+    // The toolkit's own path of it loses what is no UTF-8.
+    return pathOfBytes(
+        QByteArray::fromPercentEncoding(urls.first().path(QUrl::FullyEncoded).toLatin1()));
 }
 
 } // namespace

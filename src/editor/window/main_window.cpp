@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "editor/window/main_window.h"
 
+#include "base/file_names.h"
 #include "base/settings_file.h"
 #include "editor/boot/boot_link.h"
 #include "editor/colour/colour_link.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
 #include "editor/lists/tabs.h"
+#include "editor/problems/problem_link.h"
 #include "editor/stage/stage_link.h"
 #include "editor/stage/stage_surface.h"
 #include "editor/window/flash_link.h"
@@ -42,6 +44,7 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     m_stageLink = std::make_unique<StageLink>(*this);
     m_flashLink = std::make_unique<FlashLink>(*this);
     m_bootLink = std::make_unique<BootLink>(*this);
+    m_problemLink = std::make_unique<ProblemLink>(*this);
     buildAreas();
     m_waiting = std::make_unique<WindowProgress>(*this, *m_statusBar);
     m_commands.holdWhile([this] {
@@ -107,8 +110,8 @@ void MainWindow::UpdateInterface()
 {
     const RunState& run = m_workbench.shell.run;
     m_workbench.shell.WriteLog(QStringLiteral("-UpdateInterface"));
-    QString name =
-        run.GfxOpened ? run.GfxFileName : QStringLiteral("/Component of @ZUK-MOSA@ project/");
+    QString name = run.GfxOpened ? shownPath(run.GfxFileName)
+                                 : QStringLiteral("/Component of @ZUK-MOSA@ project/");
     // The mark stands at its end while changes are not saved; one in a name is doubled.
     name.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
     setWindowTitle(QStringLiteral("%1 (v. %2). %3[*]").arg(programTitle(), versionText(), name));
@@ -208,6 +211,7 @@ public:
         showLeftWork(m_window);
         m_window.setControlsEnabled(true);
         QGuiApplication::restoreOverrideCursor();
+        m_window.m_problemLink->check();
     }
 
 private:

@@ -24,6 +24,7 @@ class ColourTools;
 class FontInfo;
 class InspectionList;
 class Menus;
+class ProblemLink;
 class RightPanel;
 class FlashLink;
 class SplitterBar;
@@ -55,6 +56,7 @@ public:
     [[nodiscard]] StageLink& stageLink() { return *m_stageLink; }
     [[nodiscard]] FlashLink& flashLink() { return *m_flashLink; }
     [[nodiscard]] BootLink& bootLink() { return *m_bootLink; }
+    [[nodiscard]] ProblemLink& problemLink() { return *m_problemLink; }
     [[nodiscard]] StageSurface& surface() { return *m_picture; }
     [[nodiscard]] ColourTools& colourTools() { return *m_tools; }
     [[nodiscard]] ColourLink& colourLink() { return *m_colourLink; }
@@ -125,6 +127,7 @@ private:
     std::unique_ptr<StageLink> m_stageLink;
     std::unique_ptr<FlashLink> m_flashLink;
     std::unique_ptr<BootLink> m_bootLink;
+    std::unique_ptr<ProblemLink> m_problemLink;
     std::unique_ptr<Menus> m_menus;
     Toolbar* m_toolbar;
     QWidget* m_area;          // everything between toolbar and status bar

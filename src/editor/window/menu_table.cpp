@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/window/menu_table.h"
 
+#include "base/file_names.h"
+
 #include <array>
 
 namespace fennel {
@@ -33,6 +35,7 @@ constexpr auto items = std::to_array<MenuItem>({
     {"mnuView_Schematic", "mnuView", u"Schematic", Check, Always, false, "Shift+F6"},
     {"mnuView_Try", "mnuView", u"Try the menu", Check, Opened, false, "Ctrl+M"},
     {"mnuView_Moment", "mnuView", u"Moment of the boot...", Command, OpenedZuk},
+    {"mnuView_Problems", "mnuView", u"Problems", Command, Opened, false, "F7"},
     {"mnuView_scale1", "mnuView", u"Scale 1:1 (100%)", Command, Opened, true, "Ctrl+1"},
     {"mnuView_fill", "mnuView", u"Fill the screen", Command, Opened, false, "Ctrl+0"},
     {"mnuView_custom", "mnuView", u"Custom scale...", Command, Opened},
@@ -180,8 +183,9 @@ bool holds(Enabled rule, const RunState& run, bool flashThere)
 
 QString reopenCaption(const RunState& run)
 {
-    return run.GfxOpened ? QStringLiteral("ReOpen ") + run.GfxFileName + QStringLiteral("  ")
-                         : QStringLiteral("ReOpen ...");
+    return run.GfxOpened
+               ? QStringLiteral("ReOpen ") + shownPath(run.GfxFileName) + QStringLiteral("  ")
+               : QStringLiteral("ReOpen ...");
 }
 
 } // namespace fennel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/window/qt_prompts.h"
 
+#include "base/file_names.h"
 #include "base/files.h"
 #include "base/run_state.h"
 #include "base/text.h"
@@ -57,6 +58,12 @@ QMessageBox::Icon iconOf(MessageType type)
     default:
         return QMessageBox::Question;
     }
+}
+
+// The dialog finds no file with an odd name, but one whose name looks like our form of such.
+QString ownPath(const QString& path)
+{
+    return pathOfBytes(path.toUtf8());
 }
 
 // The folder of the last file may be on a drive that is gone.
@@ -182,16 +189,16 @@ QString QtPrompts::openFile(const FileQuestion& question)
     const PlainCursor cursor;
     if (question.picture && m_pictures)
         return openPicture(parent(), question, m_pictures());
-    return QFileDialog::getOpenFileName(parent(), question.title, startFolder(question),
-                                        qtFilter(question.filter));
+    return ownPath(QFileDialog::getOpenFileName(parent(), question.title, startFolder(question),
+                                                qtFilter(question.filter)));
 }
 
 QString QtPrompts::saveFile(const FileQuestion& question)
 {
     const PlainCursor cursor;
-    return QFileDialog::getSaveFileName(parent(), question.title,
-                                        QDir(startFolder(question)).filePath(question.proposedName),
-                                        qtFilter(question.filter));
+    return ownPath(QFileDialog::getSaveFileName(
+        parent(), question.title, QDir(startFolder(question)).filePath(question.proposedName),
+        qtFilter(question.filter)));
 }
 
 QString QtPrompts::ChooseFolder(const QString& title)

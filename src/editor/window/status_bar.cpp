@@ -29,7 +29,7 @@ constexpr int workWidth = 160;  // of the progress bar, for work that is waited 
 StatusBar::StatusBar(QWidget* parent)
     : QWidget(parent), m_progress(new QProgressBar(this)), m_work(new QWidget(this)),
       m_what(new QLabel(m_work)), m_cancel(new QPushButton(tr("Cancel"), m_work)),
-      m_bottomButton(new QToolButton(this))
+      m_problems(new QToolButton(this)), m_bottomButton(new QToolButton(this))
 {
     setObjectName(QStringLiteral("StatusBar1"));
     for (int i = 0; i < statusFieldCount; ++i) {
@@ -52,6 +52,11 @@ StatusBar::StatusBar(QWidget* parent)
     m_cancel->setObjectName(QStringLiteral("ComCancel"));
     m_cancel->setToolTip(tr("Esc"));
     m_cancel->setFocusPolicy(Qt::NoFocus);
+    m_problems->setObjectName(QStringLiteral("ComProblems"));
+    m_problems->setAutoRaise(true);
+    m_problems->setFocusPolicy(Qt::NoFocus);
+    m_problems->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_problems->hide();
     m_bottomButton->setObjectName(QStringLiteral("ComFrame2"));
     m_bottomButton->setAutoRaise(true);
     setFixedHeight(fontMetrics().height() + 2 * margin + 4);
@@ -86,7 +91,8 @@ int StatusBar::neededWidth(std::size_t i) const
 void StatusBar::layFields()
 {
     const QFontMetrics metrics(font());
-    const int end = width() - buttonWidth;
+    const int problems = m_problems->isHidden() ? 0 : m_problems->sizeHint().width();
+    const int end = width() - buttonWidth - problems;
     int x = 0;
     for (std::size_t i = 0; i < m_fields.size(); ++i) {
         const int left = std::max(0, end - x);
@@ -106,7 +112,8 @@ void StatusBar::layFields()
         m_fields[i]->setText(metrics.elidedText(m_texts[i], cut, std::max(0, field - 2 * margin)));
         x += field;
     }
-    m_bottomButton->setGeometry(end, 1, buttonWidth, height() - 2);
+    m_problems->setGeometry(end, 1, problems, height() - 2);
+    m_bottomButton->setGeometry(end + problems, 1, buttonWidth, height() - 2);
     m_progress->setGeometry(progressPlace(rect(), fieldPlace(2)));
     if (m_work->isVisible())
         layWork();
@@ -140,6 +147,15 @@ void StatusBar::hideWork()
     m_work->hide();
     m_progress->hide();
     m_progress->setRange(0, 100);
+    layFields();
+}
+
+void StatusBar::setProblems(const QIcon& icon, const QString& count, const QString& tip)
+{
+    m_problems->setIcon(icon);
+    m_problems->setText(count);
+    m_problems->setToolTip(tip);
+    m_problems->setHidden(count.isEmpty());
     layFields();
 }
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// StatusBar1: eight fields, the progress bar over the second, and the button that hides the bottom
-// panel at its right end. While long work goes on, the bar is wide, and what is going on and a
-// button to call it off stand behind it.
+// StatusBar1: eight fields, the progress bar over the second, and at the right end the count of
+// problems and the button that hides the bottom panel. While long work goes on, the bar is wide,
+// and what is going on and a button to call it off stand behind it.
 #pragma once
 
+#include <QIcon>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -32,6 +33,10 @@ public:
     [[nodiscard]] QProgressBar& progressBar() { return *m_progress; }
     [[nodiscard]] QToolButton& bottomButton() { return *m_bottomButton; }
     [[nodiscard]] QPushButton& cancelButton() { return *m_cancel; }
+    [[nodiscard]] QToolButton& problemsButton() { return *m_problems; }
+
+    // How many problems there are, before the button at the end; an empty count hides it.
+    void setProblems(const QIcon& icon, const QString& count, const QString& tip);
 
     // `share` from 0 to 1; nothing shows that the end is not known.
     void showWork(const QString& what, std::optional<double> share);
@@ -51,6 +56,7 @@ private:
     QWidget* m_work;
     QLabel* m_what;
     QPushButton* m_cancel;
+    QToolButton* m_problems;
     QToolButton* m_bottomButton; // ComFrame2
 };
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/window/status_line.h"
 
+#include "base/file_names.h"
+
 namespace fennel {
 
 namespace {
@@ -32,7 +34,8 @@ void Status_set(const Shell& shell, StatusFields& fields)
     shell.WriteLog(QStringLiteral(" Status.set"));
     // A blank and a colon while no drive is chosen.
     fields.field(1) = QChar(static_cast<char16_t>(run.CurrentFlashChar)) + QLatin1Char(':');
-    fields.field(2) = run.GfxOpened ? run.GfxFileName : QStringLiteral("no current gfxboot");
+    fields.field(2) =
+        run.GfxOpened ? shownPath(run.GfxFileName) : QStringLiteral("no current gfxboot");
     fields.field(3) = generationText(run);
     // With a gfxboot open these fields belong to the stage and keep what it wrote.
     if (!run.GfxOpened) {
