@@ -2,6 +2,7 @@
 // The View menu, the panels, and the buttons of the toolbar that no menu has.
 #include "base/text.h"
 #include "editor/commands/handlers.h"
+#include "editor/lists/right_panel.h"
 #include "editor/stage/scale_commands.h"
 #include "editor/stage/stage_link.h"
 #include "editor/window/main_window.h"
@@ -47,6 +48,7 @@ void showScales(MainWindow& window)
 }
 
 const QString asItBootsKey = QStringLiteral("AsItBoots");
+const QString namesKey = QStringLiteral("ParameterNames");
 
 void showChecks(MainWindow& window)
 {
@@ -63,6 +65,14 @@ void showView(MainWindow& window, bool asItBoots)
     window.workbench().store.save(viewSection, asItBootsKey,
                                   asItBoots ? QStringLiteral("1") : QStringLiteral("0"));
     showChecks(window);
+}
+
+void showNames(MainWindow& window, bool shown)
+{
+    window.rightPanel().showNames(shown);
+    window.menus().action(QStringLiteral("mnuView_Names"))->setChecked(shown);
+    window.workbench().store.save(viewSection, namesKey,
+                                  shown ? QStringLiteral("1") : QStringLiteral("0"));
 }
 
 void tryMenu(MainWindow& window)
@@ -106,6 +116,8 @@ void showStoredView(MainWindow& window)
     window.stageLink().stage().showAsItBoots(stored != u"0");
     window.stageLink().stage().tryEnded = [&window] { showChecks(window); };
     showChecks(window);
+    showNames(window, window.workbench().store.get(viewSection, namesKey, QStringLiteral("1")) !=
+                          u"0");
 }
 
 void MainWindow::toolbarCommand(int id)
@@ -126,6 +138,10 @@ void addViewCommands(MainWindow& window)
                  [&window] { window.showBottomPanel(!window.workbench().flags.bottomPanelShown); });
     commands.add("mnuView_AsItBoots", [&window] { showView(window, true); });
     commands.add("mnuView_Schematic", [&window] { showView(window, false); });
+    commands.add("mnuView_Names", [&window] {
+        showNames(window,
+                  window.menus().action(QStringLiteral("mnuView_Names"))->isChecked());
+    });
     commands.add("mnuView_Try", [&window] { tryMenu(window); });
     commands.add("mnuView_Moment", [&window] { askMoment(window); });
     commands.add("mnuView_scale1", [&stage] { mnuView_scale1(stage); });

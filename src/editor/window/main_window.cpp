@@ -116,7 +116,8 @@ void MainWindow::UpdateInterface()
     progress.show();
     m_statusBar->progressBar().setGeometry(
         ProgressBar_reset(m_workbench.shell, m_statusBar->rect(), m_statusBar->fieldPlace(2)));
-    selectTab(*this, TabConfig);
+    if (!run.GfxOpened)
+        selectTab(*this, TabConfig);
     // An object that went with its tab can no longer be worked on.
     Stage& stage = m_stageLink->stage();
     if (stage.isRow(stage.SelectedPanel) && !stage.panel(stage.SelectedPanel).visible)

@@ -33,6 +33,7 @@ constexpr auto items = std::to_array<MenuItem>({
     {"mnuView_Schematic", "mnuView", u"Schematic", Check, Always, false, "Shift+F6"},
     {"mnuView_Try", "mnuView", u"Try the menu", Check, Opened, false, "Ctrl+M"},
     {"mnuView_Moment", "mnuView", u"Moment of the boot...", Command, OpenedZuk},
+    {"mnuView_Names", "mnuView", u"Names of parameters", Check},
     {"mnuView_scale1", "mnuView", u"Scale 1:1 (100%)", Command, Opened, true, "Ctrl+1"},
     {"mnuView_fill", "mnuView", u"Fill the screen", Command, Opened, false, "Ctrl+0"},
     {"mnuView_custom", "mnuView", u"Custom scale...", Command, Opened},
