@@ -58,6 +58,7 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     addToolCommands(*this);
     addPictureCommands(*this);
     addComponentCommands(*this);
+    addObjectCommands(*this);
     addArchiveCommands(*this);
     addFlashCommands(*this);
     addHelpCommands(*this);
@@ -79,6 +80,7 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     UpdateInterface();
     showLeftWork(*this);
     showWelcome();
+    takeStoredPlace();
 }
 
 MainWindow::~MainWindow() = default;
@@ -149,6 +151,8 @@ void MainWindow::Form_Activate()
 void MainWindow::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange && !m_laid.isEmpty())
+        windowFilled();
     if (event->type() == QEvent::ActivationChange && isActiveWindow())
         m_waiting->whenIdle([this] { Form_Activate(); });
 }
@@ -157,6 +161,7 @@ void MainWindow::changeEvent(QEvent* event)
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     (void)commitText(*this);
+    storePlace();
     QMainWindow::closeEvent(event);
 }
 
