@@ -16,6 +16,7 @@ public:
     void setStatus(int, const QString& text) override { status = text; }
     void refreshStatus() override {}
     void panelMenu(int, QPoint) override {}
+    void objectMenu(int, QPoint) override {}
     void backgroundMenu(QPoint) override {}
     void setOnOffCaption(int, const QString&) override {}
     void prepareBackground() override {}

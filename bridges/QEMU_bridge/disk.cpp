@@ -74,6 +74,19 @@ Failure notRemovable(const QString& name, int number)
 
 } // namespace
 
+Result<OpenDisk> openImage(const QString& path)
+{
+    const int descriptor =
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (descriptor < 0)
+        return openFailure(path, errno);
+    struct stat facts = {};
+    if (::fstat(descriptor, &facts) == 0 && S_ISREG(facts.st_mode))
+        return OpenDisk{descriptor, false};
+    ::close(descriptor);
+    return failure(FailureKind::Malformed, u"%1 is no image file."_s.arg(path));
+}
+
 Result<OpenDisk> openDisk(const FolderDriveSource& source, int number)
 {
     const BlockDevices blocks(source);

@@ -17,4 +17,7 @@ struct OpenDisk {
 // that cannot be taken out of the machine. On the real system only a block device is taken.
 Result<OpenDisk> openDisk(const FolderDriveSource& source, int number);
 
+// An image file of the user's in the place of a disk; only a regular file is taken.
+Result<OpenDisk> openImage(const QString& path);
+
 } // namespace fennel

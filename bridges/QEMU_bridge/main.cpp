@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // QEMU_bridge: boots a drive in qemu-system-x86_64 to see its boot screen. The drive is opened for
 // reading only, and what the guest writes goes to a temporary file. See request.h for the command
-// line. Variables: FENNEL_FLASH_LETTER (for the window's name), FENNEL_QEMU_DISPLAY (QEMU's
+// line. Variables: FENNEL_FLASH_LETTER (for the window's name), FENNEL_FLASH_IMAGE (a file that is
+// booted in the place of the disk), FENNEL_QEMU_DISPLAY (QEMU's
 // -display), FENNEL_SYSTEM_ROOT (a folder that stands in for the system's files, so that a disk can
 // be an image file).
 #include "machine.h"
@@ -96,7 +97,10 @@ int boot(const MachineRequest& request, int log)
     if (parts.display.isEmpty())
         return refuse(log,
                       "There is no display for QEMU's window: start the editor from a desktop.");
-    const Result<OpenDisk> disk = openDisk(FolderDriveSource::fromEnvironment(), request.disk);
+    const QString image = qEnvironmentVariable(flashImageVariable);
+    const Result<OpenDisk> disk = image.isEmpty()
+                                      ? openDisk(FolderDriveSource::fromEnvironment(), request.disk)
+                                      : openImage(image);
     if (!disk)
         return refuse(log, disk.failure().text);
     parts.disk = *disk;

@@ -7,6 +7,7 @@
 #include <array>
 #include <charconv>
 #include <string_view>
+#include <utility>
 
 namespace fennel::nconvert {
 
@@ -45,6 +46,12 @@ constexpr std::array formatNames = {
     FormatName{"gif", OutputFormat::Gif},
     FormatName{"ico", OutputFormat::Ico},
 };
+
+constexpr std::array<std::pair<std::string_view, Shape>, 3> shapeNames = {{
+    {"stretch", Shape::Stretch},
+    {"crop", Shape::Crop},
+    {"fit", Shape::Fit},
+}};
 
 // Walks the arguments; an option takes its values from here.
 class Words {
@@ -93,6 +100,29 @@ Result<void> takeSize(Words& words, Job& job)
     return {};
 }
 
+Result<void> takeCrop(Words& words, Job& job)
+{
+    job.crop = true;
+    if (words.number(0, maxPictureSide, job.cropLeft) &&
+        words.number(0, maxPictureSide, job.cropTop) &&
+        words.number(1, maxPictureSide, job.cropWidth) &&
+        words.number(1, maxPictureSide, job.cropHeight))
+        return {};
+    return refused("-crop takes left, top, width and height in pixels.");
+}
+
+Result<void> takeShape(Words& words, Job& job)
+{
+    const std::string& name = words.take();
+    for (const auto& [known, shape] : shapeNames) {
+        if (known != name)
+            continue;
+        job.shape = shape;
+        return {};
+    }
+    return refused("-shape does not know \"" + name + "\".");
+}
+
 Result<void> takeOption(const std::string& name, Words& words, Job& job)
 {
     for (const NumberOption& option : numberOptions) {
@@ -106,6 +136,14 @@ Result<void> takeOption(const std::string& name, Words& words, Job& job)
         return takeFormat(words, job);
     if (name == "-resize")
         return takeSize(words, job);
+    if (name == "-crop")
+        return takeCrop(words, job);
+    if (name == "-shape")
+        return takeShape(words, job);
+    if (name == "-extract") {
+        job.alpha = words.take() == "alpha";
+        return job.alpha ? Result<void>() : refused("-extract knows the channel alpha only.");
+    }
     if (name == "-o")
         job.output = words.take();
     else if (name == "-overwrite")

@@ -17,6 +17,12 @@
 namespace fennel::nconvert {
 
 enum class OutputFormat { Jpeg, Xpm, Gif, Ico };
+// What becomes of a picture of another shape than -resize gives: -shape stretch, crop or fit.
+enum class Shape {
+    Stretch,
+    Crop, // the largest middle part of that shape
+    Fit,  // the whole, black beside it
+};
 
 // -truecolors, -rexifthumb and -rmeta are taken and need no mention here: a JPEG of this bridge
 // always has true colours and never any thumbnail or metadata.
@@ -33,6 +39,13 @@ struct Job {
     bool resize = false;
     int width = 0; // pixels; 0 for one of the two keeps the picture's proportions
     int height = 0;
+    Shape shape = Shape::Stretch;
+    bool crop = false; // -crop left top width height, pixels of the upright source: nothing else
+    int cropLeft = 0;
+    int cropTop = 0;
+    int cropWidth = 0;
+    int cropHeight = 0;
+    bool alpha = false;   // -extract alpha: how opaque the source is, white where it is
     bool partial = false; // what there is of a picture that is cut off will do
     bool inside = false;  // only down, and in proportion, until it lies within width and height
 };

@@ -11,6 +11,7 @@
 #include <QBuffer>
 #include <QColorSpace>
 #include <QImageReader>
+#include <QPainter>
 
 #include <algorithm>
 #include <cmath>
@@ -181,7 +182,7 @@ Result<QImage> readWithQt(const QByteArray& bytes, PictureKind kind, const Job& 
     if (!job.partial && !isWhole(viewOf(bytes), kind, stored))
         return damagedPicture({});
     // Scaled while decoding, which is faster by far and needs less memory.
-    if (kind == PictureKind::Jpeg) {
+    if (kind == PictureKind::Jpeg && !job.crop && job.shape == Shape::Stretch) {
         const bool turned =
             reader->transformation().testFlag(QImageIOHandler::TransformationRotate90);
         const Result<QSize> size = wantedSize(job, turned ? stored.transposed() : stored);
@@ -206,6 +207,39 @@ void convertToSrgb(QImage& picture)
     const QColorSpace space = picture.colorSpace();
     if (space.isValid() && space != QColorSpace(QColorSpace::SRgb))
         picture.convertToColorSpace(QColorSpace::SRgb);
+}
+
+// White is opaque.
+QImage opacityOf(const QImage& picture)
+{
+    QImage opacity(picture.size(), QImage::Format_RGB32);
+    opacity.fill(Qt::white);
+    if (!picture.hasAlphaChannel())
+        return opacity;
+    QImage alpha = picture.convertToFormat(QImage::Format_Alpha8);
+    alpha.reinterpretAsFormat(QImage::Format_Grayscale8);
+    return alpha.convertToFormat(QImage::Format_RGB32);
+}
+
+QImage shaped(const QImage& picture, QSize size, Shape shape)
+{
+    const auto scaled = [&](const QImage& source, Qt::AspectRatioMode mode) {
+        return source.scaled(size, mode, Qt::SmoothTransformation);
+    };
+    if (shape == Shape::Crop) {
+        QRect part(QPoint(), size.scaled(picture.size(), Qt::KeepAspectRatio).expandedTo({1, 1}));
+        part.moveCenter(picture.rect().center());
+        return scaled(picture.copy(part & picture.rect()), Qt::IgnoreAspectRatio);
+    }
+    if (shape == Shape::Stretch)
+        return scaled(picture, Qt::IgnoreAspectRatio);
+    const QImage whole = scaled(picture, Qt::KeepAspectRatio);
+    QImage canvas(size, QImage::Format_RGB32);
+    canvas.fill(Qt::black);
+    QPainter painter(&canvas);
+    painter.drawImage((size.width() - whole.width()) / 2, (size.height() - whole.height()) / 2,
+                      whole);
+    return canvas;
 }
 
 } // namespace
@@ -256,14 +290,20 @@ Result<QImage> readPicture(const QByteArray& bytes, const Job& job)
                               : readWithQt(bytes, kind, job);
     if (!read)
         return read;
-    QImage picture = onBlack(std::move(*read));
+    QImage picture = job.alpha ? opacityOf(*read) : onBlack(std::move(*read));
     if (kind == PictureKind::Jpeg)
         convertToSrgb(picture);
+    if (job.crop) {
+        const QRect part(job.cropLeft, job.cropTop, job.cropWidth, job.cropHeight);
+        if (!picture.rect().contains(part))
+            return Failure{FailureKind::Unsupported, "The part to keep reaches past the picture."};
+        picture = picture.copy(part);
+    }
     const Result<QSize> size = wantedSize(job, picture.size());
     if (!size)
         return size.failure();
     if (picture.size() != *size)
-        picture = picture.scaled(*size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        picture = shaped(picture, *size, job.shape);
     if (picture.isNull())
         return Failure{FailureKind::TooLarge, "There is not enough memory for the picture."};
     return picture;

@@ -4,6 +4,8 @@
 #include "fonts/char_ranges.h"
 #include "fonts/fnt_bytes.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 
 namespace fennel {
@@ -75,6 +77,34 @@ Result<CharSelected> ParseCharacterRanges(const QString& text)
                 set[code] = true;
         }
         start = end + 1;
+    }
+    return set;
+}
+
+Result<CharSelected> typedCharacters(const QString& text)
+{
+    static const QRegularExpression codes(
+        u"^(0x|&h|u\\+)[0-9a-f]+(-(0x|&h|u\\+)?[0-9a-f]+)?$|^[0-9]{2,}(-[0-9]{2,})?$"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression prefix(u"(0x|&h|u\\+)"_s,
+                                           QRegularExpression::CaseInsensitiveOption);
+    CharSelected set;
+    for (QString token : QString(text).replace(u',', u' ').split(u' ', Qt::SkipEmptyParts)) {
+        if (codes.match(token).hasMatch()) {
+            // Behind a hexadecimal number the end of its run is one, too.
+            if (prefix.match(token).hasMatch())
+                token = u"0x"_s + token.remove(prefix).replace(u'-', u"-0x"_s);
+            const Result<CharSelected> part = ParseCharacterRanges(token);
+            if (!part)
+                return part;
+            set |= *part;
+        } else if (token.size() == 3 && token[1] == u'-') {
+            for (std::size_t code = token[0].unicode(); code <= token[2].unicode(); ++code)
+                set[code] = true;
+        } else {
+            for (const QChar letter : token)
+                set[letter.unicode()] = true;
+        }
     }
     return set;
 }

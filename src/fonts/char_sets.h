@@ -24,6 +24,10 @@ CharSelected startingCharacters();
 // codes; the caller keeps the set it had.
 Result<CharSelected> ParseCharacterRanges(const QString& text);
 
+// What a user types: code numbers such as "0x41-0x5A", "U+104" or "1040", runs such as "a-z", and
+// letters as they are, with blanks or commas between. Malformed as above.
+Result<CharSelected> typedCharacters(const QString& text);
+
 // The set as text, such as "0x20-0x7E 0x410-0x451"; empty for an empty set. U+0000 never appears.
 QString FormatCharacterRanges(const CharSelected& set);
 

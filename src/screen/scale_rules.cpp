@@ -4,6 +4,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace fennel {
 
@@ -38,6 +39,19 @@ ScaleAnswer customScaleAnswer(QSize picture, double scale, double percent)
     const bool small =
         picture.width() * percent < scale * 19900 || picture.height() * percent < scale * 14900;
     return small ? ScaleAnswer::TooSmall : ScaleAnswer::Accepted;
+}
+
+double zoomedScale(double scale, int steps, QSize background)
+{
+    constexpr double stepsOfDoubling = 4;
+    constexpr double largest = 2;
+    double next = std::round(scale * std::pow(2, steps / stepsOfDoubling) * 100) / 100;
+    if ((scale - 1) * (next - 1) < 0)
+        next = 1;
+    const double smallest =
+        std::max(200.0 / std::max(1, background.width()), 150.0 / std::max(1, background.height()));
+    return std::clamp(next, std::min(scale, std::ceil(smallest * 100) / 100),
+                      std::max(scale, largest));
 }
 
 QString customScalePrompt(QSize screen, QSize background, double scale, QSize picture)

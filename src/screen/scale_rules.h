@@ -42,6 +42,10 @@ ScaleAnswer customScaleAnswer(QSize picture, double scale, double percent);
 // force; people know it so.
 QString customScalePrompt(QSize screen, QSize background, double scale, QSize picture);
 
+// The scale so many steps closer (or, below 0, farther): a fourth of a doubling each, a whole
+// percentage that customScaleAnswer() takes, and 100 % is never passed over.
+double zoomedScale(double scale, int steps, QSize background);
+
 // What the fit needs to know of the window; all screen pixels. The sizes of hidden parts are 0.
 struct FillRoom {
     QRect workArea;

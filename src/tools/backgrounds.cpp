@@ -5,7 +5,9 @@
 #include "container/member_list.h"
 #include "container/member_table.h"
 #include "tools/picture_import.h"
+#include "tools/picture_shape.h"
 
+#include <algorithm>
 #include <array>
 
 namespace fennel {
@@ -20,6 +22,16 @@ QString backupOf(const QString& back)
     return folderPart(back) + namePart(back).toLower().replace(u".jpg"_s, u".#pg"_s);
 }
 
+// Places are reckoned from it, so it changes with all backgrounds.
+bool giveScreenSize(const Shell& shell, QSize size)
+{
+    if (!resizeAll(shell, u"back*.jpg"_s, size))
+        return false;
+    shell.run.BackWidth = size.width();
+    shell.run.BackHeight = size.height();
+    return true;
+}
+
 // `target` gets the picture; what it was is kept as the shown background's backup.
 bool replaceBack(const Shell& shell, PictureHost& host, FileSteps& steps, const QString& file,
                  const QString& target)
@@ -27,8 +39,13 @@ bool replaceBack(const Shell& shell, PictureHost& host, FileSteps& steps, const 
     const std::optional<QSize> size = knownSize(shell, target);
     if (!size)
         return false;
+    const std::optional<ShapeAnswer> shape = askForShape(shell, file, *size, true);
+    if (!shape)
+        return false;
     // Not before the size is known: a picture that cannot be read is told without waiting.
     const Waiting waiting(host);
+    if (shape->wholeScreen && !giveScreenSize(shell, *shape->wholeScreen))
+        return false;
     const QString backup = backupOf(shell.run.BackFile);
     QString source = shortForm(file);
     const bool ofBackup = source == shortForm(backup);
@@ -40,7 +57,8 @@ bool replaceBack(const Shell& shell, PictureHost& host, FileSteps& steps, const 
     source = ofBackup ? aside : source == shortForm(target) ? backup : source;
     // The backup first: it may be the very source of the new picture.
     const bool done = shell.told(steps.copy(target, backup)) &&
-                      importPicture(shell, steps, source, *size, target);
+                      importPicture(shell, steps, source, shape->wholeScreen.value_or(*size),
+                                    target, shape->options);
     if (ofBackup)
         (void)shell.files.remove(aside);
     return done;
@@ -94,6 +112,42 @@ std::optional<QSize> askForMode(const Shell& shell)
             return mode.size;
     }
     return QSize(0, 0);
+}
+
+struct MonitorRow {
+    const char16_t* caption;
+    double proportion;
+};
+constexpr std::array<MonitorRow, 3> monitorRows = {{
+    {u"16:9", 16.0 / 9},
+    {u"16:10", 16.0 / 10},
+    {u"21:9", 21.0 / 9},
+}};
+
+// By how much pictures must be taller so that they look right on such a monitor; nothing if the
+// user cancelled or the screen is as wide already.
+std::optional<double> askForMonitor(const Shell& shell, QSize screen)
+{
+    Choice choice;
+    choice.title = u"16:9 support"_s;
+    choice.text = u"On which monitor will the screen of %1 x %2 be shown?\n"
+                  "All backgrounds and logos are stretched vertically for it; what a background\n"
+                  "loses above and below is cut off. Undo brings them back."_s.arg(screen.width())
+                      .arg(screen.height());
+    for (const MonitorRow& row : monitorRows)
+        choice.answers.append(QString::fromUtf16(row.caption));
+    choice.answers.append(u"Cancel"_s);
+    choice.cancel = static_cast<int>(monitorRows.size());
+    const int answer = shell.prompts.choose(choice);
+    if (answer < 0 || answer >= choice.cancel)
+        return std::nullopt;
+    const double shape = static_cast<double>(screen.width()) / std::max(1, screen.height());
+    const double factor = monitorRows[static_cast<std::size_t>(answer)].proportion / shape;
+    constexpr double visible = 1.01;
+    if (factor > visible)
+        return factor;
+    shell.prompts.ShowMessage(u"The screen is as wide as that monitor: there is nothing to do."_s);
+    return std::nullopt;
 }
 
 } // namespace
@@ -187,18 +241,15 @@ void mnuEdit_Resize(const Shell& shell, PictureHost& host)
     {
         // Ended by the braces: the waiting cursor must be gone before the window is laid out anew.
         const Waiting waiting(host);
-        if (!resizeAll(shell, u"back*.jpg"_s, *size))
+        if (!giveScreenSize(shell, *size))
             return;
     }
-    // Only after all members have the size, since places are reckoned from it.
-    shell.run.BackWidth = size->width();
-    shell.run.BackHeight = size->height();
     host.refillMembers();
     host.refillBackgrounds();
     host.mnuView_fill();
 }
 
-void mnuEdit_16x9Support(const Shell& shell)
+void mnuEdit_16x9Support(const Shell& shell, PictureHost& host)
 {
     shell.prompts.ShowMessage(u"When the gfxboot is used on a wide-screen monitors without \n"
                               "resolution with the proportion of 16:9 (or 16:10, or ...), we\n"
@@ -208,7 +259,30 @@ void mnuEdit_16x9Support(const Shell& shell)
                               "use only the VESA-modes.\n"
                               "To remove distortions, is necessary to stretch the images \n"
                               "vertically in the process of preparing."_s);
-    shell.prompts.ShowMessage(u"Запланировано...\nPlanned..."_s);
+    if (!shell.run.GfxOpened)
+        return;
+    const QSize screen(shell.run.BackWidth, shell.run.BackHeight);
+    const std::optional<double> factor = askForMonitor(shell, screen);
+    if (!factor)
+        return;
+    const Waiting waiting(host);
+    // What is taller by the factor and keeps its middle is that middle part, pulled to the height.
+    const int part = std::clamp(roundToEven(screen.height() / *factor), 1, screen.height());
+    const QStringList middle = {u"-crop"_s, u"0"_s, QString::number((screen.height() - part) / 2),
+                                QString::number(screen.width()), QString::number(part)};
+    if (!resizeAll(shell, u"back*.jpg"_s, screen, middle))
+        return;
+    const QString mask = shell.run.Workspace + logoMaskName;
+    if (shell.run.GfxHasZuk && FileExists(mask)) {
+        const std::optional<QSize> logo = knownSize(shell, mask);
+        const QSize taller =
+            logo ? QSize(logo->width(), roundToEven(logo->height() * *factor)) : QSize();
+        if (logo && resizeAll(shell, u"Logo_*.jpg"_s, taller))
+            host.setLogoSize(taller);
+        host.refillLogos();
+    }
+    host.refillMembers();
+    showImported(host, true);
 }
 
 } // namespace fennel

@@ -23,7 +23,7 @@ void mnuEdit_ChangeBack(const Shell& shell, PictureHost& host);
 void mnuEdit_ge_Clipboard(const Shell& shell, PictureHost& host, const PictureClipboard& clipboard);
 // Scales all backgrounds to one of the usual modes.
 void mnuEdit_Resize(const Shell& shell, PictureHost& host);
-// Planned; only explains itself.
-void mnuEdit_16x9Support(const Shell& shell);
+// Stretches backgrounds and logos vertically for a wide monitor that the user names.
+void mnuEdit_16x9Support(const Shell& shell, PictureHost& host);
 
 } // namespace fennel

@@ -22,7 +22,8 @@ std::span<const std::uint8_t> bytesOf(const QByteArray& file)
             static_cast<std::size_t>(file.size())};
 }
 
-// The message as the present state of the document would be saved, gzipped if it is to be.
+} // namespace
+
 Result<QByteArray> messageNow(const Shell& shell, Document& document, bool gzip)
 {
     const Staging staging(shell, u"boot_message"_s);
@@ -41,8 +42,6 @@ Result<QByteArray> messageNow(const Shell& shell, Document& document, bool gzip)
     }
     return readBytes(file);
 }
-
-} // namespace
 
 QStringList bootTitles(const BootMenu& menu)
 {

@@ -22,6 +22,10 @@ QStringList bootTitles(const BootMenu& menu);
 // For a message file, plain or gzipped; with syslinux it is unwrapped.
 Result<BootStick> bootStick(const QByteArray& messageFile, const BootMenu& menu);
 
+// The message file of the open gfxboot as it would be saved now, gzipped if that is wanted. A
+// failure that was told is marked.
+Result<QByteArray> messageNow(const Shell& shell, Document& document, bool gzip);
+
 // For the open gfxboot with every change that is not saved yet. A failure that was told is marked.
 Result<BootStick> bootStick(const Shell& shell, Document& document, const BootMenu& menu);
 

@@ -28,6 +28,11 @@ std::size_t at(int index)
     return static_cast<std::size_t>(index);
 }
 
+QString imageKey(const ImageDrive& image)
+{
+    return u"image:"_s + image.path;
+}
+
 QString toolTipOf(const Volume& volume)
 {
     const QString size = sizeText(volume.size);
@@ -66,6 +71,15 @@ Drives::Letters Drives::kept(std::vector<Volume>& volumes) const
 Drives::Letters Drives::assigned() const
 {
     std::vector<Volume> volumes = volumesOf(m_source);
+    if (m_image) {
+        Volume volume;
+        volume.key = imageKey(*m_image);
+        volume.kind = VolumeKind::Removable;
+        volume.label = namePart(m_image->path);
+        volume.mountFolder = m_image->folder;
+        volume.source = m_image->path;
+        volumes.push_back(volume);
+    }
     Letters letters = kept(volumes);
     // Another volume under the letter of the Current Flash would pass for the chosen one.
     const int flash = m_shell.run.CurrentFlashChar - 'A';
@@ -267,6 +281,25 @@ void Drives::mnuFlash_UnCheckAll()
     m_host.closeQemu();
 }
 
+void Drives::chooseImage(const ImageDrive& image)
+{
+    m_image = image;
+    RefreshDriveInfo(false, false);
+    for (std::size_t entry = 0; entry < m_entries.size(); ++entry) {
+        const std::optional<Volume>& volume =
+            m_letters[at(m_entries[entry].letter.unicode() - 'A')];
+        if (volume && volume->key == imageKey(image))
+            return mnuFlash_FlashArr(static_cast<int>(entry));
+    }
+}
+
+const ImageDrive* Drives::flashImage() const
+{
+    const bool chosen =
+        m_image && m_shell.run.CurrentFlashChar != noFlash && m_flashKey == imageKey(*m_image);
+    return chosen ? &*m_image : nullptr;
+}
+
 void Drives::mnuFlash_Choose() const
 {
     m_shell.prompts.ShowMessage(
@@ -292,6 +325,8 @@ QString Drives::folderOf(int driveChar) const
     const int index = driveChar - 'A';
     if (index < 0 || index >= letterCount || !m_letters[at(index)])
         return {};
+    if (m_image && m_letters[at(index)]->key == imageKey(*m_image))
+        return m_image->folder;
     // The place as the program sees it, under another root too.
     return withSeparator(m_source.place(m_letters[at(index)]->mountFolder));
 }

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "base/shell_context.h"
+#include "tools/image_drive.h"
 #include "tools/volumes.h"
 
 #include <array>
@@ -99,6 +100,11 @@ public:
     [[nodiscard]] const std::vector<FlashEntry>& flashEntries() const { return m_entries; }
     // The folder that "X:\" stands for, with "/" at its end; empty if the letter has no drive.
     [[nodiscard]] QString folderOf(int driveChar) const;
+    // The image is a removable drive from now on, in the place of one before, and the Current
+    // Flash.
+    void chooseImage(const ImageDrive& image);
+    // Null if the Current Flash is no image.
+    [[nodiscard]] const ImageDrive* flashImage() const;
     // The lines of the last report.
     [[nodiscard]] const QStringList& List1() const { return m_list1; }
 
@@ -126,6 +132,7 @@ private:
     FlashHost& m_host;
     DriveTable m_table;
     Letters m_letters;
+    std::optional<ImageDrive> m_image;
     QString m_flashKey; // of the volume that was chosen as Current Flash
     std::vector<FlashEntry> m_entries;
     QStringList m_list1;

@@ -115,6 +115,7 @@ bool QemuRun::launch(qint64& pid)
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QLatin1String(flashLetterVariable),
                        QString(QChar(static_cast<char16_t>(m_shell.run.CurrentFlashChar))));
+    environment.insert(QLatin1String(flashImageVariable), m_host.flashImagePath());
     if (m_shell.run.KvmFails)
         environment.insert(QLatin1String(kvmVariable), u"0"_s);
     environment.insert(QLatin1String(videoBiosVariable), biosInForce(m_shell.run));

@@ -16,6 +16,8 @@ public:
     virtual void enableQemuStart(bool enabled) = 0; // mnuT_Qemu_Start
     // Brings CurrentFlashDisk up to date; false after the user was told why that failed.
     [[nodiscard]] virtual bool askFlashDisk() = 0;
+    // The path of the image file that stands for the disk; empty for a drive.
+    [[nodiscard]] virtual QString flashImagePath() const { return {}; }
     // Gives the foreground to the window of this process (or of a child of it) where the window
     // system allows that.
     virtual void bringToFront(qint64 pid) = 0;
@@ -35,6 +37,8 @@ inline const QString qemuLogName = QStringLiteral("#QEMU.log");
 inline const QString kvmDiedLine = QStringLiteral("KVM failed: again without it.");
 // Tells the bridge the letter for the window's name.
 inline constexpr char flashLetterVariable[] = "FENNEL_FLASH_LETTER";
+// The path of an image file that is booted in the place of the disk.
+inline constexpr char flashImageVariable[] = "FENNEL_FLASH_IMAGE";
 // The path of the video BIOS; without it, the one that lies beside the bridge.
 inline constexpr char videoBiosVariable[] = "FENNEL_VIDEO_BIOS";
 

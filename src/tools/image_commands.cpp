@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "container/gfx_save.h"
 #include "tools/picture_import.h"
+#include "tools/picture_shape.h"
 
 #include <QDir>
 
@@ -45,6 +46,26 @@ const QString resizedMessage = u"The resulting image is placed in the Clipboard\
                                "2. Or set it as background \n"
                                "   Edit/Set Clipboard as background"_s;
 
+int numberOf(const QString& text)
+{
+    constexpr double most = 32767;
+    return roundToEven(std::clamp(leadingNumber(text), 0.0, most));
+}
+
+// From the file and not from memory, so the clipboard has what the tool made of it.
+void toClipboard(const Shell& shell, PictureClipboard& clipboard, const QString& output)
+{
+    const Result<FilePicture> picture = shell.readPicture({output});
+    if (!picture) {
+        shell.prompts.ShowMessage(namePart(output) + u" cannot be loaded."_s);
+        return;
+    }
+    clipboard.setPicture(picture->image);
+    shell.prompts.ShowMessage(resizedMessage);
+    // The commands that use the clipboard's picture look for it under this name.
+    shell.told(shell.files.rename(output, shell.run.WorkspaceRoot + clipboardJpgName));
+}
+
 } // namespace
 
 void mnuT_NConvert_Clipboard(const Shell& shell, const PictureClipboard& clipboard)
@@ -81,11 +102,27 @@ void mnuT_NConvert_Convert(const Shell& shell)
         CreateJpg(shell, file);
 }
 
-void mnuT_NConvert_Crop(const Shell& shell)
+void mnuT_NConvert_Crop(const Shell& shell, PictureClipboard& clipboard)
 {
     const QString file = pictureOrMessage(shell, u"jpg-files (*.jpg)|*.jpg|"_s);
-    if (!file.isEmpty())
-        shell.prompts.ShowMessage(file + u"\nЗапланировано...\nPlanned..."_s);
+    if (file.isEmpty())
+        return;
+    const std::optional<QSize> size = uprightSize(shell, file);
+    const std::optional<QString> typed = shell.prompts.input(
+        u"Left, top, width and height of the part to keep, in pixels:"_s, u"Crop picture"_s,
+        size ? u"0 0 %1 %2"_s.arg(size->width()).arg(size->height()) : u"0 0 800 600"_s);
+    const QStringList numbers =
+        typed.value_or(QString()).replace(u',', u' ').simplified().split(u' ', Qt::SkipEmptyParts);
+    constexpr qsizetype needed = 4;
+    const int width = numberOf(numbers.value(2));
+    const int height = numberOf(numbers.value(3));
+    if (numbers.size() != needed || width < 1 || height < 1) {
+        shell.prompts.ShowMessage(canceledMessage);
+        return;
+    }
+    const QString output = shell.run.WorkspaceRoot + resizedName;
+    if (ResizeJpg(shell, width, height, file, output, QStringList(u"-crop"_s) + numbers))
+        toClipboard(shell, clipboard, output);
 }
 
 void mnuT_NConvert_Resize(const Shell& shell, PictureClipboard& clipboard)
@@ -105,16 +142,7 @@ void mnuT_NConvert_Resize(const Shell& shell, PictureClipboard& clipboard)
     const QString output = shell.run.WorkspaceRoot + resizedName;
     if (!ResizeJpg(shell, width, height, file, output))
         return;
-    const Result<FilePicture> picture = shell.readPicture({output});
-    if (!picture) {
-        shell.prompts.ShowMessage(namePart(output) + u" cannot be loaded."_s);
-        return;
-    }
-    // From the file and not from memory, so the clipboard has what the tool made of it.
-    clipboard.setPicture(picture->image);
-    shell.prompts.ShowMessage(resizedMessage);
-    // The commands that use the clipboard's picture look for it under this name.
-    shell.told(shell.files.rename(output, shell.run.WorkspaceRoot + clipboardJpgName));
+    toClipboard(shell, clipboard, output);
 }
 
 } // namespace fennel

@@ -11,8 +11,8 @@ namespace fennel {
 void mnuT_NConvert_Clipboard(const Shell& shell, const PictureClipboard& clipboard);
 // Makes a JPEG beside a picture of another format.
 void mnuT_NConvert_Convert(const Shell& shell);
-// Planned; changes nothing.
-void mnuT_NConvert_Crop(const Shell& shell);
+// Puts the part of a JPEG that the user names on the clipboard and into Clipboard.jpg.
+void mnuT_NConvert_Crop(const Shell& shell, PictureClipboard& clipboard);
 // Puts a resized copy of a JPEG on the clipboard and into Clipboard.jpg of WorkspaceRoot.
 void mnuT_NConvert_Resize(const Shell& shell, PictureClipboard& clipboard);
 

@@ -162,7 +162,7 @@ bool PictureFromClipboard(const Shell& shell, const PictureClipboard& clipboard)
 }
 
 Result<void> ResizeJpg(const Shell& shell, int width, int height, const QString& source,
-                       const QString& target)
+                       const QString& target, const QStringList& more)
 {
     shell.WriteLog(u"      ncovert.resize: "_s + source);
     if (Result<void> there = shell.toolThere(shell.run.ToolNConvert); !there)
@@ -173,10 +173,11 @@ Result<void> ResizeJpg(const Shell& shell, int width, int height, const QString&
     // The output is removed before the tool runs, which would be the end of the source.
     if (!isSameFile(source, target))
         made = runPictureTool(shell,
-                              {u"-out"_s, u"jpeg"_s, u"-overwrite"_s, u"-resize"_s,
-                               QString::number(width), QString::number(height), u"-q"_s,
-                               jpegQuality, u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s,
-                               u"-o"_s, target, source},
+                              QStringList{u"-out"_s, u"jpeg"_s, u"-overwrite"_s} + more +
+                                  QStringList{u"-resize"_s, QString::number(width),
+                                              QString::number(height), u"-q"_s, jpegQuality,
+                                              u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s,
+                                              u"-o"_s, target, source},
                               target);
     return toldTool(shell,
                     toolErrorMessage + u"\nNconvert is sensitive to certain characters in the path."

@@ -45,8 +45,9 @@ bool CreateJpg(const Shell& shell, const QString& file);
 bool PictureFromClipboard(const Shell& shell, const PictureClipboard& clipboard);
 // The picture `source` as a JPEG of width x height pixels; a height of 0 keeps the proportions.
 // Source and target must be two files. Failures are told.
+// `more` are further options of the tool.
 Result<void> ResizeJpg(const Shell& shell, int width, int height, const QString& source,
-                       const QString& target);
+                       const QString& target, const QStringList& more = {});
 // A command that is planned and only says so. An empty folder means the Workspace.
 void FileEditPlanned(const Shell& shell, const QString& name, const QString& folder);
 

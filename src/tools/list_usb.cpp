@@ -63,6 +63,12 @@ bool Drives::askFlashDisk()
 
 Result<void> Drives::askDisk()
 {
+    // An image is no disk of the system; the boot test gets its path besides.
+    constexpr int imageDisk = 1;
+    if (flashImage() != nullptr) {
+        m_shell.run.CurrentFlashDisk = imageDisk;
+        return {};
+    }
     // Unknown until the tool has answered, so that no old number is booted.
     const int before = std::exchange(m_shell.run.CurrentFlashDisk, -1);
     Result<void> asked = runListUsb(m_shell.run.CurrentFlashChar, true);

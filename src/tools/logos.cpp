@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "tools/logos.h"
 
+#include "base/picture_tool.h"
 #include "base/text.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
+#include "tools/image_tool.h"
 #include "tools/picture_import.h"
+#include "tools/picture_shape.h"
 
 #include <algorithm>
 
@@ -14,12 +17,66 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+bool pictureKindHasNoAlpha(const QString& file)
+{
+    return file.endsWith(u".jpg", Qt::CaseInsensitive) ||
+           file.endsWith(u".jpeg", Qt::CaseInsensitive);
+}
+
 bool maskThere(const Shell& shell)
 {
     if (FileExists(shell.run.Workspace + logoMaskName))
         return true;
     shell.prompts.ShowMessage(u"File "_s + logoMaskName + u" not found"_s);
     return false;
+}
+
+// How opaque the picture is, as a file in WorkspaceRoot; empty if it is so everywhere.
+QString outlineOf(const Shell& shell, const QString& file, QSize size, QStringList options)
+{
+    const QString made = shell.run.WorkspaceRoot + u"~outline.jpg"_s;
+    options += {u"-extract"_s, u"alpha"_s};
+    if (!ResizeJpg(shell, size.width(), size.height(), shortForm(file), made, options))
+        return {};
+    const Result<FilePicture> read = shell.readPicture({made});
+    if (!read)
+        return {};
+    constexpr int opaqueFrom = 240; // the losses of the format aside
+    for (int y = 0; y < read->image.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(read->image.constScanLine(y));
+        if (std::any_of(line, line + read->image.width(),
+                        [](QRgb pixel) { return qGreen(pixel) < opaqueFrom; }))
+            return made;
+    }
+    (void)shell.files.remove(made);
+    return {};
+}
+
+// A JPEG has no transparency; the boot screen keeps that of a logo in the mask that all logos
+// share. False: the user cancelled, or it failed.
+bool keepOutline(const Shell& shell, FileSteps& steps, const QString& file, QSize size,
+                 const QStringList& options)
+{
+    const QString mask = shell.run.Workspace + logoMaskName;
+    if (pictureKindHasNoAlpha(file) || !FileExists(mask))
+        return true;
+    const QString outline = outlineOf(shell, file, size, options);
+    if (outline.isEmpty())
+        return true;
+    enum OutlineAnswer { TakeOutline, KeepMask, CancelOutline };
+    Choice choice;
+    choice.title = u"Transparent logo"_s;
+    choice.text = u"%1 has transparent parts.\n"
+                  "Its outline can become the shape of all logos (%2, where half transparent\n"
+                  "pixels stay half transparent). Otherwise the present shape stays, and what is\n"
+                  "transparent becomes black."_s.arg(namePart(file), logoMaskName);
+    choice.answers = {u"Take its outline"_s, u"Keep the shape"_s, u"Cancel"_s};
+    choice.cancel = CancelOutline;
+    const int answer = shell.prompts.choose(choice);
+    if (answer == TakeOutline)
+        return shell.told(steps.replace(outline, mask));
+    (void)shell.files.remove(outline);
+    return answer == KeepMask;
 }
 
 // `target` becomes the picture in the size of `model`.
@@ -30,8 +87,12 @@ bool ImportLogo(const Shell& shell, PictureHost& host, FileSteps& steps, const Q
     const std::optional<QSize> size = knownSize(shell, model);
     if (!size)
         return false;
+    const std::optional<ShapeAnswer> shape = askForShape(shell, file, *size, false);
+    if (!shape)
+        return false;
     const Waiting waiting(host);
-    return importPicture(shell, steps, shortForm(file), *size, target);
+    return keepOutline(shell, steps, file, *size, shape->options) &&
+           importPicture(shell, steps, shortForm(file), *size, target, shape->options);
 }
 
 void showLogos(PictureHost& host)
@@ -70,13 +131,15 @@ void ChangeLogoMember(const Shell& shell, PictureHost& host, const QString& name
 {
     if (!shell.run.GfxHasZuk)
         return;
-    const QString logo = shell.run.Workspace + name;
-    if (!FileExists(logo)) {
+    if (!FileExists(shell.run.Workspace + name))
         shell.prompts.ShowMessage(u"File "_s + name + u" not found"_s);
-        return;
-    }
-    if (!maskThere(shell))
-        return;
+    else if (maskThere(shell))
+        ChangePictureMember(shell, host, name);
+}
+
+void ChangePictureMember(const Shell& shell, PictureHost& host, const QString& name)
+{
+    const QString logo = shell.run.Workspace + name;
     const QString chosen = askForPicture(shell);
     FileSteps steps(shell);
     if (chosen.isEmpty() || !ImportLogo(shell, host, steps, chosen, logo, logo))

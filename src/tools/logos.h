@@ -11,6 +11,8 @@ namespace fennel {
 
 // Replaces the logo `name` by a picture of the user's choice, scaled to that logo's size.
 void ChangeLogoMember(const Shell& shell, PictureHost& host, const QString& name);
+// The same for any picture of the gfxboot, which keeps its size.
+void ChangePictureMember(const Shell& shell, PictureHost& host, const QString& name);
 // Adds a logo in the mask's size, with its text file.
 void mnuEDIT_ADDLogo(const Shell& shell, PictureHost& host);
 // Scales all logos and the mask to a size that the user types as "400 X 300".

@@ -30,11 +30,11 @@ QString askForPicture(const Shell& shell, const QString& filter)
 }
 
 bool importPicture(const Shell& shell, FileSteps& steps, const QString& source, QSize size,
-                   const QString& target)
+                   const QString& target, const QStringList& more)
 {
     // Beside the Workspace, so that a half-made picture is never a member.
     const QString made = shell.run.WorkspaceRoot + namePart(target);
-    if (!ResizeJpg(shell, size.width(), size.height(), source, made))
+    if (!ResizeJpg(shell, size.width(), size.height(), source, made, more))
         return false;
     if (shell.told(steps.replace(made, target)))
         return true;
@@ -51,14 +51,14 @@ std::optional<QSize> knownSize(const Shell& shell, const QString& path)
     return std::nullopt;
 }
 
-bool resizeAll(const Shell& shell, const QString& pattern, QSize size)
+bool resizeAll(const Shell& shell, const QString& pattern, QSize size, const QStringList& more)
 {
     const QString& folder = shell.run.Workspace;
     const QString& side = shell.run.WorkspaceRoot;
     const QStringList names = filesLike(folder, pattern);
     // All are made before the first member changes: a broken one among them stops the command here.
     bool good = std::all_of(names.begin(), names.end(), [&](const QString& name) {
-        return ResizeJpg(shell, size.width(), size.height(), folder + name, side + name).ok();
+        return ResizeJpg(shell, size.width(), size.height(), folder + name, side + name, more).ok();
     });
     FileSteps steps(shell);
     good = good && std::all_of(names.begin(), names.end(), [&](const QString& name) {

@@ -25,14 +25,16 @@ QString askForPicture(const Shell& shell, const QString& filter = anyPictureFilt
 // Scales the picture `source` to `size` pixels and puts it at `target`. The new file is made in
 // WorkspaceRoot first, so `source` may be `target` or a kept copy of it. False, with the user told,
 // if that failed.
+// `more` are further options of the picture tool.
 bool importPicture(const Shell& shell, FileSteps& steps, const QString& source, QSize size,
-                   const QString& target);
+                   const QString& target, const QStringList& more = {});
 
 // The size of a picture, or nothing with the user told why.
 std::optional<QSize> knownSize(const Shell& shell, const QString& path);
 
 // Scales every file of the Workspace that fits the pattern; all of them or none.
-bool resizeAll(const Shell& shell, const QString& pattern, QSize size);
+bool resizeAll(const Shell& shell, const QString& pattern, QSize size,
+               const QStringList& more = {});
 
 // The number of a new member among the rows that fit `pattern` (such as "back_??.jpg") and are not
 // `apart`: the highest seen plus one, by the rule for numbered members, in which gaps are not

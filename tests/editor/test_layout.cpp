@@ -90,6 +90,12 @@ TEST(Layout, WhateverIsAskedTheWindowStaysWithinTheDesktopAndKeepsAView)
                     in.RightPanelWidth = out.RightPanelWidth;
                     in.BottomPanelHeight = out.BottomPanelHeight;
                     EXPECT_EQ(layoutWindow(in).area, out.area);
+                    // A window that was pulled keeps its size, and the stage gets the rest.
+                    in.given = QSize(1900, 900);
+                    const LayoutResult pulled = layoutWindow(in);
+                    EXPECT_EQ(pulled.area, *in.given);
+                    EXPECT_EQ(pulled.picture.width() + pulled.RightPanelWidth + gutterWidth, 1900);
+                    expectApart(pulled);
                 }
             }
         }

@@ -58,6 +58,17 @@ TEST(CharacterRanges, OutsideThe65536CodesAreToldAndChangeNothing)
     EXPECT_NE(named.failure().text.find("0x10000"), std::string::npos);
 }
 
+TEST(CharacterRanges, AreTypedAsCodesRunsAndLetters)
+{
+    const std::pair<QString, QString> rows[] = {
+        {u"0x41-0x5A"_s, u"0x41-0x5A"_s},          {u"0x41-5A"_s, u"0x41-0x5A"_s},
+        {u"u+105, 65-66"_s, u"0x41-0x42 0x105"_s}, {u"ąęł"_s, u"0x105 0x119 0x142"_s},
+        {u"a-c 5"_s, u"0x35 0x61-0x63"_s},         {u" "_s, {}}};
+    for (const auto& [typed, set] : rows)
+        EXPECT_EQ(FormatCharacterRanges(*typedCharacters(typed)), set) << typed.toStdString();
+    EXPECT_FALSE(typedCharacters(u"0x10000"_s));
+}
+
 TEST(CharacterRanges, ComeFromAFontOrFromTheDefaultFontsName)
 {
     QByteArray font("\x06\x8E\x82\xD2\x03\0\0\0\x0A\x02\x0C", 11);

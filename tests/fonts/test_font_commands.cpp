@@ -67,7 +67,7 @@ protected:
     {
         ListView* list = w.window.rightPanel().view(TabFonts);
         QWidget* port = list->findChild<QTreeView*>()->viewport();
-        const QPoint at = port->mapFrom(list, list->rowRect(row).center());
+        const QPoint at = port->mapFrom(list, list->cellRect(row, 0).center());
         QTest::mouseClick(port, Qt::LeftButton, {}, at);
         if (twice)
             QTest::mouseDClick(port, Qt::LeftButton, {}, at);

@@ -28,6 +28,7 @@ public:
     void setStatus(int panel, const QString& text) override { status[panel] = text; }
     void refreshStatus() override { ++refreshes; }
     void panelMenu(int index, QPoint) override { menus.push_back(index); }
+    void objectMenu(int index, QPoint) override { menus.push_back(100 + index); }
     void backgroundMenu(QPoint) override { menus.push_back(-1); }
     void setOnOffCaption(int item, const QString& text) override { captions[item] = text; }
     void prepareBackground() override { calls << u"prepare"_s; }

@@ -131,12 +131,12 @@ TEST_F(StageTest, MenusOfTheRightButton)
     };
     right({100, 570}); // buttons
     right({300, 300}); // menu
-    right({300, 490}); // options line: none
+    right({300, 490}); // options line: that of any object
     right({10, 10});
-    EXPECT_EQ(host.menus, (std::vector<int>{2, 0, -1}));
+    EXPECT_EQ(host.menus, (std::vector<int>{2, 0, 103, -1}));
     run().GfxHasCfg = false;
     right({300, 300});
-    EXPECT_EQ(host.menus.size(), 3U);
+    EXPECT_EQ(host.menus.back(), 100);
 }
 
 TEST_F(StageTest, PipetteKeepsTheMouseFromPanels)

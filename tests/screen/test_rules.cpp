@@ -2,6 +2,8 @@
 // Blending and geometry as plain functions.
 #include "screen/blend.h"
 #include "screen/geometry.h"
+#include "screen/scale_rules.h"
+#include "screen/snapping.h"
 
 #include <gtest/gtest.h>
 
@@ -78,4 +80,43 @@ TEST(Geometry, PullingMovesOnlyFreeSides)
     EXPECT_EQ(pull(22, 3, {9999, 9999}), QPoint(803, 603)) << "to the edges";
     EXPECT_EQ(pull(0, 2, {400, 0}), QPoint(303, 67)) << "old menus: height only, from the menu";
     EXPECT_EQ(pull(1, 3, {0, 300}), QPoint(57, 153)) << "a bar has no height of its own";
+}
+
+TEST(Snapping, FindsEdgesMiddlesThirdsAndEqualGaps)
+{
+    const QRect left(100, 100, 50, 40);
+    const QRect right(200, 100, 50, 40);
+    const struct {
+        const char* what;
+        QRect wanted;
+        QPoint at;
+        bool x;
+        bool y;
+    } rows[] = {
+        {"the left edge", {103, 330, 30, 21}, {100, 330}, true, false},
+        {"an edge to the other's far one", {147, 330, 30, 21}, {150, 330}, true, false},
+        {"middles", {112, 330, 30, 21}, {110, 330}, true, false},
+        {"tops", {430, 97, 31, 20}, {430, 100}, false, true},
+        {"the screen's middle", {383, 330, 30, 21}, {385, 330}, true, false},
+        {"a third", {268, 410, 30, 21}, {266, 410}, true, false},
+        {"its far edge", {768, 578, 30, 21}, {770, 579}, true, true},
+        {"as far as those are apart", {297, 115, 31, 6}, {300, 117}, true, true},
+        {"nothing near", {330, 310, 31, 23}, {330, 310}, false, false},
+    };
+    for (const auto& row : rows) {
+        const Snapped found = snapPlace(row.wanted, {{left, right}, {800, 600}, 4, true, true});
+        EXPECT_EQ(found.at, row.at) << row.what;
+        EXPECT_TRUE(found.x == row.x && found.y == row.y) << row.what;
+        EXPECT_EQ(found.guides.empty(), !row.x && !row.y) << row.what;
+    }
+    const Snapped fixed = snapPlace({103, 97, 30, 21}, {{left}, {800, 600}, 4, false, true});
+    EXPECT_EQ(fixed.at, QPoint(103, 100));
+}
+
+TEST(ScaleRules, StepsMeetFullSizeAndStayWithinWhatIsTaken)
+{
+    EXPECT_EQ(zoomedScale(0.9, 1, {800, 600}), 1);
+    EXPECT_EQ(zoomedScale(1, 4, {800, 600}), 2);
+    EXPECT_EQ(zoomedScale(2, 1, {800, 600}), 2);
+    EXPECT_EQ(zoomedScale(1, -40, {800, 600}), 0.25);
 }

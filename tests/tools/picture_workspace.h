@@ -39,6 +39,13 @@ public:
     using ScriptedPrompts::ShowMessage;
     QString chosen; // the answer of every file dialog
     std::optional<QString> typed;
+    int answer = 0; // of every choice
+    int choose(const Choice& choice) override
+    {
+        choices.append(choice.answers.value(answer));
+        return answer;
+    }
+    QStringList choices;
     Answer ShowMessage(const QString& text, MessageType, const QString&) override
     {
         texts.append(text);

@@ -20,6 +20,8 @@ TEST(Backgrounds, ImportKeepsTheOldPictureAndItsSize)
     EXPECT_EQ(asked.filter, u"All picture Files |*.jpg;*.bmp;*.png;*.pcx;*.gif;*.tif;*.tga;*.cur;"
                             "*.jpeg;*.ico|jpg-files (*.jpg)|*.jpg|"_s);
 
+    EXPECT_EQ(w.user.choices, QStringList(u"Stretch"_s)) << "of another shape";
+
     // Onto itself: the backup is the source.
     w.host.calls.clear();
     EXPECT_TRUE(ImportBack(w.shell, w.host, w.member(u"back.jpg"_s), false));

@@ -200,6 +200,22 @@ TEST(NConvertBridge, LeavesNothingWhenThePictureIsBroken)
     EXPECT_EQ(filesLike(folderPart(b.output), u"*.new"_s), QStringList());
 }
 
+TEST(NConvertBridge, CutsAndFitsToAnotherShape)
+{
+    Bridge b;
+    const auto at = [&](const QString& options, QPoint place) {
+        EXPECT_TRUE(b.run(u"-out jpeg -overwrite -q 100 "_s + options, b.source));
+        const QImage made(b.output);
+        return made.pixelColor(place).lightness();
+    };
+    const QColor corner = QImage(b.source).pixelColor(2, 2);
+    EXPECT_NEAR(at(u"-crop 0 0 40 25 -resize 60 60"_s, {58, 58}), corner.lightness(), 6);
+    EXPECT_LT(at(u"-shape fit -resize 160 400"_s, {80, 4}), 6);
+    EXPECT_GT(at(u"-shape crop -resize 160 400"_s, {4, 4}), 6);
+    EXPECT_GT(at(u"-extract alpha -resize 16 16"_s, {8, 8}), 250) << "opaque";
+    EXPECT_FALSE(b.run(u"-out jpeg -overwrite -crop 100 0 4000 20"_s, b.source));
+}
+
 TEST(NConvertBridge, RefusesSizesAboveItsLimits)
 {
     Bridge b;

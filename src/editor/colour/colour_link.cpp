@@ -136,6 +136,19 @@ void ColourLink::askFill()
         setFill(chosen->rgb());
 }
 
+void ColourLink::askText()
+{
+    const PanelRec* rec = record();
+    if (rec == nullptr)
+        return;
+    const auto chosen = m_window.shell().prompts.ChooseColour(QColor(rec->TextColor));
+    m_window.surface().setFocus();
+    m_window.colourTools().newJourney();
+    if (chosen)
+        writeParam(rec->TextParam, ParamValue{chosen->rgb() & 0xFFFFFFU, true, {}},
+                   u"text colour of %1"_s);
+}
+
 void ColourLink::askValue()
 {
     ValueEditor& editor = m_window.rightPanel().editor();

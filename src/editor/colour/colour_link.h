@@ -26,6 +26,9 @@ public:
     void showControls(int index);
     [[nodiscard]] int pipettesOn() const;
     [[nodiscard]] Pipette& pipette() { return *m_pipette; }
+    // Asks for the colour of the object in work, or of its text.
+    void askFill();
+    void askText();
 
 private:
     [[nodiscard]] const PanelRec* record() const;
@@ -34,7 +37,6 @@ private:
     void setFileValues();
     // A parameter of the object in work gets the value.
     void writeParam(int param, const ParamValue& value, const QString& what);
-    void askFill();
     void askValue();
     void onPipette(bool on);
     void onSample(QRgb colour);

@@ -6,6 +6,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QRegularExpressionValidator>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
@@ -19,6 +20,10 @@ constexpr int margin = 4;
 constexpr int lowHeight = 104; // below it the boxes stand beside the sliders
 constexpr int fullPart = 255;
 constexpr int pageStep = 16;
+// What may be typed.
+const QString decimalPart = u"[0-9]{1,3}"_s;
+const QString hexPart = u"[0-9A-Fa-f]{1,2}"_s;
+const QString wholeColour = u"(0[xX])?[0-9A-Fa-f]{1,6}"_s;
 const std::array<QString, 3> partColours = {u"#d03030"_s, u"#2e9e3f"_s, u"#3060d0"_s};
 
 void setName(QWidget* widget, const QString& name, const QString& toolTip)
@@ -27,10 +32,10 @@ void setName(QWidget* widget, const QString& name, const QString& toolTip)
     widget->setToolTip(toolTip);
 }
 
-QLineEdit* display(QWidget* parent, int characters)
+QLineEdit* numberBox(QWidget* parent, int characters, const QString& allowed)
 {
     auto* box = new QLineEdit(parent);
-    box->setReadOnly(true);
+    box->setValidator(new QRegularExpressionValidator(QRegularExpression(allowed), box));
     box->setAlignment(Qt::AlignCenter);
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(QString(characters, u'0')) + 14);
     return box;
@@ -40,7 +45,7 @@ QLineEdit* display(QWidget* parent, int characters)
 
 ColourTools::ColourTools(QWidget* parent)
     : QGroupBox(parent), m_label(new QLabel(tr("Transparency"), this)),
-      m_transparency(new QSlider(Qt::Horizontal, this)), m_transpText(display(this, 3)),
+      m_transparency(new QSlider(Qt::Horizontal, this)), m_transpText(numberBox(this, 3, decimalPart)),
       m_file(new QPushButton(u"↺"_s, this)), m_sample(new QLineEdit(this)),
       m_pipette(new QCheckBox(tr("Pick"), this)), m_ask(new QPushButton(u"..."_s, this)),
       m_parts(new QGridLayout)
@@ -81,7 +86,8 @@ void ColourTools::buildTransparency()
     m_transparency->setRange(0, fullPart);
     m_transparency->setPageStep(pageStep);
     m_transpText->setObjectName(u"Text_Transp"_s);
-    m_transpText->setFocusPolicy(Qt::NoFocus);
+    connect(m_transpText, &QLineEdit::editingFinished, this,
+            [this] { takeTyped(*m_transpText, *m_transparency, 10); });
     setName(m_file, u"Command1"_s,
             tr("Fill and transparency as the file had them when it was opened"));
     m_file->setFixedWidth(28);
@@ -96,8 +102,9 @@ void ColourTools::buildTransparency()
 void ColourTools::buildFill()
 {
     setName(m_sample, u"TextColor"_s, tr("The fill of the selected object"));
-    m_sample->setReadOnly(true);
-    m_sample->setFocusPolicy(Qt::NoFocus);
+    m_sample->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(wholeColour), m_sample));
+    connect(m_sample, &QLineEdit::editingFinished, this, &ColourTools::takeColour);
     m_sample->setAlignment(Qt::AlignCenter);
     m_sample->setMinimumSize(48, fontMetrics().height());
     m_sample->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -114,7 +121,9 @@ void ColourTools::buildFill()
         m_sliders[part]->setInvertedAppearance(true);
         m_sliders[part]->setInvertedControls(true);
         m_sliders[part]->setMinimumHeight(18);
-        m_boxes[part] = display(this, 2);
+        m_boxes[part] = numberBox(this, 2, hexPart);
+        connect(m_boxes[part], &QLineEdit::editingFinished, this,
+                [this, part] { takeTyped(*m_boxes[part], *m_sliders[part], 16); });
         m_boxes[part]->setObjectName(u"TextRGB(%1)"_s.arg(i));
         m_boxes[part]->setStyleSheet(u"color: %1; font-weight: bold;"_s.arg(partColours[part]));
         m_boxes[part]->installEventFilter(this);
@@ -154,6 +163,7 @@ void ColourTools::showValues(ColourControls enabled, QRgb fill, int transp)
         m_boxes[i]->setEnabled(enabled.fill);
     }
     showSample(fill);
+    m_sample->setReadOnly(!enabled.fill);
     m_pipette->setEnabled(enabled.fill);
     m_ask->setEnabled(enabled.fill);
     m_transparency->setValue(transparencyShown(transp));
@@ -194,7 +204,27 @@ void ColourTools::partMoved()
     Q_EMIT fillChanged(sliderColour());
 }
 
-// The boxes are displays with two keys of their own.
+// Only when it is typed to its end: the text is written anew for every value.
+void ColourTools::takeTyped(QLineEdit& box, QSlider& slider, int base)
+{
+    if (!box.isModified())
+        return;
+    newJourney();
+    slider.setValue(box.text().toInt(nullptr, base));
+    box.setText(base == 16 ? partText(slider.value()) : QString::number(slider.value()));
+}
+
+void ColourTools::takeColour()
+{
+    if (!m_sample->isModified())
+        return;
+    newJourney();
+    const QRgb typed = 0xff000000U | m_sample->text().toUInt(nullptr, 16);
+    showSample(typed);
+    Q_EMIT fillChanged(typed);
+}
+
+// Two keys of the boxes' own.
 bool ColourTools::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {

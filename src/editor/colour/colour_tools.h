@@ -47,7 +47,8 @@ public:
     [[nodiscard]] QSize leastSize() const { return m_least; }
 
 Q_SIGNALS:
-    // A slider was moved by the user; the value is the one of all three, or the new transparency.
+    // A slider was moved or a box typed into by the user; the value is the one of all three, or the
+    // new transparency.
     void fillChanged(QRgb colour);
     void transparencyChanged(int value);
 
@@ -60,6 +61,8 @@ private:
     void buildFill();
     void layOut(bool low);
     void partMoved();
+    void takeTyped(QLineEdit& box, QSlider& slider, int base);
+    void takeColour();
 
     QLabel* m_label;
     QSlider* m_transparency;

@@ -24,7 +24,10 @@ void connectTextButtons(MainWindow& window);
 void addFlashCommands(MainWindow& window);
 void addHelpCommands(MainWindow& window);
 void addFontCommands(MainWindow& window);
+void addObjectCommands(MainWindow& window);
 void connectLists(MainWindow& window);
+// The menu of an object on the stage; false if it has no command.
+bool fillObjectMenu(MainWindow& window, int object);
 // Entries of arrays that never change, once the menus stand.
 void showFixedEntries(MainWindow& window);
 
@@ -46,6 +49,7 @@ void loadLogos(MainWindow& window);
 // Replaces the member of a row by a picture of the user's choice.
 void changeBackground(MainWindow& window, const QString& name);
 void changeLogo(MainWindow& window, const QString& name);
+void changePicture(MainWindow& window, const QString& name);
 // Opens the text member of the current row in the text editor; false if the row is none.
 [[nodiscard]] bool EditTextFile(MainWindow& window);
 // Whether the editor's frame may be used for something else: a changed text in it is asked about.

@@ -7,8 +7,13 @@
 #include "editor/window/main_window.h"
 #include "editor/window/menus.h"
 #include "params/object_table.h"
+#include "tools/boot_stick.h"
+#include "tools/stick_save.h"
 
 #include <QSignalBlocker>
+
+#include <optional>
+#include <vector>
 
 namespace fennel {
 
@@ -60,6 +65,94 @@ void chooseFlashMenu(MainWindow& window, int entry)
     selectTab(window, TabMenu);
     selectRow(window, TabMenu, number);
     takeMenu(window, list.row(number)->name);
+}
+
+const QString stickTitle = QStringLiteral("Save to stick");
+
+// By the loader's configuration: the place that it names, or the user's choice of several.
+std::optional<LoaderPlace> placeOnStick(const Shell& shell, const QString& folder)
+{
+    const std::vector<LoaderPlace> places = loaderPlacesOf(folder);
+    if (places.empty()) {
+        shell.prompts.ShowMessage(
+            QStringLiteral(
+                "No loader on this drive says where its message file is.\n"
+                "Looked for were the line \"gfxboot\" of syslinux.cfg (or isolinux.cfg,\n"
+                "extlinux.conf) and the line \"gfxmenu\" of menu.lst."),
+            MessageType::Ok, stickTitle);
+        return std::nullopt;
+    }
+    Choice choice;
+    choice.title = stickTitle;
+    choice.text = QStringLiteral("Replace the message file on this drive?\n"
+                                 "The old one stays beside it, with the ending \".old\".");
+    for (const LoaderPlace& place : places) {
+        choice.list.append(QStringLiteral("%1, named in %2").arg(place.message, place.config));
+        choice.answers.append(place.message);
+    }
+    choice.answers.append(QStringLiteral("Cancel"));
+    choice.cancel = static_cast<int>(places.size());
+    const int answer = shell.prompts.choose(choice);
+    return answer >= 0 && answer < choice.cancel
+               ? std::optional(places[static_cast<std::size_t>(answer)])
+               : std::nullopt;
+}
+
+void saveOnStick(MainWindow& window)
+{
+    const Shell& shell = window.shell();
+    const QString folder = window.flashLink().drives().folderOf(shell.run.CurrentFlashChar);
+    if (folder.isEmpty()) {
+        shell.prompts.ShowMessage(
+            QStringLiteral("Choose the stick in the menu Flash first: its loader says where the\n"
+                           "message file belongs."),
+            MessageType::Ok, stickTitle);
+        return;
+    }
+    if (!CommitValue(window) || !commitText(window))
+        return;
+    const std::optional<LoaderPlace> place = placeOnStick(shell, folder);
+    if (!place)
+        return;
+    const Result<QByteArray> message =
+        messageNow(shell, window.document(), shell.run.GfxIsGz && !place->unpacked);
+    const Result<QString> kept =
+        message ? saveToStick(shell, folder, *place, *message) : message.failure();
+    const ImageDrive* image = window.flashLink().drives().flashImage();
+    Result<void> done = kept ? Result<void>() : kept.failure();
+    if (done && image != nullptr) {
+        QStringList names{place->message};
+        if (!kept->isEmpty())
+            names.prepend(folderPart(place->message) + *kept);
+        done = writeToImage(*image, names);
+    }
+    if (!done) {
+        (void)shell.tell(done.failure());
+        return;
+    }
+    const QString old =
+        kept->isEmpty() ? QString() : QStringLiteral("\nThe old one is kept as %1.").arg(*kept);
+    shell.prompts.ShowMessage(
+        QStringLiteral("Saved as %1.")
+                .arg(image == nullptr ? folder + place->message : place->message) +
+            old,
+        MessageType::Ok, stickTitle);
+}
+
+void chooseImageFile(MainWindow& window)
+{
+    FileQuestion question;
+    question.title = QStringLiteral("Image file as Current Flash");
+    question.filter = QStringLiteral("Disk images|*.img;*.ima;*.raw;*.dd;*.bin|All files|*|");
+    const Shell& shell = window.shell();
+    const QString path = shell.prompts.openFile(question);
+    if (path.isEmpty())
+        return;
+    const Result<ImageDrive> image = openImageDrive(shell, path);
+    if (image)
+        window.flashLink().drives().chooseImage(*image);
+    else
+        (void)shell.tell(image.failure());
 }
 
 void driveInfo(MainWindow& window)
@@ -165,6 +258,8 @@ void addFlashCommands(MainWindow& window)
     commands.add("mnuFlash_Monitor", [&window] {
         window.flashLink().HookDeviceChange(!window.workbench().flags.MonitorOn);
     });
+    commands.add("mnuT_Image", [&window] { chooseImageFile(window); });
+    commands.add("mnuFile_SaveStick", [&window] { saveOnStick(window); });
     commands.add("CurrentFlashInfo", [&window] { driveInfo(window); });
     commands.add("mnuMenu_Embedded", [&window] { takeEmbeddedMenu(window); });
     commands.addArray("mnuMenu_fromFlash",

@@ -50,13 +50,22 @@ QString itemOf(MainWindow& window, int tab, const ListRow& row)
     return itemText(window.document(), *window.workbench().params.list(tab), row);
 }
 
+// A parameter by its name first, as its number tells nobody what it is.
+QString editorCaption(MainWindow& window, const ListRow& row)
+{
+    const QString item = itemOf(window, window.workbench().params.CurrentTab, row);
+    if (row.kind != RowKind::Parameter)
+        return item;
+    const QString name = window.document().state().ZUKarr.at(row.file, row.number).Name.mid(2);
+    return name + QStringLiteral("   ") + item;
+}
+
 void openEditor(MainWindow& window)
 {
     const ListRow* row = currentRow(window);
     if (row == nullptr || !mayLeaveText(window))
         return;
-    window.rightPanel().openEditor(window.area(),
-                                   itemOf(window, window.workbench().params.CurrentTab, *row),
+    window.rightPanel().openEditor(window.area(), editorCaption(window, *row),
                                    valueText(window.document(), *row));
 }
 

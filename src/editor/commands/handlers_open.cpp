@@ -47,6 +47,7 @@ void fillFonts(MainWindow& window)
 void showAll(MainWindow& window)
 {
     window.surface().gestures().forgetStatus();
+    selectTab(window, frontTab(window.shell().run, window.workbench().params));
     window.UpdateInterface();
     window.refreshThumbnails();
     window.ShowBackground();

@@ -56,13 +56,19 @@ void addPictureCommands(MainWindow& window)
     add(window, "mnuEDIT_ADDLogo", QStringLiteral("adding of a logo"), mnuEDIT_ADDLogo);
     add(window, "mnuEdit_ResizeLOGO", QStringLiteral("size of the logos"), mnuEdit_ResizeLOGO);
     for (const char* name : {"mnuEdit_16x9Support", "mnu_Context_picture1_169"})
-        window.commands().add(name, [&window] { mnuEdit_16x9Support(window.shell()); });
+        add(window, name, QStringLiteral("16:9 support"), mnuEdit_16x9Support);
 }
 
 void changeBackground(MainWindow& window, const QString& name)
 {
     runAsStep(window, QStringLiteral("picture of %1").arg(name), name,
               [&](PictureHost& host) { ChangeBackMember(window.shell(), host, name); });
+}
+
+void changePicture(MainWindow& window, const QString& name)
+{
+    runAsStep(window, QStringLiteral("picture of %1").arg(name), name,
+              [&](PictureHost& host) { ChangePictureMember(window.shell(), host, name); });
 }
 
 void changeLogo(MainWindow& window, const QString& name)

@@ -12,7 +12,10 @@ void addToolCommands(MainWindow& window)
 {
     Commands& commands = window.commands();
     commands.add("mnuT_NConvert_Convert", [&window] { mnuT_NConvert_Convert(window.shell()); });
-    commands.add("mnuT_NConvert_Crop", [&window] { mnuT_NConvert_Crop(window.shell()); });
+    commands.add("mnuT_NConvert_Crop", [&window] {
+        QtClipboard clipboard;
+        mnuT_NConvert_Crop(window.shell(), clipboard);
+    });
     commands.add("mnuT_NConvert_Clipboard",
                  [&window] { mnuT_NConvert_Clipboard(window.shell(), QtClipboard()); });
     commands.add("mnuT_NConvert_Resize", [&window] {

@@ -3,11 +3,15 @@
 #include "base/text.h"
 #include "editor/commands/handlers.h"
 #include "editor/problems/problem_link.h"
+#include "editor/lists/right_panel.h"
 #include "editor/stage/scale_commands.h"
 #include "editor/stage/stage_link.h"
+#include "editor/stage/stage_port.h"
+#include "editor/stage/stage_surface.h"
 #include "editor/window/main_window.h"
 #include "editor/window/menus.h"
 #include "editor/window/status_bar.h"
+#include "editor/window/window_progress.h"
 #include "tools/image_tool.h"
 
 #include <QScreen>
@@ -18,16 +22,45 @@ namespace fennel {
 
 namespace {
 
+// Of a window that keeps its size.
+constexpr double smallestFit = 0.05;
+constexpr double largestFit = 2;
+
 void fillTheScreen(MainWindow& window)
 {
     Stage& stage = window.stageLink().stage();
     const auto fill = fillForStage(stage, window.fillRoom());
     if (!fill)
         return;
+    if (window.sizeHeld()) {
+        const QSizeF port =
+            QSizeF(window.port().maximumViewportSize()) * window.devicePixelRatioF();
+        const RunState& run = window.shell().run;
+        zoomTo(stage,
+               std::clamp(std::min(port.width() / run.BackWidth, port.height() / run.BackHeight),
+                          smallestFit, largestFit));
+        return;
+    }
     window.move(window.screen()->availableGeometry().topLeft());
     const int panel = roundToEven(fill->rightPanel / window.devicePixelRatioF());
     window.shell().run.RightPanelWidth = std::max(panel, minRightPanelWidth);
     applyFill(stage, *fill);
+}
+
+// What lies under a point of the port stays there.
+void zoom(MainWindow& window, int steps, QPoint at)
+{
+    Stage& stage = window.stageLink().stage();
+    const RunState& run = window.shell().run;
+    if (!run.GfxOpened || window.progress().busy() || window.surface().gestures().held())
+        return;
+    const double scale = zoomedScale(run.PreviewScale, steps, {run.BackWidth, run.BackHeight});
+    if (scale == run.PreviewScale)
+        return;
+    const QPointF share = window.port().shareAt(at);
+    window.holdSize(true);
+    zoomTo(stage, scale);
+    window.port().bringTo(share, at);
 }
 
 // Only the two files are made; the view itself stays as it is.
@@ -49,6 +82,8 @@ void showScales(MainWindow& window)
 }
 
 const QString asItBootsKey = QStringLiteral("AsItBoots");
+const QString snapKey = QStringLiteral("Snap");
+const QString namesKey = QStringLiteral("ParameterNames");
 
 void showChecks(MainWindow& window)
 {
@@ -65,6 +100,22 @@ void showView(MainWindow& window, bool asItBoots)
     window.workbench().store.save(viewSection, asItBootsKey,
                                   asItBoots ? QStringLiteral("1") : QStringLiteral("0"));
     showChecks(window);
+}
+
+void showNames(MainWindow& window, bool shown)
+{
+    window.rightPanel().showNames(shown);
+    window.menus().action(QStringLiteral("mnuView_Names"))->setChecked(shown);
+    window.workbench().store.save(viewSection, namesKey,
+                                  shown ? QStringLiteral("1") : QStringLiteral("0"));
+}
+
+void snapWhileDragging(MainWindow& window, bool on)
+{
+    window.surface().gestures().setSnapping(on);
+    window.menus().action(QStringLiteral("mnuView_Snap"))->setChecked(on);
+    window.workbench().store.save(viewSection, snapKey,
+                                  on ? QStringLiteral("1") : QStringLiteral("0"));
 }
 
 void tryMenu(MainWindow& window)
@@ -108,6 +159,10 @@ void showStoredView(MainWindow& window)
     window.stageLink().stage().showAsItBoots(stored != u"0");
     window.stageLink().stage().tryEnded = [&window] { showChecks(window); };
     showChecks(window);
+    snapWhileDragging(
+        window, window.workbench().store.get(viewSection, snapKey, QStringLiteral("1")) != u"0");
+    showNames(window,
+              window.workbench().store.get(viewSection, namesKey, QStringLiteral("1")) != u"0");
 }
 
 void MainWindow::toolbarCommand(int id)
@@ -128,6 +183,13 @@ void addViewCommands(MainWindow& window)
                  [&window] { window.showBottomPanel(!window.workbench().flags.bottomPanelShown); });
     commands.add("mnuView_AsItBoots", [&window] { showView(window, true); });
     commands.add("mnuView_Schematic", [&window] { showView(window, false); });
+    commands.add("mnuView_Snap", [&window] {
+        snapWhileDragging(window,
+                          window.menus().action(QStringLiteral("mnuView_Snap"))->isChecked());
+    });
+    commands.add("mnuView_Names", [&window] {
+        showNames(window, window.menus().action(QStringLiteral("mnuView_Names"))->isChecked());
+    });
     commands.add("mnuView_Try", [&window] { tryMenu(window); });
     commands.add("mnuView_Problems", [&window] { window.problemLink().toggle(); });
     QObject::connect(&window.statusFields().problemsButton(), &QToolButton::clicked, &window,
@@ -135,6 +197,13 @@ void addViewCommands(MainWindow& window)
     commands.add("mnuView_Moment", [&window] { askMoment(window); });
     commands.add("mnuView_scale1", [&stage] { mnuView_scale1(stage); });
     commands.add("mnuView_fill", [&window] { fillTheScreen(window); });
+    commands.add("mnuView_ZoomIn", [&window] { zoom(window, 1, window.port().middle()); });
+    commands.add("mnuView_ZoomOut", [&window] { zoom(window, -1, window.port().middle()); });
+    QObject::connect(&window.port(), &StagePort::zoomAsked, &window,
+                     [&window](int steps, QPoint at) { zoom(window, steps, at); });
+    commands.add("mnuView_Follow", [&window] {
+        window.holdSize(!window.menus().action(QStringLiteral("mnuView_Follow"))->isChecked());
+    });
     commands.add("mnuView_custom", [&window, &stage] {
         // The prompt names device pixels throughout.
         mnuView_custom(stage, window.screen()->size() * window.devicePixelRatioF());

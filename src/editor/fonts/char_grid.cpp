@@ -217,7 +217,16 @@ void CharGrid::mousePressEvent(QMouseEvent* event)
         return;
     m_last = m_mark = cell;
     m_from = event->position().toPoint();
-    Q_EMIT cellPressed(codeOf(cell));
+    const int code = codeOf(cell);
+    if ((event->modifiers() & Qt::ShiftModifier) && m_anchor >= 0) {
+        m_painting = false;
+        m_pressedAt.reset();
+        Q_EMIT runMarked(std::min(m_anchor, code), std::max(m_anchor, code),
+                         m_set[static_cast<std::size_t>(m_anchor)]);
+        return update();
+    }
+    m_anchor = code;
+    Q_EMIT cellPressed(code);
     // The fixed characters never change; a drag that starts on one paints nothing.
     m_painting = false;
     m_pressedAt = codeOf(cell) > lastFixedCharacter ? std::optional(event->pos()) : std::nullopt;

@@ -34,6 +34,9 @@ public:
 
 Q_SIGNALS:
     void cellPressed(int code);
+    // Shift and a click: the cells from the one pressed before to this one, on other pages too, are
+    // to be as that one is. In order.
+    void runMarked(int first, int last, bool chosen);
     void cellEntered(int code);       // the mouse or the keyboard's mark came to it
     void pagesTurned(int difference); // wheel and page keys
 
@@ -58,6 +61,7 @@ private:
     const CharSelected& m_set;
     int m_page = 0;
     int m_mark = 0;                    // the cell that keys work on
+    int m_anchor = -1;                 // the code that was pressed last, -1 none yet
     int m_last = -1;                   // that the mouse or the mark came to, -1 none yet
     std::optional<QPoint> m_pressedAt; // the start of what may become a drag
     QPoint m_from;                     // of the mouse's last move

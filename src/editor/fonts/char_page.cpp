@@ -57,6 +57,7 @@ CharPage::CharPage(const CharSelected& set, QWidget* parent)
     connect(m_blocks, &QComboBox::activated, this,
             [this](int block) { setPage(pageOfBlock(m_blocks->itemText(block))); });
     connect(m_grid, &CharGrid::cellPressed, this, &CharPage::cellPressed);
+    connect(m_grid, &CharGrid::runMarked, this, &CharPage::runMarked);
     connect(m_grid, &CharGrid::cellEntered, this, &CharPage::showCharacter);
     connect(m_grid, &CharGrid::pagesTurned, this,
             [this](int pages) { m_scroll->setValue(m_scroll->value() + pages); });
@@ -75,6 +76,7 @@ QLayout* CharPage::makeChoice()
         m_blocks->addItem(blockText(block));
     m_blocks->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_blocks->setMinimumContentsLength(44);
+    m_grid->setToolTip(tr("Shift+click marks all up to the cell that was clicked before"));
     auto* row = new QHBoxLayout;
     row->addWidget(label);
     row->addStretch(1);

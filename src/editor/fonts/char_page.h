@@ -26,6 +26,7 @@ public:
 Q_SIGNALS:
     void pageChanged(int page);
     void cellPressed(int code);
+    void runMarked(int first, int last, bool chosen);
 
 private:
     QLayout* makeChoice();

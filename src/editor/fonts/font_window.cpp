@@ -109,6 +109,9 @@ QGroupBox* FontWindow::makeFontFrame(int mostPoints)
     m_size = new NumberSpin(u"UpDown1"_s, u"Text2"_s, NumberRange{1, double(mostPoints), 0}, frame);
     auto* sizeLabel = new QLabel(u"Win Font Size"_s, frame);
     sizeLabel->setBuddy(m_size);
+    m_size->setSuffix(tr(" pt"));
+    m_pixels = new QLabel(frame);
+    m_pixels->setObjectName(u"LabelPixels"_s);
     m_note = new QLabel(frame);
     m_note->setObjectName(u"LabelNote"_s);
     m_note->setTextFormat(Qt::PlainText);
@@ -122,6 +125,7 @@ QGroupBox* FontWindow::makeFontFrame(int mostPoints)
     auto* column = new QVBoxLayout(frame);
     column->addWidget(m_list);
     column->addLayout(row);
+    column->addWidget(m_pixels, 0, Qt::AlignRight);
     column->addWidget(m_note, 1);
     return frame;
 }
@@ -166,6 +170,7 @@ QLayout* FontWindow::makeEnd()
     connect(apply, &QPushButton::clicked, this, &FontWindow::apply);
     connect(cancel, &QPushButton::clicked, this, &FontWindow::reject);
     auto* set = new QVBoxLayout;
+    set->addLayout(makeTyping());
     set->addWidget(m_count);
     set->addWidget(m_ranges);
     auto* row = new QHBoxLayout;
@@ -175,8 +180,66 @@ QLayout* FontWindow::makeEnd()
     return row;
 }
 
+QLayout* FontWindow::makeTyping()
+{
+    m_typed = new QLineEdit(this);
+    m_typed->setObjectName(u"TextTyped"_s);
+    m_typed->setPlaceholderText(tr("Letters or codes, such as 0x41-0x5A or a-z"));
+    m_typed->setClearButtonEnabled(true);
+    m_typed->installEventFilter(this);
+    auto* row = new QHBoxLayout;
+    row->addWidget(m_typed, 1);
+    for (const bool add : {true, false}) {
+        auto* button = new QPushButton(add ? tr("Add") : tr("Remove"), this);
+        button->setObjectName(add ? u"butAddTyped"_s : u"butRemoveTyped"_s);
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, [this, add] { takeTyped(add); });
+        row->addWidget(button);
+    }
+    return row;
+}
+
+// What cannot be taken away by a click cannot be so by typing either.
+void FontWindow::takeTyped(bool add)
+{
+    const Result<CharSelected> typed = typedCharacters(m_typed->text());
+    if (!typed) {
+        m_shell.prompts.ShowMessage(QString::fromStdString(typed.failure().text));
+        return;
+    }
+    CharSelected kept = m_set;
+    for (std::size_t code = lastFixedCharacter + 1; code < kept.size(); ++code)
+        kept[code] = kept[code] && !(*typed)[code];
+    setRanges(add ? m_set | *typed : kept);
+    m_typed->selectAll();
+}
+
+void FontWindow::markRun(int first, int last, bool chosen)
+{
+    for (int code = std::max(first, lastFixedCharacter + 1); code <= last; ++code)
+        m_set[static_cast<std::size_t>(code)] = chosen;
+    m_page->setChanged();
+    showSet();
+}
+
+// The samples of the spacings, in the size that the boot screen shows.
+void FontWindow::showPixels()
+{
+    const int pixels = fontPixels(m_size->value(), m_logPixelsY);
+    m_pixels->setText(tr("= %1 pixels on the screen").arg(pixels));
+    QFont face = m_shown;
+    face.setPixelSize(std::max(1, pixels));
+    for (SpacingFrame* frame : {m_space, m_line, m_letter})
+        frame->setFace(face);
+}
+
 void FontWindow::connectParts()
 {
+    connect(m_page, &CharPage::runMarked, this, &FontWindow::markRun);
+    // At boot the blank is as wide as the two say together.
+    connect(m_letter->number(), &QDoubleSpinBox::valueChanged, this,
+            [this] { m_space->setExtra(m_letter->value()); });
+    connect(m_size, &QDoubleSpinBox::valueChanged, this, &FontWindow::showPixels);
     connect(m_list, &QComboBox::currentIndexChanged, this, &FontWindow::chooseFont);
     connect(m_size, &QDoubleSpinBox::valueChanged, m_views, &FontViews::setSize);
     connect(m_size, &QDoubleSpinBox::valueChanged, this, &FontWindow::showSet);
@@ -197,7 +260,10 @@ bool FontWindow::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            apply();
+            if (watched == m_typed)
+                takeTyped(true);
+            else
+                apply();
             return true;
         }
     }
@@ -229,6 +295,8 @@ void FontWindow::loadFace(const FontFile& font)
     QFont shown;
     setFace(shown, {m_family, {}, extraStyle(font, m_family)}, font.bold(), font.italic());
     m_views->setFace(shown);
+    m_shown = shown;
+    showPixels();
     shown.setPixelSize(cellPixels);
     // The file itself, if it is found: a family may have other files of the same name.
     const QString path = pathOf(m_installed, font);

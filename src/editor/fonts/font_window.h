@@ -14,6 +14,7 @@
 
 #include <QCheckBox>
 #include <QDialog>
+#include <QLineEdit>
 
 namespace fennel {
 
@@ -44,6 +45,10 @@ private:
     void setRanges(const Result<CharSelected>& set);
     void loadFromMember(const QString& member);
     void press(int code);
+    void markRun(int first, int last, bool chosen);
+    QLayout* makeTyping();
+    void takeTyped(bool add);
+    void showPixels();
     void showSet();
     [[nodiscard]] CharSelected tooWide(const CharSelected& wanted) const;
     void apply();
@@ -56,6 +61,7 @@ private:
     const std::vector<FontFile> m_fonts;
     CharSelected m_there; // characters of the chosen font
     QRawFont m_face;      // its file
+    QFont m_shown;        // by which the system shows it
     QString m_family;     // that shows the font; empty: the system has none
 
     FontViews* m_views;     // Frame6
@@ -68,6 +74,8 @@ private:
     SpacingFrame* m_line;   // Frame2
     SpacingFrame* m_letter; // Frame4
     CharPage* m_page;
+    QLabel* m_pixels;   // how high the letters are on the boot screen
+    QLineEdit* m_typed; // characters to be added or taken away
     QLabel* m_count;
     QPlainTextEdit* m_ranges; // LabelFNTSet
 };

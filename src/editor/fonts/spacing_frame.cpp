@@ -3,12 +3,15 @@
 
 #include <QHBoxLayout>
 
+#include <algorithm>
+
 namespace fennel {
 
 namespace {
 // What the font format can hold as an advance.
 constexpr NumberRange spacings{-127, 127, 0};
-constexpr int samplePixels = 15; // height of the sample's letters
+constexpr int samplePixels = 15;  // height of the sample's letters, before a font is chosen
+constexpr int largestSample = 32; // what the frame has room for
 } // namespace
 
 SpacingFrame::SpacingFrame(const QString& name, const QString& title, const QString& number,
@@ -39,15 +42,36 @@ void SpacingFrame::addWord(const Word& word)
     QFont font = label->font();
     font.setPixelSize(samplePixels);
     label->setFont(font);
-    label->adjustSize();
+    m_words.push_back({label, {}, word.step, word.newLine});
+    placeWords();
+}
+
+void SpacingFrame::placeWords()
+{
     QPoint base(0, samplePixels / 2);
-    if (!m_words.empty()) {
-        const QRect before = m_words.back().label->geometry();
-        base = word.newLine ? QPoint(0, before.bottom() + 1)
-                            : QPoint(before.right() + 1, before.top());
+    for (Placed& word : m_words) {
+        word.label->adjustSize();
+        if (word.newLine)
+            base = QPoint(0, base.y() + word.label->height());
+        word.base = base;
+        base.rx() += word.label->width();
     }
-    label->move(base);
-    m_words.push_back({label, base, word.step});
+    moveWords();
+}
+
+void SpacingFrame::setExtra(int pixels)
+{
+    m_extra = pixels;
+    moveWords();
+}
+
+void SpacingFrame::setFace(const QFont& face)
+{
+    QFont shown(face);
+    shown.setPixelSize(std::clamp(face.pixelSize(), 1, largestSample));
+    for (const Placed& word : m_words)
+        word.label->setFont(shown);
+    placeWords();
 }
 
 void SpacingFrame::moveWords()
@@ -55,7 +79,7 @@ void SpacingFrame::moveWords()
     for (const Placed& word : m_words)
         // From the base and not from the present place, so that roundings do not add up. One pixel
         // here is one of the boot screen.
-        word.label->move(word.base + word.step * value());
+        word.label->move(word.base + word.step * (value() + m_extra));
 }
 
 void SpacingFrame::setValue(int value)

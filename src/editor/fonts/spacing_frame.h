@@ -30,19 +30,26 @@ public:
     // Pixels of the boot screen, -127 to 127; others count as the nearest of these.
     void setValue(int value);
     [[nodiscard]] qint16 value() const;
+    // The words stand in the font that is made, in its size on the boot screen.
+    void setFace(const QFont& face);
+    // Pixels that another spacing adds to this one.
+    void setExtra(int pixels);
     [[nodiscard]] const NumberSpin* number() const { return m_number; }
 
 private:
     void addWord(const Word& word);
+    void placeWords();
     void moveWords();
 
     struct Placed {
         QLabel* label;
         QPoint base; // where it stands for the value 0
         QPoint step;
+        bool newLine;
     };
     NumberSpin* m_number;
     QWidget* m_sample;
+    int m_extra = 0;
     std::vector<Placed> m_words;
 };
 

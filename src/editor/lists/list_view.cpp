@@ -166,11 +166,17 @@ void ListView::reorderItems()
     m_icons->doItemsLayout();
 }
 
-QRect ListView::rowRect(int row) const
+QRect ListView::cellRect(int row, int column) const
 {
-    const QRect rect = current()->visualRect(m_model.index(row - 1, 0));
-    const QPoint corner = current()->viewport()->mapTo(this, rect.topLeft());
-    return rect.isEmpty() ? QRect() : QRect(corner, rect.size());
+    const QWidget& port = *current()->viewport();
+    const QModelIndex index = m_model.index(row - 1, current() == m_report ? column : 0);
+    const QRect rect = current()->visualRect(index) & port.rect();
+    return rect.isEmpty() ? QRect() : QRect(port.mapTo(this, rect.topLeft()), rect.size());
+}
+
+void ListView::hideColumn(int column, bool hidden)
+{
+    m_report->setColumnHidden(column, hidden);
 }
 
 bool ListView::eventFilter(QObject* watched, QEvent* event)

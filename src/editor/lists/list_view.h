@@ -32,8 +32,11 @@ public:
     void fitColumns();
     // "Reorder ITEMs": lays large icons out anew.
     void reorderItems();
-    // Where a row stands, in this widget's coordinates; empty if it is scrolled away.
-    [[nodiscard]] QRect rowRect(int row) const;
+    // Where the seen part of a cell stands, in this widget's coordinates; empty if it is scrolled
+    // away. Icons have only one.
+    [[nodiscard]] QRect cellRect(int row, int column) const;
+    // A column that the user does not want takes no room; it keeps its number.
+    void hideColumn(int column, bool hidden);
 
 Q_SIGNALS:
     // By the user only; again for a click on the row that is selected already.

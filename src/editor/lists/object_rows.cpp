@@ -57,8 +57,8 @@ void addMembers(const Shell& shell, const PanelRec& panel, ListRows& list)
     const QString folder = withSeparator(shell.run.Workspace);
     for (const QString& mask : panel.Component.split(u'|', Qt::SkipEmptyParts)) {
         list.rows.push_back(saying(RowKind::Separator, {u"_____"_s, u"_____"_s, u"_____"_s,
-                                                        u"________________________"_s}));
-        list.rows.push_back(saying(RowKind::Heading, {u"FileName"_s, u"Size"_s}));
+                                                        u"_____"_s, u"________________________"_s}));
+        list.rows.push_back(saying(RowKind::Heading, {u"FileName"_s, {}, u"Size"_s}));
         for (const QString& name : numberedFiles(folder, mask)) {
             const bool picture = name.endsWith(u".jpg", Qt::CaseInsensitive);
             list.rows.push_back(memberRow(folder, name, panel.Editable && picture));
@@ -76,13 +76,13 @@ ListRows objectList(const Shell& shell, const Document& document, int object)
         return list;
     shell.WriteLog(u"     %1%2_in_ListView"_s.arg(
         panel->Name, QString::number(panel->TabIndex).rightJustified(3)));
-    list.columns = {u":ID:"_s, u"CFG data"_s, u"LST data"_s, u"Comment"_s};
+    list.columns = {u":ID:"_s, u"Name"_s, u"CFG data"_s, u"LST data"_s, u"Comment"_s};
     list.object = object;
     addParameters(document, object, list);
     addMembers(shell, *panel, list);
     // An empty list would look like a fault.
     if (list.rows.empty())
-        list.rows.push_back(saying(RowKind::Notice, {u"Need to upgrade"_s, u"gfxboot kernel"_s}));
+        list.rows.push_back(saying(RowKind::Notice, {u"Need to upgrade"_s, {}, u"gfxboot kernel"_s}));
     list.selected = 1;
     return list;
 }

@@ -11,7 +11,7 @@
 namespace fennel {
 
 // Cells of a row of an object list.
-enum ObjectColumn { ItemColumn = 0, LevelColumn, LstColumn, CommentColumn };
+enum ObjectColumn { ItemColumn = 0, NameColumn, LevelColumn, LstColumn, CommentColumn };
 // Cells of a row of gfxboot.cfg.
 enum CfgColumn { CfgNameColumn, CfgValueColumn, CfgCommentColumn };
 

@@ -9,7 +9,6 @@ namespace fennel {
 namespace {
 constexpr int margin = 3;
 constexpr int buttonSide = 25;
-constexpr int editorGap = 6; // between the value editor and the lists
 } // namespace
 
 RightPanel::RightPanel(ParamLists& lists, QWidget* parent)
@@ -121,8 +120,20 @@ void RightPanel::rebuild()
 
 void RightPanel::fillList(int tab)
 {
-    if (ListView* list = view(tab))
-        list->setRows(m_lists.list(tab));
+    ListView* list = view(tab);
+    if (list == nullptr)
+        return;
+    list->setRows(m_lists.list(tab));
+    list->hideColumn(NameColumn, tab >= FirstObjectTab && !m_namesShown);
+}
+
+void RightPanel::showNames(bool shown)
+{
+    m_namesShown = shown;
+    for (int tab = FirstObjectTab; tab <= m_lists.tabCount(); ++tab) {
+        if (ListView* list = view(tab))
+            list->hideColumn(NameColumn, !shown);
+    }
 }
 
 void RightPanel::refreshList(int tab)
@@ -152,27 +163,27 @@ void RightPanel::selectTab(int tab)
     m_fromMenu->setVisible(tab >= FirstObjectTab);
 }
 
-// Beside the selected row, in the coordinates of the widget that the editor floats on.
-QPoint RightPanel::editorAnchor(QWidget& host, const ListView& list)
+// The value of the selected row, in the coordinates of the widget that the editor floats on.
+QRect RightPanel::editorCell(QWidget& host, const ListView& list)
 {
     if (m_editor->parentWidget() != &host)
         m_editor->setParent(&host);
-    const QPoint row = list.mapTo(this, list.rowRect(list.selected()).center());
-    const QPoint side = mapTo(host.window(), QPoint(-editorGap, row.y()));
-    return host.mapFrom(host.window(), side);
+    const int column = m_lists.CurrentTab >= FirstObjectTab ? int{LevelColumn} : CfgValueColumn;
+    const QRect cell = list.cellRect(list.selected(), column);
+    return {list.mapTo(&host, cell.topLeft()), cell.size()};
 }
 
 void RightPanel::openEditor(QWidget& host, const QString& caption, const QString& text)
 {
     if (const ListView* list = view(m_lists.CurrentTab))
-        m_editor->open(caption, text, editorAnchor(host, *list));
+        m_editor->open(caption, text, editorCell(host, *list));
 }
 
 void RightPanel::openTextEditor(QWidget& host, const QString& caption, const QString& text,
                                 const QRect& stage)
 {
     if (const ListView* list = view(m_lists.CurrentTab))
-        m_editor->openText(caption, text, editorAnchor(host, *list), stage);
+        m_editor->openText(caption, text, editorCell(host, *list), stage);
 }
 
 } // namespace fennel

@@ -30,6 +30,8 @@ public:
     void selectTab(int tab);
     // Of a tab from 1; null beyond the tabs that rebuild() has made.
     [[nodiscard]] ListView* view(int tab) const;
+    // The column of the parameters' names, in every list that has one.
+    void showNames(bool shown);
 
     // The buttons that work on the selected file row.
     [[nodiscard]] QToolButton& editButton() { return *m_edit; }     // ComEdit
@@ -39,8 +41,8 @@ public:
     [[nodiscard]] QSpinBox& widthSpin() { return *m_widthSpin; }    // UpDown1
     [[nodiscard]] QCheckBox& fromMenu() { return *m_fromMenu; }     // CheckFromMenu
     [[nodiscard]] ValueEditor& editor() { return *m_editor; }
-    // Opens the value editor beside the selected row. `host` is the widget that the editor floats
-    // on.
+    // Opens the value editor over the value of the selected row. `host` is the widget that the
+    // editor floats on.
     void openEditor(QWidget& host, const QString& caption, const QString& text);
     // The same for a text member: the editor grows over `stage`, a part of `host`.
     void openTextEditor(QWidget& host, const QString& caption, const QString& text,
@@ -59,7 +61,7 @@ private:
     void buildButtons();
     QToolButton* fileButton(const char* name, const QString& caption, const QString& toolTip);
     void addView(int number);
-    QPoint editorAnchor(QWidget& host, const ListView& list);
+    QRect editorCell(QWidget& host, const ListView& list);
 
     ParamLists& m_lists;
     TabStrip* m_tabs;
@@ -73,6 +75,7 @@ private:
     QSpinBox* m_widthSpin = nullptr;
     QCheckBox* m_fromMenu = nullptr;
     ValueEditor* m_editor = nullptr;
+    bool m_namesShown = true;
 };
 
 } // namespace fennel

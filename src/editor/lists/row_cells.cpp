@@ -65,9 +65,11 @@ RowLook parameterLook(const Document& document, const ListRows& list, const List
     look.bold = row.onOff;
     look.colour = colourOf(document, list, row);
     const std::optional<QRgb> comment = list.switched ? look.colour : commentCell;
-    // The tip is the name without the two characters in front, such as "s.".
+    // The name without the two characters in front, such as "s.".
+    const QString name = zuk.Name.mid(2);
     look.cells = {
-        cell(item, zuk.Name.mid(2), look.colour, row.onOff),
+        cell(item, name, look.colour, row.onOff),
+        cell(name, zuk.Comment, look.colour, row.onOff),
         cell(value, u"ZUKxxxx.CFG Level value"_s, look.colour, row.onOff),
         cell(menuValueText(zuk.LstValue, row.hex), u"MenuLevel value"_s, look.colour, row.onOff),
         cell(zuk.Comment, u"Russian comment"_s, comment, false)};
@@ -117,6 +119,9 @@ RowLook memberLook(const Document& document, const ListRows& list, const ListRow
     const QString tip = u"Size: %1 byte"_s.arg(size);
     look.cells = {cell(row.name, list.iconView ? tip : QString(), look.colour, false),
                   cell(size, list.object >= 0 ? tip : QString(), look.colour, false)};
+    // The lists of objects have the names of parameters between.
+    if (list.object >= 0)
+        look.cells.insert(look.cells.begin() + NameColumn, RowCell());
     return look;
 }
 

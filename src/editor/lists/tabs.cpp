@@ -79,6 +79,13 @@ void BuildTabs(const Shell& shell, ParamLists& lists)
     lists.CurrentRow = lists.list(lists.CurrentTab)->selected;
 }
 
+int frontTab(const RunState& run, const ParamLists& lists)
+{
+    if (lists.tabCount() >= FirstObjectTab)
+        return FirstObjectTab;
+    return run.GfxHasCfg ? TabConfig : TabGfxboot;
+}
+
 QString tabMenuCaption(const ParamTab& tab)
 {
     return QStringLiteral(" - ") + tab.caption;

@@ -22,6 +22,10 @@ std::vector<ParamTab> fixedTabs();
 // ParamLists::lists may have moved then, and views have to take them anew before they paint.
 void BuildTabs(const Shell& shell, ParamLists& lists);
 
+// The tab to begin with once a gfxboot is open: the first object where there are objects, else
+// gfxboot.cfg, else the members.
+int frontTab(const RunState& run, const ParamLists& lists);
+
 // The entry of a tab in the menu mnuEdit_ZUK_arr.
 QString tabMenuCaption(const ParamTab& tab);
 

@@ -89,17 +89,20 @@ void ValueEditor::setTextMode(bool on)
     m_textButtons->setVisible(on);
 }
 
-void ValueEditor::place(QPoint anchor)
+void ValueEditor::place(const QRect& cell)
 {
-    const int height = minimumSizeHint().height();
-    const int room = std::max(0, parentWidget()->height() - height);
-    setGeometry(std::max(0, anchor.x() - editorWidth), std::clamp(anchor.y() - height / 2, 0, room),
-                editorWidth, height);
+    resize(minimumSizeHint().expandedTo({editorWidth, 0}));
     show();
+    layout()->activate();
+    const QRect box = m_text->geometry();
+    const QPoint wanted(cell.left() - box.left(), cell.center().y() - box.center().y());
+    const QSize room = parentWidget()->size() - size();
+    move(std::clamp(wanted.x(), 0, std::max(0, room.width())),
+         std::clamp(wanted.y(), 0, std::max(0, room.height())));
     raise();
 }
 
-void ValueEditor::open(const QString& caption, const QString& text, QPoint anchor)
+void ValueEditor::open(const QString& caption, const QString& text, const QRect& cell)
 {
     setTextMode(false);
     delete m_growth;
@@ -111,12 +114,12 @@ void ValueEditor::open(const QString& caption, const QString& text, QPoint ancho
     m_colour->setEnabled(isColour);
     m_pipette->setEnabled(isColour);
     m_pipette->show();
-    place(anchor);
+    place(cell);
     m_text->selectAll();
     m_text->setFocus();
 }
 
-void ValueEditor::openText(const QString& caption, const QString& text, QPoint anchor,
+void ValueEditor::openText(const QString& caption, const QString& text, const QRect& cell,
                            const QRect& area)
 {
     setTextMode(false);
@@ -125,7 +128,7 @@ void ValueEditor::openText(const QString& caption, const QString& text, QPoint a
     m_growth = nullptr;
     m_colour->setEnabled(false);
     m_pipette->hide();
-    place(anchor);
+    place(cell);
     setTextMode(true);
     if (text.size() <= longestGrowing)
         grow(roomFor(area));

@@ -22,13 +22,14 @@ public:
 
     explicit ValueEditor(QWidget* parent);
 
-    // Shows the text fully selected, with the colour tools if it is hexadecimal. `anchor` is the
-    // point, in the parent's coordinates, that the right edge and the middle of the height go to.
-    void open(const QString& caption, const QString& text, QPoint anchor);
+    // Shows the text fully selected, with the colour tools if it is hexadecimal. The box that is
+    // typed into lies over `cell` (the parent's coordinates), as far as the parent leaves room.
+    void open(const QString& caption, const QString& text, const QRect& cell);
     // Shows a text member in TextEditMode: from where open() has put it the frame grows to the left
     // and upwards until it fills `area` (the parent's coordinates). Keys edit the text, and the
     // loss of the focus closes nothing.
-    void openText(const QString& caption, const QString& text, QPoint anchor, const QRect& area);
+    void openText(const QString& caption, const QString& text, const QRect& cell,
+                  const QRect& area);
     // The stage is now there: an open text follows it at once. An area too small for the buttons is
     // overlapped.
     void moveText(const QRect& area);
@@ -55,7 +56,7 @@ protected:
 private:
     void buildTextButtons();
     void setTextMode(bool on);
-    void place(QPoint anchor);
+    void place(const QRect& cell);
     [[nodiscard]] QRect roomFor(const QRect& area) const;
     void grow(const QRect& area);
 

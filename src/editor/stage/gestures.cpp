@@ -59,6 +59,7 @@ void StageGestures::press(const StageMouse& mouse)
         setTarget(mouse.at);
         m_before = {};
         m_dragging = m_moved = false;
+        m_snap.reset();
     }
     switch (m_target) {
     case Target::Panel:
@@ -191,39 +192,16 @@ void StageGestures::panelMoved(const StageMouse& mouse, int index)
     else
         m_cursor = index == m_stage.SelectedPanel ? StageCursor::Selected : StageCursor::Other;
     if (m_dragging && (mouse.buttons & Qt::LeftButton) && !picking()) {
-        movePanelTo(index, mouse.at - m_grab);
+        m_snap.reset();
+        const bool free = !m_snapping || (mouse.modifiers & Qt::AltModifier);
+        movePanelTo(index, free ? mouse.at - m_grab : snapped(index, mouse.at - m_grab));
         m_moved = true;
         storePlace(index);
+        showGuides(index);
     }
     showPanelStatus(index);
     if (mouse.buttons & Qt::LeftButton)
         m_stage.tellFixed(index);
-}
-
-// The menu and its bar move together.
-void StageGestures::movePanelTo(int index, QPoint wanted)
-{
-    const int generation = m_stage.run().gfxboot_var;
-    const QSize picture = m_stage.pictureSize();
-    QRect rect = m_stage.panel(index).rect;
-    const int menuHeight = m_stage.panel(MenuPanelRow).rect.height();
-    const Document& document = m_stage.document();
-    const qint64 barWidth =
-        numberFromText(document.CfgValue(cfgDialectOf(document.state().cfg).barWidth));
-    rect.moveTopLeft(
-        limitedPlace(wanted, dragLimits(index, m_stage.record(index), rect, menuHeight, picture,
-                                        generation, m_stage.scale(), barWidth)));
-    if (isMenuRow(index)) {
-        // As it boots the width is the engine's.
-        if (!m_stage.asItBoots() || levels())
-            rect.setWidth(menuWidth(rect.x(), rect.width(), picture.width(), generation));
-        const int other = MenuBarRow - index;
-        if (m_stage.isRow(other)) {
-            const int height = m_stage.panel(other).rect.height();
-            m_stage.setPanelRect(other, {rect.x(), rect.y(), rect.width(), height});
-        }
-    }
-    m_stage.setPanelRect(index, rect);
 }
 
 const StageGestures::Before* StageGestures::before(int index) const
@@ -283,55 +261,6 @@ void StageGestures::store(const std::map<int, PanelRec>& records, bool entries,
     (void)m_stage.document().apply(change, info);
 }
 
-void StageGestures::storePlace(int index)
-{
-    std::map<int, PanelRec> records;
-    for (const int row : {index, isMenuRow(index) ? MenuBarRow - index : -1}) {
-        if (!m_stage.isRow(row))
-            continue;
-        PanelRec rec = m_stage.record(row);
-        const QRect& rect = m_stage.panel(row).rect;
-        const RunState& run = m_stage.run();
-        const auto* start = before(row);
-        const PanelRec old = start != nullptr ? start->record : rec;
-        // At most the last pixel of the background: an object must stay reachable.
-        rec.Left = lengthFor(rect.x(), rec.Left, old.Left, run.BackWidth - 1);
-        rec.Top = lengthFor(rect.y(), rec.Top, old.Top, run.BackHeight - 1);
-        if (isMenuRow(row) && (!m_stage.asItBoots() || levels()))
-            rec.Width = lengthFor(rect.width(), rec.Width, old.Width, run.BackWidth);
-        records[row] = rec;
-    }
-    store(records, false, stepFor(u"move of %1"_s, index));
-}
-
-// While it moves, an object larger than the picture may stand above or left of it, where no move is
-// stored. One that a typed value put there stays.
-void StageGestures::keepInside(int index)
-{
-    for (const int row : {index, isMenuRow(index) ? MenuBarRow - index : -1}) {
-        if (!m_stage.isRow(row))
-            continue;
-        const PanelRec& rec = m_stage.record(row);
-        QRect rect = m_stage.panel(row).rect;
-        rect.moveTopLeft({rec.Left < 0 ? rect.x() : std::max(0, rect.x()),
-                          rec.Top < 0 ? rect.y() : std::max(0, rect.y())});
-        m_stage.setPanelRect(row, rect);
-    }
-}
-
-// The end of a move: record, picture and rows say the same.
-void StageGestures::settle(int index)
-{
-    if (locked()) {
-        m_stage.redraw(index);
-        return;
-    }
-    storePlace(index);
-    keepInside(index);
-    if (index == m_stage.SelectedPanel)
-        m_stage.redraw(index);
-}
-
 void StageGestures::panelReleased(const StageMouse& mouse)
 {
     if (picking())
@@ -339,9 +268,7 @@ void StageGestures::panelReleased(const StageMouse& mouse)
     m_dragging = false;
     const int index = m_panel;
     const bool roll = m_stage.record(index).Roll;
-    // Rows 0 to 2 have a menu of their own, where there is a cfg file that it can change.
-    const bool menu =
-        mouse.button == Qt::RightButton && index <= ButtonsPanelRow && m_stage.run().GfxHasCfg;
+    const bool menu = mouse.button == Qt::RightButton;
     if (mouse.button == Qt::MiddleButton && roll) {
         m_stage.data().shell.prompts.ShowMessage(rollText);
         stepLogo(mouse.modifiers & Qt::ShiftModifier);
@@ -356,8 +283,13 @@ void StageGestures::panelReleased(const StageMouse& mouse)
     m_stage.ShowMarker(m_stage.SelectedPanel, 0);
     endStep();
     // Last, since a menu runs until it is answered.
-    if (menu)
+    if (!menu)
+        return;
+    // Rows 0 to 2 have a menu of their own, where there is a cfg file that it can change.
+    if (!levels() && index <= ButtonsPanelRow && m_stage.run().GfxHasCfg)
         m_stage.host().panelMenu(index, mouse.at);
+    else
+        m_stage.host().objectMenu(index, mouse.at);
 }
 
 void StageGestures::doubleClick(const StageMouse& mouse)
@@ -404,7 +336,10 @@ void StageGestures::backgroundMoved(const StageMouse& mouse)
         host.refreshStatus();
     if (m_target == Target::Background && (mouse.buttons & Qt::LeftButton) && !m_dragging) {
         m_selTo = mouse.at;
-        m_stage.setOverlay({{}, boxOf(m_selFrom, m_selTo)});
+        const QRect box = boxOf(m_selFrom, m_selTo);
+        const StageScale scale = m_stage.scale();
+        m_stage.setOverlay(
+            {{}, box, u"%1 x %2"_s.arg(scale.boot(box.width())).arg(scale.boot(box.height())), {}});
     }
 }
 
@@ -448,6 +383,8 @@ void StageGestures::nudge(int index, QPoint by)
     if (index == m_stage.SelectedPanel)
         m_stage.redraw(index);
     m_stage.ShowMarker(index, 0);
+    if (m_stage.placeWanted)
+        m_stage.placeWanted(m_stage.panel(index).rect);
     showPanelStatus(index);
 }
 

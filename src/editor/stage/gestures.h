@@ -5,6 +5,7 @@
 #pragma once
 
 #include "editor/stage/stage.h"
+#include "screen/snapping.h"
 
 #include <QPoint>
 #include <QString>
@@ -59,6 +60,15 @@ public:
     [[nodiscard]] bool Dragging() const { return m_dragging; }
     // A button is down, or was when the gesture ended.
     [[nodiscard]] bool held() const { return m_target != Target::None; }
+    // A dragged object is drawn to lines of the others and of the screen, unless Alt is down. Off
+    // at first.
+    void setSnapping(bool on) { m_snapping = on; }
+    // An object follows the mouse, or its size does.
+    [[nodiscard]] bool drags(Qt::MouseButtons buttons) const
+    {
+        return (buttons & Qt::LeftButton) &&
+               (m_target == Target::Marker || (m_target == Target::Panel && m_dragging));
+    }
     // The document is changing by this very gesture, and the stage shows it already.
     [[nodiscard]] bool writing() const { return m_writing; }
     [[nodiscard]] StageCursor cursor() const { return m_cursor; }
@@ -88,6 +98,9 @@ private:
     void panelReleased(const StageMouse& mouse);
     void stepLogo(bool backwards);
     void movePanelTo(int index, QPoint wanted);
+    [[nodiscard]] QPoint snapped(int index, QPoint wanted);
+    void showGuides(int index);
+    void keepSnapped(int row, PanelRec& rec) const;
     [[nodiscard]] const Before* before(int index) const;
     [[nodiscard]] qint16 lengthFor(int shown, qint16 now, qint16 old, int high) const;
     [[nodiscard]] StepInfo stepFor(const QString& what, int index) const;
@@ -123,6 +136,8 @@ private:
     int m_told = -1; // the object that the status line tells of
     StageCursor m_cursor = StageCursor::Background;
     std::array<Before, 2> m_before;
+    bool m_snapping = false;
+    std::optional<Snapped> m_snap; // of the latest move
 };
 
 } // namespace fennel

@@ -64,6 +64,11 @@ std::optional<FillResult> fillForStage(const Stage& stage, const FillRoom& room)
     return fillScale(room, run.BackWidth, run.BackHeight);
 }
 
+void zoomTo(Stage& stage, double scale)
+{
+    setScale(stage, scale);
+}
+
 void applyFill(Stage& stage, const FillResult& fill)
 {
     setScale(stage, fill.scale);

@@ -19,6 +19,8 @@ void mnuView_custom(Stage& stage, QSize screen);
 // nothing if the gfxboot has no back.jpg.
 std::optional<FillResult> fillForStage(const Stage& stage, const FillRoom& room);
 // The second half of "Fill the screen", after the window has moved.
+// The picture at a scale that is accepted already.
+void zoomTo(Stage& stage, double scale);
 void applyFill(Stage& stage, const FillResult& fill);
 
 } // namespace fennel

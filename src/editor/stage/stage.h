@@ -14,7 +14,9 @@
 #include "screen/geometry.h"
 
 #include <QDateTime>
+#include <QFont>
 #include <QImage>
+#include <QLine>
 #include <QRegion>
 #include <QStringList>
 
@@ -51,6 +53,8 @@ struct StagePanel {
 struct StageOverlay {
     std::optional<QRect> resizeBand; // outline while the marker is pulled
     std::optional<QRect> freeBand;   // the measuring rubber band
+    QString measure = {};            // beside it
+    std::vector<QLine> guides = {};  // what a dragged object stands in line with
 };
 
 // Every index is a row of PanelArr; one that has no row is passed over. A procedure that changes
@@ -63,7 +67,9 @@ public:
     std::function<void(const QRect&)> repaint; // shown pixels
     std::function<void()> pictureChanged;      // Picture1 has another size or background
     std::function<void()> markerChanged;       // the marker came or went: the pulse starts or ends
-    std::function<void()> tryEnded;            // a key ended the trying of the menu
+    // An object that lists or keys chose or moved, to be scrolled into view; shown pixels.
+    std::function<void(const QRect&)> placeWanted;
+    std::function<void()> tryEnded; // a key ended the trying of the menu
 
     int SelectedPanel = -1; // the object that marker and controls work on, -1 none
     int ColourPanel = -1;   // the object whose colour is edited, -1 none
@@ -190,6 +196,9 @@ private:
     [[nodiscard]] bool isFrozen(int index) const;
     void changed(const QRect& area) const;
     void changedOutline(const std::optional<QRect>& band) const;
+    void changedOverlay() const;
+    [[nodiscard]] QFont measureFont() const;
+    [[nodiscard]] QRect measureRect() const;
     void loadLogo();
     void place(int index);
     QRect reach(int index) const; // what is repainted for it

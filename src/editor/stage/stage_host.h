@@ -30,9 +30,10 @@ public:
 
     // Panels 4, 5 and 6 of the status line are the stage's.
     virtual void setStatus(int panel, const QString& text) = 0;
-    virtual void refreshStatus() = 0;                 // the status line's own update
-    virtual void panelMenu(int index, QPoint at) = 0; // mnupopup; index 0 to 2
-    virtual void backgroundMenu(QPoint at) = 0;       // mnu_Context_picture1
+    virtual void refreshStatus() = 0;                  // the status line's own update
+    virtual void panelMenu(int index, QPoint at) = 0;  // mnupopup; index 0 to 2
+    virtual void objectMenu(int index, QPoint at) = 0; // mnu_Context_object
+    virtual void backgroundMenu(QPoint at) = 0;        // mnu_Context_picture1
     virtual void setOnOffCaption(int item, const QString& caption) = 0; // mnupopup_OnOff
 
     // Before a new background: the window gets its least width, an open value editor is committed.

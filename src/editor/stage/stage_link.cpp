@@ -131,6 +131,12 @@ void StageLink::panelMenu(int index, QPoint at)
     popUp(QStringLiteral("mnupopup_%1").arg(index), at);
 }
 
+void StageLink::objectMenu(int index, QPoint at)
+{
+    if (fillObjectMenu(m_window, index))
+        popUp(QStringLiteral("mnu_Context_object"), at);
+}
+
 void StageLink::backgroundMenu(QPoint at)
 {
     popUp(QStringLiteral("mnu_Context_picture1"), at);

@@ -33,6 +33,7 @@ public:
     void setStatus(int panel, const QString& text) override;
     void refreshStatus() override;
     void panelMenu(int index, QPoint at) override;
+    void objectMenu(int index, QPoint at) override;
     void backgroundMenu(QPoint at) override;
     void setOnOffCaption(int item, const QString& caption) override;
     void prepareBackground() override;

@@ -155,6 +155,17 @@ void Stage::paintOverlay(QPainter& painter) const
     };
     outline(m_overlay.resizeBand);
     outline(m_overlay.freeBand);
+    constexpr QRgb guideColour = 0xffff30c0; // no part of a boot screen is likely to have it
+    for (const QLine& guide : m_overlay.guides) {
+        const QRect line = QRect(guide.p1(), guide.p2()).normalized();
+        painter.fillRect(line, QColor(guideColour));
+    }
+    if (const QRect place = measureRect(); !place.isEmpty()) {
+        painter.fillRect(place, Qt::black);
+        painter.setFont(measureFont());
+        painter.setPen(Qt::white);
+        painter.drawText(place, Qt::AlignCenter, m_overlay.measure);
+    }
 }
 
 } // namespace fennel

@@ -3,6 +3,8 @@
 #include "editor/stage/pulse.h"
 #include "editor/stage/stage.h"
 
+#include <QFontMetrics>
+
 #include <algorithm>
 #include <cmath>
 
@@ -48,6 +50,8 @@ void Stage::ActivatePanel(int index)
     host().focusStage();
     redraw(index);
     ShowMarker(index, 0);
+    if (placeWanted)
+        placeWanted(panel(index).rect);
 }
 
 void Stage::SelectNextPanel(bool backwards)
@@ -132,11 +136,46 @@ void Stage::changedOutline(const std::optional<QRect>& band) const
 // Old and new outline, as the band is inverted and leaves no trace only if both are repainted.
 void Stage::setOverlay(const StageOverlay& overlay)
 {
-    changedOutline(m_overlay.resizeBand);
-    changedOutline(m_overlay.freeBand);
+    changedOverlay();
     m_overlay = overlay;
+    changedOverlay();
+}
+
+void Stage::changedOverlay() const
+{
     changedOutline(m_overlay.resizeBand);
     changedOutline(m_overlay.freeBand);
+    changed(measureRect());
+    constexpr int tick = 4; // at the ends of a gap
+    for (const QLine& guide : m_overlay.guides)
+        changed(QRect(guide.p1(), guide.p2()).normalized().adjusted(-tick, -tick, tick, tick));
+}
+
+// In proportion to the picture, as one of its pixels may be smaller than one of the screen's.
+QFont Stage::measureFont() const
+{
+    constexpr int lines = 40;
+    constexpr int smallest = 13;
+    QFont font;
+    font.setPixelSize(std::max(smallest, pictureSize().height() / lines));
+    return font;
+}
+
+// Under the box, or within the picture where there is no room.
+QRect Stage::measureRect() const
+{
+    if (m_overlay.measure.isEmpty() || !m_overlay.freeBand)
+        return {};
+    constexpr QSize margin(10, 4);
+    constexpr int gap = 4;
+    const QFontMetrics metrics(measureFont());
+    const QSize size(metrics.horizontalAdvance(m_overlay.measure) + margin.width(),
+                     metrics.height() + margin.height());
+    const QSize room = pictureSize() - size;
+    const QPoint at = m_overlay.freeBand->bottomRight() + QPoint(gap, gap);
+    return {QPoint(std::clamp(at.x(), 0, std::max(0, room.width())),
+                   std::clamp(at.y(), 0, std::max(0, room.height()))),
+            size};
 }
 
 } // namespace fennel

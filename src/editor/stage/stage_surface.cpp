@@ -34,6 +34,11 @@ StageSurface::StageSurface(Stage& stage, QWidget* parent)
     m_stage.repaint = [this](const QRect& part) { repaintPart(part); };
     m_stage.pictureChanged = [this] { fitToPicture(); };
     m_stage.markerChanged = [this] { updatePulse(); };
+    m_stage.placeWanted = [this](const QRect& place) {
+        Q_EMIT placeWanted(
+            QRectF(QPointF(place.topLeft()) / m_ratio, QSizeF(place.size()) / m_ratio)
+                .toAlignedRect());
+    };
     m_pulseTime.start();
     fitToPicture();
 }
@@ -43,6 +48,7 @@ StageSurface::~StageSurface()
     m_stage.repaint = nullptr;
     m_stage.pictureChanged = nullptr;
     m_stage.markerChanged = nullptr;
+    m_stage.placeWanted = nullptr;
     // The native window goes while only the QWidget of this is left; it must not be told then.
     if (m_window != nullptr) {
         m_window->removeEventFilter(this);

@@ -38,6 +38,12 @@ public:
     void updatePulse();
     // False: the pulse rests, whatever else holds.
     void setTickGate(bool open);
+    // After a pointer that was lent for something else.
+    void showCursor();
+
+Q_SIGNALS:
+    // Logical pixels of this widget.
+    void placeWanted(const QRect& place);
 
 protected:
     bool event(QEvent* event) override;
@@ -57,7 +63,6 @@ private:
     [[nodiscard]] QPointF pixelShift() const;
     void repaintPart(const QRect& part);
     void fitToPicture();
-    void showCursor();
     void watchWindow();
 
     Stage& m_stage;

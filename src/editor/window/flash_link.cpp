@@ -143,6 +143,12 @@ void FlashLink::chooseEmbeddedMenu()
     takeEmbeddedMenu(m_window);
 }
 
+QString FlashLink::flashImagePath() const
+{
+    const ImageDrive* image = m_drives.flashImage();
+    return image == nullptr ? QString() : image->path;
+}
+
 bool FlashLink::askFlashDisk()
 {
     return m_drives.askFlashDisk();

@@ -42,6 +42,7 @@ public:
     void clearMenuFile() override;
     void refillMenuList() override;
     void chooseEmbeddedMenu() override;
+    [[nodiscard]] QString flashImagePath() const override;
     void bringToFront(qint64 pid) override;
     [[nodiscard]] bool askFlashDisk() override;
     void whenIdle(const std::function<void()>& action) override;

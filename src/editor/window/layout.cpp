@@ -45,19 +45,21 @@ LayoutResult layoutWindow(const LayoutInput& in)
     LayoutResult out{};
     out.leastRightPanel = in.leastRightPanel;
     out.leastBottomPanel = in.leastBottomPanel;
+    const QSize most =
+        in.given ? in.given->expandedTo({in.MinWindowWidth, smallestPort}) : in.available;
     out.largestRightPanel =
-        largestPanel(in.available.width() - gutterWidth, in.picture.width(), in.leastRightPanel);
-    out.largestBottomPanel = largestPanel(in.available.height() - splitterWidth,
-                                          in.picture.height(), in.leastBottomPanel);
+        largestPanel(most.width() - gutterWidth, in.picture.width(), in.leastRightPanel);
+    out.largestBottomPanel =
+        largestPanel(most.height() - splitterWidth, in.picture.height(), in.leastBottomPanel);
     // The wish is cut, so that the picture keeps its share of the desktop.
     out.RightPanelWidth = std::clamp(in.RightPanelWidth, in.leastRightPanel, out.largestRightPanel);
     out.BottomPanelHeight =
         std::clamp(in.BottomPanelHeight, in.leastBottomPanel, out.largestBottomPanel);
     const int bottom = in.bottomVisible ? out.BottomPanelHeight : 0;
     const int right = in.rightVisible ? out.RightPanelWidth : 0;
-    const QSize room(in.available.width() - right - gutterWidth,
-                     in.available.height() - bottom - splitterWidth);
-    const QSize port = portSize(in.picture, room);
+    const QSize room(most.width() - right - gutterWidth, most.height() - bottom - splitterWidth);
+    const QSize port =
+        in.given ? room.expandedTo({smallestPort, smallestPort}) : portSize(in.picture, room);
 
     // The toolbar must stay whole. The window follows the picture and not the other way round.
     const int width = std::max(in.MinWindowWidth, port.width() + right + gutterWidth);

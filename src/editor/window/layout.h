@@ -7,6 +7,8 @@
 #include <QRect>
 #include <QSize>
 
+#include <optional>
+
 namespace fennel {
 
 inline constexpr int splitterWidth = 4;
@@ -20,6 +22,9 @@ inline constexpr int smallestPort = 120;
 struct LayoutInput {
     QSize picture;   // Picture1
     QSize available; // the most that the desktop leaves for this area
+    // What the user has pulled the window to: stage and lists then share that room, whatever the
+    // picture's size. None: the window follows the picture.
+    std::optional<QSize> given;
     int RightPanelWidth = 200;
     int BottomPanelHeight = 150;
     int MinWindowWidth = 0;

@@ -61,6 +61,7 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     addToolCommands(*this);
     addPictureCommands(*this);
     addComponentCommands(*this);
+    addObjectCommands(*this);
     addArchiveCommands(*this);
     addFlashCommands(*this);
     addHelpCommands(*this);
@@ -82,6 +83,7 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     UpdateInterface();
     showLeftWork(*this);
     showWelcome();
+    takeStoredPlace();
 }
 
 MainWindow::~MainWindow() = default;
@@ -119,7 +121,8 @@ void MainWindow::UpdateInterface()
     progress.show();
     m_statusBar->progressBar().setGeometry(
         ProgressBar_reset(m_workbench.shell, m_statusBar->rect(), m_statusBar->fieldPlace(2)));
-    selectTab(*this, TabConfig);
+    if (!run.GfxOpened)
+        selectTab(*this, TabConfig);
     // An object that went with its tab can no longer be worked on.
     Stage& stage = m_stageLink->stage();
     if (stage.isRow(stage.SelectedPanel) && !stage.panel(stage.SelectedPanel).visible)
@@ -151,6 +154,8 @@ void MainWindow::Form_Activate()
 void MainWindow::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange && !m_laid.isEmpty())
+        windowFilled();
     if (event->type() == QEvent::ActivationChange && isActiveWindow())
         m_waiting->whenIdle([this] { Form_Activate(); });
 }
@@ -159,6 +164,7 @@ void MainWindow::changeEvent(QEvent* event)
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     (void)commitText(*this);
+    storePlace();
     QMainWindow::closeEvent(event);
 }
 

@@ -9,11 +9,12 @@
 #include "editor/window/workbench.h"
 #include "screen/scale_rules.h"
 
+#include <QElapsedTimer>
+#include <QList>
 #include <QMainWindow>
 
 #include <memory>
 
-class QScrollArea;
 class QToolButton;
 
 namespace fennel {
@@ -29,6 +30,7 @@ class RightPanel;
 class FlashLink;
 class SplitterBar;
 class StageLink;
+class StagePort;
 class StageSurface;
 class StatusBar;
 class ThumbnailStrip;
@@ -58,6 +60,7 @@ public:
     [[nodiscard]] BootLink& bootLink() { return *m_bootLink; }
     [[nodiscard]] ProblemLink& problemLink() { return *m_problemLink; }
     [[nodiscard]] StageSurface& surface() { return *m_picture; }
+    [[nodiscard]] StagePort& port() { return *m_port; }
     [[nodiscard]] ColourTools& colourTools() { return *m_tools; }
     [[nodiscard]] ColourLink& colourLink() { return *m_colourLink; }
     // Shows the runs of tools, and holds the window meanwhile.
@@ -83,6 +86,11 @@ public:
 
     // Sizes the window from the preview and places the panels that are visible.
     void LayoutWindow();
+    // The window is as large as the user made it, or as the desktop is, and not as the picture
+    // asks.
+    [[nodiscard]] bool sizeHeld() const { return m_free || isMaximized() || isFullScreen(); }
+    // From now on the window keeps the size that it has, or follows the picture again.
+    void holdSize(bool held);
     void showRightPanel(bool shown);
     void showBottomPanel(bool shown);
     void toolbarCommand(int id);
@@ -100,6 +108,7 @@ Q_SIGNALS:
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     class Opening;
@@ -114,6 +123,12 @@ private:
     void placeSplitters(const LayoutResult& layout);
     void showWelcome();
     void keepOnScreen();
+    void takeStoredPlace();
+    void storePlace();
+    void windowPulled();
+    void windowFilled();
+    [[nodiscard]] int barsHeight() const;
+    void askSize(QSize size);
     void setPanelWidth(int width);
     void setPanelHeight(int height);
     void Form_Activate();
@@ -131,7 +146,7 @@ private:
     std::unique_ptr<Menus> m_menus;
     Toolbar* m_toolbar;
     QWidget* m_area;          // everything between toolbar and status bar
-    QScrollArea* m_port;      // holds Picture1
+    StagePort* m_port;        // holds Picture1
     StageSurface* m_picture;  // Picture1
     RightPanel* m_rightPanel; // Frame1Vkladki
     ThumbnailStrip* m_bottomPanel;
@@ -146,6 +161,14 @@ private:
     std::unique_ptr<WindowProgress> m_waiting;
     int m_dragStart = 0;
     bool m_laying = false;
+    bool m_free = false;   // the user made the window larger or smaller
+    bool m_filled = false; // it was laid out maximised
+    QSize m_laid;          // the size that the areas were laid out for
+    QSize m_baseSize;      // from these two the room is shared that the user adds
+    int m_basePanel = 0;
+    QList<QSize> m_asked; // of the window system, and perhaps not answered yet
+    QElapsedTimer m_askedAt;
+    QElapsedTimer m_pulledAt; // when it became free
 };
 
 } // namespace fennel

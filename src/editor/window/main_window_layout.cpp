@@ -8,6 +8,7 @@
 #include "editor/lists/right_panel.h"
 #include "editor/lists/tabs.h"
 #include "editor/stage/stage_link.h"
+#include "editor/stage/stage_port.h"
 #include "editor/stage/stage_surface.h"
 #include "editor/window/main_window.h"
 #include "editor/window/menus.h"
@@ -22,7 +23,6 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScreen>
-#include <QScrollArea>
 #include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -94,10 +94,8 @@ void MainWindow::buildAreas()
     column->addWidget(m_statusBar);
     setCentralWidget(central);
 
-    m_port = new QScrollArea(m_area);
-    m_port->setFrameStyle(QFrame::NoFrame);
     m_picture = m_stageLink->makeSurface(nullptr);
-    m_port->setWidget(m_picture);
+    m_port = new StagePort(*m_picture, m_area);
     m_rightPanel = new RightPanel(m_workbench.params, m_area);
     m_bottomPanel = new ThumbnailStrip(shell(), m_area);
     m_tools = new ColourTools(m_area);
@@ -158,12 +156,19 @@ void MainWindow::setPanelWidth(int width)
 {
     m_workbench.shell.run.RightPanelWidth = width;
     LayoutWindow();
+    m_baseSize = size();
+    m_basePanel = m_workbench.shell.run.RightPanelWidth;
 }
 
 void MainWindow::setPanelHeight(int height)
 {
     m_workbench.shell.run.BottomPanelHeight = height;
     LayoutWindow();
+}
+
+int MainWindow::barsHeight() const
+{
+    return menuBar()->sizeHint().height() + m_toolbar->sizeHint().height() + m_statusBar->height();
 }
 
 LayoutInput MainWindow::layoutInput() const
@@ -175,9 +180,10 @@ LayoutInput MainWindow::layoutInput() const
     // off.
     const QSize border = frameGeometry().size() - size();
     const QSize desktop = screen()->availableGeometry().size();
-    const int bars =
-        menuBar()->sizeHint().height() + m_toolbar->sizeHint().height() + m_statusBar->height();
-    input.available = {desktop.width() - border.width(), desktop.height() - border.height() - bars};
+    input.available = {desktop.width() - border.width(),
+                       desktop.height() - border.height() - barsHeight()};
+    if (sizeHeld())
+        input.given = size() - QSize(0, barsHeight());
     input.RightPanelWidth = run.RightPanelWidth;
     input.BottomPanelHeight = run.BottomPanelHeight;
     input.MinWindowWidth = m_toolbar->MinWindowWidth();
@@ -199,9 +205,14 @@ void MainWindow::LayoutWindow()
     const LayoutResult layout = layoutWindow(layoutInput());
     m_workbench.shell.run.RightPanelWidth = layout.RightPanelWidth;
     m_workbench.shell.run.BottomPanelHeight = layout.BottomPanelHeight;
-    const int bars =
-        menuBar()->sizeHint().height() + m_toolbar->sizeHint().height() + m_statusBar->height();
-    setFixedSize(layout.area.width(), layout.area.height() + bars);
+    setMinimumSize(m_toolbar->MinWindowWidth(),
+                   barsHeight() + smallestPort + splitterWidth + layout.leastBottomPanel);
+    if (!sizeHeld()) {
+        askSize({layout.area.width(), layout.area.height() + barsHeight()});
+        m_baseSize = size();
+        m_basePanel = layout.RightPanelWidth;
+    }
+    m_laid = size();
     m_port->setGeometry(layout.picture);
     m_inspection->setGeometry(layout.picture.adjusted(10, 9, -10, -9));
     LayoutBottomPanel(layout);
@@ -209,18 +220,6 @@ void MainWindow::LayoutWindow()
     LayoutTools(layout);
     placeSplitters(layout);
     keepOnScreen();
-}
-
-// The window grows to the right and downwards; what would leave the desktop moves back in.
-void MainWindow::keepOnScreen()
-{
-    const QRect desktop = screen()->availableGeometry();
-    const QRect frame = frameGeometry();
-    const QPoint wanted(std::min(frame.left(), desktop.right() + 1 - frame.width()),
-                        std::min(frame.top(), desktop.bottom() + 1 - frame.height()));
-    const QPoint place(std::max(wanted.x(), desktop.left()), std::max(wanted.y(), desktop.top()));
-    if (place != frame.topLeft())
-        move(place);
 }
 
 QRect MainWindow::stageView() const

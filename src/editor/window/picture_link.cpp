@@ -75,13 +75,7 @@ void PictureLink::refreshPanels()
 
 void PictureLink::UpdateInterface()
 {
-    const int tab = m_window.workbench().params.CurrentTab;
-    Stage& stage = m_window.stageLink().stage();
-    const int selected = stage.SelectedPanel;
     m_window.UpdateInterface();
-    selectTab(m_window, tab);
-    stage.SelectPanel(selected);
-    stage.ShowMarker(selected, 0);
 }
 
 void PictureLink::setLogoSize(QSize size)

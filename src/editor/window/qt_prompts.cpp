@@ -246,7 +246,9 @@ int QtPrompts::choose(const Choice& choice)
     column->addWidget(words);
     column->addWidget(list, 1);
     column->addWidget(buttons);
-    box.resize(usual);
+    list->setVisible(!choice.list.isEmpty());
+    if (!choice.list.isEmpty())
+        box.resize(usual);
     const PlainCursor cursor;
     box.exec();
     return answer;

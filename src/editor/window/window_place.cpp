@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "editor/window/window_place.h"
+
+#include "base/user_store.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace fennel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString cornerKey = u"WindowCorner"_s;
+const QString sizeKey = u"WindowSize"_s;
+const QString maximisedKey = u"WindowMaximised"_s;
+
+std::optional<QPoint> pairOf(const QString& text)
+{
+    const QStringList parts = text.split(u' ');
+    bool first = false;
+    bool second = false;
+    const QPoint pair(parts.value(0).toInt(&first), parts.value(1).toInt(&second));
+    return first && second ? std::optional(pair) : std::nullopt;
+}
+
+QString textOf(int first, int second)
+{
+    return u"%1 %2"_s.arg(first).arg(second);
+}
+
+} // namespace
+
+WindowPlace readWindowPlace(const UserStore& store)
+{
+    WindowPlace place;
+    place.corner = pairOf(store.get(viewSection, cornerKey));
+    if (const auto size = pairOf(store.get(viewSection, sizeKey)))
+        place.size = QSize(size->x(), size->y());
+    place.maximised = store.get(viewSection, maximisedKey) == u"1";
+    return place;
+}
+
+void storeWindowPlace(UserStore& store, const WindowPlace& place)
+{
+    if (place.corner)
+        store.save(viewSection, cornerKey, textOf(place.corner->x(), place.corner->y()));
+    store.save(viewSection, sizeKey,
+               place.size ? textOf(place.size->width(), place.size->height()) : QString());
+    store.save(viewSection, maximisedKey, place.maximised ? u"1"_s : u"0"_s);
+}
+
+QPoint placeOnDesktop(const QRect& frame, const QRect& desktop)
+{
+    const QPoint wanted(std::min(frame.left(), desktop.right() + 1 - frame.width()),
+                        std::min(frame.top(), desktop.bottom() + 1 - frame.height()));
+    return {std::max(wanted.x(), desktop.left()), std::max(wanted.y(), desktop.top())};
+}
+
+} // namespace fennel
