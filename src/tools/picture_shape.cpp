@@ -21,7 +21,7 @@ constexpr QSize smallestScreen(320, 200);
 constexpr QSize largestScreen(1920, 1200);
 
 const QString shapeText = u"%1 is %2 x %3 pixels, but %4 x %5 are needed: another shape."_s;
-const QString screenText =
+const QString wholeScreenText =
     u"\n\nWhole screen: every background gets %1 x %2. A boot loader shows only the sizes that\n"
     "the graphics card knows (VESA modes, such as 800 x 600 or 1024 x 768)."_s;
 const QString shapeTitle = u"Picture of another shape"_s;
@@ -76,7 +76,7 @@ std::optional<ShapeAnswer> askForShape(const Shell& shell, const QString& pictur
                       .arg(size.width())
                       .arg(size.height());
     if (whole)
-        choice.text += screenText.arg(own->width()).arg(own->height());
+        choice.text += wholeScreenText.arg(own->width()).arg(own->height());
     std::vector<std::size_t> rows;
     for (std::size_t row = 0; row < shapeRows.size(); ++row) {
         if (row == wholeScreenRow && !whole)
