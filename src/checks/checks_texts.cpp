@@ -9,12 +9,17 @@
 
 #include <algorithm>
 #include <map>
+#include <unordered_set>
 
 namespace fennel {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// No screen holds more; what a menu of one endless line is measured by.
+constexpr qsizetype longestTitle = 2000;
+constexpr qsizetype shownTitle = 60; // in a sentence
 
 // What a font member says of its letters: codes and how far each takes the pen.
 std::map<std::uint32_t, int> advancesOf(const CheckInput& input, int object)
@@ -49,11 +54,11 @@ void checkText(const CheckInput& input, int object, const QString& member, const
     const auto advances = advancesOf(input, object);
     constexpr qsizetype shown = 20;
     QString missing;
+    std::unordered_set<char32_t> seen; // a text may have millions of few letters
     for (const char32_t code : text.toUcs4()) {
-        const QString letter = QString::fromUcs4(&code, 1);
-        if (code <= U' ' || advances.contains(code) || missing.contains(letter))
+        if (code <= U' ' || !seen.insert(code).second || advances.contains(code))
             continue;
-        missing += letter;
+        missing += QString::fromUcs4(&code, 1);
         if (missing.size() >= shown)
             break;
     }
@@ -92,7 +97,7 @@ void checkTitleWidths(const CheckInput& input, Findings& found)
     const auto advances = advancesOf(input, MenuPanelRow);
     for (const QString& title : titlesOf(input)) {
         int width = 0;
-        for (const char32_t code : title.toUcs4()) {
+        for (const char32_t code : title.left(longestTitle).toUcs4()) {
             const auto advance = advances.find(code);
             width += advance == advances.end() ? 0 : advance->second;
         }
@@ -100,10 +105,10 @@ void checkTitleWidths(const CheckInput& input, Findings& found)
             continue;
         Problem problem;
         problem.object = MenuPanelRow;
-        problem.sentence =
-            u"The entry \"%1\" is %2 pixels wide, the menu %3."_s.arg(title.trimmed())
-                .arg(width)
-                .arg(menu->Width);
+        problem.sentence = u"The entry \"%1\" is %2 pixels wide, the menu %3."_s
+                               .arg(title.left(shownTitle).trimmed())
+                               .arg(width)
+                               .arg(menu->Width);
         problem.advice = u"Shorten the title, or widen the menu by s.menu.bar.width."_s;
         found.push_back(problem);
     }

@@ -40,7 +40,7 @@ QByteArray bytesOf(const RunState& run, const MemberName& name)
 // As it will be, since the lists are ahead of the files.
 QByteArray savedBytes(const CheckedDocument& checked, const MemberName& name)
 {
-    const QByteArray bytes = bytesOf(checked.run, name);
+    QByteArray bytes = bytesOf(checked.run, name);
     if (name.text == cfgMemberName && !checked.config.bytes.isEmpty())
         return keptCfg(checked.config.bytes, checked.config.lines);
     for (int file = 0; checked.run.GfxHasZuk && file < zukFileCount; ++file) {

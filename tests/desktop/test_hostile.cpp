@@ -2,12 +2,14 @@
 // Message files that are broken or meant to do harm, opened through the whole program.
 #include "desktop/hostile_messages.h"
 #include "screen/background.h"
+#include "support/run_program.h"
 #include "support/story.h"
 
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QTemporaryDir>
 
 using namespace fennel;
 using namespace fennel::test;
@@ -150,4 +152,60 @@ TEST(HostileMessages, AreRefusedOrShownAndLeaveNothingBehind)
               << " MiB\n";
     EXPECT_TRUE(slowness > 1 || peakBytes() < allowedMemory);
     EXPECT_FALSE(FileExists(forbidden));
+}
+
+// A sentence and nothing written, or the work done: what happens to a file is never half.
+TEST(HostileMessages, GoThroughEveryCommand)
+{
+    const QTemporaryDir folder;
+    const QString at = folder.path() + u'/';
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"tmp"_s) && QDir(folder.path()).mkdir(u"in"_s));
+    const QByteArray before = qgetenv("TMPDIR");
+    qputenv("TMPDIR", (at + u"tmp"_s).toUtf8());
+    const QString good = at + u"in/good"_s;
+    const auto run = [&](const QStringList& words) {
+        return runProgram(binFolder() + u"/fennel"_s, words, at + u"in"_s);
+    };
+    ASSERT_EQ(run({u"new"_s, good}).code, 0);
+    const QString bad = at + u"in/bad"_s;
+    const QString out = at + u"out"_s;
+    const QStringList commands[] = {
+        {u"info"_s, bad},
+        {u"list"_s, bad},
+        {u"get"_s, bad},
+        {u"check"_s, u"--json"_s, bad},
+        {u"set"_s, bad, u"0:2=5"_s, u"-o"_s, out},
+        {u"replace"_s, bad, u"back.jpg="_s + binFolder() + u"/data/GFX.GZ"_s, u"-o"_s, out},
+        {u"add"_s, bad, u"note="_s + good, u"-o"_s, out},
+        {u"remove"_s, bad, u"languages"_s, u"-o"_s, out},
+        {u"font"_s, bad, u"--face"_s, u"DejaVu Sans"_s, u"--size"_s, u"9"_s, u"-o"_s, out},
+        {u"extract"_s, bad, out},
+        {u"upgrade"_s, bad, u"-o"_s, out},
+        {u"render"_s, bad, u"-o"_s, out},
+        {u"diff"_s, bad, good, u"-o"_s, out},
+        // Refused before a guest or the editor starts.
+        {u"boot"_s, bad},
+        {u"compare"_s, bad, u"--at"_s, u"x"_s}};
+    const HostileMessages messages(folder.path() + u"/forbidden"_s);
+    Dice dice(seed());
+    for (int round = 0; round < rounds(6, 300) && !testing::Test::HasFailure(); ++round) {
+        const HostileMessage message = messages.next(dice);
+        ASSERT_TRUE(DiskFiles().write(bad, message.bytes).ok());
+        for (const QStringList& words : commands) {
+            SCOPED_TRACE(
+                (words.first() + u", seed %1, round %2: "_s.arg(seed()).arg(round) + message.kind)
+                    .toStdString());
+            const Ran ran = run(words);
+            EXPECT_TRUE(ran.code >= 0 && ran.code <= 4) << ran.code;
+            EXPECT_EQ(ran.code >= 2, ran.err.startsWith("fennel: ")) << ran.err.toStdString();
+            EXPECT_TRUE(ran.code < 2 || !QFileInfo::exists(out));
+            EXPECT_EQ(contentsOf(at + u"in"_s)["bad"], message.bytes);
+            EXPECT_TRUE(QDir(at + u"tmp"_s).isEmpty());
+            QDir(out).removeRecursively();
+            QFile::remove(out);
+        }
+    }
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+              QStringList({u"in"_s, u"tmp"_s}));
+    before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
 }
