@@ -9,8 +9,8 @@
 #include "supervisor.h"
 
 #include "base/files.h"
-#include "tools/kvm.h"
 #include "tools/flash_qemu.h"
+#include "tools/kvm.h"
 #include "tools/qemu_advice.h"
 
 #include <QFile>

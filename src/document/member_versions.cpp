@@ -98,7 +98,7 @@ bool MemberVersions::unchanged(const Seen& was, const QByteArray& name, const Se
 }
 
 Result<std::map<QByteArray, BeforeAfter<VersionId>>> MemberVersions::since(Snapshot&& before,
-                                                                          qint64& bytes)
+                                                                           qint64& bytes)
 {
     std::map<QByteArray, BeforeAfter<VersionId>> changes;
     for (const auto& [name, now] : filesOf(m_shell.run.Workspace)) {

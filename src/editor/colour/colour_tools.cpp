@@ -45,10 +45,10 @@ QLineEdit* numberBox(QWidget* parent, int characters, const QString& allowed)
 
 ColourTools::ColourTools(QWidget* parent)
     : QGroupBox(parent), m_label(new QLabel(tr("Transparency"), this)),
-      m_transparency(new QSlider(Qt::Horizontal, this)), m_transpText(numberBox(this, 3, decimalPart)),
-      m_file(new QPushButton(u"↺"_s, this)), m_sample(new QLineEdit(this)),
-      m_pipette(new QCheckBox(tr("Pick"), this)), m_ask(new QPushButton(u"..."_s, this)),
-      m_parts(new QGridLayout)
+      m_transparency(new QSlider(Qt::Horizontal, this)),
+      m_transpText(numberBox(this, 3, decimalPart)), m_file(new QPushButton(u"↺"_s, this)),
+      m_sample(new QLineEdit(this)), m_pipette(new QCheckBox(tr("Pick"), this)),
+      m_ask(new QPushButton(u"..."_s, this)), m_parts(new QGridLayout)
 {
     setObjectName(u"Frame5RDPanelTools"_s);
     buildTransparency();

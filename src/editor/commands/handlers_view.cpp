@@ -2,8 +2,8 @@
 // The View menu, the panels, and the buttons of the toolbar that no menu has.
 #include "base/text.h"
 #include "editor/commands/handlers.h"
-#include "editor/problems/problem_link.h"
 #include "editor/lists/right_panel.h"
+#include "editor/problems/problem_link.h"
 #include "editor/stage/scale_commands.h"
 #include "editor/stage/stage_link.h"
 #include "editor/stage/stage_port.h"

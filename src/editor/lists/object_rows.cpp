@@ -56,8 +56,9 @@ void addMembers(const Shell& shell, const PanelRec& panel, ListRows& list)
 {
     const QString folder = withSeparator(shell.run.Workspace);
     for (const QString& mask : panel.Component.split(u'|', Qt::SkipEmptyParts)) {
-        list.rows.push_back(saying(RowKind::Separator, {u"_____"_s, u"_____"_s, u"_____"_s,
-                                                        u"_____"_s, u"________________________"_s}));
+        list.rows.push_back(
+            saying(RowKind::Separator, {u"_____"_s, u"_____"_s, u"_____"_s, u"_____"_s,
+                                        u"________________________"_s}));
         list.rows.push_back(saying(RowKind::Heading, {u"FileName"_s, {}, u"Size"_s}));
         for (const QString& name : numberedFiles(folder, mask)) {
             const bool picture = name.endsWith(u".jpg", Qt::CaseInsensitive);
@@ -82,7 +83,8 @@ ListRows objectList(const Shell& shell, const Document& document, int object)
     addMembers(shell, *panel, list);
     // An empty list would look like a fault.
     if (list.rows.empty())
-        list.rows.push_back(saying(RowKind::Notice, {u"Need to upgrade"_s, {}, u"gfxboot kernel"_s}));
+        list.rows.push_back(
+            saying(RowKind::Notice, {u"Need to upgrade"_s, {}, u"gfxboot kernel"_s}));
     list.selected = 1;
     return list;
 }

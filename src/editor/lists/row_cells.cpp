@@ -68,8 +68,7 @@ RowLook parameterLook(const Document& document, const ListRows& list, const List
     // The name without the two characters in front, such as "s.".
     const QString name = zuk.Name.mid(2);
     look.cells = {
-        cell(item, name, look.colour, row.onOff),
-        cell(name, zuk.Comment, look.colour, row.onOff),
+        cell(item, name, look.colour, row.onOff), cell(name, zuk.Comment, look.colour, row.onOff),
         cell(value, u"ZUKxxxx.CFG Level value"_s, look.colour, row.onOff),
         cell(menuValueText(zuk.LstValue, row.hex), u"MenuLevel value"_s, look.colour, row.onOff),
         cell(zuk.Comment, u"Russian comment"_s, comment, false)};

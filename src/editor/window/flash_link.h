@@ -5,8 +5,8 @@
 #include "menus/menu_list.h"
 #include "tools/drive_source.h"
 #include "tools/drives.h"
-#include "tools/mount_watch.h"
 #include "tools/flash_qemu.h"
+#include "tools/mount_watch.h"
 #include "tools/video_bios.h"
 
 namespace fennel {
