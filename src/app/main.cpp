@@ -4,6 +4,7 @@
 #include "app/startup.h"
 #include "base/build_time.h"
 #include "base/file_names.h"
+#include "base/words.h"
 #include "editor/window/file_drop.h"
 #include "editor/window/main_window.h"
 #include "editor/window/qt_prompts.h"
@@ -25,8 +26,8 @@ void yieldToOther(const SingleInstance& instance, Prompts& prompts, const QStrin
     const QString token = activationToken();
     if (!file.isEmpty() && sendToInstance(instanceFolder(), {token, file}))
         return;
-    prompts.ShowMessage(QStringLiteral("One copy of %1 is already running").arg(programTitle()),
-                        MessageType::Stop, QStringLiteral("ERROR"));
+    prompts.ShowMessage(Words::tr("One copy of %1 is already running").arg(programTitle()),
+                        MessageType::Stop, Words::tr("ERROR"));
     (void)instance.askOtherToRaise(token);
 }
 
@@ -68,7 +69,8 @@ int main(int argc, char** argv)
     Workbench workbench({run, log, files, prompts, tools}, store);
     run.BuildTime = buildTime();
     const StartInput input{QApplication::applicationDirPath(), words, run.BuildTime,
-                           [] { return installedFontList(); }};
+                           [] { return installedFontList(); },
+                           [&workbench] { workbench.useLanguage(); }};
     if (Form_Initialize(workbench.shell, store, input) == NextStep::EndProcess)
         return 0;
     log.WriteLog(QStringLiteral("Form_Load Start"));

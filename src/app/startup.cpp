@@ -6,6 +6,7 @@
 #include "base/settings_file.h"
 #include "base/text.h"
 #include "base/user_folders.h"
+#include "base/words.h"
 #include "base/workspace_root.h"
 #include "fonts/installed_fonts.h"
 
@@ -17,7 +18,6 @@ namespace fennel {
 
 namespace {
 
-const QString languageKey = QStringLiteral("DefaultLang");
 const QString firstLanguage = QStringLiteral("0409");
 
 // A shorter code is filled up, of a longer one the end counts.
@@ -69,7 +69,7 @@ void startLog(const Shell& shell, const StartInput& input)
 void languageFromSettings(const Shell& shell)
 {
     RunState& run = shell.run;
-    const QString key = QStringLiteral("Default Language");
+    const QString key = languageSetting;
     // A home that cannot be written to has no settings, and that is no failure.
     if (run.Installed && !FileExists(settingsFile(run)))
         return;
@@ -107,11 +107,11 @@ NextStep needTools(const Shell& shell)
         return NextStep::GoOn;
     note(shell, shell.files.makeFolder(shell.run.ToolsPath));
     const Answer answer = shell.prompts.ShowMessage(
-        QStringLiteral("Download a Set of Tools for the FENNEL-GFX?"), MessageType::YesNo,
-        QStringLiteral("ERROR. No necessary tools for the program!"));
+        Words::tr("Download a Set of Tools for the FENNEL-GFX?"), MessageType::YesNo,
+        Words::tr("ERROR. No necessary tools for the program!"));
     if (answer != Answer::Yes)
         return NextStep::GoOn;
-    shell.prompts.ShowMessage(QStringLiteral("ПЛАН...\nPlanned..."));
+    shell.prompts.ShowMessage(Words::tr("Planned..."));
     return NextStep::EndProcess;
 }
 
@@ -151,6 +151,8 @@ NextStep Form_Initialize(const Shell& shell, UserStore& store, const StartInput&
     shell.WriteLog({});
     shell.WriteLog(QStringLiteral("Start Logging from Form_Initialize..."));
     setLanguage(shell, store, input);
+    if (input.languageKnown)
+        input.languageKnown();
     setToolPaths(run);
     if (needTools(shell) == NextStep::EndProcess)
         return NextStep::EndProcess;

@@ -16,7 +16,8 @@ struct StartInput {
     QString executableFolder;
     QStringList words; // the command line behind the program's name
     qint64 buildTime = 0;
-    std::function<QString()> fontList; // asked for only if the settings file has to be made
+    std::function<QString()> fontList;        // asked for only if the settings file has to be made
+    std::function<void()> languageKnown = {}; // before the first word that may be shown
 };
 
 // Sets the paths, the language and the log, and makes the settings file, the Tools folder and the

@@ -2,6 +2,7 @@
 #include "base/last_used.h"
 
 #include "base/text.h"
+#include "base/words.h"
 
 #include <algorithm>
 
@@ -105,9 +106,9 @@ std::optional<QString> LastUsed::clicked(const Shell& shell, int index) const
     const QString path = m_store.get(menuSection, QString::number(index));
     if (FileExists(path))
         return shortForm(path);
-    shell.prompts.ShowMessage(QStringLiteral("The specified file is not available at this time.\n"
-                                             "Maybe this file has been moved or deleted.\n\n"
-                                             "File Path: %1\nFile Name: %2")
+    shell.prompts.ShowMessage(Words::tr("The specified file is not available at this time.\n"
+                                        "Maybe this file has been moved or deleted.\n\n"
+                                        "File Path: %1\nFile Name: %2")
                                   .arg(folderPart(path), namePart(path)));
     return std::nullopt;
 }

@@ -3,6 +3,7 @@
 
 #include "base/files.h"
 #include "base/tool_runner.h"
+#include "base/words.h"
 
 #include <QDeadlineTimer>
 #include <QEventLoop>
@@ -190,7 +191,7 @@ Result<FilePicture> PictureTool::read(const PictureWish& wish, Progress* progres
         if (!m_process->waitForReadyRead(static_cast<int>(left.remainingTime())))
             break;
     if (!done && progress != nullptr) {
-        progress->begin(QStringLiteral("Reading ") + namePart(wish.path));
+        progress->begin(Words::tr("Reading ") + namePart(wish.path));
         waitInLoop(done, *progress);
         progress->end();
     }

@@ -2,6 +2,7 @@
 #include "base/settings_file.h"
 
 #include "base/text.h"
+#include "base/words.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -19,6 +20,28 @@ QString foldedKey(const QString& text)
     key.remove(QLatin1Char('\t'));
     key.remove(QLatin1Char(' '));
     return key;
+}
+
+struct Span {
+    qsizetype begin = -1; // of the value, behind "="; -1: no line has the key
+    qsizetype end = -1;
+};
+
+// The first line that fits wins, so an appended line never overrides one higher up.
+Span valuePlace(const QString& text, const QString& key)
+{
+    // "|" ends a line like a line end does, so no value can hold one.
+    static const QRegularExpression lineEnds(QStringLiteral("[\r\n|]"));
+    const QString wanted = foldedKey(key);
+    for (qsizetype begin = 0; begin < text.size();) {
+        const qsizetype found = text.indexOf(lineEnds, begin);
+        const qsizetype end = found < 0 ? text.size() : found;
+        const qsizetype equals = text.indexOf(QLatin1Char('='), begin);
+        if (equals >= 0 && equals < end && foldedKey(text.mid(begin, equals - begin)) == wanted)
+            return {equals + 1, end};
+        begin = end + 1;
+    }
+    return {};
 }
 
 bool endsInLineEnd(const QByteArray& bytes)
@@ -46,24 +69,15 @@ QString settingsFile(const RunState& run)
 
 QString iniValue(const QString& text, const QString& key)
 {
-    // "|" ends a line like a line end does, so no value can hold one.
-    static const QRegularExpression lineEnds(QStringLiteral("[\r\n|]"));
-    const QString wanted = foldedKey(key);
-    const QStringList lines = text.trimmed().split(lineEnds);
-    // The first line that fits wins, so an appended line never overrides one higher up.
-    for (const QString& line : lines) {
-        const qsizetype equals = line.indexOf(QLatin1Char('='));
-        if (equals >= 0 && foldedKey(line.left(equals)) == wanted)
-            return line.mid(equals + 1).trimmed();
-    }
-    return {};
+    const Span value = valuePlace(text, key);
+    return value.begin < 0 ? QString() : text.mid(value.begin, value.end - value.begin).trimmed();
 }
 
 QString IniRead(const Shell& shell, const QString& key, const QString& file)
 {
     const QString path = file.isEmpty() ? settingsFile(shell.run) : file;
     if (!FileExists(path)) {
-        shell.prompts.ShowMessage(QStringLiteral("File not found: ") + path);
+        shell.prompts.ShowMessage(Words::tr("File not found: ") + path);
         return {};
     }
     return iniValue(FileReadAll(path).text, key);
@@ -83,6 +97,18 @@ Result<void> IniAppendLine(const Shell& shell, const QString& file, const QStrin
     const bool ended = !before || endsInLineEnd(*before);
     const QString lineEnd = QStringLiteral("\r\n");
     return IniAppend(shell, file, (ended ? QString() : lineEnd) + line + lineEnd);
+}
+
+Result<void> IniWrite(const Shell& shell, const QString& key, const QString& value)
+{
+    const QString path = settingsFile(shell.run);
+    const TextFile before = FileReadAll(path);
+    const Span place = valuePlace(before.text, key);
+    if (place.begin < 0)
+        return IniAppendLine(shell, path, key + QLatin1Char('=') + value);
+    QString text = before.text;
+    text.replace(place.begin, place.end - place.begin, value);
+    return shell.files.write(path, encodeText(text, before.TextIsUtf8));
 }
 
 Result<void> createSettingsFile(const Shell& shell, const QString& fontName,

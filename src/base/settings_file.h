@@ -10,6 +10,9 @@
 
 namespace fennel {
 
+// The key of the run's language.
+inline const QString languageSetting = QStringLiteral("Default Language");
+
 // Path of "FENNEL.ini" in the folder. It is one file in whatever case somebody spelled it: one that
 // is there under another case is that file.
 QString settingsFile(const QString& folder);
@@ -27,6 +30,9 @@ QString IniRead(const Shell& shell, const QString& key, const QString& file = {}
 Result<void> IniAppend(const Shell& shell, const QString& file, const QString& text);
 // Adds a line of its own, also behind a last line that was left without an end.
 Result<void> IniAppendLine(const Shell& shell, const QString& file, const QString& line);
+
+// Gives a key of the settings file another value: in the line that counts, or in a new one.
+Result<void> IniWrite(const Shell& shell, const QString& key, const QString& value);
 
 // Writes the settings file of a first run: its four keys in their order. `language` has four
 // digits. After a failure no part of the file is left behind.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/shell_context.h"
 
+#include "base/words.h"
 #include "base/workspace_root.h"
 
 namespace fennel {
@@ -13,8 +14,7 @@ Result<void> Shell::toolThere(const QString& tool) const
         return tell(place.failure());
     if (FileExists(tool))
         return {};
-    const Failure missing{FailureKind::NotFound,
-                          (tool + QStringLiteral(" not found!")).toStdString()};
+    const Failure missing{FailureKind::NotFound, (tool + Words::tr(" not found!")).toStdString()};
     return tell(missing, [this](const QString& text) { prompts.ShowMessage(text); });
 }
 
@@ -30,7 +30,7 @@ Failure Shell::tell(const Failure& failure) const
 {
     return tell(failure, [&](const QString& text) {
         logFailure(failure);
-        prompts.ShowMessage(text, MessageType::Stop, QStringLiteral("ERROR"));
+        prompts.ShowMessage(text, MessageType::Stop, Words::tr("ERROR"));
     });
 }
 

@@ -3,6 +3,7 @@
 // referenced objects outlive it; main or a test owns them.
 #pragma once
 
+#include "base/failure_words.h"
 #include "base/files.h"
 #include "base/log.h"
 #include "base/prompts.h"
@@ -36,7 +37,7 @@ struct Shell {
     template <class Show>
     Failure tell(Failure failure, Show show) const
     {
-        const QString text = QString::fromStdString(failure.text);
+        const QString text = failureWords(failure);
         if (!failure.told && failure.kind == FailureKind::Canceled)
             prompts.ShowMessage(text);
         else if (!failure.told)

@@ -2,6 +2,7 @@
 #include "base/tool_runner.h"
 
 #include "base/files.h"
+#include "base/words.h"
 
 #include <QEventLoop>
 #include <QProcess>
@@ -92,7 +93,7 @@ Result<void> ProcessToolRunner::run(const QStringList& commandLine, const QStrin
 {
     m_errorOutput.clear();
     if (commandLine.isEmpty())
-        return toolFailure(QStringLiteral("tool"), QStringLiteral("has no name."), {});
+        return toolFailure(QStringLiteral("tool"), Words::tr("has no name."), {});
     if (m_log != nullptr)
         m_log->WriteLog(QStringLiteral("      ") + commandLine.join(QLatin1Char(' ')));
     const QString& tool = commandLine.first();
@@ -100,7 +101,7 @@ Result<void> ProcessToolRunner::run(const QStringList& commandLine, const QStrin
     prepare(process, outputFile, !m_progress.isNull());
     process.start(tool, commandLine.mid(1), QIODevice::ReadOnly);
     if (!process.waitForStarted(m_timeLimitMs))
-        return toolFailure(tool, QStringLiteral("could not be started."), process.errorString());
+        return toolFailure(tool, Words::tr("could not be started."), process.errorString());
     const End end = waitFor(process, tool);
     if (end != End::ByItself)
         killGroup(process);
@@ -110,10 +111,9 @@ Result<void> ProcessToolRunner::run(const QStringList& commandLine, const QStrin
     if (end == End::Canceled)
         return canceledByUser();
     if (end == End::OutOfTime)
-        return toolFailure(tool, QStringLiteral("did not end in time and was stopped."),
-                           m_errorOutput);
+        return toolFailure(tool, Words::tr("did not end in time and was stopped."), m_errorOutput);
     if (process.exitStatus() == QProcess::CrashExit)
-        return toolFailure(tool, QStringLiteral("crashed."), m_errorOutput);
+        return toolFailure(tool, Words::tr("crashed."), m_errorOutput);
     return {};
 }
 
@@ -125,7 +125,7 @@ ProcessToolRunner::End ProcessToolRunner::waitFor(QProcess& process, const QStri
     // for in silence.
     Progress& progress = *m_progress;
     m_progress.clear();
-    progress.begin(QStringLiteral("Waiting for ") + namePart(tool));
+    progress.begin(Words::tr("Waiting for ") + namePart(tool));
     const End end = turnLoop(process, progress);
     progress.end();
     m_progress = &progress;

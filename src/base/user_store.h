@@ -13,9 +13,10 @@
 
 namespace fennel {
 
-inline const QString langsSection = QStringLiteral("Langs"); // key DefaultLang: four hex digits
-inline const QString viewSection = QStringLiteral("View");   // key AsItBoots: 0 or 1
-inline const QString menuSection = QStringLiteral("Menu");   // keys 0 to 9: files last used
+inline const QString langsSection = QStringLiteral("Langs");
+inline const QString languageKey = QStringLiteral("DefaultLang"); // four hex digits
+inline const QString viewSection = QStringLiteral("View");        // key AsItBoots: 0 or 1
+inline const QString menuSection = QStringLiteral("Menu");        // keys 0 to 9: files last used
 
 class UserStore {
 public:

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Pictures, fonts and the archive itself.
+#include "base/failure_words.h"
 #include "base/files.h"
+#include "base/words.h"
 #include "checks/check_list.h"
 #include "container/engine_info.h"
 #include "container/member_table.h"
@@ -60,14 +62,15 @@ void checkSizes(const CheckInput& input, const QString& pattern, const Model& mo
         if (own.isEmpty() || wanted.isEmpty() || own == wanted || other == member.name)
             return;
         Problem problem = about(member.name,
-                                u"%1 is %2x%3, %4 is %5x%6."_s.arg(member.name)
+                                Words::tr("%1 is %2x%3, %4 is %5x%6.")
+                                    .arg(member.name)
                                     .arg(own.width())
                                     .arg(own.height())
                                     .arg(other)
                                     .arg(wanted.width())
                                     .arg(wanted.height()),
-                                u"Give both the same size: replace one of them."_s);
-        problem.mend = Mend{u"Scale it to %1x%2"_s.arg(wanted.width()).arg(wanted.height()),
+                                Words::tr("Give both the same size: replace one of them."));
+        problem.mend = Mend{Words::tr("Scale it to %1x%2").arg(wanted.width()).arg(wanted.height()),
                             {},
                             member.name,
                             wanted};
@@ -94,12 +97,13 @@ void checkBlackPictures(const CheckInput& input, Findings& found)
         if (boots)
             return;
         Problem problem = about(member.name,
-                                u"%1 stays black on the boot screen: %2"_s.arg(
-                                    member.name, QString::fromStdString(boots.failure().text)),
-                                u"Replace it by the same picture: it is converted."_s);
+                                Words::tr("%1 stays black on the boot screen: %2")
+                                    .arg(member.name, failureWords(boots.failure())),
+                                Words::tr("Replace it by the same picture: it is converted."));
         // A JPEG of another kind; what has no head is no picture at all.
         if (head)
-            problem.mend = Mend{u"Convert it"_s, {}, member.name, {head->width, head->height}};
+            problem.mend =
+                Mend{Words::tr("Convert it"), {}, member.name, {head->width, head->height}};
         found.push_back(problem);
     });
 }
@@ -127,9 +131,9 @@ void checkNumbers(const CheckInput& input, Findings& found)
         bool good = false;
         const int number = name.mid(5, 2).toInt(&good);
         if (good && number != expected)
-            found.push_back(about(name,
-                                  u"%1 follows a gap in the numbers of the logos."_s.arg(name),
-                                  u"Number the logos from 00 without a gap."_s));
+            found.push_back(
+                about(name, Words::tr("%1 follows a gap in the numbers of the logos.").arg(name),
+                      Words::tr("Number the logos from 00 without a gap.")));
         expected = number + 1;
     }
 }
@@ -139,10 +143,10 @@ void checkBrokenFonts(const CheckInput& input, Findings& found)
     eachFont(input, [&](const CheckedMember& member) {
         const auto font = decodeFnt(spanOf(member.data));
         if (!font && member.data.size() <= static_cast<qsizetype>(fntSizeLimit))
-            found.push_back(about(member.name,
-                                  u"%1 is no whole font: %2"_s.arg(
-                                      member.name, QString::fromStdString(font.failure().text)),
-                                  u"Make the font again."_s));
+            found.push_back(about(
+                member.name,
+                Words::tr("%1 is no whole font: %2").arg(member.name, failureWords(font.failure())),
+                Words::tr("Make the font again.")));
     });
 }
 
@@ -150,10 +154,10 @@ void checkLargeFonts(const CheckInput& input, Findings& found)
 {
     eachFont(input, [&](const CheckedMember& member) {
         if (member.data.size() > static_cast<qsizetype>(fntSizeLimit))
-            found.push_back(
-                about(member.name,
-                      u"%1 is larger than the 512 KB that can be reached."_s.arg(member.name),
-                      u"Make it with fewer characters or in a smaller size."_s));
+            found.push_back(about(
+                member.name,
+                Words::tr("%1 is larger than the 512 KB that can be reached.").arg(member.name),
+                Words::tr("Make it with fewer characters or in a smaller size.")));
     });
 }
 
@@ -161,8 +165,8 @@ void checkRequired(const CheckInput& input, Findings& found)
 {
     for (const QString& name : {u"init"_s, mainFontName}) {
         if (input.find(name) == nullptr)
-            found.push_back(about(name, u"The member %1 is missing."_s.arg(name),
-                                  u"Add it; File / New has one."_s));
+            found.push_back(about(name, Words::tr("The member %1 is missing.").arg(name),
+                                  Words::tr("Add it; File / New has one.")));
     }
 }
 
@@ -171,15 +175,16 @@ void checkEngine(const CheckInput& input, Findings& found)
 {
     const QByteArray* engine = input.find(u"init"_s);
     if (input.run.GfxHasZuk && engine != nullptr && !engineOf(*engine).readsLevels)
-        found.push_back(about(u"init"_s, u"The engine does not read the level files."_s,
-                              u"Upgrade the engine."_s));
+        found.push_back(about(u"init"_s, Words::tr("The engine does not read the level files."),
+                              Words::tr("Upgrade the engine.")));
 }
 
 void checkWrapped(const CheckInput& input, Findings& found)
 {
     if (input.run.GfxIsGz && input.run.gfxboot_var < 3)
-        found.push_back(about({}, u"The file is gzipped: Grub4DOS reads it, syslinux does not."_s,
-                              u"Save it without gzip for syslinux."_s));
+        found.push_back(
+            about({}, Words::tr("The file is gzipped: Grub4DOS reads it, syslinux does not."),
+                  Words::tr("Save it without gzip for syslinux.")));
 }
 
 } // namespace fennel

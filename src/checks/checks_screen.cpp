@@ -2,6 +2,7 @@
 // Where the objects stand and what of them can be seen.
 #include "base/files.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "checks/check_list.h"
 #include "container/member_table.h"
 #include "document/place_change.h"
@@ -86,7 +87,7 @@ std::optional<Mend> movedIn(const CheckInput& input, int row, const PanelRec& pa
     PanelRec wanted = panel;
     wanted.Left = static_cast<qint16>(std::clamp(part.x(), 0, screen.width() - part.width()));
     wanted.Top = static_cast<qint16>(std::clamp(part.y(), 0, screen.height() - part.height()));
-    Mend mend{u"Move it onto the screen"_s, {}, {}, {}};
+    Mend mend{Words::tr("Move it onto the screen"), {}, {}, {}};
     addRecord(input.state, row, wanted, mend.change);
     mend.change.objects.clear(); // they follow from the values
     return mend.change.params.empty() ? std::nullopt : std::optional(mend);
@@ -97,7 +98,7 @@ std::optional<Mend> switchedOff(const CheckInput& input, const PanelRec& panel)
     const ParamKey key{levelFileOf(panel), panel.OnParam};
     if (panel.OnParam <= 0 || !input.state.ZUKarr.at(key.file, key.number).Value)
         return std::nullopt;
-    Mend mend{u"Switch it off"_s, {}, {}, {}};
+    Mend mend{Words::tr("Switch it off"), {}, {}, {}};
     mend.change.params[key] = ParamValue{};
     return mend;
 }
@@ -147,9 +148,9 @@ void needMember(const CheckInput& input, int row, const QString& pattern, Findin
     const qint64 chosen = number(input, levelFileOf(panel), 99);
     const QString name = pattern.arg(QString::number(100 + chosen).right(2));
     if (isOn(input, panel) && chosen >= 0 && input.find(name) == nullptr) {
-        Problem problem =
-            about(row, panel, u"%1 is on, but its member %2 is missing."_s,
-                  u"Add the member, choose another number, or switch the object off."_s, 99);
+        Problem problem = about(
+            row, panel, Words::tr("%1 is on, but its member %2 is missing."),
+            Words::tr("Add the member, choose another number, or switch the object off."), 99);
         problem.mend = switchedOff(input, panel);
         problem.sentence = problem.sentence.arg(name);
         problem.member = name;
@@ -164,8 +165,9 @@ void checkOutside(const CheckInput& input, Findings& found)
     eachPlaced(input, [&](int row, const PanelRec& panel) {
         if (screenOf(input).intersects(rectOf(panel)))
             return;
-        Problem problem = about(row, panel, u"%1 lies outside the screen."_s,
-                                u"Move it onto the screen, or switch it off."_s, panel.LeftParam);
+        Problem problem =
+            about(row, panel, Words::tr("%1 lies outside the screen."),
+                  Words::tr("Move it onto the screen, or switch it off."), panel.LeftParam);
         problem.mend = movedIn(input, row, panel);
         found.push_back(problem);
     });
@@ -177,8 +179,8 @@ void checkCut(const CheckInput& input, Findings& found)
         const QRect screen = screenOf(input);
         if (!screen.intersects(rectOf(panel)) || screen.contains(seenPart(row, panel)))
             return;
-        Problem problem = about(row, panel, u"%1 reaches over the edge of the screen."_s,
-                                u"Move it, or make it smaller."_s, panel.LeftParam);
+        Problem problem = about(row, panel, Words::tr("%1 reaches over the edge of the screen."),
+                                Words::tr("Move it, or make it smaller."), panel.LeftParam);
         problem.mend = movedIn(input, row, panel);
         found.push_back(problem);
     });
@@ -197,8 +199,8 @@ void checkSamePlace(const CheckInput& input, Findings& found)
             const PanelRec& b = *input.state.object(rows[j]);
             if (a.Left != b.Left || a.Top != b.Top)
                 continue;
-            Problem problem = about(rows[j], b, u"%1 stands at the place of %2."_s,
-                                    u"Move one of them."_s, b.LeftParam);
+            Problem problem = about(rows[j], b, Words::tr("%1 stands at the place of %2."),
+                                    Words::tr("Move one of them."), b.LeftParam);
             problem.sentence = problem.sentence.arg(objectCaption(a.Name));
             found.push_back(problem);
         }
@@ -218,11 +220,12 @@ void checkEntriesFit(const CheckInput& input, Findings& found)
     const auto room = static_cast<qint64>((input.run.BackHeight - menu->Top) / std::max(line, 1.0));
     if (entries > room && room >= 0) {
         Problem problem =
-            about(MenuPanelRow, *menu, u"%1 asks for %2 entries, and the screen holds %3 there."_s,
-                  u"Lower s.menu.max.entries, or move the menu up."_s, menuEntriesParam);
+            about(MenuPanelRow, *menu,
+                  Words::tr("%1 asks for %2 entries, and the screen holds %3 there."),
+                  Words::tr("Lower s.menu.max.entries, or move the menu up."), menuEntriesParam);
         problem.sentence = problem.sentence.arg(entries).arg(room);
         problem.parameter = u"s.menu.max.entries"_s;
-        problem.mend = Mend{u"Show %1 entries"_s.arg(room), {}, {}, {}};
+        problem.mend = Mend{Words::tr("Show %1 entries").arg(room), {}, {}, {}};
         addMenuEntries(input.state, true, static_cast<int>(room), problem.mend->change);
         if (problem.mend->change.params.empty())
             problem.mend.reset();
@@ -238,8 +241,9 @@ void checkContrast(const CheckInput& input, Findings& found)
         const bool worded = panel.TextParam > 0 && panel.BackParam > 0;
         if (!worded || contrast(panel.TextColor, groundOf(background, panel)) >= leastContrast)
             return;
-        found.push_back(about(row, panel, u"The text of %1 is hard to read on its ground."_s,
-                              u"Make one of the two lighter or darker."_s, panel.TextParam));
+        found.push_back(
+            about(row, panel, Words::tr("The text of %1 is hard to read on its ground."),
+                  Words::tr("Make one of the two lighter or darker."), panel.TextParam));
     });
 }
 
@@ -257,8 +261,8 @@ void checkComponents(const CheckInput& input, Findings& found)
     });
     if (!isOn(input, line) || there)
         return;
-    Problem problem = about(RunLineRow, line, u"%1 is on, but no member is there for it."_s,
-                            u"Add the member "_s + line.Component + u'.', line.OnParam);
+    Problem problem = about(RunLineRow, line, Words::tr("%1 is on, but no member is there for it."),
+                            Words::tr("Add the member ") + line.Component + u'.', line.OnParam);
     problem.mend = switchedOff(input, line);
     found.push_back(problem);
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Texts in their fonts, and the menu.
+#include "base/words.h"
 #include "checks/check_list.h"
 #include "container/member_table.h"
 #include "fonts/fnt_codec.h"
@@ -67,9 +68,9 @@ void checkText(const CheckInput& input, int object, const QString& member, const
     Problem problem;
     problem.object = object;
     problem.member = member;
-    problem.sentence = u"The font lacks letters of %1: %2"_s.arg(
-        member.isEmpty() ? u"the menu"_s : member, missing);
-    problem.advice = u"Make the font with these characters too, or change the text."_s;
+    problem.sentence = Words::tr("The font lacks letters of %1: %2")
+                           .arg(member.isEmpty() ? Words::tr("the menu") : member, missing);
+    problem.advice = Words::tr("Make the font with these characters too, or change the text.");
     found.push_back(problem);
 }
 
@@ -105,11 +106,11 @@ void checkTitleWidths(const CheckInput& input, Findings& found)
             continue;
         Problem problem;
         problem.object = MenuPanelRow;
-        problem.sentence = u"The entry \"%1\" is %2 pixels wide, the menu %3."_s
+        problem.sentence = Words::tr("The entry \"%1\" is %2 pixels wide, the menu %3.")
                                .arg(title.left(shownTitle).trimmed())
                                .arg(width)
                                .arg(menu->Width);
-        problem.advice = u"Shorten the title, or widen the menu by s.menu.bar.width."_s;
+        problem.advice = Words::tr("Shorten the title, or widen the menu by s.menu.bar.width.");
         found.push_back(problem);
     }
 }
@@ -120,8 +121,8 @@ void checkNoEntries(const CheckInput& input, Findings& found)
         return;
     Problem problem;
     problem.object = MenuPanelRow;
-    problem.sentence = u"The menu shows no entry at all."_s;
-    problem.advice = u"Add titles, or lower s.menu.zuk.entries."_s;
+    problem.sentence = Words::tr("The menu shows no entry at all.");
+    problem.advice = Words::tr("Add titles, or lower s.menu.zuk.entries.");
     found.push_back(problem);
 }
 
@@ -142,8 +143,8 @@ void checkDataTitles(const CheckInput& input, Findings& found)
             continue;
         Problem problem;
         problem.sentence =
-            u"The title \"%1\" names a level file that cannot be."_s.arg(title->left(40));
-        problem.advice = u"Level files go from zuk0000 to zuk0015."_s;
+            Words::tr("The title \"%1\" names a level file that cannot be.").arg(title->left(40));
+        problem.advice = Words::tr("Level files go from zuk0000 to zuk0015.");
         found.push_back(problem);
     }
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // gfxboot.cfg and the level files.
+#include "base/words.h"
 #include "checks/check_list.h"
 #include "container/member_table.h"
 #include "params/cfg_entries.h"
@@ -133,8 +134,9 @@ void checkCfgNames(const CheckInput& input, Findings& found)
             engine->contains(entry.name))
             return;
         const QString name = QString::fromUtf8(entry.name);
-        found.push_back(about(cfgMemberName, name, u"The engine knows no parameter %1."_s.arg(name),
-                              u"Look for a wrong letter; else nothing is lost by it."_s));
+        found.push_back(about(cfgMemberName, name,
+                              Words::tr("The engine knows no parameter %1.").arg(name),
+                              Words::tr("Look for a wrong letter; else nothing is lost by it.")));
     });
 }
 
@@ -146,10 +148,10 @@ void checkCfgDoubled(const CheckInput& input, Findings& found)
         if (seen.insert(entry.section + "::" + entry.name).second)
             return;
         const QString name = QString::fromUtf8(entry.name);
-        Problem problem =
-            about(cfgMemberName, name, u"%1 stands twice; the first one counts."_s.arg(name),
-                  u"Take one of the lines out."_s);
-        problem.mend = lines.mend(entry, u"Switch the later one off"_s,
+        Problem problem = about(cfgMemberName, name,
+                                Words::tr("%1 stands twice; the first one counts.").arg(name),
+                                Words::tr("Take one of the lines out."));
+        problem.mend = lines.mend(entry, Words::tr("Switch the later one off"),
                                   [](CfgLine& line) { line.on = false; });
         found.push_back(problem);
     });
@@ -164,12 +166,12 @@ void checkCfgValues(const CheckInput& input, Findings& found)
         if (param == cfgParams.end() || fitsKind(param->kind, entry.value))
             return;
         Problem problem =
-            about(cfgMemberName, name, u"%1 cannot be \"%2\"."_s.arg(name, entry.value),
-                  param->kind == CfgKind::Flag     ? u"Say 0 or 1."_s
-                  : param->kind == CfgKind::Colour ? u"Say a colour 0xRRGGBB."_s
-                                                   : u"Say a number."_s);
+            about(cfgMemberName, name, Words::tr("%1 cannot be \"%2\".").arg(name, entry.value),
+                  param->kind == CfgKind::Flag     ? Words::tr("Say 0 or 1.")
+                  : param->kind == CfgKind::Colour ? Words::tr("Say a colour 0xRRGGBB.")
+                                                   : Words::tr("Say a number."));
         problem.mend =
-            lines.mend(entry, u"Say %1, the default"_s.arg(param->defaultValue),
+            lines.mend(entry, Words::tr("Say %1, the default").arg(param->defaultValue),
                        [param](CfgLine& line) { line.value = typedValue(param->defaultValue); });
         found.push_back(problem);
     });
@@ -187,13 +189,15 @@ void checkLevelRecords(const CheckInput& input, Findings& found)
         const bool known =
             ZUKarr::inRange(file, number) && input.state.ZUKarr.at(file, number).DefValue;
         if (!known)
-            found.push_back(about(member, key, u"No list shows the record %1."_s.arg(key),
-                                  u"Nothing is lost by it; what wrote it can change it."_s));
+            found.push_back(
+                about(member, key, Words::tr("No list shows the record %1.").arg(key),
+                      Words::tr("Nothing is lost by it; what wrote it can change it.")));
         else if (!seen.emplace(file, number).second)
-            found.push_back(about(
-                member, key,
-                u"%1 stands twice; the last one counts."_s.arg(shownName(input, file, number)),
-                u"Set the value, and look whether the screen follows."_s));
+            found.push_back(
+                about(member, key,
+                      Words::tr("%1 stands twice; the last one counts.")
+                          .arg(shownName(input, file, number)),
+                      Words::tr("Set the value, and look whether the screen follows.")));
     });
 }
 
@@ -208,12 +212,13 @@ void checkLevelValues(const CheckInput& input, Findings& found)
         if (!isSwitch && !isShare)
             return;
         const int most = isSwitch ? 1 : 255;
-        Problem problem = about(levelFileName(file), name,
-                                u"%1 is %2, and goes up to %3."_s.arg(name).arg(value).arg(most),
-                                u"Set it within its range."_s);
+        Problem problem =
+            about(levelFileName(file), name,
+                  Words::tr("%1 is %2, and goes up to %3.").arg(name).arg(value).arg(most),
+                  Words::tr("Set it within its range."));
         problem.param = {file, number};
         if (const auto& shown = input.state.ZUKarr.at(file, number).Value) {
-            problem.mend = Mend{u"Set it to %1"_s.arg(most), {}, {}, {}};
+            problem.mend = Mend{Words::tr("Set it to %1").arg(most), {}, {}, {}};
             problem.mend->change.params[problem.param] = ParamValue{most, shown->hex, {}};
         }
         found.push_back(problem);

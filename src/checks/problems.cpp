@@ -2,6 +2,7 @@
 #include "checks/problems.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "checks/check_list.h"
 
 #include <QStringDecoder>
@@ -51,7 +52,7 @@ std::vector<Problem> Findings::take()
 {
     if (m_untold > 0) {
         Problem rest;
-        rest.sentence = QStringLiteral("There are %1 more of this kind.").arg(m_untold);
+        rest.sentence = Words::tr("There are %1 more of this kind.").arg(m_untold);
         m_told.push_back(rest);
     }
     return std::move(m_told);
@@ -99,11 +100,11 @@ QString severityName(Severity severity)
 {
     switch (severity) {
     case Severity::Error:
-        return QStringLiteral("error");
+        return Words::tr("error");
     case Severity::Warning:
-        return QStringLiteral("warning");
+        return Words::tr("warning");
     default:
-        return QStringLiteral("note");
+        return Words::tr("note");
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "base/file_steps.h"
 #include "base/posix_file.h"
+#include "base/words.h"
 #include "container/archive_tools.h"
 #include "container/gfx_save.h"
 #include "container/gzip.h"
@@ -81,10 +82,10 @@ bool mayReplaceFiles(const Shell& shell, const QString& staging, const QString& 
     const qsizetype more = there.size() - shown;
     std::sort(there.begin(), there.end());
     return shell.prompts.ShowMessage(
-               u"These files exist already in %1:\n%2%3\nDo you want to replace them?"_s.arg(
-                   folder, there.mid(0, shown).join(u'\n'),
-                   more > 0 ? u"\n... and %1 more"_s.arg(more) : QString()),
-               MessageType::YesNo, u"Extract"_s) == Answer::Yes;
+               Words::tr("These files exist already in %1:\n%2%3\nDo you want to replace them?")
+                   .arg(folder, there.mid(0, shown).join(u'\n'),
+                        more > 0 ? Words::tr("\n... and %1 more").arg(more) : QString()),
+               MessageType::YesNo, Words::tr("Extract")) == Answer::Yes;
 }
 
 Result<void> extractTo(const Shell& shell, const QString& archive, const QString& folder)
@@ -123,7 +124,7 @@ Result<void> makeList(const Shell& shell, const QString& folder)
 void tellCpioError(const Shell& shell, const Failure& failure)
 {
     (void)shell.tell(failure, [&](const QString& reason) {
-        const QString error = u"CPIO Error"_s;
+        const QString error = Words::tr("CPIO Error");
         shell.prompts.ShowMessage(reason == error ? error : error + u"\n\n"_s + reason);
     });
 }
@@ -131,14 +132,16 @@ void tellCpioError(const Shell& shell, const Failure& failure)
 void saveAssembled(const Shell& shell, const QString& made, const QString& folder)
 {
     const QString proposed = folder + u"mess"_s;
-    const QString chosen = SaveDialog(shell, folderPart(folder), u"Save assembled gfxboot as..."_s,
-                                      namePart(proposed));
+    const QString chosen = SaveDialog(
+        shell, folderPart(folder), Words::tr("Save assembled gfxboot as..."), namePart(proposed));
     if (chosen.isEmpty())
         return;
     if (chosen.compare(proposed, Qt::CaseInsensitive) == 0) {
         shell.prompts.ShowMessage(
-            u"The assembled gfxboot is kept until the program ends as\n%1\nChoose another name "
-            "to save it."_s.arg(made));
+            Words::tr(
+                "The assembled gfxboot is kept until the program ends as\n%1\nChoose another name "
+                "to save it.")
+                .arg(made));
         return;
     }
     if (shell.told(shell.files.replaceWhole(made, chosen)))
@@ -193,9 +196,10 @@ void unwrapBeside(const Shell& shell, const QString& file)
     }
     if (!stored.empty() && gzipInnerName(stored, {}) != inner)
         shell.prompts.ShowMessage(
-            u"The name inside, %1, cannot be used.\nThe contents are saved as "
-            "%2."_s.arg(QString::fromStdString(printableName(stored)), namePart(target)));
-    if (mayReplace(shell, target, {}, u"Extract"_s))
+            Words::tr("The name inside, %1, cannot be used.\nThe contents are saved as "
+                      "%2.")
+                .arg(QString::fromStdString(printableName(stored)), namePart(target)));
+    if (mayReplace(shell, target, {}, Words::tr("Extract")))
         streamTo(shell, u"UNPK"_s, file, target);
 }
 
@@ -204,11 +208,12 @@ void unwrapBeside(const Shell& shell, const QString& file)
 void mnuEdit_Extract(const Shell& shell)
 {
     const QString start = shell.run.GfxOpened ? folderPart(shell.run.GfxPath) : QDir::homePath();
-    const QString archive = ask(shell, u"File open...."_s, u"All Files (*.*)|*.*|"_s, start);
+    const QString archive =
+        ask(shell, Words::tr("File open...."), Words::tr("All Files (*.*)|*.*|"), start);
     if (archive.isEmpty())
         return;
     const QString folder =
-        shell.prompts.ChooseFolder(u"Specify the folder for gfxboot extracting"_s);
+        shell.prompts.ChooseFolder(Words::tr("Specify the folder for gfxboot extracting"));
     if (folder.isEmpty())
         return;
     (void)shell.told(extractTo(shell, shortForm(archive), shortForm(folder)));
@@ -219,16 +224,16 @@ void mnuEdit_Assemble(const Shell& shell)
     if (!shell.toolThere(shell.run.ToolCpio))
         return;
     const QString chosen =
-        shell.prompts.ChooseFolder(u"Specify the folder with gfxboot components"_s);
+        shell.prompts.ChooseFolder(Words::tr("Specify the folder with gfxboot components"));
     if (chosen.isEmpty())
         return;
     const QString folder = shortForm(chosen);
     const QString list = withSeparator(folder) + memberListName;
     const bool listed = FileExists(list);
     if (!listed) {
-        shell.prompts.ShowMessage(u"Additional Gfxboot info-file is absent.\n"
-                                  "Will be assembled all the files from the folder\n"
-                                  "Specified folder: "_s +
+        shell.prompts.ShowMessage(Words::tr("Additional Gfxboot info-file is absent.\n"
+                                            "Will be assembled all the files from the folder\n"
+                                            "Specified folder: ") +
                                   chosen);
         if (!shell.told(makeList(shell, folder)))
             return;
@@ -244,8 +249,9 @@ void mnuEdit_Assemble(const Shell& shell)
 
 void mnuT_GZip_Extract(const Shell& shell)
 {
-    const QString file = ask(shell, u"File open...."_s,
-                             u"gZip-files (*.gz)|*.gz|All files (*.*)|*.*|"_s, QDir::homePath());
+    const QString file =
+        ask(shell, Words::tr("File open...."),
+            Words::tr("gZip-files (*.gz)|*.gz|All files (*.*)|*.*|"), QDir::homePath());
     if (file.isEmpty() || !shell.toolThere(shell.run.Tool7Zip))
         return;
     unwrapBeside(shell, shortForm(file));
@@ -253,13 +259,13 @@ void mnuT_GZip_Extract(const Shell& shell)
 
 void mnuT_GZip_Pack(const Shell& shell)
 {
-    const QString file =
-        ask(shell, u"File to compress...."_s, u"All files (*.*)|*.*|"_s, QDir::homePath());
+    const QString file = ask(shell, Words::tr("File to compress...."),
+                             Words::tr("All files (*.*)|*.*|"), QDir::homePath());
     if (file.isEmpty())
         return;
     const QString target = file + u".gz"_s;
     if (FileExists(target)) {
-        shell.prompts.ShowMessage(u"File "_s + file + u".gz is already exist."_s);
+        shell.prompts.ShowMessage(Words::tr("File ") + file + Words::tr(".gz is already exist."));
         return;
     }
     if (shell.toolThere(shell.run.Tool7Zip))

@@ -4,6 +4,7 @@
 #include "base/file_names.h"
 #include "base/posix_file.h"
 #include "base/tool_output.h"
+#include "base/words.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
 
@@ -68,7 +69,7 @@ Result<void> CpioInfoExtract(const Shell& shell, const QString& archive, const Q
         {tool, QStringLiteral("INFO"), archive, folder, memberListName, suffix});
     // What a tool left that was killed or stopped may be a part of the list.
     if (!ran || !FileExists(list))
-        return reasonOf(shell, ran, archive + QStringLiteral(" is no cpio archive."));
+        return reasonOf(shell, ran, archive + Words::tr(" is no cpio archive."));
     ran = shell.tools.RunToolAndWait(
         {tool, QStringLiteral("EXTR"), archive, folder, memberListName, suffix});
     // Members need no fixed names, so there is no one file to look for: any complaint counts.
@@ -89,7 +90,7 @@ Result<void> CpioAssemble(const Shell& shell, const QString& archive, const QStr
     if (!ran)
         dropOutput(shell.files, archive);
     if (!FileExists(archive))
-        return reasonOf(shell, ran, QStringLiteral("CPIO Error"));
+        return reasonOf(shell, ran, Words::tr("CPIO Error"));
     return ran;
 }
 
@@ -114,11 +115,11 @@ Result<QString> SevenZipExtract(const Shell& shell, const QString& file, const Q
         {tool, QStringLiteral("EXTR"), file, folder, sevenZipLog, suffix});
     const Result<QByteArray> report = readBytes(log);
     if (!ran || !report || !shell.tools.lastErrorOutput().isEmpty())
-        return reasonOf(shell, ran, file + QStringLiteral(" could not be unwrapped."));
+        return reasonOf(shell, ran, file + Words::tr(" could not be unwrapped."));
     const QByteArray tail = QByteArrayLiteral("Tail Size: ");
     if (const qsizetype at = report->indexOf(tail); at >= 0)
         shell.prompts.ShowMessage(
-            QStringLiteral("%1: %2 bytes behind the end of the gzip data are ignored.")
+            Words::tr("%1: %2 bytes behind the end of the gzip data are ignored.")
                 .arg(file, QString::fromLatin1(report->mid(at + tail.size()).split('\r').first())));
     return unwrappedName(*report);
 }
@@ -139,7 +140,7 @@ Result<QString> SevenZipPack(const Shell& shell, const QString& input, const QSt
     if (!ran)
         dropOutput(shell.files, output);
     if (!FileExists(output))
-        return reasonOf(shell, ran, QStringLiteral("7-Zip Error"));
+        return reasonOf(shell, ran, Words::tr("7-Zip Error"));
     // The standard name whatever was asked for: only callers that gave no name use it.
     return standard;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "container/gfx_save.h"
 
+#include "base/words.h"
 #include "container/archive_tools.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
@@ -13,7 +14,10 @@ namespace fennel {
 
 namespace {
 
-const QString canceled = QStringLiteral("Canceled by user");
+QString canceled()
+{
+    return Words::tr("Canceled by user");
+}
 const QString archiveName = QStringLiteral("#message");
 
 QString targetOf(const RunState& run)
@@ -59,19 +63,18 @@ bool mayReplaceChanged(const Shell& shell)
     if (now.path.isEmpty() || (now.size == was.size && now.checksum == was.checksum))
         return true;
     return shell.prompts.ShowMessage(
-               QStringLiteral("%1 was changed by another program since it was opened here.\n"
-                              "Do you want to replace it with your version?")
+               Words::tr("%1 was changed by another program since it was opened here.\n"
+                         "Do you want to replace it with your version?")
                    .arg(target),
-               MessageType::YesNo, QStringLiteral("Gfxboot Save")) == Answer::Yes;
+               MessageType::YesNo, Words::tr("Gfxboot Save")) == Answer::Yes;
 }
 
 void tellNotSaved(const Shell& shell, const Failure& failure)
 {
     (void)shell.tell(failure, [&](const QString& reason) {
-        shell.prompts.ShowMessage(
-            QStringLiteral("%1 was not saved. The old file is as it was.\n\n%2")
-                .arg(shell.run.GfxFileName, reason),
-            MessageType::Stop, QStringLiteral("ERROR"));
+        shell.prompts.ShowMessage(Words::tr("%1 was not saved. The old file is as it was.\n\n%2")
+                                      .arg(shell.run.GfxFileName, reason),
+                                  MessageType::Stop, Words::tr("ERROR"));
     });
 }
 
@@ -90,16 +93,16 @@ std::optional<SaveTarget> askTarget(const Shell& shell)
     if (path.isEmpty())
         return std::nullopt;
     const Answer answer =
-        shell.prompts.ShowMessage(QStringLiteral("FENNEL-GFX is able to compress the resulting \n"
-                                                 "file in a gZip archive.\n"
-                                                 "\n"
-                                                 "To do this?"),
-                                  MessageType::YesNoCancel, QStringLiteral("Saving As..."));
+        shell.prompts.ShowMessage(Words::tr("FENNEL-GFX is able to compress the resulting \n"
+                                            "file in a gZip archive.\n"
+                                            "\n"
+                                            "To do this?"),
+                                  MessageType::YesNoCancel, Words::tr("Saving As..."));
     if (answer == Answer::Cancel)
         return std::nullopt;
     const bool compress = answer == Answer::Yes;
     const SaveTarget target{folderPart(path), savedName(namePart(path), compress), compress};
-    return mayReplace(shell, target.folder + target.name, path, QStringLiteral("Saving As..."))
+    return mayReplace(shell, target.folder + target.name, path, Words::tr("Saving As..."))
                ? std::optional(target)
                : std::nullopt;
 }
@@ -134,7 +137,7 @@ QString proposedCopyName(const QString& name)
 {
     // Up to the first point, so "message.gz" and "message" both propose "messageNew".
     const qsizetype point = name.indexOf(QLatin1Char('.'));
-    return (point < 0 ? name : name.left(point)) + QStringLiteral("New");
+    return (point < 0 ? name : name.left(point)) + Words::tr("New");
 }
 
 QString savedName(const QString& chosen, bool compress)
@@ -153,13 +156,13 @@ QString SaveDialog(const Shell& shell, const QString& folder, const QString& tit
 {
     FileQuestion question;
     question.folder = folder.isEmpty() ? shell.run.AppPath : folder;
-    question.title = title.isEmpty() ? QStringLiteral("Save gfxboot As...") : title;
-    question.filter = QStringLiteral("All Files (*.*)|*.*|");
+    question.title = title.isEmpty() ? Words::tr("Save gfxboot As...") : title;
+    question.filter = Words::tr("All Files (*.*)|*.*|");
     question.proposedName = proposedName;
     QString path = shell.prompts.saveFile(question);
     // Told, so that nobody takes a closed dialog for a save.
     if (path.isEmpty())
-        shell.prompts.ShowMessage(canceled);
+        shell.prompts.ShowMessage(canceled());
     return path;
 }
 
@@ -168,7 +171,7 @@ bool mayReplace(const Shell& shell, const QString& path, const QString& chosen,
 {
     return path == chosen || !FileExists(path) ||
            shell.prompts.ShowMessage(
-               QStringLiteral("File %1 already exists.\nDo you want to replace it?").arg(path),
+               Words::tr("File %1 already exists.\nDo you want to replace it?").arg(path),
                MessageType::YesNo, title) == Answer::Yes;
 }
 
@@ -180,7 +183,7 @@ bool GfxSave(const Shell& shell, const WriteParameters& writeParameters)
         return false;
     // With nothing open there is no Workspace, and the current folder may have such a list.
     if (shell.run.Workspace.isEmpty() || !FileExists(shell.run.Workspace + memberListName)) {
-        shell.prompts.ShowMessage(QStringLiteral("Gfxboot info is lost!"));
+        shell.prompts.ShowMessage(Words::tr("Gfxboot info is lost!"));
         return false;
     }
     if (!mayReplaceChanged(shell) || !writeParameters())
@@ -231,16 +234,15 @@ bool mayReOpen(const Shell& shell)
 {
     const QString& path = shell.run.GfxPath;
     if (!FileExists(path)) {
-        shell.prompts.ShowMessage(
-            QStringLiteral("File %1 is lost!\nMaybe your drive %2 was unplugged.")
-                .arg(path, path.left(2)));
+        shell.prompts.ShowMessage(Words::tr("File %1 is lost!\nMaybe your drive %2 was unplugged.")
+                                      .arg(path, path.left(2)));
         return false;
     }
     const Answer answer =
-        shell.prompts.ShowMessage(QStringLiteral("Your changes will be lost.\nContinue?"),
-                                  MessageType::YesNo, QStringLiteral("Gfxboot ReOpen"));
+        shell.prompts.ShowMessage(Words::tr("Your changes will be lost.\nContinue?"),
+                                  MessageType::YesNo, Words::tr("Gfxboot ReOpen"));
     if (answer != Answer::Yes)
-        shell.prompts.ShowMessage(canceled);
+        shell.prompts.ShowMessage(canceled());
     return answer == Answer::Yes;
 }
 

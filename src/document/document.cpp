@@ -3,6 +3,7 @@
 #include "document/document.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "container/member_list.h"
 #include "document/config_file.h"
 #include "params/catalogue.h"
@@ -128,13 +129,13 @@ bool Document::chooseSaveForm()
     if (lost.isEmpty())
         return true;
     Choice question;
-    question.title = QStringLiteral("Save");
-    question.text = QStringLiteral("%1 holds more than the lists show.\n"
-                                   "This would be lost or changed although nobody edited it:")
+    question.title = Words::tr("Save");
+    question.text = Words::tr("%1 holds more than the lists show.\n"
+                              "This would be lost or changed although nobody edited it:")
                         .arg(run().GfxFileName);
     question.list = lost;
-    question.answers = {QStringLiteral("Keep them as they are"),
-                        QStringLiteral("Save as the lists show"), QStringLiteral("Cancel")};
+    question.answers = {Words::tr("Keep them as they are"), Words::tr("Save as the lists show"),
+                        Words::tr("Cancel")};
     question.cancel = 2;
     const int answer = m_shell.prompts.choose(question);
     if (answer != question.cancel)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // From an older generation to the newest.
 #include "base/text.h"
+#include "base/words.h"
 #include "container/member_list.h"
 #include "document/document.h"
 #include "document/upgrade.h"
@@ -48,7 +49,7 @@ bool Document::upgrade()
     if (!run().GfxOpened || generation() == Generation::Three)
         return false;
     const WholeState before = whole();
-    const StepInfo info{u"upgrade to @ZUK-MOSA@"_s, {}, {}};
+    const StepInfo info{Words::tr("upgrade to @ZUK-MOSA@"), {}, {}};
     return changeMembers(info, [&] {
         if (!writeUpgrade())
             return false;

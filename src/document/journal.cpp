@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "document/journal.h"
 
+#include "base/failure_words.h"
+#include "base/words.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
 
@@ -207,8 +209,10 @@ void Journal::tell(const Failure& failure)
     if (m_told)
         return;
     m_told = true;
-    m_shell.prompts.ShowMessage(u"Unsaved work cannot be kept until this is mended:\n%1\n\n"
-                                "The work goes on."_s.arg(QString::fromStdString(failure.text)));
+    m_shell.prompts.ShowMessage(
+        Words::tr("Unsaved work cannot be kept until this is mended:\n%1\n\n"
+                  "The work goes on.")
+            .arg(failureWords(failure)));
 }
 
 } // namespace fennel

@@ -2,6 +2,7 @@
 #include "document/journal_files.h"
 
 #include "base/failure_kind.h"
+#include "base/failure_words.h"
 #include "base/files.h"
 #include "base/user_folders.h"
 #include "container/cpio.h"
@@ -260,7 +261,7 @@ Restorable readJournal(const QString& folder)
         if (result)
             place = *result;
         else
-            found.faults.append(QString::fromStdString(result.failure().text));
+            found.faults.append(failureWords(result.failure()));
     };
     keep(readValues(folder), found.values);
     keep(readBase(folder, found.values), found.message);

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "document/opening.h"
 
+#include "base/failure_words.h"
 #include "base/file_names.h"
 #include "base/posix_file.h"
+#include "base/words.h"
 #include "container/archive_tools.h"
 #include "container/engine_info.h"
 #include "container/gfx_save.h"
@@ -21,7 +23,7 @@ namespace {
 // People know the file that they chose, not what was unwrapped from it.
 Failure aboutFile(const Failure& failure, const QString& archive, const QString& path)
 {
-    QString text = QString::fromStdString(failure.text);
+    QString text = failureWords(failure);
     return {failure.kind, text.replace(archive, path).toStdString(), failure.told};
 }
 
@@ -103,7 +105,7 @@ Result<bool> fillFolder(const Shell& shell, const QString& path, const QString& 
 
 void showFailure(const Shell& shell, const QString& reason)
 {
-    QString text = QStringLiteral(
+    QString text = Words::tr(
         "ERROR. File back.jpg not found!\n"
         "              This is really a \"gfxboot message\"-file?\n"
         "\n"
@@ -168,8 +170,8 @@ void Opening::measureBack()
 {
     if (measureBackground(m_shell))
         return;
-    m_shell.prompts.ShowMessage(QStringLiteral("%1 is not a picture that can be shown.\n"
-                                               "The screen counts as %2x%3 until it is changed.")
+    m_shell.prompts.ShowMessage(Words::tr("%1 is not a picture that can be shown.\n"
+                                          "The screen counts as %2x%3 until it is changed.")
                                     .arg(namePart(m_shell.run.BackFile))
                                     .arg(fallbackBackWidth)
                                     .arg(fallbackBackHeight));
@@ -199,25 +201,24 @@ bool Opening::ignoresLevels() const
     if (!m_shell.run.GfxHasZuk || !engine.there || engine.readsLevels)
         return false;
     m_shell.prompts.ShowMessage(
-        QStringLiteral("The engine of the \"%1\", %2, does not read the level files ZUK????.CFG.\n"
-                       "On the boot screen it shows the background and a menu of its own, and no "
-                       "other object.")
+        Words::tr("The engine of the \"%1\", %2, does not read the level files ZUK????.CFG.\n"
+                  "On the boot screen it shows the background and a menu of its own, and no "
+                  "other object.")
             .arg(m_shell.run.GfxFileName, engine.kind == BootEngine::Sections
-                                              ? QStringLiteral("Debian's")
-                                              : QStringLiteral("an unknown one")));
+                                              ? Words::tr("Debian's")
+                                              : Words::tr("an unknown one")));
     return true;
 }
 
 bool Opening::mayUpgrade() const
 {
     return m_shell.prompts.ShowMessage(
-               QStringLiteral(
-                   "WARNING!\n\n"
-                   "  Gfxboot kernel version of the \"%1\" is obsolete!\n"
-                   "  FENNEL-GFX (GUI) can upgrade file \"init\" to the current version.\n\n"
-                   "  To do this?")
+               Words::tr("WARNING!\n\n"
+                         "  Gfxboot kernel version of the \"%1\" is obsolete!\n"
+                         "  FENNEL-GFX (GUI) can upgrade file \"init\" to the current version.\n\n"
+                         "  To do this?")
                    .arg(m_shell.run.GfxFileName),
-               MessageType::YesNo, QStringLiteral("Upgrade")) == Answer::Yes;
+               MessageType::YesNo, Words::tr("Upgrade")) == Answer::Yes;
 }
 
 void Opening::upgradeEngine()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "document/place_change.h"
 
+#include "base/words.h"
 #include "params/level_files.h"
 #include "params/object_table.h"
 #include "params/panel_values.h"
@@ -87,15 +88,16 @@ QString whyPlaceStays(const ParamState& state, int generation, int row)
         };
         return listed(panel->LeftParam) && listed(panel->TopParam)
                    ? QString()
-                   : u"%1 has no record of this place: it cannot be stored"_s.arg(panel->CfgFile);
+                   : Words::tr("%1 has no record of this place: it cannot be stored")
+                         .arg(panel->CfgFile);
     }
     const CfgDialect& names = cfgDialectOf(state.cfg);
     const bool known =
         cfgLineOf(state.cfg, names.left) >= 0 && cfgLineOf(state.cfg, names.top) >= 0;
     if (generation == 2 && known)
         return {};
-    return u"This gfxboot's engine does not know %1 and %2: the place cannot be stored"_s.arg(
-        names.left, names.top);
+    return Words::tr("This gfxboot's engine does not know %1 and %2: the place cannot be stored")
+        .arg(names.left, names.top);
 }
 
 void addMenuPlace(const ParamState& state, const PanelRec& menu, Change& change)

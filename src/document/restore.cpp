@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "document/restore.h"
 
+#include "base/words.h"
 #include "container/gfx_save.h"
 #include "params/cfg_table.h"
 
@@ -33,9 +34,11 @@ void sayOfSource(const JournalSource& source, QStringList& words)
     if (source.path.isEmpty() || isUnchanged(source))
         return;
     if (FileExists(source.path))
-        words.append(u"%1 has changed since it was opened. A save replaces it."_s.arg(source.path));
+        words.append(
+            Words::tr("%1 has changed since it was opened. A save replaces it.").arg(source.path));
     else
-        words.append(u"%1 is not there any more. A save writes it anew."_s.arg(source.path));
+        words.append(
+            Words::tr("%1 is not there any more. A save writes it anew.").arg(source.path));
 }
 
 void restoreParams(Document& document, const JournalValues& values, Change& change)
@@ -77,13 +80,14 @@ Result<Restoring> prepareRestore(const Shell& shell, const Restorable& found)
         if (found.values)
             restoring.upgraded = found.values->upgradeChoice == 1;
         else
-            restoring.words.append(u"The files are restored, without values that were not written "
-                                   "into them."_s);
+            restoring.words.append(
+                Words::tr("The files are restored, without values that were not written "
+                          "into them."));
     } else if (found.values && isUnchanged(found.values->source)) {
         restoring.path = found.values->source.path;
-        restoring.words.append(u"The values are restored into %1."_s.arg(restoring.path));
+        restoring.words.append(Words::tr("The values are restored into %1.").arg(restoring.path));
     } else {
-        restoring.words.append(u"Nothing of it can be restored."_s);
+        restoring.words.append(Words::tr("Nothing of it can be restored."));
     }
     if (found.values)
         sayOfSource(found.values->source, restoring.words);

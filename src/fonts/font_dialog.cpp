@@ -3,6 +3,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "fonts/fnt_bytes.h"
 
 #include <QSet>
@@ -15,13 +16,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString editTitle = u"Font. Edit "_s;
-const QString fromWord = u"from "_s;
+QString editTitle()
+{
+    return Words::tr("Font. Edit ");
+}
+QString fromWord()
+{
+    return Words::tr("from ");
+}
 
 // The name without the words that say bold and italic.
 QString plainName(const QString& name)
 {
-    return QString(name).remove(u" Bold"_s).remove(u" Italic"_s).remove(u" Обычный"_s);
+    return QString(name).remove(u" Bold"_s).remove(u" Italic"_s).remove(QStringLiteral(" Обычный"));
 }
 
 int codeOf(int page, int cell)
@@ -97,7 +104,7 @@ QString familyOfName(const QString& name, const QStringList& families)
     QString family = families.contains(name) ? name : QString();
     QString candidate = name;
     // The words are taken off one after the other; the last family found is the barest.
-    for (const QString& word : {u" Bold"_s, u" Italic"_s, u" Обычный"_s}) {
+    for (const QString& word : {u" Bold"_s, u" Italic"_s, QStringLiteral(" Обычный")}) {
         candidate.remove(word);
         if (families.contains(candidate))
             family = candidate;
@@ -130,7 +137,8 @@ QString nameForTool(const QString& path, const QStringList& files)
 
 QString fontExampleText(const FontFile& font)
 {
-    return u"Font name: "_s + font.name + u"\r\nFont file: "_s + font.fileName;
+    return Words::tr("Font name: ") + font.name + u"\r\n"_s + Words::tr("Font file: ") +
+           font.fileName;
 }
 
 QString pageText(int page)
@@ -164,13 +172,14 @@ QString viewCaption(int view, int page, double previewScale)
 {
     switch (view) {
     case WindowsView:
-        return u"WinFontSize"_s;
+        return Words::tr("WinFontSize");
     case ScaledView:
-        return u"Current scale ("_s + QString::number(roundToEven(previewScale * 100)) + u"%)"_s;
+        return Words::tr("Current scale (") + QString::number(roundToEven(previewScale * 100)) +
+               u"%)"_s;
     case PageView:
-        return u"Characters Page\n"_s + pageRange(page);
+        return Words::tr("Characters Page\n") + pageRange(page);
     default:
-        return u"Selected Characters"_s;
+        return Words::tr("Selected Characters");
     }
 }
 
@@ -197,27 +206,28 @@ bool offersDefault(int view)
 
 QString addFontTitle()
 {
-    return u"Font. Add"_s;
+    return Words::tr("Font. Add");
 }
 
 QString editFontTitle(const QString& member)
 {
-    return editTitle + member;
+    return editTitle() + member;
 }
 
 QString fromFontCaption(const QString& title)
 {
-    return title.startsWith(editTitle) ? fromWord + title.mid(editTitle.size()) : u"Load from..."_s;
+    return title.startsWith(editTitle()) ? fromWord() + title.mid(editTitle().size())
+                                         : Words::tr("Load from...");
 }
 
 QString fromFontHint(const QString& title)
 {
-    return title.startsWith(editTitle) ? u"Load Character Set "_s + title : title;
+    return title.startsWith(editTitle()) ? Words::tr("Load Character Set ") + title : title;
 }
 
 QString memberOfCaption(const QString& caption)
 {
-    return caption.mid(fromWord.size());
+    return caption.mid(fromWord().size());
 }
 
 } // namespace fennel

@@ -2,6 +2,7 @@
 #include "fonts/font_inspection.h"
 
 #include "base/files.h"
+#include "base/words.h"
 #include "fonts/fnt_bytes.h"
 #include "fonts/font_substitution.h"
 
@@ -49,11 +50,11 @@ std::optional<Glyph> glyphAt(const QByteArray& file, int index)
 void startInspection(FontInspection& inspection, const QString& name, const QByteArray& file)
 {
     inspection.component = name;
-    inspection.List1 = {
-        u"File name: "_s + name,
-        u"Symbols in set: %1, Fontheight:%2px, Lineheight:%3px"_s.arg(FontSymbolCount(file))
-            .arg(byteAt(file, 8))
-            .arg(byteAt(file, 10))};
+    inspection.List1 = {Words::tr("File name: ") + name,
+                        Words::tr("Symbols in set: %1, Fontheight:%2px, Lineheight:%3px")
+                            .arg(FontSymbolCount(file))
+                            .arg(byteAt(file, 8))
+                            .arg(byteAt(file, 10))};
 }
 
 QString characterRowText(const QByteArray& file, int index)
@@ -64,7 +65,7 @@ QString characterRowText(const QByteArray& file, int index)
            QChar(static_cast<char16_t>(entry.code)) + u"|UTF 0x"_s + hexPadded(entry.code, 4) +
            u'=' + decimalPadded(entry.code, 4) + u" | chr data="_s +
            decimalPadded(entry.offset, 5) + u" 0x"_s +
-           QString::number(entry.chrData, 16).toUpper() + u" ==> offset=0x"_s +
+           QString::number(entry.chrData, 16).toUpper() + Words::tr(" ==> offset=0x") +
            hexPadded(entry.offset, 4);
 }
 
@@ -105,8 +106,9 @@ CharacterView clickOnCharacter(FontInspection& inspection, const RunState& run, 
     // The name in the first row tells whether the list is one of a font member.
     if (inspection.List1.value(0).contains(u"16x16"_s))
         bitmap = GetChrBitmap(inspection, run, row - characterRow + 1);
-    view.message = u"Position in set ="_s + QString::number(row) + u'\n' +
-                   inspection.List1.value(row) + u"\n\nChr bitmap representation:\n"_s + bitmap;
+    view.message = Words::tr("Position in set =") + QString::number(row) + u'\n' +
+                   inspection.List1.value(row) + Words::tr("\n\nChr bitmap representation:\n") +
+                   bitmap;
     if (bitmap == noBitmap)
         return view;
     const Result<QByteArray> file = readBytes(run.Workspace + inspection.component);
@@ -119,7 +121,7 @@ CharacterView clickOnCharacter(FontInspection& inspection, const RunState& run, 
 
 QString rightClickText(int row)
 {
-    return u"ПЛАН: Вызов PopupMenu для List1("_s + QString::number(row) + u")\nPlanned..."_s;
+    return Words::tr("Planned: Calling PopupMenu for List1(%1)").arg(row);
 }
 
 QString middleClickText()
@@ -141,14 +143,14 @@ FontSample fontSample(const FontState& fonts, int row, const QStringList& famili
     // The stand-in is what is shown; the note above says so.
     sample.record.FontName = family.family;
     sample.face = family;
-    sample.text += u" This is an example of the font used."_s;
+    sample.text += Words::tr(" This is an example of the font used.");
     return sample;
 }
 
 OpenInspection openInspection(const RunState& run, const QString& name)
 {
     if (!run.GfxHasCfg && !run.GfxHasZuk)
-        return {u"Too old version of the gfxboot.\nFonts are not supported"_s, {}};
+        return {Words::tr("Too old version of the gfxboot.\nFonts are not supported"), {}};
     return {{}, name};
 }
 

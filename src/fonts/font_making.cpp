@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "fonts/font_making.h"
 
+#include "base/failure_words.h"
 #include "base/file_steps.h"
 #include "base/text.h"
 #include "base/tool_output.h"
+#include "base/words.h"
 #include "container/member_list.h"
 #include "fonts/fnt_bytes.h"
 #include "fonts/fnt_codec.h"
@@ -17,7 +19,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString errorTitle = u"Font creating error"_s;
+QString errorTitle()
+{
+    return Words::tr("Font creating error");
+}
 
 // A path goes whole: without its ending it could mean a neighbour.
 QString fontArgument(const QString& fileName)
@@ -39,18 +44,18 @@ QString toolReason(const Shell& shell, const Result<void>& run)
     const bool canceled = !run && run.failure().kind == FailureKind::Canceled;
     if (!said.isEmpty() && !canceled)
         return said;
-    return run ? QString() : QString::fromStdString(run.failure().text);
+    return run ? QString() : failureWords(run.failure());
 }
 
 void tellFailure(const Shell& shell, const Failure& failure)
 {
     // NotFound means here: a font came out that has no character.
     const bool empty = failure.kind == FailureKind::NotFound;
-    const QString text =
-        empty ? u"ERROR. The character set is empty"_s : u"ERROR. File could not be created"_s;
+    const QString text = empty ? Words::tr("ERROR. The character set is empty")
+                               : Words::tr("ERROR. File could not be created");
     (void)shell.tell(failure, [&](const QString& reason) {
         shell.prompts.ShowMessage(reason.isEmpty() ? text : text + u'\n' + reason, MessageType::Ok,
-                                  errorTitle);
+                                  errorTitle());
     });
 }
 
@@ -119,12 +124,13 @@ Result<QString> installChanged(const Shell& shell, const QString& rowText)
 QString refusal(const Shell& shell, const FontState& fonts, const FontCommand& command)
 {
     if (command.AddFontMode)
-        return nextFontName(fonts.rows).isEmpty() ? u"There is no number left for a further font."_s
-                                                  : QString();
+        return nextFontName(fonts.rows).isEmpty()
+                   ? Words::tr("There is no number left for a further font.")
+                   : QString();
     const ListRow* row = fonts.rows.row(command.row);
     const QString name = row != nullptr ? row->texts.value(0).trimmed() : QString();
     const bool plain = !name.isEmpty() && !name.contains(u'/') && !name.startsWith(u'.');
-    return shell.run.gfxboot_var == 3 && !plain ? u"Select the font to be changed first."_s
+    return shell.run.gfxboot_var == 3 && !plain ? Words::tr("Select the font to be changed first.")
                                                 : QString();
 }
 
@@ -233,7 +239,7 @@ std::optional<FontChange> ChangeFont(const Shell& shell, const FontState& fonts,
     // Asked before the dialog, so that nobody chooses characters for nothing.
     const QString refused = refusal(shell, fonts, command);
     if (!refused.isEmpty()) {
-        shell.prompts.ShowMessage(refused, MessageType::Ok, errorTitle);
+        shell.prompts.ShowMessage(refused, MessageType::Ok, errorTitle());
         return std::nullopt;
     }
     const std::optional<FontChoice> choice = command.askUser(

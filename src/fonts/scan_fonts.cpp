@@ -3,6 +3,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "container/member_table.h"
 #include "fonts/fnt_bytes.h"
 #include "fonts/fnt_codec.h"
@@ -54,16 +55,16 @@ bool fontsSupported(const RunState& run)
 // The later test wins: generation 3 may have a cfg file too.
 QString versionText(const RunState& run, bool tagged)
 {
-    QString text = u"Gfxboot version is too old. Font in an unsupported format. "_s;
+    QString text = Words::tr("Gfxboot version is too old. Font in an unsupported format. ");
     if (run.GfxHasCfg)
-        text = u"Gfxboot v3.3 custom. Supports one font. "_s;
+        text = Words::tr("Gfxboot v3.3 custom. Supports one font. ");
     if (run.GfxHasZuk)
-        text = u"Gfxboot @ZUK-MOSA@. Multi Font Support. "_s;
+        text = Words::tr("Gfxboot @ZUK-MOSA@. Multi Font Support. ");
     if (tagged)
         return text;
     if (fontsSupported(run))
-        text += u"\nTag @ZUK-MOSA@ is missing. "_s;
-    return text + u"\nThe real font is undefined. Will be shown of calculated font."_s;
+        text += Words::tr("\nTag @ZUK-MOSA@ is missing. ");
+    return text + Words::tr("\nThe real font is undefined. Will be shown of calculated font.");
 }
 
 void addHeading(FontState& fonts, const RunState& run, const FontFileFacts& file)
@@ -96,41 +97,48 @@ void calculate(FontRecord& record, const FontFileFacts& file, const FontScanSett
 void addFacts(FontState& fonts, FontRecord& record, const RunState& run, const FontFileFacts& file,
               const FontScanSettings& settings)
 {
-    AddFontInfoRow(fonts, u"Length"_s, QString::number(file.length), u"bytes"_s);
+    AddFontInfoRow(fonts, Words::tr("Length"), QString::number(file.length), Words::tr("bytes"));
     // Fonts of generation 1 have another format, so none of the fields below would mean anything.
     if (!fontsSupported(run)) {
-        AddFontInfoRow(fonts, u"Unsupported"_s, u"fnt"_s, u"format"_s);
+        AddFontInfoRow(fonts, Words::tr("Unsupported"), u"fnt"_s, Words::tr("format"));
         return;
     }
-    AddFontInfoRow(fonts, u"Set"_s, QString::number(file.entries), u"symbols"_s);
-    AddFontInfoRow(fonts, u"Fontheight"_s, QString::number(file.height), u"px"_s);
-    AddFontInfoRow(fonts, u"Lineheight"_s, QString::number(file.line), u"px"_s);
+    AddFontInfoRow(fonts, Words::tr("Set"), QString::number(file.entries), Words::tr("symbols"));
+    AddFontInfoRow(fonts, Words::tr("Fontheight"), QString::number(file.height), Words::tr("px"));
+    AddFontInfoRow(fonts, Words::tr("Lineheight"), QString::number(file.line), Words::tr("px"));
     calculate(record, file, settings);
 }
 
 void addCalculatedRows(FontState& fonts, const FontRecord& record)
 {
-    AddFontInfoRow(fonts, {}, u"DEFAULT"_s, record.FontName, {}, calculatedColour);
-    AddFontInfoRow(fonts, {}, u"Calculated Size"_s,
+    AddFontInfoRow(fonts, {}, Words::tr("DEFAULT"), record.FontName, {}, calculatedColour);
+    AddFontInfoRow(fonts, {}, Words::tr("Calculated Size"),
                    QString::number(record.Size, 'g', std::numeric_limits<double>::digits10) +
-                       u" pt"_s,
+                       Words::tr(" pt"),
                    {}, calculatedColour);
-    AddFontInfoRow(fonts, {}, u"Calculated LineSpace"_s,
-                   QString::number(record.LineSpace) + u" px"_s, {}, calculatedColour);
+    AddFontInfoRow(fonts, {}, Words::tr("Calculated LineSpace"),
+                   QString::number(record.LineSpace) + Words::tr(" px"), {}, calculatedColour);
 }
+
+// Keys that the program writes into tags; what another one wrote stands as it is.
+[[maybe_unused]] constexpr const char* tagKeys[] = {Words::mark("size"), Words::mark("space"),
+                                                    Words::mark("letter space"),
+                                                    Words::mark("line space")};
 
 void addTagRows(FontState& fonts, FontRecord& record, const FontFileFacts& file)
 {
     const FoundTag found = findTag(file.bytes);
     if (!found.found) {
-        AddFontInfoRow(fonts, u"@ZUK-MOSA@"_s, u"tag"_s, u"...MISSING"_s, {}, calculatedColour);
+        AddFontInfoRow(fonts, u"@ZUK-MOSA@"_s, Words::tr("tag"), Words::tr("...MISSING"), {},
+                       calculatedColour);
         addCalculatedRows(fonts, record);
         return;
     }
     const FontTag& tag = found.tag;
-    AddFontInfoRow(fonts, tag.genuine ? u"@ZUK-MOSA@"_s : u"INFO"_s, u"TAG"_s, tag.description);
+    AddFontInfoRow(fonts, tag.genuine ? u"@ZUK-MOSA@"_s : u"INFO"_s, Words::tr("TAG"),
+                   tag.description);
     for (const TagItem& item : tag.items)
-        AddFontInfoRow(fonts, {}, item.key, item.value);
+        AddFontInfoRow(fonts, {}, Words::tr(item.key.toUtf8().constData()), item.value);
     // Over the calculated values: the tag knows what the font was made from.
     applyTag(tag, record);
     if (tag.items.empty())
@@ -183,7 +191,7 @@ void ScanFonts(FontState& fonts, const RunState& run, const FontScanSettings& se
     fonts.inspection.List1.clear();
     // Emptied first, so nothing of the gfxboot before stays, also if it has no font.
     fonts.rows = ListRows();
-    fonts.rows.columns = {u"File"_s, u"Value"_s, u"Unit"_s};
+    fonts.rows.columns = {Words::tr("File"), Words::tr("Value"), Words::tr("Unit")};
     // Record n belongs to font number firstFontNumber + n; gaps stay empty records.
     fonts.table.assign(fontCount, FontRecord());
     fonts.table[0] = standardRecord(settings.defaultFontName);

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "menus/menu_list.h"
 
+#include "base/failure_words.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "menus/menu_file.h"
 #include "menus/menu_overlay.h"
 #include "params/object_table.h"
@@ -25,7 +27,7 @@ ListRow menuRow(RowKind kind, const QString& name, const QStringList& texts)
 
 QString notFound(const MenuDrive& drive, const QString& name)
 {
-    return drive.letter + u":/"_s + name + u" not found!"_s;
+    return drive.letter + u":/"_s + name + Words::tr(" not found!");
 }
 
 // The device in front goes, "(hd0,0)/boot/message" as "/boot/message".
@@ -44,7 +46,7 @@ ListRow fileRowOf(const MenuDrive& drive, const QString& name)
                 {name, drive.letter + u":\\"_s, text ? shownPath(MenuPrimary(*text)) : QString()});
     row.folder = drive.folder;
     if (!text)
-        row.tip = QString::fromStdString(text.failure().text);
+        row.tip = failureWords(text.failure());
     // Menus that set parameters stand out.
     else
         row.own = !MenuCounts(*text).endsWith(u"/0/0"_s);
@@ -75,9 +77,9 @@ void MenuListFill(const Shell& shell, const MenuDrive& drive, ListRows& list)
     shell.WriteLog(u"     1_Menu_in_ListView"_s);
     const int kept = list.selected;
     list.rows.clear();
-    list.columns = {u"Menu file"_s, u"Path"_s, u"Primary gfxmenu"_s};
+    list.columns = {Words::tr("Menu file"), Words::tr("Path"), Words::tr("Primary gfxmenu")};
     // The menu in the template, which is always there; it is what the stage shows first.
-    list.rows.push_back(menuRow(RowKind::Menu, {}, {u"Embedded"_s, u"menu"_s, {}}));
+    list.rows.push_back(menuRow(RowKind::Menu, {}, {Words::tr("Embedded"), Words::tr("menu"), {}}));
     list.rows.push_back(
         menuRow(RowKind::MenuLine, {}, {u"__________"_s, u"___"_s, u"__________"_s}));
     if (!drive.folder.isEmpty()) {
@@ -100,7 +102,7 @@ int mnuMenu_fromFlash(const Shell& shell, const MenuDrive& drive, const ListRows
                       const QString& name)
 {
     if (!shell.run.GfxOpened) {
-        shell.prompts.ShowMessage(u"First, you need to open some gfxboot"_s);
+        shell.prompts.ShowMessage(Words::tr("First, you need to open some gfxboot"));
         return 0;
     }
     const int row = menuRow(list, name);
@@ -129,7 +131,7 @@ QString MenuApply(const Shell& shell, const MenuDrive& drive, QString& CurrentMe
     if (!text) {
         // Kept, it would be told again with every gfxboot that is opened.
         CurrentMenuFile.clear();
-        shell.prompts.ShowMessage(QString::fromStdString(text.failure().text));
+        shell.prompts.ShowMessage(failureWords(text.failure()));
         return embeddedMenu;
     }
     MenuOverlay(*text, shell.run.GfxHasZuk, table);

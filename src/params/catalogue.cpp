@@ -2,6 +2,7 @@
 #include "params/catalogue.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "container/template.h"
 
 namespace fennel {
@@ -87,8 +88,9 @@ bool LoadCatalogue(const Shell& shell, ZUKarr& table)
     // A catalogue with a wrong line still serves for its other lines, but people should know.
     const int leftOut = parseCatalogue(decodeText(*bytes).text, table);
     if (leftOut > 0)
-        shell.prompts.ShowMessage(u"%1 lines of %2 name a parameter that cannot be.\n"
-                                  "They are left out."_s.arg(leftOut)
+        shell.prompts.ShowMessage(Words::tr("%1 lines of %2 name a parameter that cannot be.\n"
+                                            "They are left out.")
+                                      .arg(leftOut)
                                       .arg(path));
     return true;
 }

@@ -2,6 +2,7 @@
 #include "params/cfg_lines.h"
 
 #include "base/text.h"
+#include "base/words.h"
 
 #include <utility>
 
@@ -34,8 +35,9 @@ CfgLine activeLine(const QString& line, const QString& name, const QString& valu
 // Shown and written back, but fixed: what the engine makes of such a line is not known here.
 CfgLine wrongLine(const QString& name, const QString& value)
 {
-    return {CfgKindOfLine::Wrong, name, valueOf(value), true, u"<== WRONG PARAMETER NAME!"_s,
-            CfgComment(name),     false};
+    return {
+        CfgKindOfLine::Wrong, name, valueOf(value), true, Words::tr("<== WRONG PARAMETER NAME!"),
+        CfgComment(name),     false};
 }
 
 CfgLine offLine(const QString& line, qsizetype equals, const QString& name, const QString& value)
@@ -80,7 +82,7 @@ CfgLine hiddenLine(QStringView name)
             valueOf(CfgDefault(name)),
             true,
             CfgComment(name),
-            u"FENNEL-GFX: Perhaps this is a hidden parameter"_s,
+            Words::tr("FENNEL-GFX: Perhaps this is a hidden parameter"),
             false};
 }
 

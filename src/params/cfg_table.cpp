@@ -30,7 +30,7 @@ QString CfgDefault(QStringView name)
 QString CfgComment(QStringView name)
 {
     const CfgParam* const param = find(name);
-    return param ? param->comment.toString()
+    return param ? QString::fromLatin1(param->comment)
                  : u"<== WRONG PARAMETER NAME! \""_s + name.toString() + u'"';
 }
 

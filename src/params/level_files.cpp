@@ -3,6 +3,7 @@
 
 #include "base/shell_context.h"
 #include "base/text.h"
+#include "base/words.h"
 
 #include <optional>
 #include <set>
@@ -114,14 +115,14 @@ QStringList lossesOf(const QByteArray& bytes, const ZUKarr& table, int file)
             !told.insert(number).second)
             continue;
         const RecordPlace last = placeOf(bytes, number);
-        losses.append(QStringLiteral("%1: parameter %2%3 = %4   \u2192   dropped")
+        losses.append(Words::tr("%1: parameter %2%3 = %4   \u2192   dropped")
                           .arg(levelFileName(file))
                           .arg(number)
                           .arg(known ? u' ' + table.at(file, number).Name : QString())
                           .arg(valueAt(bytes, last.record)));
     }
     if (const qsizetype rest = bytes.size() % recordSize; rest > 0)
-        losses.append(QStringLiteral("%1: the last %2 bytes   \u2192   dropped")
+        losses.append(Words::tr("%1: the last %2 bytes   \u2192   dropped")
                           .arg(levelFileName(file))
                           .arg(rest));
     return losses;

@@ -3,6 +3,7 @@
 
 #include "base/shell_context.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "params/panel_values.h"
 
 #include <algorithm>
@@ -36,6 +37,30 @@ struct ObjectSpec {
     QStringView ids;
     QStringView ids2 = {};
     QStringView component = {};
+};
+
+// What objectCaption() makes of the names of the table.
+[[maybe_unused]] constexpr const char* captions[] = {
+    Words::mark("MenuPanel"),
+    Words::mark("MenuBar"),
+    Words::mark("ButtonsPanel"),
+    Words::mark("OptionsPanel"),
+    Words::mark("LOGO"),
+    Words::mark("Time"),
+    Words::mark("Date"),
+    Words::mark("InfoLine"),
+    Words::mark("HelpPanel"),
+    Words::mark("Sparkle №"),
+    Words::mark("RunLine"),
+    Words::mark("Glasses"),
+    Words::mark("Linear Timer"),
+    Words::mark("Circular Timer"),
+    Words::mark("Numerical Timer"),
+    Words::mark("WaitPanel"),
+    Words::mark("Animation"),
+    Words::mark("InfoPanel"),
+    Words::mark("@ZUK-MOSA@"),
+    Words::mark("nonamed Panel №"),
 };
 
 // LOGO and HelpPanel get their sizes from pictures, the sparkles their ids from their number.
@@ -253,8 +278,8 @@ void setLogoSize(const Shell& shell, PanelRec& logo)
     // Without a size the logo could not be seen or selected; the message says that it is a guess.
     if (size.isEmpty()) {
         size = {100, 50};
-        shell.prompts.ShowMessage(QStringLiteral("Logo_msk.jpg is missing or is no picture.\n"
-                                                 "The logo is shown 100 by 50 pixels large."),
+        shell.prompts.ShowMessage(Words::tr("Logo_msk.jpg is missing or is no picture.\n"
+                                            "The logo is shown 100 by 50 pixels large."),
                                   MessageType::Ok, programTitle());
     }
     logo.WidthParam = clampToI16(-size.width());
@@ -303,7 +328,12 @@ MenuTexts menuTexts(const QString& entries)
 QString objectCaption(const QString& name)
 {
     QString caption = name;
-    return caption.remove(QStringLiteral("|Panel")).replace(QLatin1Char('|'), QLatin1Char(' '));
+    caption.remove(QStringLiteral("|Panel")).replace(QLatin1Char('|'), QLatin1Char(' '));
+    // Of a family each has its number.
+    const auto digits =
+        std::find_if_not(caption.crbegin(), caption.crend(), [](QChar c) { return c.isDigit(); });
+    const qsizetype words = caption.crend() - digits;
+    return Words::tr(caption.left(words).toUtf8().constData()) + caption.mid(words);
 }
 
 void BuildPanels(const Shell& shell, ParamState& state)

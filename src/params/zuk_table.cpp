@@ -2,6 +2,7 @@
 #include "params/zuk_table.h"
 
 #include "base/shell_context.h"
+#include "base/words.h"
 
 namespace fennel {
 
@@ -60,8 +61,8 @@ std::optional<qint64> GetLevelValue(const Shell& shell, const ZUKarr& table, int
     // Told with the numbers, as the usual reason is a program older than the gfxboot.
     if (known && value == -1) {
         shell.prompts.ShowMessage(
-            QStringLiteral("Файл: %1\nParameter :%2: does not exist!\n"
-                           "Perhaps you need to update the version of the FENNEL-GFX")
+            Words::tr("File: %1\nParameter :%2: does not exist!\n"
+                      "Perhaps you need to update the version of the FENNEL-GFX")
                 .arg(levelFileName(file))
                 .arg(param),
             MessageType::Ok, programTitle());

@@ -2,6 +2,7 @@
 #include "screen/background.h"
 
 #include "base/text.h"
+#include "base/words.h"
 
 namespace fennel {
 
@@ -16,9 +17,10 @@ Failure failure(FailureKind kind, const QString& text)
 
 Failure tooLarge(const QString& path, QSize size)
 {
-    return failure(
-        FailureKind::TooLarge,
-        u"%1: %2x%3 pixels are too many to show"_s.arg(path).arg(size.width()).arg(size.height()));
+    return failure(FailureKind::TooLarge, Words::tr("%1: %2x%3 pixels are too many to show")
+                                              .arg(path)
+                                              .arg(size.width())
+                                              .arg(size.height()));
 }
 
 } // namespace
@@ -34,7 +36,7 @@ Result<void> makeScaledBack(const Shell& shell, const ResizeJpgCall& resize)
 {
     const RunState& run = shell.run;
     if (!FileExists(run.BackFile))
-        return failure(FailureKind::NotFound, u"File %1 not found"_s.arg(run.BackFile));
+        return failure(FailureKind::NotFound, Words::tr("File %1 not found").arg(run.BackFile));
     // The same work file in both branches, so whoever shows it need not know the scale.
     const QString target = run.WorkspaceRoot + scaledBackName;
     // Copied byte for byte at 100 %: going through the tool would cost quality and time.
@@ -54,7 +56,7 @@ Result<void> makeScaledBack(const Shell& shell, const ResizeJpgCall& resize)
 Result<void> checkPicture(const Shell& shell, const QString& path)
 {
     if (!FileExists(path))
-        return failure(FailureKind::NotFound, u"File %1 not found"_s.arg(path));
+        return failure(FailureKind::NotFound, Words::tr("File %1 not found").arg(path));
     const Result<FilePicture> found = shell.readPicture({path, PictureMode::Measure});
     if (!found)
         return found.failure();

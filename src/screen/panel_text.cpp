@@ -2,6 +2,7 @@
 #include "screen/panel_text.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "fonts/font_substitution.h"
 
 #include <QStringList>
@@ -136,7 +137,7 @@ QString onOffCaption(int item, bool visible)
     if (item < 1 || item > 7 || item % 2 == 0)
         return {};
     const QLatin1StringView key = keys[static_cast<std::size_t>(item / 2)];
-    return (visible ? u"Hide "_s : u"Show "_s) + key + u" button"_s;
+    return (visible ? Words::tr("Hide %1 button") : Words::tr("Show %1 button")).arg(key);
 }
 
 QString WrapPanelText(const QString& text, int limit, const MeasureText& measure, int mostLines)

@@ -2,6 +2,7 @@
 #include "screen/scale_rules.h"
 
 #include "base/text.h"
+#include "base/words.h"
 
 #include <algorithm>
 #include <cmath>
@@ -56,9 +57,10 @@ double zoomedScale(double scale, int steps, QSize background)
 
 QString customScalePrompt(QSize screen, QSize background, double scale, QSize picture)
 {
-    return u"Screen size: "_s + sizeText(screen) + u"\nReal background size: "_s +
-           sizeText(background) + u"\nCurrent scale: "_s + QString::number(scale * 100, 'f', 2) +
-           u"%\nScreen background size: "_s + sizeText(picture) + u"\nEnter your scale (1-100%) "_s;
+    return Words::tr("Screen size: ") + sizeText(screen) + Words::tr("\nReal background size: ") +
+           sizeText(background) + Words::tr("\nCurrent scale: ") +
+           QString::number(scale * 100, 'f', 2) + Words::tr("%\nScreen background size: ") +
+           sizeText(picture) + Words::tr("\nEnter your scale (1-100%) ");
 }
 
 FillResult fillScale(const FillRoom& room, int backWidth, int backHeight)

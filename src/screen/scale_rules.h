@@ -3,6 +3,8 @@
 // boot-screen pixel, percentages a hundred times that.
 #pragma once
 
+#include "base/words.h"
+
 #include <QRect>
 #include <QSize>
 #include <QString>
@@ -14,21 +16,30 @@ namespace fennel {
 // The entries of the menu "Scales"; the index of each item is its percentage.
 struct ScaleEntry {
     int percent;
-    const char16_t* caption;
+    const char* caption; // see Words
 };
-inline constexpr std::array<ScaleEntry, 9> scaleEntries = {{{33, u"1/3 (33%)"},
-                                                            {50, u"1/2 (50%)"},
-                                                            {66, u"2/3 (66%)"},
-                                                            {75, u"3/4 (75%)"},
-                                                            {90, u"90%"},
-                                                            {125, u"5/4 (125%)"},
-                                                            {133, u"4/3 (133%)"},
-                                                            {150, u"3/2 (150%)"},
-                                                            {200, u"200%"}}};
+inline constexpr std::array<ScaleEntry, 9> scaleEntries = {{{33, "1/3 (33%)"},
+                                                            {50, "1/2 (50%)"},
+                                                            {66, "2/3 (66%)"},
+                                                            {75, "3/4 (75%)"},
+                                                            {90, "90%"},
+                                                            {125, "5/4 (125%)"},
+                                                            {133, "4/3 (133%)"},
+                                                            {150, "3/2 (150%)"},
+                                                            {200, "200%"}}};
 
-inline const QString minimalSizeText = QStringLiteral("Minimal size is 400x300");
-inline const QString tooSmallText = QStringLiteral("The scale is too small");
-inline const QString customScaleTitle = QStringLiteral("Custom scale");
+inline QString minimalSizeText()
+{
+    return Words::tr("Minimal size is 400x300");
+}
+inline QString tooSmallText()
+{
+    return Words::tr("The scale is too small");
+}
+inline QString customScaleTitle()
+{
+    return Words::tr("Custom scale");
+}
 
 // True if the picture, now shown in the given size at `scale`, would be larger than 399 by 299 at
 // the percentage.

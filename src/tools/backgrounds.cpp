@@ -2,6 +2,7 @@
 #include "tools/backgrounds.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
 #include "tools/picture_import.h"
@@ -76,7 +77,7 @@ bool isThere(const Shell& shell, const QString& path)
 {
     if (FileExists(path))
         return true;
-    shell.prompts.ShowMessage(u"File "_s + namePart(path) + u" not found"_s);
+    shell.prompts.ShowMessage(Words::tr("File ") + namePart(path) + Words::tr(" not found"));
     return false;
 }
 
@@ -95,14 +96,14 @@ constexpr std::array screenModes = {
 std::optional<QSize> askForMode(const Shell& shell)
 {
     const std::optional<QString> answer = shell.prompts.input(
-        u"All Boot Managers (such Grub4DOS) allow VESA-compatible graphics modes only.\n"
-        "   1. 320x200\n"
-        "   2. 640x480\n"
-        "   3. 800x600\n"
-        "   4. 1024x768\n"
-        "   5. 1280x1024\n"
-        "Specify number of graphics mode."_s,
-        u"Gfxboot Resize"_s, u"3"_s);
+        Words::tr("All Boot Managers (such Grub4DOS) allow VESA-compatible graphics modes only.\n"
+                  "   1. 320x200\n"
+                  "   2. 640x480\n"
+                  "   3. 800x600\n"
+                  "   4. 1024x768\n"
+                  "   5. 1280x1024\n"
+                  "Specify number of graphics mode."),
+        Words::tr("Gfxboot Resize"), u"3"_s);
     const double number = leadingNumber(answer.value_or(QString()));
     // A closed dialog, an empty answer and a typed 0 all mean "no".
     if (number == 0.0)
@@ -129,14 +130,16 @@ constexpr std::array<MonitorRow, 3> monitorRows = {{
 std::optional<double> askForMonitor(const Shell& shell, QSize screen)
 {
     Choice choice;
-    choice.title = u"16:9 support"_s;
-    choice.text = u"On which monitor will the screen of %1 x %2 be shown?\n"
+    choice.title = Words::tr("16:9 support");
+    choice.text =
+        Words::tr("On which monitor will the screen of %1 x %2 be shown?\n"
                   "All backgrounds and logos are stretched vertically for it; what a background\n"
-                  "loses above and below is cut off. Undo brings them back."_s.arg(screen.width())
-                      .arg(screen.height());
+                  "loses above and below is cut off. Undo brings them back.")
+            .arg(screen.width())
+            .arg(screen.height());
     for (const MonitorRow& row : monitorRows)
         choice.answers.append(QString::fromUtf16(row.caption));
-    choice.answers.append(u"Cancel"_s);
+    choice.answers.append(Words::tr("Cancel"));
     choice.cancel = static_cast<int>(monitorRows.size());
     const int answer = shell.prompts.choose(choice);
     if (answer < 0 || answer >= choice.cancel)
@@ -146,7 +149,8 @@ std::optional<double> askForMonitor(const Shell& shell, QSize screen)
     constexpr double visible = 1.01;
     if (factor > visible)
         return factor;
-    shell.prompts.ShowMessage(u"The screen is as wide as that monitor: there is nothing to do."_s);
+    shell.prompts.ShowMessage(
+        Words::tr("The screen is as wide as that monitor: there is nothing to do."));
     return std::nullopt;
 }
 
@@ -228,13 +232,9 @@ void mnuEdit_Resize(const Shell& shell, PictureHost& host)
     if (!shell.run.GfxOpened)
         return;
     shell.prompts.ShowMessage(
-        u"It is planned that this menu item will be scaled to all the components\n"
-        "(panels, images, fonts).\n"
-        "Currently offered to scale the background only.\n"
-        "_________________________________\n"
-        "Планируется, что этот пункт меню будет масштабировать все компоненты\n"
-        "(панели, картинки, шрифты).\n"
-        "Пока предлагается масштабировать только фон.\n"_s);
+        Words::tr("It is planned that this menu item will be scaled to all the components\n"
+                  "(panels, images, fonts).\n"
+                  "Currently offered to scale the background only.\n"));
     const std::optional<QSize> size = askForMode(shell);
     if (!size || *size == QSize(shell.run.BackWidth, shell.run.BackHeight))
         return;
@@ -251,14 +251,15 @@ void mnuEdit_Resize(const Shell& shell, PictureHost& host)
 
 void mnuEdit_16x9Support(const Shell& shell, PictureHost& host)
 {
-    shell.prompts.ShowMessage(u"When the gfxboot is used on a wide-screen monitors without \n"
-                              "resolution with the proportion of 16:9 (or 16:10, or ...), we\n"
-                              "can see the geometric distortion of the graphics.\n"
-                              "This occurs because the gfxboot works outside of the operating\n"
-                              "system and has no support from the drivers. The gfxboot can\n"
-                              "use only the VESA-modes.\n"
-                              "To remove distortions, is necessary to stretch the images \n"
-                              "vertically in the process of preparing."_s);
+    shell.prompts.ShowMessage(
+        Words::tr("When the gfxboot is used on a wide-screen monitors without \n"
+                  "resolution with the proportion of 16:9 (or 16:10, or ...), we\n"
+                  "can see the geometric distortion of the graphics.\n"
+                  "This occurs because the gfxboot works outside of the operating\n"
+                  "system and has no support from the drivers. The gfxboot can\n"
+                  "use only the VESA-modes.\n"
+                  "To remove distortions, is necessary to stretch the images \n"
+                  "vertically in the process of preparing."));
     if (!shell.run.GfxOpened)
         return;
     const QSize screen(shell.run.BackWidth, shell.run.BackHeight);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/boot_image.h"
 
+#include "base/words.h"
 #include "tools/child_process.h"
 
 #include <QFile>
@@ -43,10 +44,10 @@ const QStringList syslinuxFolders = {u"/usr/lib/syslinux/modules/bios/"_s,
 
 Failure missing(const QString& name, const QString& package)
 {
-    return {
-        FailureKind::NotFound,
-        u"%1 is missing, which the boot test needs: install the package %2."_s.arg(name, package)
-            .toStdString()};
+    return {FailureKind::NotFound,
+            Words::tr("%1 is missing, which the boot test needs: install the package %2.")
+                .arg(name, package)
+                .toStdString()};
 }
 
 QByteArray oneLine(const QString& title)
@@ -263,7 +264,8 @@ void BootImage::next()
     connect(m_process.get(), &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)
             fail({FailureKind::ToolFailed,
-                  (namePart(m_process->program()) + u" could not be started."_s).toStdString()});
+                  (namePart(m_process->program()) + Words::tr(" could not be started."))
+                      .toStdString()});
     });
     connect(m_process.get(), &QProcess::finished, this, [this](int code) {
         if (code == 0 && m_process->exitStatus() == QProcess::NormalExit) {
@@ -273,9 +275,10 @@ void BootImage::next()
             return;
         }
         const QString said = QString::fromUtf8(m_process->readAllStandardError()).trimmed();
-        fail({FailureKind::ToolFailed, u"%1 could not make the image of the boot test.\n%2"_s
-                                           .arg(namePart(m_process->program()), said.right(1500))
-                                           .toStdString()});
+        fail(
+            {FailureKind::ToolFailed, Words::tr("%1 could not make the image of the boot test.\n%2")
+                                          .arg(namePart(m_process->program()), said.right(1500))
+                                          .toStdString()});
     });
     m_process->start();
 }

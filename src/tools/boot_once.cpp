@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/boot_once.h"
 
+#include "base/words.h"
+
 #include <QEventLoop>
 
 #include <algorithm>
@@ -115,7 +117,8 @@ Result<BootResult> bootOnce(const Shell& shell, const BootOrder& order, Progress
     for (const QString& name : order.keys) {
         const std::optional<QString> key = bootKey(name);
         if (!key)
-            return Failure{FailureKind::Malformed, u"\"%1\" is no key."_s.arg(name).toStdString()};
+            return Failure{FailureKind::Malformed,
+                           Words::tr("\"%1\" is no key.").arg(name).toStdString()};
         keys.append(*key);
     }
     QEventLoop loop;

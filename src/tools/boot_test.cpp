@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/boot_test.h"
 
+#include "base/words.h"
 #include "tools/kvm.h"
 #include "tools/qemu_advice.h"
 
@@ -31,7 +32,8 @@ BootTest::BootTest(const Shell& shell, BootLimits limits, QObject* parent)
     connect(&m_look, &QTimer::timeout, this, &BootTest::look);
     m_patience.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, [this] {
-        setState(BootState::Hanging, u"The boot does not come to rest. This is what it shows."_s);
+        setState(BootState::Hanging,
+                 Words::tr("The boot does not come to rest. This is what it shows."));
     });
 }
 
@@ -106,11 +108,11 @@ QString BootTest::words() const
 {
     switch (m_state) {
     case BootState::Making:
-        return u"Making the image ..."_s;
+        return Words::tr("Making the image ...");
     case BootState::Booting:
-        return m_kvm ? u"Booting ..."_s : u"Booting without KVM ..."_s;
+        return m_kvm ? Words::tr("Booting ...") : Words::tr("Booting without KVM ...");
     case BootState::Standing:
-        return m_words.isEmpty() ? u"The boot screen stands."_s : m_words;
+        return m_words.isEmpty() ? Words::tr("The boot screen stands.") : m_words;
     default:
         return m_words;
     }
@@ -152,13 +154,13 @@ void BootTest::listen()
     BootMachine* machine = m_machine.get();
     connect(machine, &BootMachine::ended, this, &BootTest::onEnd);
     connect(machine, &BootMachine::shutDown, this, [this](bool restart) {
-        m_farewell = restart ? u"The guest restarted the machine."_s
-                             : u"The guest switched the machine off."_s;
+        m_farewell = restart ? Words::tr("The guest restarted the machine.")
+                             : Words::tr("The guest switched the machine off.");
     });
     connect(machine, &BootMachine::halted, this, [this] {
         m_machine->askFault([this](bool fault) {
             if (fault)
-                leaveKvm(u"it stopped with an internal error"_s);
+                leaveKvm(Words::tr("it stopped with an internal error"));
         });
     });
 }
@@ -215,7 +217,7 @@ void BootTest::rest(BootState state)
     if (m_bootMs == 0)
         m_bootMs = m_clock.elapsed();
     const TextMeaning meaning = state == BootState::Text ? meaningOf(m_text) : TextMeaning{};
-    const QString unknown = u"The boot ended in text mode."_s;
+    const QString unknown = Words::tr("The boot ended in text mode.");
     setState(state, state != BootState::Text     ? QString()
                     : meaning.sentence.isEmpty() ? unknown
                                                  : meaning.sentence);
@@ -230,18 +232,19 @@ void BootTest::checkLife()
         return;
     if (m_life.hasExpired(m_rest.begun() ? m_limits.kvmPictureMs : m_limits.kvmStartMs) &&
         !m_rest.drawn())
-        leaveKvm(u"its processor does next to nothing"_s);
+        leaveKvm(Words::tr("its processor does next to nothing"));
 }
 
 void BootTest::leaveKvm(const QString& reason)
 {
     if (!m_kvm) {
-        fail(failure(FailureKind::ToolFailed, u"The guest stopped: "_s + reason + u'.'));
+        fail(failure(FailureKind::ToolFailed, Words::tr("The guest stopped: ") + reason + u'.'));
         return;
     }
     m_kvm = false;
     m_shell.run.KvmFails = true;
-    m_shell.WriteLog(u"      KVM does not work here, "_s + reason + u": again without it."_s);
+    m_shell.WriteLog(u"      KVM does not work here, "_s + reason +
+                     Words::tr(": again without it."));
     leave(m_machine);
     bootImage();
 }
@@ -251,13 +254,13 @@ void BootTest::onEnd(const QString& said)
     m_look.stop();
     m_patience.stop();
     if (m_kvm && m_bootMs == 0 && m_farewell.isEmpty()) {
-        leaveKvm(u"QEMU ended"_s + (said.isEmpty() ? QString() : u" ("_s + said + u')'));
+        leaveKvm(Words::tr("QEMU ended") + (said.isEmpty() ? QString() : u" ("_s + said + u')'));
         return;
     }
     if (m_farewell.isEmpty() && m_watched)
-        m_farewell = u"QEMU's window was closed."_s;
+        m_farewell = Words::tr("QEMU's window was closed.");
     if (m_farewell.isEmpty()) {
-        fail(failure(FailureKind::ToolFailed, u"QEMU ended.\n"_s + said));
+        fail(failure(FailureKind::ToolFailed, Words::tr("QEMU ended.\n") + said));
         return;
     }
     leave(m_machine);
@@ -342,7 +345,7 @@ void BootTest::refuseWindow(const QString& said)
 {
     leave(m_window);
     const QString hint = qemuAdvice(said);
-    Q_EMIT watchFailed(failure(FailureKind::ToolFailed, u"QEMU's window did not open.\n"_s +
+    Q_EMIT watchFailed(failure(FailureKind::ToolFailed, Words::tr("QEMU's window did not open.\n") +
                                                             (hint.isEmpty() ? said : hint)));
 }
 

@@ -2,6 +2,7 @@
 #include "tools/drives.h"
 
 #include "base/text.h"
+#include "base/words.h"
 
 #include <algorithm>
 
@@ -16,7 +17,10 @@ constexpr int firstFreeIndex = 3; // D
 // Behind four blanks, see refreshLetter().
 constexpr qsizetype letterPlace = 4; // of an entry's caption
 // Compared without the blank that kindLabel() puts behind it.
-const QString removableLabel = QStringLiteral("Removable drive");
+QString removableLabel()
+{
+    return kindLabel(VolumeKind::Removable).trimmed();
+}
 
 QChar letterAt(int index)
 {
@@ -150,7 +154,7 @@ void Drives::refreshLetter(int index, const Letters& letters, bool notify, bool 
         if (!connected && m_shell.run.CurrentFlashChar == 'A' + index)
             mnuFlash_UnCheckAll();
     }
-    if (now.DriveKind.trimmed() == removableLabel) {
+    if (now.DriveKind.trimmed() == removableLabel()) {
         m_entries.push_back({letterAt(index),
                              u"    "_s + letterAt(index) + u":   "_s + now.VolumeName,
                              toolTipOf(*volume), m_shell.run.CurrentFlashChar == 'A' + index});
@@ -162,9 +166,10 @@ void Drives::refreshLetter(int index, const Letters& letters, bool notify, bool 
 
 void Drives::tell(const DriveRecord& record, bool connected) const
 {
-    m_shell.prompts.ShowMessage((connected ? u"Connected drive "_s : u"Disconnected drive "_s) +
-                                record.Letter + u":\nType: "_s + record.DriveKind.trimmed() +
-                                u"\nVolumeName: "_s + record.VolumeName);
+    m_shell.prompts.ShowMessage(
+        (connected ? Words::tr("Connected drive ") : Words::tr("Disconnected drive ")) +
+        record.Letter + Words::tr(":\nType: ") + record.DriveKind.trimmed() +
+        Words::tr("\nVolumeName: ") + record.VolumeName);
 }
 
 void Drives::mountsChanged()
@@ -256,13 +261,13 @@ void Drives::mnuFlash_FlashArr(int entry)
 void Drives::showMenusOf(QChar letter)
 {
     FlashMenus menus;
-    menus.selectCaption = u"Select MENU from flash drive "_s + letter + u':';
+    menus.selectCaption = Words::tr("Select MENU from flash drive ") + letter + u':';
     const QString folder = folderOf(letter.unicode());
     if (!folder.isEmpty())
         menus.entries = filesLike(folder, u"*.lst"_s);
     menus.anyFile = !menus.entries.isEmpty();
     if (!menus.anyFile)
-        menus.entries = {u"No \"*.lst\" files"_s};
+        menus.entries = {Words::tr("No \"*.lst\" files")};
     m_host.showFlashMenus(menus);
 }
 
@@ -303,8 +308,8 @@ const ImageDrive* Drives::flashImage() const
 void Drives::mnuFlash_Choose() const
 {
     m_shell.prompts.ShowMessage(
-        u"Just select one of the flash drive listed below.\nFor this flash drive (named "
-        "\"Current Flash\") you can run QEMU"_s);
+        Words::tr("Just select one of the flash drive listed below.\nFor this flash drive (named "
+                  "\"Current Flash\") you can run QEMU"));
 }
 
 void Drives::mnuFlash_GetINFO()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/flash_qemu.h"
 
+#include "base/words.h"
 #include "tools/kvm.h"
 #include "tools/video_bios.h"
 
@@ -65,9 +66,10 @@ bool QemuRun::mayBoot() const
 {
     if (m_shell.run.CurrentFlashDisk >= 1)
         return true;
-    m_shell.prompts.ShowMessage(u"For the safety of your Operating System FENNEL-GFX can\n"
-                                "run QEMU only for removable disks.\n\n"
-                                "Choose one of them as \"Current Flash\" from menu \"Flash\""_s);
+    m_shell.prompts.ShowMessage(
+        Words::tr("For the safety of your Operating System FENNEL-GFX can\n"
+                  "run QEMU only for removable disks.\n\n"
+                  "Choose one of them as \"Current Flash\" from menu \"Flash\""));
     m_host.enableQemuStart(false);
     return false;
 }
@@ -122,8 +124,8 @@ bool QemuRun::launch(qint64& pid)
     process.setProcessEnvironment(environment);
     if (process.startDetached(&pid))
         return true;
-    m_shell.prompts.ShowMessage(namePart(m_shell.run.ToolQemu) + u" could not be started.\n"_s +
-                                process.errorString());
+    m_shell.prompts.ShowMessage(namePart(m_shell.run.ToolQemu) +
+                                Words::tr(" could not be started.\n") + process.errorString());
     return false;
 }
 
@@ -205,8 +207,8 @@ void QemuRun::onEnd()
 void QemuRun::tellFailure()
 {
     const QString said = lastLines(logText());
-    const QString text = u"Strange! It took about 5 seconds, \nand QEMU does not start. \n"
-                         "Perhaps there was an error."_s +
+    const QString text = Words::tr("Strange! It took about 5 seconds, \nand QEMU does not start. \n"
+                                   "Perhaps there was an error.") +
                          (said.isEmpty() ? QString() : u"\n\n"_s + said);
     m_host.whenIdle([&prompts = m_shell.prompts, text] { prompts.ShowMessage(text); });
 }

@@ -2,6 +2,7 @@
 #include "tools/image_commands.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "container/gfx_save.h"
 #include "tools/picture_import.h"
 #include "tools/picture_shape.h"
@@ -16,7 +17,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString canceledMessage = u"Canceled by user"_s;
+QString canceledMessage()
+{
+    return Words::tr("Canceled by user");
+}
 
 // On Windows the name has a blank at its end, which the file system there drops.
 const QString resizedName = u"tmp.jpg"_s;
@@ -25,7 +29,7 @@ QString pictureOrMessage(const Shell& shell, const QString& filter)
 {
     QString file = askForPicture(shell, filter);
     if (file.isEmpty())
-        shell.prompts.ShowMessage(canceledMessage);
+        shell.prompts.ShowMessage(canceledMessage());
     return file;
 }
 
@@ -39,12 +43,15 @@ int askForLength(const Shell& shell, const QString& text, const QString& propose
     return answer ? roundToEven(std::clamp(leadingNumber(*answer), least, most)) : none;
 }
 
-const QString resizedMessage = u"The resulting image is placed in the Clipboard\n"
-                               "You can:\n"
-                               "1. Save the clipboard as jpg-file\n"
-                               "   Tools/NConvert/Save Clipboard as jpg...\n"
-                               "2. Or set it as background \n"
-                               "   Edit/Set Clipboard as background"_s;
+QString resizedMessage()
+{
+    return Words::tr("The resulting image is placed in the Clipboard\n"
+                     "You can:\n"
+                     "1. Save the clipboard as jpg-file\n"
+                     "   Tools/NConvert/Save Clipboard as jpg...\n"
+                     "2. Or set it as background \n"
+                     "   Edit/Set Clipboard as background");
+}
 
 int numberOf(const QString& text)
 {
@@ -57,11 +64,11 @@ void toClipboard(const Shell& shell, PictureClipboard& clipboard, const QString&
 {
     const Result<FilePicture> picture = shell.readPicture({output});
     if (!picture) {
-        shell.prompts.ShowMessage(namePart(output) + u" cannot be loaded."_s);
+        shell.prompts.ShowMessage(namePart(output) + Words::tr(" cannot be loaded."));
         return;
     }
     clipboard.setPicture(picture->image);
-    shell.prompts.ShowMessage(resizedMessage);
+    shell.prompts.ShowMessage(resizedMessage());
     // The commands that use the clipboard's picture look for it under this name.
     shell.told(shell.files.rename(output, shell.run.WorkspaceRoot + clipboardJpgName));
 }
@@ -70,8 +77,8 @@ void toClipboard(const Shell& shell, PictureClipboard& clipboard, const QString&
 
 void mnuT_NConvert_Clipboard(const Shell& shell, const PictureClipboard& clipboard)
 {
-    QString chosen =
-        SaveDialog(shell, QDir::homePath(), u"Save Clipboard image as..."_s, clipboardJpgName);
+    QString chosen = SaveDialog(shell, QDir::homePath(), Words::tr("Save Clipboard image as..."),
+                                clipboardJpgName);
     if (chosen.isEmpty())
         return;
     // The dialog does not add the ending by itself on every desktop.
@@ -79,7 +86,7 @@ void mnuT_NConvert_Clipboard(const Shell& shell, const PictureClipboard& clipboa
     if (!chosen.endsWith(u".jpg"_s, Qt::CaseInsensitive))
         chosen += u".jpg"_s;
     if (!shell.toolThere(shell.run.ToolNConvert) ||
-        !mayReplace(shell, chosen, answer, u"Save Clipboard image as..."_s))
+        !mayReplace(shell, chosen, answer, Words::tr("Save Clipboard image as...")))
         return;
     const QString output = shell.run.WorkspaceRoot + clipboardJpgName;
     // Other than PictureFromClipboard() on purpose: a little smaller.
@@ -89,7 +96,7 @@ void mnuT_NConvert_Clipboard(const Shell& shell, const PictureClipboard& clipboa
                           u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-o"_s, output},
                          clipboard);
     // Over a work file, so a file of the user's is only replaced by a whole picture.
-    if (toldTool(shell, emptyClipboardMessage, made) &&
+    if (toldTool(shell, emptyClipboardMessage(), made) &&
         shell.told(shell.files.replaceWhole(output, chosen)))
         shell.told(shell.files.remove(output));
 }
@@ -97,19 +104,20 @@ void mnuT_NConvert_Clipboard(const Shell& shell, const PictureClipboard& clipboa
 void mnuT_NConvert_Convert(const Shell& shell)
 {
     const QString file = pictureOrMessage(
-        shell, u"NonJPG Files |*.bmp;*.png;*.pcx;*.gif;*.tif;*.tga;*.cur;*.jpeg;*.ico|"_s);
+        shell, Words::tr("NonJPG Files |*.bmp;*.png;*.pcx;*.gif;*.tif;*.tga;*.cur;*.jpeg;*.ico|"));
     if (!file.isEmpty())
         CreateJpg(shell, file);
 }
 
 void mnuT_NConvert_Crop(const Shell& shell, PictureClipboard& clipboard)
 {
-    const QString file = pictureOrMessage(shell, u"jpg-files (*.jpg)|*.jpg|"_s);
+    const QString file = pictureOrMessage(shell, Words::tr("jpg-files (*.jpg)|*.jpg|"));
     if (file.isEmpty())
         return;
     const std::optional<QSize> size = uprightSize(shell, file);
     const std::optional<QString> typed = shell.prompts.input(
-        u"Left, top, width and height of the part to keep, in pixels:"_s, u"Crop picture"_s,
+        Words::tr("Left, top, width and height of the part to keep, in pixels:"),
+        Words::tr("Crop picture"),
         size ? u"0 0 %1 %2"_s.arg(size->width()).arg(size->height()) : u"0 0 800 600"_s);
     const QStringList numbers =
         typed.value_or(QString()).replace(u',', u' ').simplified().split(u' ', Qt::SkipEmptyParts);
@@ -117,7 +125,7 @@ void mnuT_NConvert_Crop(const Shell& shell, PictureClipboard& clipboard)
     const int width = numberOf(numbers.value(2));
     const int height = numberOf(numbers.value(3));
     if (numbers.size() != needed || width < 1 || height < 1) {
-        shell.prompts.ShowMessage(canceledMessage);
+        shell.prompts.ShowMessage(canceledMessage());
         return;
     }
     const QString output = shell.run.WorkspaceRoot + resizedName;
@@ -127,16 +135,17 @@ void mnuT_NConvert_Crop(const Shell& shell, PictureClipboard& clipboard)
 
 void mnuT_NConvert_Resize(const Shell& shell, PictureClipboard& clipboard)
 {
-    const QString file = pictureOrMessage(shell, u"jpg-files (*.jpg)|*.jpg|"_s);
+    const QString file = pictureOrMessage(shell, Words::tr("jpg-files (*.jpg)|*.jpg|"));
     if (file.isEmpty())
         return;
-    const int width = askForLength(shell, u"Enter new width (0=Cancel)"_s, u"800"_s, 0);
+    const int width = askForLength(shell, Words::tr("Enter new width (0=Cancel)"), u"800"_s, 0);
     // Not asked if the width was cancelled.
     const int height =
-        width < 1 ? -1 : askForLength(shell, u"Enter new height (0=Cancel)"_s, u"600"_s, -1);
+        width < 1 ? -1
+                  : askForLength(shell, Words::tr("Enter new height (0=Cancel)"), u"600"_s, -1);
     // A height of 0 goes on: it follows from the width.
     if (width < 1 || height < 0) {
-        shell.prompts.ShowMessage(canceledMessage);
+        shell.prompts.ShowMessage(canceledMessage());
         return;
     }
     const QString output = shell.run.WorkspaceRoot + resizedName;

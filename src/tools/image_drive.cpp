@@ -2,6 +2,7 @@
 #include "tools/image_drive.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "tools/boot_image.h"
 #include "tools/stick_save.h"
 
@@ -39,7 +40,7 @@ Result<void> runMtool(const QStringList& arguments)
         process.exitCode() == 0)
         return {};
     const QString reason = QString::fromLocal8Bit(process.readAllStandardError()).trimmed();
-    return Failure{FailureKind::ToolFailed, (u"mcopy: "_s + reason).toStdString()};
+    return Failure{FailureKind::ToolFailed, (QStringLiteral("mcopy: ") + reason).toStdString()};
 }
 
 QString imageArgument(const ImageDrive& image)
@@ -88,12 +89,14 @@ Result<ImageDrive> openImageDrive(const Shell& shell, const QString& path)
         return tool.failure();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return Failure{FailureKind::Io,
-                       (u"%1 cannot be opened: %2"_s.arg(path, file.errorString())).toStdString()};
+        return Failure{
+            FailureKind::Io,
+            (Words::tr("%1 cannot be opened: %2").arg(path, file.errorString())).toStdString()};
     const std::optional<qint64> offset = fatOffset(file.read(headSize));
     if (!offset)
-        return Failure{FailureKind::Unsupported,
-                       (u"%1 is no disk image with a FAT file system."_s.arg(path)).toStdString()};
+        return Failure{
+            FailureKind::Unsupported,
+            (Words::tr("%1 is no disk image with a FAT file system.").arg(path)).toStdString()};
     const ImageDrive image{path, *offset, shell.run.WorkspaceRoot + imageFolder};
     if (Result<void> removed = shell.files.removeFolder(image.folder); !removed)
         return removed.failure();

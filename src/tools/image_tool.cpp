@@ -2,6 +2,7 @@
 #include "tools/image_tool.h"
 
 #include "base/tool_output.h"
+#include "base/words.h"
 #include "tools/picture_limits.h"
 
 #include <QBuffer>
@@ -12,7 +13,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString toolErrorMessage = u"Perhaps nconvert error..."_s;
+QString toolErrorMessage()
+{
+    return Words::tr("Perhaps nconvert error...");
+}
 
 // Of every picture that goes into a gfxboot; what is made for other uses says its own.
 const QString jpegQuality = u"85"_s;
@@ -110,7 +114,7 @@ bool BackToXpm(const Shell& shell)
         {u"-overwrite"_s, u"-blur"_s, u"25"_s, u"-colors"_s, u"14"_s, u"-out"_s, u"xpm"_s,
          u"-resize"_s, u"640"_s, u"480"_s, u"-dpi"_s, u"72"_s, u"-o"_s, output, shell.run.BackFile},
         output);
-    return toldTool(shell, toolErrorMessage, made).ok();
+    return toldTool(shell, toolErrorMessage(), made).ok();
 }
 
 bool XpmToGif(const Shell& shell)
@@ -123,7 +127,7 @@ bool XpmToGif(const Shell& shell)
                                              {u"-overwrite"_s, u"-out"_s, u"gif"_s, u"-o"_s, output,
                                               shell.run.WorkspaceRoot + splashXpmName},
                                              output);
-    return toldTool(shell, toolErrorMessage, made).ok();
+    return toldTool(shell, toolErrorMessage(), made).ok();
 }
 
 bool CreateJpg(const Shell& shell, const QString& file)
@@ -132,7 +136,7 @@ bool CreateJpg(const Shell& shell, const QString& file)
     const QString target = withEnding(file, u".jpg"_s);
     // Never over a picture of the user's: it stands outside the Workspace.
     if (FileExists(target)) {
-        shell.prompts.ShowMessage(u"Jpg file already exist!\n"_s + target);
+        shell.prompts.ShowMessage(Words::tr("Jpg file already exist!\n") + target);
         return false;
     }
     if (!shell.toolThere(shell.run.ToolNConvert))
@@ -143,7 +147,7 @@ bool CreateJpg(const Shell& shell, const QString& file)
                        {u"-out"_s, u"jpeg"_s, u"-truecolors"_s, u"-q"_s, jpegQuality, u"-dpi"_s,
                         u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s, u"-o"_s, output, shortForm(file)},
                        output);
-    return toldTool(shell, toolErrorMessage, made) &&
+    return toldTool(shell, toolErrorMessage(), made) &&
            shell.told(shell.files.rename(output, target)) && FileExists(target);
 }
 
@@ -158,7 +162,7 @@ bool PictureFromClipboard(const Shell& shell, const PictureClipboard& clipboard)
                           jpegQuality, u"-dpi"_s, u"72"_s, u"-rexifthumb"_s, u"-rmeta"_s, u"-o"_s,
                           shell.run.WorkspaceRoot + clipboardJpgName},
                          clipboard);
-    return toldTool(shell, emptyClipboardMessage, made).ok();
+    return toldTool(shell, emptyClipboardMessage(), made).ok();
 }
 
 Result<void> ResizeJpg(const Shell& shell, int width, int height, const QString& source,
@@ -167,9 +171,9 @@ Result<void> ResizeJpg(const Shell& shell, int width, int height, const QString&
     shell.WriteLog(u"      ncovert.resize: "_s + source);
     if (Result<void> there = shell.toolThere(shell.run.ToolNConvert); !there)
         return there;
-    Result<void> made =
-        Failure{FailureKind::Unsupported,
-                (u"A picture cannot be resized into its own file: "_s + source).toStdString()};
+    Result<void> made = Failure{
+        FailureKind::Unsupported,
+        (Words::tr("A picture cannot be resized into its own file: ") + source).toStdString()};
     // The output is removed before the tool runs, which would be the end of the source.
     if (!isSameFile(source, target))
         made = runPictureTool(shell,
@@ -180,17 +184,17 @@ Result<void> ResizeJpg(const Shell& shell, int width, int height, const QString&
                                               u"-o"_s, target, source},
                               target);
     return toldTool(shell,
-                    toolErrorMessage + u"\nNconvert is sensitive to certain characters in the path."
-                                       u"\nFor example \"#\", \"&\", \"$\""_s,
+                    toolErrorMessage() +
+                        Words::tr("\nNconvert is sensitive to certain characters in the path."
+                                  "\nFor example \"#\", \"&\", \"$\""),
                     made);
 }
 
 void FileEditPlanned(const Shell& shell, const QString& name, const QString& folder)
 {
     Q_UNUSED(folder)
-    shell.prompts.ShowMessage(u"Вы хотите изменить Size файла: "_s + name);
-    shell.prompts.ShowMessage(
-        u"Запланированы действия...Crop/Resize/Waterproof/Brightness\nPlanned...\n"_s);
+    shell.prompts.ShowMessage(Words::tr("You want to change the size of the file: ") + name);
+    shell.prompts.ShowMessage(Words::tr("Planned...Crop/Resize/Waterproof/Brightness\n"));
 }
 
 } // namespace fennel

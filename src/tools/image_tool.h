@@ -8,6 +8,7 @@
 #pragma once
 
 #include "base/shell_context.h"
+#include "base/words.h"
 
 #include <QImage>
 #include <QString>
@@ -63,7 +64,9 @@ Result<void> runClipboardTool(const Shell& shell, const QStringList& arguments,
 // Tells a failure as this message, with its reason in a line below, and passes it on.
 Result<void> toldTool(const Shell& shell, const QString& text, const Result<void>& made);
 
-inline const QString emptyClipboardMessage =
-    QStringLiteral("Perhaps the Clipboard is empty or contains no image data.");
+inline QString emptyClipboardMessage()
+{
+    return Words::tr("Perhaps the Clipboard is empty or contains no image data.");
+}
 
 } // namespace fennel

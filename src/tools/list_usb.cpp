@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The part of Drives that asks the tool ListUsbDrives.
+#include "base/words.h"
 #include "tools/drives.h"
 #include "tools/list_usb_report.h"
 
@@ -44,8 +45,8 @@ Result<void> Drives::runListUsb(int driveChar, bool setDisk)
         (void)m_shell.files.remove(report);
         const Failure failure = ran ? Failure{FailureKind::ToolFailed, {}} : ran.failure();
         return m_shell.tell(failure, [this](const QString& reason) {
-            m_shell.prompts.ShowMessage(reason.isEmpty() ? u"ERROR..."_s
-                                                         : u"ERROR...\n"_s + reason);
+            m_shell.prompts.ShowMessage(reason.isEmpty() ? Words::tr("ERROR...")
+                                                         : Words::tr("ERROR...\n") + reason);
         });
     }
     const Result<QByteArray> bytes = readBytes(report);
@@ -92,7 +93,8 @@ void Drives::takeReport(const QString& text, int driveChar, bool setDisk)
         QString shown = block.text;
         for (const int disk : block.disks)
             shown.prepend(u"PhysicalDrive= %1\n"_s.arg(disk));
-        m_shell.prompts.ShowMessage(shown, MessageType::Ok, u"FENNEL-GFX. USB Drives INFO"_s);
+        m_shell.prompts.ShowMessage(shown, MessageType::Ok,
+                                    Words::tr("FENNEL-GFX. USB Drives INFO"));
     }
 }
 

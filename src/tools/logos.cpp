@@ -3,6 +3,7 @@
 
 #include "base/picture_tool.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
 #include "tools/image_tool.h"
@@ -27,7 +28,7 @@ bool maskThere(const Shell& shell)
 {
     if (FileExists(shell.run.Workspace + logoMaskName))
         return true;
-    shell.prompts.ShowMessage(u"File "_s + logoMaskName + u" not found"_s);
+    shell.prompts.ShowMessage(Words::tr("File ") + logoMaskName + Words::tr(" not found"));
     return false;
 }
 
@@ -65,12 +66,15 @@ bool keepOutline(const Shell& shell, FileSteps& steps, const QString& file, QSiz
         return true;
     enum OutlineAnswer { TakeOutline, KeepMask, CancelOutline };
     Choice choice;
-    choice.title = u"Transparent logo"_s;
-    choice.text = u"%1 has transparent parts.\n"
+    choice.title = Words::tr("Transparent logo");
+    choice.text =
+        Words::tr("%1 has transparent parts.\n"
                   "Its outline can become the shape of all logos (%2, where half transparent\n"
                   "pixels stay half transparent). Otherwise the present shape stays, and what is\n"
-                  "transparent becomes black."_s.arg(namePart(file), logoMaskName);
-    choice.answers = {u"Take its outline"_s, u"Keep the shape"_s, u"Cancel"_s};
+                  "transparent becomes black.")
+            .arg(namePart(file), logoMaskName);
+    choice.answers = {Words::tr("Take its outline"), Words::tr("Keep the shape"),
+                      Words::tr("Cancel")};
     choice.cancel = CancelOutline;
     const int answer = shell.prompts.choose(choice);
     if (answer == TakeOutline)
@@ -112,10 +116,11 @@ int lengthFrom(QStringView text)
 std::optional<QSize> askForLogoSize(const Shell& shell, QSize present)
 {
     const QString proposed = u"%1x%2"_s.arg(present.width()).arg(present.height());
-    QString answer = shell.prompts
-                         .input(u"Specify the dimensions of LOGO.\nFormat:   WIDTH x HEIGHT"_s,
-                                u"LOGO Resize"_s, proposed)
-                         .value_or(QString());
+    QString answer =
+        shell.prompts
+            .input(Words::tr("Specify the dimensions of LOGO.\nFormat:   WIDTH x HEIGHT"),
+                   Words::tr("LOGO Resize"), proposed)
+            .value_or(QString());
     answer = answer.toLower().remove(u' ');
     const qsizetype cross = answer.indexOf(u'x');
     // The present size, an empty answer or no size at all: nothing to do.
@@ -132,7 +137,7 @@ void ChangeLogoMember(const Shell& shell, PictureHost& host, const QString& name
     if (!shell.run.GfxHasZuk)
         return;
     if (!FileExists(shell.run.Workspace + name))
-        shell.prompts.ShowMessage(u"File "_s + name + u" not found"_s);
+        shell.prompts.ShowMessage(Words::tr("File ") + name + Words::tr(" not found"));
     else if (maskThere(shell))
         ChangePictureMember(shell, host, name);
 }
@@ -167,8 +172,9 @@ void mnuEDIT_ADDLogo(const Shell& shell, PictureHost& host)
     FileSteps steps(shell);
     if (!ImportLogo(shell, host, steps, chosen, folder + logoMaskName, folder + logo))
         return;
-    if (newText && !shell.told(steps.write(
-                       folder + text, toCp1251(u"This txt-file is associated with "_s + logo))))
+    if (newText &&
+        !shell.told(steps.write(folder + text,
+                                toCp1251(Words::tr("This txt-file is associated with ") + logo))))
         return;
     // One rewriting of "#.lst" takes in the logo, and the text if that is new too.
     // Inside the steps: a logo that is in no list would be missing after the save.

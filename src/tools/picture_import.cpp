@@ -2,6 +2,7 @@
 #include "tools/picture_import.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "tools/image_tool.h"
 #include "tools/picture_size.h"
 
@@ -23,7 +24,7 @@ QString askForPicture(const Shell& shell, const QString& filter)
 {
     FileQuestion question;
     question.folder = picturesFolder();
-    question.title = u"File open...."_s;
+    question.title = Words::tr("File open....");
     question.filter = filter;
     question.picture = true;
     return shell.prompts.openFile(question);
@@ -86,7 +87,7 @@ QString nextNumber(const Shell& shell, const QStringList& rows, const QString& p
     }
     if (number <= 100 + lastMemberNumber)
         return QString::number(number).right(2);
-    shell.prompts.ShowMessage(u"There is no free number left for a new file "_s + pattern);
+    shell.prompts.ShowMessage(Words::tr("There is no free number left for a new file ") + pattern);
     return {};
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "base/file_steps.h"
+#include "base/words.h"
 
 #include <QSize>
 
@@ -15,12 +16,14 @@ QString picturesFolder();
 
 // What the dialogue offers. The ending is a hint: what a file is, the picture tool finds by its
 // content when it is imported.
-inline const QString anyPictureFilter =
-    QStringLiteral("All picture Files |*.jpg;*.bmp;*.png;*.pcx;*.gif;*.tif;*.tga;*.cur;*.jpeg;"
-                   "*.ico|jpg-files (*.jpg)|*.jpg|");
+inline QString anyPictureFilter()
+{
+    return Words::tr("All picture Files |*.jpg;*.bmp;*.png;*.pcx;*.gif;*.tif;*.tga;*.cur;*.jpeg;"
+                     "*.ico|jpg-files (*.jpg)|*.jpg|");
+}
 
 // The chosen picture's path, or an empty string.
-QString askForPicture(const Shell& shell, const QString& filter = anyPictureFilter);
+QString askForPicture(const Shell& shell, const QString& filter = anyPictureFilter());
 
 // Scales the picture `source` to `size` pixels and puts it at `target`. The new file is made in
 // WorkspaceRoot first, so `source` may be `target` or a kept copy of it. False, with the user told,

@@ -3,6 +3,7 @@
 
 #include "base/picture_tool.h"
 #include "base/text.h"
+#include "base/words.h"
 
 #include <algorithm>
 #include <array>
@@ -20,23 +21,32 @@ constexpr double alike = 0.02;    // proportions that nobody sees to differ
 constexpr QSize smallestScreen(320, 200);
 constexpr QSize largestScreen(1920, 1200);
 
-const QString shapeText = u"%1 is %2 x %3 pixels, but %4 x %5 are needed: another shape."_s;
-const QString wholeScreenText =
-    u"\n\nWhole screen: every background gets %1 x %2. A boot loader shows only the sizes that\n"
-    "the graphics card knows (VESA modes, such as 800 x 600 or 1024 x 768)."_s;
-const QString shapeTitle = u"Picture of another shape"_s;
+QString shapeText()
+{
+    return Words::tr("%1 is %2 x %3 pixels, but %4 x %5 are needed: another shape.");
+}
+QString wholeScreenText()
+{
+    return Words::tr(
+        "\n\nWhole screen: every background gets %1 x %2. A boot loader shows only the sizes that\n"
+        "the graphics card knows (VESA modes, such as 800 x 600 or 1024 x 768).");
+}
+QString shapeTitle()
+{
+    return Words::tr("Picture of another shape");
+}
 
 struct ShapeRow {
-    const char16_t* caption;
+    const char* caption;    // see Words
     const char16_t* option; // null: nothing of the sort
 };
 // In the order of the buttons.
 constexpr std::array<ShapeRow, 5> shapeRows = {{
-    {u"Stretch", u"stretch"},
-    {u"Crop", u"crop"},
-    {u"Fit", u"fit"},
-    {u"Whole screen", nullptr},
-    {u"Cancel", nullptr},
+    {Words::mark("Stretch"), u"stretch"},
+    {Words::mark("Crop"), u"crop"},
+    {Words::mark("Fit"), u"fit"},
+    {Words::mark("Whole screen"), nullptr},
+    {Words::mark("Cancel"), nullptr},
 }};
 constexpr std::size_t wholeScreenRow = 3;
 constexpr std::size_t cancelRow = 4;
@@ -69,20 +79,21 @@ std::optional<ShapeAnswer> askForShape(const Shell& shell, const QString& pictur
     const bool whole =
         screen && own->boundedTo(largestScreen) == *own && own->expandedTo(smallestScreen) == *own;
     Choice choice;
-    choice.title = shapeTitle;
-    choice.text = shapeText.arg(namePart(picture))
+    choice.title = shapeTitle();
+    choice.text = shapeText()
+                      .arg(namePart(picture))
                       .arg(own->width())
                       .arg(own->height())
                       .arg(size.width())
                       .arg(size.height());
     if (whole)
-        choice.text += wholeScreenText.arg(own->width()).arg(own->height());
+        choice.text += wholeScreenText().arg(own->width()).arg(own->height());
     std::vector<std::size_t> rows;
     for (std::size_t row = 0; row < shapeRows.size(); ++row) {
         if (row == wholeScreenRow && !whole)
             continue;
         rows.push_back(row);
-        choice.answers.append(QString::fromUtf16(shapeRows[row].caption));
+        choice.answers.append(Words::tr(shapeRows[row].caption));
     }
     choice.usual = 1;
     choice.cancel = static_cast<int>(choice.answers.size()) - 1;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/screen_watch.h"
 
+#include "base/words.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -35,26 +37,31 @@ constexpr int equalTexts = 60;
 
 struct KnownText {
     const char16_t* part;
-    const char16_t* meaning;
+    const char* meaning; // see Words
     bool certain;
 };
 // The first that is found counts.
 constexpr KnownText knownTexts[] = {
     {u"invalid file format",
-     u"The loader does not take the message: it has no working boot engine (the member init), or "
-     u"is no plain archive. syslinux boots no gzipped message.",
+     Words::mark("The loader does not take the message: it has no working boot engine (the member "
+                 "init), or "
+                 "is no plain archive. syslinux boots no gzipped message."),
      true},
     {u"Error setting up gfxboot",
-     u"The boot engine gave up: it found no screen mode that suits, or too little memory.", true},
-    {u"Could not find kernel", u"The menu booted an entry; there is nothing behind it here.", true},
-    {u"No bootable device", u"The menu booted an entry; there is nothing behind it here.", true},
-    {u"gfxboot.c32: not a COM32R image", u"gfxboot.c32 and syslinux are of different versions.",
+     Words::mark(
+         "The boot engine gave up: it found no screen mode that suits, or too little memory."),
      true},
-    {u"Failed to load", u"The loader could not load one of its own files.", true},
-    {u"Missing operating system", u"The stick of the test does not boot.", true},
-    {u"Out of memory", u"The message does not fit into the memory.", true},
-    {u"boot:", u"The loader waits at its own prompt: the menu was left.", false},
-    {u"grub>", u"The loader waits at its own prompt: the menu was left.", false},
+    {u"Could not find kernel",
+     Words::mark("The menu booted an entry; there is nothing behind it here."), true},
+    {u"No bootable device",
+     Words::mark("The menu booted an entry; there is nothing behind it here."), true},
+    {u"gfxboot.c32: not a COM32R image",
+     Words::mark("gfxboot.c32 and syslinux are of different versions."), true},
+    {u"Failed to load", Words::mark("The loader could not load one of its own files."), true},
+    {u"Missing operating system", Words::mark("The stick of the test does not boot."), true},
+    {u"Out of memory", Words::mark("The message does not fit into the memory."), true},
+    {u"boot:", Words::mark("The loader waits at its own prompt: the menu was left."), false},
+    {u"grub>", Words::mark("The loader waits at its own prompt: the menu was left."), false},
 };
 
 // The next number of a PPM's head, and the place behind it.
@@ -143,7 +150,7 @@ TextMeaning meaningOf(const QStringList& text)
             return line.contains(part, Qt::CaseInsensitive);
         });
         if (found)
-            return {QString::fromUtf16(known.meaning), known.certain};
+            return {Words::tr(known.meaning), known.certain};
     }
     return {};
 }

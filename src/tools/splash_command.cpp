@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/splash_command.h"
 
+#include "base/words.h"
 #include "container/archive_tools.h"
 #include "container/gfx_save.h"
 #include "tools/image_tool.h"
@@ -20,13 +21,14 @@ const QString packedName = u"~splash.xpm.gz"_s;
 
 void mnuFile_Splash(const Shell& shell)
 {
-    const QString chosen =
-        SaveDialog(shell, QDir::homePath(), u"Save splashimage as..."_s, u"Splash"_s);
+    const QString chosen = SaveDialog(shell, QDir::homePath(), Words::tr("Save splashimage as..."),
+                                      Words::tr("Splash"));
     if (chosen.isEmpty())
         return;
     const bool named = namePart(chosen).endsWith(ending, Qt::CaseInsensitive);
     const QString target = named ? chosen : chosen + ending;
-    if (!mayReplace(shell, target, chosen, u"Save splashimage as..."_s) || !BackToXpm(shell))
+    if (!mayReplace(shell, target, chosen, Words::tr("Save splashimage as...")) ||
+        !BackToXpm(shell))
         return;
     const QString& folder = shell.run.WorkspaceRoot;
     const Result<QString> packed = SevenZipPack(shell, folder + splashXpmName, folder, packedName);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/video_bios.h"
 
+#include "base/words.h"
+
 namespace fennel {
 
 namespace {
@@ -82,12 +84,13 @@ void chooseBios(const Shell& shell, VideoBios bios, BiosStates& states)
 
 void mnuT_Qemu_BIOS(const Shell& shell)
 {
-    shell.prompts.ShowMessage(u"Some gfxboots, for example @ZUK-MOSA@, use video memory.\n"
-                              "If video memory is not sufficient, then gfxboot @ZUK-MOSA@\n"
-                              "disables some visual effects.\n"
-                              "To receive a report about the amount of main and graphics\n"
-                              "memory, press \"Ins\" key, while the gfxboot @ZUK-MOSA@\n"
-                              "is working"_s);
+    shell.prompts.ShowMessage(
+        Words::tr("Some gfxboots, for example @ZUK-MOSA@, use video memory.\n"
+                  "If video memory is not sufficient, then gfxboot @ZUK-MOSA@\n"
+                  "disables some visual effects.\n"
+                  "To receive a report about the amount of main and graphics\n"
+                  "memory, press \"Ins\" key, while the gfxboot @ZUK-MOSA@\n"
+                  "is working"));
 }
 
 // Of the other two, whether the standard BIOS is there decides, chosen or not.

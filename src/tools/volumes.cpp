@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/volumes.h"
 
+#include "base/words.h"
 #include "tools/block_devices.h"
 #include "tools/mount_table.h"
 
@@ -228,15 +229,15 @@ QString kindLabel(VolumeKind kind)
 {
     switch (kind) {
     case VolumeKind::Removable:
-        return u"Removable drive "_s;
+        return Words::tr("Removable drive ");
     case VolumeKind::Local:
-        return u"Local drive "_s;
+        return Words::tr("Local drive ");
     case VolumeKind::Network:
-        return u"Network drive "_s;
+        return Words::tr("Network drive ");
     case VolumeKind::CdRom:
-        return u"CD-ROM drive "_s;
+        return Words::tr("CD-ROM drive ");
     case VolumeKind::Ram:
-        return u"RAM drive "_s;
+        return Words::tr("RAM drive ");
     }
     return {};
 }

@@ -99,7 +99,7 @@ TEST_F(LevelFiles, FallThroughTheLayers)
 
     cell = {};
     cell.DefValue = -1;
-    shell.prompts.expectMessage(u"Файл: ZUK0003.CFG\nParameter :5: does not exist!\n"_s);
+    shell.prompts.expectMessage(u"File: ZUK0003.CFG\nParameter :5: does not exist!\n"_s);
     EXPECT_EQ(GetLevelValue(shell.shell, state.ZUKarr, 3, 5, LayerCfg), -1);
     EXPECT_EQ(shell.prompts.titles.last(), u"FENNEL-GFX"_s);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/boot/boot_compare.h"
 
+#include "base/words.h"
+#include "editor/window/retranslated.h"
 #include "tools/boot_once.h"
 
 #include <QKeyEvent>
@@ -59,6 +61,7 @@ QString guestKey(const QKeyEvent& event)
 BootCompare::BootCompare(QWidget* parent) : QWidget(parent)
 {
     setObjectName(u"BootCompare"_s);
+    sayName(this, Words::mark("Preview and booted screen"));
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(firstSize / 2);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

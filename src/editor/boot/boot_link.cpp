@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/boot/boot_link.h"
 
+#include "base/failure_words.h"
+#include "base/words.h"
 #include "editor/boot/boot_window.h"
 #include "editor/commands/handlers.h"
 #include "editor/window/flash_link.h"
@@ -18,8 +20,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString bootSection = u"Boot test"_s;
-const QString loaderKey = u"Loader"_s;
+const QString bootSection = QStringLiteral("Boot test");
+const QString loaderKey = QStringLiteral("Loader");
 constexpr double ticksPerSecond = 18.2;
 
 } // namespace
@@ -73,14 +75,14 @@ QString BootLink::loader() const
 void BootLink::chooseLoader()
 {
     FileQuestion question;
-    question.title = u"Grub4DOS loader of the boot test (grldr)"_s;
+    question.title = Words::tr("Grub4DOS loader of the boot test (grldr)");
     question.folder = folderPart(loader());
-    question.filter = u"Grub4DOS loader (grldr*)|grldr*|All files|*|"_s;
+    question.filter = Words::tr("Grub4DOS loader (grldr*)|grldr*|All files|*|");
     const QString path = m_window.shell().prompts.openFile(question);
     m_window.workbench().store.save(bootSection, loaderKey, path);
     m_window.shell().prompts.ShowMessage(path.isEmpty()
-                                             ? u"The boot test boots with syslinux."_s
-                                             : u"The boot test boots with %1."_s.arg(path));
+                                             ? Words::tr("The boot test boots with syslinux.")
+                                             : Words::tr("The boot test boots with %1.").arg(path));
 }
 
 // Of the menu in force; empty for the embedded one.
@@ -150,8 +152,8 @@ QString BootLink::blackReason() const
         readJpegHead({bytes->constData(), static_cast<std::size_t>(bytes->size())});
     const Result<void> boots = head ? checkBootable(*head) : head.failure();
     return boots ? QString()
-                 : u"%1 stays black on the boot screen: %2"_s.arg(
-                       namePart(path), QString::fromStdString(boots.failure().text));
+                 : Words::tr("%1 stays black on the boot screen: %2")
+                       .arg(namePart(path), failureWords(boots.failure()));
 }
 
 // With the preview of the same moment, for what moves. Before the menu stands there is nothing to

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "editor/boot/boot_window.h"
 
+#include "base/words.h"
+#include "editor/window/retranslated.h"
+
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -21,23 +24,32 @@ constexpr QRgb markColour = qRgba(255, 0, 128, 255);
 struct KeyButton {
     const char16_t* caption;
     const char16_t* key; // QEMU's name
-    const char16_t* tip;
+    const char* tip;     // see Words
 };
 constexpr KeyButton keyButtons[] = {
-    {u"◀", u"left", u"Left"},   {u"▲", u"up", u"Up"},         {u"▼", u"down", u"Down"},
-    {u"▶", u"right", u"Right"}, {u"Enter", u"ret", u"Enter"}, {u"Esc", u"esc", u"Escape"},
-    {u"F1", u"f1", u"F1"},      {u"F2", u"f2", u"F2"},
+    {u"◀", u"left", Words::mark("Left")},
+    {u"▲", u"up", Words::mark("Up")},
+    {u"▼", u"down", Words::mark("Down")},
+    {u"▶", u"right", Words::mark("Right")},
+    {u"Enter", u"ret", Words::mark("Enter")},
+    {u"Esc", u"esc", Words::mark("Escape")},
+    {u"F1", u"f1", "F1"},
+    {u"F2", u"f2", "F2"},
 };
 
 } // namespace
 
 BootWindow::BootWindow(QWidget* parent)
     : QWidget(parent, Qt::Window), m_compare(new BootCompare(this)), m_keys(makeKeys()),
-      m_words(new QLabel(this)), m_share(new QLabel(this)),
-      m_mark(new QCheckBox(tr("Mark differences"), this))
+      m_words(new QLabel(this)), m_share(new QLabel(this)), m_mark(new QCheckBox(this))
 {
     setObjectName(u"BootWindow"_s);
-    setWindowTitle(tr("Boot test: preview at the left of the line, booted screen at the right"));
+    retranslated(this, [this] {
+        setWindowTitle(
+            Words::tr("Boot test: preview at the left of the line, booted screen at the right"));
+        showDifference();
+    });
+    sayText(m_mark, Words::mark("Mark differences"));
     m_words->setObjectName(u"BootWords"_s);
     m_words->setWordWrap(true);
     m_share->setObjectName(u"BootDifference"_s);
@@ -72,7 +84,11 @@ QWidget* BootWindow::makeKeys()
         const QString name = QString::fromUtf16(key.key);
         button->setObjectName(u"BootKey_"_s + name);
         button->setText(QString::fromUtf16(key.caption));
-        button->setToolTip(tr("%1 goes to the booted menu").arg(QString::fromUtf16(key.tip)));
+        retranslated(button, [button, tip = key.tip] {
+            const QString says = Words::tr("%1 goes to the booted menu").arg(Words::tr(tip));
+            button->setToolTip(says);
+            button->setAccessibleName(says);
+        });
         button->setFocusPolicy(Qt::NoFocus); // the keyboard stays with the guest
         connect(button, &QToolButton::clicked, this, [this, name] { Q_EMIT keyPressed(name); });
         row->addWidget(button);
@@ -85,17 +101,20 @@ QWidget* BootWindow::makeButtons()
     auto* buttons = new QWidget(this);
     auto* row = new QHBoxLayout(buttons);
     row->setContentsMargins(0, 0, 0, 0);
-    const auto add = [&](const QString& name, const QString& caption, const QString& tip) {
-        auto* button = new QPushButton(caption, buttons);
+    const auto add = [&](const QString& name, const char* caption, const char* tip) {
+        auto* button = new QPushButton(buttons);
+        sayText(button, caption);
         button->setObjectName(name);
-        button->setToolTip(tip);
+        retranslated(button, [button, tip] { button->setToolTip(Words::tr(tip)); });
         button->setFocusPolicy(Qt::NoFocus);
         row->addWidget(button);
         return button;
     };
-    m_again = add(u"BootAgain"_s, tr("Boot again"), tr("Boots what is on the stage now"));
-    m_watch = add(u"BootWatch"_s, tr("Watch"), tr("Opens the running guest in QEMU's window"));
-    m_cancel = add(u"BootCancel"_s, tr("Cancel"), tr("Ends the guest"));
+    m_again = add(u"BootAgain"_s, Words::mark("Boot again"),
+                  Words::mark("Boots what is on the stage now"));
+    m_watch = add(u"BootWatch"_s, Words::mark("Watch"),
+                  Words::mark("Opens the running guest in QEMU's window"));
+    m_cancel = add(u"BootCancel"_s, Words::mark("Cancel"), Words::mark("Ends the guest"));
     connect(m_again, &QPushButton::clicked, this, &BootWindow::againWanted);
     connect(m_watch, &QPushButton::clicked, this, &BootWindow::watchWanted);
     connect(m_cancel, &QPushButton::clicked, this, &QWidget::close);
@@ -121,7 +140,9 @@ void BootWindow::showWords(const QString& words, bool fault)
     m_words->setText(words);
     QPalette colours = palette();
     if (fault)
-        colours.setColor(QPalette::WindowText, QColor(0xC0, 0x20, 0x20));
+        colours.setColor(QPalette::WindowText, colours.color(QPalette::Window).lightness() > 127
+                                                   ? QColor(0xB0, 0x18, 0x18)
+                                                   : QColor(0xFF, 0x90, 0x90));
     m_words->setPalette(colours);
 }
 
@@ -135,7 +156,7 @@ void BootWindow::showDifference()
         return;
     }
     const PictureDifference difference = differenceOf(m_preview, m_booted, markColour);
-    m_share->setText(tr("%1 % of the pixels differ").arg(difference.share * 100, 0, 'f', 2));
+    m_share->setText(Words::tr("%1 % of the pixels differ").arg(difference.share * 100, 0, 'f', 2));
     m_compare->setMarks(m_mark->isChecked() ? difference.marks : QImage());
 }
 
@@ -143,7 +164,7 @@ void BootWindow::enable(bool awake, bool watchable, bool running)
 {
     m_keys->setEnabled(awake);
     m_watch->setEnabled(watchable);
-    m_cancel->setText(running ? tr("Cancel") : tr("Close"));
+    m_cancel->setText(running ? Words::tr("Cancel") : Words::tr("Close"));
 }
 
 void BootWindow::fitToPictures()

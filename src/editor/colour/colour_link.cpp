@@ -2,6 +2,7 @@
 #include "editor/colour/colour_link.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "editor/colour/colour_tools.h"
 #include "editor/colour/pipette.h"
 #include "editor/commands/handlers.h"
@@ -29,8 +30,8 @@ void ColourLink::connectControls()
     connect(m_pipette, &Pipette::sampled, this, &ColourLink::onSample);
     connect(m_pipette, &Pipette::finished, this, &ColourLink::onPicked);
     connect(m_pipette, &Pipette::failed, this, [this](const QString& reason) {
-        m_window.shell().prompts.ShowMessage(tr("No colour can be picked from the screen here.\n") +
-                                             reason);
+        m_window.shell().prompts.ShowMessage(
+            Words::tr("No colour can be picked from the screen here.\n") + reason);
     });
     ColourTools& tools = m_window.colourTools();
     connect(&tools, &ColourTools::fillChanged, this, &ColourLink::setFill);
@@ -92,14 +93,15 @@ void ColourLink::writeParam(int param, const ParamValue& value, const QString& w
 void ColourLink::setFill(QRgb colour)
 {
     if (const PanelRec* rec = record())
-        writeParam(rec->BackParam, ParamValue{colour & 0xFFFFFFU, true, {}}, u"colour of %1"_s);
+        writeParam(rec->BackParam, ParamValue{colour & 0xFFFFFFU, true, {}},
+                   Words::tr("colour of %1"));
     showControls(m_window.stageLink().stage().ColourPanel);
 }
 
 void ColourLink::setTransparency(int value)
 {
     if (const PanelRec* rec = record())
-        writeParam(rec->TranspParam, ParamValue{value, false, {}}, u"transparency of %1"_s);
+        writeParam(rec->TranspParam, ParamValue{value, false, {}}, Words::tr("transparency of %1"));
     showControls(m_window.stageLink().stage().ColourPanel);
 }
 
@@ -115,7 +117,7 @@ void ColourLink::setFileValues()
     const qint64 fill = table.GetLevelValue(file, rec->BackParam, LayerCfg).value_or(-1);
     const qint64 transp = table.GetLevelValue(file, rec->TranspParam, LayerCfg).value_or(-1);
     // Both come back at once, and go at once when that is undone.
-    StepInfo info{u"colours of %1"_s.arg(objectCaption(rec->Name)), {}, {}};
+    StepInfo info{Words::tr("colours of %1").arg(objectCaption(rec->Name)), {}, {}};
     info.place.object = m_window.stageLink().stage().ColourPanel;
     m_window.document().beginGesture(info);
     if (controls.fill && fill >= 0)
@@ -146,7 +148,7 @@ void ColourLink::askText()
     m_window.colourTools().newJourney();
     if (chosen)
         writeParam(rec->TextParam, ParamValue{chosen->rgb() & 0xFFFFFFU, true, {}},
-                   u"text colour of %1"_s);
+                   Words::tr("text colour of %1"));
 }
 
 void ColourLink::askValue()

@@ -2,6 +2,9 @@
 #include "editor/colour/colour_tools.h"
 
 #include "base/text.h"
+#include "base/words.h"
+#include "editor/window/retranslated.h"
+#include "params/swatch.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -22,14 +25,17 @@ constexpr int fullPart = 255;
 constexpr int pageStep = 16;
 // What may be typed.
 const QString decimalPart = u"[0-9]{1,3}"_s;
-const QString hexPart = u"[0-9A-Fa-f]{1,2}"_s;
-const QString wholeColour = u"(0[xX])?[0-9A-Fa-f]{1,6}"_s;
+const QString hexPart = QStringLiteral("[0-9A-Fa-f]{1,2}");
+const QString wholeColour = QStringLiteral("(0[xX])?[0-9A-Fa-f]{1,6}");
 const std::array<QString, 3> partColours = {u"#d03030"_s, u"#2e9e3f"_s, u"#3060d0"_s};
 
-void setName(QWidget* widget, const QString& name, const QString& toolTip)
+constexpr std::array<const char*, 3> partNames = {Words::mark("Red"), Words::mark("Green"),
+                                                  Words::mark("Blue")};
+
+void setName(QWidget* widget, const QString& name, const char* toolTip)
 {
     widget->setObjectName(name);
-    widget->setToolTip(toolTip);
+    sayTip(widget, toolTip);
 }
 
 QLineEdit* numberBox(QWidget* parent, int characters, const QString& allowed)
@@ -44,10 +50,10 @@ QLineEdit* numberBox(QWidget* parent, int characters, const QString& allowed)
 } // namespace
 
 ColourTools::ColourTools(QWidget* parent)
-    : QGroupBox(parent), m_label(new QLabel(tr("Transparency"), this)),
+    : QGroupBox(parent), m_label(new QLabel(this)),
       m_transparency(new QSlider(Qt::Horizontal, this)),
       m_transpText(numberBox(this, 3, decimalPart)), m_file(new QPushButton(u"↺"_s, this)),
-      m_sample(new QLineEdit(this)), m_pipette(new QCheckBox(tr("Pick"), this)),
+      m_sample(new QLineEdit(this)), m_pipette(new QCheckBox(this)),
       m_ask(new QPushButton(u"..."_s, this)), m_parts(new QGridLayout)
 {
     setObjectName(u"Frame5RDPanelTools"_s);
@@ -82,14 +88,17 @@ ColourTools::ColourTools(QWidget* parent)
 void ColourTools::buildTransparency()
 {
     m_label->setObjectName(u"Label_Transp"_s);
-    setName(m_transparency, u"Transparency"_s, tr("0 shows the fill, 255 only the background"));
+    retranslated(m_label, [this] { m_label->setText(Words::tr("Transparency")); });
+    setName(m_transparency, u"Transparency"_s,
+            Words::mark("0 shows the fill, 255 only the background"));
     m_transparency->setRange(0, fullPart);
     m_transparency->setPageStep(pageStep);
     m_transpText->setObjectName(u"Text_Transp"_s);
+    sayName(m_transpText, Words::mark("Transparency"));
     connect(m_transpText, &QLineEdit::editingFinished, this,
             [this] { takeTyped(*m_transpText, *m_transparency, 10); });
     setName(m_file, u"Command1"_s,
-            tr("Fill and transparency as the file had them when it was opened"));
+            Words::mark("Fill and transparency as the file had them when it was opened"));
     m_file->setFixedWidth(28);
     connect(m_transparency, &QSlider::sliderPressed, this, &ColourTools::newJourney);
     connect(m_transparency, &QSlider::valueChanged, this, [this](int value) {
@@ -101,15 +110,17 @@ void ColourTools::buildTransparency()
 
 void ColourTools::buildFill()
 {
-    setName(m_sample, u"TextColor"_s, tr("The fill of the selected object"));
+    setName(m_sample, u"TextColor"_s, Words::mark("The fill of the selected object"));
     m_sample->setValidator(
         new QRegularExpressionValidator(QRegularExpression(wholeColour), m_sample));
     connect(m_sample, &QLineEdit::editingFinished, this, &ColourTools::takeColour);
     m_sample->setAlignment(Qt::AlignCenter);
     m_sample->setMinimumSize(48, fontMetrics().height());
     m_sample->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setName(m_pipette, u"Check1Pipetka"_s, tr("Pick the fill from the screen; Esc cancels"));
-    setName(m_ask, u"ComRGB"_s, tr("Choose the fill"));
+    sayText(m_pipette, Words::mark("Pick"));
+    setName(m_pipette, u"Check1Pipetka"_s,
+            Words::mark("Pick the fill from the screen; Esc cancels"));
+    setName(m_ask, u"ComRGB"_s, Words::mark("Choose the fill"));
     m_ask->setFixedWidth(28);
     for (int i = 0; i < 3; ++i) {
         const auto part = static_cast<std::size_t>(i);
@@ -121,11 +132,17 @@ void ColourTools::buildFill()
         m_sliders[part]->setInvertedAppearance(true);
         m_sliders[part]->setInvertedControls(true);
         m_sliders[part]->setMinimumHeight(18);
+        sayName(m_sliders[part], partNames[part]);
+        sayName(m_sliders[part], partNames[part]);
         m_boxes[part] = numberBox(this, 2, hexPart);
         connect(m_boxes[part], &QLineEdit::editingFinished, this,
                 [this, part] { takeTyped(*m_boxes[part], *m_sliders[part], 16); });
         m_boxes[part]->setObjectName(u"TextRGB(%1)"_s.arg(i));
-        m_boxes[part]->setStyleSheet(u"color: %1; font-weight: bold;"_s.arg(partColours[part]));
+        m_boxes[part]->setStyleSheet(u"color: %1; font-weight: bold;"_s.arg(
+            QColor(textOnGround(QColor(partColours[part]).rgb(),
+                                palette().color(QPalette::Base).rgb()))
+                .name()));
+        sayName(m_boxes[part], partNames[part]);
         m_boxes[part]->installEventFilter(this);
         connect(m_sliders[part], &QSlider::valueChanged, this, &ColourTools::partMoved);
         connect(m_sliders[part], &QSlider::sliderPressed, this, &ColourTools::newJourney);

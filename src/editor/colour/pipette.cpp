@@ -2,6 +2,7 @@
 #include "editor/colour/pipette.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "screen/colour.h"
 
 #include <QGuiApplication>
@@ -125,7 +126,7 @@ void Pipette::start()
     tick();
     if (m_part.isNull()) {
         end(false);
-        Q_EMIT failed(tr("The screen cannot be read."));
+        Q_EMIT failed(Words::tr("The screen cannot be read."));
         return;
     }
     takeOver();

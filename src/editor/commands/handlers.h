@@ -31,6 +31,13 @@ bool fillObjectMenu(MainWindow& window, int object);
 // Entries of arrays that never change, once the menus stand.
 void showFixedEntries(MainWindow& window);
 
+// The languages in their menu, with the one in force marked.
+void showLanguages(MainWindow& window);
+// The box CheckFromMenu, usable only with a menu file chosen.
+void showMenuLevelBox(MainWindow& window);
+// Everything that is shown, in the language of the run.
+void retranslate(MainWindow& window);
+void addLanguageCommands(MainWindow& window);
 // Brings one part of a gfxboot that is being opened to the window.
 void showStep(MainWindow& window, OpenStep step);
 void showUpgradedEngine(MainWindow& window);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Commands on archives, what is told about the open gfxboot, and the entries that are planned.
 #include "base/text.h"
+#include "base/words.h"
 #include "container/archive_commands.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/list_actions.h"
@@ -33,15 +34,15 @@ void showInfo(MainWindow& window)
     for (const ListRow& row : members.rows)
         bytes += row.size;
     window.shell().prompts.ShowMessage(
-        QStringLiteral("Gfxboot: %1\nPath: %2\nGeneration: %3\nCompressed: %4\n"
-                       "Files: %5, %6 byte\nBackground: %7")
+        Words::tr("Gfxboot: %1\nPath: %2\nGeneration: %3\nCompressed: %4\n"
+                  "Files: %5, %6 byte\nBackground: %7")
             .arg(run.GfxFileName, run.GfxPath)
             .arg(run.gfxboot_var)
-            .arg(run.GfxIsGz ? QStringLiteral("gZip") : QStringLiteral("no"))
+            .arg(run.GfxIsGz ? QStringLiteral("gZip") : Words::tr("no"))
             .arg(members.count())
             .arg(bytes)
             .arg(backgroundText(window.shell())),
-        MessageType::Ok, QStringLiteral("Get INFO"));
+        MessageType::Ok, Words::tr("Get INFO"));
 }
 
 using ArchiveCommand = void (*)(const Shell& shell);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the window shows of a change of the document, and undo and redo.
+#include "base/words.h"
 #include "document/opening.h"
 #include "editor/colour/colour_link.h"
 #include "editor/commands/handlers.h"
@@ -183,9 +184,9 @@ void showHistory(MainWindow& window)
         bool enabled;
         ButtonId button;
     };
-    for (const Item& item : {Item{"mnuEdit_Undo", MainWindow::tr("Undo"), document.undoText(),
+    for (const Item& item : {Item{"mnuEdit_Undo", Words::tr("Undo"), document.undoText(),
                                   document.canUndo(), UndoButton},
-                             Item{"mnuEdit_Redo", MainWindow::tr("Redo"), document.redoText(),
+                             Item{"mnuEdit_Redo", Words::tr("Redo"), document.redoText(),
                                   document.canRedo(), RedoButton}}) {
         QAction* action = window.menus().action(QLatin1String(item.name));
         QString text = item.what.isEmpty() ? item.caption : item.caption + u' ' + item.what;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The Edit menu, the pop-up menus of the stage, and the thumbnails.
 #include "base/text.h"
+#include "base/words.h"
 #include "container/member_table.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
@@ -18,13 +19,13 @@ void pointAtMembers(MainWindow& window)
 {
     activateTab(window, TabGfxboot);
     window.shell().prompts.ShowMessage(
-        QStringLiteral("Double click on item to open a dialogue \n"
-                       "\n"
-                       "\"Change the file\"\n"
-                       "\n"
-                       "Or right mouse button click to bring up the context menu\n"
-                       "\n"
-                       "Or use a special tab for gfxboot component"));
+        Words::tr("Double click on item to open a dialogue \n"
+                  "\n"
+                  "\"Change the file\"\n"
+                  "\n"
+                  "Or right mouse button click to bring up the context menu\n"
+                  "\n"
+                  "Or use a special tab for gfxboot component"));
 }
 
 void chooseObjectTab(MainWindow& window, int tab)
@@ -37,9 +38,7 @@ void onThumbnail(MainWindow& window, const QString& name, Qt::MouseButton button
 {
     const Shell& shell = window.shell();
     if (button == Qt::RightButton) {
-        shell.prompts.ShowMessage(QStringLiteral("ПЛАН: Вызов PopupMenu для %1\n"
-                                                 "Planned: Calling PopupMenu for %1")
-                                      .arg(name),
+        shell.prompts.ShowMessage(Words::tr("Planned: Calling PopupMenu for %1").arg(name),
                                   MessageType::Ok, QStringLiteral("It's roll"));
     } else if (button == Qt::MiddleButton) {
         shell.prompts.ShowMessage(QStringLiteral("It's roll"));
@@ -58,8 +57,8 @@ void flipButton(MainWindow& window, int button)
     change.cfg = window.document().state().cfg;
     const int number = cfgLineOf(*change.cfg, key);
     if (number < 0) {
-        window.shell().prompts.ShowMessage(QStringLiteral("The tab Config has no row for %1:\n"
-                                                          "this gfxboot cannot switch the button.")
+        window.shell().prompts.ShowMessage(Words::tr("The tab Config has no row for %1:\n"
+                                                     "this gfxboot cannot switch the button.")
                                                .arg(key));
         return;
     }
@@ -67,7 +66,7 @@ void flipButton(MainWindow& window, int button)
     CfgLine& line = (*change.cfg)[number];
     line.on = true;
     line.value = ParamValue{stage.ButtonVisible(button) ? 1 : 0, false, {}};
-    StepInfo info{QStringLiteral("switching of %1").arg(key), {}, {}};
+    StepInfo info{Words::tr("switching of %1").arg(key), {}, {}};
     info.place.cfgName = key;
     (void)window.document().apply(change, info);
     selectRow(window, TabConfig, number + 1);
@@ -92,10 +91,10 @@ void addEditCommands(MainWindow& window)
             onThumbnail(window, name, button);
         },
         Qt::QueuedConnection);
-    QObject::connect(
-        &window.thumbnails(), &ThumbnailStrip::hovered, &window, [&window](const QString& name) {
-            window.setStatusField(7, QStringLiteral("Gfxboot component: \"%1\"").arg(name));
-        });
+    QObject::connect(&window.thumbnails(), &ThumbnailStrip::hovered, &window,
+                     [&window](const QString& name) {
+                         window.setStatusField(7, Words::tr("Gfxboot component: \"%1\"").arg(name));
+                     });
 }
 
 } // namespace fennel

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The File menu.
+#include "base/words.h"
 #include "container/gfx_save.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
@@ -18,14 +19,14 @@ void open(MainWindow& window)
     const Shell& shell = window.shell();
     if (!shell.run.GfxOpened)
         shell.prompts.ShowMessage(
-            QStringLiteral("\"Gfxboot message\" (then simply \"gfxboot\") is a cpio-archive , \n"
-                           "but additionally it can be compressed with gZip.\n"
-                           "\n"
-                           "You can choose any of the variants."));
+            Words::tr("\"Gfxboot message\" (then simply \"gfxboot\") is a cpio-archive , \n"
+                      "but additionally it can be compressed with gZip.\n"
+                      "\n"
+                      "You can choose any of the variants."));
     FileQuestion question;
     question.folder = shell.run.GfxOpened ? folderPart(shell.run.GfxPath) : QDir::homePath();
-    question.title = QStringLiteral("File open....");
-    question.filter = QStringLiteral("All Files (*.*)|*.*|");
+    question.title = Words::tr("File open....");
+    question.filter = Words::tr("All Files (*.*)|*.*|");
     const QString path = shell.prompts.openFile(question);
     if (!path.isEmpty())
         window.openChosen(path);

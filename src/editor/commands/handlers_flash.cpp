@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The menus Flash and Menu.lst, and QEMU: drives, the menu in force, the boot test.
+#include "base/words.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
 #include "editor/stage/stage_link.h"
@@ -17,6 +18,19 @@
 
 namespace fennel {
 
+void showMenuLevelBox(MainWindow& window)
+{
+    QCheckBox& box = window.rightPanel().fromMenu();
+    const bool checked = window.document().menuLevelShown();
+    const bool enabled = !window.workbench().params.CurrentMenuFile.isEmpty();
+    const QSignalBlocker quiet(box);
+    box.setChecked(checked);
+    box.setEnabled(enabled);
+    box.setToolTip(!enabled  ? Words::tr("Choose current flash drive and lst-menu")
+                   : checked ? Words::tr("Uncheck to use ZUKxxxx.CFG data")
+                             : Words::tr("Check it to use MenuLevel data over ZUKxxxx.CFG data"));
+}
+
 namespace {
 
 constexpr int embeddedMenuRow = 1;
@@ -31,21 +45,6 @@ void markMenuRow(MainWindow& window)
 }
 
 namespace {
-
-// Usable only with a menu file chosen.
-void showMenuLevelBox(MainWindow& window)
-{
-    QCheckBox& box = window.rightPanel().fromMenu();
-    const bool checked = window.document().menuLevelShown();
-    const bool enabled = !window.workbench().params.CurrentMenuFile.isEmpty();
-    const QSignalBlocker quiet(box);
-    box.setChecked(checked);
-    box.setEnabled(enabled);
-    box.setToolTip(!enabled ? QStringLiteral("Choose current flash drive and lst-menu")
-                   : checked
-                       ? QStringLiteral("Uncheck to use ZUKxxxx.CFG data")
-                       : QStringLiteral("Check it to use MenuLevel data over ZUKxxxx.CFG data"));
-}
 
 void chooseFlashMenu(MainWindow& window, int entry)
 {
@@ -67,7 +66,10 @@ void chooseFlashMenu(MainWindow& window, int entry)
     takeMenu(window, list.row(number)->name);
 }
 
-const QString stickTitle = QStringLiteral("Save to stick");
+QString stickTitle()
+{
+    return Words::tr("Save to stick");
+}
 
 // By the loader's configuration: the place that it names, or the user's choice of several.
 std::optional<LoaderPlace> placeOnStick(const Shell& shell, const QString& folder)
@@ -75,22 +77,21 @@ std::optional<LoaderPlace> placeOnStick(const Shell& shell, const QString& folde
     const std::vector<LoaderPlace> places = loaderPlacesOf(folder);
     if (places.empty()) {
         shell.prompts.ShowMessage(
-            QStringLiteral(
-                "No loader on this drive says where its message file is.\n"
-                "Looked for were the line \"gfxboot\" of syslinux.cfg (or isolinux.cfg,\n"
-                "extlinux.conf) and the line \"gfxmenu\" of menu.lst."),
-            MessageType::Ok, stickTitle);
+            Words::tr("No loader on this drive says where its message file is.\n"
+                      "Looked for were the line \"gfxboot\" of syslinux.cfg (or isolinux.cfg,\n"
+                      "extlinux.conf) and the line \"gfxmenu\" of menu.lst."),
+            MessageType::Ok, stickTitle());
         return std::nullopt;
     }
     Choice choice;
-    choice.title = stickTitle;
-    choice.text = QStringLiteral("Replace the message file on this drive?\n"
-                                 "The old one stays beside it, with the ending \".old\".");
+    choice.title = stickTitle();
+    choice.text = Words::tr("Replace the message file on this drive?\n"
+                            "The old one stays beside it, with the ending \".old\".");
     for (const LoaderPlace& place : places) {
-        choice.list.append(QStringLiteral("%1, named in %2").arg(place.message, place.config));
+        choice.list.append(Words::tr("%1, named in %2").arg(place.message, place.config));
         choice.answers.append(place.message);
     }
-    choice.answers.append(QStringLiteral("Cancel"));
+    choice.answers.append(Words::tr("Cancel"));
     choice.cancel = static_cast<int>(places.size());
     const int answer = shell.prompts.choose(choice);
     return answer >= 0 && answer < choice.cancel
@@ -104,9 +105,9 @@ void saveOnStick(MainWindow& window)
     const QString folder = window.flashLink().drives().folderOf(shell.run.CurrentFlashChar);
     if (folder.isEmpty()) {
         shell.prompts.ShowMessage(
-            QStringLiteral("Choose the stick in the menu Flash first: its loader says where the\n"
-                           "message file belongs."),
-            MessageType::Ok, stickTitle);
+            Words::tr("Choose the stick in the menu Flash first: its loader says where the\n"
+                      "message file belongs."),
+            MessageType::Ok, stickTitle());
         return;
     }
     if (!CommitValue(window) || !commitText(window))
@@ -131,19 +132,18 @@ void saveOnStick(MainWindow& window)
         return;
     }
     const QString old =
-        kept->isEmpty() ? QString() : QStringLiteral("\nThe old one is kept as %1.").arg(*kept);
+        kept->isEmpty() ? QString() : Words::tr("\nThe old one is kept as %1.").arg(*kept);
     shell.prompts.ShowMessage(
-        QStringLiteral("Saved as %1.")
-                .arg(image == nullptr ? folder + place->message : place->message) +
+        Words::tr("Saved as %1.").arg(image == nullptr ? folder + place->message : place->message) +
             old,
-        MessageType::Ok, stickTitle);
+        MessageType::Ok, stickTitle());
 }
 
 void chooseImageFile(MainWindow& window)
 {
     FileQuestion question;
-    question.title = QStringLiteral("Image file as Current Flash");
-    question.filter = QStringLiteral("Disk images|*.img;*.ima;*.raw;*.dd;*.bin|All files|*|");
+    question.title = Words::tr("Image file as Current Flash");
+    question.filter = Words::tr("Disk images|*.img;*.ima;*.raw;*.dd;*.bin|All files|*|");
     const Shell& shell = window.shell();
     const QString path = shell.prompts.openFile(question);
     if (path.isEmpty())

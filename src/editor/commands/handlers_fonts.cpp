@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The fonts' tab: the sample of the selected font, the contents of a font file, and the commands
 // that make a new one.
+#include "base/words.h"
 #include "editor/commands/handlers.h"
 #include "editor/fonts/font_info.h"
 #include "editor/fonts/font_window.h"
@@ -36,8 +37,8 @@ void scanFor(MainWindow& window, const QString& name)
 
 QString glyphCaption(const Glyph& glyph, const FntHeader& header)
 {
-    return MainWindow::tr("%1 x %2 pixels, advance %3, baseline %4\n"
-                          "grey: box, blue: baseline, red: pen before and after")
+    return Words::tr("%1 x %2 pixels, advance %3, baseline %4\n"
+                     "grey: box, blue: baseline, red: pen before and after")
         .arg(glyph.width)
         .arg(glyph.height)
         .arg(glyph.advance)
@@ -103,8 +104,7 @@ void changeFont(MainWindow& window, bool AddFontMode)
     command.logPixelsY = bench.fontSettings.logPixelsY;
     command.askUser = [&window](const FontDialogStart& start) { return askForFont(window, start); };
     command.characters = [&bench]() -> const CharSelected& { return bench.characters; };
-    StepInfo info{
-        AddFontMode ? QStringLiteral("adding of a font") : QStringLiteral("font"), {}, {}};
+    StepInfo info{AddFontMode ? Words::tr("adding of a font") : Words::tr("font"), {}, {}};
     std::optional<FontChange> change;
     if (!bench.document.changeMembers(info, [&] {
             change = ChangeFont(bench.shell, bench.fonts, command);
@@ -144,7 +144,7 @@ void openFontContent(MainWindow& window, const QString& name)
         return;
     scanFor(window, opened.component);
     window.inspectionList().setRows(bench.fonts.inspection.List1);
-    window.inspectionList().ShowListPanel(QStringLiteral("FNT-file content"));
+    window.inspectionList().ShowListPanel(Words::tr("FNT-file content"));
 }
 
 void addFontCommands(MainWindow& window)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the user does in the lists at the right: choosing tabs and rows, typing values, files.
 #include "base/text.h"
+#include "base/words.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
 #include "editor/commands/handlers.h"
@@ -111,7 +112,7 @@ void onRowSelected(MainWindow& window, int tab, int row, bool rightButton)
         showMenuAs(window, rowPopup(tab, itemOf(window, tab, *shown)), QCursor::pos());
     if (click.showCfgStatus) {
         showCfgStatus(window);
-        window.setStatusField(8, QStringLiteral("DblClick or ENTER for \"Value\" edit"));
+        window.setStatusField(8, Words::tr("DblClick or ENTER for \"Value\" edit"));
         CloseEditor(window);
     }
 }
@@ -126,8 +127,7 @@ void onRowActivated(MainWindow& window, int tab, int row)
     const QString name = shown->member();
     switch (onDoubleClick(shell.run, lists, tab, row, window.document().menuLevelShown())) {
     case DoubleClick::RefuseMenuLevel:
-        shell.prompts.ShowMessage(overlappedText(), MessageType::Ok,
-                                  QStringLiteral("MenuLevel data"));
+        shell.prompts.ShowMessage(overlappedText(), MessageType::Ok, Words::tr("MenuLevel data"));
         break;
     case DoubleClick::SelectFirst:
         selectRow(window, tab, 1);
@@ -181,7 +181,7 @@ void setValue(MainWindow& window, const ListRow& row, const ParamValue& value)
     Change change;
     change.params[key] = value;
     const ZukCell& cell = window.document().state().ZUKarr.at(key.file, key.number);
-    StepInfo info{QStringLiteral("value of %1").arg(cell.Name.mid(2)), {}, {}};
+    StepInfo info{Words::tr("value of %1").arg(cell.Name.mid(2)), {}, {}};
     info.place.object = lists.objectOfTab(lists.CurrentTab);
     info.place.param = key;
     (void)window.document().apply(change, info);
@@ -201,8 +201,7 @@ void onRowChecked(MainWindow& window, int tab, int row, bool checked)
     CfgLine line = window.document().state().cfg.value(changed->number);
     line.on = checked;
     changeCfgLine(window, changed->number, line,
-                  checked ? QStringLiteral("switching on of %1")
-                          : QStringLiteral("switching off of %1"));
+                  checked ? Words::tr("switching on of %1") : Words::tr("switching off of %1"));
 }
 
 void onKey(MainWindow& window, int tab, int key)
@@ -266,16 +265,16 @@ void onDelete(MainWindow& window)
     const int tab = lists.CurrentTab;
     switch (onComDEL(lists, tab, lists.CurrentRow, IsRequiredMember(name))) {
     case DeleteAction::RefuseRequired:
-        shell.prompts.ShowMessage(QStringLiteral("File \"%1\" can not be removed.\n"
-                                                 "It is in the \"Required Files\" list\n"
-                                                 "However, you can try to EDIT it.")
+        shell.prompts.ShowMessage(Words::tr("File \"%1\" can not be removed.\n"
+                                            "It is in the \"Required Files\" list\n"
+                                            "However, you can try to EDIT it.")
                                       .arg(name),
-                                  MessageType::Ok, QStringLiteral("Required Files"));
+                                  MessageType::Ok, Words::tr("Required Files"));
         break;
     case DeleteAction::AskDelete:
         if (shell.prompts.ShowMessage(askDeleteText(name), MessageType::YesNo,
                                       QStringLiteral("DEL")) == Answer::Yes)
-            deleteMembers(window, {name}, QStringLiteral("deletion of %1").arg(name));
+            deleteMembers(window, {name}, Words::tr("deletion of %1").arg(name));
         break;
     case DeleteAction::TellPlanned:
         shell.prompts.ShowMessage(plannedText());
@@ -288,9 +287,8 @@ void onDelete(MainWindow& window)
 void deleteAll(MainWindow& window)
 {
     const Shell& shell = window.shell();
-    if (shell.prompts.ShowMessage(QStringLiteral("Do you really want to delete all files?"),
-                                  MessageType::OkCancel,
-                                  QStringLiteral("Files Deleting")) != Answer::Ok)
+    if (shell.prompts.ShowMessage(Words::tr("Do you really want to delete all files?"),
+                                  MessageType::OkCancel, Words::tr("Files Deleting")) != Answer::Ok)
         return;
     const ParamLists& lists = window.workbench().params;
     QStringList names;
@@ -298,7 +296,7 @@ void deleteAll(MainWindow& window)
         if (FileExists(shell.run.Workspace + name))
             names.append(name);
     }
-    deleteMembers(window, names, QStringLiteral("deletion of %1 files").arg(names.size()));
+    deleteMembers(window, names, Words::tr("deletion of %1 files").arg(names.size()));
 }
 
 void runPopup(MainWindow& window, int index)
@@ -367,7 +365,7 @@ void chooseBackground(MainWindow& window, const QString& name)
         Change change;
         change.params[{0, backgroundParam}] =
             ParamValue{backgroundNumber(shell.run.BackFile), cell.Value->hex, {}};
-        StepInfo info{QStringLiteral("choice of %1").arg(name), {}, {}};
+        StepInfo info{Words::tr("choice of %1").arg(name), {}, {}};
         info.place.member = name;
         (void)document.apply(change, info);
     }
@@ -399,9 +397,8 @@ bool CommitValue(MainWindow& window)
     const ParamValue typed = typedValue(editor.text());
     if (row->kind == RowKind::Parameter && !fitsLevelFile(typed)) {
         window.shell().prompts.ShowMessage(
-            MainWindow::tr(
-                "%1 cannot be stored.\nA parameter of the boot screen is a number from 0 "
-                "to %2.")
+            Words::tr("%1 cannot be stored.\nA parameter of the boot screen is a number from 0 "
+                      "to %2.")
                 .arg(typed.text())
                 .arg(levelValueLimit));
         return false;
@@ -411,7 +408,7 @@ bool CommitValue(MainWindow& window)
         CfgLine line = window.document().state().cfg.value(row->number);
         line.value = typed;
         line.on = true; // it is to count at boot
-        changeCfgLine(window, row->number, line, QStringLiteral("value of %1"));
+        changeCfgLine(window, row->number, line, Words::tr("value of %1"));
     } else if (row->kind == RowKind::Parameter) {
         setValue(window, *row, typed);
     }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The menu that a right click on an object of the stage opens.
+#include "base/words.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
 #include "editor/colour/colour_link.h"
@@ -24,17 +25,20 @@ enum ObjectEntry { NameEntry, TabEntry, PictureEntry, FillEntry, TextColourEntry
 
 struct EntryRow {
     ObjectEntry entry;
-    const char16_t* caption;
-    bool changes; // not while a menu's values lie over the object's
+    const char* caption; // see Words
+    bool changes;        // not while a menu's values lie over the object's
 };
 constexpr std::array<EntryRow, 5> entryRows = {{
-    {TabEntry, u"Open its tab", false},
-    {PictureEntry, u"Bring its picture...", false},
-    {FillEntry, u"Colour...", true},
-    {TextColourEntry, u"Colour of the text...", true},
-    {SwitchEntry, u"Switch on", true},
+    {TabEntry, Words::mark("Open its tab"), false},
+    {PictureEntry, Words::mark("Bring its picture..."), false},
+    {FillEntry, Words::mark("Colour..."), true},
+    {TextColourEntry, Words::mark("Colour of the text..."), true},
+    {SwitchEntry, Words::mark("Switch on"), true},
 }};
-const QString switchOffCaption = u"Switch off"_s;
+QString switchOffCaption()
+{
+    return Words::tr("Switch off");
+}
 
 // The picture that the object shows, of those that belong to it.
 QString pictureOf(MainWindow& window, int object)
@@ -79,7 +83,7 @@ void flipSwitch(MainWindow& window, int object, const PanelRec& rec)
     const ParamKey key{levelFileOf(rec), rec.OnParam};
     Change change;
     change.params[key] = ParamValue{on ? 0 : 1, false, {}};
-    const QString what = on ? u"switching off of %1"_s : u"switching on of %1"_s;
+    const QString what = on ? Words::tr("switching off of %1") : Words::tr("switching on of %1");
     StepInfo info{what.arg(objectCaption(rec.Name)), {}, {}};
     info.place.object = object;
     info.place.param = key;
@@ -135,7 +139,7 @@ bool fillObjectMenu(MainWindow& window, int object)
         const bool off =
             row.entry == SwitchEntry && switchValue(window.document().state(), *rec) > 0;
         entries.push_back({row.entry,
-                           off ? switchOffCaption : QString::fromUtf16(row.caption),
+                           off ? switchOffCaption() : Words::tr(row.caption),
                            !(row.changes && locked),
                            std::nullopt,
                            {}});

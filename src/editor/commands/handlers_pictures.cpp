@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The commands on backgrounds and logos, in the Edit menu, the toolbar and the pop-up menus.
+#include "base/words.h"
 #include "editor/commands/handlers.h"
 #include "editor/window/main_window.h"
 #include "editor/window/picture_link.h"
@@ -33,12 +34,14 @@ void runAsStep(MainWindow& window, const QString& what, const QString& member,
     });
 }
 
-void add(MainWindow& window, const char* name, const QString& what, PictureCommand command)
+// `what` is a text marked by Words.
+void add(MainWindow& window, const char* name, const char* what, PictureCommand command)
 {
     window.commands().add(name, [&window, what, command] {
         if (!CommitValue(window))
             return;
-        runAsStep(window, what, {}, [&](PictureHost& host) { command(window.shell(), host); });
+        runAsStep(window, Words::tr(what), {},
+                  [&](PictureHost& host) { command(window.shell(), host); });
     });
 }
 
@@ -46,34 +49,34 @@ void add(MainWindow& window, const char* name, const QString& what, PictureComma
 
 void addPictureCommands(MainWindow& window)
 {
-    const QString background = QStringLiteral("background");
-    add(window, "mnuEDIT_ADDBack", QStringLiteral("adding of a background"), mnuEDIT_ADDBack);
+    const char* background = Words::mark("background");
+    add(window, "mnuEDIT_ADDBack", Words::mark("adding of a background"), mnuEDIT_ADDBack);
     add(window, "mnuEdit_ChangeBack", background, mnuEdit_ChangeBack);
     add(window, "mnu_Context_picture1_change_back", background, mnuEdit_ChangeBack);
     add(window, "mnuEdit_ge_Clipboard", background, fromClipboard);
     add(window, "mnu_Context_picture1_Clipboard", background, fromClipboard);
-    add(window, "mnuEdit_Resize", QStringLiteral("size of the backgrounds"), mnuEdit_Resize);
-    add(window, "mnuEDIT_ADDLogo", QStringLiteral("adding of a logo"), mnuEDIT_ADDLogo);
-    add(window, "mnuEdit_ResizeLOGO", QStringLiteral("size of the logos"), mnuEdit_ResizeLOGO);
+    add(window, "mnuEdit_Resize", Words::mark("size of the backgrounds"), mnuEdit_Resize);
+    add(window, "mnuEDIT_ADDLogo", Words::mark("adding of a logo"), mnuEDIT_ADDLogo);
+    add(window, "mnuEdit_ResizeLOGO", Words::mark("size of the logos"), mnuEdit_ResizeLOGO);
     for (const char* name : {"mnuEdit_16x9Support", "mnu_Context_picture1_169"})
-        add(window, name, QStringLiteral("16:9 support"), mnuEdit_16x9Support);
+        add(window, name, Words::mark("16:9 support"), mnuEdit_16x9Support);
 }
 
 void changeBackground(MainWindow& window, const QString& name)
 {
-    runAsStep(window, QStringLiteral("picture of %1").arg(name), name,
+    runAsStep(window, Words::tr("picture of %1").arg(name), name,
               [&](PictureHost& host) { ChangeBackMember(window.shell(), host, name); });
 }
 
 void changePicture(MainWindow& window, const QString& name)
 {
-    runAsStep(window, QStringLiteral("picture of %1").arg(name), name,
+    runAsStep(window, Words::tr("picture of %1").arg(name), name,
               [&](PictureHost& host) { ChangePictureMember(window.shell(), host, name); });
 }
 
 void changeLogo(MainWindow& window, const QString& name)
 {
-    runAsStep(window, QStringLiteral("picture of %1").arg(name), name,
+    runAsStep(window, Words::tr("picture of %1").arg(name), name,
               [&](PictureHost& host) { ChangeLogoMember(window.shell(), host, name); });
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // File / Restore unsaved work.
+#include "base/words.h"
 #include "document/restore.h"
 #include "editor/commands/handlers.h"
 #include "editor/window/main_window.h"
@@ -18,10 +19,10 @@ QString captionOf(const LeftWork& work)
 {
     const QString when = QLocale::c().toString(work.when.toLocalTime(), u"yyyy-MM-dd HH:mm:ss"_s);
     const QString place =
-        work.sourcePath.isEmpty() ? u"never saved"_s : folderPart(work.sourcePath);
+        work.sourcePath.isEmpty() ? Words::tr("never saved") : folderPart(work.sourcePath);
     const QString caption =
         work.name.isEmpty() ? when : u"%1   (%2)   %3"_s.arg(work.name, place, when);
-    return work.damaged ? caption + u"   damaged"_s : caption;
+    return work.damaged ? caption + Words::tr("   damaged") : caption;
 }
 
 bool openRestored(MainWindow& window, const Restoring& restoring)
@@ -49,7 +50,7 @@ void restore(MainWindow& window, int index)
     // Locked until the work stands in a journal again: nobody else restores or removes it.
     std::optional<JournalFolder> folder = JournalFolder::take(work.folder);
     if (!folder) {
-        bench.shell.prompts.ShowMessage(u"This work is gone, or another window has it."_s);
+        bench.shell.prompts.ShowMessage(Words::tr("This work is gone, or another window has it."));
         showLeftWork(window);
         return;
     }
@@ -67,16 +68,16 @@ void restore(MainWindow& window, int index)
                 folder->removeAll();
             else
                 restoring->words.append(
-                    u"What was found is put aside in %1."_s.arg(folder->putAside()));
+                    Words::tr("What was found is put aside in %1.").arg(folder->putAside()));
         }
     } else {
-        restoring->words.append(u"It stays in %1."_s.arg(work.folder));
+        restoring->words.append(Words::tr("It stays in %1.").arg(work.folder));
     }
     folder.reset();
     showLeftWork(window);
     if (!restoring->words.isEmpty())
         bench.shell.prompts.ShowMessage(restoring->words.join(u'\n'), MessageType::Ok,
-                                        u"Restore unsaved work"_s);
+                                        Words::tr("Restore unsaved work"));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Editing of text members in the frame of the value editor.
+#include "base/words.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
 #include "editor/stage/stage_link.h"
@@ -40,7 +41,7 @@ bool keepText(MainWindow& window)
     const QString name = window.workbench().EditedText;
     const int object = window.workbench().EditedObject;
     const QString text = window.rightPanel().editor().text();
-    StepInfo info{QStringLiteral("text of %1").arg(name), {}, {}};
+    StepInfo info{Words::tr("text of %1").arg(name), {}, {}};
     info.place.object = object;
     info.place.member = name;
     if (!window.document().changeMembers(info, [&] {
@@ -82,7 +83,7 @@ void reload(MainWindow& window)
 void convert(MainWindow& window)
 {
     if (window.workbench().TextIsUtf8) {
-        window.shell().prompts.ShowMessage(QStringLiteral("File already uses UTF-8 encoding"),
+        window.shell().prompts.ShowMessage(Words::tr("File already uses UTF-8 encoding"),
                                            MessageType::Ok, QStringLiteral("UTF-8"));
         return;
     }
@@ -108,7 +109,7 @@ bool mayLeaveText(MainWindow& window)
 {
     return !textModified(window) ||
            window.shell().prompts.ShowMessage(
-               QStringLiteral("The changes of %1 are not saved.\nDiscard them?")
+               Words::tr("The changes of %1 are not saved.\nDiscard them?")
                    .arg(window.workbench().EditedText),
                MessageType::YesNo, window.workbench().EditedText) == Answer::Yes;
 }

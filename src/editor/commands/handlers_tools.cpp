@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The Tools menu.
+#include "base/words.h"
 #include "editor/boot/boot_link.h"
 #include "editor/commands/handlers.h"
 #include "editor/window/main_window.h"
@@ -24,9 +25,8 @@ void addToolCommands(MainWindow& window)
     });
     commands.add("mnuT_Boot", [&window] { window.bootLink().start(); });
     commands.add("mnuT_Boot_Loader", [&window] { window.bootLink().chooseLoader(); });
-    commands.add("mnuT_CPIO_GetINFO", [&window] {
-        window.shell().prompts.ShowMessage(QStringLiteral("Запланировано...\nPlanned..."));
-    });
+    commands.add("mnuT_CPIO_GetINFO",
+                 [&window] { window.shell().prompts.ShowMessage(Words::tr("Planned...")); });
 }
 
 } // namespace fennel

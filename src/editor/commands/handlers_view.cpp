@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The View menu, the panels, and the buttons of the toolbar that no menu has.
 #include "base/text.h"
+#include "base/words.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
 #include "editor/problems/problem_link.h"
@@ -77,7 +78,7 @@ void showScales(MainWindow& window)
     entries.reserve(scaleEntries.size());
     for (const ScaleEntry& scale : scaleEntries)
         entries.push_back(
-            {scale.percent, QString::fromUtf16(scale.caption), true, std::nullopt, {}});
+            {scale.percent, QString::fromLatin1(scale.caption), true, std::nullopt, {}});
     window.menus().setEntries("mnuView_scale", entries);
 }
 
@@ -134,20 +135,20 @@ void askMoment(MainWindow& window)
     Stage& stage = window.stageLink().stage();
     const BootChoice& now = stage.bootChoice();
     const auto typed = window.shell().prompts.input(
-        MainWindow::tr("What moves is shown as it stands so many seconds after the menu has come,\n"
-                       "and the loader's timeout (0: none):"),
-        MainWindow::tr("Moment of the boot"),
-        QStringLiteral("%1 of %2").arg(now.seconds).arg(now.timeout));
+        Words::tr("What moves is shown as it stands so many seconds after the menu has come,\n"
+                  "and the loader's timeout (0: none):"),
+        Words::tr("Moment of the boot"), Words::tr("%1 of %2").arg(now.seconds).arg(now.timeout));
     if (!typed)
         return;
-    const qsizetype of = typed->indexOf(QStringLiteral("of"));
+    const QString between = Words::tr("of");
+    const qsizetype of = typed->indexOf(between);
     const auto limited = [](const QString& text, int without) {
         return text.isEmpty()
                    ? without
                    : static_cast<int>(std::clamp<qint64>(numberFromText(text), 0, 86400));
     };
     stage.setBootMoment(limited(typed->left(of), now.seconds),
-                        limited(of < 0 ? QString() : typed->mid(of + 2), now.timeout));
+                        limited(of < 0 ? QString() : typed->mid(of + between.size()), now.timeout));
 }
 
 } // namespace
@@ -215,6 +216,7 @@ void addViewCommands(MainWindow& window)
 void showFixedEntries(MainWindow& window)
 {
     showScales(window);
+    showLanguages(window);
 }
 
 } // namespace fennel

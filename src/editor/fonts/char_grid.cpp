@@ -2,6 +2,8 @@
 #include "editor/fonts/char_grid.h"
 
 #include "base/text.h"
+#include "base/words.h"
+#include "editor/window/retranslated.h"
 #include "fonts/font_dialog.h"
 
 #include <QApplication>
@@ -98,6 +100,7 @@ CharSelected charactersBeyond(const QRawFont& face, const CharSelected& set, int
 CharGrid::CharGrid(const CharSelected& set, QWidget* parent) : QWidget(parent), m_set(set)
 {
     setObjectName(QStringLiteral("Kvadrat"));
+    sayName(this, Words::mark("Characters of the page"));
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setFixedSize(sizeHint());

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/fonts/char_page.h"
 
+#include "base/words.h"
+#include "editor/window/retranslated.h"
 #include "fonts/font_dialog.h"
 #include "fonts/unicode_blocks.h"
 
@@ -66,9 +68,10 @@ CharPage::CharPage(const CharSelected& set, QWidget* parent)
 
 QLayout* CharPage::makeChoice()
 {
-    auto* label = new QLabel(u"Check symbols to be included in fnt-file"_s, this);
+    auto* label = new QLabel(Words::tr("Check symbols to be included in fnt-file"), this);
     label->setObjectName(u"Label1"_s);
     m_blocks->setObjectName(u"ComboSets"_s);
+    sayName(m_blocks, Words::mark("Block of characters"));
     m_blocks->setMaxVisibleItems(shownBlocks);
     // Without this, the desktop's style may open a list of 150 rows over the whole screen.
     m_blocks->setStyleSheet(u"QComboBox { combobox-popup: 0; }"_s);
@@ -76,7 +79,7 @@ QLayout* CharPage::makeChoice()
         m_blocks->addItem(blockText(block));
     m_blocks->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_blocks->setMinimumContentsLength(44);
-    m_grid->setToolTip(tr("Shift+click marks all up to the cell that was clicked before"));
+    m_grid->setToolTip(Words::tr("Shift+click marks all up to the cell that was clicked before"));
     auto* row = new QHBoxLayout;
     row->addWidget(label);
     row->addStretch(1);
@@ -86,7 +89,7 @@ QLayout* CharPage::makeChoice()
 
 QLayout* CharPage::makeView()
 {
-    auto* label = new QLabel(u"Select to view"_s, this);
+    auto* label = new QLabel(Words::tr("Select to view"), this);
     label->setObjectName(u"Label5"_s);
     label->setAlignment(Qt::AlignCenter);
     m_large->setObjectName(u"Obrazec"_s);
@@ -99,7 +102,7 @@ QLayout* CharPage::makeView()
     m_large->setAutoFillBackground(true);
     m_code->setObjectName(u"TextCode"_s);
     m_code->setTextFormat(Qt::PlainText);
-    m_code->setText(u"Text1"_s);
+    m_code->setText(Words::tr("Text1"));
     m_code->setAlignment(Qt::AlignCenter);
     auto* column = new QVBoxLayout;
     column->addWidget(label);
@@ -116,7 +119,7 @@ void CharPage::setPage(int page)
 
 void CharPage::showPage(int page)
 {
-    setTitle(u"Unicode Characters Page: "_s + pageRange(page));
+    setTitle(Words::tr("Unicode Characters Page: ") + pageRange(page));
     m_grid->setPage(page);
     // A block chosen from the list stays shown although its page begins with another one.
     if (pageOfBlock(m_blocks->currentText()) != page)
@@ -145,7 +148,7 @@ void CharPage::showCharacter(int code)
     m_large->setForegroundRole(there ? QPalette::Text : QPalette::PlaceholderText);
     QString text = u"Unicode: U+"_s + QString::number(code, 16).toUpper().rightJustified(4, u'0');
     if (!there && !control)
-        text += u'\n' + tr("not in this font");
+        text += u'\n' + Words::tr("not in this font");
     m_code->setText(text);
 }
 

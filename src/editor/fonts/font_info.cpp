@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/fonts/font_info.h"
 
+#include "base/words.h"
+#include "editor/window/retranslated.h"
 #include "fonts/font_dialog.h"
 
 #include <QHBoxLayout>
@@ -17,24 +19,32 @@ constexpr int margin = 8;
 } // namespace
 
 FontInfo::FontInfo(QWidget* parent)
-    : QGroupBox(u"Font INFO"_s, parent), m_example(new QLabel), m_change(new QPushButton(this))
+    : QGroupBox(parent), m_example(new QLabel), m_change(new QPushButton(this))
 {
     setObjectName(u"Frame8FontINFO"_s);
     setAutoFillBackground(true);
+    retranslated(this, [this] { setTitle(Words::tr("Font INFO")); });
     m_example->setObjectName(u"FontExample"_s);
-    m_example->setText(u"Однажды в студеную зимнюю пору"_s);
+    // Until a font of the message is shown there.
+    retranslated(m_example, [this, example = QString()]() mutable {
+        if (m_example->text() != example)
+            return;
+        example = Words::tr("Two sleepy wolves jog beneath a quiet moon");
+        m_example->setText(example);
+    });
     // The text comes from a file's tag and must not be read as markup.
     m_example->setTextFormat(Qt::PlainText);
     m_example->setWordWrap(true);
     m_example->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_change->setObjectName(u"Font_change"_s);
-    m_change->setText(tr("Change font..."));
+    sayText(m_change, Words::mark("Change font..."));
     // A click must not take the focus from the list that the font is chosen in.
     m_change->setFocusPolicy(Qt::TabFocus);
     m_change->setEnabled(false);
     auto* port = new QScrollArea(this);
     // It scrolls, as a large size would otherwise push the window apart.
     port->setFrameStyle(QFrame::NoFrame);
+    port->setFocusPolicy(Qt::NoFocus);
     port->setWidgetResizable(true);
     port->setWidget(m_example);
     port->viewport()->setAutoFillBackground(false);

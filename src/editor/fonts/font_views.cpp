@@ -2,6 +2,8 @@
 #include "editor/fonts/font_views.h"
 
 #include "base/text.h"
+#include "base/words.h"
+#include "editor/window/retranslated.h"
 #include "fonts/font_dialog.h"
 
 #include <QHBoxLayout>
@@ -38,14 +40,14 @@ QString inLines(const QString& text, QChar mark)
 
 FontViews::FontViews(const QString& title, double previewScale, const CharSelected& set,
                      QWidget* parent)
-    : QGroupBox(u"Examples"_s, parent), m_title(title), m_scale(previewScale), m_set(set),
+    : QGroupBox(Words::tr("Examples"), parent), m_title(title), m_scale(previewScale), m_set(set),
       m_switches(new QButtonGroup(this)), m_stack(new QStackedWidget(this)),
-      m_example(addText(u"TextExample3"_s, u"Example text"_s)),
+      m_example(addText(u"TextExample3"_s, Words::tr("Example text"))),
       m_uniCode(addText(u"TEXTUniCode"_s, {})), m_selected(addText(u"TextSelected"_s, {}))
 {
     setObjectName(u"Frame6"_s);
     m_example->setReadOnly(false);
-    m_example->setToolTip(tr("Type words of your own to see them in this font"));
+    m_example->setToolTip(Words::tr("Type words of your own to see them in this font"));
     m_uniCode->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_selected->setWordWrapMode(QTextOption::WrapAnywhere);
     m_stack->setMinimumHeight(leastHeight);
@@ -65,6 +67,7 @@ QPlainTextEdit* FontViews::addText(const QString& name, const QString& text)
 {
     auto* edit = new QPlainTextEdit(text, m_stack);
     edit->setObjectName(name);
+    sayName(edit, Words::mark("Example in the chosen font"));
     edit->setReadOnly(true);
     edit->setTabChangesFocus(true);
     // Undo would keep every set that was ever shown.
@@ -92,9 +95,9 @@ void FontViews::addLoaders(QLayout& row)
     m_fromFont = new QPushButton(fromFontCaption(m_title), this);
     m_fromFont->setObjectName(u"SetFromFNT"_s);
     m_fromFont->setToolTip(plainTip(fromFontHint(m_title)));
-    m_fromDefault = new QPushButton(u"Load Default"_s, this);
+    m_fromDefault = new QPushButton(Words::tr("Load Default"), this);
     m_fromDefault->setObjectName(u"SetFromIni"_s);
-    m_fromDefault->setToolTip(u"Load Character Set from FENNEL.ini"_s);
+    m_fromDefault->setToolTip(Words::tr("Load Character Set from FENNEL.ini"));
     for (QPushButton* button : {m_fromFont, m_fromDefault}) {
         button->setAutoDefault(false);
         // The views keep their place when the buttons come and go.

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "editor/fonts/font_window.h"
 
+#include "base/failure_words.h"
+#include "base/words.h"
+#include "editor/window/retranslated.h"
 #include "fonts/font_substitution.h"
 
 #include <QAbstractItemView>
@@ -68,6 +71,7 @@ void FontWindow::addScrolling(QWidget& upper)
 {
     auto* view = new QScrollArea(this);
     view->setFrameShape(QFrame::NoFrame);
+    view->setFocusPolicy(Qt::NoFocus);
     view->setWidgetResizable(true);
     view->setWidget(&upper);
     const QMargins edges = upper.layout()->contentsMargins();
@@ -85,7 +89,7 @@ QCheckBox* FontWindow::addIndicator(const QString& name, const QString& caption)
     box->setObjectName(name);
     box->setTristate(true);
     box->setFocusPolicy(Qt::NoFocus);
-    box->setToolTip(tr("Told by the name of the font; choose another one to change it"));
+    box->setToolTip(Words::tr("Told by the name of the font; choose another one to change it"));
     // It tells and cannot be set.
     connect(box, &QCheckBox::clicked, this, &FontWindow::showStyles);
     return box;
@@ -93,10 +97,11 @@ QCheckBox* FontWindow::addIndicator(const QString& name, const QString& caption)
 
 QGroupBox* FontWindow::makeFontFrame(int mostPoints)
 {
-    auto* frame = new QGroupBox(u"Windows ttf-file INFO"_s, this);
+    auto* frame = new QGroupBox(Words::tr("Windows ttf-file INFO"), this);
     frame->setObjectName(u"Frame1"_s);
     m_list = new QComboBox(frame);
     m_list->setObjectName(u"Combo1"_s);
+    sayName(m_list, Words::mark("Font"));
     m_list->setStyleSheet(u"QComboBox { combobox-popup: 0; }"_s);
     m_list->setMaxVisibleItems(20);
     m_list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -104,12 +109,12 @@ QGroupBox* FontWindow::makeFontFrame(int mostPoints)
     for (const FontFile& font : m_fonts)
         m_list->addItem(font.rowText());
     m_list->view()->setMinimumWidth(m_list->view()->sizeHintForColumn(0) + scrollBarRoom);
-    m_bold = addIndicator(u"CheckBold"_s, u"Bold"_s);
-    m_italic = addIndicator(u"CheckItalic"_s, u"Italic"_s);
+    m_bold = addIndicator(u"CheckBold"_s, Words::tr("Bold"));
+    m_italic = addIndicator(u"CheckItalic"_s, Words::tr("Italic"));
     m_size = new NumberSpin(u"UpDown1"_s, u"Text2"_s, NumberRange{1, double(mostPoints), 0}, frame);
-    auto* sizeLabel = new QLabel(u"Win Font Size"_s, frame);
+    auto* sizeLabel = new QLabel(Words::tr("Win Font Size"), frame);
     sizeLabel->setBuddy(m_size);
-    m_size->setSuffix(tr(" pt"));
+    m_size->setSuffix(Words::tr(" pt"));
     m_pixels = new QLabel(frame);
     m_pixels->setObjectName(u"LabelPixels"_s);
     m_note = new QLabel(frame);
@@ -132,14 +137,15 @@ QGroupBox* FontWindow::makeFontFrame(int mostPoints)
 
 QLayout* FontWindow::makeSpacings()
 {
-    m_space = new SpacingFrame(
-        u"Frame3"_s, u"Space Width"_s, u"space_width"_s,
-        {{u"Label3"_s, u"Two"_s, {}, false}, {u"words"_s, u"words"_s, {1, 0}, false}}, this);
-    m_line = new SpacingFrame(u"Frame2"_s, u"Line Space"_s, u"line_space"_s,
-                              {{u"Label2"_s, u"This is a sample of a"_s, {}, false},
-                               {u"multi_line"_s, u"multi-line text"_s, {0, 1}, true}},
+    m_space = new SpacingFrame(u"Frame3"_s, Words::tr("Space Width"), u"space_width"_s,
+                               {{u"Label3"_s, Words::tr("Two"), {}, false},
+                                {u"words"_s, Words::tr("words"), {1, 0}, false}},
+                               this);
+    m_line = new SpacingFrame(u"Frame2"_s, Words::tr("Line Space"), u"line_space"_s,
+                              {{u"Label2"_s, Words::tr("This is a sample of a"), {}, false},
+                               {u"multi_line"_s, Words::tr("multi-line text"), {0, 1}, true}},
                               this);
-    m_letter = new SpacingFrame(u"Frame4"_s, u"Letter Space"_s, u"letter_space"_s,
+    m_letter = new SpacingFrame(u"Frame4"_s, Words::tr("Letter Space"), u"letter_space"_s,
                                 {{u"Label4_0"_s, u"f"_s, {}, false},
                                  {u"Label4_1"_s, u"o"_s, {1, 0}, false},
                                  {u"Label4_2"_s, u"n"_s, {2, 0}, false},
@@ -158,13 +164,14 @@ QLayout* FontWindow::makeEnd()
     m_count->setTextFormat(Qt::PlainText);
     m_ranges = new QPlainTextEdit(this);
     m_ranges->setObjectName(u"LabelFNTSet"_s);
+    sayName(m_ranges, Words::mark("Chosen ranges"));
     m_ranges->setReadOnly(true);
     m_ranges->setFocusPolicy(Qt::ClickFocus);
     m_ranges->setFixedHeight(3 * fontMetrics().height());
-    auto* apply = new QPushButton(u"Apply"_s, this);
+    auto* apply = new QPushButton(Words::tr("Apply"), this);
     apply->setObjectName(u"butОК"_s);
     apply->setDefault(true);
-    auto* cancel = new QPushButton(u"Cancel"_s, this);
+    auto* cancel = new QPushButton(Words::tr("Cancel"), this);
     cancel->setObjectName(u"butCancel"_s);
     cancel->setAutoDefault(false);
     connect(apply, &QPushButton::clicked, this, &FontWindow::apply);
@@ -184,14 +191,16 @@ QLayout* FontWindow::makeTyping()
 {
     m_typed = new QLineEdit(this);
     m_typed->setObjectName(u"TextTyped"_s);
-    m_typed->setPlaceholderText(tr("Letters or codes, such as 0x41-0x5A or a-z"));
+    sayName(m_typed, Words::mark("Letters or codes, such as 0x41-0x5A or a-z"));
+    m_typed->setPlaceholderText(Words::tr("Letters or codes, such as 0x41-0x5A or a-z"));
     m_typed->setClearButtonEnabled(true);
     m_typed->installEventFilter(this);
     auto* row = new QHBoxLayout;
     row->addWidget(m_typed, 1);
     for (const bool add : {true, false}) {
-        auto* button = new QPushButton(add ? tr("Add") : tr("Remove"), this);
-        button->setObjectName(add ? u"butAddTyped"_s : u"butRemoveTyped"_s);
+        auto* button = new QPushButton(add ? Words::tr("Add") : Words::tr("Remove"), this);
+        button->setObjectName(add ? QStringLiteral("butAddTyped")
+                                  : QStringLiteral("butRemoveTyped"));
         button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, [this, add] { takeTyped(add); });
         row->addWidget(button);
@@ -226,7 +235,7 @@ void FontWindow::markRun(int first, int last, bool chosen)
 void FontWindow::showPixels()
 {
     const int pixels = fontPixels(m_size->value(), m_logPixelsY);
-    m_pixels->setText(tr("= %1 pixels on the screen").arg(pixels));
+    m_pixels->setText(Words::tr("= %1 pixels on the screen").arg(pixels));
     QFont face = m_shown;
     face.setPixelSize(std::max(1, pixels));
     for (SpacingFrame* frame : {m_space, m_line, m_letter})
@@ -273,17 +282,18 @@ bool FontWindow::eventFilter(QObject* watched, QEvent* event)
 void FontWindow::chooseFont(int place)
 {
     if (place < 0 || place >= static_cast<int>(m_fonts.size())) {
-        m_note->setText(tr("No TrueType font is installed on this system."));
+        m_note->setText(Words::tr("No TrueType font is installed on this system."));
         showSet();
         return;
     }
     const FontFile& font = m_fonts[static_cast<std::size_t>(place)];
     m_family = familyOfName(font.name, QFontDatabase::families());
-    m_note->setText(m_family.isEmpty()
-                        ? tr("%1 cannot be shown here, so the examples stand in another font. The "
-                             "boot screen's font is made from its file all the same.")
-                              .arg(font.name)
-                        : QString());
+    m_note->setText(
+        m_family.isEmpty()
+            ? Words::tr("%1 cannot be shown here, so the examples stand in another font. The "
+                        "boot screen's font is made from its file all the same.")
+                  .arg(font.name)
+            : QString());
     m_views->setExample(fontExampleText(font));
     showStyles();
     loadFace(font);
@@ -319,7 +329,7 @@ void FontWindow::showStyles()
 void FontWindow::setRanges(const Result<CharSelected>& set)
 {
     if (!set) {
-        m_shell.prompts.ShowMessage(QString::fromStdString(set.failure().text));
+        m_shell.prompts.ShowMessage(failureWords(set.failure()));
         return;
     }
     m_set = *set;
@@ -331,7 +341,7 @@ void FontWindow::loadFromMember(const QString& member)
 {
     const Result<QByteArray> file = readBytes(m_shell.run.Workspace + member);
     if (!file) {
-        m_shell.prompts.ShowMessage(QString::fromStdString(file.failure().text));
+        m_shell.prompts.ShowMessage(failureWords(file.failure()));
         return;
     }
     setRanges(ParseCharacterRanges(rangesOfFont(*file)));
@@ -351,15 +361,16 @@ void FontWindow::showSet()
     wanted[0] = false; // never goes into a font
     const auto all = static_cast<int>(wanted.count());
     const auto missing = static_cast<int>((wanted & ~m_there).count());
-    QString text = tr("%1 characters selected").arg(all);
+    QString text = Words::tr("%1 characters selected").arg(all);
     if (missing > 0)
-        text += tr(", %1 of them not in this font: they are left out").arg(missing);
+        text += Words::tr(", %1 of them not in this font: they are left out").arg(missing);
     wanted &= m_there;
     const auto wide = static_cast<int>(m_face.isValid() ? tooWide(wanted).count() : 0);
     if (wide > 0)
-        text += tr(", %1 too wide for a font file at this size: they are left out").arg(wide);
+        text +=
+            Words::tr(", %1 too wide for a font file at this size: they are left out").arg(wide);
     if (all > 0 && !hasLatin(wanted))
-        text += tr(". There are no Latin letters");
+        text += Words::tr(". There are no Latin letters");
     m_count->setText(text);
 }
 

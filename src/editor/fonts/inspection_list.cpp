@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "editor/fonts/inspection_list.h"
 
+#include "base/words.h"
+#include "editor/window/retranslated.h"
+
 #include <QApplication>
 #include <QFontDatabase>
 #include <QHBoxLayout>
@@ -29,10 +32,11 @@ InspectionList::InspectionList(QWidget* parent)
     m_heading->setTextFormat(Qt::PlainText);
     m_close->setObjectName(u"CommandList1Close"_s);
     m_close->setText(u"x"_s);
-    m_close->setToolTip(tr("Close (Esc)"));
+    sayTip(m_close, Words::mark("Close (Esc)"));
     // Focus would leave the list, which closes it before the click arrives.
     m_close->setFocusPolicy(Qt::NoFocus);
     m_list->setObjectName(u"List1"_s);
+    sayName(m_list, Words::mark("Characters of the font file"));
     m_list->setModel(&m_rows);
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_list->setUniformItemSizes(true); // rows by the ten thousand

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/fonts/spacing_frame.h"
 
+#include "base/words.h"
+
 #include <QHBoxLayout>
 
 #include <algorithm>
@@ -21,8 +23,9 @@ SpacingFrame::SpacingFrame(const QString& name, const QString& title, const QStr
       m_sample(new QWidget(this))
 {
     setObjectName(name);
-    m_number->setSuffix(QStringLiteral(" px"));
-    m_number->setToolTip(tr("Pixels of the boot screen"));
+    m_number->setSuffix(Words::tr(" px"));
+    m_number->setAccessibleName(title);
+    m_number->setToolTip(Words::tr("Pixels of the boot screen"));
     for (const Word& word : words)
         addWord(word);
     // Room for two lines and the spacings that are of use.

@@ -3,6 +3,7 @@
 
 #include "base/files.h"
 #include "base/run_state.h"
+#include "base/words.h"
 #include "params/object_table.h"
 
 namespace fennel {
@@ -205,8 +206,8 @@ std::vector<PopupEntry> rowPopup(int tab, const QString& name)
         return {{0, name, true}};
     return {{0, name, false},
             {1, QStringLiteral("1 - ") + name, true},
-            {popupEdit, QStringLiteral("Edit ") + name, true},
-            {popupDelete, QStringLiteral("Delete ") + name, true}};
+            {popupEdit, Words::tr("Edit ") + name, true},
+            {popupDelete, Words::tr("Delete ") + name, true}};
 }
 
 std::vector<PopupEntry> tabPopup(const RunState& run, const ParamLists& lists, int tab)
@@ -216,21 +217,20 @@ std::vector<PopupEntry> tabPopup(const RunState& run, const ParamLists& lists, i
     const QString caption = lists.tabs[static_cast<std::size_t>(tab)].caption;
     const bool logo = isLogoTab(lists, tab);
     std::vector<PopupEntry> entries = {
-        {0, caption + QStringLiteral(" Контекстное меню для вкладки"), true}};
+        {0, Words::tr("%1 Context menu of the tab").arg(caption), true}};
     if ((tab >= FirstObjectTab && !logo) || tab == TabMenu)
-        entries.push_back({popupFitColumns, QStringLiteral("Columns AutoWidth")});
+        entries.push_back({popupFitColumns, Words::tr("Columns AutoWidth")});
     if (tab == TabBackgrounds) {
-        entries.push_back({popupReorder, QStringLiteral("Reorder ITEMs")});
-        entries.push_back({popupFitColumns, QStringLiteral("Columns AutoWidth")});
+        entries.push_back({popupReorder, Words::tr("Reorder ITEMs")});
+        entries.push_back({popupFitColumns, Words::tr("Columns AutoWidth")});
     }
     if (run.GfxHasZuk && tab != TabGfxboot && tab != TabConfig) {
-        entries.push_back({popupDeleteAll, QStringLiteral("Delete all files")});
-        entries.push_back({popupAdd, QStringLiteral("Add NEW file")});
+        entries.push_back({popupDeleteAll, Words::tr("Delete all files")});
+        entries.push_back({popupAdd, Words::tr("Add NEW file")});
         if (tab == TabBackgrounds)
-            entries.push_back(
-                {popupResizeBackgrounds, QStringLiteral("Resize all backgrounds...")});
+            entries.push_back({popupResizeBackgrounds, Words::tr("Resize all backgrounds...")});
         if (logo)
-            entries.push_back({popupResizeLogos, QStringLiteral("Resize all LOGOs...")});
+            entries.push_back({popupResizeLogos, Words::tr("Resize all LOGOs...")});
     }
     return entries;
 }
@@ -247,44 +247,44 @@ QStringList deleteAllNames(const ParamLists& lists, int tab)
 
 QString overlappedText()
 {
-    return QStringLiteral("You can not edit data, while they are overlap by\n"
-                          "the \"MenuLevel data\"!\n\n"
-                          "Uncheck \"MenuLevel data\" to edit ZUKxxxx.CFG data");
+    return Words::tr("You can not edit data, while they are overlap by\n"
+                     "the \"MenuLevel data\"!\n\n"
+                     "Uncheck \"MenuLevel data\" to edit ZUKxxxx.CFG data");
 }
 
 QString oldFontsText()
 {
-    return QStringLiteral("Too old version of the gfxboot.\nFonts are not supported");
+    return Words::tr("Too old version of the gfxboot.\nFonts are not supported");
 }
 
 QString plannedText()
 {
-    return QStringLiteral("ПЛАН...\nPlanned...");
+    return Words::tr("Planned...");
 }
 
 QString plannedMenuText()
 {
-    return QStringLiteral("Запланировано...\nPlanned...\nMenu TEXT changing...");
+    return Words::tr("Planned...\nMenu TEXT changing...");
 }
 
 QString plannedUpDownText(int value)
 {
-    return plannedText() + QStringLiteral("\nUpDown: %1").arg(value);
+    return plannedText() + Words::tr("\nUpDown: %1").arg(value);
 }
 
 QString specialTabText()
 {
-    return QStringLiteral("Use a special tab for this item");
+    return Words::tr("Use a special tab for this item");
 }
 
 QString notTextFileText()
 {
-    return QStringLiteral("This file is not a text file");
+    return Words::tr("This file is not a text file");
 }
 
 QString askDeleteText(const QString& name)
 {
-    return QStringLiteral("Удалить файл %1?").arg(name);
+    return Words::tr("Delete the file %1?").arg(name);
 }
 
 } // namespace fennel

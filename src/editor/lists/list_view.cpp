@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "editor/lists/list_view.h"
 
+#include "base/words.h"
+#include "editor/window/retranslated.h"
+
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -38,6 +41,8 @@ ListView::ListView(const ParamLists& lists, int number, QWidget* parent)
     m_icons->setIconSize(largeIcon);
     m_icons->setGridSize(largeCell);
     m_icons->setWordWrap(true);
+    sayName(m_report, Words::mark("Rows of the tab"));
+    sayName(m_icons, Words::mark("Pictures of the tab"));
     addWidget(m_report);
     addWidget(m_icons);
     for (QAbstractItemView* view :

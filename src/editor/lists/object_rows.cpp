@@ -2,6 +2,7 @@
 #include "editor/lists/object_rows.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
 #include "editor/lists/tabs.h"
@@ -59,7 +60,8 @@ void addMembers(const Shell& shell, const PanelRec& panel, ListRows& list)
         list.rows.push_back(
             saying(RowKind::Separator, {u"_____"_s, u"_____"_s, u"_____"_s, u"_____"_s,
                                         u"________________________"_s}));
-        list.rows.push_back(saying(RowKind::Heading, {u"FileName"_s, {}, u"Size"_s}));
+        list.rows.push_back(
+            saying(RowKind::Heading, {Words::tr("FileName"), {}, Words::tr("Size")}));
         for (const QString& name : numberedFiles(folder, mask)) {
             const bool picture = name.endsWith(u".jpg", Qt::CaseInsensitive);
             list.rows.push_back(memberRow(folder, name, panel.Editable && picture));
@@ -77,14 +79,15 @@ ListRows objectList(const Shell& shell, const Document& document, int object)
         return list;
     shell.WriteLog(u"     %1%2_in_ListView"_s.arg(
         panel->Name, QString::number(panel->TabIndex).rightJustified(3)));
-    list.columns = {u":ID:"_s, u"Name"_s, u"CFG data"_s, u"LST data"_s, u"Comment"_s};
+    list.columns = {u":ID:"_s, Words::tr("Name"), Words::tr("CFG data"), Words::tr("LST data"),
+                    Words::tr("Comment")};
     list.object = object;
     addParameters(document, object, list);
     addMembers(shell, *panel, list);
     // An empty list would look like a fault.
     if (list.rows.empty())
-        list.rows.push_back(
-            saying(RowKind::Notice, {u"Need to upgrade"_s, {}, u"gfxboot kernel"_s}));
+        list.rows.push_back(saying(
+            RowKind::Notice, {Words::tr("Need to upgrade"), {}, Words::tr("gfxboot kernel")}));
     list.selected = 1;
     return list;
 }
@@ -93,7 +96,7 @@ ListRows memberList(const Shell& shell)
 {
     shell.WriteLog(u"     2_GFXBOOT_in_ListView"_s);
     ListRows list;
-    list.columns = {u"File"_s, u"Length"_s};
+    list.columns = {Words::tr("File"), Words::tr("Length")};
     const QString& folder = shell.run.Workspace;
     const Result<QByteArray> names = readBytes(folder + memberListName);
     if (!names)
@@ -114,7 +117,7 @@ ListRows backgroundList(const Shell& shell)
 {
     shell.WriteLog(u"     4_Backgrounds_in_ListView"_s);
     ListRows list;
-    list.columns = {u"File Name"_s, u"File Size"_s};
+    list.columns = {Words::tr("File Name"), Words::tr("File Size")};
     list.iconView = true;
     for (const QString& name :
          thumbnailNames(shell.run.Workspace, thumbnailMask(TabBackgrounds, -1)))
@@ -126,9 +129,10 @@ ListRows configList(const Shell& shell, const Document& document)
 {
     shell.WriteLog(u"     3_Config_in_ListView"_s);
     ListRows list;
-    list.columns = {u"Parameter"_s, u"Value"_s, u"Comment from the \"gfxboot.cfg\""_s};
+    list.columns = {Words::tr("Parameter"), Words::tr("Value"), Words::tr("State"),
+                    Words::tr("Comment from the \"gfxboot.cfg\"")};
     if (!shell.run.GfxHasCfg && document.state().cfg.isEmpty())
-        list.rows.push_back(saying(RowKind::Notice, {u"File \"gfxboot.cfg\" is absent"_s}));
+        list.rows.push_back(saying(RowKind::Notice, {Words::tr("File \"gfxboot.cfg\" is absent")}));
     for (int line = 0; line < document.state().cfg.size(); ++line) {
         ListRow row;
         row.kind = RowKind::CfgLine;

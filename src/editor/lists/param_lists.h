@@ -13,7 +13,7 @@ namespace fennel {
 // Cells of a row of an object list.
 enum ObjectColumn { ItemColumn = 0, NameColumn, LevelColumn, LstColumn, CommentColumn };
 // Cells of a row of gfxboot.cfg.
-enum CfgColumn { CfgNameColumn, CfgValueColumn, CfgCommentColumn };
+enum CfgColumn { CfgNameColumn, CfgValueColumn, CfgStateColumn, CfgCommentColumn };
 
 struct ParamTab {
     QString caption;

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "editor/lists/right_panel.h"
 
+#include "base/words.h"
+#include "editor/window/retranslated.h"
+
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace fennel {
 
@@ -21,6 +26,8 @@ RightPanel::RightPanel(ParamLists& lists, QWidget* parent)
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(margin);
     column->addWidget(m_tabRoom);
+    // However many tabs there are, a few rows stay to be seen.
+    m_stack->setMinimumHeight(4 * fontMetrics().height());
     column->addWidget(m_stack, 1);
     buildButtons();
     connect(m_tabs, &TabStrip::clicked, this, &RightPanel::tabClicked);
@@ -28,14 +35,14 @@ RightPanel::RightPanel(ParamLists& lists, QWidget* parent)
             [this](QPoint place) { Q_EMIT tabMenuAsked(m_lists.CurrentTab, place); });
 }
 
-QToolButton* RightPanel::fileButton(const char* name, const QString& caption,
-                                    const QString& toolTip)
+QToolButton* RightPanel::fileButton(const char* name, const QString& caption, const char* toolTip)
 {
     auto* button = new QToolButton(this);
     button->setObjectName(QLatin1String(name));
     button->setText(caption);
-    button->setToolTip(toolTip);
-    button->setFixedSize(buttonSide, buttonSide);
+    sayTip(button, toolTip);
+    const int side = std::max(buttonSide, fontMetrics().height() + 6);
+    button->setFixedSize(side, side);
     // Until a row of a member is selected there is nothing to act on.
     button->setEnabled(false);
     return button;
@@ -43,26 +50,29 @@ QToolButton* RightPanel::fileButton(const char* name, const QString& caption,
 
 void RightPanel::buildButtons()
 {
-    m_fromMenu = new QCheckBox(QStringLiteral("MenuLevel data"), this);
+    m_fromMenu = new QCheckBox(this);
+    sayText(m_fromMenu, Words::mark("MenuLevel data"));
     m_fromMenu->setObjectName(QStringLiteral("CheckFromMenu"));
     // Only object tabs have values that a menu can lie over.
     m_fromMenu->setVisible(false);
     m_widthSpin = new QSpinBox(this);
     m_widthSpin->setObjectName(QStringLiteral("UpDown1"));
-    m_widthSpin->setToolTip(tr("Width of the right panel"));
+    sayTip(m_widthSpin, Words::mark("Width of the right panel"));
     // Otherwise the panel would jump at every digit that is typed.
     m_widthSpin->setKeyboardTracking(false);
     m_widthSpin->setFocusPolicy(Qt::ClickFocus);
     m_rowSpin = new QSpinBox(this);
     m_rowSpin->setObjectName(QStringLiteral("UpDown3"));
+    sayTip(m_rowSpin, Words::mark("Number of the file"));
     m_rowSpin->setRange(-1000, 1000);
     m_rowSpin->setKeyboardTracking(false);
     m_rowSpin->setEnabled(false);
     m_rowSpin->setFocusPolicy(Qt::ClickFocus);
-    m_rowSpin->setFixedWidth(46);
-    m_add = fileButton("ComADD", QStringLiteral("+"), tr("Add a file"));
-    m_delete = fileButton("ComDEL", QStringLiteral("−"), tr("Delete the file"));
-    m_edit = fileButton("ComEdit", QStringLiteral("✎"), tr("Edit the file"));
+    m_rowSpin->setFixedWidth(
+        std::max(46, fontMetrics().horizontalAdvance(QStringLiteral("0000")) + 18));
+    m_add = fileButton("ComADD", QStringLiteral("+"), Words::mark("Add a file"));
+    m_delete = fileButton("ComDEL", QStringLiteral("−"), Words::mark("Delete the file"));
+    m_edit = fileButton("ComEdit", QStringLiteral("✎"), Words::mark("Edit the file"));
     auto* row = new QHBoxLayout;
     row->setSpacing(2);
     row->addWidget(m_widthSpin);

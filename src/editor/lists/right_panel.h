@@ -59,7 +59,7 @@ Q_SIGNALS:
 
 private:
     void buildButtons();
-    QToolButton* fileButton(const char* name, const QString& caption, const QString& toolTip);
+    QToolButton* fileButton(const char* name, const QString& caption, const char* toolTip);
     void addView(int number);
     QRect editorCell(QWidget& host, const ListView& list);
 

@@ -2,6 +2,7 @@
 #include "editor/lists/row_cells.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "params/panel_values.h"
 #include "params/swatch.h"
 
@@ -67,11 +68,12 @@ RowLook parameterLook(const Document& document, const ListRows& list, const List
     const std::optional<QRgb> comment = list.switched ? look.colour : commentCell;
     // The name without the two characters in front, such as "s.".
     const QString name = zuk.Name.mid(2);
-    look.cells = {
-        cell(item, name, look.colour, row.onOff), cell(name, zuk.Comment, look.colour, row.onOff),
-        cell(value, u"ZUKxxxx.CFG Level value"_s, look.colour, row.onOff),
-        cell(menuValueText(zuk.LstValue, row.hex), u"MenuLevel value"_s, look.colour, row.onOff),
-        cell(zuk.Comment, u"Russian comment"_s, comment, false)};
+    look.cells = {cell(item, name, look.colour, row.onOff),
+                  cell(name, zuk.Comment, look.colour, row.onOff),
+                  cell(value, Words::tr("ZUKxxxx.CFG Level value"), look.colour, row.onOff),
+                  cell(menuValueText(zuk.LstValue, row.hex), Words::tr("MenuLevel value"),
+                       look.colour, row.onOff),
+                  cell(zuk.Comment, Words::tr("Russian comment"), comment, false)};
     // Objects that cannot be edited show their colours as numbers only.
     const PanelRec* panel = document.object(list.object);
     if (panel != nullptr && panel->Editable)
@@ -79,13 +81,25 @@ RowLook parameterLook(const Document& document, const ListRows& list, const List
     return look;
 }
 
+// In words what the colours and the check mark say.
+QString stateWord(const CfgLine& line)
+{
+    if (line.kind == CfgKindOfLine::Wrong)
+        return Words::tr("unknown");
+    if (line.kind == CfgKindOfLine::Text)
+        return {};
+    return line.on ? Words::tr("on") : Words::tr("off");
+}
+
 RowLook cfgLook(const CfgLine& line)
 {
     RowLook look;
     look.checked = line.on;
-    look.cells = {cell(line.name, line.tip, {}, false),
+    look.cells = {cell(line.name, Words::tr(line.tip.toUtf8().constData()), {}, false),
                   cell(line.valued ? line.value.text() : QString(), {}, {}, false),
-                  cell(line.comment, line.tip, {}, false)};
+                  cell(stateWord(line), {}, {}, false),
+                  cell(Words::tr(line.comment.toUtf8().constData()),
+                       Words::tr(line.tip.toUtf8().constData()), {}, false)};
     switch (line.kind) {
     case CfgKindOfLine::Known:
         look.colour = line.on ? cfgActiveRow : blueRow;
@@ -103,8 +117,9 @@ RowLook cfgLook(const CfgLine& line)
         break;
     case CfgKindOfLine::Separator:
         look.colour = cfgHiddenRow;
-        look.cells = {cell(u"# Additional list ->"_s, {}, {}, false),
-                      cell(u"of HIDDEN ->"_s, {}, {}, false), cell(u"parameters"_s, {}, {}, false)};
+        look.cells = {cell(Words::tr("# Additional list ->"), {}, {}, false),
+                      cell(Words::tr("of HIDDEN ->"), {}, {}, false), cell({}, {}, {}, false),
+                      cell(Words::tr("parameters"), {}, {}, false)};
         break;
     }
     return look;
@@ -115,7 +130,7 @@ RowLook memberLook(const Document& document, const ListRows& list, const ListRow
     RowLook look;
     look.colour = colourOf(document, list, row);
     const QString size = QString::number(row.size);
-    const QString tip = u"Size: %1 byte"_s.arg(size);
+    const QString tip = Words::tr("Size: %1 byte").arg(size);
     look.cells = {cell(row.name, list.iconView ? tip : QString(), look.colour, false),
                   cell(size, list.object >= 0 ? tip : QString(), look.colour, false)};
     // The lists of objects have the names of parameters between.

@@ -98,6 +98,7 @@ void TabStrip::contextMenuEvent(QContextMenuEvent* event)
 TabRoom::TabRoom(TabStrip& strip, QWidget* parent) : QScrollArea(parent), m_strip(strip)
 {
     setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWidgetResizable(true);
     setWidget(&strip);

@@ -2,6 +2,7 @@
 #include "editor/lists/tabs.h"
 
 #include "base/shell_context.h"
+#include "base/words.h"
 #include "editor/lists/object_rows.h"
 #include "params/object_table.h"
 #include "params/panel_values.h"
@@ -20,15 +21,6 @@ constexpr ObjectMask objectMasks[] = {
     {AnimationRow, u"ani_??.jpg|ani_??_msk.jpg"},
     {LogoPanelRow, u"Logo_??.jpg"},
 };
-
-ParamTab objectTab(const PanelRec& panel, int object)
-{
-    ParamTab tab;
-    tab.caption = objectCaption(panel.Name);
-    tab.toolTip = tab.caption + QStringLiteral(" settings tab");
-    tab.object = object;
-    return tab;
-}
 
 QString memberOfRow(const ParamLists& lists, int tab, int row)
 {
@@ -50,9 +42,19 @@ std::vector<ParamTab> fixedTabs()
 {
     std::vector<ParamTab> tabs{std::size_t{FirstObjectTab}};
     std::size_t tab = TabMenu;
-    for (const char* caption : {"Menu", "Gfxboot", "Config", "Background(s)", "Font(s)"})
-        tabs[tab++].caption = QString::fromLatin1(caption);
+    for (const char* caption : {Words::mark("Menu"), Words::mark("Gfxboot"), Words::mark("Config"),
+                                Words::mark("Background(s)"), Words::mark("Font(s)")})
+        tabs[tab++].caption = Words::tr(caption);
     return tabs;
+}
+
+ParamTab objectTab(const PanelRec& panel, int object)
+{
+    ParamTab tab;
+    tab.caption = objectCaption(panel.Name);
+    tab.toolTip = Words::tr("%1 settings tab").arg(tab.caption);
+    tab.object = object;
+    return tab;
 }
 
 void BuildTabs(const Shell& shell, ParamLists& lists)
@@ -164,7 +166,7 @@ QStringList thumbnailNames(const QString& workspace, const QString& mask)
 
 QString thumbnailStatus(qsizetype count, const QString& mask)
 {
-    return QStringLiteral("This gfxboot includes %1 images called %2").arg(count).arg(mask);
+    return Words::tr("This gfxboot includes %1 images called %2").arg(count).arg(mask);
 }
 
 } // namespace fennel

@@ -17,6 +17,9 @@ struct Shell;
 // The tabs that are there before anything is open, 1 to 5; element 0 is never used.
 std::vector<ParamTab> fixedTabs();
 
+// The tab of an object.
+ParamTab objectTab(const PanelRec& panel, int object);
+
 // Makes the tabs anew: the five fixed ones, whose lists stay, and in generation 3 one per Enabled
 // object with its list filled. A current tab that is gone becomes the first. All elements of
 // ParamLists::lists may have moved then, and views have to take them anew before they paint.

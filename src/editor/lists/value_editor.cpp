@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "editor/lists/value_editor.h"
 
+#include "base/words.h"
+#include "editor/window/retranslated.h"
+
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -25,9 +28,10 @@ ValueEditor::ValueEditor(QWidget* parent)
       m_pipette(new QCheckBox(this)), m_textButtons(nullptr)
 {
     setObjectName(QStringLiteral("Frame6ParamsEdit"));
-    setTitle(QStringLiteral("Parameter"));
+    retranslated(this, [this] { setTitle(Words::tr("Parameter")); });
     setAutoFillBackground(true);
     m_text->setObjectName(QStringLiteral("TextValue"));
+    sayName(m_text, Words::mark("Value"));
     // A value is one line: no tabs, no wrapping, no scroll bars.
     m_text->setTabChangesFocus(true);
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
@@ -37,11 +41,11 @@ ValueEditor::ValueEditor(QWidget* parent)
     m_text->installEventFilter(this);
     m_colour->setObjectName(QStringLiteral("ComColor"));
     m_colour->setText(QStringLiteral("..."));
-    m_colour->setToolTip(tr("Choose a colour"));
+    sayTip(m_colour, Words::mark("Choose a colour"));
     m_colour->setFixedWidth(28);
     m_pipette->setObjectName(QStringLiteral("Check2Pipetka"));
-    m_pipette->setText(tr("Pick"));
-    m_pipette->setToolTip(tr("Pick a colour from the screen"));
+    sayText(m_pipette, Words::mark("Pick"));
+    sayTip(m_pipette, Words::mark("Pick a colour from the screen"));
     buildTextButtons();
     auto* row = new QHBoxLayout;
     row->setSpacing(textMargin);
@@ -63,10 +67,12 @@ void ValueEditor::buildTextButtons()
     auto* row = new QHBoxLayout(m_textButtons);
     row->setContentsMargins(0, 0, 0, 0);
     row->addStretch(1);
-    const std::array<QString, 4> captions = {tr("Close"), tr("Save"), tr("Reload"),
-                                             tr("Read as UTF-8")};
+    constexpr std::array<const char*, 4> captions = {Words::mark("Close"), Words::mark("Save"),
+                                                     Words::mark("Reload"),
+                                                     Words::mark("Read as UTF-8")};
     for (const int index : {ConvertText, ReloadText, SaveText, CloseText}) {
-        auto* button = new QPushButton(captions[static_cast<std::size_t>(index)], m_textButtons);
+        auto* button = new QPushButton(m_textButtons);
+        sayText(button, captions[static_cast<std::size_t>(index)]);
         button->setObjectName(QStringLiteral("ComFr6ForTXT(%1)").arg(index));
         row->addWidget(button);
         connect(button, &QPushButton::clicked, this,

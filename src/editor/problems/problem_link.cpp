@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/problems/problem_link.h"
 
+#include "base/words.h"
 #include "checks/document_check.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/list_actions.h"
@@ -116,7 +117,7 @@ void ProblemLink::show()
     for (const Problem& problem : m_problems)
         rows.push_back({problem.severity, problem.sentence, problem.advice, whereIs(problem),
                         problem.mend ? problem.mend->what : QString()});
-    m_shown->setWindowTitle(tr("Problems: %1").arg(countText(m_problems)));
+    m_shown->setWindowTitle(Words::tr("Problems: %1").arg(countText(m_problems)));
     m_shown->showProblems(rows);
     m_shown->setCurrent(current());
 }
@@ -155,11 +156,11 @@ void ProblemLink::mend(int problem)
     Document& document = m_window.document();
     if (!mended.mend->change.params.empty() && document.menuLevelShown()) {
         m_window.shell().prompts.ShowMessage(overlappedText(), MessageType::Ok,
-                                             u"MenuLevel data"_s);
+                                             Words::tr("MenuLevel data"));
         return;
     }
     const StepPlace place = placeOf(document.state(), mended);
-    const StepInfo info{u"mending of %1"_s.arg(whereIs(mended)), place, {}};
+    const StepInfo info{Words::tr("mending of %1").arg(whereIs(mended)), place, {}};
     if (mended.mend->picture.isEmpty())
         (void)document.apply(mended.mend->change, info);
     else if (document.changeMembers(info, [&] { return mendPicture(*mended.mend); }))

@@ -2,6 +2,7 @@
 #include "editor/problems/problem_window.h"
 
 #include "base/text.h"
+#include "base/words.h"
 
 #include <QHeaderView>
 #include <QIcon>
@@ -49,12 +50,11 @@ QString countText(const std::vector<Problem>& problems)
         return std::ranges::count(problems, severity, &Problem::severity);
     };
     QStringList parts{
-        countOf(count(Severity::Error), ProblemWindow::tr("error"), ProblemWindow::tr("errors")),
-        countOf(count(Severity::Warning), ProblemWindow::tr("warning"),
-                ProblemWindow::tr("warnings")),
-        countOf(count(Severity::Note), ProblemWindow::tr("note"), ProblemWindow::tr("notes"))};
+        countOf(count(Severity::Error), Words::tr("error"), Words::tr("errors")),
+        countOf(count(Severity::Warning), Words::tr("warning"), Words::tr("warnings")),
+        countOf(count(Severity::Note), Words::tr("note"), Words::tr("notes"))};
     parts.removeAll(QString());
-    return parts.isEmpty() ? ProblemWindow::tr("No problem found") : parts.join(u", "_s);
+    return parts.isEmpty() ? Words::tr("No problem found") : parts.join(u", "_s);
 }
 
 ProblemWindow::ProblemWindow(QWidget* parent)
@@ -63,7 +63,7 @@ ProblemWindow::ProblemWindow(QWidget* parent)
     setObjectName(u"ProblemWindow"_s);
     m_list->setObjectName(u"ProblemList"_s);
     m_list->setColumnCount(MendColumn + 1);
-    m_list->setHeaderLabels({tr("Problem"), tr("Where"), tr("Mend")});
+    m_list->setHeaderLabels({Words::tr("Problem"), Words::tr("Where"), Words::tr("Mend")});
     m_list->setRootIsDecorated(false);
     m_list->header()->setStretchLastSection(false);
     m_list->header()->setSectionResizeMode(SentenceColumn, QHeaderView::Stretch);
@@ -97,7 +97,7 @@ void ProblemWindow::addRow(const ShownProblem& problem)
         return;
     auto* button = new QPushButton(QString(problem.mend).replace(u'&', u"&&"_s), m_list);
     button->setFocusPolicy(Qt::NoFocus); // it goes with its row, and would take the focus along
-    button->setToolTip(tr("Space; Ctrl+Z takes it back"));
+    button->setToolTip(Words::tr("Space; Ctrl+Z takes it back"));
     connect(button, &QPushButton::clicked, this, [this, item] {
         m_list->setCurrentItem(item);
         mendCurrent();
@@ -126,9 +126,9 @@ void ProblemWindow::showAdvice()
 {
     const QTreeWidgetItem* item = m_list->currentItem();
     if (m_list->topLevelItemCount() == 0)
-        m_advice->setText(tr("Nothing keeps this boot screen from being as it was meant."));
+        m_advice->setText(Words::tr("Nothing keeps this boot screen from being as it was meant."));
     else if (item == nullptr)
-        m_advice->setText(tr("A click on a problem goes to where it is."));
+        m_advice->setText(Words::tr("A click on a problem goes to where it is."));
     else
         m_advice->setText(item->data(SentenceColumn, adviceRole).toString());
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/stage/boot_view.h"
 
+#include "base/words.h"
 #include "params/object_table.h"
 #include "screen/panel_text.h"
 
@@ -146,9 +147,9 @@ QString BootView::note() const
 {
     QStringList notes;
     if (!m_screen.rulesKnown())
-        notes.append(u"this engine's rules are not known: try Boot test"_s);
+        notes.append(Words::tr("this engine's rules are not known: try Boot test"));
     if (m_screen.lettersMissing())
-        notes.append(u"fonts are missing or broken: schematic letters"_s);
+        notes.append(Words::tr("fonts are missing or broken: schematic letters"));
     return notes.join("; "_L1);
 }
 

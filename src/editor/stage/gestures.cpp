@@ -3,6 +3,7 @@
 #include "editor/stage/gestures.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "document/place_change.h"
 
 #include <QScopedValueRollback>
@@ -133,7 +134,7 @@ void StageGestures::panelPressed(const StageMouse& mouse)
     if (m_before[0].index != index) {
         remember(index);
         if (m_dragging)
-            m_stage.document().beginGesture(stepFor(u"move of %1"_s, index));
+            m_stage.document().beginGesture(stepFor(Words::tr("move of %1"), index));
     }
     if (m_stage.record(index).Roll)
         return;
@@ -159,7 +160,8 @@ void StageGestures::showPanelStatus(int index)
     const QRect& rect = m_stage.panel(index).rect;
     m_told = index;
     m_stage.host().setStatus(nameStatus, rec.Name);
-    m_stage.host().setStatus(placeStatus, u"(%1;%2), %3x%4, Transp.=%5"_s.arg(scale.boot(rect.x()))
+    m_stage.host().setStatus(placeStatus, Words::tr("(%1;%2), %3x%4, Transp.=%5")
+                                              .arg(scale.boot(rect.x()))
                                               .arg(scale.boot(rect.y()))
                                               .arg(scale.boot(rect.width()))
                                               .arg(scale.boot(rect.height()))
@@ -325,12 +327,13 @@ void StageGestures::backgroundMoved(const StageMouse& mouse)
         const double factor = m_stage.scale().factor();
         // Half a pixel more before the cut, so places are rounded like those of panels.
         const QPointF boot(mouse.at.x() / factor + 0.5, mouse.at.y() / factor + 0.5);
-        host.setStatus(placeStatus, u"(%1;%2) RGB=0x%3"_s.arg(std::floor(boot.x()))
+        host.setStatus(placeStatus, Words::tr("(%1;%2) RGB=0x%3")
+                                        .arg(std::floor(boot.x()))
                                         .arg(std::floor(boot.y()))
                                         .arg(hexText(picture.pixel(mouse.at)).mid(2)));
     }
     if (m_stage.run().GfxOpened)
-        host.setStatus(nameStatus, u"Background"_s + QString::number(host.pipettesOn()));
+        host.setStatus(nameStatus, Words::tr("Background") + QString::number(host.pipettesOn()));
     // The whole line is costly to set, so only some places of the mouse do it.
     if ((mouse.at.x() + mouse.at.y()) % statusEvery == statusRest)
         host.refreshStatus();
@@ -375,9 +378,9 @@ void StageGestures::nudge(int index, QPoint by)
             moved.Width = lengthFor(m_stage.panel(row).rect.width(), moved.Width, moved.Width,
                                     m_stage.run().BackWidth);
     }
-    StepInfo info = stepFor(u"move of %1"_s, index);
+    StepInfo info = stepFor(Words::tr("move of %1"), index);
     // A run of arrow keys is one step.
-    info.mergeKey = u"nudge %1"_s.arg(index);
+    info.mergeKey = Words::tr("nudge %1").arg(index);
     store(records, false, info);
     keepInside(index);
     if (index == m_stage.SelectedPanel)

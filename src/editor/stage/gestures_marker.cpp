@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Pulling the marker: the panel grows live as a plain box, its record follows at the release.
+#include "base/words.h"
 #include "editor/stage/gestures.h"
 
 #include "params/panel_values.h"
@@ -16,7 +17,7 @@ void StageGestures::markerPressed(const StageMouse& mouse)
     const int index = m_stage.SelectedPanel;
     if (picking() || locked() || !m_stage.isRow(index))
         return; // m_panel is -1 then, and the moves that follow find nothing to pull
-    m_stage.document().beginGesture(stepFor(u"size of %1"_s, index));
+    m_stage.document().beginGesture(stepFor(Words::tr("size of %1"), index));
     // The band takes its place until the release.
     m_stage.ShowMarker(-1, -1);
     remember(index);
@@ -86,7 +87,7 @@ void StageGestures::storeSize(int index)
     // Generation 3 keeps it as whole entries only.
     if (m_higher && levels())
         rec.Height = menuHeightOf(shownEntries(), m_stage.menuPitch());
-    store(records, m_higher, stepFor(u"size of %1"_s, index));
+    store(records, m_higher, stepFor(Words::tr("size of %1"), index));
 }
 
 void StageGestures::markerReleased()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A dragged object goes with the mouse and finds its line: what is shown meanwhile, and the place
 // that is stored.
+#include "base/words.h"
 #include "editor/stage/gestures.h"
 
 #include "base/text.h"
@@ -122,7 +123,7 @@ void StageGestures::storePlace(int index)
             rec.Width = lengthFor(rect.width(), rec.Width, old.Width, run.BackWidth);
         records[row] = rec;
     }
-    store(records, false, stepFor(u"move of %1"_s, index));
+    store(records, false, stepFor(Words::tr("move of %1"), index));
 }
 
 // While it moves, an object larger than the picture may stand above or left of it, where no move is

@@ -30,7 +30,7 @@ void mnuView_scale(Stage& stage, int percent)
     if (menuScaleAccepted(stage.pictureSize(), stage.run().PreviewScale, percent))
         setScale(stage, percent / 100.0);
     else
-        stage.data().shell.prompts.ShowMessage(minimalSizeText);
+        stage.data().shell.prompts.ShowMessage(minimalSizeText());
 }
 
 void mnuView_custom(Stage& stage, QSize screen)
@@ -40,14 +40,14 @@ void mnuView_custom(Stage& stage, QSize screen)
     const QSize picture = stage.pictureSize();
     const std::optional<QString> typed = prompts.input(
         customScalePrompt(screen, {run.BackWidth, run.BackHeight}, run.PreviewScale, picture),
-        customScaleTitle, QString::number(roundToEven(run.PreviewScale * 100)));
+        customScaleTitle(), QString::number(roundToEven(run.PreviewScale * 100)));
     // 0 is outside what is accepted, so a closed dialog changes nothing and says nothing.
     const double percent = typed ? leadingNumber(*typed) : 0;
     switch (customScaleAnswer(picture, run.PreviewScale, percent)) {
     case ScaleAnswer::Ignored:
         break;
     case ScaleAnswer::TooSmall:
-        prompts.ShowMessage(tooSmallText);
+        prompts.ShowMessage(tooSmallText());
         break;
     case ScaleAnswer::Accepted:
         setScale(stage, percent / 100);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The background comes to its scale, and the panels with it.
+#include "base/failure_words.h"
 #include "editor/stage/stage.h"
 #include "screen/scale_rules.h"
 
@@ -40,7 +41,7 @@ void Stage::tellOnce(const Failure& failure)
     if (m_told == before)
         return;
     // The user knows the background by its own name, not by that of the work file.
-    QString text = QString::fromStdString(failure.text);
+    QString text = failureWords(failure);
     text.replace(run().WorkspaceRoot + scaledBackName, run().BackFile);
     m_data.shell.prompts.ShowMessage(text);
 }

@@ -74,7 +74,8 @@ void Stage::chooseEntry(int entry)
     const int count = m_boot.screen().entries();
     m_boot.choice.entry = std::clamp(entry, 0, std::max(0, count - 1));
     updateBoot();
-    host().setStatus(nameStatus, u"Entry %1 of %2"_s.arg(m_boot.choice.entry + 1).arg(count));
+    host().setStatus(nameStatus,
+                     Words::tr("Entry %1 of %2").arg(m_boot.choice.entry + 1).arg(count));
 }
 
 bool Stage::menuKey(int key)

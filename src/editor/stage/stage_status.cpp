@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the stage says in its fields of the status line: size and scale, and why an object stays.
 #include "base/text.h"
+#include "base/words.h"
 #include "document/place_change.h"
 #include "editor/stage/stage.h"
 
@@ -19,7 +20,8 @@ void Stage::showSizeStatus()
     if (!run().GfxOpened)
         return;
     m_note = m_asItBoots ? m_boot.note() : QString();
-    QString text = u"%1x%2, Scale=%3%"_s.arg(run().BackWidth)
+    QString text = Words::tr("%1x%2, Scale=%3%")
+                       .arg(run().BackWidth)
                        .arg(run().BackHeight)
                        .arg(roundToEven(run().PreviewScale * 100));
     if (!m_note.isEmpty())

@@ -2,7 +2,9 @@
 #include "editor/stage/stage_surface.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "editor/stage/pulse.h"
+#include "editor/window/retranslated.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -28,6 +30,7 @@ StageSurface::StageSurface(Stage& stage, QWidget* parent)
     : QWidget(parent), m_stage(stage), m_gestures(stage)
 {
     setObjectName(u"Picture1"_s);
+    sayName(this, Words::mark("Preview of the boot screen"));
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent); // the stage covers every pixel; no erasing, no flicker

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/window/flash_link.h"
 
+#include "base/words.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
 #include "editor/window/main_window.h"
@@ -45,7 +46,7 @@ void FlashLink::startQemu()
     const Shell& shell = m_window.shell();
     if (shell.run.CurrentFlashChar == noFlash)
         shell.prompts.ShowMessage(
-            QStringLiteral("Select the \"Current Flash Device\" from Flash-menu to start QEMU"),
+            Words::tr("Select the \"Current Flash Device\" from Flash-menu to start QEMU"),
             MessageType::Ok, QStringLiteral("QEMU"));
     else
         m_qemu.RunQemu(qemuMode(m_bios));
@@ -112,9 +113,8 @@ void FlashLink::showFlashMenus(const FlashMenus& menus)
                            menus.anyFile, std::nullopt, menus.entries[i]});
     m_window.menus().setEntries("mnuMenu_fromFlash", entries);
     const QString select = QStringLiteral("mnuMenu_select");
-    m_window.menus().action(select)->setText(menus.selectCaption.isEmpty()
-                                                 ? QString::fromUtf16(menuItem(select)->caption)
-                                                 : menus.selectCaption);
+    m_window.menus().action(select)->setText(
+        menus.selectCaption.isEmpty() ? Words::tr(menuItem(select)->caption) : menus.selectCaption);
     m_window.menus().setEnabled("mnuMenu_select", !menus.entries.isEmpty());
 }
 

@@ -56,6 +56,7 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     addFileCommands(*this);
     addRestoreCommands(*this);
     addViewCommands(*this);
+    addLanguageCommands(*this);
     addHistoryCommands(*this);
     addEditCommands(*this);
     addToolCommands(*this);
@@ -156,6 +157,8 @@ void MainWindow::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange && !m_laid.isEmpty())
         windowFilled();
+    if (event->type() == QEvent::LanguageChange && m_menus)
+        m_waiting->whenIdle([this] { retranslate(*this); });
     if (event->type() == QEvent::ActivationChange && isActiveWindow())
         m_waiting->whenIdle([this] { Form_Activate(); });
 }

@@ -96,6 +96,8 @@ public:
     void toolbarCommand(int id);
     // Brings the background in force to the preview, and the window to its size.
     void ShowBackground();
+    // What the stage says while nothing is open.
+    void showWelcome();
     void refreshThumbnails();
     // Checks the entry of the selected tab in the menu of the objects.
     void showObjectMenu();
@@ -121,7 +123,6 @@ private:
     void LayoutRightPanel(const LayoutResult& layout);
     void LayoutTools(const LayoutResult& layout);
     void placeSplitters(const LayoutResult& layout);
-    void showWelcome();
     void keepOnScreen();
     void takeStoredPlace();
     void storePlace();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The areas of the window: how they are made, where they stand, how the splitters move them.
 #include "base/text.h"
+#include "base/words.h"
 #include "editor/colour/colour_tools.h"
 #include "editor/commands/handlers.h"
 #include "editor/fonts/font_info.h"
@@ -12,11 +13,14 @@
 #include "editor/stage/stage_surface.h"
 #include "editor/window/main_window.h"
 #include "editor/window/menus.h"
+#include "editor/window/retranslated.h"
 #include "editor/window/splitter_bar.h"
 #include "editor/window/status_bar.h"
 #include "editor/window/thumbnail_strip.h"
 #include "editor/window/toolbar.h"
 
+#include <QApplication>
+#include <QFocusFrame>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
@@ -31,24 +35,32 @@ namespace fennel {
 
 namespace {
 
-const QString notZukText = QStringLiteral("This gfxboot is not @ZUK-MOSA@\n"
-                                          "So some features of the FENNEL-GFX (GUI) are disabled\n"
-                                          "\n"
-                                          "You can try to upgrade the selected gfxboot with\n"
-                                          "File / Upgrade gfxboot to @ZUK-MOSA@");
+QString notZukText()
+{
+    return Words::tr("This gfxboot is not @ZUK-MOSA@\n"
+                     "So some features of the FENNEL-GFX (GUI) are disabled\n"
+                     "\n"
+                     "You can try to upgrade the selected gfxboot with\n"
+                     "File / Upgrade gfxboot to @ZUK-MOSA@");
+}
 
 // The font's panel leaves the control of the bottom panel's height free.
-QRect overThumbnails(const QRect& bottomPanel)
+QRect overThumbnails(const QRect& bottomPanel, const QWidget& heightControl)
 {
-    constexpr int controls = 60;
+    constexpr int gap = 6;
+    const int controls = heightControl.width() + gap;
     return bottomPanel.adjusted(3, 1, -controls, 0);
 }
 
 QWidget* messageFrame(QWidget* parent)
 {
-    auto* frame = new QGroupBox(QStringLiteral("INFO"), parent);
+    auto* frame = new QGroupBox(parent);
     frame->setObjectName(QStringLiteral("Frame7RDMessage"));
-    auto* label = new QLabel(notZukText, frame);
+    auto* label = new QLabel(frame);
+    retranslated(frame, [frame, label] {
+        frame->setTitle(Words::tr("INFO"));
+        label->setText(notZukText());
+    });
     label->setObjectName(QStringLiteral("LabelINFO"));
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignCenter);
@@ -144,6 +156,11 @@ void MainWindow::connectAreas()
             [this, &run] { m_dragStart = run.BottomPanelHeight; });
     connect(m_horizontal, &SplitterBar::dragged, this,
             [this](int distance) { setPanelHeight(m_dragStart + distance); });
+    // The picture has no border of its own that could show where the keys go.
+    auto* ring = new QFocusFrame(m_area);
+    connect(qApp, &QApplication::focusChanged, ring, [this, ring](QWidget*, QWidget* now) {
+        ring->setWidget(now != nullptr && now == m_picture ? m_port : nullptr);
+    });
     for (SplitterBar* bar : {m_vertical, m_horizontal}) {
         // While a splitter moves, what happens in lists is not the user's doing.
         connect(bar, &SplitterBar::released, this, [this, &run] { ShowBackground(); });
@@ -186,7 +203,8 @@ LayoutInput MainWindow::layoutInput() const
         input.given = size() - QSize(0, barsHeight());
     input.RightPanelWidth = run.RightPanelWidth;
     input.BottomPanelHeight = run.BottomPanelHeight;
-    input.MinWindowWidth = m_toolbar->MinWindowWidth();
+    // On a narrower desktop the toolbar puts what is left into a menu at its end.
+    input.MinWindowWidth = std::min(m_toolbar->MinWindowWidth(), input.available.width());
     const QSize tools = run.GfxHasZuk ? m_tools->leastSize() : QSize();
     const int row = run.GfxHasZuk ? leastRowWidth(*m_rightPanel) : 0;
     input.leastRightPanel = std::max({minRightPanelWidth, tools.width(), row});
@@ -237,7 +255,7 @@ void MainWindow::LayoutBottomPanel(const LayoutResult& layout)
     m_bottomPanel->setVisible(shown);
     showSizes(m_bottomPanel->heightControl(), layout.leastBottomPanel, layout.largestBottomPanel,
               layout.BottomPanelHeight);
-    m_fontInfo->setGeometry(overThumbnails(layout.bottomPanel));
+    m_fontInfo->setGeometry(overThumbnails(layout.bottomPanel, m_bottomPanel->heightControl()));
     m_fontInfo->setVisible(shown && m_workbench.shell.run.GfxOpened &&
                            m_workbench.params.CurrentTab == TabFonts);
     showFontSample(*this);
@@ -272,12 +290,12 @@ void MainWindow::placeSplitters(const LayoutResult& layout)
     m_horizontal->setGeometry(layout.horizontalSplitter);
     m_rightButton->setGeometry(layout.rightButton);
     m_rightButton->setArrowType(flags.rightPanelShown ? Qt::LeftArrow : Qt::RightArrow);
-    m_rightButton->setToolTip(flags.rightPanelShown ? QStringLiteral("Hide Right Panel")
-                                                    : QStringLiteral("Show Right Panel"));
+    m_rightButton->setToolTip(flags.rightPanelShown ? Words::tr("Hide Right Panel")
+                                                    : Words::tr("Show Right Panel"));
     QToolButton& bottomButton = m_statusBar->bottomButton();
     bottomButton.setArrowType(flags.bottomPanelShown ? Qt::UpArrow : Qt::DownArrow);
-    bottomButton.setToolTip(flags.bottomPanelShown ? QStringLiteral("Hide Bottom Panel")
-                                                   : QStringLiteral("Show Bottom Panel"));
+    bottomButton.setToolTip(flags.bottomPanelShown ? Words::tr("Hide Bottom Panel")
+                                                   : Words::tr("Show Bottom Panel"));
 }
 
 void MainWindow::showRightPanel(bool shown)
@@ -312,8 +330,9 @@ void MainWindow::showWelcome()
     picture.fill(palette().color(QPalette::Window));
     QPainter painter(&picture);
     painter.setPen(palette().color(QPalette::Disabled, QPalette::WindowText));
-    painter.drawText(picture.rect(), static_cast<int>(Qt::AlignCenter),
-                     tr("Open a gfxboot message file (Ctrl+O)\nor make a new one (Ctrl+N)."));
+    painter.drawText(
+        picture.rect(), static_cast<int>(Qt::AlignCenter),
+        Words::tr("Open a gfxboot message file (Ctrl+O)\nor make a new one (Ctrl+N)."));
     painter.end();
     m_stageLink->stage().setBackground(picture);
     LayoutWindow();

@@ -32,9 +32,9 @@ enum class MenuKind {
 };
 
 struct MenuItem {
-    const char* name;   // the action's objectName, and the key of its command
-    const char* parent; // name of the menu that holds it; empty for the bar
-    const char16_t* caption;
+    const char* name;    // the action's objectName, and the key of its command
+    const char* parent;  // name of the menu that holds it; empty for the bar
+    const char* caption; // see Words
     MenuKind kind = MenuKind::Command;
     Enabled enabled = Enabled::Always;
     bool separatorBefore = false;

@@ -2,6 +2,7 @@
 #include "editor/window/menus.h"
 
 #include "base/text.h"
+#include "base/words.h"
 
 namespace fennel {
 
@@ -35,7 +36,7 @@ void Menus::addItem(QMenuBar& bar, const MenuItem& item)
     const QString name = nameOf(item);
     // A popup belongs to no menu; the bar owns it all the same, so it goes with the window.
     if (item.kind == MenuKind::Menu || item.kind == MenuKind::Popup) {
-        auto* menu = new QMenu(QString::fromUtf16(item.caption), &bar);
+        auto* menu = new QMenu(Words::tr(item.caption), &bar);
         menu->setObjectName(name);
         menu->setToolTipsVisible(true);
         m_menus[name] = menu;
@@ -59,7 +60,7 @@ void Menus::addAction(QMenu& parent, const MenuItem& item)
     if (item.separatorBefore)
         parent.addSeparator();
     const QString name = nameOf(item);
-    auto* action = new QAction(QString::fromUtf16(item.caption), &parent);
+    auto* action = new QAction(Words::tr(item.caption), &parent);
     parent.addAction(action);
     // An invisible action marks where the entries of the array go, whatever stands around them.
     if (item.kind == MenuKind::Array) {
@@ -74,6 +75,14 @@ void Menus::addAction(QMenu& parent, const MenuItem& item)
     action->setShortcutContext(Qt::WindowShortcut);
     m_actions[name] = action;
     QObject::connect(action, &QAction::triggered, &parent, [this, name] { m_commands.run(name); });
+}
+
+void Menus::retranslate()
+{
+    for (const MenuItem& item : menuTable()) {
+        if (QAction* found = action(nameOf(item)))
+            found->setText(Words::tr(item.caption));
+    }
 }
 
 QAction* Menus::action(const QString& name) const

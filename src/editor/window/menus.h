@@ -36,6 +36,9 @@ public:
     // The entries as they stand; they live until the next setEntries().
     [[nodiscard]] const std::vector<QAction*>& entries(const char* array);
 
+    // All captions of the table in the language of the run.
+    void retranslate();
+
     void checkEntry(const char* array, int index, bool checked);
 
     // Sets what can be chosen: the rule of the table holds and there is a command behind it. A menu

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/window/picture_link.h"
 
+#include "base/words.h"
 #include "editor/commands/handlers.h"
 #include "editor/stage/stage_link.h"
 #include "editor/window/main_window.h"
@@ -90,7 +91,7 @@ void PictureLink::setLogoSize(QSize size)
     sized.HeightParam = static_cast<qint16>(-sized.Height);
     Change change;
     change.objects[LogoPanelRow] = sized;
-    (void)m_window.document().apply(change, {QStringLiteral("size of LOGO"), {}, {}});
+    (void)m_window.document().apply(change, {Words::tr("size of LOGO"), {}, {}});
 }
 
 void PictureLink::mnuView_fill()
@@ -103,7 +104,7 @@ void PictureLink::mnuView_fill()
         fitted.Height = static_cast<qint16>(-fitted.HeightParam);
         Change change;
         change.objects[HelpPanelRow] = fitted;
-        (void)m_window.document().apply(change, {QStringLiteral("size of HelpPanel"), {}, {}});
+        (void)m_window.document().apply(change, {Words::tr("size of HelpPanel"), {}, {}});
     }
     m_window.commands().run(QStringLiteral("mnuView_fill"));
 }

@@ -2,6 +2,7 @@
 #include "editor/window/picture_preview.h"
 
 #include "base/files.h"
+#include "base/words.h"
 
 #include <QFileDialog>
 #include <QGridLayout>
@@ -53,9 +54,10 @@ void PicturePreview::show(const QString& path, const Result<FilePicture>& read)
 {
     if (read) {
         setPixmap(QPixmap::fromImage(read->image));
-        setToolTip(tr("%1 x %2 pixels").arg(read->stored.width()).arg(read->stored.height()));
+        setToolTip(
+            Words::tr("%1 x %2 pixels").arg(read->stored.width()).arg(read->stored.height()));
     } else {
-        setText(tr("No preview.") + u'\n' + namePart(path) + u'\n' +
+        setText(Words::tr("No preview.") + u'\n' + namePart(path) + u'\n' +
                 QLocale().formattedDataSize(fileSize(path)));
     }
 }

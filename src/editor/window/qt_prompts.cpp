@@ -5,6 +5,7 @@
 #include "base/files.h"
 #include "base/run_state.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "editor/window/picture_preview.h"
 
 #include <QApplication>
@@ -205,7 +206,7 @@ QString QtPrompts::ChooseFolder(const QString& title)
 {
     const PlainCursor cursor;
     return QFileDialog::getExistingDirectory(
-        parent(), title.isEmpty() ? QStringLiteral("Choose folder...") : title, QDir::homePath());
+        parent(), title.isEmpty() ? Words::tr("Choose folder...") : title, QDir::homePath());
 }
 
 std::optional<QString> QtPrompts::input(const QString& prompt, const QString& title,

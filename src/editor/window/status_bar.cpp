@@ -2,6 +2,8 @@
 #include "editor/window/status_bar.h"
 
 #include "base/text.h"
+#include "base/words.h"
+#include "editor/window/retranslated.h"
 #include "editor/window/status_line.h"
 
 #include <QFontMetrics>
@@ -28,7 +30,7 @@ constexpr int workWidth = 160;  // of the progress bar, for work that is waited 
 
 StatusBar::StatusBar(QWidget* parent)
     : QWidget(parent), m_progress(new QProgressBar(this)), m_work(new QWidget(this)),
-      m_what(new QLabel(m_work)), m_cancel(new QPushButton(tr("Cancel"), m_work)),
+      m_what(new QLabel(m_work)), m_cancel(new QPushButton(m_work)),
       m_problems(new QToolButton(this)), m_bottomButton(new QToolButton(this))
 {
     setObjectName(QStringLiteral("StatusBar1"));
@@ -50,7 +52,8 @@ StatusBar::StatusBar(QWidget* parent)
     m_work->hide();
     m_what->setTextFormat(Qt::PlainText);
     m_cancel->setObjectName(QStringLiteral("ComCancel"));
-    m_cancel->setToolTip(tr("Esc"));
+    sayText(m_cancel, Words::mark("Cancel"));
+    m_cancel->setToolTip(QStringLiteral("Esc"));
     m_cancel->setFocusPolicy(Qt::NoFocus);
     m_problems->setObjectName(QStringLiteral("ComProblems"));
     m_problems->setAutoRaise(true);
@@ -155,6 +158,7 @@ void StatusBar::setProblems(const QIcon& icon, const QString& count, const QStri
     m_problems->setIcon(icon);
     m_problems->setText(count);
     m_problems->setToolTip(tip);
+    m_problems->setAccessibleName(tip);
     m_problems->setHidden(count.isEmpty());
     layFields();
 }

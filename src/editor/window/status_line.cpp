@@ -2,6 +2,7 @@
 #include "editor/window/status_line.h"
 
 #include "base/file_names.h"
+#include "base/words.h"
 
 namespace fennel {
 
@@ -13,16 +14,16 @@ QString generationText(const RunState& run)
     if (run.GfxOpened && run.GfxHasZuk)
         return QStringLiteral("@ZUK-MOSA@");
     if (run.GfxOpened && run.GfxHasCfg)
-        return QStringLiteral("custom");
-    return QStringLiteral("old version ?");
+        return Words::tr("custom");
+    return Words::tr("old version ?");
 }
 
 QString hintText(const RunState& run)
 {
     if (!run.GfxOpened)
-        return QStringLiteral("Select the gfxboot using File/Open");
+        return Words::tr("Select the gfxboot using File/Open");
     if (run.CurrentFlashChar == noFlash)
-        return QStringLiteral("Specify the Current Flash Drive using the Flash/Choose");
+        return Words::tr("Specify the Current Flash Drive using the Flash/Choose");
     return {};
 }
 
@@ -34,14 +35,13 @@ void Status_set(const Shell& shell, StatusFields& fields)
     shell.WriteLog(QStringLiteral(" Status.set"));
     // A blank and a colon while no drive is chosen.
     fields.field(1) = QChar(static_cast<char16_t>(run.CurrentFlashChar)) + QLatin1Char(':');
-    fields.field(2) =
-        run.GfxOpened ? shownPath(run.GfxFileName) : QStringLiteral("no current gfxboot");
+    fields.field(2) = run.GfxOpened ? shownPath(run.GfxFileName) : Words::tr("no current gfxboot");
     fields.field(3) = generationText(run);
     // With a gfxboot open these fields belong to the stage and keep what it wrote.
     if (!run.GfxOpened) {
-        fields.field(4) = QStringLiteral("gfxboot size");
-        fields.field(5) = QStringLiteral("gfxboot Object");
-        fields.field(6) = QStringLiteral("(x;y), WxH, transp");
+        fields.field(4) = Words::tr("gfxboot size");
+        fields.field(5) = Words::tr("gfxboot Object");
+        fields.field(6) = Words::tr("(x;y), WxH, transp");
         fields.field(7).clear();
     }
     fields.field(8) = hintText(run);

@@ -2,6 +2,8 @@
 #include "editor/window/thumbnail_strip.h"
 
 #include "base/text.h"
+#include "base/words.h"
+#include "editor/window/retranslated.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -13,7 +15,7 @@ namespace fennel {
 namespace {
 
 constexpr int cellGap = 6;
-constexpr int controlWidth = 54;
+constexpr int leastControlWidth = 54;
 constexpr QSize cellSize(128, 96);
 
 } // namespace
@@ -26,7 +28,7 @@ ThumbnailStrip::ThumbnailStrip(const Shell& shell, QWidget* parent)
     setFrameStyle(static_cast<int>(QFrame::StyledPanel) | QFrame::Sunken);
     m_scroll->setObjectName(QStringLiteral("VScroll1"));
     m_upDown->setObjectName(QStringLiteral("UpDown2"));
-    m_upDown->setToolTip(tr("Height of the bottom panel"));
+    sayTip(m_upDown, Words::mark("Height of the bottom panel"));
     // Otherwise the strip would jump at every digit that is typed.
     m_upDown->setKeyboardTracking(false);
     m_upDown->setFocusPolicy(Qt::ClickFocus);
@@ -118,6 +120,8 @@ void ThumbnailStrip::resizeEvent(QResizeEvent* event)
 {
     QFrame::resizeEvent(event);
     const QRect inside = contentsRect();
+    // Large fonts need more than the usual room for three digits.
+    const int controlWidth = std::max(leastControlWidth, m_upDown->minimumSizeHint().width());
     const int side = inside.right() - controlWidth;
     m_upDown->setGeometry(side, inside.top() + 2, controlWidth, m_upDown->sizeHint().height());
     const int scrollTop = m_upDown->geometry().bottom() + 3;

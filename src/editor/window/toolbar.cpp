@@ -2,6 +2,7 @@
 #include "editor/window/toolbar.h"
 
 #include "base/text.h"
+#include "base/words.h"
 
 #include <QIcon>
 
@@ -14,6 +15,13 @@ constexpr int iconPixels = 24;
 QIcon picture(int number)
 {
     return QIcon(QStringLiteral(":/icons/%1.svg").arg(number));
+}
+
+// The picture says nothing to a screen reader.
+void sayPlain(QToolButton& button, const QString& text)
+{
+    button.setToolTip(plainTip(text));
+    button.setAccessibleName(text);
 }
 
 } // namespace
@@ -40,7 +48,7 @@ void Toolbar::BuildToolbar(const Commands& commands)
         // By number, like the pictures: tests and the window find buttons so.
         button->setObjectName(QStringLiteral("Toolbar1_%1").arg(row.id));
         button->setIcon(picture(row.id));
-        button->setToolTip(QString::fromUtf16(row.toolTip));
+        sayPlain(*button, Words::tr(row.toolTip));
         button->setAutoRaise(true);
         if (row.dropDown) {
             m_drives = new QMenu(button);
@@ -58,12 +66,16 @@ void Toolbar::UpdateToolbar(const RunState& run, const WindowFlags& flags)
 {
     for (const auto& [id, button] : m_buttons) {
         const ToolbarButton& row = *toolbarButton(id);
-        if (row.enabled == Enabled::ByOthers)
+        if (row.enabled == Enabled::ByOthers) {
+            // Undo and redo say what they would do; see showAction().
+            if (id != UndoButton && id != RedoButton)
+                sayPlain(*button, Words::tr(row.toolTip));
             continue;
+        }
         const ButtonLook look = lookOf(row, run, flags);
         enableButton(row.id, holds(row.enabled, run, true));
         button->setIcon(picture(look.image));
-        button->setToolTip(plainTip(look.toolTip));
+        sayPlain(*button, look.toolTip);
     }
 }
 
@@ -82,7 +94,7 @@ void Toolbar::enableButton(ButtonId id, bool enabled)
 
 void Toolbar::showAction(ButtonId id, const QString& toolTip, bool enabled)
 {
-    m_buttons.at(id)->setToolTip(plainTip(toolTip));
+    sayPlain(*m_buttons.at(id), toolTip);
     enableButton(id, enabled);
 }
 
@@ -94,7 +106,7 @@ void Toolbar::setDrives(const std::vector<QAction*>& entries)
         m_drives->addAction(entry);
     // A menu with nothing in it would never come up, and its button stay down.
     if (entries.empty())
-        m_drives->addAction(tr("No USB drives"))->setEnabled(false);
+        m_drives->addAction(Words::tr("No USB drives"))->setEnabled(false);
 }
 
 } // namespace fennel

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/window/toolbar_table.h"
 
+#include "base/words.h"
+
 #include <array>
 
 namespace fennel {
@@ -13,35 +15,36 @@ constexpr ToolbarButton separator;
 
 // Number, tool tip, command, when it is enabled; then what it shows, by which picture and tips.
 constexpr auto buttons = std::to_array<ToolbarButton>({
-    {NewButton, u"New Gfxboot @ZUK-MOSA@", "mnuFile_New"},
-    {OpenButton, u"Open Gfxboot", "mnuFile_Open"},
-    {SaveButton, u"Save Gfxboot", "mnuFile_Save"},
+    {NewButton, Words::mark("New Gfxboot @ZUK-MOSA@"), "mnuFile_New"},
+    {OpenButton, Words::mark("Open Gfxboot"), "mnuFile_Open"},
+    {SaveButton, Words::mark("Save Gfxboot"), "mnuFile_Save"},
     separator,
-    {UndoButton, u"Undo", "mnuEdit_Undo", ByOthers},
-    {RedoButton, u"Redo", "mnuEdit_Redo", ByOthers},
+    {UndoButton, Words::mark("Undo"), "mnuEdit_Undo", ByOthers},
+    {RedoButton, Words::mark("Redo"), "mnuEdit_Redo", ByOthers},
     separator,
-    {FullScaleButton, u"Scale 1:1 (100%)", "mnuView_scale1", Opened},
-    {FillButton, u"Fill Screen", "mnuView_fill", Opened},
-    {RightPanelButton, u"HideTabsPanel", "ComFrame1", Opened, Shows::RightPanel, 37,
-     u"Hide Right Panel", u"Show Right Panel"},
-    {BottomPanelButton, u"HidePreviewPanel", "ComFrame2", Opened, Shows::BottomPanel, 38,
-     u"Hide Bottom Panel", u"Show Bottom Panel"},
+    {FullScaleButton, Words::mark("Scale 1:1 (100%)"), "mnuView_scale1", Opened},
+    {FillButton, Words::mark("Fill Screen"), "mnuView_fill", Opened},
+    {RightPanelButton, Words::mark("HideTabsPanel"), "ComFrame1", Opened, Shows::RightPanel, 37,
+     Words::mark("Hide Right Panel"), Words::mark("Show Right Panel")},
+    {BottomPanelButton, Words::mark("HidePreviewPanel"), "ComFrame2", Opened, Shows::BottomPanel,
+     38, Words::mark("Hide Bottom Panel"), Words::mark("Show Bottom Panel")},
     separator,
-    {ChangeBackButton, u"Change Current Back", "mnuEdit_ChangeBack", Opened},
-    {ClipboardButton, u"Get Picture From Clipboard", "mnuEdit_ge_Clipboard", Opened},
-    {FontEditButton, u"FNT-edit", "mnuEDIT_NEWFont", ByOthers},
-    {TextEditButton, u"TXT-edit", "ComEdit", ByOthers},
-    {PictureEditButton, u"JPG-edit", "ComEdit", ByOthers},
-    {ResizeButton, u"Resize Gfxboot", "mnuEdit_Resize", OpenedZuk},
-    {WideButton, u"16:9 Support", "mnuEdit_16x9Support", OpenedZuk},
+    {ChangeBackButton, Words::mark("Change Current Back"), "mnuEdit_ChangeBack", Opened},
+    {ClipboardButton, Words::mark("Get Picture From Clipboard"), "mnuEdit_ge_Clipboard", Opened},
+    {FontEditButton, Words::mark("FNT-edit"), "mnuEDIT_NEWFont", ByOthers},
+    {TextEditButton, Words::mark("TXT-edit"), "ComEdit", ByOthers},
+    {PictureEditButton, Words::mark("JPG-edit"), "ComEdit", ByOthers},
+    {ResizeButton, Words::mark("Resize Gfxboot"), "mnuEdit_Resize", OpenedZuk},
+    {WideButton, Words::mark("16:9 Support"), "mnuEdit_16x9Support", OpenedZuk},
     separator,
-    {FlashButton, u"Current Flash", "CurrentFlashInfo", Always, Shows::CurrentFlash, FlashButton,
-     u"Current Flash Drive Info", u"All USB Drives INFO", true},
-    {MonitorButton, u"MonitoringIsOff", "mnuFlash_Monitor", Always, Shows::Monitor, 49,
-     u"USB-Monitoring is ON", u"USB-Monitoring is OFF"},
+    {FlashButton, Words::mark("Current Flash"), "CurrentFlashInfo", Always, Shows::CurrentFlash,
+     FlashButton, Words::mark("Current Flash Drive Info"), Words::mark("All USB Drives INFO"),
+     true},
+    {MonitorButton, Words::mark("MonitoringIsOff"), "mnuFlash_Monitor", Always, Shows::Monitor, 49,
+     Words::mark("USB-Monitoring is ON"), Words::mark("USB-Monitoring is OFF")},
     separator,
-    {BootButton, u"Boot test", "mnuT_Boot", Opened},
-    {QemuButton, u"Run QEMU", "mnuT_Qemu_Start"},
+    {BootButton, Words::mark("Boot test"), "mnuT_Boot", Opened},
+    {QemuButton, Words::mark("Run QEMU"), "mnuT_Qemu_Start"},
 });
 
 bool isCase(Shows shown, const RunState& run, const WindowFlags& flags)
@@ -79,14 +82,14 @@ const ToolbarButton* toolbarButton(int id)
 ButtonLook lookOf(const ToolbarButton& button, const RunState& run, const WindowFlags& flags)
 {
     if (button.shows == Shows::Nothing)
-        return {button.id, QString::fromUtf16(button.toolTip)};
+        return {button.id, Words::tr(button.toolTip)};
     const bool on = isCase(button.shows, run, flags);
-    return {on ? button.imageOn : button.id, QString::fromUtf16(on ? button.tipOn : button.tipOff)};
+    return {on ? button.imageOn : button.id, Words::tr(on ? button.tipOn : button.tipOff)};
 }
 
 QString undefinedButtonText(int id)
 {
-    return QStringLiteral("Button ID=%1\nFunction is not defined!").arg(id);
+    return Words::tr("Button ID=%1\nFunction is not defined!").arg(id);
 }
 
 } // namespace fennel

@@ -41,13 +41,13 @@ enum class Shows { Nothing, RightPanel, BottomPanel, CurrentFlash, Monitor };
 
 struct ToolbarButton {
     ButtonId id = NoButton;
-    const char16_t* toolTip = u"";
+    const char* toolTip = "";
     const char* command = ""; // the key of its command: a menu item's, or one of its own
     Enabled enabled = Enabled::Always;
     Shows shows = Shows::Nothing;
     int imageOn = 0; // number of the picture while what it shows is the case; else the id's
-    const char16_t* tipOn = u"";
-    const char16_t* tipOff = u"";
+    const char* tipOn = "";
+    const char* tipOff = "";
     bool dropDown = false;
 };
 

@@ -3,6 +3,7 @@
 // own, two at once if it likes.
 #pragma once
 
+#include "base/languages.h"
 #include "base/last_used.h"
 #include "base/shell_context.h"
 #include "base/user_store.h"
@@ -18,6 +19,7 @@ namespace fennel {
 struct Workbench {
     Shell shell;
     UserStore& store;
+    Languages languages;
     LastUsed lastUsed;
     FontState fonts;
     Document document{shell, fonts.table};
@@ -38,6 +40,11 @@ struct Workbench {
     Workbench(const Shell& shellParts, UserStore& userStore)
         : shell(shellParts), store(userStore), lastUsed(userStore)
     {
+    }
+    // The words of the run's language.
+    void useLanguage()
+    {
+        languages.use(shell.run.CurrentLang, shell.run.AppPath + QStringLiteral("/data"));
     }
 };
 
