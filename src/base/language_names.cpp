@@ -8,7 +8,7 @@ namespace fennel {
 
 namespace {
 
-struct Language {
+struct SystemLanguage {
     const char* id;     // four hexadecimal digits
     const char* name;   // blanks written as "_"
     const char* locale; // "ll_CC", with "@script" where one country has two
@@ -16,7 +16,7 @@ struct Language {
 
 // The published list of Windows language identifiers; the log names languages by it, wherever the
 // program runs. The order decides which row a bare language such as "ar" gets: the first.
-constexpr std::array<Language, 126> languages{{
+constexpr std::array<SystemLanguage, 126> languages{{
     {"0436", "Afrikaans", "af_ZA"},
     {"041C", "Albanian", "sq_AL"},
     {"0401", "Arabic_Saudi_Arabia", "ar_SA"},
@@ -175,7 +175,7 @@ QString languageName(const QString& id)
 {
     const QString wanted = id.trimmed().toUpper();
     const auto* row =
-        std::find_if(languages.begin(), languages.end(), [&](const Language& language) {
+        std::find_if(languages.begin(), languages.end(), [&](const SystemLanguage& language) {
             return wanted == QLatin1String(language.id);
         });
     return row == languages.end() ? QStringLiteral("undef") : QString::fromLatin1(row->name);
@@ -193,12 +193,13 @@ QString languageOfLocale(const QString& locale)
     const QString start = language + QLatin1Char('_');
     for (const QString& form : {full, full.section(QLatin1Char('@'), 0, 0), home}) {
         QString id =
-            firstId([&](const Language& row) { return form == QLatin1String(row.locale); });
+            firstId([&](const SystemLanguage& row) { return form == QLatin1String(row.locale); });
         if (!id.isEmpty())
             return id;
     }
-    return firstId(
-        [&](const Language& row) { return QString::fromLatin1(row.locale).startsWith(start); });
+    return firstId([&](const SystemLanguage& row) {
+        return QString::fromLatin1(row.locale).startsWith(start);
+    });
 }
 
 } // namespace fennel

@@ -78,6 +78,7 @@ const QString readMe = u"Дальше — 20 €\nsecond line"_s;
 void editMembers(Story& story)
 {
     story.user().expectOpen(picture(story.shell));
+    story.user().expectChoice(u"another shape"_s, u"Stretch"_s);
     story.choose("mnuEdit_ChangeBack");
     story.user().expectOpen(story.shell.picture(u"logo.png"_s, {90, 90}, qRgb(250, 120, 0)));
     story.editRow(u"LOGO"_s, u"Logo_00.jpg"_s);

@@ -156,9 +156,10 @@ void Story::type(const QString& item, const QString& value)
 
 QString Story::value(const QString& item)
 {
+    const int column = lists().CurrentTab >= FirstObjectTab ? int{LevelColumn} : CfgValueColumn;
     for (int row = 1; row <= list().count(); ++row) {
         if (look(row).text() == item)
-            return look(row).text(1);
+            return look(row).text(static_cast<std::size_t>(column));
     }
     return {};
 }
