@@ -94,7 +94,7 @@ Result<CharSelected> typedCharacters(const QString& text)
             // Behind a hexadecimal number the end of its run is one, too.
             if (prefix.match(token).hasMatch())
                 token = u"0x"_s + token.remove(prefix).replace(u'-', u"-0x"_s);
-            const Result<CharSelected> part = ParseCharacterRanges(token);
+            Result<CharSelected> part = ParseCharacterRanges(token);
             if (!part)
                 return part;
             set |= *part;

@@ -35,7 +35,7 @@ bool maskThere(const Shell& shell)
 // How opaque the picture is, as a file in WorkspaceRoot; empty if it is so everywhere.
 QString outlineOf(const Shell& shell, const QString& file, QSize size, QStringList options)
 {
-    const QString made = shell.run.WorkspaceRoot + u"~outline.jpg"_s;
+    QString made = shell.run.WorkspaceRoot + u"~outline.jpg"_s;
     options += {u"-extract"_s, u"alpha"_s};
     if (!ResizeJpg(shell, size.width(), size.height(), shortForm(file), made, options))
         return {};

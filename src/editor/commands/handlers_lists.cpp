@@ -54,7 +54,7 @@ QString itemOf(MainWindow& window, int tab, const ListRow& row)
 // A parameter by its name first, as its number tells nobody what it is.
 QString editorCaption(MainWindow& window, const ListRow& row)
 {
-    const QString item = itemOf(window, window.workbench().params.CurrentTab, row);
+    QString item = itemOf(window, window.workbench().params.CurrentTab, row);
     if (row.kind != RowKind::Parameter)
         return item;
     const QString name = window.document().state().ZUKarr.at(row.file, row.number).Name.mid(2);
