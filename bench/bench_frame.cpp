@@ -142,7 +142,7 @@ void timeSteps(benchmark::State& state, const Step& step)
 
 void selectObject(Editor& editor, int object)
 {
-    Q_EMIT editor.window->rightPanel().tabClicked(editor.bench.params.object(object)->TabIndex);
+    Q_EMIT editor.window->rightPanel().tabClicked(editor.bench.params.TabIndex(object));
     editor.paint();
 }
 

@@ -9,7 +9,7 @@ namespace fennel {
 class SilentHost : public StageHost {
 public:
     int objectOfCurrentTab() override { return -1; }
-    void selectTabOf(int) override {}
+    int selectTabOf(int) override { return 0; }
     void focusStage() override {}
     int pipettesOn() override { return 0; }
     void showColourControls(int) override {}

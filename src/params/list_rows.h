@@ -27,6 +27,7 @@ enum class RowKind {
 
 struct ListRow {
     RowKind kind = RowKind::Notice;
+    int object = -1; // of a parameter: the row of PanelArr that it is listed for
     int file = 0;
     int number = 0;
     QString name;

@@ -303,9 +303,6 @@ void finishGeneration3(const Shell& shell, ParamState& state)
         else if (row == HelpPanelRow)
             fitHelpPanel(shell.run, panel);
     }
-    int tab = FirstObjectTab;
-    for (PanelRec& panel : state.PanelArr)
-        panel.TabIndex = panel.Enabled ? tab++ : 0;
 }
 
 } // namespace

@@ -51,7 +51,6 @@ struct PanelRec {
     bool Enabled = true;         // can be selected, gets a tab
     bool Roll = false;           // cannot be moved or sized with the mouse
     QString CfgFile;             // such as "ZUK0004.CFG"
-    int TabIndex = 0;            // its tab, from 6 on; 0 none
     bool OnlySelected = false;   // shown only while its tab is selected
     std::vector<PanelParam> Ids; // parameters that its tab lists, in its order
     std::vector<int> Ids2;       // further parameters whose change recomputes the object
@@ -60,8 +59,5 @@ struct PanelRec {
 };
 
 using PanelArr = std::vector<PanelRec>;
-
-// The fixed tabs; the tabs of objects follow from 6 on.
-enum FixedTab { TabMenu = 1, TabGfxboot, TabConfig, TabBackgrounds, TabFonts, FirstObjectTab };
 
 } // namespace fennel

@@ -100,7 +100,7 @@ public:
             return;
         for (int object = 0; object < m_story.run().ObjectCount; ++object) {
             const PanelRec& now = *lists.object(object);
-            if (now.TabIndex == 0)
+            if (lists.TabIndex(object) == 0)
                 continue;
             const PanelRec told =
                 panelFromValues(document().state(), m_story.bench.fonts.table, object);

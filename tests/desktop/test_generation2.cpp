@@ -128,7 +128,7 @@ TEST(Generation1, ShowsItsMenuAndSavesTheSameMembers)
     story.open(message);
     ASSERT_EQ(story.run().gfxboot_var, 1);
     EXPECT_EQ((*story.lists().object(MenuPanelRow)).Left, 253);
-    EXPECT_EQ(story.lists().tabCount(), 5);
+    EXPECT_EQ(story.lists().tabCount(), FirstObjectTab - 1);
     const auto before = membersOf(message);
     story.choose("mnuFile_Save");
     EXPECT_EQ(membersOf(message), before);

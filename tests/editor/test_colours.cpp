@@ -138,7 +138,7 @@ TEST_F(Colours, TheValueEditorHasAPipetteAndADialogueOfItsOwn)
     editRow(lineRow, record(lineRow).BackParam);
     editor.setText(u"0x112233"_s);
     editor.colourButton().setFocus();
-    Q_EMIT window.rightPanel().rowSelected(record(lineRow).TabIndex, 1, false);
+    Q_EMIT window.rightPanel().rowSelected(bench.params.TabIndex(lineRow), 1, false);
     window.ShowBackground();
     EXPECT_FALSE(editor.isVisible());
     expectFill(qRgb(0xAA, 0xBB, 0xCC), u"0xAABBCC"_s);

@@ -35,7 +35,7 @@ protected:
         Q_EMIT window.rightPanel().rowSelected(tab, number, false);
     }
     QSize sizeOf(const QString& name) const { return QImageReader(member(name)).size(); }
-    int logoTab() { return record(LogoPanelRow).TabIndex; }
+    int logoTab() { return bench.params.TabIndex(LogoPanelRow); }
 };
 
 TEST_F(Members, LogosComeWithTheirTextsInTheSizeOfTheMask)
@@ -46,7 +46,7 @@ TEST_F(Members, LogosComeWithTheirTextsInTheSizeOfTheMask)
     EXPECT_TRUE(texts(logoTab()).contains(u"Logo_01.jpg"_s));
     EXPECT_EQ(sizeOf(u"Logo_01.jpg"_s), sizeOf(u"Logo_msk.jpg"_s));
     EXPECT_EQ(stage().logoCount(), 2);
-    EXPECT_TRUE(texts(record(HelpPanelRow).TabIndex).contains(u"Logo_01.txt"_s));
+    EXPECT_TRUE(texts(bench.params.TabIndex(HelpPanelRow)).contains(u"Logo_01.txt"_s));
 
     shell.prompts.expectInput(u"80 X 60"_s);
     runCommand("mnuEdit_ResizeLOGO");
@@ -61,7 +61,7 @@ TEST_F(Members, LogosComeWithTheirTextsInTheSizeOfTheMask)
 
 TEST_F(Members, ATextIsEditedOverTheStageAndSaved)
 {
-    const int tab = record(HelpPanelRow).TabIndex;
+    const int tab = bench.params.TabIndex(HelpPanelRow);
     selectRow(tab, u"ZUK_Read.txt"_s);
     shell.member(u"Logo_07.txt"_s, "other");
     membersChanged(window, u"Logo_??.txt"_s);

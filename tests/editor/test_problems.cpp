@@ -83,7 +83,7 @@ TEST_F(Problems, OfGenerationThree)
     QTreeWidget& list = shown();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
                       list.visualItemRect(list.topLevelItem(0)).center());
-    EXPECT_EQ(lists().CurrentTab, time.TabIndex);
+    EXPECT_EQ(lists().CurrentTab, lists().TabIndex(timeRow));
     EXPECT_EQ(lists().CurrentRow, rowOf(timeRow, time.LeftParam));
     expectMended(u"object-outside"_s);
     EXPECT_EQ(record(timeRow).Left, 800 - time.Width);

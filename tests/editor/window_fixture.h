@@ -25,7 +25,7 @@ protected:
     }
     void selectObject(int object)
     {
-        Q_EMIT window.rightPanel().tabClicked(record(object).TabIndex);
+        Q_EMIT window.rightPanel().tabClicked(bench.params.TabIndex(object));
     }
     const PanelRec& record(int object) { return *bench.document.object(object); }
     const ZukCell& cell(int object, int param)
@@ -40,17 +40,17 @@ protected:
         wanted.kind = RowKind::Parameter;
         wanted.file = levelFileOf(record(object));
         wanted.number = param;
-        return bench.params.list(record(object).TabIndex)->find(wanted);
+        return bench.params.list(bench.params.TabIndex(object))->find(wanted);
     }
     QString shown(int object, int param)
     {
-        const ListRows& list = *bench.params.list(record(object).TabIndex);
+        const ListRows& list = *bench.params.list(bench.params.TabIndex(object));
         return rowLook(bench.document, list, *list.row(rowOf(object, param)), {}).text(LevelColumn);
     }
     // Opens the value editor on the row of a parameter.
     void editRow(int object, int param)
     {
-        const int tab = record(object).TabIndex;
+        const int tab = bench.params.TabIndex(object);
         const int row = rowOf(object, param);
         RightPanel& panel = window.rightPanel();
         panel.view(tab)->select(row);

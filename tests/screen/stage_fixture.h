@@ -21,7 +21,11 @@ using namespace Qt::StringLiterals;
 class FakeHost : public StageHost {
 public:
     int objectOfCurrentTab() override { return tabObject; }
-    void selectTabOf(int index) override { tabObject = index; }
+    int selectTabOf(int index) override
+    {
+        tabObject = index;
+        return 13;
+    }
     void focusStage() override {}
     int pipettesOn() override { return pipettes; }
     void showColourControls(int index) override { colours = index; }

@@ -180,7 +180,7 @@ TEST_F(StageTest, TabWalksThroughTheObjects)
     stage.SelectNextPanel(true);
     EXPECT_EQ(stage.SelectedPanel, 22);
     EXPECT_EQ(host.tabObject, 22);
-    // Tab 13: 220 x 13 ^ (log 2 / log 12)
+    // Tab 13, as the host says: 220 x 13 ^ (log 2 / log 12)
     EXPECT_NEAR(host.tones.back(), 449.9, 0.1);
     run().GfxOpened = false;
     stage.SelectNextPanel(false);

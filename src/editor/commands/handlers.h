@@ -5,11 +5,15 @@
 
 #include "document/opening.h"
 
+#include <QPoint>
 #include <QString>
+
+#include <vector>
 
 namespace fennel {
 
 class MainWindow;
+struct PopupEntry;
 struct StepPlace;
 
 void addFileCommands(MainWindow& window);
@@ -26,6 +30,9 @@ void addHelpCommands(MainWindow& window);
 void addFontCommands(MainWindow& window);
 void addObjectCommands(MainWindow& window);
 void connectLists(MainWindow& window);
+// The button that deletes, and the menus of rows and tabs.
+void connectMemberRows(MainWindow& window);
+void showListMenu(MainWindow& window, const std::vector<PopupEntry>& entries, QPoint place);
 // The menu of an object on the stage; false if it has no command.
 bool fillObjectMenu(MainWindow& window, int object);
 // Entries of arrays that never change, once the menus stand.
@@ -43,7 +50,7 @@ void showStep(MainWindow& window, OpenStep step);
 void showUpgradedEngine(MainWindow& window);
 // The gfxboot became one of another generation: every list and object anew.
 void showGeneration(MainWindow& window);
-// The five fixed tabs and the views of all tabs, as ParamLists has them now.
+// The fixed tabs and the views of all tabs, as ParamLists has them now.
 void rebuildTabs(MainWindow& window);
 // Fills one of the fixed lists anew and shows it.
 void refillList(MainWindow& window, int tab);

@@ -43,7 +43,7 @@ void onEdit(MainWindow& window)
 void onAdd(MainWindow& window)
 {
     const ParamLists& lists = window.workbench().params;
-    switch (onComADD(lists, lists.CurrentTab)) {
+    switch (lists.kind(lists.CurrentTab).add) {
     case AddAction::AddFont:
         window.commands().run(QStringLiteral("mnuEDIT_ADDFont"));
         break;

@@ -26,7 +26,18 @@ bool shows(const PanelRec& panel, const ParamKey& key)
            std::ranges::find(panel.Ids, key.number, &PanelParam::number) != panel.Ids.end();
 }
 
-void showParams(MainWindow& window, const std::set<ParamKey>& params)
+// The rows of fixed tabs that follow values come and go with them; while the mouse moves only those
+// that are seen.
+void refillValues(MainWindow& window, bool live)
+{
+    const ParamLists& lists = window.workbench().params;
+    for (int tab = TabMenu; tab < FirstObjectTab; ++tab) {
+        if (lists.kind(tab).follows == Follows::Values && (!live || tab == lists.CurrentTab))
+            refillList(window, tab);
+    }
+}
+
+void showParams(MainWindow& window, const std::set<ParamKey>& params, bool live)
 {
     ParamLists& lists = window.workbench().params;
     for (int tab = FirstObjectTab; tab <= lists.tabCount(); ++tab) {
@@ -42,6 +53,8 @@ void showParams(MainWindow& window, const std::set<ParamKey>& params)
         if (shown)
             window.rightPanel().refreshList(tab);
     }
+    if (!params.empty())
+        refillValues(window, live);
 }
 
 void showConfig(MainWindow& window)
@@ -89,7 +102,7 @@ void showChange(MainWindow& window, const DocumentChange& change)
         showGeneration(window);
         return;
     }
-    showParams(window, change.params);
+    showParams(window, change.params, change.live);
     if (change.cfg && !change.live)
         showConfig(window);
     else if (change.cfg)
@@ -138,7 +151,7 @@ void showMembers(MainWindow& window)
 void showPlace(MainWindow& window, const StepPlace& place)
 {
     const ParamLists& lists = window.workbench().params;
-    int tab = place.object >= 0 ? lists.tabOf(place.object) : 0;
+    int tab = place.object >= 0 ? lists.TabIndex(place.object) : 0;
     int row = 0;
     ListRow wanted;
     if (!place.cfgName.isEmpty()) {

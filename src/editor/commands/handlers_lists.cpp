@@ -70,20 +70,6 @@ void openEditor(MainWindow& window)
                                    valueText(window.document(), *row));
 }
 
-void showMenuAs(MainWindow& window, const std::vector<PopupEntry>& entries, QPoint place)
-{
-    std::vector<Menus::Entry> shown;
-    shown.reserve(entries.size());
-    for (const PopupEntry& entry : entries)
-        shown.push_back({entry.index,
-                         QString(entry.caption).replace(u'&', QStringLiteral("&&")),
-                         entry.enabled,
-                         std::nullopt,
-                         {}});
-    window.menus().setEntries("ListView1Popup", shown);
-    window.menus().menu(QStringLiteral("mnu_Context_ListView1Popup"))->popup(place);
-}
-
 void onRowSelected(MainWindow& window, int tab, int row, bool rightButton)
 {
     ParamLists& lists = window.workbench().params;
@@ -109,7 +95,7 @@ void onRowSelected(MainWindow& window, int tab, int row, bool rightButton)
     if (tab == TabFonts)
         showFontRow(window, row);
     if (click.showPopup)
-        showMenuAs(window, rowPopup(tab, itemOf(window, tab, *shown)), QCursor::pos());
+        showListMenu(window, rowPopup(tab, itemOf(window, tab, *shown)), QCursor::pos());
     if (click.showCfgStatus) {
         showCfgStatus(window);
         window.setStatusField(8, Words::tr("DblClick or ENTER for \"Value\" edit"));
@@ -176,13 +162,12 @@ void changeCfgLine(MainWindow& window, int line, const CfgLine& changed, const Q
 
 void setValue(MainWindow& window, const ListRow& row, const ParamValue& value)
 {
-    const ParamLists& lists = window.workbench().params;
     const ParamKey key{row.file, row.number};
     Change change;
     change.params[key] = value;
     const ZukCell& cell = window.document().state().ZUKarr.at(key.file, key.number);
     StepInfo info{Words::tr("value of %1").arg(cell.Name.mid(2)), {}, {}};
-    info.place.object = lists.objectOfTab(lists.CurrentTab);
+    info.place.object = row.object;
     info.place.param = key;
     (void)window.document().apply(change, info);
 }
@@ -208,8 +193,9 @@ void onKey(MainWindow& window, int tab, int key)
 {
     ParamLists& lists = window.workbench().params;
     const ListRow* row = currentRow(window);
-    switch (onListKey(tab, key)) {
+    switch (onListKey(lists.kind(tab), key)) {
     case ListKey::EditValue:
+    case ListKey::Open:
         if (row != nullptr)
             onRowActivated(window, tab, lists.CurrentRow);
         break;
@@ -225,112 +211,7 @@ void onKey(MainWindow& window, int tab, int key)
             onRowChecked(window, tab, lists.CurrentRow,
                          !window.document().state().cfg.value(row->number).on);
         break;
-    default:
-        // The fonts' list opens by Enter as by a double click.
-        if (tab == TabFonts && (key == Qt::Key_Return || key == Qt::Key_Enter) && row != nullptr)
-            onRowActivated(window, tab, lists.CurrentRow);
-        break;
-    }
-}
-
-// All or nothing.
-void deleteMembers(MainWindow& window, const QStringList& names, const QString& what)
-{
-    const Shell& shell = window.shell();
-    StepInfo info{what, {}, {}};
-    info.place.member = names.value(0);
-    const auto removeAll = [&] {
-        for (const QString& name : names) {
-            if (!shell.told(shell.files.remove(shell.run.Workspace + name)))
-                return false;
-        }
-        return shell.told(RebuildMemberList(shell, {}));
-    };
-    if (window.document().changeMembers(info, [&] {
-            if (!removeAll())
-                return false;
-            refillMembers(window);
-            return true;
-        }))
-        return;
-    refillMembers(window);
-}
-
-void onDelete(MainWindow& window)
-{
-    ParamLists& lists = window.workbench().params;
-    const Shell& shell = window.shell();
-    const ListRow* row = currentRow(window);
-    const QString name = row == nullptr ? QString() : row->member();
-    const int tab = lists.CurrentTab;
-    switch (onComDEL(lists, tab, lists.CurrentRow, IsRequiredMember(name))) {
-    case DeleteAction::RefuseRequired:
-        shell.prompts.ShowMessage(Words::tr("File \"%1\" can not be removed.\n"
-                                            "It is in the \"Required Files\" list\n"
-                                            "However, you can try to EDIT it.")
-                                      .arg(name),
-                                  MessageType::Ok, Words::tr("Required Files"));
-        break;
-    case DeleteAction::AskDelete:
-        if (shell.prompts.ShowMessage(askDeleteText(name), MessageType::YesNo,
-                                      QStringLiteral("DEL")) == Answer::Yes)
-            deleteMembers(window, {name}, Words::tr("deletion of %1").arg(name));
-        break;
-    case DeleteAction::TellPlanned:
-        shell.prompts.ShowMessage(plannedText());
-        break;
-    default:
-        break;
-    }
-}
-
-void deleteAll(MainWindow& window)
-{
-    const Shell& shell = window.shell();
-    if (shell.prompts.ShowMessage(Words::tr("Do you really want to delete all files?"),
-                                  MessageType::OkCancel, Words::tr("Files Deleting")) != Answer::Ok)
-        return;
-    const ParamLists& lists = window.workbench().params;
-    QStringList names;
-    for (const QString& name : deleteAllNames(lists, lists.CurrentTab)) {
-        if (FileExists(shell.run.Workspace + name))
-            names.append(name);
-    }
-    deleteMembers(window, names, Words::tr("deletion of %1 files").arg(names.size()));
-}
-
-void runPopup(MainWindow& window, int index)
-{
-    Commands& commands = window.commands();
-    ListView* view = window.rightPanel().view(window.workbench().params.CurrentTab);
-    switch (index) {
-    case popupEdit:
-        commands.run(QStringLiteral("ComEdit"));
-        break;
-    case popupDelete:
-        onDelete(window);
-        break;
-    case popupReorder:
-        view->reorderItems();
-        break;
-    case popupFitColumns:
-        view->fitColumns();
-        break;
-    case popupDeleteAll:
-        deleteAll(window);
-        break;
-    case popupAdd:
-        if (onComADD(window.workbench().params, window.workbench().params.CurrentTab) !=
-            AddAction::TellPlanned)
-            commands.run(QStringLiteral("ComADD"));
-        break;
-    case popupResizeBackgrounds:
-        commands.run(QStringLiteral("mnuEdit_Resize"));
-        break;
-    case popupResizeLogos:
-        commands.run(QStringLiteral("mnuEdit_ResizeLOGO"));
-        break;
-    default:
+    case ListKey::Nothing:
         break;
     }
 }
@@ -496,23 +377,16 @@ void connectLists(MainWindow& window)
         [&window](int tab, int row, bool checked) { onRowChecked(window, tab, row, checked); });
     QObject::connect(&panel, &RightPanel::keyPressed, &window,
                      [&window](int tab, int key) { onKey(window, tab, key); });
-    QObject::connect(&panel, &RightPanel::tabMenuAsked, &window, [&window](int tab, QPoint place) {
-        const auto entries = tabPopup(window.shell().run, window.workbench().params, tab);
-        if (entries.size() >= 2)
-            showMenuAs(window, entries, place);
-    });
     QObject::connect(&panel.editor(), &ValueEditor::committed, &window,
                      [&window] { (void)CommitValue(window); });
     QObject::connect(&panel.editor(), &ValueEditor::cancelled, &window,
                      [&window] { CloseEditor(window); });
-    QObject::connect(&panel.deleteButton(), &QToolButton::clicked, &window,
-                     [&window] { onDelete(window); });
     QObject::connect(&panel.rowSpin(), &QSpinBox::valueChanged, &window, [&window](int value) {
         window.shell().prompts.ShowMessage(plannedUpDownText(value));
     });
     QObject::connect(&panel.fromMenu(), &QCheckBox::clicked, &window,
                      [&window](bool checked) { switchLevels(window, checked); });
-    window.commands().addArray("ListView1Popup", [&window](int index) { runPopup(window, index); });
+    connectMemberRows(window);
 }
 
 } // namespace fennel

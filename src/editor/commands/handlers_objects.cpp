@@ -62,7 +62,7 @@ bool offered(MainWindow& window, int object, const PanelRec& rec, ObjectEntry en
     const int file = levelFileOf(rec);
     switch (entry) {
     case TabEntry:
-        return own && rec.TabIndex >= FirstObjectTab;
+        return own && window.workbench().params.TabIndex(object) > 0;
     case PictureEntry:
         return own && !pictureOf(window, object).isEmpty();
     case FillEntry:
@@ -99,7 +99,7 @@ void runEntry(MainWindow& window, int entry)
         return;
     switch (entry) {
     case TabEntry:
-        activateTab(window, rec->TabIndex);
+        activateTab(window, window.workbench().params.TabIndex(object));
         break;
     case PictureEntry:
         if (object == LogoPanelRow)

@@ -65,17 +65,8 @@ int placeOf(const ListRows& list, const std::optional<ListRow>& row, int before)
 
 ListRows filledList(MainWindow& window, int tab)
 {
-    Workbench& bench = window.workbench();
-    switch (tab) {
-    case TabGfxboot:
-        return memberList(bench.shell);
-    case TabConfig:
-        return configList(bench.shell, bench.document);
-    case TabBackgrounds:
-        return backgroundList(bench.shell);
-    default:
-        return objectList(bench.shell, bench.document, bench.params.objectOfTab(tab));
-    }
+    const Workbench& bench = window.workbench();
+    return bench.params.kind(tab).rows(bench.shell, bench.document, bench.params.objectOfTab(tab));
 }
 
 } // namespace
@@ -139,12 +130,13 @@ void membersChanged(MainWindow& window, const QString& addedPattern)
 void refillMembers(MainWindow& window)
 {
     const Shell& shell = window.shell();
-    const int tab = window.workbench().params.CurrentTab;
-    refillList(window, TabGfxboot);
-    refillList(window, TabBackgrounds);
-    refillList(window, TabFonts);
-    if (tab >= FirstObjectTab)
-        refillList(window, tab);
+    const ParamLists& lists = window.workbench().params;
+    for (int fixed = TabMenu; fixed < FirstObjectTab; ++fixed) {
+        if (lists.kind(fixed).follows == Follows::Members)
+            refillList(window, fixed);
+    }
+    if (lists.CurrentTab >= FirstObjectTab)
+        refillList(window, lists.CurrentTab);
     loadLogos(window);
     window.refreshThumbnails();
     if (!FileExists(shell.run.BackFile)) {
@@ -159,7 +151,7 @@ void refillMembers(MainWindow& window)
 
 void showUpgradedEngine(MainWindow& window)
 {
-    *window.workbench().params.list(TabGfxboot) = memberList(window.shell());
+    *window.workbench().params.list(TabGfxboot) = filledList(window, TabGfxboot);
     showFonts(window);
     window.rightPanel().fillList(TabGfxboot);
     window.rightPanel().fillList(TabFonts);
@@ -172,8 +164,10 @@ void showGeneration(MainWindow& window)
     stage.ShowMarker(-1, -1);
     stage.SelectedPanel = -1;
     stage.HideAllPanels();
-    for (const int tab : {TabGfxboot, TabConfig, TabBackgrounds})
-        *bench.params.list(tab) = filledList(window, tab);
+    for (int tab = TabMenu; tab < FirstObjectTab; ++tab) {
+        if (bench.params.kind(tab).rows != nullptr)
+            *bench.params.list(tab) = filledList(window, tab);
+    }
     fillFonts(window);
     stage.adoptPanels();
     BuildTabs(bench.shell, bench.params);

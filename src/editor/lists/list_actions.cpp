@@ -25,9 +25,11 @@ DoubleClick onPicture(const RunState& run, const ParamLists& lists, int tab, con
 {
     if (run.gfxboot_var == 1)
         return DoubleClick::Nothing;
-    if (isLogoTab(lists, tab) && fitsPattern(name, QStringLiteral("Logo_??.jpg")))
+    const TabKind& kind = lists.kind(tab);
+    if (kind.add == AddAction::AddLogo && fitsPattern(name, kind.numbered.toString()))
         return DoubleClick::ShowLogo;
-    return tab == TabBackgrounds ? DoubleClick::ShowBackground : DoubleClick::OpenPicture;
+    return kind.add == AddAction::AddBackground ? DoubleClick::ShowBackground
+                                                : DoubleClick::OpenPicture;
 }
 
 // By the ending of the name, as members have no other type.
@@ -57,16 +59,6 @@ DoubleClick onPlainRow(const RunState& run, const ParamLists& lists, const ListR
     default:
         return DoubleClick::Nothing;
     }
-}
-
-// Names made of a bare "??", such as "01", are no members: on other tabs nothing is deleted.
-QString deleteAllMask(const ParamLists& lists, int tab)
-{
-    if (tab == TabBackgrounds)
-        return QStringLiteral("back_??.jpg");
-    if (tab == TabFonts)
-        return QStringLiteral("16x16_??.fnt");
-    return isLogoTab(lists, tab) ? QStringLiteral("Logo_??.jpg") : QStringLiteral("??");
 }
 
 } // namespace
@@ -132,18 +124,14 @@ DoubleClick onDoubleClick(const RunState& run, const ParamLists& lists, int tab,
     return onPlainRow(run, lists, *clicked);
 }
 
-ListKey onListKey(int tab, int key)
+ListKey onListKey(const TabKind& kind, int key)
 {
-    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
-    if (tab == TabMenu)
-        // Other keys belong to the list itself, such as the search for a name.
-        return enter ? ListKey::TakeMenu : ListKey::Nothing;
-    if (tab != TabConfig && tab < FirstObjectTab)
-        return ListKey::Nothing;
-    if (enter)
-        return ListKey::EditValue;
-    // The key "2" flips a check mark by old habit of this list.
-    return key == Qt::Key_2 ? ListKey::FlipCheck : ListKey::Nothing;
+    if (key == Qt::Key_Return || key == Qt::Key_Enter)
+        return kind.enter;
+    // The key "2" flips a check mark by old habit of the lists of values; elsewhere other keys
+    // belong to the list itself, such as the search for a name.
+    return kind.enter == ListKey::EditValue && key == Qt::Key_2 ? ListKey::FlipCheck
+                                                                : ListKey::Nothing;
 }
 
 // The check marks of list 1 choose the menu; those of list 3 switch lines of the cfg file.
@@ -152,39 +140,21 @@ RowCheck onRowCheck(const RunState& run, const ParamLists& lists, int tab, int r
     const ListRow* clicked = rowAt(lists, tab, row);
     if (!clicked)
         return RowCheck::Refuse;
-    if (tab == TabMenu)
-        return clicked->kind == RowKind::Menu ? RowCheck::TakeMenu : RowCheck::Refuse;
-    return tab == TabConfig && run.gfxboot_var == 2 &&
-                   stateAt(lists, tab, *clicked) == RowState::Usable &&
-                   clicked->kind == RowKind::CfgLine
+    if (clicked->kind == RowKind::Menu)
+        return RowCheck::TakeMenu;
+    return run.gfxboot_var == 2 && clicked->kind == RowKind::CfgLine &&
+                   stateAt(lists, tab, *clicked) == RowState::Usable
                ? RowCheck::WriteCfg
                : RowCheck::Refuse;
 }
 
-// What is only planned is told as such, as the button is there on every tab.
-AddAction onComADD(const ParamLists& lists, int tab)
-{
-    if (tab == TabFonts)
-        return AddAction::AddFont;
-    if (tab == TabBackgrounds)
-        return AddAction::AddBackground;
-    return isLogoTab(lists, tab) ? AddAction::AddLogo : AddAction::TellPlanned;
-}
-
-// The order matters: a picture on the tab of all members has a tab of its own to be edited on.
 EditAction onComEdit(const ParamLists& lists, int tab, const QString& name)
 {
-    if (tab == TabGfxboot && name.contains(QLatin1String(".jpg"), Qt::CaseInsensitive))
-        return EditAction::TellSpecialTab;
-    if (tab == TabBackgrounds)
-        return EditAction::EditBackground;
-    if (tab == TabFonts)
-        return EditAction::EditFont;
-    if (isLogoTab(lists, tab))
-        return EditAction::EditLogo;
-    const int object = lists.objectOfTab(tab);
-    const bool planned = object == GlassesRow || object == AnimationRow;
-    return planned ? EditAction::TellPlanned : EditAction::EditText;
+    const EditAction edit = lists.kind(tab).edit;
+    // Of the members a picture has a tab of its own to be edited on; what is left is text.
+    return edit == EditAction::TellSpecialTab && !name.contains(u".jpg", Qt::CaseInsensitive)
+               ? EditAction::EditText
+               : edit;
 }
 
 DeleteAction onComDEL(const ParamLists& lists, int tab, int row, bool required)
@@ -195,8 +165,8 @@ DeleteAction onComDEL(const ParamLists& lists, int tab, int row, bool required)
     // These stay, whatever tab they are to be deleted from.
     if (required)
         return DeleteAction::RefuseRequired;
-    const bool handled = tab == TabBackgrounds || tab == TabFonts || isLogoTab(lists, tab);
-    return handled ? DeleteAction::AskDelete : DeleteAction::TellPlanned;
+    return lists.kind(tab).add == AddAction::TellPlanned ? DeleteAction::TellPlanned
+                                                         : DeleteAction::AskDelete;
 }
 
 std::vector<PopupEntry> rowPopup(int tab, const QString& name)
@@ -215,21 +185,19 @@ std::vector<PopupEntry> tabPopup(const RunState& run, const ParamLists& lists, i
     if (run.gfxboot_var < 2 || !lists.list(tab))
         return {};
     const QString caption = lists.tabs[static_cast<std::size_t>(tab)].caption;
-    const bool logo = isLogoTab(lists, tab);
+    const TabKind& kind = lists.kind(tab);
     std::vector<PopupEntry> entries = {
         {0, Words::tr("%1 Context menu of the tab").arg(caption), true}};
-    if ((tab >= FirstObjectTab && !logo) || tab == TabMenu)
-        entries.push_back({popupFitColumns, Words::tr("Columns AutoWidth")});
-    if (tab == TabBackgrounds) {
+    if (kind.reorder)
         entries.push_back({popupReorder, Words::tr("Reorder ITEMs")});
+    if (kind.fitColumns)
         entries.push_back({popupFitColumns, Words::tr("Columns AutoWidth")});
-    }
-    if (run.GfxHasZuk && tab != TabGfxboot && tab != TabConfig) {
+    if (run.GfxHasZuk && kind.files) {
         entries.push_back({popupDeleteAll, Words::tr("Delete all files")});
         entries.push_back({popupAdd, Words::tr("Add NEW file")});
-        if (tab == TabBackgrounds)
+        if (kind.resize == popupResizeBackgrounds)
             entries.push_back({popupResizeBackgrounds, Words::tr("Resize all backgrounds...")});
-        if (logo)
+        if (kind.resize == popupResizeLogos)
             entries.push_back({popupResizeLogos, Words::tr("Resize all LOGOs...")});
     }
     return entries;
@@ -237,7 +205,7 @@ std::vector<PopupEntry> tabPopup(const RunState& run, const ParamLists& lists, i
 
 QStringList deleteAllNames(const ParamLists& lists, int tab)
 {
-    const QString mask = deleteAllMask(lists, tab);
+    const QString mask = lists.kind(tab).numbered.toString();
     QStringList names;
     // 01 to 99: number 00 is the first of its kind, which must stay.
     for (int number = 101; number < 200; ++number)

@@ -47,20 +47,14 @@ enum class DoubleClick {
 DoubleClick onDoubleClick(const RunState& run, const ParamLists& lists, int tab, int row,
                           bool checkFromMenu);
 
-enum class ListKey { Nothing, TakeMenu, EditValue, FlipCheck };
-// `key` is a Qt::Key. TakeMenu: row 2 gives way to row 1, the menu is taken, plannedMenuText()
-// shown.
-ListKey onListKey(int tab, int key);
+// `key` is a Qt::Key; Open acts as a double click. TakeMenu: row 2 gives way to row 1, the menu is
+// taken, plannedMenuText() shown.
+ListKey onListKey(const TabKind& kind, int key);
 
 enum class RowCheck { Refuse, TakeMenu, WriteCfg };
 // The check box of a row was clicked. WriteCfg: the line is switched in gfxboot.cfg, at once.
 RowCheck onRowCheck(const RunState& run, const ParamLists& lists, int tab, int row);
 
-enum class AddAction { AddFont, AddBackground, AddLogo, TellPlanned };
-// By the tab alone: what the button "+" adds there.
-AddAction onComADD(const ParamLists& lists, int tab);
-
-enum class EditAction { TellSpecialTab, EditText, EditBackground, EditFont, EditLogo, TellPlanned };
 // EditText: a member that turns out to be no text gets notTextFileText().
 EditAction onComEdit(const ParamLists& lists, int tab, const QString& name);
 
@@ -68,20 +62,13 @@ enum class DeleteAction { Nothing, RefuseRequired, AskDelete, TellPlanned };
 // `required` says whether the boot screen cannot do without the row's member.
 DeleteAction onComDEL(const ParamLists& lists, int tab, int row, bool required);
 
-// Entries of the array ListView1Popup; a caption of entry 0 is a heading.
+// An entry of the array ListView1Popup (see popupEdit and the like); the caption of entry 0 is a
+// heading.
 struct PopupEntry {
     int index = 0;
     QString caption;
     bool enabled = true;
 };
-inline constexpr int popupEdit = 2;
-inline constexpr int popupDelete = 3;
-inline constexpr int popupReorder = 101;
-inline constexpr int popupFitColumns = 102;
-inline constexpr int popupDeleteAll = 112;
-inline constexpr int popupAdd = 113;
-inline constexpr int popupResizeBackgrounds = 115;
-inline constexpr int popupResizeLogos = 116;
 // The menu of a member's row; `name` is the row's first text.
 std::vector<PopupEntry> rowPopup(int tab, const QString& name);
 // Shown only with two entries or more; empty in generation 1.

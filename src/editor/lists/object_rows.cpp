@@ -5,9 +5,12 @@
 #include "base/words.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
+#include "editor/lists/tab_kinds.h"
 #include "editor/lists/tabs.h"
 #include "params/level_files.h"
 #include "params/panel_values.h"
+
+#include <algorithm>
 
 namespace fennel {
 
@@ -24,6 +27,15 @@ ListRow memberRow(const QString& folder, const QString& name, bool picture)
     if (picture)
         row.iconFile = folder + name;
     return row;
+}
+
+// The tabs of objects follow the fixed ones in the order of PanelArr.
+int tabNumber(const Document& document, int object)
+{
+    const PanelArr& panels = document.state().PanelArr;
+    return FirstObjectTab +
+           static_cast<int>(std::count_if(panels.begin(), panels.begin() + object,
+                                          [](const PanelRec& panel) { return panel.Enabled; }));
 }
 
 ListRow saying(RowKind kind, const QStringList& texts)
@@ -43,6 +55,7 @@ void addParameters(const Document& document, int object, ListRows& list)
             continue;
         ListRow row;
         row.kind = RowKind::Parameter;
+        row.object = object;
         row.file = file;
         row.number = id.number;
         row.hex = id.hex;
@@ -78,7 +91,7 @@ ListRows objectList(const Shell& shell, const Document& document, int object)
     if (panel == nullptr || panel->Ids.empty())
         return list;
     shell.WriteLog(u"     %1%2_in_ListView"_s.arg(
-        panel->Name, QString::number(panel->TabIndex).rightJustified(3)));
+        panel->Name, QString::number(tabNumber(document, object)).rightJustified(3)));
     list.columns = {u":ID:"_s, Words::tr("Name"), Words::tr("CFG data"), Words::tr("LST data"),
                     Words::tr("Comment")};
     list.object = object;
@@ -92,7 +105,7 @@ ListRows objectList(const Shell& shell, const Document& document, int object)
     return list;
 }
 
-ListRows memberList(const Shell& shell)
+ListRows memberList(const Shell& shell, const Document&, int)
 {
     shell.WriteLog(u"     2_GFXBOOT_in_ListView"_s);
     ListRows list;
@@ -113,19 +126,19 @@ ListRows memberList(const Shell& shell)
     return list;
 }
 
-ListRows backgroundList(const Shell& shell)
+ListRows backgroundList(const Shell& shell, const Document&, int)
 {
     shell.WriteLog(u"     4_Backgrounds_in_ListView"_s);
     ListRows list;
     list.columns = {Words::tr("File Name"), Words::tr("File Size")};
     list.iconView = true;
     for (const QString& name :
-         thumbnailNames(shell.run.Workspace, thumbnailMask(TabBackgrounds, -1)))
+         thumbnailNames(shell.run.Workspace, tabKind(TabBackgrounds, -1).thumbnails.toString()))
         list.rows.push_back(memberRow(shell.run.Workspace, name, true));
     return list;
 }
 
-ListRows configList(const Shell& shell, const Document& document)
+ListRows configList(const Shell& shell, const Document& document, int)
 {
     shell.WriteLog(u"     3_Config_in_ListView"_s);
     ListRows list;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "document/document.h"
+#include "editor/lists/tab_kinds.h"
 #include "params/list_rows.h"
 
 #include <vector>
@@ -26,8 +27,8 @@ struct ParamLists {
 
     const Document* document;
 
-    // Both are counted like the tabs, from 1: 1 to 5 the fixed ones (see FixedTab), from 6 on one
-    // per object. Element 0 is never used. The two always have the same length.
+    // Both are counted like the tabs, from 1: the fixed ones (see FixedTab), then one per object.
+    // Element 0 is never used. The two always have the same length.
     std::vector<ListRows> lists{std::size_t{FirstObjectTab}};
     std::vector<ParamTab> tabs{std::size_t{FirstObjectTab}};
 
@@ -54,8 +55,9 @@ struct ParamLists {
                    ? tabs[static_cast<std::size_t>(tab)].object
                    : -1;
     }
+    [[nodiscard]] const TabKind& kind(int tab) const { return tabKind(tab, objectOfTab(tab)); }
     // The tab of an object, 0 without one.
-    [[nodiscard]] int tabOf(int object) const
+    [[nodiscard]] int TabIndex(int object) const
     {
         for (int tab = FirstObjectTab; object >= 0 && tab <= tabCount(); ++tab) {
             if (objectOfTab(tab) == object)
@@ -63,7 +65,7 @@ struct ParamLists {
         }
         return 0;
     }
-    // The last tab; 5 without object tabs.
+    // The last tab; without object tabs the last fixed one.
     [[nodiscard]] int tabCount() const { return static_cast<int>(tabs.size()) - 1; }
     // The selected row; null for none.
     [[nodiscard]] const ListRow* currentRow() const

@@ -178,7 +178,10 @@ QRect RightPanel::editorCell(QWidget& host, const ListView& list)
 {
     if (m_editor->parentWidget() != &host)
         m_editor->setParent(&host);
-    const int column = m_lists.CurrentTab >= FirstObjectTab ? int{LevelColumn} : CfgValueColumn;
+    const ListRow* row = m_lists.currentRow();
+    const bool level = m_lists.objectOfTab(m_lists.CurrentTab) >= 0 ||
+                       (row != nullptr && row->kind == RowKind::Parameter);
+    const int column = level ? int{LevelColumn} : CfgValueColumn;
     const QRect cell = list.cellRect(list.selected(), column);
     return {list.mapTo(&host, cell.topLeft()), cell.size()};
 }

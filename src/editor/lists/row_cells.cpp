@@ -23,9 +23,9 @@ QString menuValueText(std::optional<qint64> value, bool hex)
            QString::number(*value < 0 ? static_cast<quint32>(*value) : *value, 16).toUpper();
 }
 
-qint64 enabledValue(const Document& document, const ListRows& list)
+qint64 enabledValue(const Document& document, const ListRows& list, const ListRow& row)
 {
-    const PanelRec* panel = document.object(list.object);
+    const PanelRec* panel = document.object(row.object);
     return list.switched ? *list.switched : panel ? switchValue(document.state(), *panel) : 1;
 }
 
@@ -75,7 +75,7 @@ RowLook parameterLook(const Document& document, const ListRows& list, const List
                        look.colour, row.onOff),
                   cell(zuk.Comment, Words::tr("Russian comment"), comment, false)};
     // Objects that cannot be edited show their colours as numbers only.
-    const PanelRec* panel = document.object(list.object);
+    const PanelRec* panel = document.object(row.object);
     if (panel != nullptr && panel->Editable)
         look.swatch = swatchOf(value);
     return look;
@@ -182,7 +182,7 @@ RowState rowState(const Document& document, const ListRows& list, const ListRow&
 {
     const auto usable = [](bool yes) { return yes ? RowState::Usable : RowState::Off; };
     if (row.kind == RowKind::Parameter)
-        return usable(parameterUsable(row, enabledValue(document, list)));
+        return usable(parameterUsable(row, enabledValue(document, list, row)));
     if (list.switched)
         return usable(*list.switched != 0);
     switch (row.kind) {

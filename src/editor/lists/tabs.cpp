@@ -11,17 +11,6 @@ namespace fennel {
 
 namespace {
 
-struct ObjectMask {
-    int object;
-    QStringView mask;
-};
-// Which pictures the strip under the stage shows on the tabs of objects.
-constexpr ObjectMask objectMasks[] = {
-    {GlassesRow, u"glass_??.jpg"},
-    {AnimationRow, u"ani_??.jpg|ani_??_msk.jpg"},
-    {LogoPanelRow, u"Logo_??.jpg"},
-};
-
 QString memberOfRow(const ParamLists& lists, int tab, int row)
 {
     const ListRows* list = lists.list(tab);
@@ -41,10 +30,8 @@ bool fontSelected(const RunState& run, const ParamLists& lists)
 std::vector<ParamTab> fixedTabs()
 {
     std::vector<ParamTab> tabs{std::size_t{FirstObjectTab}};
-    std::size_t tab = TabMenu;
-    for (const char* caption : {Words::mark("Menu"), Words::mark("Gfxboot"), Words::mark("Config"),
-                                Words::mark("Background(s)"), Words::mark("Font(s)")})
-        tabs[tab++].caption = Words::tr(caption);
+    for (int tab = TabMenu; tab < FirstObjectTab; ++tab)
+        tabs[static_cast<std::size_t>(tab)].caption = Words::tr(tabKind(tab, -1).caption);
     return tabs;
 }
 
@@ -63,6 +50,10 @@ void BuildTabs(const Shell& shell, ParamLists& lists)
         shell.WriteLog(QStringLiteral("     ") + QString::fromLatin1(line));
     lists.tabs = fixedTabs();
     lists.lists.resize(std::size_t{FirstObjectTab});
+    for (int tab = TabMenu; tab < FirstObjectTab; ++tab) {
+        if (lists.kind(tab).follows == Follows::Values)
+            *lists.list(tab) = lists.kind(tab).rows(shell, *lists.document, -1);
+    }
     if (shell.run.GfxHasZuk) {
         shell.WriteLog(QStringLiteral("     TabStrip_ListView_ZUKarr -----------------v"));
         const PanelArr& panels = lists.document->state().PanelArr;
@@ -91,11 +82,6 @@ int frontTab(const RunState& run, const ParamLists& lists)
 QString tabMenuCaption(const ParamTab& tab)
 {
     return QStringLiteral(" - ") + tab.caption;
-}
-
-bool isLogoTab(const ParamLists& lists, int tab)
-{
-    return lists.objectOfTab(tab) == LogoPanelRow;
 }
 
 // Some objects show only while one works on them, since on the boot screen they come and go.
@@ -132,27 +118,6 @@ RowButtons buttonsOfRow(const RunState& run, const ParamLists& lists, int tab, i
     buttons.toolbar13 = member.contains(QLatin1String(".txt"));
     buttons.toolbar14 = member.contains(QLatin1String(".jpg"));
     return buttons;
-}
-
-QString thumbnailMask(int tab, int object)
-{
-    switch (tab) {
-    case TabMenu:
-    case TabGfxboot:
-    case TabConfig:
-        return QStringLiteral("*.jpg");
-    case TabBackgrounds:
-        return QStringLiteral("back.jpg|back_??.jpg");
-    case TabFonts:
-        return QStringLiteral("*.fnt");
-    default:
-        break;
-    }
-    for (const ObjectMask& entry : objectMasks) {
-        if (object == entry.object)
-            return entry.mask.toString();
-    }
-    return QStringLiteral("head*.jpg");
 }
 
 QStringList thumbnailNames(const QString& workspace, const QString& mask)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tabs of the workbench: the five fixed ones, one per boot-screen object, and what changes with
+// The tabs of the workbench: the fixed ones, one per boot-screen object, and what changes with
 // the selected tab besides its list.
 #pragma once
 
@@ -14,15 +14,16 @@ namespace fennel {
 struct RunState;
 struct Shell;
 
-// The tabs that are there before anything is open, 1 to 5; element 0 is never used.
+// The tabs that are there before anything is open; element 0 is never used.
 std::vector<ParamTab> fixedTabs();
 
 // The tab of an object.
 ParamTab objectTab(const PanelRec& panel, int object);
 
-// Makes the tabs anew: the five fixed ones, whose lists stay, and in generation 3 one per Enabled
-// object with its list filled. A current tab that is gone becomes the first. All elements of
-// ParamLists::lists may have moved then, and views have to take them anew before they paint.
+// Makes the tabs anew: the fixed ones, whose lists stay but for those that show values, and in
+// generation 3 one per Enabled object with its list filled. A current tab that is gone becomes the
+// first. All elements of ParamLists::lists may have moved then, and views have to take them anew
+// before they paint.
 void BuildTabs(const Shell& shell, ParamLists& lists);
 
 // The tab to begin with once a gfxboot is open: the first object where there are objects, else
@@ -31,9 +32,6 @@ int frontTab(const RunState& run, const ParamLists& lists);
 
 // The entry of a tab in the menu mnuEdit_ZUK_arr.
 QString tabMenuCaption(const ParamTab& tab);
-
-// True for the tab of the logo.
-bool isLogoTab(const ParamLists& lists, int tab);
 
 // Whether the stage shows the object of a tab that the user leaves.
 bool shownAfterLeaving(const ParamLists& lists, int tab);
@@ -55,10 +53,7 @@ RowButtons buttonsOfTab(const RunState& run, const ParamLists& lists, int tab);
 // After a click on a row that is not grey.
 RowButtons buttonsOfRow(const RunState& run, const ParamLists& lists, int tab, int row);
 
-// What the strip of thumbnails shows for a fixed tab, or for the tab of an object: masks separated
-// by "|".
-QString thumbnailMask(int tab, int object);
-// The members that fit, mask by mask, at most `thumbnailLimit` of each.
+// The members that fit masks separated by "|", mask by mask, at most `thumbnailLimit` of each.
 inline constexpr int thumbnailLimit = 100;
 QStringList thumbnailNames(const QString& workspace, const QString& mask);
 // What the status bar says of them.

@@ -218,7 +218,7 @@ private:
     void tellOnce(const Failure& failure);
     void rememberBackground();
     void replaceMenu();
-    void tone(int index);
+    void tone(int tab);
 
     StageData m_data;
     BootView m_boot;

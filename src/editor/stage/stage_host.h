@@ -19,8 +19,9 @@ public:
     virtual ~StageHost() = default;
 
     [[nodiscard]] virtual int objectOfCurrentTab() = 0; // -1: a tab without object
-    // Selects the tab of the object and rebuilds its page. Generation 3 only.
-    virtual void selectTabOf(int index) = 0;
+    // Selects the tab of the object, rebuilds its page and says its number, 0 without one.
+    // Generation 3 only.
+    virtual int selectTabOf(int index) = 0;
     virtual void focusStage() = 0; // the keys are the stage's now
     // How many of the two pipettes are on; above 0 the mouse picks a colour and nothing else.
     [[nodiscard]] virtual int pipettesOn() = 0;

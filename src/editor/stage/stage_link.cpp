@@ -85,11 +85,12 @@ int StageLink::objectOfCurrentTab()
     return lists.objectOfTab(lists.CurrentTab);
 }
 
-void StageLink::selectTabOf(int index)
+int StageLink::selectTabOf(int index)
 {
-    const PanelRec* object = m_window.workbench().params.object(index);
-    if (object != nullptr && object->TabIndex >= FirstObjectTab)
-        selectTab(m_window, object->TabIndex);
+    const int tab = m_window.workbench().params.TabIndex(index);
+    if (tab > 0)
+        selectTab(m_window, tab);
+    return tab;
 }
 
 void StageLink::focusStage()

@@ -26,7 +26,7 @@ public:
     [[nodiscard]] QCursor pickerCursor() const;
 
     int objectOfCurrentTab() override;
-    void selectTabOf(int index) override;
+    int selectTabOf(int index) override;
     void focusStage() override;
     int pipettesOn() override;
     void showColourControls(int index) override;

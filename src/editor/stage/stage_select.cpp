@@ -63,8 +63,7 @@ void Stage::SelectNextPanel(bool backwards)
     // Older generations have no tabs of objects.
     if (run().gfxboot_var != 3)
         return;
-    tone(index);
-    host().selectTabOf(index);
+    tone(host().selectTabOf(index));
     // An object that is seen only with its tab has just come.
     if (isRow(index) && panel(index).visible && !m_markerOn) {
         redraw(index);
@@ -73,9 +72,8 @@ void Stage::SelectNextPanel(bool backwards)
 }
 
 // Higher for later tabs.
-void Stage::tone(int index)
+void Stage::tone(int tab)
 {
-    const int tab = record(index).TabIndex;
     if (tab > 0)
         // Tab 1 sounds the base and tab 12 an octave above it.
         host().beep(toneBase * std::pow(tab, std::log(2.0) / std::log(12.0)), toneMs);

@@ -344,7 +344,7 @@ void MainWindow::refreshThumbnails()
     const RunState& run = m_workbench.shell.run;
     if (!run.GfxOpened)
         return;
-    const QString mask = thumbnailMask(lists.CurrentTab, lists.objectOfTab(lists.CurrentTab));
+    const QString mask = lists.kind(lists.CurrentTab).thumbnails.toString();
     const QStringList names = thumbnailNames(run.Workspace, mask);
     m_bottomPanel->setFiles(run.Workspace, names);
     setStatusField(7, thumbnailStatus(names.size(), mask));

@@ -34,7 +34,7 @@ QStringList PictureLink::backgroundRows() const
 QStringList PictureLink::logoRows() const
 {
     const ParamLists& lists = m_window.workbench().params;
-    return firstTexts(lists.list(lists.tabOf(LogoPanelRow)));
+    return firstTexts(lists.list(lists.TabIndex(LogoPanelRow)));
 }
 
 void PictureLink::refillMembers()
@@ -56,7 +56,7 @@ void PictureLink::refillLogos()
     refillMembers();
     // The texts of the logos stand in the list of the help panel.
     for (const int object : {int{LogoPanelRow}, int{HelpPanelRow}}) {
-        if (const int tab = lists.tabOf(object); tab >= FirstObjectTab)
+        if (const int tab = lists.TabIndex(object); tab >= FirstObjectTab)
             refillList(m_window, tab);
     }
     loadLogos(m_window);
