@@ -10,6 +10,7 @@
 #include "editor/stage/stage_link.h"
 #include "large_menu.h"
 #include "menus/menu_list.h"
+#include "params/level_files.h"
 
 #include <benchmark/benchmark.h>
 
@@ -182,6 +183,30 @@ void typedValue(benchmark::State& state)
         state.SkipWithError("the value did not reach the row");
 }
 
+// Undo and redo in turn of the clock moved, which lies over the menu then.
+void undoOfMove(benchmark::State& state)
+{
+    Editor editor;
+    constexpr int clock = 5;
+    if (!openTemplate(editor))
+        return state.SkipWithError("no template");
+    Document& document = editor.bench.document;
+    const PanelRec& panel = *document.object(clock);
+    const int file = levelFileOf(panel);
+    Change change;
+    change.params[{file, panel.LeftParam}] = ParamValue{300, false, {}};
+    change.params[{file, panel.TopParam}] = ParamValue{300, false, {}};
+    if (!document.apply(change, {u"move"_s, {}, {}}))
+        return state.SkipWithError("the clock did not move");
+    editor.paint();
+    bool back = false;
+    timeSteps(state, [&] {
+        back = !back;
+        editor.window->commands().run(back ? u"mnuEdit_Undo"_s : u"mnuEdit_Redo"_s);
+        editor.paint();
+    });
+}
+
 void menuToShown(benchmark::State& state)
 {
     Editor editor;
@@ -217,5 +242,6 @@ BENCHMARK(openByPlainTools)
 BENCHMARK(saveWhole)->Arg(4'400'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(saveByPlainTools)->Arg(4'400'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(sliderStep)->Arg(22)->Arg(8)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(undoOfMove)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(typedValue)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(menuToShown)->Unit(benchmark::kMillisecond)->UseRealTime();

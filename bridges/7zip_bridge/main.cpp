@@ -131,7 +131,7 @@ Result<void> assemble(const std::string& input, const std::string& output)
 // Both ways take files of any size, a piece at a time.
 Result<void> stream(const std::string& input, const std::string& output, bool pack)
 {
-    const Result<OpenedFile> file = openPlain(input, std::numeric_limits<std::uint64_t>::max());
+    const Result<PlainFile> file = openPlain(input, std::numeric_limits<std::uint64_t>::max());
     if (!file)
         return file.failure();
     Share share(static_cast<std::uint64_t>(file->facts.st_size));

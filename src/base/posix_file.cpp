@@ -51,7 +51,7 @@ Failure tooLarge(const std::string& path, std::uint64_t limit)
                                        (whole ? " MB." : " bytes.")};
 }
 
-Result<OpenedFile> openPlain(const std::string& path, std::uint64_t limit, int at)
+Result<PlainFile> openPlain(const std::string& path, std::uint64_t limit, int at)
 {
     // Asked before the open, which some devices take for an order, and again behind it. Without
     // O_NONBLOCK the open of a pipe that came in between would wait for a writer for ever.
@@ -59,7 +59,7 @@ Result<OpenedFile> openPlain(const std::string& path, std::uint64_t limit, int a
     if (::fstatat(at, path.c_str(), &before, 0) == 0 && !S_ISREG(before.st_mode) &&
         !S_ISDIR(before.st_mode))
         return notPlain(path);
-    OpenedFile opened{openFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY, at)};
+    PlainFile opened{openFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY, at)};
     if (!opened.file.valid() || ::fstat(opened.file.get(), &opened.facts) != 0)
         return systemFailure("read", path, errno);
     if (S_ISDIR(opened.facts.st_mode))

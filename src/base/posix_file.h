@@ -50,11 +50,11 @@ private:
 
 // A plain file, opened for reading, of at most `limit` bytes by its size. `path` is relative to the
 // folder `at`. Links are followed; what is no plain file (folder, device, pipe) is a failure.
-struct OpenedFile {
+struct PlainFile {
     Descriptor file;
     struct stat facts {};
 };
-Result<OpenedFile> openPlain(const std::string& path, std::uint64_t limit, int at = AT_FDCWD);
+Result<PlainFile> openPlain(const std::string& path, std::uint64_t limit, int at = AT_FDCWD);
 // Reads on until the end or until `bytes` is full; the number of bytes read, -1 on an error.
 std::ptrdiff_t readInto(int file, std::span<std::uint8_t> bytes);
 
@@ -65,7 +65,7 @@ Result<struct stat> readWhole(const std::string& path, std::uint64_t limit, Byte
                               int at = AT_FDCWD)
 {
     constexpr std::uint64_t leastStep = 64 * 1024;
-    Result<OpenedFile> opened = openPlain(path, limit, at);
+    Result<PlainFile> opened = openPlain(path, limit, at);
     if (!opened)
         return opened.failure();
     const auto size = static_cast<std::uint64_t>(opened->facts.st_size);

@@ -153,7 +153,7 @@ QByteArray startOf(const QString& file)
 {
     constexpr qsizetype most = 128LL * 1024;
     QByteArray start(most, '\0');
-    const Result<OpenedFile> opened =
+    const Result<PlainFile> opened =
         openPlain(QFile::encodeName(file).toStdString(), std::numeric_limits<std::uint64_t>::max());
     const std::ptrdiff_t got =
         opened ? readInto(opened->file.get(), {reinterpret_cast<std::uint8_t*>(start.data()), most})

@@ -33,7 +33,7 @@ Failure reasonOf(const Shell& shell, const Result<void>& ran, const QString& mis
 Result<bool> beginsAsGzip(const QString& path)
 {
     constexpr std::array<std::uint8_t, 2> mark{0x1F, 0x8B};
-    const Result<OpenedFile> file =
+    const Result<PlainFile> file =
         openPlain(bytesOfPath(path).toStdString(), std::numeric_limits<std::uint64_t>::max());
     if (!file)
         return file.failure();
