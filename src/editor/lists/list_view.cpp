@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -101,13 +102,44 @@ void ListView::setRows(const ListRows* rows)
     m_model.setRows(rows);
     setCurrentWidget(icons ? static_cast<QWidget*>(m_icons) : m_report);
     setFocusProxy(currentWidget());
-    fitWithin(widestColumn);
+    // Measuring each text takes longer than making the rows, and most lists are never looked at.
+    m_due = Due::Fit;
+    if (isVisible())
+        measureDue();
     select(rows == nullptr ? 0 : rows->selected);
 }
 
 void ListView::refresh()
 {
     m_model.refresh();
+    m_due = std::max(m_due, Due::Growth);
+    if (isVisible())
+        measureDue();
+}
+
+void ListView::showEvent(QShowEvent* event)
+{
+    QStackedWidget::showEvent(event);
+    measureDue();
+}
+
+void ListView::measureDue()
+{
+    switch (m_due) {
+    case Due::Nothing:
+        break;
+    case Due::Growth:
+        growColumns();
+        break;
+    case Due::Fit:
+        fitWithin(widestColumn);
+        break;
+    }
+    m_due = Due::Nothing;
+}
+
+void ListView::growColumns()
+{
     if (current() != m_report)
         return;
     m_model.setMeasuring(true);
@@ -146,6 +178,7 @@ int ListView::selected() const
 
 void ListView::fitColumns()
 {
+    m_due = Due::Nothing;
     fitWithin(std::numeric_limits<int>::max());
 }
 
@@ -156,11 +189,10 @@ void ListView::fitWithin(int widest)
     m_model.setMeasuring(true);
     m_fitted.clear();
     for (int column = 0; column < m_model.columnCount(); ++column) {
-        m_report->resizeColumnToContents(column);
         m_fitted.push_back(contentWidth(column));
+        const int wanted = std::max(m_fitted.back(), m_report->header()->sectionSizeHint(column));
         const bool last = column + 1 == m_model.columnCount();
-        if (!last && m_report->columnWidth(column) > widest)
-            m_report->setColumnWidth(column, widest);
+        m_report->setColumnWidth(column, last ? wanted : std::min(wanted, widest));
     }
     m_model.setMeasuring(false);
 }

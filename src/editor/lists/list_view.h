@@ -49,10 +49,16 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // What the columns wait for until the list is seen.
+    enum class Due { Nothing, Growth, Fit };
+
     void connectView(QAbstractItemView& view);
+    void measureDue();
+    void growColumns();
     [[nodiscard]] QAbstractItemView* current() const;
     // Each column but the last gets at most so many logical pixels.
     void fitWithin(int widest);
@@ -61,6 +67,7 @@ private:
     ListModel m_model;
     QTreeView* m_report;
     QListView* m_icons;
+    Due m_due = Due::Nothing;
     std::vector<int> m_fitted; // content of each column when it was fitted last
     bool m_silent = false;
     bool m_rightButton = false;
