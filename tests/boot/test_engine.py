@@ -276,17 +276,18 @@ class Moving(EngineTest):
 
     CALM, RARE, STRAY = 1, 2, 3  # sparks without pause, hardly ever, with ends that stray
     LETTERS = 0x00F0F1
+    OVER = 0x306010  # date and linear timer, which lie over the hand and the running line
     COLOURS = [0x100000 * (i % 3 + 3) + 0x1000 * (i // 3 + 5) + 0x20 for i in range(19)]
 
     def made(self):
         glass = {20 + i: colour for i, colour in enumerate(self.COLOURS)}
         made = self.template({
-            0: {1: 1, 2: 20, 3: 20, 6: 0, 8: WHITE, 11: 0, 24: 0, 31: 1, 32: 40, 33: 100, 34: 60, 35: 60,
+            0: {1: 1, 2: 20, 3: 20, 6: 0, 8: WHITE, 11: 1, 12: 70, 13: 150, 16: self.OVER, 24: 0, 31: 1, 32: 40, 33: 100, 34: 60, 35: 60,
                 38: 0xFF00FF, 42: 300, 43: 60, 54: 200, 79: 1, 99: 0, 19: 1, 20: 5, 66: 0x112233, 67: 0},
             1: self.sparks(),
             2: {1: 1, 2: 100, 3: 560, 4: 300, 5: 24, 6: 0, 7: 0, 8: self.LETTERS, 9: 4, 19: 7},
             3: {1: 1, 2: 600, 3: 200, 19: 19, 99: 2, **glass},
-            4: {1: 0}, 5: {1: 0}, 6: {1: 0}, 15: {1: 0},
+            4: {1: 1, 2: 340, 3: 550, 4: 40, 5: 40, 6: self.OVER, 7: 0}, 5: {1: 0}, 6: {1: 0}, 15: {1: 0},
             8: {1: 1, 2: 500, 3: 400, 4: 250, 5: 100, 11: 1, 12: 5, 13: 3, 18: 32, 19: 40, 99: 5}})
         for number in range(3):
             made.members[f"Logo_0{number}.jpg"] = plain(*LOGO, 0x400000 >> 8 * number)
@@ -358,6 +359,8 @@ class Moving(EngineTest):
                 seen[g] += lit
                 begun[g] += lit and near(screen.at(40 + 90 * g, 250 + 10 * g), 0xE8F0FF, 8)
             places |= {place for place in [self.sprite(screen)] if place}
+            for at in ((141, 171), (71, 171), (340, 565), (379, 580)):
+                self.colour(screen, *at, self.OVER, "what lies over them is there all the time")
             # nothing is left where the animation and the running line were, or beside them
             self.colour(screen, 505, 399, GROUND, "above the animation")
             self.colour(screen, 99, 570, GROUND, "beside the running line")
