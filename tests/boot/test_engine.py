@@ -527,9 +527,7 @@ class User(EngineTest):
             boot.awake()
             boot.press("ret")
             self.shows(boot, self.missing_kernel)
-            boot.press("ret")
-            screen = boot.wait(lambda s: not near(s.at(600, 400), 0x005500))
-            self.assertFalse(near(screen.at(600, 400), 0x005500), "the message goes")
+            boot.until("ret", lambda s: not near(s.at(600, 400), 0x005500))  # the message goes
             screen = boot.wait(lambda s: not near(s.at(300, 530), 0x550055))
             self.assertFalse(near(screen.at(300, 530), 0x550055), "the wait panel goes")
 
