@@ -413,7 +413,7 @@ class Countdown(EngineTest):
             0: {1: 0, 11: 0, 31: 0, 42: 300, 43: 60, 54: 200, 79: 1, 99: 0},
             4: {1: 1, 2: 300, 3: 400, 4: 200, 5: 10, 6: 0x111111, 7: 0, 18: 9, 19: 10, 20: 1, 21: 0xFFFF00,
                 22: 0x0000FF, 23: 0, 24: 100, 37: 0, 38: off},
-            5: {1: 1, 2: 40, 3: 40, 4: 200, 5: 200, 17: 20, 18: 5, 19: 20, 21: 0x00FFFF, 22: 0xFF0000, 23: 0,
+            5: {1: 1, 2: 40, 3: 40, 4: 200, 5: 200, 17: 60, 18: 5, 19: 20, 21: 0x00FFFF, 22: 0xFF0000, 23: 0,
                 24: 100, 36: 99, 37: 0, 38: off},
             6: {1: 1, 2: 126, 3: 130, 8: 0xFF00FF, 9: 7 * off, 38: off},
             2: {1: 0}, 3: {1: 0}, 7: {1: 0},
@@ -421,17 +421,24 @@ class Countdown(EngineTest):
 
     FIRST, LAST = (303, 405), (493, 405)
     PASSED, RING_PASSED = blend(0x0000FF, 100, 0x111111), blend(0xFF0000, 100)
+    RING_LAST = (131, 53)  # in its last division
     NUMBER = (126, 130, 30, 22)
 
     def half_over(self, screen):
         self.colour(screen, *self.FIRST, self.PASSED, "passed")
         self.colour(screen, *self.LAST, 0xFFFF00, "to come")
         self.colour(screen, 140, 53, self.RING_PASSED, "ring, passed")
-        self.colour(screen, 113, 57, 0x00FFFF, "ring, to come")  # its last division
+        self.colour(screen, *self.RING_LAST, 0x00FFFF, "ring, to come")
         self.assertTrue(self.anywhere(screen, self.NUMBER, 0xFF00FF, 20), "number")
+
+    def ring(self, screen):
+        """How many pixels of the ring are in one of its colours."""
+        return sum(near(screen.at(x, y), 0x00FFFF) or near(screen.at(x, y), self.RING_PASSED)
+                   for x in range(40, 240) for y in range(40, 240))
 
     def test_runs_and_stays(self):
         with Boot(self.made(0).members, menu(timeout=60)) as boot:
+            whole = self.ring(boot.wait(lambda s: near(s.at(*self.RING_LAST), 0x00FFFF)))
             # all three draw one after the other
             self.shows(boot, self.half_over)
             boot.press("down")
@@ -442,6 +449,7 @@ class Countdown(EngineTest):
             for part in ((300, 400, 200, 10), (40, 40, 200, 200)):
                 self.assertEqual(before.part(*part), after.part(*part), "a key stops it")
             self.colour(after, *self.LAST, 0xFFFF00, "stays")
+            self.assertGreater(self.ring(after), 0.97 * whole, "a division that passes leaves the others whole")
 
     def test_stopped_goes(self):
         made = self.made(1)
