@@ -4,6 +4,7 @@
 #include "document/open_fixture.h"
 #include "document/session.h"
 #include "editor/stage/stage_link.h"
+#include "fonts/installed_fonts.h"
 #include "support/bin_folder.h"
 #include "support/run_program.h"
 #include "support/story.h"
@@ -381,18 +382,26 @@ TEST_F(FennelCommand, DrawsWhatTheStageShows)
     said({u"set"_s, path(u"new"_s), u"s.clock.x=500"_s, u"s.menu.text.normal=0x00FF00"_s, u"-o"_s,
           path(u"moved"_s)});
     Story w;
+    w.bench.fontSettings.defaultFontName = DefaultFontName(w.shell.shell, installedFontList());
     for (const QString& message : {path(u"new"_s), path(u"moved"_s), debianMessages().first()}) {
         w.open(message);
-        for (const int percent : {50, 100, 133}) {
-            if (percent == 100)
+        for (const int percent : {50, 100, 133, -50, -100, -133}) {
+            if (std::abs(percent) == 100)
                 w.choose("mnuView_scale1");
             else
-                w.window.commands().runEntry(u"mnuView_scale"_s, percent);
-            const QByteArray drawn = said(
-                {u"render"_s, message, u"-o"_s, u"-"_s, u"--scale"_s, QString::number(percent)});
-            EXPECT_EQ(QImage::fromData(drawn, "png").convertToFormat(QImage::Format_RGB32),
-                      w.window.stageLink().stage().picture())
-                << message.toStdString() << " at " << percent;
+                w.window.commands().runEntry(u"mnuView_scale"_s, std::abs(percent));
+            QStringList words{u"render"_s, message,      u"-o"_s,
+                              u"-"_s,      u"--scale"_s, QString::number(std::abs(percent))};
+            Stage& stage = w.window.stageLink().stage();
+            stage.showAsItBoots(percent > 0);
+            if (percent < 0)
+                words.append(u"--schematic"_s);
+            QImage shown(stage.pictureSize(), QImage::Format_RGB32);
+            QPainter painter(&shown);
+            stage.paint(painter, shown.rect());
+            EXPECT_EQ(QImage::fromData(said(words), "png").convertToFormat(QImage::Format_RGB32),
+                      shown)
+                << words.join(u' ').toStdString();
         }
     }
 }
