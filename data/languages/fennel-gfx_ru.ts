@@ -3249,5 +3249,113 @@ the graphics card knows (VESA modes, such as 800 x 600 or 1024 x 768).</source>
         <source>Whole screen</source>
         <translation>Весь экран</translation>
     </message>
+    <message>
+        <source>%1 says that it is made of %2, and its letters are of another face or size.</source>
+        <translation>%1 сообщает, что сделан из %2, но его буквы другого начертания или размера.</translation>
+    </message>
+    <message>
+        <source>Make the font again, so that it is shown as it boots.</source>
+        <translation>Создайте шрифт заново, чтобы он показывался так, как загрузится.</translation>
+    </message>
+    <message>
+        <source>%1 says %2 points, and its letters have about %3: the distance of the lines follows the first.</source>
+        <translation>В %1 указано %2 пт, а его буквы — около %3: расстояние между строками берётся по первому.</translation>
+    </message>
+    <message>
+        <source>Make the font again, in the size that is meant.</source>
+        <translation>Создайте шрифт заново в нужном размере.</translation>
+    </message>
+    <message>
+        <source>%1 lies hidden under %2.</source>
+        <translation>%1 полностью закрыт объектом %2.</translation>
+    </message>
+    <message>
+        <source>Move one of the two, or switch the hidden one off.</source>
+        <translation>Передвиньте один из них или отключите закрытый.</translation>
+    </message>
+    <message>
+        <source>%1 is %2x%3 and the screen becomes %4x%5: the rest of it is not seen.</source>
+        <translation>%1 имеет размер %2x%3, а экран будет %4x%5: остальное не видно.</translation>
+    </message>
+    <message>
+        <source>%1 is %2x%3 and the screen becomes %4x%5: the rest stays empty.</source>
+        <translation>%1 имеет размер %2x%3, а экран будет %4x%5: остальное останется пустым.</translation>
+    </message>
+    <message>
+        <source>Scale it to the size of a graphics mode, such as 800x600 or 1024x768.</source>
+        <translation>Измените размер до графического режима, например 800x600 или 1024x768.</translation>
+    </message>
+    <message>
+        <source>%1 is a boot program and stands before init: it is what boots.</source>
+        <translation>%1 — загрузочная программа и стоит перед init: загрузится именно она.</translation>
+    </message>
+    <message>
+        <source>Put init in front of it, or take it out.</source>
+        <translation>Поставьте init перед ней или удалите её.</translation>
+    </message>
+    <message>
+        <source>Put init in front</source>
+        <translation>Поставить init первым</translation>
+    </message>
+    <message>
+        <source>The archive is %1 MB; above %2 MB syslinux may have no memory left for the boot screen.</source>
+        <translation>Архив занимает %1 МБ; свыше %2 МБ у syslinux может не хватить памяти для загрузочного экрана.</translation>
+    </message>
+    <message>
+        <source>Take pictures out, or make them smaller.</source>
+        <translation>Удалите картинки или уменьшите их.</translation>
+    </message>
+    <message>
+        <source>The note &quot;%1&quot; is %2 pixels wide, its line %3.</source>
+        <translation>Пояснение «%1» шириной %2 точек, а его строка — %3.</translation>
+    </message>
+    <message>
+        <source>Shorten the note, or widen the information line.</source>
+        <translation>Сократите пояснение или расширьте информационную строку.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; of the title &quot;%2&quot; sets no parameter.</source>
+        <translation>«%1» в заголовке «%2» не задаёт параметра.</translation>
+    </message>
+    <message>
+        <source>Write &quot; :NUMBER=VALUE&quot; with a number from 1 to 99.</source>
+        <translation>Напишите « :НОМЕР=ЗНАЧЕНИЕ» с номером от 1 до 99.</translation>
+    </message>
+    <message>
+        <source>The menu has %1 titles and lacks the %2 technical ones at its end: all its titles are shown, those with values too.</source>
+        <translation>В меню заголовков: %1, технических в конце (%2) нет: показываются все, в том числе со значениями.</translation>
+    </message>
+    <message>
+        <source>Add the technical titles, or lower s.menu.zuk.entries.</source>
+        <translation>Добавьте технические заголовки или уменьшите s.menu.zuk.entries.</translation>
+    </message>
+    <message>
+        <source>The last %1 titles count as technical and are not shown: &quot;%2&quot; is one of them.</source>
+        <translation>Последние заголовки (%1) считаются техническими и не показываются, среди них «%2».</translation>
+    </message>
+    <message>
+        <source>Shorten the text, or give it a smaller font.</source>
+        <translation>Сократите текст или возьмите шрифт поменьше.</translation>
+    </message>
+    <message>
+        <source>The help has %1 lines and its panel holds %2.</source>
+        <translation>В справке строк: %1, а в панель помещается %2.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; of the help is wider than its panel.</source>
+        <translation>«%1» в справке шире своей панели.</translation>
+    </message>
+    <message>
+        <source>%1 is switched off, so its value %2 does not count.</source>
+        <translation>%1 отключён, поэтому его значение %2 не действует.</translation>
+    </message>
+    <message>
+        <source>Switch it on if it is meant.</source>
+        <translation>Включите, если это нужно.</translation>
+    </message>
+    <message>
+        <source>Switch it on</source>
+        <translation>Включить</translation>
+    </message>
 </context>
 </TS>

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "checks/problems.h"
+#include "screen/boot_layout.h"
 
 namespace fennel {
 
@@ -27,6 +28,13 @@ private:
     qsizetype m_untold = 0;
 };
 
+// Pictures, fonts and texts come from the folder of the run.
+struct DrawnScreen {
+    BootMembers members;
+    BootRequest request;
+    BootLayout layout;
+};
+
 // --- checks_screen.cpp
 void checkOutside(const CheckInput& input, Findings& found);
 void checkCut(const CheckInput& input, Findings& found);
@@ -35,27 +43,42 @@ void checkEntriesFit(const CheckInput& input, Findings& found);
 void checkContrast(const CheckInput& input, Findings& found);
 void checkComponents(const CheckInput& input, Findings& found);
 
+// None for an object without a switch.
+std::optional<Mend> switchedOff(const CheckInput& input, const PanelRec& panel);
+
+// --- checks_hidden.cpp
+void checkHidden(const CheckInput& input, Findings& found);
+
 // --- checks_members.cpp
 void checkBlackPictures(const CheckInput& input, Findings& found);
 void checkPictureSizes(const CheckInput& input, Findings& found);
+void checkScreenSize(const CheckInput& input, Findings& found);
 void checkNumbers(const CheckInput& input, Findings& found);
-void checkBrokenFonts(const CheckInput& input, Findings& found);
-void checkLargeFonts(const CheckInput& input, Findings& found);
 void checkRequired(const CheckInput& input, Findings& found);
 void checkEngine(const CheckInput& input, Findings& found);
 void checkWrapped(const CheckInput& input, Findings& found);
+void checkOrder(const CheckInput& input, Findings& found);
+void checkMemory(const CheckInput& input, Findings& found);
+
+// --- checks_fonts.cpp
+void checkBrokenFonts(const CheckInput& input, Findings& found);
+void checkLargeFonts(const CheckInput& input, Findings& found);
+void checkFontTags(const CheckInput& input, Findings& found);
 
 // --- checks_values.cpp
 void checkCfgNames(const CheckInput& input, Findings& found);
 void checkCfgDoubled(const CheckInput& input, Findings& found);
 void checkCfgValues(const CheckInput& input, Findings& found);
+void checkCfgOff(const CheckInput& input, Findings& found);
 void checkLevelRecords(const CheckInput& input, Findings& found);
 void checkLevelValues(const CheckInput& input, Findings& found);
 
 // --- checks_texts.cpp
 void checkLetters(const CheckInput& input, Findings& found);
 void checkTitleWidths(const CheckInput& input, Findings& found);
+void checkTextRoom(const CheckInput& input, Findings& found);
 void checkNoEntries(const CheckInput& input, Findings& found);
 void checkDataTitles(const CheckInput& input, Findings& found);
+void checkTechnical(const CheckInput& input, Findings& found);
 
 } // namespace fennel

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Pictures, fonts and the archive itself.
+// Pictures and the archive itself.
 #include "base/failure_words.h"
 #include "base/files.h"
 #include "base/words.h"
 #include "checks/check_list.h"
 #include "container/engine_info.h"
 #include "container/member_table.h"
-#include "fonts/fnt_codec.h"
 #include "screen/jpeg_check.h"
 
 #include <QSize>
@@ -18,6 +17,8 @@ namespace fennel {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+const QString engineName = u"init"_s;
 
 Problem about(const QString& member, const QString& sentence, const QString& advice)
 {
@@ -73,18 +74,10 @@ void checkSizes(const CheckInput& input, const QString& pattern, const Model& mo
         problem.mend = Mend{Words::tr("Scale it to %1x%2").arg(wanted.width()).arg(wanted.height()),
                             {},
                             member.name,
-                            wanted};
+                            wanted,
+                            {}};
         found.push_back(problem);
     });
-}
-
-template <class Visit>
-void eachFont(const CheckInput& input, const Visit& visit)
-{
-    for (const CheckedMember& member : input.members) {
-        if (memberKind(member.name) == MemberKind::Font)
-            visit(member);
-    }
 }
 
 } // namespace
@@ -103,7 +96,7 @@ void checkBlackPictures(const CheckInput& input, Findings& found)
         // A JPEG of another kind; what has no head is no picture at all.
         if (head)
             problem.mend =
-                Mend{Words::tr("Convert it"), {}, member.name, {head->width, head->height}};
+                Mend{Words::tr("Convert it"), {}, member.name, {head->width, head->height}, {}};
         found.push_back(problem);
     });
 }
@@ -117,6 +110,38 @@ void checkPictureSizes(const CheckInput& input, Findings& found)
     checkSizes(
         input, u"ani_??_msk.jpg"_s, [](const QString& name) { return name.left(6) + u".jpg"_s; },
         found);
+}
+
+// The mode is the one that the picture or gfxboot.cfg asks for, if the machine has it; the picture
+// lies in its upper left corner, never scaled.
+void checkScreenSize(const CheckInput& input, Findings& found)
+{
+    const QByteArray* engine = input.find(engineName);
+    if (engine == nullptr || engineOf(*engine).kind == BootEngine::Unknown)
+        return;
+    const DrawnScreen& drawn = input.drawn();
+    const QString name = drawn.layout.list.background;
+    const QSize screen = drawn.layout.list.screen;
+    const QSize own = name.isEmpty() ? QSize() : sizeOf(input, name);
+    if (own.isEmpty() || own == screen)
+        return;
+    const bool cut = own.width() > screen.width() || own.height() > screen.height();
+    Problem problem = about(
+        name,
+        (cut ? Words::tr("%1 is %2x%3 and the screen becomes %4x%5: the rest of it is not seen.")
+             : Words::tr("%1 is %2x%3 and the screen becomes %4x%5: the rest stays empty."))
+            .arg(name)
+            .arg(own.width())
+            .arg(own.height())
+            .arg(screen.width())
+            .arg(screen.height()),
+        Words::tr("Scale it to the size of a graphics mode, such as 800x600 or 1024x768."));
+    problem.mend = Mend{Words::tr("Scale it to %1x%2").arg(screen.width()).arg(screen.height()),
+                        {},
+                        name,
+                        screen,
+                        {}};
+    found.push_back(problem);
 }
 
 // The engine shows the logos until the first number that is missing.
@@ -138,32 +163,9 @@ void checkNumbers(const CheckInput& input, Findings& found)
     }
 }
 
-void checkBrokenFonts(const CheckInput& input, Findings& found)
-{
-    eachFont(input, [&](const CheckedMember& member) {
-        const auto font = decodeFnt(spanOf(member.data));
-        if (!font && member.data.size() <= static_cast<qsizetype>(fntSizeLimit))
-            found.push_back(about(
-                member.name,
-                Words::tr("%1 is no whole font: %2").arg(member.name, failureWords(font.failure())),
-                Words::tr("Make the font again.")));
-    });
-}
-
-void checkLargeFonts(const CheckInput& input, Findings& found)
-{
-    eachFont(input, [&](const CheckedMember& member) {
-        if (member.data.size() > static_cast<qsizetype>(fntSizeLimit))
-            found.push_back(about(
-                member.name,
-                Words::tr("%1 is larger than the 512 KB that can be reached.").arg(member.name),
-                Words::tr("Make it with fewer characters or in a smaller size.")));
-    });
-}
-
 void checkRequired(const CheckInput& input, Findings& found)
 {
-    for (const QString& name : {u"init"_s, mainFontName}) {
+    for (const QString& name : {engineName, mainFontName}) {
         if (input.find(name) == nullptr)
             found.push_back(about(name, Words::tr("The member %1 is missing.").arg(name),
                                   Words::tr("Add it; File / New has one.")));
@@ -173,9 +175,9 @@ void checkRequired(const CheckInput& input, Findings& found)
 // An engine that never names the level files does not read them.
 void checkEngine(const CheckInput& input, Findings& found)
 {
-    const QByteArray* engine = input.find(u"init"_s);
+    const QByteArray* engine = input.find(engineName);
     if (input.run.GfxHasZuk && engine != nullptr && !engineOf(*engine).readsLevels)
-        found.push_back(about(u"init"_s, Words::tr("The engine does not read the level files."),
+        found.push_back(about(engineName, Words::tr("The engine does not read the level files."),
                               Words::tr("Upgrade the engine.")));
 }
 
@@ -185,6 +187,50 @@ void checkWrapped(const CheckInput& input, Findings& found)
         found.push_back(
             about({}, Words::tr("The file is gzipped: Grub4DOS reads it, syslinux does not."),
                   Words::tr("Save it without gzip for syslinux.")));
+}
+
+// The loader starts the first boot program of the archive, whatever it is called.
+void checkOrder(const CheckInput& input, Findings& found)
+{
+    const QByteArray* engine = input.find(engineName);
+    if (engine == nullptr || !isBootProgram(*engine))
+        return;
+    const CheckedMember& first = *std::ranges::find_if(
+        input.members, [](const CheckedMember& member) { return isBootProgram(member.data); });
+    if (first.name == engineName)
+        return;
+    Problem problem = about(
+        first.name,
+        Words::tr("%1 is a boot program and stands before init: it is what boots.").arg(first.name),
+        Words::tr("Put init in front of it, or take it out."));
+    problem.mend = Mend{Words::tr("Put init in front"), {}, {}, {}, engineName};
+    found.push_back(problem);
+}
+
+// What the loader leaves the engine is what the archive does not take: measured by boots of growing
+// archives under syslinux, on a machine with all the memory one could wish.
+void checkMemory(const CheckInput& input, Findings& found)
+{
+    constexpr qint64 mostWithOurs = 2'740'000;
+    constexpr qint64 mostWithOthers = 4'030'000;
+    constexpr qint64 cpioHeader = 28; // with the zeros behind the name
+    const QByteArray* engine = input.find(engineName);
+    if (engine == nullptr)
+        return;
+    qint64 size = 0;
+    for (const CheckedMember& member : input.members)
+        size += cpioHeader + member.name.size() + member.size;
+    const qint64 most = engineOf(*engine).kind == BootEngine::Own ? mostWithOurs : mostWithOthers;
+    if (size <= most)
+        return;
+    const auto megabytes = [](qint64 bytes) {
+        return QString::number(static_cast<double>(bytes) / 1e6, 'f', 2);
+    };
+    found.push_back(about({},
+                          Words::tr("The archive is %1 MB; above %2 MB syslinux may have no memory "
+                                    "left for the boot screen.")
+                              .arg(megabytes(size), megabytes(most)),
+                          Words::tr("Take pictures out, or make them smaller.")));
 }
 
 } // namespace fennel

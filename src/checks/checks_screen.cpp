@@ -9,7 +9,6 @@
 #include "params/level_files.h"
 #include "params/object_table.h"
 #include "params/panel_values.h"
-#include "screen/boot_jpeg.h"
 
 #include <QImage>
 #include <QRect>
@@ -87,20 +86,10 @@ std::optional<Mend> movedIn(const CheckInput& input, int row, const PanelRec& pa
     PanelRec wanted = panel;
     wanted.Left = static_cast<qint16>(std::clamp(part.x(), 0, screen.width() - part.width()));
     wanted.Top = static_cast<qint16>(std::clamp(part.y(), 0, screen.height() - part.height()));
-    Mend mend{Words::tr("Move it onto the screen"), {}, {}, {}};
+    Mend mend{Words::tr("Move it onto the screen"), {}, {}, {}, {}};
     addRecord(input.state, row, wanted, mend.change);
     mend.change.objects.clear(); // they follow from the values
     return mend.change.params.empty() ? std::nullopt : std::optional(mend);
-}
-
-std::optional<Mend> switchedOff(const CheckInput& input, const PanelRec& panel)
-{
-    const ParamKey key{levelFileOf(panel), panel.OnParam};
-    if (panel.OnParam <= 0 || !input.state.ZUKarr.at(key.file, key.number).Value)
-        return std::nullopt;
-    Mend mend{Words::tr("Switch it off"), {}, {}, {}};
-    mend.change.params[key] = ParamValue{};
-    return mend;
 }
 
 double linear(int part)
@@ -159,6 +148,16 @@ void needMember(const CheckInput& input, int row, const QString& pattern, Findin
 }
 
 } // namespace
+
+std::optional<Mend> switchedOff(const CheckInput& input, const PanelRec& panel)
+{
+    const ParamKey key{levelFileOf(panel), panel.OnParam};
+    if (panel.OnParam <= 0 || !input.state.ZUKarr.at(key.file, key.number).Value)
+        return std::nullopt;
+    Mend mend{Words::tr("Switch it off"), {}, {}, {}, {}};
+    mend.change.params[key] = ParamValue{};
+    return mend;
+}
 
 void checkOutside(const CheckInput& input, Findings& found)
 {
@@ -225,7 +224,7 @@ void checkEntriesFit(const CheckInput& input, Findings& found)
                   Words::tr("Lower s.menu.max.entries, or move the menu up."), menuEntriesParam);
         problem.sentence = problem.sentence.arg(entries).arg(room);
         problem.parameter = u"s.menu.max.entries"_s;
-        problem.mend = Mend{Words::tr("Show %1 entries").arg(room), {}, {}, {}};
+        problem.mend = Mend{Words::tr("Show %1 entries").arg(room), {}, {}, {}, {}};
         addMenuEntries(input.state, true, static_cast<int>(room), problem.mend->change);
         if (problem.mend->change.params.empty())
             problem.mend.reset();
@@ -235,8 +234,8 @@ void checkEntriesFit(const CheckInput& input, Findings& found)
 
 void checkContrast(const CheckInput& input, Findings& found)
 {
-    const QByteArray* bytes = input.find(namePart(input.run.BackFile));
-    const QImage background = bytes == nullptr ? QImage() : decodeAsBooted(*bytes);
+    DrawnScreen& screen = input.drawn();
+    const QImage background = screen.members.picture(screen.layout.list.background);
     eachPlaced(input, [&](int row, const PanelRec& panel) {
         const bool worded = panel.TextParam > 0 && panel.BackParam > 0;
         if (!worded || contrast(panel.TextColor, groundOf(background, panel)) >= leastContrast)

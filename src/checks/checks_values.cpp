@@ -7,6 +7,8 @@
 #include "params/cfg_table.h"
 #include "params/level_files.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <functional>
 #include <set>
@@ -70,7 +72,7 @@ public:
         const QList<int> places = m_places.value(entry.name);
         if (entry.nth >= places.size())
             return std::nullopt;
-        Mend mend{what, {}, {}, {}};
+        Mend mend{what, {}, {}, {}, {}};
         mend.change.cfg = m_lines;
         change((*mend.change.cfg)[places[entry.nth]]);
         mend.change.writeCfg = true;
@@ -177,6 +179,35 @@ void checkCfgValues(const CheckInput& input, Findings& found)
     });
 }
 
+// What was edited where it does not count. A line that repeats the default, or another one that is
+// in force, is left alone.
+void checkCfgOff(const CheckInput& input, Findings& found)
+{
+    const CfgLines& lines = input.state.cfg;
+    QSet<QString> inForce;
+    for (const CfgLine& line : lines) {
+        if (line.on)
+            inForce.insert(line.name);
+    }
+    for (qsizetype at = 0; input.run.gfxboot_var == 2 && at < lines.size(); ++at) {
+        const CfgLine& line = lines[at];
+        const bool edited = line.kind == CfgKindOfLine::Known && !line.on && line.valued &&
+                            line.value.number != typedValue(CfgDefault(line.name)).number;
+        if (!edited || inForce.contains(line.name))
+            continue;
+        Problem problem = about(cfgMemberName, line.name,
+                                Words::tr("%1 is switched off, so its value %2 does not count.")
+                                    .arg(line.name, line.value.text()),
+                                Words::tr("Switch it on if it is meant."));
+        problem.mend = Mend{Words::tr("Switch it on"), {}, {}, {}, {}};
+        problem.mend->change.cfg = lines;
+        (*problem.mend->change.cfg)[at].on = true;
+        problem.mend->change.writeCfg = true;
+        problem.mend->change.cfgKey = line.name;
+        found.push_back(problem);
+    }
+}
+
 void checkLevelRecords(const CheckInput& input, Findings& found)
 {
     std::set<std::pair<int, int>> seen;
@@ -218,7 +249,7 @@ void checkLevelValues(const CheckInput& input, Findings& found)
                   Words::tr("Set it within its range."));
         problem.param = {file, number};
         if (const auto& shown = input.state.ZUKarr.at(file, number).Value) {
-            problem.mend = Mend{Words::tr("Set it to %1").arg(most), {}, {}, {}};
+            problem.mend = Mend{Words::tr("Set it to %1").arg(most), {}, {}, {}, {}};
             problem.mend->change.params[problem.param] = ParamValue{most, shown->hex, {}};
         }
         found.push_back(problem);

@@ -16,7 +16,7 @@ namespace fennel {
 
 namespace {
 
-// A member that no check reads is there with its name alone.
+// A member that no check reads is there with its name, its beginning and its size.
 bool isRead(const QString& name)
 {
     switch (memberKind(name)) {
@@ -32,9 +32,18 @@ QByteArray bytesOf(const RunState& run, const MemberName& name)
 {
     QByteArray bytes;
     const QByteArray path = QFile::encodeName(run.Workspace) + name.bytes;
-    if (!isRead(name.text) || !readWhole(path.toStdString(), readLimit, bytes))
+    if (!readWhole(path.toStdString(), readLimit, bytes))
         return {};
     return bytes;
+}
+
+// Enough to know a boot program by.
+QByteArray beginningOf(const RunState& run, const MemberName& name)
+{
+    constexpr qint64 head = 16;
+    const QString path = QFile::decodeName(QFile::encodeName(run.Workspace) + name.bytes);
+    QFile file(path);
+    return FileExists(path) && file.open(QIODevice::ReadOnly) ? file.read(head) : QByteArray();
 }
 
 // As it will be, since the lists are ahead of the files.
@@ -77,7 +86,11 @@ std::vector<Problem> findProblems(const CheckedDocument& checked, const std::ato
     for (const MemberName& name : list ? memberNames(*list) : std::vector<MemberName>()) {
         if (stopped)
             return {};
-        input.add(name.text, savedBytes(checked, name));
+        if (isRead(name.text))
+            input.add(name.text, savedBytes(checked, name));
+        else
+            input.add(name.text, beginningOf(checked.run, name),
+                      memberSize(checked.run.Workspace, name.bytes));
     }
     return findProblems(input, &stopped);
 }

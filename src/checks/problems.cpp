@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "checks/check_list.h"
+#include "tools/boot_stick.h"
 
 #include <QStringDecoder>
 
@@ -24,23 +25,31 @@ constexpr std::array checks{
     Check{u"required-missing", Severity::Error, checkRequired},
     Check{u"picture-black", Severity::Error, checkBlackPictures},
     Check{u"engine-levels", Severity::Error, checkEngine},
+    Check{u"engine-order", Severity::Error, checkOrder},
+    Check{u"memory", Severity::Warning, checkMemory},
     Check{u"font-broken", Severity::Error, checkBrokenFonts},
     Check{u"font-large", Severity::Error, checkLargeFonts},
     Check{u"object-outside", Severity::Error, checkOutside},
+    Check{u"object-hidden", Severity::Warning, checkHidden},
     Check{u"component-missing", Severity::Error, checkComponents},
     Check{u"menu-empty", Severity::Error, checkNoEntries},
     Check{u"menu-data", Severity::Warning, checkDataTitles},
+    Check{u"menu-technical", Severity::Note, checkTechnical},
     Check{u"object-cut", Severity::Warning, checkCut},
     Check{u"same-place", Severity::Warning, checkSamePlace},
     Check{u"entries-fit", Severity::Warning, checkEntriesFit},
     Check{u"title-long", Severity::Warning, checkTitleWidths},
+    Check{u"text-cut", Severity::Warning, checkTextRoom},
     Check{u"contrast", Severity::Warning, checkContrast},
     Check{u"letters", Severity::Warning, checkLetters},
+    Check{u"font-tag", Severity::Warning, checkFontTags},
     Check{u"picture-size", Severity::Warning, checkPictureSizes},
+    Check{u"screen-size", Severity::Warning, checkScreenSize},
     Check{u"number-gap", Severity::Note, checkNumbers},
     Check{u"cfg-value", Severity::Warning, checkCfgValues},
     Check{u"cfg-doubled", Severity::Warning, checkCfgDoubled},
     Check{u"cfg-unknown", Severity::Note, checkCfgNames},
+    Check{u"cfg-off", Severity::Note, checkCfgOff},
     Check{u"level-value", Severity::Warning, checkLevelValues},
     Check{u"level-record", Severity::Note, checkLevelRecords},
     Check{u"gzip", Severity::Note, checkWrapped},
@@ -64,11 +73,32 @@ const QByteArray* CheckInput::find(const QString& name) const
     return place == places.cend() ? nullptr : &members[*place].data;
 }
 
-void CheckInput::add(const QString& name, const QByteArray& data)
+void CheckInput::add(const QString& name, const QByteArray& data, qint64 size)
 {
     if (!places.contains(name))
         places.insert(name, members.size());
-    members.push_back({name, data});
+    members.push_back({name, data, size < 0 ? data.size() : size});
+}
+
+DrawnScreen& CheckInput::drawn() const
+{
+    if (laidOut != nullptr)
+        return *laidOut;
+    laidOut = std::make_shared<DrawnScreen>(
+        DrawnScreen{{},
+                    {state, run.Workspace, run.gfxboot_var,
+                     bootTitles({menu.value_or(QString()), run.GfxHasZuk, {}})},
+                    {}});
+    DrawnScreen& screen = *laidOut;
+    screen.request.panel = BootPanel::None;
+    screen.request.moment = previewMoment();
+    screen.members.setFolder(run.Workspace);
+    const QByteArray* engine = find(QStringLiteral("init"));
+    screen.layout = run.gfxboot_var == 3
+                        ? layOutOwn(screen.request, screen.members)
+                        : layOutCfg(screen.request, screen.members,
+                                    engineOf(engine == nullptr ? QByteArray() : *engine).kind);
+    return screen;
 }
 
 std::vector<Problem> findProblems(const CheckInput& input, const std::atomic<bool>* stopped)

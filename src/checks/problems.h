@@ -12,6 +12,7 @@
 #include <QSize>
 
 #include <atomic>
+#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
@@ -29,7 +30,8 @@ struct Mend {
     QString what;    // as a button says it: "Move it onto the screen"
     Change change;   // of values, or
     QString picture; // this member is made anew, so that it boots,
-    QSize size;      // in this size; empty: in its own
+    QSize size;      // in this size; empty: in its own; or
+    QString first;   // this member goes to the front of the archive
 };
 
 struct Problem {
@@ -46,8 +48,10 @@ struct Problem {
 
 struct CheckedMember {
     QString name;
-    QByteArray data;
+    QByteArray data; // of what no check reads only the beginning
+    qint64 size = 0;
 };
+struct DrawnScreen;
 
 // What is looked at; it outlives the call.
 struct CheckInput {
@@ -58,9 +62,14 @@ struct CheckInput {
     std::vector<CheckedMember> members = {}; // in archive order
     QHash<QString, std::size_t> places = {}; // of the first member of each name
 
-    void add(const QString& name, const QByteArray& data);
+    // `size`: of the whole member, if `data` is a part of it.
+    void add(const QString& name, const QByteArray& data, qint64 size = -1);
     // Null without it.
     [[nodiscard]] const QByteArray* find(const QString& name) const;
+    // The screen as it boots, with everything that stays on it; laid out when first asked for.
+    [[nodiscard]] DrawnScreen& drawn() const;
+
+    mutable std::shared_ptr<DrawnScreen> laidOut = {}; // for drawn()
 };
 
 // Of all checks, the worst first; those of one check stand in the order of what they speak of.

@@ -4,13 +4,16 @@
 
 #include "base/result.h"
 #include "container/message_file.h"
+#include "document/session.h"
 #include "params/zuk_table.h"
 
+#include <QImage>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QMap>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 namespace fennel {
@@ -27,14 +30,23 @@ enum class Status {
 // Stands for standard input and standard output.
 inline const QString dash = QStringLiteral("-");
 
+// What the program brings along that is above the commands.
+struct CommandParts {
+    // The editor's own picture of the open gfxboot, with the text of a menu.lst (empty: the menu
+    // that it shows without one), at a share of its size. Null if there is no picture.
+    std::function<QImage(Session& session, const QString& menu, double scale)> schematic;
+};
+
 class CommandRun {
 public:
     // Tools and data lie in `appPath`. `options` holds what was given, flags with an empty value.
-    CommandRun(QString appPath, QStringList arguments, QMap<QString, QString> options)
+    CommandRun(QString appPath, QStringList arguments, QMap<QString, QString> options,
+               CommandParts parts = {})
         : m_appPath(std::move(appPath)), m_arguments(std::move(arguments)),
-          m_options(std::move(options))
+          m_options(std::move(options)), m_parts(std::move(parts))
     {
     }
+    [[nodiscard]] const CommandParts& parts() const { return m_parts; }
 
     [[nodiscard]] const QString& appPath() const { return m_appPath; }
     [[nodiscard]] const QStringList& arguments() const { return m_arguments; }
@@ -68,6 +80,7 @@ private:
     QString m_appPath;
     QStringList m_arguments;
     QMap<QString, QString> m_options;
+    CommandParts m_parts;
     QByteArray m_out;
     QJsonArray m_objects;
     std::optional<ZUKarr> m_catalogue;

@@ -39,6 +39,7 @@ constexpr CommandOption noKvm{u"no-kvm", u"", u"boots on QEMU's own processor"};
 constexpr std::array renderOptions{
     png,
     menu,
+    CommandOption{u"schematic", u"", u"the editor's schematic preview, not the screen as it boots"},
     CommandOption{u"select", u"N", u"the entry that the bar is on, from 1"},
     CommandOption{u"scale", u"PERCENT", u"the size of the picture, 100 if not given"},
 };
@@ -118,8 +119,8 @@ QString unknownCommand(const QString& name)
 }
 
 // Nothing with `fault` set if the words do not fit the command.
-std::optional<CommandRun> parse(const QString& appPath, const Command& command,
-                                const QStringList& words, QString& fault)
+std::optional<CommandRun> parse(const QString& appPath, const CommandParts& parts,
+                                const Command& command, const QStringList& words, QString& fault)
 {
     QCommandLineParser parser;
     for (const CommandOption& option : command.options) {
@@ -144,7 +145,7 @@ std::optional<CommandRun> parse(const QString& appPath, const Command& command,
         if (parser.isSet(name))
             options[name] = parser.value(name);
     }
-    return CommandRun(appPath, arguments, options);
+    return CommandRun(appPath, arguments, options, parts);
 }
 
 } // namespace
@@ -154,7 +155,8 @@ std::span<const Command> commandTable()
     return commands;
 }
 
-Status runCommandLine(const QString& appPath, const QStringList& arguments)
+Status runCommandLine(const QString& appPath, const QStringList& arguments,
+                      const CommandParts& parts)
 {
     QStringList words = arguments;
     QString name = words.isEmpty() ? u"help"_s : words.takeFirst();
@@ -169,7 +171,7 @@ Status runCommandLine(const QString& appPath, const QStringList& arguments)
         return nothing.finish(Status::Done);
     }
     QString fault;
-    std::optional<CommandRun> run = parse(appPath, *command, words, fault);
+    std::optional<CommandRun> run = parse(appPath, parts, *command, words, fault);
     if (!run)
         return nothing.wrongUse(name, fault);
     // In an order of its own: what a command printed before it failed goes out too.

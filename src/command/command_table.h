@@ -31,7 +31,8 @@ struct Command {
 std::span<const Command> commandTable();
 
 // Runs what the arguments, without the program's name, ask for.
-Status runCommandLine(const QString& appPath, const QStringList& arguments);
+Status runCommandLine(const QString& appPath, const QStringList& arguments,
+                      const CommandParts& parts = {});
 
 // "fennel set FILE... NAME=VALUE... [-o OUT]" with its options; all commands without a name.
 QString helpText(const Command* command);

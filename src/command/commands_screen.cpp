@@ -3,6 +3,7 @@
 #include "command/commands.h"
 
 #include "command/screens.h"
+#include "fonts/installed_fonts.h"
 #include "screen/geometry.h"
 #include "tools/boot_once.h"
 #include "tools/boot_stick.h"
@@ -91,6 +92,14 @@ Status showBoot(CommandRun& run, const QString& file, const BootResult& boot)
     return boot.state == BootState::Standing ? Status::Done : Status::Differs;
 }
 
+// What the editor shows fonts in that do not say what they are made of.
+QString editorFont(const CommandRun& run)
+{
+    KeptPrompts prompts;
+    Session session(prompts, run.appPath());
+    return DefaultFontName(session.shell(), installedFontList());
+}
+
 } // namespace
 
 Status runRender(CommandRun& run)
@@ -104,9 +113,18 @@ Status runRender(CommandRun& run)
     const ScreenWish wish{menuOrFail(run, status), static_cast<int>(*chosen) - 1, {}};
     if (status != Status::Done)
         return status;
-    const auto opened = openFile(run, file, status);
+    const bool schematic = run.has(u"schematic"_s);
+    if (schematic && run.has(u"select"_s))
+        return run.wrongUse(u"--select"_s,
+                            u"the schematic preview has its bar on the first entry"_s);
+    const auto opened = openFile(run, file, status, schematic ? editorFont(run) : QString());
     if (!opened)
         return status;
+    if (schematic)
+        return writePicture(run,
+                            run.parts().schematic
+                                ? run.parts().schematic(opened->session, wish.menu, *scale / 100)
+                                : QImage());
     const QImage screen = drawnScreen(*opened, wish);
     return writePicture(run, atScale(screen, StageScale(*scale / 100)));
 }

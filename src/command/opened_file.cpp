@@ -43,9 +43,10 @@ Result<void> open(OpenedFile& opened, const QString& file)
 
 } // namespace
 
-std::unique_ptr<OpenedFile> openFile(CommandRun& run, const QString& file, Status& status)
+std::unique_ptr<OpenedFile> openFile(CommandRun& run, const QString& file, Status& status,
+                                     const QString& defaultFont)
 {
-    auto opened = std::make_unique<OpenedFile>(run.appPath());
+    auto opened = std::make_unique<OpenedFile>(run.appPath(), defaultFont);
     const Result<void> done = open(*opened, file);
     if (done)
         return opened;

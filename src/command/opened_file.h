@@ -10,7 +10,10 @@
 namespace fennel {
 
 struct OpenedFile {
-    explicit OpenedFile(const QString& appPath) : session(prompts, appPath) {}
+    OpenedFile(const QString& appPath, const QString& defaultFont)
+        : session(prompts, appPath, defaultFont)
+    {
+    }
 
     KeptPrompts prompts;
     Session session;
@@ -18,8 +21,10 @@ struct OpenedFile {
     MessageFile message;
 };
 
-// Null if that failed; then it was told, and `status` is at least as bad.
-std::unique_ptr<OpenedFile> openFile(CommandRun& run, const QString& file, Status& status);
+// Null if that failed; then it was told, and `status` is at least as bad. `defaultFont`: see
+// Session.
+std::unique_ptr<OpenedFile> openFile(CommandRun& run, const QString& file, Status& status,
+                                     const QString& defaultFont = {});
 
 // The text of the menu that --menu names; empty without the option.
 Result<QString> menuText(const CommandRun& run);

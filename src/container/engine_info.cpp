@@ -12,10 +12,15 @@ const QByteArray levelMark("ZUK");
 
 } // namespace
 
+bool isBootProgram(const QByteArray& member)
+{
+    return member.startsWith(gfxbootMagic);
+}
+
 EngineInfo engineOf(const QByteArray& init)
 {
     EngineInfo engine;
-    engine.there = init.startsWith(gfxbootMagic);
+    engine.there = isBootProgram(init);
     engine.readsLevels = init.contains(levelMark);
     if (const qsizetype at = init.indexOf(ourMark); at >= 0) {
         engine.kind = BootEngine::Own;

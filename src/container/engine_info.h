@@ -23,6 +23,9 @@ struct EngineInfo {
     bool readsLevels = false;
 };
 
+// Whether the bytes begin as those of gfxboot's programs do.
+[[nodiscard]] bool isBootProgram(const QByteArray& member);
+
 // By the bytes of the member.
 [[nodiscard]] EngineInfo engineOf(const QByteArray& init);
 

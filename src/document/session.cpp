@@ -20,7 +20,7 @@ Answer KeptPrompts::ShowMessage(const QString& text, MessageType type, const QSt
     }
 }
 
-Session::Session(Prompts& prompts, const QString& appPath)
+Session::Session(Prompts& prompts, const QString& appPath, const QString& defaultFont)
     : m_folder(temporaryFolder() + programTitle() + QStringLiteral("-session-XXXXXX")),
       m_shell{m_run, m_log, m_files, prompts, m_tools}
 {
@@ -29,6 +29,7 @@ Session::Session(Prompts& prompts, const QString& appPath)
     m_run.AppPath = shortForm(appPath);
     m_run.CurrentLang = QStringLiteral("0409");
     setToolPaths(m_run);
+    m_fontSettings.defaultFontName = defaultFont;
     m_run.WorkspaceRoot = withSeparator(m_folder.path());
 }
 

@@ -36,7 +36,8 @@ private:
 class Session {
 public:
     // Tools and data are those of the program in `appPath`. The prompts outlive the session.
-    Session(Prompts& prompts, const QString& appPath);
+    // `defaultFont` stands in for fonts that do not say what they are made of.
+    Session(Prompts& prompts, const QString& appPath, const QString& defaultFont = {});
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;

@@ -4,6 +4,7 @@
 #include "document/open_fixture.h"
 #include "document/session.h"
 #include "editor/stage/stage_link.h"
+#include "fonts/installed_fonts.h"
 #include "support/bin_folder.h"
 #include "support/run_program.h"
 #include "support/story.h"
@@ -193,11 +194,13 @@ TEST_F(FennelCommand, ProblemsAreFoundWhereTheyAreAndNowhereElse)
     };
     EXPECT_THAT(namesIn(path(u"new"_s)), IsEmpty());
     // Each with the problem, and as near to it as can be without.
-    const struct {
+    struct Case {
         QString name;
         QString with;
         QString without;
-    } cases[] = {
+    };
+    const Case cases[] = {
+        {u"object-hidden"_s, u"s.date.x=200 s.date.y=540"_s, u"s.date.x=200 s.date.y=541"_s},
         {u"object-outside"_s, u"s.clock.x=800"_s, u"s.clock.x=728"_s},
         {u"object-cut"_s, u"s.clock.x=729"_s, u"s.clock.x=728"_s},
         {u"same-place"_s, u"s.date.x=315"_s, u"s.date.x=316"_s},
@@ -208,13 +211,57 @@ TEST_F(FennelCommand, ProblemsAreFoundWhereTheyAreAndNowhereElse)
     };
     for (const auto& c : cases) {
         const QString changed = path(u"changed"_s);
-        said({u"set"_s, path(u"new"_s), c.with, u"-o"_s, changed});
-        EXPECT_EQ(namesIn(changed), QStringList(c.name)) << c.with.toStdString();
-        said({u"set"_s, path(u"new"_s), c.without, u"-o"_s, changed});
-        EXPECT_THAT(namesIn(changed), IsEmpty()) << c.without.toStdString();
+        const auto set = [&](const QString& values) {
+            said(QStringList{u"set"_s, path(u"new"_s), u"-o"_s, changed} + values.split(u' '));
+            return namesIn(changed);
+        };
+        EXPECT_EQ(set(c.with), QStringList(c.name)) << c.with.toStdString();
+        EXPECT_THAT(set(c.without), IsEmpty()) << c.without.toStdString();
     }
-    const QString menu = file(u"menu.lst"_s, "title One\ntitle \u0416\n");
-    EXPECT_THAT(namesIn(path(u"new"_s), {u"--menu"_s, menu}), IsEmpty());
+    const QByteArray ours = bytesOf(path(u"new"_s));
+    const QByteArray font = memberOf(ours, u"16x16.fnt"_s);
+    const auto fontOf = [&](const QByteArray& face, const QByteArray& size) {
+        return QByteArray(font).replace("DejaVu Sans\t", face + '\t').replace("14 px", size);
+    };
+    const auto picture = [&](int width, int height) {
+        return QByteArray::fromStdString(jpegBytes(width, height));
+    };
+    const QByteArray help = memberOf(ours, u"ZUK_Read.txt"_s);
+    const struct {
+        QString name;
+        QString member;
+        QByteArray with;
+        QByteArray without;
+    } members[] = {
+        {u"font-tag"_s, u"16x16.fnt"_s, fontOf("DejaVu Sans Mono", "14 px"),
+         fontOf("No Such Face", "14 px")},
+        {u"font-tag"_s, u"16x16.fnt"_s, fontOf("DejaVu Sans", "16 px"),
+         fontOf("DejaVu Sans", "15 px")},
+        {u"text-cut"_s, u"ZUK_Read.txt"_s, help + QByteArray("\n").repeated(13) + ".",
+         help + QByteArray("\n").repeated(12) + "."},
+        {u"memory"_s, u"note"_s, QByteArray(2'600'000, 'x'), QByteArray(2'590'000, 'x')},
+    };
+    for (const auto& c : members) {
+        const auto put = [&](const QByteArray& bytes) {
+            const bool there = ours.contains(c.member.toLatin1() + '\0');
+            said({there ? u"replace"_s : u"add"_s, path(u"new"_s), u"-o"_s, path(u"changed"_s),
+                  c.member + u'=' + file(u"member"_s, bytes)});
+            return namesIn(path(u"changed"_s));
+        };
+        EXPECT_EQ(put(c.with), QStringList(c.name));
+        EXPECT_THAT(put(c.without), IsEmpty()) << c.name.toStdString();
+    }
+    const auto menuNames = [&](const QByteArray& menu) {
+        return namesIn(path(u"new"_s), {u"--menu"_s, file(u"menu.lst"_s, menu)});
+    };
+    const QByteArray technical = QByteArray("title [x]\n").repeated(15);
+    EXPECT_THAT(menuNames("title One\ntitle \u0416\n"), IsEmpty());
+    EXPECT_THAT(menuNames("title A\ntitle [zuk0000] :2=5\n" + technical), IsEmpty());
+    EXPECT_EQ(menuNames("title A\ntitle [zuk0000] :2=5\n"), QStringList(u"menu-technical"_s));
+    EXPECT_EQ(menuNames("title A\n" + technical + "title B\n"), QStringList(u"menu-technical"_s));
+    EXPECT_EQ(menuNames("title [zuk0000] :102=5\n" + technical), QStringList(u"menu-data"_s));
+    EXPECT_EQ(menuNames("title A\\n" + QByteArray("long ").repeated(20) + '\n'),
+              QStringList(u"text-cut"_s));
     // Debian's own: what is found is true, and none of it keeps the screen from being as meant.
     for (const QString& message : debianMessages()) {
         const QByteArray engine = memberOf(bytesOf(message), u"init"_s);
@@ -224,6 +271,20 @@ TEST_F(FennelCommand, ProblemsAreFoundWhereTheyAreAndNowhereElse)
         EXPECT_EQ(ran.out.count('\n'), 2);
         EXPECT_FALSE(engine.contains("theme") || engine.contains("panel.fg"));
     }
+    // The loader takes the first program for the engine, and the picture is never scaled.
+    const std::string engine = memberOf(ours, u"init"_s).toStdString();
+    const auto flat = [&](const std::string& first, const std::string& last, int width) {
+        RawCpio archive;
+        for (const std::string& name : {first, last})
+            archive.add({.name = name, .data = engine});
+        archive.add({.name = "16x16.fnt", .data = font.toStdString()});
+        archive.add({.name = "back.jpg", .data = picture(width, 600).toStdString()});
+        archive.add({.name = "gfxboot.cfg", .data = "#menu_start_x=7\r\n#menu_start_y=170"});
+        return namesIn(file(u"flat"_s, QByteArray::fromStdString(archive.close())));
+    };
+    EXPECT_EQ(flat("a", "init", 800), QStringList({u"engine-order"_s, u"cfg-off"_s}));
+    EXPECT_EQ(flat("init", "z", 802), QStringList({u"screen-size"_s, u"cfg-off"_s}));
+    EXPECT_EQ(flat("init", "z", 800), QStringList(u"cfg-off"_s));
     const QString broken = file(
         u"broken"_s, QByteArray::fromStdString(
                          RawCpio()
@@ -321,18 +382,26 @@ TEST_F(FennelCommand, DrawsWhatTheStageShows)
     said({u"set"_s, path(u"new"_s), u"s.clock.x=500"_s, u"s.menu.text.normal=0x00FF00"_s, u"-o"_s,
           path(u"moved"_s)});
     Story w;
+    w.bench.fontSettings.defaultFontName = DefaultFontName(w.shell.shell, installedFontList());
     for (const QString& message : {path(u"new"_s), path(u"moved"_s), debianMessages().first()}) {
         w.open(message);
-        for (const int percent : {50, 100, 133}) {
-            if (percent == 100)
+        for (const int percent : {50, 100, 133, -50, -100, -133}) {
+            if (std::abs(percent) == 100)
                 w.choose("mnuView_scale1");
             else
-                w.window.commands().runEntry(u"mnuView_scale"_s, percent);
-            const QByteArray drawn = said(
-                {u"render"_s, message, u"-o"_s, u"-"_s, u"--scale"_s, QString::number(percent)});
-            EXPECT_EQ(QImage::fromData(drawn, "png").convertToFormat(QImage::Format_RGB32),
-                      w.window.stageLink().stage().picture())
-                << message.toStdString() << " at " << percent;
+                w.window.commands().runEntry(u"mnuView_scale"_s, std::abs(percent));
+            QStringList words{u"render"_s, message,      u"-o"_s,
+                              u"-"_s,      u"--scale"_s, QString::number(std::abs(percent))};
+            Stage& stage = w.window.stageLink().stage();
+            stage.showAsItBoots(percent > 0);
+            if (percent < 0)
+                words.append(u"--schematic"_s);
+            QImage shown(stage.pictureSize(), QImage::Format_RGB32);
+            QPainter painter(&shown);
+            stage.paint(painter, shown.rect());
+            EXPECT_EQ(QImage::fromData(said(words), "png").convertToFormat(QImage::Format_RGB32),
+                      shown)
+                << words.join(u' ').toStdString();
         }
     }
 }

@@ -105,7 +105,11 @@ TEST_F(Problems, OfGenerationThree)
 
 TEST_F(Problems, OfFiles)
 {
-    RawCpio archive = smallMessage(400, 300);
+    const std::string engine = bytesOf(shell.run.AppPath + u"/data/INIT"_s).toStdString();
+    RawCpio archive;
+    for (const char* const name : {"a program", "init"})
+        archive.add({.name = name, .data = engine});
+    archive.add({.name = "back.jpg", .data = jpegBytes(400, 300)});
     archive.add({.name = "16x16.fnt",
                  .data = bytesOf(shell.run.AppPath + u"/data/16X16.FNT"_s).toStdString()});
     archive.add({.name = "gfxboot.cfg", .data = "welcome=1\r\nmenu_start_y=60\r\nwelcome=0"});
@@ -118,7 +122,13 @@ TEST_F(Problems, OfFiles)
     choose("mnuEdit_Undo");
     EXPECT_EQ(bytesOf(run().Workspace + u"Logo.jpg"_s), progressive({40, 30}));
     mendFirst();
-    EXPECT_EQ(count(u"cfg-doubled"_s), 1);
+    EXPECT_EQ(count(u"engine-order"_s), 1);
+    mendFirst();
+    EXPECT_EQ(count(u"engine-order"_s), 0);
+    EXPECT_TRUE(bytesOf(run().Workspace + u"#.lst"_s).startsWith("init\r\na program\r\n"));
+    EXPECT_EQ(count(u"screen-size"_s), 1);
+    mendFirst();
+    EXPECT_EQ(count(u"screen-size"_s), 0);
     mendFirst();
     EXPECT_EQ(count(u"cfg-doubled"_s), 0);
     EXPECT_EQ(bytesOf(run().Workspace + u"gfxboot.cfg"_s),

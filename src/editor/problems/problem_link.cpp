@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "editor/problems/problem_link.h"
 
+#include "base/files.h"
 #include "base/words.h"
 #include "checks/document_check.h"
+#include "container/member_list.h"
+#include "container/member_table.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/list_actions.h"
 #include "editor/problems/problem_window.h"
@@ -161,9 +164,13 @@ void ProblemLink::mend(int problem)
     }
     const StepPlace place = placeOf(document.state(), mended);
     const StepInfo info{Words::tr("mending of %1").arg(whereIs(mended)), place, {}};
-    if (mended.mend->picture.isEmpty())
+    const bool members = !mended.mend->picture.isEmpty() || !mended.mend->first.isEmpty();
+    if (!members)
         (void)document.apply(mended.mend->change, info);
-    else if (document.changeMembers(info, [&] { return mendPicture(*mended.mend); }))
+    else if (document.changeMembers(info, [&] {
+                 return mended.mend->first.isEmpty() ? mendPicture(*mended.mend)
+                                                     : mendOrder(*mended.mend);
+             }))
         showMembers(m_window);
     showPlace(m_window, place);
 }
@@ -175,6 +182,20 @@ bool ProblemLink::mendPicture(const Mend& mend)
     const QString made = shell.run.WorkspaceRoot + mendedName;
     return ResizeJpg(shell, mend.size.width(), mend.size.height(), member, made) &&
            shell.told(shell.files.rename(made, member));
+}
+
+bool ProblemLink::mendOrder(const Mend& mend)
+{
+    const Shell& shell = m_window.shell();
+    const QString path = shell.run.Workspace + memberListName;
+    const Result<QByteArray> list = readBytes(path);
+    if (!list)
+        return shell.told(list.failure());
+    QByteArray first;
+    QByteArray others;
+    for (const MemberName& name : memberNames(*list))
+        (name.text == mend.first && first.isEmpty() ? first : others) += name.bytes + "\r\n";
+    return shell.told(shell.files.write(path, first + others));
 }
 
 } // namespace fennel

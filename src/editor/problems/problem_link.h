@@ -45,6 +45,7 @@ private:
     void goTo(int problem);
     void mend(int problem);
     bool mendPicture(const Mend& mend);
+    bool mendOrder(const Mend& mend);
     [[nodiscard]] QString whereIs(const Problem& problem) const;
 
     MainWindow& m_window;
