@@ -4,6 +4,7 @@
 #include "base/words.h"
 #include "editor/window/retranslated.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -220,11 +221,18 @@ bool ListView::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress && watched == currentWidget()) {
         const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_2) {
+        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_2 ||
+            key == Qt::Key_Escape) {
             // The Enter of the number pad counts as the other one.
             Q_EMIT keyPressed(key == Qt::Key_Enter ? static_cast<int>(Qt::Key_Return) : key);
             return true;
         }
+    }
+    const auto* menu = static_cast<QContextMenuEvent*>(event);
+    if (event->type() == QEvent::ContextMenu && watched == currentWidget() &&
+        menu->reason() == QContextMenuEvent::Keyboard && selected() > 0) {
+        Q_EMIT rowSelected(selected(), true);
+        return true;
     }
     if (event->type() == QEvent::MouseButtonPress && watched == current()->viewport()) {
         const auto* mouse = static_cast<QMouseEvent*>(event);

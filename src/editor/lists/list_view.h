@@ -44,7 +44,8 @@ Q_SIGNALS:
     void rowActivated(int row); // double click
     // Asked for, not done: the rows change only if the listener changes them.
     void rowChecked(int row, bool checked);
-    // Qt::Key_Return (for either Enter) or Qt::Key_2; other keys are the list's own.
+    // Qt::Key_Return (for either Enter), Qt::Key_2 or Qt::Key_Escape; other keys are the list's
+    // own.
     void keyPressed(int key);
 
 protected:

@@ -285,13 +285,17 @@ void StageGestures::panelReleased(const StageMouse& mouse)
     m_stage.ShowMarker(m_stage.SelectedPanel, 0);
     endStep();
     // Last, since a menu runs until it is answered.
-    if (!menu)
-        return;
+    if (menu)
+        openMenu(index, mouse.at);
+}
+
+void StageGestures::openMenu(int index, QPoint at)
+{
     // Rows 0 to 2 have a menu of their own, where there is a cfg file that it can change.
     if (!levels() && index <= ButtonsPanelRow && m_stage.run().GfxHasCfg)
-        m_stage.host().panelMenu(index, mouse.at);
+        m_stage.host().panelMenu(index, at);
     else
-        m_stage.host().objectMenu(index, mouse.at);
+        m_stage.host().objectMenu(index, at);
 }
 
 void StageGestures::doubleClick(const StageMouse& mouse)
@@ -438,13 +442,17 @@ bool StageGestures::key(int key, Qt::KeyboardModifiers modifiers)
         m_stage.SelectNextPanel(key == Qt::Key_Backtab || shift);
         return true;
     }
+    const int index = m_stage.SelectedPanel;
+    const bool there = m_stage.isRow(index) && m_stage.panel(index).visible;
+    if (there && (key == Qt::Key_Menu || (shift && key == Qt::Key_F10))) {
+        openMenu(index, m_stage.panel(index).rect.center());
+        return true;
+    }
     // Boot-screen pixels, whatever the scale.
     const int step = shift ? 10 : 1;
     const QPoint by((key == Qt::Key_Right) * step - (key == Qt::Key_Left) * step,
                     (key == Qt::Key_Down) * step - (key == Qt::Key_Up) * step);
-    const int index = m_stage.SelectedPanel;
-    if (by.isNull() || !m_stage.isRow(index) || !m_stage.panel(index).visible ||
-        m_stage.record(index).Roll)
+    if (by.isNull() || !there || m_stage.record(index).Roll)
         return false;
     nudge(index, by);
     return true;

@@ -105,6 +105,8 @@ private:
     [[nodiscard]] qint16 lengthFor(int shown, qint16 now, qint16 old, int high) const;
     [[nodiscard]] StepInfo stepFor(const QString& what, int index) const;
     void store(const std::map<int, PanelRec>& records, bool entries, const StepInfo& info);
+    // The commands of an object; `at` is a pixel of the picture.
+    void openMenu(int index, QPoint at);
     void endStep();
     void storePlace(int index);
     void keepInside(int index);

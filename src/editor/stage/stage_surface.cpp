@@ -174,16 +174,22 @@ void StageSurface::mouseDoubleClickEvent(QMouseEvent* event)
 
 void StageSurface::keyPressEvent(QKeyEvent* event)
 {
-    if (!m_gestures.key(event->key(), event->modifiers()))
+    if (m_gestures.key(event->key(), event->modifiers()))
+        return;
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        Q_EMIT listWanted();
+    else
         QWidget::keyPressEvent(event);
 }
 
 bool StageSurface::event(QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {
-        // The stage's own Tab, before the focus chain takes it.
+        // The stage's own Tab, before the focus chain takes it; with Ctrl it leaves the stage.
         const auto* key = static_cast<QKeyEvent*>(event);
         if (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) {
+            if (key->modifiers() & Qt::ControlModifier)
+                return focusNextPrevChild(!(key->modifiers() & Qt::ShiftModifier));
             if (m_gestures.key(key->key(), key->modifiers()))
                 return true;
         }

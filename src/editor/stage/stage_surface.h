@@ -44,6 +44,8 @@ public:
 Q_SIGNALS:
     // Logical pixels of this widget.
     void placeWanted(const QRect& place);
+    // Enter: from the object to its parameters.
+    void listWanted();
 
 protected:
     bool event(QEvent* event) override;

@@ -118,6 +118,7 @@ private:
     void buildAreas();
     void buildSplitters();
     void connectAreas();
+    [[nodiscard]] QWidget* framedBy(QWidget& focused) const;
     // Each places and shows one area as the arithmetic of layout.h says.
     void LayoutBottomPanel(const LayoutResult& layout);
     void LayoutRightPanel(const LayoutResult& layout);

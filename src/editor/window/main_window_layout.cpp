@@ -19,6 +19,7 @@
 #include "editor/window/thumbnail_strip.h"
 #include "editor/window/toolbar.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QFocusFrame>
 #include <QGroupBox>
@@ -27,6 +28,7 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QStackedWidget>
 #include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -131,10 +133,31 @@ void MainWindow::buildSplitters()
     m_statusBar->bottomButton().setFocusPolicy(Qt::NoFocus);
 }
 
+// What the frame of the focus stands around, null for a widget that shows the focus itself. It lies
+// outside of that widget, so the stack of a list's tabs has no room for it within.
+QWidget* MainWindow::framedBy(QWidget& focused) const
+{
+    if (&focused == m_picture)
+        return m_port;
+    if (qobject_cast<QAbstractItemView*>(&focused) == nullptr || !m_area->isAncestorOf(&focused))
+        return nullptr;
+    QWidget* framed = &focused;
+    while (qobject_cast<QStackedWidget*>(framed->parentWidget()) != nullptr)
+        framed = framed->parentWidget();
+    return framed;
+}
+
 void MainWindow::connectAreas()
 {
     RunState& run = m_workbench.shell.run;
     connect(m_toolbar, &Toolbar::commandChosen, this, &MainWindow::toolbarCommand);
+    // Enter goes from an object to its list, Escape back.
+    connect(m_picture, &StageSurface::listWanted, this,
+            [this] { m_rightPanel->view(m_workbench.params.CurrentTab)->setFocus(); });
+    connect(m_rightPanel, &RightPanel::keyPressed, this, [this](int, int key) {
+        if (key == Qt::Key_Escape)
+            m_picture->setFocus();
+    });
     connect(m_rightButton, &QToolButton::clicked, this,
             [this] { showRightPanel(!m_workbench.flags.rightPanelShown); });
     connect(&m_statusBar->bottomButton(), &QToolButton::clicked, this,
@@ -156,10 +179,10 @@ void MainWindow::connectAreas()
             [this, &run] { m_dragStart = run.BottomPanelHeight; });
     connect(m_horizontal, &SplitterBar::dragged, this,
             [this](int distance) { setPanelHeight(m_dragStart + distance); });
-    // The picture has no border of its own that could show where the keys go.
+    // Picture and lists look the same whether the keys go there or not: a frame shows it.
     auto* ring = new QFocusFrame(m_area);
     connect(qApp, &QApplication::focusChanged, ring, [this, ring](QWidget*, QWidget* now) {
-        ring->setWidget(now != nullptr && now == m_picture ? m_port : nullptr);
+        ring->setWidget(now == nullptr ? nullptr : framedBy(*now));
     });
     for (SplitterBar* bar : {m_vertical, m_horizontal}) {
         // While a splitter moves, what happens in lists is not the user's doing.
