@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <vector>
@@ -48,22 +49,54 @@ void searchFolder(const fs::path& folder, const std::string& wanted,
     }
 }
 
-// Only fontconfig's configuration is loaded: the scan of all installed fonts would cost more than
-// making the font.
-std::string searchFolders(const std::string& name)
+// The order of a folder is the file system's; the first path by text is the same every time.
+std::string firstOf(const std::vector<std::string>& found)
 {
+    const auto first = std::ranges::min_element(found);
+    return first == found.end() ? std::string() : *first;
+}
+
+// Where fonts lie if nobody has said otherwise.
+std::vector<fs::path> usualFolders()
+{
+    std::vector<fs::path> folders{"/usr/share/fonts", "/usr/local/share/fonts"};
+    const char* home = std::getenv("HOME");
+    const char* data = std::getenv("XDG_DATA_HOME");
+    if (data != nullptr && *data != '\0')
+        folders.push_back(fs::path(data) / "fonts");
+    else if (home != nullptr)
+        folders.push_back(fs::path(home) / ".local/share/fonts");
+    if (home != nullptr)
+        folders.push_back(fs::path(home) / ".fonts");
+    return folders;
+}
+
+// Only the configuration is loaded, no font: a hundred files, which take twice as long as making
+// the font of a boot screen.
+std::vector<fs::path> configuredFolders()
+{
+    std::vector<fs::path> folders;
     const std::unique_ptr<FcConfig, decltype(&FcConfigDestroy)> config(FcInitLoadConfig(),
                                                                        FcConfigDestroy);
     if (!config)
-        return {};
-    const std::unique_ptr<FcStrList, decltype(&FcStrListDone)> folders(
+        return folders;
+    const std::unique_ptr<FcStrList, decltype(&FcStrListDone)> list(
         FcConfigGetFontDirs(config.get()), FcStrListDone);
+    while (const FcChar8* folder = list ? FcStrListNext(list.get()) : nullptr)
+        folders.emplace_back(reinterpret_cast<const char*>(folder));
+    return folders;
+}
+
+std::string searchFolders(const std::string& name)
+{
     std::vector<std::string> found;
-    while (const FcChar8* folder = folders ? FcStrListNext(folders.get()) : nullptr)
-        searchFolder(reinterpret_cast<const char*>(folder), lower(name), found);
-    // The order of a folder is the file system's; the first path by text is the same every time.
-    const auto first = std::ranges::min_element(found);
-    return first == found.end() ? std::string() : *first;
+    for (const auto folders : {usualFolders, configuredFolders}) {
+        for (const fs::path& folder : folders())
+            searchFolder(folder, lower(name), found);
+        if (!found.empty())
+            break;
+    }
+    return firstOf(found);
 }
 
 } // namespace
