@@ -86,7 +86,10 @@ constexpr std::array<std::array<int, 2>, 2> dither = {{{6, -2}, {1, 4}}};
 bool bootable(const QByteArray& jpeg)
 {
     const Result<JpegHead> head = readJpegHead(viewOf(jpeg));
-    return head && checkBootable(*head) && backSizeAllowed({head->width, head->height});
+    // A scan of each component is all that there can be; a file of thousands of them keeps the
+    // decoder for minutes.
+    return head && checkBootable(*head) && backSizeAllowed({head->width, head->height}) &&
+           jpegScans(viewOf(jpeg)) <= maxJpegScans;
 }
 
 QImage decodeAsBooted(const QByteArray& jpeg)

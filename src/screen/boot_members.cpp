@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int fontNumbers = 100;
+constexpr qsizetype keptPictureBytes = 64LL * 1024 * 1024;
 
 QString fontMember(int number)
 {
@@ -81,9 +82,23 @@ QByteArray BootMembers::bytes(const QString& name)
 QImage BootMembers::picture(const QString& name)
 {
     Kept& member = kept(name);
-    if (!member.picture)
+    if (!member.picture) {
+        dropPictures();
         member.picture = std::make_unique<QImage>(decodeAsBooted(member.bytes));
+    }
     return *member.picture;
+}
+
+// Whoever looks at one background after the other needs the latest only.
+void BootMembers::dropPictures()
+{
+    qsizetype bytes = 0;
+    for (const auto& item : m_kept)
+        bytes += item.second.picture ? item.second.picture->sizeInBytes() : 0;
+    if (bytes <= keptPictureBytes)
+        return;
+    for (auto& item : m_kept)
+        item.second.picture.reset();
 }
 
 const BootFont* BootMembers::fontFile(int number)

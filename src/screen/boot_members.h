@@ -55,6 +55,7 @@ private:
     };
     Kept& kept(const QString& name);
     const BootFont* fontFile(int number);
+    void dropPictures();
 
     QString m_folder;
     FontMaker m_standIn;

@@ -2,7 +2,10 @@
 // The picture of a boot where no boot can show it: broken members, hostile titles, 16 bits. That it
 // is the boot's own picture is for tests/boot/test_agreement.py.
 #include "params/object_table.h"
+#include "screen/boot_jpeg.h"
+#include "screen/boot_members.h"
 #include "screen/boot_screen.h"
+#include "support/long_run.h"
 #include "support/test_shell.h"
 
 using namespace fennel;
@@ -63,6 +66,20 @@ TEST(BootScreen, SixteenBitsCutEveryChannel)
     EXPECT_EQ(flat.at(265, 190), 0x103452U);
 }
 
+TEST(BootScreen, PicturesThatWereLookedAtAreNotKept)
+{
+    TestShell t;
+    BootMembers members;
+    members.setFolder(t.shell.run.Workspace);
+    const qint64 before = residentBytes();
+    for (int i = 0; i < 8; ++i) {
+        const QString name = u"back_%1.jpg"_s.arg(i, 2, 10, QChar(u'0'));
+        t.member(name, jpegOf({2800, 2800}));
+        EXPECT_EQ(members.picture(name).width(), 2800);
+    }
+    EXPECT_LT(residentBytes() - before, 160'000'000) << "of 250 MB";
+}
+
 TEST(BootScreen, BrokenMembersAndHostileTitlesLeaveAPicture)
 {
     for (const QByteArray& font :
@@ -74,6 +91,9 @@ TEST(BootScreen, BrokenMembersAndHostileTitlesLeaveAPicture)
         EXPECT_EQ(flat.screen.lettersMissing(), font.size() < 20);
         EXPECT_FALSE(flat.screen.picture().isNull());
     }
+    const QByteArray jpeg = jpegOf({64, 64});
+    const qsizetype scan = jpeg.indexOf("\xFF\xDA");
+    EXPECT_FALSE(bootable(jpeg.left(scan) + jpeg.mid(scan).chopped(2).repeated(2000)));
     Flat none;
     QFile::remove(none.run.Workspace + u"init"_s);
     (void)none.draw({});

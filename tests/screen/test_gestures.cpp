@@ -299,6 +299,11 @@ TEST_F(StageTest, ArrowsMoveByBootPixelsAtAnyScale)
     for (int i = 0; i < 10; ++i)
         mouse.key(Qt::Key_Left, Qt::ShiftModifier);
     EXPECT_TRUE(rec(5).Left == 0 && value(5, 2) == 0);
+    // One larger than the picture ends at its edge, above which no place is stored.
+    set(5, &PanelRec::Height, 700);
+    stage.RefreshPanels();
+    EXPECT_TRUE(mouse.key(Qt::Key_Down, Qt::NoModifier));
+    EXPECT_TRUE(rec(5).Top == 0 && value(5, rec(5).TopParam) == 0);
     document.beginHistory();
     for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Left})
         mouse.key(key, Qt::NoModifier);

@@ -98,7 +98,7 @@ void BootLink::start()
     const Shell& shell = m_window.shell();
     if (!shell.run.GfxOpened)
         return;
-    if (!CommitValue(m_window))
+    if (!CommitValue(m_window) || !commitText(m_window))
         return;
     m_test.cancel();
     const Result<QString> menu = menuText();

@@ -51,6 +51,7 @@ BootWindow::BootWindow(QWidget* parent)
     });
     sayText(m_mark, Words::mark("Mark differences"));
     m_words->setObjectName(u"BootWords"_s);
+    m_words->setTextFormat(Qt::PlainText);
     m_words->setWordWrap(true);
     m_share->setObjectName(u"BootDifference"_s);
     m_mark->setObjectName(u"BootMarks"_s);

@@ -376,8 +376,12 @@ void StageGestures::nudge(int index, QPoint by)
         const QPoint shown = m_stage.panel(row).rect.topLeft();
         const bool heldX = scale.shown(corner.x()) != shown.x();
         const bool heldY = scale.shown(corner.y()) != shown.y();
-        moved.Left = static_cast<qint16>(heldX ? scale.boot(shown.x()) : corner.x());
-        moved.Top = static_cast<qint16>(heldY ? scale.boot(shown.y()) : corner.y());
+        // One larger than the picture is held above or left of it, where no place is stored.
+        const auto held = [&scale](int at, int now) {
+            return now < 0 ? scale.boot(at) : std::max(0, scale.boot(at));
+        };
+        moved.Left = static_cast<qint16>(heldX ? held(shown.x(), moved.Left) : corner.x());
+        moved.Top = static_cast<qint16>(heldY ? held(shown.y(), moved.Top) : corner.y());
         if (isMenuRow(row) && (!m_stage.asItBoots() || levels()))
             moved.Width = lengthFor(m_stage.panel(row).rect.width(), moved.Width, moved.Width,
                                     m_stage.run().BackWidth);
