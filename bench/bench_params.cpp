@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: MIT
 // What an open costs in the lists: all 40 objects built and all tabs filled; and the switch between
 // the lists' values and a menu's, with all of them.
+#include "editor.h"
 #include "editor/lists/tabs.h"
 #include "large_menu.h"
 #include "menus/menu_overlay.h"
 #include "params/level_files.h"
 #include "params/object_table.h"
-#include "quiet_prompts.h"
 
-#include <benchmark/benchmark.h>
-
-#include <QFile>
 #include <QImage>
-#include <QTemporaryDir>
 
 using namespace fennel;
 using namespace Qt::StringLiterals;
@@ -20,26 +16,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // An open gfxboot with every level file full, eight sparkles, and 240 members besides.
-struct OpenGfxboot {
-    QTemporaryDir folder;
-    RunState run;
-    Log log;
-    DiskFiles files;
-    QuietPrompts prompts;
-    ProcessToolRunner tools;
-    Shell shell{run, log, files, prompts, tools};
-    FontTable fonts{std::size_t{fontCount}};
-    Document document{shell, fonts};
+struct FullGfxboot : OpenGfxboot {
     ParamLists lists{document};
 
-    OpenGfxboot()
+    FullGfxboot() : OpenGfxboot({800, 600})
     {
-        run.Workspace = folder.path() + u'/';
-        run.GfxHasZuk = true;
-        run.gfxboot_var = 3;
-        run.ObjectCount = zukObjectCount;
-        run.BackWidth = 800;
-        run.BackHeight = 600;
         QImage logo(120, 80, QImage::Format_RGB32);
         logo.fill(Qt::white);
         logo.save(run.Workspace + u"Logo_msk.jpg"_s);
@@ -73,7 +54,7 @@ struct OpenGfxboot {
 
 void BuildAll(benchmark::State& state)
 {
-    OpenGfxboot open;
+    FullGfxboot open;
     for (auto step : state)
         open.build();
     state.counters["tabs"] = open.lists.tabCount();
@@ -82,7 +63,7 @@ BENCHMARK(BuildAll)->Unit(benchmark::kMillisecond);
 
 void SwitchMenuLevelOnAndOff(benchmark::State& state)
 {
-    OpenGfxboot open;
+    FullGfxboot open;
     open.build();
     open.document.setMenuValues(
         [](ZUKarr& table) { MenuOverlay(QString::fromLatin1(largeMenu()), true, table); });

@@ -1,18 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What an edit costs: drawing one panel, all panels, and a step of a drag from the mouse event to
 // the painted frame, each at 1024x768 and 2560x1440.
-#include "editor/stage/stage_surface.h"
+#include "editor.h"
 #include "params/panel_values.h"
-#include "quiet_prompts.h"
-#include "silent_host.h"
 
-#include <benchmark/benchmark.h>
-
-#include <QApplication>
-#include <QElapsedTimer>
-#include <QMouseEvent>
-
-#include <algorithm>
 #include <random>
 
 using namespace fennel;
@@ -20,23 +11,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void useApplication()
-{
-    static int argc = 1;
-    static char name[] = "bench_stage";
-    static char* argv[] = {name, nullptr};
-    if (qApp == nullptr) {
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-            qputenv("QT_QPA_PLATFORM", "offscreen");
-        new QApplication(argc, argv); // NOLINT: lives as long as the process
-    }
-}
-
 // Forty objects, every one shown: the template's places for those that it names, a grid for the
 // rest.
-class Scene {
+class Scene : public OpenGfxboot {
 public:
-    explicit Scene(QSize size)
+    explicit Scene(QSize size) : OpenGfxboot(size)
     {
         std::mt19937 random(1);
         QImage picture(size, QImage::Format_RGB32);
@@ -44,11 +23,6 @@ public:
             for (int x = 0; x < size.width(); ++x)
                 picture.setPixel(x, y, static_cast<QRgb>(random()) | 0xff000000U);
         }
-        run.GfxOpened = run.GfxHasZuk = true;
-        run.gfxboot_var = 3;
-        run.ObjectCount = 40;
-        run.BackWidth = size.width();
-        run.BackHeight = size.height();
         fonts[0].FontName = u"Liberation Sans"_s;
         fonts[0].Size = 14;
         // A step of a drag pays for the parameters that it writes.
@@ -66,15 +40,6 @@ public:
         stage.RefreshPanels();
     }
 
-    RunState run;
-    Log log;
-    DiskFiles files;
-    QuietPrompts prompts;
-    ProcessToolRunner tools;
-    Shell shell{run, log, files, prompts, tools};
-    FontTable fonts = FontTable(fontCount);
-    Document document{shell, fonts};
-    SilentHost host;
     Stage stage{StageData{shell, document, fonts, host, {}}};
 
 private:
@@ -111,24 +76,8 @@ private:
     }
 };
 
-class PaintCount : public QObject {
-public:
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        paints += event->type() == QEvent::Paint;
-        return false;
-    }
-    double paints = 0;
-};
-
-QSize sizeOf(const benchmark::State& state)
-{
-    return {static_cast<int>(state.range(0)), static_cast<int>(state.range(1))};
-}
-
 void DrawPanelHelp(benchmark::State& state)
 {
-    useApplication();
     Scene scene(sizeOf(state));
     for (auto _ : state)
         scene.stage.DrawPanel(8);
@@ -136,7 +85,6 @@ void DrawPanelHelp(benchmark::State& state)
 
 void AllPanels(benchmark::State& state)
 {
-    useApplication();
     Scene scene(sizeOf(state));
     for (auto _ : state) {
         for (int i = 0; i < 40; ++i)
@@ -147,37 +95,8 @@ void AllPanels(benchmark::State& state)
 // One mouse move of a drag with its rows and status, and the frame that shows it.
 void DragStep(benchmark::State& state)
 {
-    useApplication();
     Scene scene(sizeOf(state));
-    StageSurface surface(scene.stage);
-    surface.show();
-    QApplication::processEvents();
-    PaintCount count;
-    surface.installEventFilter(&count);
-    const auto send = [&surface](QEvent::Type type, QPoint at, Qt::MouseButton button) {
-        QMouseEvent event(type, at, at, button, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&surface, &event);
-    };
-    const int index = static_cast<int>(state.range(2));
-    scene.stage.raisePanel(index);
-    QPoint at = scene.stage.panel(index).rect.center();
-    send(QEvent::MouseButtonPress, at, Qt::LeftButton);
-    std::vector<double> steps;
-    int turn = 0;
-    for (auto _ : state) {
-        QElapsedTimer timer;
-        timer.start();
-        at += (turn++ / 40) % 2 == 0 ? QPoint(3, 1) : QPoint(-3, -1);
-        send(QEvent::MouseMove, at, Qt::NoButton);
-        QEvent paint(QEvent::UpdateRequest); // at once, as a screen's next frame would ask
-        QApplication::sendEvent(surface.window(), &paint);
-        steps.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-    }
-    state.counters["frames_per_step"] = count.paints / static_cast<double>(steps.size());
-    std::sort(steps.begin(), steps.end());
-    state.counters["median_ms"] = steps[steps.size() / 2];
-    state.counters["p99_ms"] = steps[steps.size() * 99 / 100];
-    send(QEvent::MouseButtonRelease, at, Qt::LeftButton);
+    measureDrag(state, scene.stage, static_cast<int>(state.range(2)));
 }
 
 } // namespace

@@ -3,12 +3,16 @@
 
 #include "container/cpio.h"
 #include "container/gzip.h"
+#include "editor/stage/stage_surface.h"
 
 #include <QApplication>
 #include <QBuffer>
+#include <QElapsedTimer>
 #include <QImage>
+#include <QMouseEvent>
 
-#include <benchmark/benchmark.h>
+#include <algorithm>
+#include <vector>
 
 #include <sys/resource.h>
 
@@ -37,6 +41,32 @@ Bytes background(int number)
     return {bytes.begin(), bytes.end()};
 }
 
+class PaintCount : public QObject {
+public:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        paints += event->type() == QEvent::Paint;
+        return false;
+    }
+    double paints = 0;
+};
+
+void send(StageSurface& surface, QEvent::Type type, QPoint at, Qt::MouseButton button)
+{
+    QMouseEvent event(type, at, at, button, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&surface, &event);
+}
+
+double moved(StageSurface& surface, QPoint at)
+{
+    QElapsedTimer timer;
+    timer.start();
+    send(surface, QEvent::MouseMove, at, Qt::NoButton);
+    QEvent paint(QEvent::UpdateRequest); // at once, as a screen's next frame would ask
+    QApplication::sendEvent(surface.window(), &paint);
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
 } // namespace
 
 Editor::Editor()
@@ -57,6 +87,45 @@ void Editor::paint()
 {
     QEvent frame(QEvent::UpdateRequest); // at once, as a screen's next frame would ask
     QCoreApplication::sendEvent(window.get(), &frame);
+}
+
+OpenGfxboot::OpenGfxboot(QSize back)
+{
+    run.AppPath = QStringLiteral(FENNEL_BIN_DIR);
+    run.CurrentLang = u"0409"_s;
+    run.Workspace = folder.path() + u'/';
+    run.GfxOpened = run.GfxHasZuk = true;
+    run.gfxboot_var = 3;
+    run.ObjectCount = zukObjectCount;
+    run.BackWidth = back.width();
+    run.BackHeight = back.height();
+}
+
+QSize sizeOf(const benchmark::State& state)
+{
+    return {static_cast<int>(state.range(0)), static_cast<int>(state.range(1))};
+}
+
+void measureDrag(benchmark::State& state, Stage& stage, int object)
+{
+    StageSurface surface(stage);
+    surface.show();
+    QApplication::processEvents();
+    PaintCount count;
+    surface.installEventFilter(&count);
+    stage.raisePanel(object);
+    QPoint at = stage.panel(object).rect.center();
+    send(surface, QEvent::MouseButtonPress, at, Qt::LeftButton);
+    std::vector<double> steps;
+    for (auto _ : state) {
+        at += (steps.size() / 40) % 2 == 0 ? QPoint(3, 1) : QPoint(-3, -1);
+        steps.push_back(moved(surface, at));
+    }
+    state.counters["frames_per_step"] = count.paints / static_cast<double>(steps.size());
+    std::sort(steps.begin(), steps.end());
+    state.counters["median_ms"] = steps[steps.size() / 2];
+    state.counters["p99_ms"] = steps[steps.size() * 99 / 100];
+    send(surface, QEvent::MouseButtonRelease, at, Qt::LeftButton);
 }
 
 bool writeMessage(const QString& path, qint64 size)

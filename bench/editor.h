@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
-// One run of the program, as main makes it, with a user who answers at once; and message files to
-// open in it. The window is real, its screen is not.
+// What benchmarks open: one run of the program, as main makes it, with a user who answers at once,
+// and message files for it; or a gfxboot without a window. A window is real, its screen is not.
 #pragma once
 
+#include "editor/stage/stage.h"
 #include "editor/window/main_window.h"
 #include "quiet_prompts.h"
+#include "silent_host.h"
+
+#include <benchmark/benchmark.h>
 
 #include <QTemporaryDir>
 
@@ -28,6 +32,27 @@ public:
     Workbench bench{{run, log, files, prompts, tools}, store};
     std::unique_ptr<MainWindow> window;
 };
+
+// A gfxboot of generation 3, open without a window; its Workspace is empty.
+struct OpenGfxboot {
+    explicit OpenGfxboot(QSize back);
+
+    QTemporaryDir folder;
+    RunState run;
+    Log log;
+    DiskFiles files;
+    QuietPrompts prompts;
+    ProcessToolRunner tools;
+    Shell shell{run, log, files, prompts, tools};
+    FontTable fonts = FontTable(fontCount);
+    Document document{shell, fonts};
+    SilentHost host;
+};
+
+// The size that a benchmark's first two numbers name.
+QSize sizeOf(const benchmark::State& state);
+// Steps of a drag of that object, from the mouse event to the painted frame: median_ms and p99_ms.
+void measureDrag(benchmark::State& state, Stage& stage, int object);
 
 // Writes a gzipped message file of Debian's, made as large as asked for (bytes of its archive) with
 // backgrounds of about 200 KB. False if this machine has none.

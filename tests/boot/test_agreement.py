@@ -70,18 +70,22 @@ def share(members, titles):
         width, height, _ = picture
         moving = masked([reach(row, rect) for row, rect in rows.items() if row in MOVING], width)
         moving = moving if b"FENNEL-GFX engine " in members["init"] else set()
-        wrong = {0}
+        fewest, enough_at = width * height, None
         with boots.Boot(members, boots.menu(titles)) as boot:
             def agrees(screen):
-                nonlocal wrong
+                nonlocal fewest, enough_at
                 if (screen.width, screen.height) == (width, height):
                     wrong = far_apart(picture, (width, height, screen.pixels)) - moving
-                return 100 * len(wrong) < (100 - ENOUGH) * width * height and wrong != {0}
+                    fewest = min(fewest, len(wrong))
+                if enough_at is None and 100 * fewest < (100 - ENOUGH) * width * height:
+                    enough_at = boot.machine.seconds()
+                # the engine may still be at the last of it
+                return not fewest or enough_at is not None and boot.machine.late(enough_at + 2)
             screen = boot.wait(agrees, 90)
     if (screen.width, screen.height) != (width, height):
         return 0.0, 0.0
     still = width * height - len(moving)
-    return 100 - 100 * len(wrong) / still, 100 * len(moving) / (width * height)
+    return 100 - 100 * fewest / still, 100 * len(moving) / (width * height)
 
 
 class Agreement(unittest.TestCase):
@@ -145,4 +149,4 @@ class Debian(Agreement):
 
 if __name__ == "__main__":
     RENDER, DATA = sys.argv[1:3]
-    unittest.main(argv=[sys.argv[0], *sys.argv[3:]])
+    unittest.main(argv=[sys.argv[0], *sys.argv[3:]], warnings="ignore")
