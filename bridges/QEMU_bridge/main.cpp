@@ -47,15 +47,28 @@ int refuse(int log, const std::string& text)
     return refusedCode;
 }
 
+// Of the bridge itself, wherever it is called from.
+QString besideBridge(const QString& name)
+{
+    return folderPart(QFileInfo(u"/proc/self/exe"_s).canonicalFilePath()) + name;
+}
+
 QString biosInForce()
 {
     const QString named = qEnvironmentVariable(videoBiosVariable);
     if (!named.isEmpty())
         return FileExists(named) ? named : QString();
-    // Beside this program, wherever it is called from.
-    const QString own = QFileInfo(u"/proc/self/exe"_s).canonicalFilePath();
-    const QString bios = folderPart(own) + u"vgabios.bin"_s;
+    const QString bios = besideBridge(u"vgabios.bin"_s);
     return FileExists(bios) ? bios : QString();
+}
+
+// The card of VGA2 has the memory that its BIOS is made for, which is known by its length.
+int videoMemory(const MachineRequest& request, const QString& bios)
+{
+    constexpr int whole = 16;
+    const QFileInfo small(besideBridge(u"vgabios800x600-24bit-1mb.bin"_s));
+    const bool other = small.exists() && !bios.isEmpty() && QFileInfo(bios).size() != small.size();
+    return request.videoMiB == 1 && other ? whole : request.videoMiB;
 }
 
 void sayEnd(int log, const QString& logPath, const QemuEnd& end)
@@ -86,7 +99,7 @@ QemuEnd runMachine(const QString& program, const MachineRequest& request, Machin
                           parts.control, pair[0], parts.kvm});
 }
 
-int boot(const MachineRequest& request, int log)
+int boot(MachineRequest request, int log)
 {
     const QString program = QStandardPaths::findExecutable(qemuProgram);
     if (program.isEmpty())
@@ -105,6 +118,7 @@ int boot(const MachineRequest& request, int log)
         return refuse(log, disk.failure().text);
     parts.disk = *disk;
     parts.bios = biosInForce();
+    request.videoMiB = videoMemory(request, parts.bios);
     parts.kvm = kvmWorks();
     QemuEnd end = runMachine(program, request, parts, log);
     if (end.kvmDied) {

@@ -850,10 +850,6 @@ gfxboot без перекомпиляции.
 gfxboot.cfg</translation>
     </message>
     <message>
-        <source>The user&apos;s guide is </source>
-        <translation>Руководство пользователя: </translation>
-    </message>
-    <message>
         <source>DblClick or ENTER for &quot;Value&quot; edit</source>
         <translation>Двойной щелчок или ENTER — правка значения</translation>
     </message>
@@ -1069,11 +1065,11 @@ and the loader&apos;s timeout (0: none):</source>
     </message>
     <message>
         <source>This is a sample of a</source>
-        <translation>Это пример текста</translation>
+        <translation>Пример</translation>
     </message>
     <message>
         <source>multi-line text</source>
-        <translation>из нескольких строк</translation>
+        <translation>в две строки</translation>
     </message>
     <message>
         <source>Letter Space</source>
@@ -3356,6 +3352,38 @@ the graphics card knows (VESA modes, such as 800 x 600 or 1024 x 768).</source>
     <message>
         <source>Switch it on</source>
         <translation>Включить</translation>
+    </message>
+    <message>
+        <source>The user&apos;s guide is missing: </source>
+        <translation>Нет руководства: </translation>
+    </message>
+    <message>
+        <source>Contents of the guide</source>
+        <translation>Содержание руководства</translation>
+    </message>
+    <message>
+        <source>Page of the guide</source>
+        <translation>Страница руководства</translation>
+    </message>
+    <message>
+        <source>User&apos;s guide</source>
+        <translation>Руководство</translation>
+    </message>
+    <message>
+        <source>Back (Alt+Left)</source>
+        <translation>Назад (Alt+Влево)</translation>
+    </message>
+    <message>
+        <source>Forward (Alt+Right)</source>
+        <translation>Вперёд (Alt+Вправо)</translation>
+    </message>
+    <message>
+        <source>Search in the guide (Ctrl+F, then Enter or F3)</source>
+        <translation>Поиск в руководстве (Ctrl+F, затем Enter или F3)</translation>
+    </message>
+    <message>
+        <source>Not in the guide</source>
+        <translation>В руководстве этого нет</translation>
     </message>
 </context>
 </TS>

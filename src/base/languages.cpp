@@ -23,13 +23,17 @@ std::span<const Language> languageTable()
     return spokenLanguages;
 }
 
-void Languages::use(const QString& code, const QString& folder)
+const Language& languageOf(const QString& code)
 {
     const auto* const row = std::ranges::find_if(spokenLanguages, [&](const Language& language) {
         return code == QStringView(language.code);
     });
-    const QString locale = QString::fromUtf16(
-        row == spokenLanguages.end() ? spokenLanguages.front().locale : row->locale);
+    return row == spokenLanguages.end() ? spokenLanguages.front() : *row;
+}
+
+void Languages::use(const QString& code, const QString& folder)
+{
+    const QString locale = QString::fromUtf16(languageOf(code).locale);
     // Qt's first, so that our words for the same text would win.
     QCoreApplication::removeTranslator(&m_toolkit);
     QCoreApplication::removeTranslator(&m_own);

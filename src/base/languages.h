@@ -16,6 +16,8 @@ struct Language {
 };
 
 std::span<const Language> languageTable();
+// The language of a code; English where there is no such one.
+const Language& languageOf(const QString& code);
 
 // The words of one language for the whole program, those of Qt's own dialogs among them. English
 // needs no file. There is one at a time, as there is one QCoreApplication.

@@ -138,7 +138,8 @@ void addTagRows(FontState& fonts, FontRecord& record, const FontFileFacts& file)
     AddFontInfoRow(fonts, tag.genuine ? u"@ZUK-MOSA@"_s : u"INFO"_s, Words::tr("TAG"),
                    tag.description);
     for (const TagItem& item : tag.items)
-        AddFontInfoRow(fonts, {}, Words::tr(item.key.toUtf8().constData()), item.value);
+        AddFontInfoRow(fonts, {}, Words::tr(item.key.toUtf8().constData()),
+                       QString(item.value).replace(u" px"_s, Words::tr(" px")));
     // Over the calculated values: the tag knows what the font was made from.
     applyTag(tag, record);
     if (tag.items.empty())

@@ -3,6 +3,7 @@
 #include "base/settings_file.h"
 #include "editor/boot/boot_window.h"
 #include "editor/fonts/font_window.h"
+#include "editor/guide/guide_window.h"
 #include "editor/problems/problem_link.h"
 #include "editor/window_fixture.h"
 
@@ -37,7 +38,8 @@ protected:
         start.size = start.wholeSize = 16;
         FontWindow fonts(shell.shell, start, bench.characters, u"DejaVu Sans"_s, nullptr);
         BootWindow boot(nullptr);
-        for (QWidget* shown : std::initializer_list<QWidget*>{&window, &fonts, &boot}) {
+        GuideWindow guide(run(), bench.store);
+        for (QWidget* shown : std::initializer_list<QWidget*>{&window, &fonts, &boot, &guide}) {
             note(shown->windowTitle(), u"title"_s);
             for (const QAction* item : shown->findChildren<QAction*>())
                 note(item->text(), item->objectName());

@@ -3,10 +3,16 @@
 #include "base/log_header.h"
 #include "base/words.h"
 #include "editor/commands/handlers.h"
+#include "editor/guide/guide_pages.h"
+#include "editor/guide/guide_window.h"
+#include "editor/problems/problem_window.h"
 #include "editor/window/main_window.h"
 
-#include <QDesktopServices>
-#include <QUrl>
+#include <QApplication>
+#include <QFileInfo>
+#include <QObject>
+
+#include <memory>
 
 namespace fennel {
 
@@ -43,22 +49,55 @@ void tellGeneration2(const MainWindow& window)
                   "gfxboot.cfg"));
 }
 
-// The guide lies beside the program, or in the source tree that it was built from.
-void openGuide(const MainWindow& window)
-{
-    const QString guide = window.shell().run.AppPath + QStringLiteral("/docs/guide.md");
-    if (!FileExists(guide) || !QDesktopServices::openUrl(QUrl::fromLocalFile(guide)))
-        window.shell().prompts.ShowMessage(Words::tr("The user's guide is ") + guide);
-}
+// The guide is no child window of the editor: the one that is worked in lies above the other.
+class GuideLink : public QObject {
+public:
+    explicit GuideLink(MainWindow& window) : QObject(&window), m_window(window) {}
+
+    void open(const GuidePlace& place)
+    {
+        const RunState& run = m_window.shell().run;
+        const QString page = guideFolder(run) + place.page;
+        if (!QFileInfo::exists(page)) {
+            m_window.shell().prompts.ShowMessage(Words::tr("The user's guide is missing: ") + page);
+            return;
+        }
+        if (!m_guide)
+            m_guide = std::make_unique<GuideWindow>(run, m_window.workbench().store);
+        m_guide->showPlace(place);
+    }
+    // At what the user works on.
+    void openHere()
+    {
+        const bool problems = qobject_cast<ProblemWindow*>(QApplication::activeWindow()) != nullptr;
+        open(problems ? GuidePlace{QStringLiteral("problems.md"), {}}
+                      : guidePlace(m_window.shell().run, m_window.workbench().params));
+    }
+
+private:
+    MainWindow& m_window;
+    std::unique_ptr<GuideWindow> m_guide;
+};
+
+struct PageCommand {
+    const char* command;
+    QStringView page;
+};
+constexpr PageCommand pageCommands[] = {
+    {"mnuHelpEn", u"index.md"},       {"mnuHelpRu", u"index.md"},
+    {"mnuHelp_FAQ", u"troubles.md"},  {"mnuHelpYouTube", u"first-stick.md"},
+    {"mnuHelpEnFennel", u"index.md"}, {"mnuHelpLessons", u"first-stick.md"},
+};
 
 } // namespace
 
 void addHelpCommands(MainWindow& window)
 {
     Commands& commands = window.commands();
-    for (const char* page : {"mnuHelpEn", "mnuHelpRu", "mnuHelp_FAQ", "mnuHelpYouTube",
-                             "mnuHelpEnFennel", "mnuHelpLessons"})
-        commands.add(page, [&window] { openGuide(window); });
+    auto* guide = new GuideLink(window);
+    commands.add("mnuHelp_Guide", [guide] { guide->openHere(); });
+    for (const PageCommand& row : pageCommands)
+        commands.add(row.command, [guide, page = row.page.toString()] { guide->open({page, {}}); });
     commands.add("mnuHelp_About", [&window] { showAbout(window); });
     commands.add("mnuEdit_Gfxboot2", [&window] { tellGeneration1(window); });
     commands.add("mnuEdit_gfxboot3", [&window] { tellGeneration2(window); });

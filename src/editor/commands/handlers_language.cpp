@@ -68,6 +68,9 @@ void retranslate(MainWindow& window)
     window.problemLink().check();
     showLeftWork(window);
     selectTab(window, tab);
+    // What is said of the selected row, and what can be done with it.
+    if (lists.CurrentRow > 0)
+        Q_EMIT window.rightPanel().rowSelected(tab, lists.CurrentRow, false);
     if (!window.shell().run.GfxOpened)
         window.showWelcome();
     window.refreshThumbnails();

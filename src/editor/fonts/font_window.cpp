@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace fennel {
@@ -62,8 +63,11 @@ FontWindow::FontWindow(const Shell& shell, const FontDialogStart& start, CharSel
     m_views->setSize(m_size->value());
     m_space->setValue(usualSpace);
     m_list->setFocus();
-    const QSize wanted = tall->sizeHint() + QSize(0, layout()->minimumSize().height());
-    resize(wanted.boundedTo(screen()->availableSize() - QSize(frameRoom, frameRoom)));
+    QSize wanted = tall->sizeHint() + QSize(0, layout()->minimumSize().height());
+    const QSize room = screen()->availableSize() - QSize(frameRoom, frameRoom);
+    if (wanted.height() > room.height()) // the bar that comes then shall cover nothing
+        wanted.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    resize(wanted.boundedTo(room));
 }
 
 // On a small screen the upper part scrolls; the buttons stay in sight.
@@ -145,12 +149,13 @@ QLayout* FontWindow::makeSpacings()
                               {{u"Label2"_s, Words::tr("This is a sample of a"), {}, false},
                                {u"multi_line"_s, Words::tr("multi-line text"), {0, 1}, true}},
                               this);
-    m_letter = new SpacingFrame(u"Frame4"_s, Words::tr("Letter Space"), u"letter_space"_s,
-                                {{u"Label4_0"_s, u"f"_s, {}, false},
-                                 {u"Label4_1"_s, u"o"_s, {1, 0}, false},
-                                 {u"Label4_2"_s, u"n"_s, {2, 0}, false},
-                                 {u"Label4_3"_s, u"t"_s, {3, 0}, false}},
-                                this);
+    std::vector<SpacingFrame::Word> letters;
+    for (const QChar letter : Words::tr("font")) {
+        const int place = static_cast<int>(letters.size());
+        letters.push_back({u"Label4_%1"_s.arg(place), QString(letter), {place, 0}, false});
+    }
+    m_letter =
+        new SpacingFrame(u"Frame4"_s, Words::tr("Letter Space"), u"letter_space"_s, letters, this);
     auto* row = new QHBoxLayout;
     for (SpacingFrame* frame : {m_space, m_line, m_letter})
         row->addWidget(frame);

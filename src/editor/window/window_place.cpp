@@ -13,9 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString cornerKey = u"WindowCorner"_s;
-const QString sizeKey = u"WindowSize"_s;
-const QString maximisedKey = u"WindowMaximised"_s;
+const QString cornerKey = u"Corner"_s;
+const QString sizeKey = u"Size"_s;
+const QString maximisedKey = u"Maximised"_s;
 
 std::optional<QPoint> pairOf(const QString& text)
 {
@@ -33,23 +33,23 @@ QString textOf(int first, int second)
 
 } // namespace
 
-WindowPlace readWindowPlace(const UserStore& store)
+WindowPlace readWindowPlace(const UserStore& store, const QString& window)
 {
     WindowPlace place;
-    place.corner = pairOf(store.get(viewSection, cornerKey));
-    if (const auto size = pairOf(store.get(viewSection, sizeKey)))
+    place.corner = pairOf(store.get(viewSection, window + cornerKey));
+    if (const auto size = pairOf(store.get(viewSection, window + sizeKey)))
         place.size = QSize(size->x(), size->y());
-    place.maximised = store.get(viewSection, maximisedKey) == u"1";
+    place.maximised = store.get(viewSection, window + maximisedKey) == u"1";
     return place;
 }
 
-void storeWindowPlace(UserStore& store, const WindowPlace& place)
+void storeWindowPlace(UserStore& store, const WindowPlace& place, const QString& window)
 {
     if (place.corner)
-        store.save(viewSection, cornerKey, textOf(place.corner->x(), place.corner->y()));
-    store.save(viewSection, sizeKey,
+        store.save(viewSection, window + cornerKey, textOf(place.corner->x(), place.corner->y()));
+    store.save(viewSection, window + sizeKey,
                place.size ? textOf(place.size->width(), place.size->height()) : QString());
-    store.save(viewSection, maximisedKey, place.maximised ? u"1"_s : u"0"_s);
+    store.save(viewSection, window + maximisedKey, place.maximised ? u"1"_s : u"0"_s);
 }
 
 QPoint placeOnDesktop(const QRect& frame, const QRect& desktop)
