@@ -213,15 +213,11 @@ void Document::noteBackground(int number)
 {
     ZukCell& cell = m_state.ZUKarr.at(0, backgroundParam);
     cell.EditValue = number;
-    if (!cell.Value || cell.Value->number == number)
+    // Showing changes nothing: a number whose picture is missing, for which another stands in, stays.
+    if (!inGesture() || !cell.Value || cell.Value->number == number)
         return;
-    const ParamValue value{number, cell.Value->hex, {}};
-    if (!inGesture()) {
-        cell.Value = value;
-        return;
-    }
     Change change;
-    change.params[{0, backgroundParam}] = value;
+    change.params[{0, backgroundParam}] = ParamValue{number, cell.Value->hex, {}};
     (void)apply(change, m_gesture->info);
 }
 

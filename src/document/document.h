@@ -131,7 +131,8 @@ public:
     [[nodiscard]] const QStringList& menuTitles() const { return m_menuTitles; }
     // The words on an object.
     void setText(int object, const QString& text);
-    // The number of the background in use, without a step: what was asked for is not there.
+    // The number of the background that is shown: another may stand in for the one in use. Inside a
+    // gesture it becomes the one in use, as a part of that step.
     void noteBackground(int number);
     // The older generations' menu is as high as its font says.
     void fitMenuToFont();

@@ -128,9 +128,6 @@ public:
     {
         const auto members = membersOf(m_story.run().GfxPath);
         eachParameter([&](int file, int id, qint64 value, int tab) {
-            // Save As goes back to the main background behind the save.
-            if (file == 0 && id == backgroundParam)
-                return;
             const auto found = members.find(levelFileName(file));
             const auto saved =
                 found == members.end() ? std::map<int, int>() : recordsOf(found->second);

@@ -66,6 +66,7 @@ TEST_F(BackgroundTest, BackgroundNumberGoesToTheLevelData)
         EXPECT_FALSE(document.canUndo()) << "what is shown is no step";
         return document.state().ZUKarr.GetLevelValue(0, backgroundParam, LayerEdit);
     };
+    const qint64 inUse = document.state().ZUKarr.at(0, backgroundParam).Value->number;
     useBack(u"back_07.jpg"_s, encoded({800, 600}, "JPG"));
     EXPECT_EQ(shown(), 7);
     document.showMenuLevel(true);
@@ -73,6 +74,7 @@ TEST_F(BackgroundTest, BackgroundNumberGoesToTheLevelData)
     EXPECT_EQ(shown(), 7) << "the choice is the menu's";
     document.showMenuLevel(false);
     EXPECT_EQ(shown(), 0);
+    EXPECT_EQ(document.state().ZUKarr.at(0, backgroundParam).Value->number, inUse);
 }
 
 TEST_F(BackgroundTest, MissingFileOrFailedToolKeepsThePicture)

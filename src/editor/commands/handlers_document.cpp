@@ -119,7 +119,7 @@ void showChange(MainWindow& window, const DocumentChange& change)
     // Commands show themselves what they did to files.
     if (undone && !change.members.empty())
         showMembers(window);
-    if (undone && change.params.contains({0, backgroundParam}))
+    if (change.params.contains({0, backgroundParam}) || (undone && !change.members.empty()))
         showChosenBackground(window);
     if (undone) {
         if (!change.place.member.isEmpty() && change.place.object >= 0)
@@ -177,10 +177,10 @@ void showPlace(MainWindow& window, const StepPlace& place)
 void showChosenBackground(MainWindow& window)
 {
     RunState& run = window.shell().run;
-    const auto number =
-        window.document().state().ZUKarr.GetLevelValue(0, backgroundParam, LayerEdit);
-    const QString path = backgroundFile(run.Workspace, number.value_or(0));
-    if (path == run.BackFile || window.document().menuLevelShown())
+    const std::optional<ParamValue>& number =
+        window.document().state().ZUKarr.at(0, backgroundParam).Value;
+    const QString path = backgroundFile(run.Workspace, number ? number->number : 0);
+    if (!number || path == run.BackFile || window.document().menuLevelShown())
         return;
     run.BackFile = path;
     window.ShowBackground();

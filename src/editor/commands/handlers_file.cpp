@@ -66,6 +66,8 @@ void saveAs(MainWindow& window)
     window.workbench().lastUsed.LastUsedAdd(shell, shell.run.GfxPath);
     window.document().markSaved();
     window.UpdateInterface();
+    // A copy begins with its first background; the one in use is still another.
+    showChosenBackground(window);
     if (namePart(shell.run.BackFile) != shown)
         window.ShowBackground();
 }
