@@ -3385,5 +3385,9 @@ the graphics card knows (VESA modes, such as 800 x 600 or 1024 x 768).</source>
         <source>Not in the guide</source>
         <translation>В руководстве этого нет</translation>
     </message>
+    <message>
+        <source>Compiled at</source>
+        <translation>собрана</translation>
+    </message>
 </context>
 </TS>

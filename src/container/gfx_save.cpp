@@ -137,7 +137,7 @@ QString proposedCopyName(const QString& name)
 {
     // Up to the first point, so "message.gz" and "message" both propose "messageNew".
     const qsizetype point = name.indexOf(QLatin1Char('.'));
-    return (point < 0 ? name : name.left(point)) + Words::tr("New");
+    return (point < 0 ? name : name.left(point)) + QStringLiteral("New");
 }
 
 QString savedName(const QString& chosen, bool compress)

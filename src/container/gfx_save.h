@@ -25,7 +25,8 @@ bool GfxSaveAs(const Shell& shell, const WriteParameters& writeParameters);
 // Size and checksum of a file; without a path if it cannot be read.
 FileMark markOf(const QString& path);
 
-// The name that is proposed for a copy: the name up to its first point and "New".
+// The name that is proposed for a copy: the name up to its first point and "New", in every
+// language: loaders do not read every letter.
 QString proposedCopyName(const QString& name);
 // The name of the file to write: no blanks, one ".gz" at the end if it is to be compressed; a ".gz"
 // that was typed stays in any case.

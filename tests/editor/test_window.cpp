@@ -155,6 +155,13 @@ TEST(Window, PanelsHideAndComeBackByEitherButton)
         EXPECT_NE(w.window.size(), whole);
         EXPECT_EQ(w.window.surface().size(), QSize(700, 300));
         EXPECT_TRUE(w.window.surface().hasFocus());
+        // Without a mouse: into the list and back, and out of the stage.
+        QTest::keyClick(&w.window.surface(), Qt::Key_Return);
+        EXPECT_EQ(w.window.focusWidget() != &w.window.surface(), frame == u"Frame2Podval");
+        QTest::keyClick(w.window.focusWidget(), Qt::Key_Escape);
+        EXPECT_TRUE(w.window.surface().hasFocus());
+        QTest::keyClick(&w.window.surface(), Qt::Key_Tab, Qt::ControlModifier);
+        EXPECT_FALSE(w.window.surface().hasFocus());
         w.click(inToolbar);
         EXPECT_TRUE(shown(w, frame));
         EXPECT_EQ(w.window.size(), whole);

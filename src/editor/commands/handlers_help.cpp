@@ -20,6 +20,8 @@ namespace {
 
 void showAbout(const MainWindow& window)
 {
+    QString compiled = compiledAt(window.shell().run.BuildTime); // as the log has it
+    compiled.replace(QStringLiteral("Compiled at"), Words::tr("Compiled at"));
     const QString text =
         Words::tr("FENNEL-GFX with GUI (v. %1    - %2) \n"
                   "    /Component of @ZUK-MOSA@ project/\n"
@@ -27,7 +29,7 @@ void showAbout(const MainWindow& window)
                   "7za.exe\ncpio.exe\nListUsbDrives.exe\nmkblfont.exe\nnconvert.exe\nQEMU.exe\n"
                   "This kit allows you to create and/or modify the\n"
                   "ready-made gfxboots")
-            .arg(versionText(), compiledAt(window.shell().run.BuildTime));
+            .arg(versionText(), compiled);
     window.shell().prompts.ShowMessage(text, MessageType::Ok,
                                        Words::tr("About \"%1\"").arg(programTitle()));
 }

@@ -25,6 +25,7 @@ namespace {
 
 constexpr int margin = 16;
 constexpr int cellPadding = 4;
+constexpr int tableMargin = 8;
 constexpr int restMs = 50; // a window that is pulled is laid out when it rests
 
 QList<QTextBlock> headingsOf(const QTextDocument& document)
@@ -111,8 +112,8 @@ void GuideView::airTables()
         QTextTableFormat format = table->format();
         format.setBorderCollapse(true);
         format.setCellPadding(cellPadding);
-        format.setTopMargin(margin / 2);
-        format.setBottomMargin(margin / 2);
+        format.setTopMargin(tableMargin);
+        format.setBottomMargin(tableMargin);
         table->setFormat(format);
     }
 }

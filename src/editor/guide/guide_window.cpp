@@ -10,12 +10,14 @@
 #include "editor/window/window_place.h"
 
 #include <QHBoxLayout>
+#include <QHideEvent>
 #include <QIcon>
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
 #include <QShortcut>
+#include <QShowEvent>
 #include <QSignalBlocker>
 #include <QSplitter>
 #include <QToolButton>

@@ -65,6 +65,11 @@ ProblemWindow::ProblemWindow(QWidget* parent)
     m_list->setColumnCount(MendColumn + 1);
     m_list->setHeaderLabels({Words::tr("Problem"), Words::tr("Where"), Words::tr("Mend")});
     m_list->setRootIsDecorated(false);
+    m_list->setWordWrap(true);
+    // A row is as high as its sentence asks for in the width of the column.
+    connect(
+        m_list->header(), &QHeaderView::sectionResized, m_list, [this] { m_list->doItemsLayout(); },
+        Qt::QueuedConnection);
     m_list->header()->setStretchLastSection(false);
     m_list->header()->setSectionResizeMode(SentenceColumn, QHeaderView::Stretch);
     for (const int column : {int{WhereColumn}, int{MendColumn}})

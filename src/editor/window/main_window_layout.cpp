@@ -6,6 +6,7 @@
 #include "editor/commands/handlers.h"
 #include "editor/fonts/font_info.h"
 #include "editor/fonts/inspection_list.h"
+#include "editor/lists/list_view.h"
 #include "editor/lists/right_panel.h"
 #include "editor/lists/tabs.h"
 #include "editor/stage/stage_link.h"
@@ -152,8 +153,11 @@ void MainWindow::connectAreas()
     RunState& run = m_workbench.shell.run;
     connect(m_toolbar, &Toolbar::commandChosen, this, &MainWindow::toolbarCommand);
     // Enter goes from an object to its list, Escape back.
-    connect(m_picture, &StageSurface::listWanted, this,
-            [this] { m_rightPanel->view(m_workbench.params.CurrentTab)->setFocus(); });
+    connect(m_picture, &StageSurface::listWanted, this, [this] {
+        ListView* list = m_rightPanel->view(m_workbench.params.CurrentTab);
+        if (list->isVisible()) // else the keys would go nowhere
+            list->setFocus();
+    });
     connect(m_rightPanel, &RightPanel::keyPressed, this, [this](int, int key) {
         if (key == Qt::Key_Escape)
             m_picture->setFocus();

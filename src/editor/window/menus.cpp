@@ -39,6 +39,8 @@ void Menus::addItem(QMenuBar& bar, const MenuItem& item)
         auto* menu = new QMenu(Words::tr(item.caption), &bar);
         menu->setObjectName(name);
         menu->setToolTipsVisible(true);
+        // With large letters on a low screen; a second column would be cut at the screen's edge.
+        menu->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));
         m_menus[name] = menu;
         m_actions[name] = menu->menuAction();
         QMenu* parent = this->menu(QLatin1String(item.parent));

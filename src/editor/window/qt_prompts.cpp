@@ -19,6 +19,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -94,6 +95,7 @@ private:
 };
 
 constexpr QSize pictureDialogSize(820, 460);
+constexpr QSize titleRoom(10, 40); // of its window
 
 // With a preview, which only Qt's own dialog has room for.
 QString openPicture(QWidget* parent, const FileQuestion& question, PictureTool& pictures)
@@ -102,6 +104,8 @@ QString openPicture(QWidget* parent, const FileQuestion& question, PictureTool& 
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.resize(pictureDialogSize);
+    if (parent != nullptr) // letters may be so large that it would ask for more
+        dialog.setMaximumSize(parent->screen()->availableSize() - titleRoom);
     PicturePreview::addTo(dialog, pictures);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
