@@ -103,7 +103,8 @@ QString openPicture(QWidget* parent, const FileQuestion& question, PictureTool& 
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.resize(pictureDialogSize);
     PicturePreview::addTo(dialog, pictures);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    return dialog.exec() == QDialog::Accepted ? ownPath(dialog.selectedFiles().value(0))
+                                              : QString();
 }
 
 QLayout* pictureColumn(const QImage& picture, const QString& caption)
