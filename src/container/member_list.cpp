@@ -104,14 +104,19 @@ Result<void> RebuildMemberList(const Shell& shell, const QString& addedPattern)
         if (memberSize(folder, name.bytes) >= 0)
             names += name.bytes + "\r\n";
     }
-    // Renamed over the old list: a save after half a list would lose members.
-    const QString fresh = folder + QStringLiteral("#.lst.new");
-    Result<void> done = shell.files.write(fresh, names);
+    const Result<void> done = putMember(shell, memberListName, names);
+    return done ? done : shell.tell(done.failure());
+}
+
+Result<void> putMember(const Shell& shell, const QString& name, const QByteArray& bytes)
+{
+    const QString fresh = shell.run.WorkspaceRoot + QStringLiteral("~member");
+    Result<void> done = shell.files.write(fresh, bytes);
     if (done)
-        done = shell.files.rename(fresh, folder + memberListName);
+        done = shell.files.rename(fresh, shell.run.Workspace + name);
     if (!done)
         (void)shell.files.remove(fresh);
-    return done ? done : shell.tell(done.failure());
+    return done;
 }
 
 bool isListed(const QString& folder, const QString& name)

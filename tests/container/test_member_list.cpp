@@ -44,11 +44,13 @@ TEST_F(MemberList, KnownMembersComeInTheirOrderAndTheOthersBehindThemAsTheyWere)
         "back_07.jpg"};
     const QByteArrayList others = {"zeta", "gfxboot.cfg", "alpha.hlp"};
     members(ordered + others);
+    members({"#.lst.new"}); // is left alone: it may be a member
     QByteArrayList opened = others + ordered;
     std::reverse(opened.begin() + others.size(), opened.end());
     list(opened);
     EXPECT_EQ(rebuilt(), text(ordered + others));
     EXPECT_EQ(rebuilt(), text(ordered + others)); // and stay so
+    EXPECT_TRUE(FileExists(t.run.Workspace + u"#.lst.new"_s));
 }
 
 TEST_F(MemberList, OnlyTheAddedPatternMakesAFileAMember)
