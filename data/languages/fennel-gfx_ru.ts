@@ -3162,10 +3162,6 @@ loses above and below is cut off. Undo brings them back.</source>
         <translation>Обрезка картинки</translation>
     </message>
     <message>
-        <source>%1 cannot be opened: %2</source>
-        <translation>%1 не удаётся открыть: %2</translation>
-    </message>
-    <message>
         <source>%1 is no disk image with a FAT file system.</source>
         <translation>%1 — не образ диска с файловой системой FAT.</translation>
     </message>
@@ -3388,6 +3384,10 @@ the graphics card knows (VESA modes, such as 800 x 600 or 1024 x 768).</source>
     <message>
         <source>Compiled at</source>
         <translation>собрана</translation>
+    </message>
+    <message>
+        <source>The menus of this drive are too large to look into all of them.</source>
+        <translation>Меню этого диска слишком велики, чтобы заглянуть во все.</translation>
     </message>
 </context>
 </TS>

@@ -31,27 +31,18 @@ Failure systemFailure(const char* verb, const QString& path, int error)
     return fennel::systemFailure(verb, path.toStdString(), error);
 }
 
-// Makes the folder `target` and runs `step` (which returns an errno) on each plain file of `source`
-// and its place in `target`.
-template <class Step>
-Result<void> forEachFile(const QString& source, const QString& target, Step step)
+// A new file, with the time of the old one, which goes into an archive: a link that has the name is
+// replaced, not followed.
+int copyInto(const fs::path& from, const fs::path& to)
 {
+    if (::unlink(to.c_str()) != 0 && errno != ENOENT)
+        return errno;
     std::error_code error;
-    const fs::path to = bytesOfPath(target).toStdString();
-    fs::create_directories(to, error);
-    fs::directory_iterator files(bytesOfPath(source).toStdString(), error);
-    if (error)
-        return systemFailure("read", source, error.value());
-    for (const fs::directory_entry& file : files) {
-        if (!file.is_regular_file(error))
-            continue;
-        const int failed = step(file.path(), to / file.path().filename());
-        if (failed != 0)
-            return systemFailure(
-                "write", withSeparator(target) + pathOfBytes(file.path().filename().c_str()),
-                failed);
-    }
-    return {};
+    fs::copy_file(from, to, fs::copy_options::none, error);
+    std::error_code kept;
+    if (!error)
+        fs::last_write_time(to, fs::last_write_time(from, kept), kept);
+    return error.value();
 }
 
 // A "/" at the end would make the system follow a link.
@@ -75,11 +66,16 @@ Result<void> makeOwn(const QString& path)
     const Result<QByteArray> bytes = readBytes(path);
     if (!bytes)
         return bytes.failure();
-    const QString own = path + u'~';
-    Result<void> done = writeFile(nameOf(own), O_WRONLY | O_CREAT | O_TRUNC, spanOf(*bytes));
-    if (done && ::rename(bytesOfPath(own).constData(), bytesOfPath(path).constData()) != 0)
-        done = systemFailure("write", path, errno);
-    return done;
+    // A name that is free: any fixed one may be another member's.
+    QByteArray own = bytesOfPath(folderPart(path)) + ".own-XXXXXX";
+    Descriptor file(::mkostemp(own.data(), O_CLOEXEC));
+    if (file.valid() && writeAll(file.get(), spanOf(*bytes)) &&
+        ::fchmod(file.get(), facts.st_mode & 0777) == 0 && file.close() &&
+        ::rename(own.constData(), bytesOfPath(path).constData()) == 0)
+        return {};
+    const int error = errno;
+    (void)::unlink(own.constData());
+    return systemFailure("write", path, error);
 }
 
 Result<void> writeOwn(const QString& path, int flags, const QByteArray& bytes)
@@ -98,11 +94,6 @@ Result<void> DiskFiles::write(const QString& path, const QByteArray& bytes)
 Result<void> DiskFiles::append(const QString& path, const QByteArray& bytes)
 {
     return writeOwn(path, O_WRONLY | O_CREAT | O_APPEND, bytes);
-}
-
-Result<void> DiskFiles::overwriteStart(const QString& path, const QByteArray& bytes)
-{
-    return writeOwn(path, O_WRONLY | O_CREAT, bytes);
 }
 
 Result<void> DiskFiles::copy(const QString& source, const QString& target)
@@ -155,21 +146,6 @@ Result<void> DiskFiles::makeFolder(const QString& path)
     return systemFailure("make the folder", path, error ? error.value() : ENOTDIR);
 }
 
-Result<void> DiskFiles::moveFiles(const QString& source, const QString& target)
-{
-    return forEachFile(source, target, [](const fs::path& from, const fs::path& to) {
-        if (::rename(from.c_str(), to.c_str()) == 0)
-            return 0;
-        if (errno != EXDEV)
-            return errno;
-        std::error_code error;
-        fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
-        if (!error)
-            fs::remove(from, error);
-        return error.value();
-    });
-}
-
 Result<void> DiskFiles::makePrivateFolder(const QString& path)
 {
     const QString bare = withoutSeparator(path);
@@ -188,15 +164,21 @@ Result<void> DiskFiles::makePrivateFolder(const QString& path)
 
 Result<void> DiskFiles::copyFolder(const QString& source, const QString& target)
 {
-    return forEachFile(source, target, [](const fs::path& from, const fs::path& to) {
-        std::error_code error;
-        fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
-        // A member's time goes into the archive.
-        std::error_code kept;
-        if (!error)
-            fs::last_write_time(to, fs::last_write_time(from, kept), kept);
-        return error.value();
-    });
+    std::error_code error;
+    const fs::path to = nameOf(target);
+    fs::create_directories(to, error);
+    fs::directory_iterator files(nameOf(source), error);
+    if (error)
+        return systemFailure("read", source, error.value());
+    for (const fs::directory_entry& file : files) {
+        if (!file.is_regular_file(error))
+            continue;
+        const fs::path name = file.path().filename();
+        if (const int failed = copyInto(file.path(), to / name); failed != 0)
+            return systemFailure("write", withSeparator(target) + pathOfBytes(name.c_str()),
+                                 failed);
+    }
+    return {};
 }
 
 Result<void> DiskFiles::replaceWhole(const QString& source, const QString& target)

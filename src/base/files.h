@@ -30,8 +30,6 @@ public:
     virtual Result<void> write(const QString& path, const QByteArray& bytes) = 0;
     // Makes the file if it is missing; a failure may leave a part of the bytes behind.
     virtual Result<void> append(const QString& path, const QByteArray& bytes) = 0;
-    // Overwrites from the first byte on without cutting: the tail of a longer file stays.
-    virtual Result<void> overwriteStart(const QString& path, const QByteArray& bytes) = 0;
     // Copies contents and replaces an existing target.
     virtual Result<void> copy(const QString& source, const QString& target) = 0;
     // Renames, replacing an existing target in one step; falls back to copy and remove between file
@@ -47,10 +45,9 @@ public:
     // user's so. Anything else under that name (another user's folder, a link, a file) is
     // NoPermission.
     virtual Result<void> makePrivateFolder(const QString& path) = 0;
-    // Copies, or moves, the plain files of a folder (members live flat, without sub-folders), over
-    // files of the same name. Names are taken as bytes, whatever their encoding.
-    virtual Result<void> moveFiles(const QString& source, const QString& target) = 0;
-    // The same as moveFiles(), but the source stays.
+    // Copies the plain files of a folder (members live flat, without sub-folders), with their
+    // times, in place of files and links of the same name. Names are taken as bytes, whatever their
+    // encoding.
     virtual Result<void> copyFolder(const QString& source, const QString& target) = 0;
     // Puts the file `source` at `target` so that at every moment the target is the whole old or the
     // whole new file: a copy beside the target is written, synced, given the old file's permissions
@@ -62,13 +59,11 @@ class DiskFiles : public Files {
 public:
     Result<void> write(const QString& path, const QByteArray& bytes) override;
     Result<void> append(const QString& path, const QByteArray& bytes) override;
-    Result<void> overwriteStart(const QString& path, const QByteArray& bytes) override;
     Result<void> copy(const QString& source, const QString& target) override;
     Result<void> rename(const QString& source, const QString& target) override;
     Result<void> remove(const QString& path) override;
     Result<void> removeFolder(const QString& path) override;
     Result<void> makeFolder(const QString& path) override;
-    Result<void> moveFiles(const QString& source, const QString& target) override;
     Result<void> makePrivateFolder(const QString& path) override;
     Result<void> copyFolder(const QString& source, const QString& target) override;
     Result<void> replaceWhole(const QString& source, const QString& target) override;

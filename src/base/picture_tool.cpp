@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "base/picture_tool.h"
 
+#include "base/file_names.h"
 #include "base/files.h"
 #include "base/tool_runner.h"
 #include "base/words.h"
 
 #include <QDeadlineTimer>
 #include <QEventLoop>
-#include <QFile>
 #include <QTimer>
 
 #include <algorithm>
@@ -55,7 +55,7 @@ bool PictureTool::running()
 
 void PictureTool::send(Order& order)
 {
-    const QByteArray path = QFile::encodeName(order.wish.path);
+    const QByteArray path = bytesOfPath(order.wish.path);
     PictureRequest request{order.wish.mode, static_cast<std::uint32_t>(order.wish.size.width()),
                            static_cast<std::uint32_t>(order.wish.size.height()), mostPixels,
                            static_cast<std::uint32_t>(path.size())};

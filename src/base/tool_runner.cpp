@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/tool_runner.h"
 
+#include "base/file_names.h"
 #include "base/files.h"
 #include "base/words.h"
 
@@ -10,7 +11,9 @@
 
 #include <algorithm>
 #include <csignal>
+#include <memory>
 #include <unistd.h>
+#include <vector>
 
 namespace fennel {
 
@@ -25,7 +28,28 @@ Failure toolFailure(const QString& tool, const QString& what, const QString& sai
     return {FailureKind::ToolFailed, text.toStdString()};
 }
 
-void prepare(QProcess& process, const QString& outputFile, bool listened)
+// The words of a command as the system takes them: a path may be bytes of no encoding, which
+// QProcess would change.
+class Command {
+public:
+    explicit Command(const QStringList& words)
+    {
+        for (const QString& word : words)
+            m_words.push_back(bytesOfPath(word));
+        for (QByteArray& word : m_words)
+            m_pointers.push_back(word.data());
+        m_pointers.push_back(nullptr);
+    }
+    // Comes back only if the tool cannot be started.
+    void become() const { (void)::execv(m_pointers.front(), m_pointers.data()); }
+
+private:
+    std::vector<QByteArray> m_words;
+    std::vector<char*> m_pointers;
+};
+
+void prepare(QProcess& process, const QStringList& commandLine, const QString& outputFile,
+             bool listened)
 {
     if (outputFile.isEmpty() && !listened) {
         // Nobody reads it, and a full pipe would stop the tool for ever.
@@ -36,8 +60,12 @@ void prepare(QProcess& process, const QString& outputFile, bool listened)
     }
     // A tool that asks a question gets an end of file instead of hanging.
     process.setStandardInputFile(QProcess::nullDevice());
-    // A group of its own, so that what the tool starts can be ended with it.
-    process.setChildProcessModifier([] { (void)::setpgid(0, 0); });
+    // A group of its own, so that what the tool starts can be ended with it. QProcess goes on, and
+    // tells the reason, where the tool cannot be started.
+    process.setChildProcessModifier([command = std::make_shared<Command>(commandLine)] {
+        (void)::setpgid(0, 0);
+        command->become();
+    });
 }
 
 // Bridges tell how far they are in lines like "share 37"; the last one counts.
@@ -98,7 +126,7 @@ Result<void> ProcessToolRunner::run(const QStringList& commandLine, const QStrin
         m_log->WriteLog(QStringLiteral("      ") + commandLine.join(QLatin1Char(' ')));
     const QString& tool = commandLine.first();
     QProcess process;
-    prepare(process, outputFile, !m_progress.isNull());
+    prepare(process, commandLine, outputFile, !m_progress.isNull());
     process.start(tool, commandLine.mid(1), QIODevice::ReadOnly);
     if (!process.waitForStarted(m_timeLimitMs))
         return toolFailure(tool, Words::tr("could not be started."), process.errorString());

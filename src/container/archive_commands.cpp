@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "container/archive_commands.h"
 
+#include "base/file_names.h"
 #include "base/file_steps.h"
 #include "base/posix_file.h"
 #include "base/words.h"
@@ -13,7 +14,6 @@
 #include "container/staging.h"
 
 #include <QDir>
-#include <QFile>
 
 #include <algorithm>
 #include <limits>
@@ -41,22 +41,17 @@ Result<void> deliver(const Shell& shell, const QString& staging, const QString& 
     const QString to = withSeparator(target);
     FileSteps steps(shell);
     for (const QByteArray& bytes : plainFiles(staging)) {
-        const QString name = QFile::decodeName(bytes);
-        if (QFile::encodeName(name) != bytes)
-            continue;
+        const QString name = pathOfBytes(bytes);
         if (Result<void> put = steps.replace(from + name, to + name); !put)
             return put;
     }
-    // What is left has names in an unknown code page. It goes last, as there is no way back for it.
-    Result<void> moved = shell.files.moveFiles(staging, target);
-    if (moved)
-        steps.keep();
-    return moved;
+    steps.keep();
+    return {};
 }
 
 Failure wouldReplaceItself(const QString& archive)
 {
-    return {FailureKind::Unsupported, archive.toStdString() +
+    return {FailureKind::Unsupported, shownPath(archive).toStdString() +
                                           " holds a file of its own name and would be replaced by "
                                           "it. Choose another folder."};
 }
@@ -70,7 +65,7 @@ bool holds(const QString& staging, const QString& target, const QString& archive
 // One question for all files of the folder that would be replaced.
 bool mayReplaceFiles(const Shell& shell, const QString& staging, const QString& folder)
 {
-    const QByteArray place = QFile::encodeName(withSeparator(folder));
+    const QByteArray place = bytesOfPath(withSeparator(folder));
     QStringList there;
     for (const QByteArray& name : plainFiles(staging)) {
         if (struct stat facts{}; ::lstat((place + name).constData(), &facts) == 0)
@@ -83,7 +78,7 @@ bool mayReplaceFiles(const Shell& shell, const QString& staging, const QString& 
     std::sort(there.begin(), there.end());
     return shell.prompts.ShowMessage(
                Words::tr("These files exist already in %1:\n%2%3\nDo you want to replace them?")
-                   .arg(folder, there.mid(0, shown).join(u'\n'),
+                   .arg(shownPath(folder), there.mid(0, shown).join(u'\n'),
                         more > 0 ? Words::tr("\n... and %1 more").arg(more) : QString()),
                MessageType::YesNo, Words::tr("Extract")) == Answer::Yes;
 }
@@ -154,7 +149,7 @@ QByteArray startOf(const QString& file)
     constexpr qsizetype most = 128LL * 1024;
     QByteArray start(most, '\0');
     const Result<PlainFile> opened =
-        openPlain(QFile::encodeName(file).toStdString(), std::numeric_limits<std::uint64_t>::max());
+        openPlain(bytesOfPath(file).toStdString(), std::numeric_limits<std::uint64_t>::max());
     const std::ptrdiff_t got =
         opened ? readInto(opened->file.get(), {reinterpret_cast<std::uint8_t*>(start.data()), most})
                : 0;
@@ -169,7 +164,7 @@ void streamTo(const Shell& shell, const QString& verb, const QString& file, cons
         shell.tools.RunToolAndWait({shell.run.Tool7Zip, verb, file, target, u",0"_s});
     const QString said = shell.tools.lastErrorOutput();
     if (!ran || !FileExists(target))
-        removeUnfinished(QFile::encodeName(target).toStdString());
+        removeUnfinished(bytesOfPath(target).toStdString());
     if (!ran || said.startsWith("7zip_bridge: "_L1))
         (void)shell.tell(ran ? Failure{FailureKind::ToolFailed, said.toStdString()}
                              : ran.failure());
@@ -183,13 +178,13 @@ void unwrapBeside(const Shell& shell, const QString& file)
     const std::span bytes(reinterpret_cast<const std::uint8_t*>(start.constData()),
                           static_cast<std::size_t>(start.size()));
     if (!isGzip(bytes)) {
-        (void)shell.tell({FailureKind::Malformed, file.toStdString() + " is no gZip archive."});
+        (void)shell.tell(
+            {FailureKind::Malformed, shownPath(file).toStdString() + " is no gZip archive."});
         return;
     }
     const std::string stored = gzipStoredName(bytes);
-    const std::string inner =
-        gzipInnerName(stored, QFile::encodeName(namePart(file)).toStdString());
-    const QString target = folderPart(file) + QString::fromStdString(inner);
+    const std::string inner = gzipInnerName(stored, bytesOfPath(namePart(file)).toStdString());
+    const QString target = folderPart(file) + pathOfBytes(QByteArray::fromStdString(inner));
     if (shortForm(target) == shortForm(file)) {
         (void)shell.tell(wouldReplaceItself(file));
         return;
@@ -198,7 +193,7 @@ void unwrapBeside(const Shell& shell, const QString& file)
         shell.prompts.ShowMessage(
             Words::tr("The name inside, %1, cannot be used.\nThe contents are saved as "
                       "%2.")
-                .arg(QString::fromStdString(printableName(stored)), namePart(target)));
+                .arg(QString::fromStdString(printableName(stored)), shownPath(namePart(target))));
     if (mayReplace(shell, target, {}, Words::tr("Extract")))
         streamTo(shell, u"UNPK"_s, file, target);
 }

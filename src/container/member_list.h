@@ -14,6 +14,11 @@ inline const QString memberListName = QStringLiteral("#.lst");
 // "#.lst" it is "Gfxboot info is lost!".
 Result<void> RebuildMemberList(const Shell& shell, const QString& addedPattern);
 
+// Replaces a file of the Workspace as a whole or not at all. The new one is made outside: no name
+// in the Workspace is free of members.
+[[nodiscard]] Result<void> putMember(const Shell& shell, const QString& name,
+                                     const QByteArray& bytes);
+
 // Whether the "#.lst" of a folder, which ends in "/", names that member; not without a "#.lst".
 [[nodiscard]] bool isListed(const QString& folder, const QString& name);
 

@@ -2,6 +2,8 @@
 #include "document/config_file.h"
 
 #include "base/text.h"
+#include "container/member_list.h"
+#include "container/member_table.h"
 #include "params/cfg_keep.h"
 
 namespace fennel {
@@ -10,35 +12,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Made beside the file and renamed over it, so that a failure leaves the old file whole.
-template <class Fill>
-Result<void> replaced(const Shell& shell, const Fill& fill)
-{
-    const QString work = shell.run.Workspace + u"#cfg.new"_s;
-    Result<void> done = fill(work);
-    if (done)
-        done = shell.files.rename(work, shell.run.Workspace + cfgMemberName);
-    if (!done)
-        (void)shell.files.remove(work);
-    return done;
-}
-
 Result<void> writeKept(const Shell& shell, const QByteArray& old, const CfgLines& lines)
 {
     const QByteArray bytes = keptCfg(old, lines);
     return bytes == old ? Result<void>() : putConfig(shell, bytes);
 }
 
+// The mark of the old file decides on the encoding. The tail of a longer file stays.
 Result<void> writeListed(const Shell& shell, const QByteArray& old, const QString& text)
 {
-    return replaced(shell, [&](const QString& work) {
-        Result<void> written = shell.files.write(work, old);
-        // The mark of the old file decides on the encoding of the new bytes.
-        if (written)
-            written =
-                shell.files.overwriteStart(work, encodeText(text, decodeText(old).TextIsUtf8));
-        return written;
-    });
+    const QByteArray bytes = encodeText(text, decodeText(old).TextIsUtf8);
+    return putConfig(shell, bytes + old.mid(bytes.size()));
 }
 
 } // namespace
@@ -76,7 +60,7 @@ Result<CfgState> writeConfig(const Shell& shell, const CfgLines& lines, SaveForm
 
 Result<void> putConfig(const Shell& shell, const QByteArray& bytes)
 {
-    return replaced(shell, [&](const QString& work) { return shell.files.write(work, bytes); });
+    return putMember(shell, cfgMemberName, bytes);
 }
 
 } // namespace fennel

@@ -155,13 +155,13 @@ Result<std::map<QString, QByteArray>> templateMembers(const Shell& shell)
     return files;
 }
 
-// A logo would be shown, a background or font might be.
+// A logo would be shown, a background or a further font might be.
 bool isForObjects(const QString& name)
 {
     const MemberKind kind = memberKind(name);
-    return (kind == MemberKind::Picture || kind == MemberKind::Text) && name != mainBackName &&
-           !fitsPattern(name, backPattern) &&
-           (name == logoMaskName || !fitsPattern(name, logoPattern));
+    return name == mainFontName || ((kind == MemberKind::Picture || kind == MemberKind::Text) &&
+                                    name != mainBackName && !fitsPattern(name, backPattern) &&
+                                    (name == logoMaskName || !fitsPattern(name, logoPattern)));
 }
 
 } // namespace
@@ -208,7 +208,9 @@ Result<std::map<QString, QByteArray>> upgradedFiles(const Shell& shell, const Cf
             files[name] = bytes;
     }
     files[u"init"_s] = (*brought)[u"init"_s];
-    const Result<QByteArray> font = readBytes(folder + mainFontName);
+    const auto standard = files.find(mainFontName);
+    const Result<QByteArray> font =
+        standard != files.end() ? standard->second : readBytes(folder + mainFontName);
     levels = levelsOfLook(look, menuFont(font ? *font : QByteArray()), std::move(levels));
     for (const auto& [file, records] : levels)
         files[levelFileName(file)] =

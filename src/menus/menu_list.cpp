@@ -37,9 +37,21 @@ QString shownPath(const QString& gfxmenu)
     return gfxmenu.mid(gfxmenu.indexOf(u'/') + 1).replace(u'/', u'\\');
 }
 
-ListRow fileRowOf(const MenuDrive& drive, const QString& name)
+// Takes what it reads from `left`.
+Result<QString> readForList(const MenuDrive& drive, const QString& name, qint64& left)
 {
-    const Result<QString> text = readMenu(drive, name);
+    const qint64 size = fileSize(drive.folder + name);
+    if (size > left)
+        return Failure{FailureKind::TooLarge,
+                       Words::tr("The menus of this drive are too large to look into all of them.")
+                           .toStdString()};
+    left -= size;
+    return readMenu(drive, name);
+}
+
+ListRow fileRowOf(const MenuDrive& drive, const QString& name, qint64& left)
+{
+    const Result<QString> text = readForList(drive, name, left);
     // A file that cannot be read gets its row all the same, with the reason as its tip.
     ListRow row =
         menuRow(RowKind::Menu, name,
@@ -83,8 +95,9 @@ void MenuListFill(const Shell& shell, const MenuDrive& drive, ListRows& list)
     list.rows.push_back(
         menuRow(RowKind::MenuLine, {}, {u"__________"_s, u"___"_s, u"__________"_s}));
     if (!drive.folder.isEmpty()) {
+        qint64 left = listedMenusLimit;
         for (const QString& name : filesLike(drive.folder, u"*.lst"_s))
-            list.rows.push_back(fileRowOf(drive, name));
+            list.rows.push_back(fileRowOf(drive, name, left));
     }
     // The list may be filled again at any time and must not lose its place.
     list.selected = kept >= 1 && kept <= list.count() ? kept : 1;

@@ -17,13 +17,17 @@ struct MenuDrive {
 
 // Above this a *.lst is no menu. Titles of 10 MB still are.
 inline constexpr qint64 menuSizeLimit = 32LL * 1024 * 1024;
+// What is read of a drive for its list, all menus together: far more than a drive that boots holds,
+// and read while the user waits.
+inline constexpr qint64 listedMenusLimit = 8LL * 1024 * 1024;
 
 // The text of a menu file of the drive. A file that a link leads to outside of the drive is
 // refused, and so is any file of a drive without a folder: it was pulled out.
 Result<QString> readMenu(const MenuDrive& drive, const QString& name);
 
 // Fills the rows: Embedded, a separator, then every *.lst in the root of the drive. The selected
-// row stays selected, 1 if there was none or it is gone. A file that cannot be read has no path.
+// row stays selected, 1 if there was none or it is gone. A file that cannot be read, or is beyond
+// listedMenusLimit, has no primary and says why in its tip.
 void MenuListFill(const Shell& shell, const MenuDrive& drive, ListRows& list);
 
 // Row (from 1) of a menu file, 0 if the list has none.

@@ -128,7 +128,7 @@ QStringList lossesOf(const QByteArray& bytes, const ZUKarr& table, int file)
     return losses;
 }
 
-// A new level file that stands beside the old one until all are written.
+// A new level file that waits outside the Workspace until all are written.
 struct NewFile {
     QString path;
     QString temporary;
@@ -241,9 +241,9 @@ Result<void> WriteLevelFiles(const Shell& shell, const ZUKarr& table, SaveForm f
             result = bytes.failure();
         if (!bytes || !*bytes)
             continue;
-        // All new files are complete before the first old one is replaced. "#" keeps them from
-        // being members.
-        written.push_back({folder + name, folder + QLatin1Char('#') + name});
+        // All new files are complete before the first old one is replaced, and made where no
+        // member can be.
+        written.push_back({folder + name, shell.run.WorkspaceRoot + QLatin1Char('~') + name});
         result = shell.files.write(written.back().temporary, **bytes);
     }
     if (result)

@@ -50,15 +50,4 @@ QString readAsUtf8(const QString& text)
     return QString::fromUtf8(toCp1251(text));
 }
 
-Result<void> saveTextMember(Files& files, const QString& path, const QString& text)
-{
-    const QString fresh = folderPart(path) + u"#text.new"_s;
-    Result<void> done = files.write(fresh, textMemberBytes(text));
-    if (done)
-        done = files.rename(fresh, path);
-    if (!done)
-        (void)files.remove(fresh);
-    return done;
-}
-
 } // namespace fennel

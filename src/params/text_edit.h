@@ -23,7 +23,4 @@ QByteArray textMemberBytes(const QString& text);
 // Reads a text that was shown as code page 1251 as the UTF-8 that its bytes are.
 QString readAsUtf8(const QString& text);
 
-// Puts the text into the file, which is replaced as a whole or not at all.
-Result<void> saveTextMember(Files& files, const QString& path, const QString& text);
-
 } // namespace fennel

@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "tools/image_drive.h"
 
-#include "base/text.h"
+#include "base/file_names.h"
+#include "base/posix_file.h"
 #include "base/words.h"
 #include "tools/boot_image.h"
 #include "tools/stick_save.h"
 
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace fennel {
 
@@ -20,7 +18,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype headSize = 512;
-constexpr int toolMs = 60'000;
 const QString imageFolder = u"~image/"_s;
 
 quint8 byteAt(const QByteArray& head, qsizetype at)
@@ -28,19 +25,13 @@ quint8 byteAt(const QByteArray& head, qsizetype at)
     return static_cast<quint8>(head[at]);
 }
 
-Result<void> runMtool(const QStringList& arguments)
+// What a run did is judged by the files; only one that was called off, hung or crashed is a
+// failure.
+Result<void> runMtool(const Shell& shell, const QStringList& arguments)
 {
     const Result<QString> program = findProgram(u"mcopy"_s);
-    if (!program)
-        return program.failure();
-    QProcess process;
-    process.setStandardInputFile(QProcess::nullDevice());
-    process.start(*program, arguments);
-    if (process.waitForFinished(toolMs) && process.exitStatus() == QProcess::NormalExit &&
-        process.exitCode() == 0)
-        return {};
-    const QString reason = QString::fromLocal8Bit(process.readAllStandardError()).trimmed();
-    return Failure{FailureKind::ToolFailed, (QStringLiteral("mcopy: ") + reason).toStdString()};
+    return program ? shell.tools.RunToolAndWait(QStringList{*program} + arguments)
+                   : Result<void>(program.failure());
 }
 
 QString imageArgument(const ImageDrive& image)
@@ -49,11 +40,64 @@ QString imageArgument(const ImageDrive& image)
 }
 
 // What is not there stays away.
-void copyOut(const ImageDrive& image, const QString& name)
+Result<void> copyOut(const Shell& shell, const ImageDrive& image, const QString& name)
 {
     const QString folder = image.folder + folderPart(name);
-    if (QDir().mkpath(folder))
-        (void)runMtool({u"-n"_s, u"-m"_s, u"-i"_s, imageArgument(image), u"::/"_s + name, folder});
+    if (Result<void> made = shell.files.makeFolder(folder); !made)
+        return made;
+    return runMtool(shell,
+                    {u"-n"_s, u"-m"_s, u"-i"_s, imageArgument(image), u"::/"_s + name, folder});
+}
+
+Result<QByteArray> headOf(const QString& path)
+{
+    const std::string name = bytesOfPath(path).toStdString();
+    const Result<PlainFile> file = openPlain(name, std::numeric_limits<std::uint64_t>::max());
+    if (!file)
+        return file.failure();
+    QByteArray head(headSize, '\0');
+    const std::ptrdiff_t got =
+        readInto(file->file.get(), {reinterpret_cast<std::uint8_t*>(head.data()),
+                                    static_cast<std::size_t>(headSize)});
+    if (got < 0)
+        return systemFailure("read", name, errno);
+    head.truncate(got);
+    return head;
+}
+
+// Configurations first, as they name the message files; those with the copies kept before.
+Result<void> copyOutAll(const Shell& shell, const ImageDrive& image)
+{
+    Result<void> done = copyOut(shell, image, u"*.lst"_s);
+    for (const QString& config : loaderConfigs())
+        done = done ? copyOut(shell, image, config) : done;
+    if (!done)
+        return done;
+    for (const LoaderPlace& place : loaderPlacesOf(image.folder))
+        done = done ? copyOut(shell, image, place.message + u'*') : done;
+    return done;
+}
+
+// Read back, since an image may be full.
+Result<void> copyIn(const Shell& shell, const ImageDrive& image, const QString& name)
+{
+    const QString inImage = u"::/"_s + name;
+    const QString written = shell.run.WorkspaceRoot + u"~written"_s;
+    if (Result<void> removed = shell.files.remove(written); !removed)
+        return removed;
+    Result<void> done = runMtool(
+        shell, {u"-o"_s, u"-m"_s, u"-i"_s, imageArgument(image), image.folder + name, inImage});
+    const QString reason = shell.tools.lastErrorOutput();
+    if (done)
+        done = runMtool(shell, {u"-n"_s, u"-i"_s, imageArgument(image), inImage, written});
+    if (done) {
+        const Result<QByteArray> ours = readBytes(image.folder + name);
+        const Result<QByteArray> theirs = readBytes(written);
+        if (!ours || !theirs || *ours != *theirs)
+            done = Failure{FailureKind::ToolFailed, (u"mcopy: "_s + reason).toStdString()};
+    }
+    (void)shell.files.remove(written);
+    return done;
 }
 
 } // namespace
@@ -87,12 +131,10 @@ Result<ImageDrive> openImageDrive(const Shell& shell, const QString& path)
 {
     if (const Result<QString> tool = findProgram(u"mcopy"_s); !tool)
         return tool.failure();
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return Failure{
-            FailureKind::Io,
-            (Words::tr("%1 cannot be opened: %2").arg(path, file.errorString())).toStdString()};
-    const std::optional<qint64> offset = fatOffset(file.read(headSize));
+    const Result<QByteArray> head = headOf(path);
+    if (!head)
+        return head.failure();
+    const std::optional<qint64> offset = fatOffset(*head);
     if (!offset)
         return Failure{
             FailureKind::Unsupported,
@@ -100,24 +142,16 @@ Result<ImageDrive> openImageDrive(const Shell& shell, const QString& path)
     const ImageDrive image{path, *offset, shell.run.WorkspaceRoot + imageFolder};
     if (Result<void> removed = shell.files.removeFolder(image.folder); !removed)
         return removed.failure();
-    copyOut(image, u"*.lst"_s);
-    for (const QString& config : loaderConfigs())
-        copyOut(image, config);
-    // With the copies that were kept before.
-    for (const LoaderPlace& place : loaderPlacesOf(image.folder))
-        copyOut(image, place.message + u'*');
-    return image;
+    const Result<void> copied = copyOutAll(shell, image);
+    return copied ? Result<ImageDrive>(image) : copied.failure();
 }
 
-Result<void> writeToImage(const ImageDrive& image, const QStringList& names)
+Result<void> writeToImage(const Shell& shell, const ImageDrive& image, const QStringList& names)
 {
-    for (const QString& name : names) {
-        if (Result<void> copied = runMtool({u"-o"_s, u"-m"_s, u"-i"_s, imageArgument(image),
-                                            image.folder + name, u"::/"_s + name});
-            !copied)
-            return copied;
-    }
-    return {};
+    Result<void> done;
+    for (const QString& name : names)
+        done = done ? copyIn(shell, image, name) : done;
+    return done;
 }
 
 } // namespace fennel

@@ -22,10 +22,11 @@ struct ImageDrive {
 // such partition. Nothing without one.
 std::optional<qint64> fatOffset(const QByteArray& head);
 
-// Copies out anew. NotFound without mtools, Unsupported without a FAT file system.
+// Copies out anew, by programs that the user can call off: Canceled. NotFound without mtools,
+// Unsupported without a FAT file system.
 Result<ImageDrive> openImageDrive(const Shell& shell, const QString& path);
 
 // Puts files of the folder, named below it, into the image, in that order.
-Result<void> writeToImage(const ImageDrive& image, const QStringList& names);
+Result<void> writeToImage(const Shell& shell, const ImageDrive& image, const QStringList& names);
 
 } // namespace fennel

@@ -4,6 +4,7 @@
 #include "base/text.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -62,6 +63,13 @@ QString belowStick(const QString& config, QString path)
     return clean.startsWith(u"/..") ? QString() : clean.mid(1);
 }
 
+// A link that leads nowhere is a name in use, too: what is written there lands where it points.
+bool isTaken(const QString& path)
+{
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
+}
+
 } // namespace
 
 std::vector<LoaderPlace> loaderPlaces(const QString& config, const QString& text)
@@ -113,9 +121,9 @@ Result<QString> saveToStick(const Shell& shell, const QString& folder, const Loa
     QString kept;
     if (FileExists(target)) {
         kept = target + u".old"_s;
-        for (int number = 2; FileExists(kept); ++number)
+        for (int number = 2; isTaken(kept); ++number)
             kept = target + u".old"_s + QString::number(number);
-        if (Result<void> copied = shell.files.copy(target, kept); !copied)
+        if (Result<void> copied = shell.files.replaceWhole(target, kept); !copied)
             return copied.failure();
     }
     const Result<void> replaced = shell.files.replaceWhole(made, target);

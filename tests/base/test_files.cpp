@@ -74,6 +74,8 @@ TEST(Files, NoLinkPutInTheWayOfASaveReachesAnotherFile)
     over = true;
     attacker.join();
     EXPECT_GT(swaps, 0);
+    ASSERT_TRUE(QFile::link(victim, t.folder(u"copy"_s) + u"/message"_s));
+    EXPECT_TRUE(t.files.copyFolder(folder.path(), t.path(u"copy"_s)));
     EXPECT_EQ(bytesOf(victim), "mine");
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Extract, Assemble and the two gzip commands, with the real tools on real files, Debian's messages
 // among them, and with what goes wrong around them.
+#include "base/file_names.h"
 #include "container/archive_commands.h"
 #include "container/archive_tools.h"
 #include "container/member_list.h"
@@ -122,6 +123,18 @@ TEST_F(ArchiveCommands, NamesOfAnyCodePageComeApartAndTogether)
     EXPECT_EQ(text, "odd");
     EXPECT_EQ(bytesOf(target + u"/#.lst"_s), bytesOf(folder + u"/#.lst"_s));
     EXPECT_TRUE(QDir(shell.run.WorkspaceRoot).entryList({u"#*"_s}).isEmpty());
+    // Nor is it another matter what the archive, its folder or a gzip file is called.
+    folder = shell.path({}) + pathOfBytes("\xcf/");
+    const QString gz = folder + pathOfBytes("\xcb.gz");
+    ASSERT_TRUE(shell.files.makeFolder(folder).ok() &&
+                shell.files.rename(archive, gz.chopped(3)).ok());
+    extract(gz.chopped(3), folder);
+    EXPECT_EQ(*readBytes(folder + pathOfBytes(odd)), "odd");
+    assemble(folder, archive);
+    pack(gz.chopped(3));
+    ASSERT_TRUE(shell.files.remove(gz.chopped(3)).ok());
+    unpack(gz, u"cannot be used"_s);
+    EXPECT_EQ(archived(folder + u"contents"_s), archived(archive));
 }
 
 TEST_F(ArchiveCommands, AssembleMakesTheListOfPlainFilesOnly)
@@ -165,9 +178,12 @@ TEST_F(GzipCommands, PackAndExtractGiveTheFileBack)
     EXPECT_EQ(namesIn(folder), (QStringList{u"some text.txt"_s, u"some text.txt.gz"_s}));
     EXPECT_EQ(runProgram(u"gzip"_s, {u"-dc"_s, file + u".gz"_s}).out, QByteArray(5000, 'z'));
 
+    // More than is read into memory.
+    ASSERT_TRUE(QFile::remove(file + u".gz"_s) && QFile::resize(file, readLimit + 1));
+    pack(file);
     ASSERT_TRUE(QFile::remove(file));
     unpack(file + u".gz"_s);
-    EXPECT_EQ(bytesOf(file), QByteArray(5000, 'z'));
+    EXPECT_EQ(fileSize(file), readLimit + 1);
     EXPECT_EQ(namesIn(folder), (QStringList{u"some text.txt"_s, u"some text.txt.gz"_s}));
 }
 
@@ -202,8 +218,11 @@ TEST_F(GzipCommands, ExtractAsksBeforeItReplacesAndRefusesWhatIsNoGzip)
     EXPECT_EQ(bytesOf(folder + u"/a.txt"_s), "newnew");
     put(u"comma.gz"_s, bytesOf(file).replace("a.txt", "a,txt"));
     unpack(folder + u"/comma.gz"_s, u"cannot be used"_s);
-    EXPECT_EQ(namesIn(folder), (QStringList{u"a.txt"_s, u"a.txt.gz"_s, u"comma"_s, u"comma.gz"_s,
-                                            u"cut.gz"_s, u"no.gz"_s, u"tail.gz"_s}));
+    put(u"odd.gz"_s, bytesOf(file).replace("a.txt", "\xCB.txt"));
+    unpack(folder + u"/odd.gz"_s, u"\\xcb.txt\", cannot be used"_s);
+    EXPECT_EQ(namesIn(folder),
+              (QStringList{u"a.txt"_s, u"a.txt.gz"_s, u"comma"_s, u"comma.gz"_s, u"cut.gz"_s,
+                           u"no.gz"_s, u"odd"_s, u"odd.gz"_s, u"tail.gz"_s}));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "container/member_list.h"
 #include "container/member_table.h"
+#include "support/long_run.h"
 #include "support/test_shell.h"
 
 using namespace fennel;
@@ -43,11 +44,13 @@ TEST_F(MemberList, KnownMembersComeInTheirOrderAndTheOthersBehindThemAsTheyWere)
         "back_07.jpg"};
     const QByteArrayList others = {"zeta", "gfxboot.cfg", "alpha.hlp"};
     members(ordered + others);
+    members({"#.lst.new"}); // is left alone: it may be a member
     QByteArrayList opened = others + ordered;
     std::reverse(opened.begin() + others.size(), opened.end());
     list(opened);
     EXPECT_EQ(rebuilt(), text(ordered + others));
     EXPECT_EQ(rebuilt(), text(ordered + others)); // and stay so
+    EXPECT_TRUE(FileExists(t.run.Workspace + u"#.lst.new"_s));
 }
 
 TEST_F(MemberList, OnlyTheAddedPatternMakesAFileAMember)
@@ -79,6 +82,17 @@ TEST_F(MemberList, AKnownNameIsAlsoTakenFromTheEndOfALongerOne)
     list({"my_back.jpg", "tail"});
     // What is left of the line joins the next one.
     EXPECT_EQ(rebuilt(), text({"back.jpg", "my_tail"}));
+}
+
+TEST_F(MemberList, AsManyNamesAsAnArchiveHoldsAreNotSearchedOneByOne)
+{
+    QByteArrayList names;
+    for (int number = 0; number < 60'000; ++number)
+        names += "ZUK" + QByteArray::number(0x10000 + number, 16).last(4) + ".CFG";
+    members(names);
+    list(names);
+    const Watchdog dog(20);
+    EXPECT_EQ(rebuilt(), text(names));
 }
 
 TEST_F(MemberList, LineEndsCaseAndForeignNames)

@@ -48,7 +48,9 @@ TEST(Config, IsWrittenByItsRules)
                             "#foo=5\t\t# <== WRONG PARAMETER NAME!\r\n"
                             "boot_show=1\t\t# If set to 1, show the \"Boot Options\" panel\r\n"
                             "#penguin=-1\t\t# Penguin theme likelihood in percent; -1 = auto";
+    cfg.member(u"#cfg.new"_s, "a member of that name");
     EXPECT_EQ(cfg.written(), once);
+    EXPECT_EQ(bytesOf(cfg.run.Workspace + u"#cfg.new"_s), "a member of that name");
     // The hidden parameter is now a line of the file.
     EXPECT_EQ(cfg.lines.last().kind, CfgKindOfLine::Separator);
     for (int save = 0; save < 10; ++save)

@@ -3,6 +3,7 @@
 #include "document/document.h"
 
 #include "container/member_list.h"
+#include "container/member_table.h"
 #include "document/place_change.h"
 #include "params/object_table.h"
 #include "support/bin_folder.h"
@@ -305,6 +306,7 @@ TEST_F(DocumentTest, AnOlderGfxbootBecomesTheNewestAndGoesBack)
     shell.member(u"16x16.fnt"_s, QByteArray::fromHex("068e82d2000000001304120000"));
     openConfig("menu_start_x=100\r\n#menu_start_y=50\r\nmenu_bar_color=0x123456\r\n"
                "menu_max_entries=8");
+    shell.member(u"#.lst"_s, "gfxboot.cfg\r\n16x16.fnt\r\n");
     Change entries; // not yet in the file
     addMenuEntries(document.state(), false, 5, entries);
     EXPECT_TRUE(document.apply(entries, {u"entries"_s, {}, {}}));
@@ -325,6 +327,11 @@ TEST_F(DocumentTest, AnOlderGfxbootBecomesTheNewestAndGoesBack)
     EXPECT_TRUE(document.redo());
     EXPECT_EQ(document.state().ZUKarr.at(0, 42).Value->number, 100);
     EXPECT_FALSE(FileExists(shell.run.Workspace + u"gfxboot.cfg"_s) || document.upgrade());
+    // Without a font of its own there is one all the same.
+    EXPECT_TRUE(document.undo() && shell.files.remove(shell.run.Workspace + mainFontName));
+    EXPECT_TRUE(RebuildMemberList(shell.shell, {}));
+    EXPECT_TRUE(document.upgrade() && FileExists(shell.run.Workspace + mainFontName));
+    EXPECT_TRUE(isListed(shell.run.Workspace, mainFontName));
 }
 
 TEST_F(DocumentTest, TheHistoryIsBoundedInBytes)

@@ -19,7 +19,8 @@ TEST(MemberVersions, BringsEveryByteBack)
             files[name] = bytesOf(shell.run.Workspace + name);
         return files;
     };
-    for (const auto& [name, bytes] : {std::pair{u"kept"_s, "k"}, {u"gone"_s, "g"}, {u"new"_s, "1"}})
+    for (const auto& [name, bytes] :
+         {std::pair{u"kept"_s, "k"}, {u"gone"_s, "g"}, {u"new"_s, "1"}, {u"new~"_s, "~"}})
         shell.member(name, bytes);
     const auto before = contents();
     auto snapshot = history.take();
@@ -44,7 +45,7 @@ TEST(MemberVersions, BringsEveryByteBack)
             ASSERT_TRUE(history.put(versions));
             EXPECT_EQ(contents(), back ? before : after);
             // What is written later spoils no version.
-            ASSERT_TRUE(disk.overwriteStart(shell.run.Workspace + u"new"_s, "zz"));
+            ASSERT_TRUE(disk.write(shell.run.Workspace + u"new"_s, "zz"));
         }
     }
     auto other = history.take();

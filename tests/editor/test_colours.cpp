@@ -129,7 +129,13 @@ TEST_F(Colours, TheValueEditorHasAPipetteAndADialogueOfItsOwn)
     editor.colourButton().click();
     expectFill(qRgb(0xAA, 0xBB, 0xCC), u"0xAABBCC"_s);
 
+    // What the screen would understand as another number is not taken.
+    editRow(lineRow, record(lineRow).TranspParam);
+    editor.setText(u"-7"_s);
+    shell.prompts.expectMessage(u"-7 cannot be stored"_s);
+    EXPECT_FALSE(CommitValue(window));
     // Who clicks elsewhere goes on there.
+    CloseEditor(window);
     editRow(lineRow, record(lineRow).BackParam);
     window.surface().setFocus();
     EXPECT_FALSE(editor.isVisible());

@@ -3,6 +3,7 @@
 
 #include "fonts/font_dialog.h"
 #include "fonts/font_substitution.h"
+#include "fonts/installed_fonts.h"
 
 #include <gtest/gtest.h>
 
@@ -97,6 +98,7 @@ TEST(FontDialog, ListsTrueTypeFilesOnceWithTheirStyle)
     EXPECT_EQ(placeOfFont(fonts, u"Tahoma"_s), 0);
     EXPECT_EQ(placeOfFont(fonts, u"Tahoma"_s, u"Arial Bold"_s), 1);
     EXPECT_EQ(placeOfFont({}, QString()), 0);
+    EXPECT_EQ(firstTrueTypeName(u"A Math (TrueType)>a.ttf\nB (TrueType)>b.ttf"_s), u"B"_s);
     // What a tag says of a face leads back to it.
     const auto styled = fontFiles(u"D Sans (TrueType)>a.ttf\nD Sans Bold Oblique (TrueType)>b.ttf\n"
                                   "D Sans ExtraLight (TrueType)>c.ttf\n"_s);

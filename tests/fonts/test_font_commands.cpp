@@ -139,6 +139,7 @@ TEST_F(FontCommands, TheCharactersOfAFontOverTheStage)
     clickRow(1, true);
     auto& frame = w.find<InspectionList>(u"Frame_for_List1"_s);
     ASSERT_TRUE(frame.isVisible());
+    EXPECT_TRUE(w.find<QWidget>(u"Font_change"_s).isEnabled());
     EXPECT_EQ(frame.geometry(), w.find<QWidget>(u"Picture1"_s).rect().adjusted(10, 9, -10, -9));
     EXPECT_EQ(w.find<QLabel>(u"LabelForList1"_s).text(), u"FNT-file content"_s);
     auto& list = w.find<QListView>(u"List1"_s);

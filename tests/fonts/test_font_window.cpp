@@ -90,6 +90,7 @@ TEST_F(FontWindowTest, BeginsWithTheFontUnderEdit)
     EXPECT_EQ(part<QPlainTextEdit>(u"TextExample3"_s)->font().pixelSize(), 19);
     part<QDoubleSpinBox>(u"UpDown1"_s)->setValue(500);
     EXPECT_EQ(window->choice().size, 191); // 254.7 pixels
+    EXPECT_TRUE(part<QLabel>(u"LabelCount"_s)->text().contains(u"too wide"_s));
 }
 
 TEST_F(FontWindowTest, TogglesWhatLiesAboveTheFixedCharacters)
@@ -145,6 +146,7 @@ TEST_F(FontWindowTest, LoadsTheSetOfAFontAndTheOneOfTheSettings)
     shell.prompts.expectMessage(u"16x16.fnt"_s);
     press(u"SetFromFNT"_s);
     EXPECT_EQ(ranges(), u"0xA1"_s); // the set stays
+    EXPECT_TRUE(part<QLabel>(u"LabelCount"_s)->text().contains(u"no Latin letters"_s));
 }
 
 TEST_F(FontWindowTest, EnterAppliesAndEscapeCancelsWhereverTheKeyboardIs)

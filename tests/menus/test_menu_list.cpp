@@ -101,9 +101,12 @@ TEST_F(MenuListTest, FilesThatCannotBeRead)
     ASSERT_TRUE(QFile::link(secret, drive.folder + u"a_out.lst"_s));
     ASSERT_TRUE(QFile::link(u"real.txt"_s, drive.folder + u"b_in.lst"_s));
     ASSERT_EQ(::mkfifo(QFile::encodeName(drive.folder + u"pipe.lst"_s).constData(), 0600), 0);
+    menu(u"huge.lst"_s, "gfxmenu /huge\n" + QByteArray(listedMenusLimit, ' '));
     menu(u"z.lst"_s, "gfxmenu /z\n");
     MenuListFill(shell.shell, drive, list);
-    ASSERT_EQ(list.count(), 5);
+    ASSERT_EQ(list.count(), 6);
+    EXPECT_TRUE(row(5) == u"huge.lst, E:\\, "_s && list.row(5)->tip.contains(u"too large"_s));
+    EXPECT_EQ(row(6), u"z.lst, E:\\, z"_s);
     EXPECT_EQ(row(3), u"a_out.lst, E:\\, "_s);
     EXPECT_TRUE(list.row(3)->tip.contains(u"out of the drive"_s));
     EXPECT_EQ(row(4), u"b_in.lst, E:\\, real"_s);

@@ -25,10 +25,6 @@ public:
     {
         return fails() ? failure(path) : DiskFiles::append(path, bytes);
     }
-    Result<void> overwriteStart(const QString& path, const QByteArray& bytes) override
-    {
-        return fails() ? failure(path) : DiskFiles::overwriteStart(path, bytes);
-    }
     Result<void> rename(const QString& source, const QString& target) override
     {
         return fails() ? failure(target) : DiskFiles::rename(source, target);
@@ -44,10 +40,6 @@ public:
     Result<void> makeFolder(const QString& path) override
     {
         return fails() ? failure(path) : DiskFiles::makeFolder(path);
-    }
-    Result<void> moveFiles(const QString& source, const QString& target) override
-    {
-        return fails() ? failure(target) : DiskFiles::moveFiles(source, target);
     }
     Result<void> makePrivateFolder(const QString& path) override
     {

@@ -22,6 +22,11 @@ TEST(Backgrounds, ImportKeepsTheOldPictureAndItsSize)
 
     EXPECT_EQ(w.user.choices, QStringList(u"Stretch"_s)) << "of another shape";
 
+    // The backup is read before it is replaced.
+    for (const QString& look : {u"64x48 f00"_s, u"64x48 ff0"_s}) {
+        EXPECT_TRUE(ImportBack(w.shell, w.host, w.member(u"back.#pg"_s), false));
+        EXPECT_EQ(w.look(u"back.jpg"_s), look);
+    }
     // Onto itself: the backup is the source.
     w.host.calls.clear();
     EXPECT_TRUE(ImportBack(w.shell, w.host, w.member(u"back.jpg"_s), false));

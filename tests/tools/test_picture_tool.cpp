@@ -65,7 +65,9 @@ TEST(PictureTool, PixelsComeAsTheyAreAndAtTheSizeThatIsShown)
 {
     TestShell t;
     const QString path = quadrantPicture(t);
-    const Result<FilePicture> whole = t.shell.readPicture({path});
+    const QString odd = t.path({}) + pathOfBytes("\xcb.png");
+    ASSERT_TRUE(t.files.copy(path, odd).ok());
+    const Result<FilePicture> whole = t.shell.readPicture({odd});
     ASSERT_TRUE(whole.ok()) << whole.failure().text;
     EXPECT_EQ(whole->image, QImage(path).convertToFormat(QImage::Format_RGB32));
     const QString large = t.file(u"large.jpg"_s, jpegOf({5600, 5600}));

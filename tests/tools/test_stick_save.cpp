@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 // A message file on a stick or in a disk image: where the loader wants it, and the old one kept.
+#include "support/long_run.h"
 #include "support/run_program.h"
 #include "support/test_shell.h"
 #include "tools/image_drive.h"
 #include "tools/stick_save.h"
+
+#include <sys/stat.h>
 
 using namespace fennel;
 using namespace fennel::test;
@@ -49,7 +52,7 @@ TEST(StickSave, AnImageGetsTheMessageAndKeepsTheOldOnes)
         ASSERT_EQ(places.size(), 1U);
         const Result<QString> kept = saveToStick(shell.shell, image->folder, places[0], message);
         ASSERT_TRUE(kept && !kept->isEmpty());
-        ASSERT_TRUE(writeToImage(*image, {*kept, places[0].message}).ok());
+        ASSERT_TRUE(writeToImage(shell.shell, *image, {*kept, places[0].message}).ok());
     }
     const auto there = [&](const QString& name) {
         return runProgram(u"mtype"_s, {u"-i"_s, path, u"::/"_s + name}).out;
@@ -58,4 +61,16 @@ TEST(StickSave, AnImageGetsTheMessageAndKeepsTheOldOnes)
     EXPECT_EQ(there(u"message.old"_s), "first");
     EXPECT_EQ(there(u"message.old2"_s), "second");
     EXPECT_FALSE(openImageDrive(shell.shell, shell.path(u"message"_s)));
+    // A name that a dangling link has is not free.
+    const QString folder = shell.folder(u"stick"_s);
+    (void)shell.file(u"stick/message"_s, "old");
+    ASSERT_TRUE(QFile::link(shell.path(u"outside"_s), shell.path(u"stick/message.old"_s)));
+    EXPECT_EQ(*saveToStick(shell.shell, withSeparator(folder), {{}, u"message"_s, false}, "new"),
+              u"message.old2"_s);
+    EXPECT_FALSE(FileExists(shell.path(u"outside"_s)));
+    const Watchdog dog(60);
+    ASSERT_EQ(::mkfifo(qPrintable(shell.path(u"pipe"_s)), 0600), 0);
+    EXPECT_FALSE(openImageDrive(shell.shell, shell.path(u"pipe"_s)));
+    shell.tools.failAt = shell.tools.calls + 1; // as if called off
+    EXPECT_FALSE(openImageDrive(shell.shell, path));
 }

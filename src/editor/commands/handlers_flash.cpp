@@ -125,7 +125,7 @@ void saveOnStick(MainWindow& window)
         QStringList names{place->message};
         if (!kept->isEmpty())
             names.prepend(folderPart(place->message) + *kept);
-        done = writeToImage(*image, names);
+        done = writeToImage(shell, *image, names);
     }
     if (!done) {
         (void)shell.tell(done.failure());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Editing of text members in the frame of the value editor.
 #include "base/words.h"
+#include "container/member_list.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
 #include "editor/stage/stage_link.h"
@@ -44,9 +45,8 @@ bool keepText(MainWindow& window)
     StepInfo info{Words::tr("text of %1").arg(name), {}, {}};
     info.place.object = object;
     info.place.member = name;
-    if (!window.document().changeMembers(info, [&] {
-            return shell.told(saveTextMember(shell.files, shell.run.Workspace + name, text));
-        }))
+    if (!window.document().changeMembers(
+            info, [&] { return shell.told(putMember(shell, name, textMemberBytes(text))); }))
         return false;
     window.rightPanel().editor().box().document()->setModified(false);
     refillLengths(window, name);

@@ -107,7 +107,8 @@ QString openPicture(QWidget* parent, const FileQuestion& question, PictureTool& 
     if (parent != nullptr) // letters may be so large that it would ask for more
         dialog.setMaximumSize(parent->screen()->availableSize() - titleRoom);
     PicturePreview::addTo(dialog, pictures);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    return dialog.exec() == QDialog::Accepted ? ownPath(dialog.selectedFiles().value(0))
+                                              : QString();
 }
 
 QLayout* pictureColumn(const QImage& picture, const QString& caption)
