@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // A process that is killed in the middle of its work: what is restored is at most two seconds old,
 // and the file that it saves to is whole.
+#include "document/session.h"
 #include "editor/commands/handlers.h"
+#include "support/bin_folder.h"
 #include "support/long_run.h"
 #include "support/unsaved.h"
 
@@ -19,8 +21,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 allowedLoss = 2000;                       // ms
-constexpr const char* workVariable = "FENNEL_KILLED_WORK"; // the file that the child works on
+constexpr qint64 allowedLoss = 2000;                        // ms
+constexpr const char* workVariable = "FENNEL_KILLED_WORK";  // the file that the child works on
+constexpr const char* saveVariable = "FENNEL_KILLED_SAVES"; // set: it does nothing but save
 
 // The same clock in every process.
 qint64 now()
@@ -175,7 +178,39 @@ TEST_F(KilledWork, IsAtMostTwoSecondsOldWhenItIsRestored)
                 static_cast<long long>(m_worst));
 }
 
-// The child of the test above.
+TEST_F(KilledWork, WhileItSavesLeavesAWholeFileAndNothingStaleBehindTheNextSave)
+{
+    const int kills = rounds(5, 500);
+    int stale = 0;
+    Dice dice(seed());
+    qputenv(saveVariable, "1");
+    Story story;
+    story.shell.folder(u"saved"_s);
+    const QString source =
+        story.shell.file(u"saved/boot"_s, bytesOf(story.run().AppPath + u"/data/GFX.GZ"_s));
+    const auto members = membersOf(source).size();
+    for (int i = 0; i < kills && !HasFailure(); ++i) {
+        const Watchdog watchdog(90);
+        (void)QFile::remove(source + u".diary"_s);
+        runChild(story, source, seed() + static_cast<unsigned>(i), dice.between(0, 300));
+        EXPECT_EQ(membersOf(source).size(), members);
+        const auto files = [&] {
+            return QDir(story.shell.path(u"saved"_s))
+                .entryList(QDir::Files | QDir::Hidden | QDir::System)
+                .size();
+        };
+        stale += files() > 2 ? 1 : 0; // the message and the diary
+        KeptPrompts prompts;
+        Session session(prompts, binFolder());
+        EXPECT_TRUE(session.open(source) && session.save())
+            << prompts.told().join(u' ').toStdString();
+        EXPECT_EQ(files(), 2) << "seed " << seed();
+    }
+    qunsetenv(saveVariable);
+    std::printf("%d kills; %d of them left a file that the next save removed\n", kills, stale);
+}
+
+// The child of the tests above.
 TEST(WorkUntilKilled, Child)
 {
     const QString source = qEnvironmentVariable(workVariable);
@@ -187,6 +222,11 @@ TEST(WorkUntilKilled, Child)
     story.open(source);
     Diary diary(story, source + u".diary"_s);
     for (;;) {
+        if (qEnvironmentVariableIsSet(saveVariable)) {
+            (void)changeValue(story, dice.between(0, 500));
+            story.choose("mnuFile_Save");
+            continue;
+        }
         act(story, dice);
         diary.note();
         QTest::qWait(static_cast<int>(dice.below(80)));
