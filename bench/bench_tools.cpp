@@ -3,6 +3,7 @@
 #include "editor.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/right_panel.h"
+#include "editor/problems/problem_link.h"
 
 #include <benchmark/benchmark.h>
 
@@ -96,5 +97,30 @@ void textOpenedAndSaved(benchmark::State& state)
     }
 }
 BENCHMARK(textOpenedAndSaved)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// From a value to the list of problems that it makes and unmakes.
+void problemsAfterEdit(benchmark::State& state)
+{
+    Editor editor;
+    if (!openTemplate(editor))
+        return state.SkipWithError("no template");
+    ProblemLink& link = editor.window->problemLink();
+    const auto settle = [&link] {
+        while (!link.current())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    };
+    settle();
+    int x = 700;
+    for (auto _ : state) {
+        Change change;
+        change.params[{0, 2}] = ParamValue{x, false, {}}; // of the clock
+        x = 1500 - x;
+        (void)editor.bench.document.apply(change, {});
+        settle();
+    }
+    if (link.problems().size() > 1)
+        state.SkipWithError("other problems than that of the clock");
+}
+BENCHMARK(problemsAfterEdit)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace

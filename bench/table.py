@@ -55,7 +55,8 @@ def row(line, values):
     cells = [cell.strip().replace("\\|", "|") for cell in re.split(r"(?<!\\)\|", line)]
     what, aim, ours = cells[0], cells[1], values.get(cells[2])
     peer = values.get(cells[3]) if len(cells) > 3 else None
-    most = peer if aim == "peer" else float(aim)
+    base, _, more = aim.partition(" + ")
+    most = peer if aim == "peer" else values.get(base, 0) + float(more) if more else float(aim)
     met = ours is not None and most is not None and ours <= most
     ratio = f"{ours / peer:.2f}" if ours and peer else ""
     shown = "not measured" if ours is None else text(ours)
