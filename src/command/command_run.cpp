@@ -74,6 +74,23 @@ void CommandRun::print(const QString& text)
         m_out += text.toUtf8();
 }
 
+void CommandRun::progress(qsizetype done, qsizetype all)
+{
+    constexpr qint64 patienceMs = 500;
+    if (all < 2 || ::isatty(STDERR_FILENO) == 0)
+        return;
+    if (!m_shown.isValid())
+        m_shown.start();
+    const bool over = done >= all;
+    if (!over && m_shown.elapsed() < patienceMs)
+        return;
+    m_shown.restart();
+    const QByteArray line =
+        over ? QByteArray("\r\33[K")
+             : '\r' + QByteArray::number(done) + " of " + QByteArray::number(all) + "\33[K";
+    (void)writeAll(STDERR_FILENO, spanOf(line));
+}
+
 Status CommandRun::finish(Status status)
 {
     if (has(QStringLiteral("json")) && !m_objects.isEmpty())

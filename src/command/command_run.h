@@ -7,6 +7,7 @@
 #include "document/session.h"
 #include "params/zuk_table.h"
 
+#include <QElapsedTimer>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonObject>
@@ -60,6 +61,8 @@ public:
     void print(const QString& text);
     // For a reader with --json: one object, or a list if the command was given several files.
     void add(const QJsonObject& object) { m_objects.append(object); }
+    // "3 of 1000" in a line of its own on a terminal, if the command lasts; `done` of `all`: gone.
+    void progress(qsizetype done, qsizetype all);
     // What was printed or added goes out.
     Status finish(Status status);
 
@@ -81,6 +84,7 @@ private:
     QStringList m_arguments;
     QMap<QString, QString> m_options;
     CommandParts m_parts;
+    QElapsedTimer m_shown; // since progress was told last
     QByteArray m_out;
     QJsonArray m_objects;
     std::optional<ZUKarr> m_catalogue;

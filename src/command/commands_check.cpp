@@ -68,8 +68,11 @@ Status runCheck(CommandRun& run)
         return run.fail(run.option(u"menu"_s), text.failure());
     const auto menu = run.has(u"menu"_s) ? std::optional(*text) : std::nullopt;
     Status status = Status::Done;
-    for (const QString& file : run.arguments())
+    qsizetype done = 0;
+    for (const QString& file : run.arguments()) {
         status = worse(status, checkFile(run, file, menu));
+        run.progress(++done, run.arguments().size());
+    }
     return status;
 }
 

@@ -89,10 +89,13 @@ Status changeFiles(CommandRun& run, const QStringList& files, const Change& chan
             good.removeAll(file);
         status = worse(status, one);
     }
-    for (const QString& file : good)
+    qsizetype done = 0;
+    for (const QString& file : good) {
         status = worse(status, changeFile(run, file, [&](MessageFile& message) {
                            return change(file, message);
                        }));
+        run.progress(++done, good.size());
+    }
     return status;
 }
 
