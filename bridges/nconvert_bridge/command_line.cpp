@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "command_line.h"
 
-#include "tools/picture_limits.h"
+#include "container/picture_limits.h"
 
 #include <algorithm>
 #include <array>

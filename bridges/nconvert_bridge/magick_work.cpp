@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "magick_work.h"
 
-#include "tools/picture_limits.h"
+#include "container/picture_limits.h"
 
 #include <Magick++.h>
 

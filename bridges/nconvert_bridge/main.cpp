@@ -4,10 +4,10 @@
 // standard error.
 #include "base/posix_file.h"
 #include "command_line.h"
+#include "container/picture_limits.h"
 #include "picture_reader.h"
 #include "picture_service.h"
 #include "picture_writer.h"
-#include "tools/picture_limits.h"
 
 #include <cstdio>
 #include <exception>

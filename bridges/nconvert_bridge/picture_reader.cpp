@@ -2,10 +2,10 @@
 #include "picture_reader.h"
 
 #include "base/on_black.h"
+#include "container/jpeg_check.h"
+#include "container/picture_limits.h"
 #include "magick_work.h"
 #include "picture_kind.h"
-#include "screen/jpeg_check.h"
-#include "tools/picture_limits.h"
 #include "wholeness.h"
 
 #include <QBuffer>

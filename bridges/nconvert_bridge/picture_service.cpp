@@ -3,8 +3,8 @@
 
 #include "base/picture_wire.h"
 #include "base/posix_file.h"
+#include "container/picture_limits.h"
 #include "picture_reader.h"
-#include "tools/picture_limits.h"
 
 #include <QBuffer>
 #include <QImageReader>

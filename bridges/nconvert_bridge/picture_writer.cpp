@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "picture_writer.h"
 
+#include "container/jpeg_check.h"
 #include "magick_work.h"
-#include "screen/jpeg_check.h"
 
 #include <QBuffer>
 #include <QHash>

@@ -5,8 +5,8 @@
 #include "base/words.h"
 #include "checks/check_list.h"
 #include "container/engine_info.h"
+#include "container/jpeg_check.h"
 #include "container/member_table.h"
-#include "screen/jpeg_check.h"
 
 #include <QSize>
 

@@ -3,11 +3,11 @@
 #include "command/commands.h"
 
 #include "base/files.h"
+#include "container/jpeg_check.h"
 #include "container/member_table.h"
 #include "fonts/fnt_codec.h"
 #include "params/cfg_table.h"
 #include "params/message_values.h"
-#include "screen/jpeg_check.h"
 
 #include <QJsonArray>
 #include <QJsonObject>

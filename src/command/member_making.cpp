@@ -2,12 +2,12 @@
 #include "command/member_making.h"
 
 #include "command/command_run.h"
+#include "container/jpeg_check.h"
 #include "container/member_table.h"
+#include "container/picture_size.h"
 #include "fonts/installed_fonts.h"
 #include "params/message_values.h"
-#include "screen/jpeg_check.h"
 #include "tools/image_tool.h"
-#include "tools/picture_size.h"
 
 #include <algorithm>
 

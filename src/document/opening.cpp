@@ -10,6 +10,7 @@
 #include "container/gfx_save.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
+#include "container/picture_size.h"
 #include "container/staging.h"
 #include "container/template.h"
 
@@ -279,9 +280,8 @@ void Opening::readAll()
 bool measureBackground(const Shell& shell)
 {
     RunState& run = shell.run;
-    const Result<FilePicture> back =
-        shell.readPicture({run.Workspace + mainBackName, PictureMode::Measure});
-    const QSize size = back ? back->stored : QSize();
+    const Result<QSize> back = pictureSize(shell, run.Workspace + mainBackName);
+    const QSize size = back ? *back : QSize();
     constexpr int limit = 32767; // places on the screen are kept in 16 bits
     const bool readable = size.isValid() && size.width() <= limit && size.height() <= limit;
     run.BackWidth = readable ? size.width() : fallbackBackWidth;
@@ -294,8 +294,6 @@ bool gfxboot_open(const OpenTarget& target, const QString& path, OpenListener& l
     const Shell& shell = target.shell;
     shell.WriteLog(QStringLiteral("gfxboot_open -----v\n"));
     listener.openBegins();
-    // It is ready by the time that the members are there.
-    shell.pictures().start();
     const QString folder = workspaceOf(shell.run, namePart(path));
     const Result<bool> wrapped = fillFolder(shell, path, folder);
     const bool opened = wrapped && FileExists(folder + mainBackName);

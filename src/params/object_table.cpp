@@ -4,6 +4,7 @@
 #include "base/shell_context.h"
 #include "base/text.h"
 #include "base/words.h"
+#include "container/picture_size.h"
 #include "params/panel_values.h"
 
 #include <algorithm>
@@ -271,10 +272,9 @@ PanelRec panelFrom(const ObjectSpec& spec, int row)
 
 void setLogoSize(const Shell& shell, PanelRec& logo)
 {
-    const Result<FilePicture> mask =
-        shell.readPicture({withSeparator(shell.run.Workspace) + QStringLiteral("Logo_msk.jpg"),
-                           PictureMode::Measure});
-    QSize size = mask ? mask->stored : QSize();
+    const Result<QSize> mask =
+        pictureSize(shell, withSeparator(shell.run.Workspace) + QStringLiteral("Logo_msk.jpg"));
+    QSize size = mask ? *mask : QSize();
     // Without a size the logo could not be seen or selected; the message says that it is a guess.
     if (size.isEmpty()) {
         size = {100, 50};

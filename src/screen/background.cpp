@@ -3,6 +3,7 @@
 
 #include "base/text.h"
 #include "base/words.h"
+#include "container/picture_size.h"
 
 namespace fennel {
 
@@ -57,10 +58,10 @@ Result<void> checkPicture(const Shell& shell, const QString& path)
 {
     if (!FileExists(path))
         return failure(FailureKind::NotFound, Words::tr("File %1 not found").arg(path));
-    const Result<FilePicture> found = shell.readPicture({path, PictureMode::Measure});
-    if (!found)
-        return found.failure();
-    return backSizeAllowed(found->stored) ? Result<void>() : tooLarge(path, found->stored);
+    const Result<QSize> size = pictureSize(shell, path);
+    if (!size)
+        return size.failure();
+    return backSizeAllowed(*size) ? Result<void>() : tooLarge(path, *size);
 }
 
 Result<QImage> loadPicture(const Shell& shell, const QString& path, QSize room)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "screen/boot_jpeg.h"
 
+#include "container/jpeg_check.h"
 #include "screen/background.h"
-#include "screen/jpeg_check.h"
 
 #include <algorithm>
 #include <array>

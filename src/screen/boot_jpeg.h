@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A JPEG as the boot screen shows it: the engine repeats the colour planes where desktop programs
-// smooth them, and knows one kind of JPEG only (screen/jpeg_check.h).
+// smooth them, and knows one kind of JPEG only (container/jpeg_check.h).
 #pragma once
 
 #include <QByteArray>

@@ -3,7 +3,7 @@
 
 #include "base/tool_output.h"
 #include "base/words.h"
-#include "tools/picture_limits.h"
+#include "container/picture_limits.h"
 
 #include <QBuffer>
 

@@ -3,8 +3,8 @@
 
 #include "base/text.h"
 #include "base/words.h"
+#include "container/picture_size.h"
 #include "tools/image_tool.h"
-#include "tools/picture_size.h"
 
 #include <QStandardPaths>
 

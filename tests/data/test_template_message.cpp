@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "container/jpeg_check.h"
 #include "data/template_parts.h"
-#include "screen/jpeg_check.h"
 #include "support/bin_folder.h"
 
 #include <gtest/gtest.h>

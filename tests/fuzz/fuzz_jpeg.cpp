@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Any bytes as the head of a JPEG.
-#include "screen/jpeg_check.h"
+#include "container/jpeg_check.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "container/jpeg_check.h"
 #include "picture_judge.h"
-#include "screen/jpeg_check.h"
 
 #include <gtest/gtest.h>
 

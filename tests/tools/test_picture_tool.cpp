@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Pictures that were made to harm. The real bridge reads them; a watchdog ends what hangs.
 #include "base/picture_tool.h"
+#include "container/jpeg_check.h"
 #include "picture_judge.h"
-#include "screen/jpeg_check.h"
 #include "support/long_run.h"
 
 #include <QFile>

@@ -3,13 +3,13 @@
 
 #include "base/failure_words.h"
 #include "base/words.h"
+#include "container/jpeg_check.h"
 #include "editor/boot/boot_window.h"
 #include "editor/commands/handlers.h"
 #include "editor/window/flash_link.h"
 #include "editor/window/main_window.h"
 #include "editor/window/window_progress.h"
 #include "menus/menu_list.h"
-#include "screen/jpeg_check.h"
 #include "tools/boot_stick.h"
 
 #include <QCoreApplication>

@@ -3,10 +3,10 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "container/archive_commands.h"
+#include "container/picture_size.h"
 #include "editor/commands/handlers.h"
 #include "editor/lists/list_actions.h"
 #include "editor/window/main_window.h"
-#include "tools/picture_size.h"
 #include "tools/splash_command.h"
 
 #include <QGuiApplication>

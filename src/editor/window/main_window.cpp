@@ -186,6 +186,8 @@ public:
     void openBegins() override
     {
         m_window.m_workbench.journal.openBegins();
+        // It is ready by the time that the members are there.
+        m_window.shell().pictures().start();
         closeValueEditor(m_window);
         Stage& stage = m_window.m_stageLink->stage();
         m_selected = stage.SelectedPanel;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "screen/jpeg_check.h"
+#include "container/jpeg_check.h"
 
 #include <cstddef>
 #include <string>

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "container/picture_size.h"
+
+#include "base/files.h"
+#include "container/jpeg_check.h"
+#include "container/picture_limits.h"
+
+#include <QFile>
+
+namespace fennel {
+
+namespace {
+
+// What a JPEG says in front of its data. More in front than this has only a file that is not one
+// of a boot screen.
+Result<QSize> sizeByHead(const QString& path)
+{
+    constexpr qint64 front = 65536;
+    QFile file(path);
+    if (!FileExists(path) || !file.open(QIODevice::ReadOnly))
+        return Failure{};
+    const QByteArray bytes = file.read(front);
+    const auto head = readJpegHead({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    if (!head || !checkPictureSize({}, head->width, head->height))
+        return Failure{};
+    return QSize(head->width, head->height);
+}
+
+} // namespace
+
+Result<QSize> pictureSize(const Shell& shell, const QString& path)
+{
+    // The bridge takes longer to start than all else that an open does.
+    if (const Result<QSize> size = sizeByHead(path))
+        return size;
+    const Result<FilePicture> found = shell.readPicture({path, PictureMode::Measure});
+    return found ? Result<QSize>(found->stored) : found.failure();
+}
+
+} // namespace fennel
