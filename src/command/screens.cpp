@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "command/screens.h"
 
+#include "command/png.h"
 #include "menus/menu_overlay.h"
 #include "screen/boot_screen.h"
 #include "tools/boot_stick.h"
 
-#include <QBuffer>
 #include <QPainter>
 
 #include <algorithm>
@@ -74,13 +74,9 @@ QImage sideBySide(const QImage& a, const QImage& b)
 
 Status writePicture(CommandRun& run, const QImage& picture)
 {
-    // The quickest packing that still packs: the best takes longer than all the drawing.
-    constexpr int quality = 80;
     const QString target = run.option(u"output"_s);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    if (!picture.save(&buffer, "png", quality))
+    const QByteArray bytes = pngOf(picture);
+    if (bytes.isEmpty())
         return run.fail(target, {FailureKind::Io, "there is no picture"});
     return run.write(target, bytes);
 }
