@@ -25,8 +25,11 @@ namespace {
 enum ProblemColumn { SentenceColumn, WhereColumn, MendColumn };
 constexpr int adviceRole = Qt::UserRole;
 constexpr QSize startSize(680, 260);
-constexpr int gap = 6;       // between the windows
-constexpr int titleBar = 30; // about; it is not known before the window shows
+constexpr int iconGap = 24;   // around the icon of a row
+constexpr int rowGap = 6;     // between sentences
+constexpr int tallest = 4000; // that a sentence can be
+constexpr int gap = 6;        // between the windows
+constexpr int titleBar = 30;  // about; it is not known before the window shows
 
 QString countOf(qsizetype count, const QString& one, const QString& several)
 {
@@ -65,11 +68,11 @@ ProblemWindow::ProblemWindow(QWidget* parent)
     m_list->setColumnCount(MendColumn + 1);
     m_list->setHeaderLabels({Words::tr("Problem"), Words::tr("Where"), Words::tr("Mend")});
     m_list->setRootIsDecorated(false);
+    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+    m_list->setIconSize({icon, icon});
     m_list->setWordWrap(true);
-    // A row is as high as its sentence asks for in the width of the column.
-    connect(
-        m_list->header(), &QHeaderView::sectionResized, m_list, [this] { m_list->doItemsLayout(); },
-        Qt::QueuedConnection);
+    connect(m_list->header(), &QHeaderView::sectionResized, this, &ProblemWindow::fitRows,
+            Qt::QueuedConnection);
     m_list->header()->setStretchLastSection(false);
     m_list->header()->setSectionResizeMode(SentenceColumn, QHeaderView::Stretch);
     for (const int column : {int{WhereColumn}, int{MendColumn}})
@@ -124,7 +127,20 @@ void ProblemWindow::showProblems(const std::vector<ShownProblem>& problems)
     else if (place >= 0 && m_list->topLevelItemCount() > 0)
         m_list->setCurrentItem(
             m_list->topLevelItem(std::min(place, m_list->topLevelItemCount() - 1)));
+    fitRows();
     showAdvice();
+}
+
+// A row is as high as its sentence asks for in the width of the column; the list would cut it.
+void ProblemWindow::fitRows()
+{
+    const int room = m_list->columnWidth(SentenceColumn) - m_list->iconSize().width() - iconGap;
+    for (int i = 0; i < m_list->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* item = m_list->topLevelItem(i);
+        const QRect words = m_list->fontMetrics().boundingRect(
+            QRect(0, 0, room, tallest), Qt::TextWordWrap, item->text(SentenceColumn));
+        item->setSizeHint(SentenceColumn, QSize(0, words.height() + rowGap));
+    }
 }
 
 void ProblemWindow::showAdvice()

@@ -41,6 +41,7 @@ protected:
 
 private:
     void addRow(const ShownProblem& problem);
+    void fitRows();
     void showAdvice();
     void mendCurrent();
 
