@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Backgrounds of every odd kind, brought in by the picture tool, on the real boot screen: the
 // engine shows a black screen for a JPEG that it cannot decode.
+#include "container/jpeg_check.h"
 #include "desktop/boot.h"
-#include "screen/jpeg_check.h"
 #include "support/run_program.h"
 
 #include <gtest/gtest.h>
