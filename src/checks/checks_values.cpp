@@ -238,11 +238,11 @@ void checkLevelValues(const CheckInput& input, Findings& found)
         if (!ZUKarr::inRange(file, number))
             return;
         const QString name = shownName(input, file, number);
-        const bool isSwitch = name.endsWith(u".is.ON") && value > 1;
-        const bool isShare = name.contains(u"transp") && value > 255;
-        if (!isSwitch && !isShare)
+        const bool isCount = name == u"s.flash.is.ON"; // how many sparks there are
+        const bool isSwitch = name.endsWith(u".is.ON");
+        const int most = isCount ? 8 : isSwitch ? 1 : 255;
+        if ((!isSwitch && !name.contains(u"transp")) || value <= most)
             return;
-        const int most = isSwitch ? 1 : 255;
         Problem problem =
             about(levelFileName(file), name,
                   Words::tr("%1 is %2, and goes up to %3.").arg(name).arg(value).arg(most),

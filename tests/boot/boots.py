@@ -118,6 +118,14 @@ class Screen:
         rows = ((y + row) * self.width + x for row in range(height))
         return b"".join(self.pixels[3 * start:3 * (start + width)] for start in rows)
 
+    def places(self, rectangle, colour, tolerance):
+        """Where a rectangle has about that colour, in reading order."""
+        part = self.part(*rectangle)
+        pixels = list(zip(part[0::3], part[1::3], part[2::3]))
+        wanted = {pixel for pixel in set(pixels) if near(int.from_bytes(bytes(pixel), "big"), colour, tolerance)}
+        x, y, width, _ = rectangle
+        return [(x + at % width, y + at // width) for at, pixel in enumerate(pixels) if pixel in wanted] if wanted else []
+
 
 def blend(colour, transparency, ground=GROUND):
     """What the editor's stage shows: the ground's share is the transparency."""

@@ -11,7 +11,7 @@ import sys
 import time
 import unittest
 
-from boots import Boot, SIZE, GROUND, Template, blend, block_font, jpeg, level_name, menu, near, plain
+from boots import Boot, SIZE, GROUND, TOLERANCE, Template, blend, block_font, jpeg, level_name, menu, near, plain
 
 DATA = ""
 WHITE = 0xFFFFFF
@@ -106,9 +106,7 @@ class EngineTest(unittest.TestCase):
             boot.machine.pause(0.2)
 
     def anywhere(self, screen, rectangle, colour, tolerance=4):
-        x, y, width, height = rectangle
-        return any(near(screen.at(column, row), colour, tolerance)
-                   for row in range(y, y + height) for column in range(x, x + width))
+        return bool(screen.places(rectangle, colour, tolerance))
 
 
 class Placed(EngineTest):
@@ -311,11 +309,7 @@ class Moving(EngineTest):
     @staticmethod
     def sprite(screen):
         """Where the animation stands in its area; its pictures are all of one colour."""
-        for y in range(400, 500):
-            for x in range(500, 750):
-                if near(screen.at(x, y), 0xF0F000, 40):
-                    return x, y
-        return None
+        return next(iter(screen.places((500, 400, 250, 100), 0xF0F000, 40)), None)
 
     def sprite_now(self, boot):
         """The same on the next screen that shows it whole."""
@@ -440,8 +434,7 @@ class Countdown(EngineTest):
 
     def ring(self, screen):
         """How many pixels of the ring are in one of its colours."""
-        return sum(near(screen.at(x, y), 0x00FFFF) or near(screen.at(x, y), self.RING_PASSED)
-                   for x in range(40, 240) for y in range(40, 240))
+        return sum(len(screen.places((40, 40, 200, 200), colour, TOLERANCE)) for colour in (0x00FFFF, self.RING_PASSED))
 
     def test_runs_and_stays(self):
         with Boot(self.made(0).members, menu(timeout=60)) as boot:
@@ -552,11 +545,14 @@ class Broken(EngineTest):
 
     BAR = (540, 186)  # right of the words, in the bar's upper part; a line further down outside of it
 
-    def alive(self, members, titles, memory=128):
+    def alive(self, members, titles, memory=128, ground=None):
         bar = blend(WHITE, 60, 0)  # white over anything is at least as light as this
         with Boot(members, menu(titles), memory) as boot:
             light = lambda s: min(s.at(*self.BAR) >> shift & 255 for shift in (0, 8, 16)) >= (bar & 255) - 12
-            self.assertTrue(light(boot.wait(light)), "the bar stands")
+            screen = boot.wait(light)
+            self.assertTrue(light(screen), "the bar stands")
+            if ground is not None:
+                self.colour(screen, 790, 10, ground, "no background")
             for key in ("f1", "f2"):
                 boot.until(key, lambda s: not light(s))
                 boot.until("esc", light)
@@ -598,8 +594,10 @@ class Broken(EngineTest):
         made.members["Logo_00.jpg"] = plain(4000, 3000, 0x206020)
         made.members["Logo_msk.jpg"] = plain(100, 200, WHITE)
         made.members["large"] = bytes(noise) * 4800
+        # the decoder would make such a picture black
+        made.members["back.jpg"] = jpeg(*SIZE, ["gradient:red-white", "-interlace", "Plane"])
         made.levels(0, {24: 65535, 32: 10, 33: 400, 34: 65535, 40: 3, 41: 65535})
-        self.alive(made.members, [f"Entry {number}" for number in range(200)], 32)
+        self.alive(made.members, [f"Entry {number}" for number in range(200)], 32, 0x102030)
 
 
 def main():
