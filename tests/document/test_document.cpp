@@ -232,7 +232,7 @@ TEST_F(DocumentTest, LinesOfTheConfigComeBackByteForByte)
     EXPECT_EQ(bytesOf(shell.run.Workspace + u"gfxboot.cfg"_s), top.at(u"gfxboot.cfg"_s));
     // A file that cannot be written is told, and the typed value stays for the next save.
     shell.files.failAt = shell.files.calls + 1;
-    shell.prompts.expectMessage(u"#cfg.new"_s);
+    shell.prompts.expectMessage(u"Cannot write"_s);
     Change failing;
     failing.cfg = document.state().cfg;
     (*failing.cfg)[0].value = typedValue(u"31");
