@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Pictures that were made to harm. The real bridge reads them; a watchdog ends what hangs.
+#include "base/file_names.h"
 #include "base/picture_tool.h"
 #include "container/jpeg_check.h"
 #include "picture_judge.h"
