@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Picture1 as a widget: real events in, painted pixels out, and no work while nothing moves.
-#include "editor/colour/pipette.h"
 #include "editor/stage/stage_surface.h"
 #include "stage_fixture.h"
 
-#include <QLabel>
 #include <QTest>
 
 #include <cmath>
@@ -92,20 +90,6 @@ TEST_F(SurfaceTest, EveryPixelOfTheScreenIsReached)
         send(QEvent::MouseButtonRelease, {left + 5 + distance, 40}, Qt::NoButton);
         left += distance;
         EXPECT_EQ(rec(5).Left, left) << ratio;
-    }
-    // And every one is what the pipette picks.
-    QImage pattern(260, 260, QImage::Format_RGB32);
-    for (int at = 0; at < 260 * 260; ++at)
-        pattern.setPixel(at % 260, at / 260, qRgb(at % 260 & 255, at / 260 & 255, 77));
-    pattern.setDevicePixelRatio(ratio);
-    QLabel shown(nullptr, Qt::FramelessWindowHint);
-    shown.setPixmap(QPixmap::fromImage(pattern));
-    shown.move(0, 0);
-    shown.show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&shown));
-    for (int pixel = 7; pixel < 240; pixel += 11) {
-        const QImage part = grabAround(QPointF(pixel, pixel + 1) / ratio);
-        EXPECT_EQ(part.pixelColor(part.rect().center()), QColor(pixel, pixel + 1, 77)) << ratio;
     }
     surface.setParent(nullptr);
 }
