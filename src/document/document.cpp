@@ -213,7 +213,8 @@ void Document::noteBackground(int number)
 {
     ZukCell& cell = m_state.ZUKarr.at(0, backgroundParam);
     cell.EditValue = number;
-    // Showing changes nothing: a number whose picture is missing, for which another stands in, stays.
+    // Showing changes nothing: a number whose picture is missing, for which another stands in,
+    // stays.
     if (!inGesture() || !cell.Value || cell.Value->number == number)
         return;
     Change change;
