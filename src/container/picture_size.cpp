@@ -31,7 +31,7 @@ Result<QSize> sizeByHead(const QString& path)
 Result<QSize> pictureSize(const Shell& shell, const QString& path)
 {
     // The bridge takes longer to start than all else that an open does.
-    if (const Result<QSize> size = sizeByHead(path))
+    if (Result<QSize> size = sizeByHead(path))
         return size;
     const Result<FilePicture> found = shell.readPicture({path, PictureMode::Measure});
     return found ? Result<QSize>(found->stored) : found.failure();
