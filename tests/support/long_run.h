@@ -11,7 +11,7 @@
 
 namespace fennel::test {
 
-// True in the thorough run. A test that only makes sense there says GTEST_SKIP() otherwise.
+// True in the thorough run.
 bool longRun();
 int rounds(int usual, int thorough);
 unsigned seed();
