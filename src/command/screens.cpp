@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "command/screens.h"
 
-#include "command/png.h"
 #include "menus/menu_overlay.h"
 #include "screen/boot_screen.h"
 #include "tools/boot_stick.h"
 
+#include <QBuffer>
 #include <QPainter>
 
 #include <algorithm>
@@ -75,8 +75,11 @@ QImage sideBySide(const QImage& a, const QImage& b)
 Status writePicture(CommandRun& run, const QImage& picture)
 {
     const QString target = run.option(u"output"_s);
-    const QByteArray bytes = pngOf(picture);
-    if (bytes.isEmpty())
+    // Less than half the usual level's time, for a tenth more bytes.
+    constexpr int quality = 80;
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!picture.save(&buffer, "PNG", quality))
         return run.fail(target, {FailureKind::Io, "there is no picture"});
     return run.write(target, bytes);
 }
