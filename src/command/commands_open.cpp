@@ -18,10 +18,22 @@ namespace {
 constexpr int startTimeMs = 30'000;
 constexpr int stepMs = 100;
 
+// The editor outlives the command: a script that reads what `fennel open` says must not wait for
+// it.
+bool startEditor(const QString& path)
+{
+    QProcess editor;
+    editor.setProgram(path);
+    editor.setStandardInputFile(QProcess::nullDevice());
+    editor.setStandardOutputFile(QProcess::nullDevice());
+    editor.setStandardErrorFile(QProcess::nullDevice());
+    return editor.startDetached();
+}
+
 Status startAndSend(CommandRun& run, const InstanceRequest& request)
 {
     const QString editor = run.appPath() + u"/fennel-gfx"_s;
-    if (!FileExists(editor) || !QProcess::startDetached(editor, {}))
+    if (!FileExists(editor) || !startEditor(editor))
         return run.fail(editor, {FailureKind::ToolFailed, "the editor cannot be started"});
     for (int waited = 0; waited < startTimeMs; waited += stepMs) {
         QThread::msleep(stepMs);
