@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <limits>
 #include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -233,6 +234,22 @@ Result<QByteArray> readBytes(const QString& path, qint64 limit)
     const Result<struct stat> facts =
         readWhole(nameOf(path), static_cast<std::uint64_t>(limit), bytes);
     return facts ? Result<QByteArray>(std::move(bytes)) : facts.failure();
+}
+
+Result<QByteArray> readFront(const QString& path, qsizetype bytes)
+{
+    const Result<PlainFile> file =
+        openPlain(nameOf(path), std::numeric_limits<std::uint64_t>::max());
+    if (!file)
+        return file.failure();
+    QByteArray front(bytes, '\0');
+    const std::ptrdiff_t got =
+        readInto(file->file.get(),
+                 {reinterpret_cast<std::uint8_t*>(front.data()), static_cast<std::size_t>(bytes)});
+    if (got < 0)
+        return systemFailure("read", path, errno);
+    front.truncate(got);
+    return front;
 }
 
 QString currentFolder()

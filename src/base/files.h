@@ -77,6 +77,8 @@ qint64 fileSize(const QString& path);   // bytes; 0 if there is no such file
 // The whole file. `limit` in bytes guards against files that are no members of a boot screen.
 inline constexpr qint64 readLimit = 256LL * 1024 * 1024;
 Result<QByteArray> readBytes(const QString& path, qint64 limit = readLimit);
+// At most so many bytes from its beginning; the file may be of any size.
+Result<QByteArray> readFront(const QString& path, qsizetype bytes);
 
 // The folder that relative paths begin in.
 QString currentFolder();

@@ -143,20 +143,6 @@ void saveAssembled(const Shell& shell, const QString& made, const QString& folde
         (void)shell.files.remove(made);
 }
 
-// The first bytes of a file, as many as any header has.
-QByteArray startOf(const QString& file)
-{
-    constexpr qsizetype most = 128LL * 1024;
-    QByteArray start(most, '\0');
-    const Result<PlainFile> opened =
-        openPlain(bytesOfPath(file).toStdString(), std::numeric_limits<std::uint64_t>::max());
-    const std::ptrdiff_t got =
-        opened ? readInto(opened->file.get(), {reinterpret_cast<std::uint8_t*>(start.data()), most})
-               : 0;
-    start.truncate(std::max<std::ptrdiff_t>(got, 0));
-    return start;
-}
-
 // One run of the streaming tool, which replaces `target`. What it ignored is told.
 void streamTo(const Shell& shell, const QString& verb, const QString& file, const QString& target)
 {
@@ -174,9 +160,13 @@ void streamTo(const Shell& shell, const QString& verb, const QString& file, cons
 
 void unwrapBeside(const Shell& shell, const QString& file)
 {
-    const QByteArray start = startOf(file);
-    const std::span bytes(reinterpret_cast<const std::uint8_t*>(start.constData()),
-                          static_cast<std::size_t>(start.size()));
+    constexpr qsizetype most = 128LL * 1024; // as many bytes as any header has
+    const Result<QByteArray> start = readFront(file, most);
+    if (!start) {
+        (void)shell.told(start.failure());
+        return;
+    }
+    const auto bytes = spanOf(*start);
     if (!isGzip(bytes)) {
         (void)shell.tell(
             {FailureKind::Malformed, shownPath(file).toStdString() + " is no gZip archive."});

@@ -32,13 +32,9 @@ Failure reasonOf(const Shell& shell, const Result<void>& ran, const QString& mis
 
 Result<bool> beginsAsGzip(const QString& path)
 {
-    constexpr std::array<std::uint8_t, 2> mark{0x1F, 0x8B};
-    const Result<PlainFile> file =
-        openPlain(bytesOfPath(path).toStdString(), std::numeric_limits<std::uint64_t>::max());
-    if (!file)
-        return file.failure();
-    std::array<std::uint8_t, 2> start{};
-    return readInto(file->file.get(), start) == 2 && start == mark;
+    constexpr qsizetype mark = 2;
+    const Result<QByteArray> front = readFront(path, mark);
+    return front ? Result<bool>(isGzip(spanOf(*front))) : front.failure();
 }
 
 // The name behind the last "Extracting  " of the report. Lines end at a line end or at a comma.

@@ -5,8 +5,6 @@
 #include "container/jpeg_check.h"
 #include "container/picture_limits.h"
 
-#include <QFile>
-
 namespace fennel {
 
 namespace {
@@ -15,12 +13,11 @@ namespace {
 // of a boot screen.
 Result<QSize> sizeByHead(const QString& path)
 {
-    constexpr qint64 front = 65536;
-    QFile file(path);
-    if (!FileExists(path) || !file.open(QIODevice::ReadOnly))
-        return Failure{};
-    const QByteArray bytes = file.read(front);
-    const auto head = readJpegHead({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    constexpr qsizetype front = 65536;
+    const Result<QByteArray> bytes = readFront(path, front);
+    if (!bytes)
+        return bytes.failure();
+    const auto head = readJpegHead({bytes->constData(), static_cast<std::size_t>(bytes->size())});
     if (!head || !checkPictureSize({}, head->width, head->height))
         return Failure{};
     return QSize(head->width, head->height);

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "tools/image_drive.h"
 
-#include "base/file_names.h"
-#include "base/posix_file.h"
 #include "base/words.h"
 #include "tools/boot_image.h"
 #include "tools/stick_save.h"
 
 #include <algorithm>
 #include <array>
-#include <limits>
 
 namespace fennel {
 
@@ -47,22 +44,6 @@ Result<void> copyOut(const Shell& shell, const ImageDrive& image, const QString&
         return made;
     return runMtool(shell,
                     {u"-n"_s, u"-m"_s, u"-i"_s, imageArgument(image), u"::/"_s + name, folder});
-}
-
-Result<QByteArray> headOf(const QString& path)
-{
-    const std::string name = bytesOfPath(path).toStdString();
-    const Result<PlainFile> file = openPlain(name, std::numeric_limits<std::uint64_t>::max());
-    if (!file)
-        return file.failure();
-    QByteArray head(headSize, '\0');
-    const std::ptrdiff_t got =
-        readInto(file->file.get(), {reinterpret_cast<std::uint8_t*>(head.data()),
-                                    static_cast<std::size_t>(headSize)});
-    if (got < 0)
-        return systemFailure("read", name, errno);
-    head.truncate(got);
-    return head;
 }
 
 // Configurations first, as they name the message files; those with the copies kept before.
@@ -131,7 +112,7 @@ Result<ImageDrive> openImageDrive(const Shell& shell, const QString& path)
 {
     if (const Result<QString> tool = findProgram(u"mcopy"_s); !tool)
         return tool.failure();
-    const Result<QByteArray> head = headOf(path);
+    const Result<QByteArray> head = readFront(path, headSize);
     if (!head)
         return head.failure();
     const std::optional<qint64> offset = fatOffset(*head);
