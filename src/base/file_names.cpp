@@ -64,11 +64,6 @@ QByteArray bytesOfPath(const QString& path)
     return bytes;
 }
 
-bool isOddPath(const QString& path)
-{
-    return std::any_of(path.cbegin(), path.cend(), isOdd);
-}
-
 QString shownPath(const QString& path)
 {
     QString shown = path;

@@ -14,8 +14,6 @@ namespace fennel {
 QString pathOfBytes(const QByteArray& bytes);
 QByteArray bytesOfPath(const QString& path);
 
-// Whether only bytesOfPath() leads to the file: tools and the toolkit do not find it.
-[[nodiscard]] bool isOddPath(const QString& path);
 // As people read it, odd bytes by code page 1251.
 QString shownPath(const QString& path);
 

@@ -2,8 +2,6 @@
 #include "document/opening.h"
 
 #include "base/failure_words.h"
-#include "base/file_names.h"
-#include "base/posix_file.h"
 #include "base/words.h"
 #include "container/archive_tools.h"
 #include "container/engine_info.h"
@@ -13,9 +11,6 @@
 #include "container/picture_size.h"
 #include "container/staging.h"
 #include "container/template.h"
-
-#include <cerrno>
-#include <unistd.h>
 
 namespace fennel {
 
@@ -28,17 +23,6 @@ Failure aboutFile(const Failure& failure, const QString& archive, const QString&
     return {failure.kind, text.replace(archive, path).toStdString(), failure.told};
 }
 
-// Tools are started with words of UTF-8: a file with another name they reach by a link.
-Result<QString> pathForTools(const QString& path, const QString& folder)
-{
-    if (!isOddPath(path))
-        return path;
-    QString link = withSeparator(folder) + QStringLiteral("#link");
-    if (::symlink(bytesOfPath(path).constData(), bytesOfPath(link).constData()) != 0)
-        return systemFailure("open", bytesOfPath(path).toStdString(), errno);
-    return link;
-}
-
 // Unwraps and extracts `path` into an empty folder. True if it was wrapped.
 Result<bool> extract(const Shell& shell, const QString& path, const QString& folder)
 {
@@ -46,21 +30,18 @@ Result<bool> extract(const Shell& shell, const QString& path, const QString& fol
     const Staging unwrapped(shell, QStringLiteral("#unwrap"));
     if (Result<void> made = unwrapped.made(); !made)
         return made.failure();
-    const Result<QString> reached = pathForTools(path, unwrapped.path());
-    if (!reached)
-        return reached.failure();
-    const Result<QString> inner = SevenZipExtract(shell, *reached, unwrapped.path());
+    const Result<QString> inner = SevenZipExtract(shell, path, unwrapped.path());
     if (!inner && inner.failure().kind == FailureKind::Canceled)
         return inner.failure();
     const bool wrapped = inner && !inner->isEmpty();
-    const QString archive = wrapped ? withSeparator(unwrapped.path()) + *inner : *reached;
+    const QString archive = wrapped ? withSeparator(unwrapped.path()) + *inner : path;
     // Tried also if the unwrapping failed: a plain archive needs no 7-Zip.
     const Result<void> extracted = CpioInfoExtract(shell, archive, folder);
     if (!extracted && extracted.failure().kind == FailureKind::Canceled)
         return extracted.failure();
     // Why a file cannot be unwrapped says more than that it is no archive.
     if (!extracted && !inner)
-        return aboutFile(inner.failure(), *reached, path);
+        return inner.failure();
     // A tool that is missing was told; what an earlier run left in the folder may still serve.
     if (!extracted && !extracted.failure().told)
         return aboutFile(extracted.failure(), archive, path);
