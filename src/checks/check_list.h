@@ -28,6 +28,10 @@ private:
     qsizetype m_untold = 0;
 };
 
+// What a check tells, of an object (row of PanelArr) or of a member; "" is none.
+Problem aboutObject(int row, const QString& sentence, const QString& advice);
+Problem aboutMember(const QString& member, const QString& sentence, const QString& advice);
+
 // Pictures, fonts and texts come from the folder of the run.
 struct DrawnScreen {
     BootMembers members;

@@ -30,15 +30,6 @@ void eachFont(const CheckInput& input, const Visit& visit)
     }
 }
 
-void report(const QString& member, const QString& sentence, const QString& advice, Findings& found)
-{
-    Problem problem;
-    problem.member = member;
-    problem.sentence = sentence;
-    problem.advice = advice;
-    found.push_back(problem);
-}
-
 // Letters and digits of the Latin alphabet, which every face has.
 struct Sample {
     std::vector<char32_t> characters;
@@ -133,19 +124,20 @@ void checkTag(const QString& member, const FntFont& font, const FontRecord& tag,
     const QString face = tag.FontName + (tag.Bold ? QStringLiteral(" Bold") : QString()) +
                          (tag.Italic ? QStringLiteral(" Italic") : QString());
     if (points <= 0)
-        report(
+        found.push_back(aboutMember(
             member,
             Words::tr("%1 says that it is made of %2, and its letters are of another face or size.")
                 .arg(member, face),
-            Words::tr("Make the font again, so that it is shown as it boots."), found);
+            Words::tr("Make the font again, so that it is shown as it boots.")));
     else
-        report(member,
-               Words::tr("%1 says %2 points, and its letters have about %3: the distance of the "
-                         "lines follows the first.")
-                   .arg(member)
-                   .arg(tag.Size)
-                   .arg(std::lround(points)),
-               Words::tr("Make the font again, in the size that is meant."), found);
+        found.push_back(aboutMember(
+            member,
+            Words::tr("%1 says %2 points, and its letters have about %3: the distance of the "
+                      "lines follows the first.")
+                .arg(member)
+                .arg(tag.Size)
+                .arg(std::lround(points)),
+            Words::tr("Make the font again, in the size that is meant.")));
 }
 
 } // namespace
@@ -155,10 +147,10 @@ void checkBrokenFonts(const CheckInput& input, Findings& found)
     eachFont(input, [&](const CheckedMember& member) {
         const auto font = decodeFnt(spanOf(member.data));
         if (!font && member.data.size() <= static_cast<qsizetype>(fntSizeLimit))
-            report(
+            found.push_back(aboutMember(
                 member.name,
                 Words::tr("%1 is no whole font: %2").arg(member.name, failureWords(font.failure())),
-                Words::tr("Make the font again."), found);
+                Words::tr("Make the font again.")));
     });
 }
 
@@ -166,9 +158,10 @@ void checkLargeFonts(const CheckInput& input, Findings& found)
 {
     eachFont(input, [&](const CheckedMember& member) {
         if (member.data.size() > static_cast<qsizetype>(fntSizeLimit))
-            report(member.name,
-                   Words::tr("%1 is larger than the 512 KB that can be reached.").arg(member.name),
-                   Words::tr("Make it with fewer characters or in a smaller size."), found);
+            found.push_back(aboutMember(
+                member.name,
+                Words::tr("%1 is larger than the 512 KB that can be reached.").arg(member.name),
+                Words::tr("Make it with fewer characters or in a smaller size.")));
     });
 }
 

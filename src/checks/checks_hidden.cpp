@@ -136,12 +136,12 @@ void checkHidden(const CheckInput& input, Findings& found)
         if (panel == nullptr || cover == nullptr ||
             (panel->Left == cover->Left && panel->Top == cover->Top))
             continue;
-        Problem problem;
-        problem.object = row;
+        Problem problem =
+            aboutObject(row,
+                        Words::tr("%1 lies hidden under %2.")
+                            .arg(objectCaption(panel->Name), objectCaption(cover->Name)),
+                        Words::tr("Move one of the two, or switch the hidden one off."));
         problem.param = {levelFileOf(*panel), std::max(0, int{panel->LeftParam})};
-        problem.sentence = Words::tr("%1 lies hidden under %2.")
-                               .arg(objectCaption(panel->Name), objectCaption(cover->Name));
-        problem.advice = Words::tr("Move one of the two, or switch the hidden one off.");
         problem.mend = switchedOff(input, *panel);
         found.push_back(problem);
     }

@@ -20,15 +20,6 @@ namespace {
 
 const QString engineName = u"init"_s;
 
-Problem about(const QString& member, const QString& sentence, const QString& advice)
-{
-    Problem problem;
-    problem.member = member;
-    problem.sentence = sentence;
-    problem.advice = advice;
-    return problem;
-}
-
 Result<JpegHead> headOf(const QByteArray& data)
 {
     return readJpegHead({data.constData(), static_cast<std::size_t>(data.size())});
@@ -62,15 +53,15 @@ void checkSizes(const CheckInput& input, const QString& pattern, const Model& mo
         const QSize wanted = sizeOf(input, other);
         if (own.isEmpty() || wanted.isEmpty() || own == wanted || other == member.name)
             return;
-        Problem problem = about(member.name,
-                                Words::tr("%1 is %2x%3, %4 is %5x%6.")
-                                    .arg(member.name)
-                                    .arg(own.width())
-                                    .arg(own.height())
-                                    .arg(other)
-                                    .arg(wanted.width())
-                                    .arg(wanted.height()),
-                                Words::tr("Give both the same size: replace one of them."));
+        Problem problem = aboutMember(member.name,
+                                      Words::tr("%1 is %2x%3, %4 is %5x%6.")
+                                          .arg(member.name)
+                                          .arg(own.width())
+                                          .arg(own.height())
+                                          .arg(other)
+                                          .arg(wanted.width())
+                                          .arg(wanted.height()),
+                                      Words::tr("Give both the same size: replace one of them."));
         problem.mend = Mend{Words::tr("Scale it to %1x%2").arg(wanted.width()).arg(wanted.height()),
                             {},
                             member.name,
@@ -89,10 +80,11 @@ void checkBlackPictures(const CheckInput& input, Findings& found)
         const Result<void> boots = head ? checkBootable(*head) : head.failure();
         if (boots)
             return;
-        Problem problem = about(member.name,
-                                Words::tr("%1 stays black on the boot screen: %2")
-                                    .arg(member.name, failureWords(boots.failure())),
-                                Words::tr("Replace it by the same picture: it is converted."));
+        Problem problem =
+            aboutMember(member.name,
+                        Words::tr("%1 stays black on the boot screen: %2")
+                            .arg(member.name, failureWords(boots.failure())),
+                        Words::tr("Replace it by the same picture: it is converted."));
         // A JPEG of another kind; what has no head is no picture at all.
         if (head)
             problem.mend =
@@ -126,7 +118,7 @@ void checkScreenSize(const CheckInput& input, Findings& found)
     if (own.isEmpty() || own == screen)
         return;
     const bool cut = own.width() > screen.width() || own.height() > screen.height();
-    Problem problem = about(
+    Problem problem = aboutMember(
         name,
         (cut ? Words::tr("%1 is %2x%3 and the screen becomes %4x%5: the rest of it is not seen.")
              : Words::tr("%1 is %2x%3 and the screen becomes %4x%5: the rest stays empty."))
@@ -156,9 +148,9 @@ void checkNumbers(const CheckInput& input, Findings& found)
         bool good = false;
         const int number = name.mid(5, 2).toInt(&good);
         if (good && number != expected)
-            found.push_back(
-                about(name, Words::tr("%1 follows a gap in the numbers of the logos.").arg(name),
-                      Words::tr("Number the logos from 00 without a gap.")));
+            found.push_back(aboutMember(
+                name, Words::tr("%1 follows a gap in the numbers of the logos.").arg(name),
+                Words::tr("Number the logos from 00 without a gap.")));
         expected = number + 1;
     }
 }
@@ -167,8 +159,8 @@ void checkRequired(const CheckInput& input, Findings& found)
 {
     for (const QString& name : {engineName, mainFontName}) {
         if (input.find(name) == nullptr)
-            found.push_back(about(name, Words::tr("The member %1 is missing.").arg(name),
-                                  Words::tr("Add it; File / New has one.")));
+            found.push_back(aboutMember(name, Words::tr("The member %1 is missing.").arg(name),
+                                        Words::tr("Add it; File / New has one.")));
     }
 }
 
@@ -177,16 +169,17 @@ void checkEngine(const CheckInput& input, Findings& found)
 {
     const QByteArray* engine = input.find(engineName);
     if (input.run.GfxHasZuk && engine != nullptr && !engineOf(*engine).readsLevels)
-        found.push_back(about(engineName, Words::tr("The engine does not read the level files."),
-                              Words::tr("Upgrade the engine.")));
+        found.push_back(aboutMember(engineName,
+                                    Words::tr("The engine does not read the level files."),
+                                    Words::tr("Upgrade the engine.")));
 }
 
 void checkWrapped(const CheckInput& input, Findings& found)
 {
     if (input.run.GfxIsGz && input.run.gfxboot_var < 3)
         found.push_back(
-            about({}, Words::tr("The file is gzipped: Grub4DOS reads it, syslinux does not."),
-                  Words::tr("Save it without gzip for syslinux.")));
+            aboutMember({}, Words::tr("The file is gzipped: Grub4DOS reads it, syslinux does not."),
+                        Words::tr("Save it without gzip for syslinux.")));
 }
 
 // The loader starts the first boot program of the archive, whatever it is called.
@@ -199,7 +192,7 @@ void checkOrder(const CheckInput& input, Findings& found)
         input.members, [](const CheckedMember& member) { return isBootProgram(member.data); });
     if (first.name == engineName)
         return;
-    Problem problem = about(
+    Problem problem = aboutMember(
         first.name,
         Words::tr("%1 is a boot program and stands before init: it is what boots.").arg(first.name),
         Words::tr("Put init in front of it, or take it out."));
@@ -226,11 +219,12 @@ void checkMemory(const CheckInput& input, Findings& found)
     const auto megabytes = [](qint64 bytes) {
         return QString::number(static_cast<double>(bytes) / 1e6, 'f', 2);
     };
-    found.push_back(about({},
-                          Words::tr("The archive is %1 MB; above %2 MB syslinux may have no memory "
-                                    "left for the boot screen.")
-                              .arg(megabytes(size), megabytes(most)),
-                          Words::tr("Take pictures out, or make them smaller.")));
+    found.push_back(
+        aboutMember({},
+                    Words::tr("The archive is %1 MB; above %2 MB syslinux may have no memory "
+                              "left for the boot screen.")
+                        .arg(megabytes(size), megabytes(most)),
+                    Words::tr("Take pictures out, or make them smaller.")));
 }
 
 } // namespace fennel

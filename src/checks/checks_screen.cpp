@@ -54,12 +54,9 @@ void eachPlaced(const CheckInput& input, const Visit& visit)
 Problem about(int row, const PanelRec& panel, const QString& sentence, const QString& advice,
               int param = 0)
 {
-    Problem problem;
-    problem.object = row;
+    Problem problem = aboutObject(row, sentence.arg(objectCaption(panel.Name)), advice);
     if (param > 0)
         problem.param = {levelFileOf(panel), param};
-    problem.sentence = sentence.arg(objectCaption(panel.Name));
-    problem.advice = advice;
     return problem;
 }
 

@@ -76,14 +76,12 @@ void checkNotes(const CheckInput& input, Findings& found)
         const int width = input.drawn().members.font(line->FontIndex).width(note);
         if (width <= line->Width)
             continue;
-        Problem problem;
-        problem.object = noteRow;
-        problem.sentence = Words::tr("The note \"%1\" is %2 pixels wide, its line %3.")
-                               .arg(note.left(shownTitle).trimmed())
-                               .arg(width)
-                               .arg(line->Width);
-        problem.advice = Words::tr("Shorten the note, or widen the information line.");
-        found.push_back(problem);
+        found.push_back(aboutObject(noteRow,
+                                    Words::tr("The note \"%1\" is %2 pixels wide, its line %3.")
+                                        .arg(note.left(shownTitle).trimmed())
+                                        .arg(width)
+                                        .arg(line->Width),
+                                    Words::tr("Shorten the note, or widen the information line.")));
     }
 }
 
@@ -103,12 +101,12 @@ void checkText(const CheckInput& input, int object, const QString& member, const
     }
     if (missing.isEmpty() || advances.empty())
         return;
-    Problem problem;
-    problem.object = object;
+    Problem problem =
+        aboutObject(object,
+                    Words::tr("The font lacks letters of %1: %2")
+                        .arg(member.isEmpty() ? Words::tr("the menu") : member, missing),
+                    Words::tr("Make the font with these characters too, or change the text."));
     problem.member = member;
-    problem.sentence = Words::tr("The font lacks letters of %1: %2")
-                           .arg(member.isEmpty() ? Words::tr("the menu") : member, missing);
-    problem.advice = Words::tr("Make the font with these characters too, or change the text.");
     found.push_back(problem);
 }
 
@@ -142,14 +140,13 @@ void checkTitleWidths(const CheckInput& input, Findings& found)
         }
         if (width <= menu->Width)
             continue;
-        Problem problem;
-        problem.object = MenuPanelRow;
-        problem.sentence = Words::tr("The entry \"%1\" is %2 pixels wide, the menu %3.")
-                               .arg(title.left(shownTitle).trimmed())
-                               .arg(width)
-                               .arg(menu->Width);
-        problem.advice = Words::tr("Shorten the title, or widen the menu by s.menu.bar.width.");
-        found.push_back(problem);
+        found.push_back(
+            aboutObject(MenuPanelRow,
+                        Words::tr("The entry \"%1\" is %2 pixels wide, the menu %3.")
+                            .arg(title.left(shownTitle).trimmed())
+                            .arg(width)
+                            .arg(menu->Width),
+                        Words::tr("Shorten the title, or widen the menu by s.menu.bar.width.")));
     }
 }
 
@@ -157,11 +154,8 @@ void checkNoEntries(const CheckInput& input, Findings& found)
 {
     if (!input.menu || !titlesOf(input).isEmpty())
         return;
-    Problem problem;
-    problem.object = MenuPanelRow;
-    problem.sentence = Words::tr("The menu shows no entry at all.");
-    problem.advice = Words::tr("Add titles, or lower s.menu.zuk.entries.");
-    found.push_back(problem);
+    found.push_back(aboutObject(MenuPanelRow, Words::tr("The menu shows no entry at all."),
+                                Words::tr("Add titles, or lower s.menu.zuk.entries.")));
 }
 
 // A title that carries parameters for the engine, of a level file or with a number that cannot be.
@@ -204,15 +198,13 @@ void checkTechnical(const CheckInput& input, Findings& found)
                 return isDataTitle(QStringView(title).trimmed());
             }))
             return;
-        Problem problem;
-        problem.object = MenuPanelRow;
-        problem.sentence =
+        found.push_back(aboutObject(
+            MenuPanelRow,
             Words::tr("The menu has %1 titles and lacks the %2 technical ones at its end: all its "
                       "titles are shown, those with values too.")
                 .arg(titles.size())
-                .arg(technical);
-        problem.advice = Words::tr("Add the technical titles, or lower s.menu.zuk.entries.");
-        found.push_back(problem);
+                .arg(technical),
+            Words::tr("Add the technical titles, or lower s.menu.zuk.entries.")));
         return;
     }
     titles = titles.mid(titles.size() - technical);
@@ -221,14 +213,13 @@ void checkTechnical(const CheckInput& input, Findings& found)
     });
     if (entry == titles.end())
         return;
-    Problem problem;
-    problem.object = MenuPanelRow;
-    problem.sentence = Words::tr("The last %1 titles count as technical and are not shown: \"%2\" "
-                                 "is one of them.")
-                           .arg(technical)
-                           .arg(entry->trimmed().left(shownTitle));
-    problem.advice = Words::tr("Add the technical titles, or lower s.menu.zuk.entries.");
-    found.push_back(problem);
+    found.push_back(
+        aboutObject(MenuPanelRow,
+                    Words::tr("The last %1 titles count as technical and are not shown: \"%2\" "
+                              "is one of them.")
+                        .arg(technical)
+                        .arg(entry->trimmed().left(shownTitle)),
+                    Words::tr("Add the technical titles, or lower s.menu.zuk.entries.")));
 }
 
 // Help that is longer or wider than its panel, notes that are longer than their line.

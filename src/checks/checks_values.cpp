@@ -24,11 +24,8 @@ constexpr qsizetype recordSize = 4;
 Problem about(const QString& member, const QString& parameter, const QString& sentence,
               const QString& advice)
 {
-    Problem problem;
-    problem.member = member;
+    Problem problem = aboutMember(member, sentence, advice);
     problem.parameter = parameter;
-    problem.sentence = sentence;
-    problem.advice = advice;
     return problem;
 }
 

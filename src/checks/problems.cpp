@@ -57,6 +57,22 @@ constexpr std::array checks{
 
 } // namespace
 
+Problem aboutObject(int row, const QString& sentence, const QString& advice)
+{
+    Problem problem = aboutMember({}, sentence, advice);
+    problem.object = row;
+    return problem;
+}
+
+Problem aboutMember(const QString& member, const QString& sentence, const QString& advice)
+{
+    Problem problem;
+    problem.member = member;
+    problem.sentence = sentence;
+    problem.advice = advice;
+    return problem;
+}
+
 std::vector<Problem> Findings::take()
 {
     if (m_untold > 0) {
