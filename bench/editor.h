@@ -3,10 +3,10 @@
 // and message files for it; or a gfxboot without a window. A window is real, its screen is not.
 #pragma once
 
+#include "editor/stage/silent_host.h"
 #include "editor/stage/stage.h"
 #include "editor/window/main_window.h"
 #include "quiet_prompts.h"
-#include "silent_host.h"
 
 #include <benchmark/benchmark.h>
 
@@ -16,33 +16,31 @@
 
 namespace fennel {
 
-class Editor {
-public:
-    Editor();
-    // The frame that is due, painted now.
-    void paint();
-
+// What a run stands on.
+struct Run {
     QTemporaryDir folder;
     RunState run;
     Log log;
     DiskFiles files;
     QuietPrompts prompts;
     ProcessToolRunner tools;
+};
+
+class Editor : public Run {
+public:
+    Editor();
+    // The frame that is due, painted now.
+    void paint();
+
     UserStore store{folder.filePath(QStringLiteral("settings.ini"))};
     Workbench bench{{run, log, files, prompts, tools}, store};
     std::unique_ptr<MainWindow> window;
 };
 
 // A gfxboot of generation 3, open without a window; its Workspace is empty.
-struct OpenGfxboot {
+struct OpenGfxboot : Run {
     explicit OpenGfxboot(QSize back);
 
-    QTemporaryDir folder;
-    RunState run;
-    Log log;
-    DiskFiles files;
-    QuietPrompts prompts;
-    ProcessToolRunner tools;
     Shell shell{run, log, files, prompts, tools};
     FontTable fonts = FontTable(fontCount);
     Document document{shell, fonts};

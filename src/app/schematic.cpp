@@ -3,6 +3,7 @@
 
 #include "base/files.h"
 #include "container/member_table.h"
+#include "editor/stage/silent_host.h"
 #include "editor/stage/stage.h"
 #include "menus/menu_file.h"
 #include "menus/menu_overlay.h"
@@ -13,26 +14,6 @@
 namespace fennel {
 
 namespace {
-
-// No window stands around the picture.
-class NoHost : public StageHost {
-public:
-    int objectOfCurrentTab() override { return -1; }
-    int selectTabOf(int /*index*/) override { return 0; }
-    void focusStage() override {}
-    int pipettesOn() override { return 0; }
-    void showColourControls(int /*index*/) override {}
-    void setStatus(int /*panel*/, const QString& /*text*/) override {}
-    void refreshStatus() override {}
-    void panelMenu(int /*index*/, QPoint /*at*/) override {}
-    void objectMenu(int /*index*/, QPoint /*at*/) override {}
-    void backgroundMenu(QPoint /*at*/) override {}
-    void setOnOffCaption(int /*item*/, const QString& /*caption*/) override {}
-    void prepareBackground() override {}
-    void layOutWindow() override {}
-    void scaleApplied() override {}
-    void beep(double /*hertz*/, int /*milliseconds*/) override {}
-};
 
 QStringList logosOf(const RunState& run)
 {
@@ -56,7 +37,7 @@ QImage schematicPicture(Session& session, const QString& menu, double scale)
         document.showMenuLevel(levels);
     }
     shell.run.PreviewScale = scale;
-    NoHost host;
+    SilentHost host;
     Stage stage({shell, document, session.fonts().table, host,
                  [&shell](int width, int height, const QString& source, const QString& target) {
                      return ResizeJpg(shell, width, height, source, target);

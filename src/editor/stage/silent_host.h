@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A window around the stage that does nothing.
+// No window around the stage: for pictures of it and for measurements.
 #pragma once
 
 #include "editor/stage/stage_host.h"
@@ -13,7 +13,7 @@ public:
     void focusStage() override {}
     int pipettesOn() override { return 0; }
     void showColourControls(int) override {}
-    void setStatus(int, const QString& text) override { status = text; }
+    void setStatus(int, const QString&) override {}
     void refreshStatus() override {}
     void panelMenu(int, QPoint) override {}
     void objectMenu(int, QPoint) override {}
@@ -23,7 +23,6 @@ public:
     void layOutWindow() override {}
     void scaleApplied() override {}
     void beep(double, int) override {}
-    QString status;
 };
 
 } // namespace fennel
