@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "rasterise.h"
 
-#include <ft2build.h>
-#include FT_FREETYPE_H
+#include "fonts/freetype_face.h"
 
 #include <algorithm>
 #include <limits>
@@ -19,29 +18,6 @@ constexpr FT_Int32 loadFlags = FT_LOAD_RENDER | FT_LOAD_NO_BITMAP;
 constexpr unsigned levels = 14;
 constexpr FT_Pos pixel = 64; // FreeType counts in 26.6 fixed point
 constexpr std::uint32_t space = 0x20;
-
-// The library and one face of a file; both go with it.
-class Face {
-public:
-    explicit Face(const std::string& path)
-    {
-        if (FT_Init_FreeType(&m_library) == 0 &&
-            FT_New_Face(m_library, path.c_str(), 0, &m_face) != 0)
-            m_face = nullptr;
-    }
-    ~Face()
-    {
-        if (m_library != nullptr)
-            FT_Done_FreeType(m_library); // takes the face along
-    }
-    Face(const Face&) = delete;
-    Face& operator=(const Face&) = delete;
-    [[nodiscard]] FT_Face get() const { return m_face; }
-
-private:
-    FT_Library m_library = nullptr;
-    FT_Face m_face = nullptr;
-};
 
 std::vector<std::uint8_t> levelsOf(const FT_Bitmap& bitmap)
 {
@@ -143,7 +119,7 @@ Failure noGlyph(bool refused)
 
 Result<FntFont> rasterise(const std::string& path, const FontOrder& order)
 {
-    const Face owner(path);
+    const FreetypeFace owner(path);
     FT_Face face = owner.get();
     if (face == nullptr)
         return unreadable(path);

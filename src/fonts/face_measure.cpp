@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "fonts/face_measure.h"
 
+#include "fonts/freetype_face.h"
 #include "fonts/installed_fonts.h"
 
-#include <QFile>
 #include <QStringList>
-
-#include <ft2build.h>
-#include FT_FREETYPE_H
 
 #include <algorithm>
 
@@ -40,29 +37,8 @@ QString pathOfFace(const FontRecord& record)
 
 } // namespace
 
-// The library and the first face of a file; both go with it.
-struct FaceMeasure::Opened {
-    explicit Opened(const QByteArray& path)
-    {
-        if (path.isEmpty() || FT_Init_FreeType(&library) != 0)
-            library = nullptr;
-        else if (FT_New_Face(library, path.constData(), 0, &face) != 0)
-            face = nullptr;
-    }
-    ~Opened()
-    {
-        if (library != nullptr)
-            FT_Done_FreeType(library); // takes the face along
-    }
-    Opened(const Opened&) = delete;
-    Opened& operator=(const Opened&) = delete;
-
-    FT_Library library = nullptr;
-    FT_Face face = nullptr;
-};
-
 FaceMeasure::FaceMeasure(const FontRecord& record)
-    : m_opened(std::make_unique<Opened>(QFile::encodeName(pathOfFace(record))))
+    : m_face(std::make_unique<FreetypeFace>(pathOfFace(record).toStdString()))
 {
 }
 
@@ -72,7 +48,7 @@ std::optional<std::vector<LetterSize>>
 FaceMeasure::letters(int size, std::span<const char32_t> characters) const
 {
     constexpr FT_Pos pixel = 64; // FreeType counts in 26.6 fixed point
-    const FT_Face face = m_opened->face;
+    const FT_Face face = m_face->get();
     if (face == nullptr || size < 1 || FT_Set_Pixel_Sizes(face, 0, static_cast<FT_UInt>(size)) != 0)
         return std::nullopt;
     std::vector<LetterSize> letters;

@@ -13,6 +13,8 @@
 
 namespace fennel {
 
+class FreetypeFace;
+
 // Of one character; pixels.
 struct LetterSize {
     int advance = 0; // of the pen
@@ -34,8 +36,7 @@ public:
     letters(int size, std::span<const char32_t> characters) const;
 
 private:
-    struct Opened;
-    std::unique_ptr<Opened> m_opened;
+    std::unique_ptr<FreetypeFace> m_face;
 };
 
 } // namespace fennel
