@@ -6,8 +6,6 @@
 #include <QHash>
 
 #include <algorithm>
-#include <functional>
-#include <set>
 
 namespace fennel {
 
@@ -39,46 +37,22 @@ std::vector<KnownName> knownNames(const QString& folder)
     return names;
 }
 
-// Marks the names that are listed, and returns what else the list says. The result is that of a
-// search for each name in turn in the raw text: a name is also found, and taken out, as the end of
-// a longer one, and what is left of that line joins the next. With as many names as an archive can
-// hold that search would take minutes, so each line is looked at once.
+// Marks the names that have a line, and returns the other lines. Only a line with a carriage return
+// is one of a list that was made here.
 QByteArray takeKnownNames(const QByteArray& list, std::vector<KnownName>& names)
 {
-    constexpr qsizetype lineEnd = 2;
-    QHash<QByteArrayView, std::size_t> numbers;
-    std::set<qsizetype, std::greater<>> lengths;
-    for (std::size_t number = 0; number < names.size(); ++number) {
-        numbers.insert(names[number].bytes, number);
-        lengths.insert(names[number].bytes.size());
+    QHash<QByteArrayView, KnownName*> known;
+    for (KnownName& name : names)
+        known.insert(name.bytes, &name);
+    QByteArray others;
+    for (const QByteArray& line : list.split('\n')) {
+        KnownName* name = line.endsWith('\r') ? known.value(line.chopped(1)) : nullptr;
+        if (name != nullptr)
+            name->listed = true;
+        else
+            others += line + '\n';
     }
-    QByteArray rest;
-    qsizetype start = 0;      // of the line in `rest`
-    qsizetype joint = 0;      // up to where it is left from lines before
-    std::size_t joinedBy = 0; // the last name that had to be taken out for that
-    const auto taken = [&](qsizetype length) {
-        const qsizetype from = rest.size() - lineEnd - length;
-        const auto found = from < start
-                               ? numbers.cend()
-                               : numbers.constFind(QByteArrayView(rest).sliced(from, length));
-        // Over the joint stands only what its search still finds.
-        if (found == numbers.cend() || (from < joint && *found <= joinedBy))
-            return false;
-        names[*found].listed = true;
-        joinedBy = joint == start ? *found : std::max(joinedBy, *found);
-        joint = from;
-        rest.truncate(from);
-        return true;
-    };
-    for (qsizetype at = 0; at < list.size();) {
-        const qsizetype found = list.indexOf('\n', at);
-        const qsizetype end = found < 0 ? list.size() : found + 1;
-        rest += QByteArrayView(list).sliced(at, end - at);
-        at = end;
-        if (!rest.endsWith("\r\n") || std::ranges::none_of(lengths, taken))
-            start = joint = rest.size();
-    }
-    return rest;
+    return others;
 }
 
 } // namespace
