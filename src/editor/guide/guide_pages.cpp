@@ -10,8 +10,6 @@
 #include <QRegularExpression>
 #include <QStringList>
 
-#include <algorithm>
-
 namespace fennel {
 
 using namespace Qt::StringLiterals;
@@ -19,16 +17,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString indexPage = u"index.md"_s;
-
-struct TabPage {
-    int tab;
-    QStringView page;
-};
-constexpr TabPage tabPages[] = {
-    {TabMenu, u"menu.md"},     {TabGfxboot, u"members.md"},
-    {TabConfig, u"config.md"}, {TabBackgrounds, u"pictures.md"},
-    {TabFonts, u"fonts.md"},
-};
 
 // index.md itself, then what it links to.
 QStringList pagesOf(const QString& folder)
@@ -67,10 +55,10 @@ GuidePlace guidePlace(const RunState& run, const ParamLists& lists)
     if (!run.GfxOpened)
         return {indexPage, {}};
     const int tab = lists.CurrentTab;
-    if (lists.objectOfTab(tab) >= 0)
-        return {u"objects.md"_s, lists.tabs[static_cast<std::size_t>(tab)].caption};
-    const auto* const row = std::ranges::find(tabPages, tab, &TabPage::tab);
-    return {row == std::end(tabPages) ? indexPage : row->page.toString(), {}};
+    const QString page = lists.kind(tab).guide.toString();
+    // Objects share a page, with a heading for each.
+    return {page, lists.objectOfTab(tab) >= 0 ? lists.tabs[static_cast<std::size_t>(tab)].caption
+                                              : QString()};
 }
 
 std::vector<GuideHeading> guideContents(const QString& folder)

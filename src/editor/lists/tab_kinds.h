@@ -34,6 +34,7 @@ struct TabKind {
     QStringView thumbnails = u"head*.jpg";
     // Members beside the first of their kind; "Delete all files" removes them.
     QStringView numbered = u"??";
+    QStringView guide = u"objects.md"; // the page that tells of it, in docs/guide/LANGUAGE
     ListKey enter = ListKey::Nothing;
     // Files of a tab that adds none are not deleted one by one either.
     AddAction add = AddAction::TellPlanned;
