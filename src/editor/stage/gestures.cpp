@@ -366,6 +366,7 @@ void StageGestures::nudge(int index, QPoint by)
                         std::clamp(wish.y(), 0, std::max(0, m_stage.run().BackHeight - 1)));
     m_stage.ShowMarker(-1, -1);
     movePanelTo(index, {scale.shown(corner.x()), scale.shown(corner.y())});
+    keepInside(index);
     std::map<int, PanelRec> records;
     for (const int row : {index, isMenuRow(index) ? MenuBarRow - index : -1}) {
         if (!m_stage.isRow(row))
@@ -376,12 +377,8 @@ void StageGestures::nudge(int index, QPoint by)
         const QPoint shown = m_stage.panel(row).rect.topLeft();
         const bool heldX = scale.shown(corner.x()) != shown.x();
         const bool heldY = scale.shown(corner.y()) != shown.y();
-        // One larger than the picture is held above or left of it, where no place is stored.
-        const auto held = [&scale](int at, int now) {
-            return now < 0 ? scale.boot(at) : std::max(0, scale.boot(at));
-        };
-        moved.Left = static_cast<qint16>(heldX ? held(shown.x(), moved.Left) : corner.x());
-        moved.Top = static_cast<qint16>(heldY ? held(shown.y(), moved.Top) : corner.y());
+        moved.Left = static_cast<qint16>(heldX ? scale.boot(shown.x()) : corner.x());
+        moved.Top = static_cast<qint16>(heldY ? scale.boot(shown.y()) : corner.y());
         if (isMenuRow(row) && (!m_stage.asItBoots() || levels()))
             moved.Width = lengthFor(m_stage.panel(row).rect.width(), moved.Width, moved.Width,
                                     m_stage.run().BackWidth);
@@ -390,7 +387,6 @@ void StageGestures::nudge(int index, QPoint by)
     // A run of arrow keys is one step.
     info.mergeKey = Words::tr("nudge %1").arg(index);
     store(records, false, info);
-    keepInside(index);
     if (index == m_stage.SelectedPanel)
         m_stage.redraw(index);
     m_stage.ShowMarker(index, 0);
