@@ -187,15 +187,14 @@ bool ProblemLink::mendPicture(const Mend& mend)
 bool ProblemLink::mendOrder(const Mend& mend)
 {
     const Shell& shell = m_window.shell();
-    const QString path = shell.run.Workspace + memberListName;
-    const Result<QByteArray> list = readBytes(path);
+    const Result<QByteArray> list = readBytes(shell.run.Workspace + memberListName);
     if (!list)
         return shell.told(list.failure());
     QByteArray first;
     QByteArray others;
     for (const MemberName& name : memberNames(*list))
         (name.text == mend.first && first.isEmpty() ? first : others) += name.bytes + "\r\n";
-    return shell.told(shell.files.write(path, first + others));
+    return shell.told(putMember(shell, memberListName, first + others));
 }
 
 } // namespace fennel
