@@ -32,8 +32,8 @@ Failure reasonOf(const Shell& shell, const Result<void>& ran, const QString& mis
 
 Result<bool> beginsAsGzip(const QString& path)
 {
-    constexpr qsizetype mark = 2;
-    const Result<QByteArray> front = readFront(path, mark);
+    constexpr qsizetype most = 16; // more than its mark has
+    const Result<QByteArray> front = readFront(path, most);
     return front ? Result<bool>(isGzip(spanOf(*front))) : front.failure();
 }
 
