@@ -164,8 +164,8 @@ File Name: %2</source>
         <translation>%1: задано пунктов %2, а на экране помещается %3.</translation>
     </message>
     <message>
-        <source>Lower s.menu.max.entries, or move the menu up.</source>
-        <translation>Уменьшите s.menu.max.entries или поднимите меню выше.</translation>
+        <source>Lower %1, or move the menu up.</source>
+        <translation>Уменьшите %1 или поднимите меню выше.</translation>
     </message>
     <message>
         <source>The text of %1 is hard to read on its ground.</source>

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "checks/check_list.h"
+#include "container/engine_info.h"
 #include "container/member_table.h"
 #include "document/place_change.h"
 #include "params/level_files.h"
@@ -144,6 +145,54 @@ void needMember(const CheckInput& input, int row, const QString& pattern, Findin
     }
 }
 
+// Lines of the menu: those that are asked for by the parameter `name`, and those that the screen
+// holds.
+struct EntryRoom {
+    QString name;
+    qint64 asked = 0;
+    qint64 held = 0;
+};
+
+EntryRoom levelEntryRoom(const CheckInput& input, const PanelRec& menu)
+{
+    const auto font = static_cast<std::size_t>(
+        std::clamp<int>(menu.FontIndex, 0, static_cast<int>(input.fonts.size()) - 1));
+    const double line = 3 + menuSlit(input.state) + input.fonts[font].Size;
+    const int below = std::max(0, input.run.BackHeight - menu.Top);
+    return {u"s.menu.max.entries"_s, number(input, 0, menuEntriesParam),
+            static_cast<qint64>(below / std::max(line, 1.0))};
+}
+
+// The last line has to hold a bar; no gap follows it.
+std::optional<EntryRoom> cfgEntryRoom(const CheckInput& input)
+{
+    const BootLayout& layout = input.drawn().layout;
+    const auto& objects = layout.list.objects;
+    const auto menu = std::ranges::find(objects, MenuPanelRow, &BootObject::row);
+    const auto bar = std::ranges::find(objects, MenuBarRow, &BootObject::row);
+    if (menu == objects.end() || bar == objects.end())
+        return std::nullopt;
+    const int below = layout.list.screen.height() - bar->rect.top() - bar->rect.height();
+    return EntryRoom{cfgDialectOf(input.state.cfg).entries.toString(),
+                     menu->rect.height() / layout.menuPitch,
+                     below < 0 ? 0 : below / layout.menuPitch + 1};
+}
+
+// None where no list shows how many entries there are, or the engine's rules are not known.
+std::optional<EntryRoom> entryRoom(const CheckInput& input, const PanelRec& menu)
+{
+    const QByteArray* engine = input.find(u"init"_s);
+    std::optional<EntryRoom> room;
+    if (placesObjects(input) && !input.fonts.empty())
+        room = levelEntryRoom(input, menu);
+    else if (engine != nullptr && engineOf(*engine).kind == BootEngine::FlatCfg)
+        room = cfgEntryRoom(input);
+    // Nobody misses the lines that a menu does not fill.
+    if (room && input.menu)
+        room->asked = std::min<qint64>(room->asked, input.drawn().layout.entries);
+    return room;
+}
+
 } // namespace
 
 std::optional<Mend> switchedOff(const CheckInput& input, const PanelRec& panel)
@@ -203,30 +252,26 @@ void checkSamePlace(const CheckInput& input, Findings& found)
     }
 }
 
-// As many lines are drawn as the screen holds; the others are reached by scrolling.
 void checkEntriesFit(const CheckInput& input, Findings& found)
 {
     const PanelRec* menu = input.state.object(MenuPanelRow);
-    if (!placesObjects(input) || menu == nullptr || input.fonts.empty())
+    const std::optional<EntryRoom> room = menu == nullptr ? std::nullopt : entryRoom(input, *menu);
+    if (!room || room->asked <= room->held)
         return;
-    const auto font = static_cast<std::size_t>(
-        std::clamp<int>(menu->FontIndex, 0, static_cast<int>(input.fonts.size()) - 1));
-    const double line = 3 + menuSlit(input.state) + input.fonts[font].Size;
-    const qint64 entries = number(input, 0, menuEntriesParam);
-    const auto room = static_cast<qint64>((input.run.BackHeight - menu->Top) / std::max(line, 1.0));
-    if (entries > room && room >= 0) {
-        Problem problem =
-            about(MenuPanelRow, *menu,
-                  Words::tr("%1 asks for %2 entries, and the screen holds %3 there."),
-                  Words::tr("Lower s.menu.max.entries, or move the menu up."), menuEntriesParam);
-        problem.sentence = problem.sentence.arg(entries).arg(room);
-        problem.parameter = u"s.menu.max.entries"_s;
-        problem.mend = Mend{Words::tr("Show %1 entries").arg(room), {}, {}, {}, {}};
-        addMenuEntries(input.state, true, static_cast<int>(room), problem.mend->change);
-        if (problem.mend->change.params.empty())
-            problem.mend.reset();
-        found.push_back(problem);
-    }
+    Problem problem = about(MenuPanelRow, *menu,
+                            Words::tr("%1 asks for %2 entries, and the screen holds %3 there."),
+                            Words::tr("Lower %1, or move the menu up.").arg(room->name));
+    problem.sentence = problem.sentence.arg(room->asked).arg(room->held);
+    problem.parameter = room->name;
+    const bool levels = placesObjects(input);
+    if (levels)
+        problem.param = {levelFileOf(*menu), menuEntriesParam};
+    Mend mend{Words::tr("Show %1 entries").arg(room->held), {}, {}, {}, {}};
+    if (levels || room->held > 0)
+        addMenuEntries(input.state, levels, static_cast<int>(room->held), mend.change);
+    if (!mend.change.params.empty() || mend.change.cfg)
+        problem.mend = std::move(mend);
+    found.push_back(problem);
 }
 
 void checkContrast(const CheckInput& input, Findings& found)

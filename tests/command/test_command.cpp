@@ -272,19 +272,27 @@ TEST_F(FennelCommand, ProblemsAreFoundWhereTheyAreAndNowhereElse)
         EXPECT_FALSE(engine.contains("theme") || engine.contains("panel.fg"));
     }
     // The loader takes the first program for the engine, and the picture is never scaled.
-    const std::string engine = memberOf(ours, u"init"_s).toStdString();
-    const auto flat = [&](const std::string& first, const std::string& last, int width) {
+    const QByteArray init = memberOf(ours, u"init"_s);
+    std::string engine = init.toStdString();
+    const auto flat = [&](const std::string& first, const std::string& last, int width,
+                          const std::string& cfg = "#menu_start_x=7\r\n#menu_start_y=170") {
         RawCpio archive;
         for (const std::string& name : {first, last})
             archive.add({.name = name, .data = engine});
         archive.add({.name = "16x16.fnt", .data = font.toStdString()});
         archive.add({.name = "back.jpg", .data = picture(width, 600).toStdString()});
-        archive.add({.name = "gfxboot.cfg", .data = "#menu_start_x=7\r\n#menu_start_y=170"});
+        archive.add({.name = "gfxboot.cfg", .data = cfg});
         return namesIn(file(u"flat"_s, QByteArray::fromStdString(archive.close())));
     };
     EXPECT_EQ(flat("a", "init", 800), QStringList({u"engine-order"_s, u"cfg-off"_s}));
     EXPECT_EQ(flat("init", "z", 802), QStringList({u"screen-size"_s, u"cfg-off"_s}));
     EXPECT_EQ(flat("init", "z", 800), QStringList(u"cfg-off"_s));
+    engine = QByteArray(init)
+                 .replace("FENNEL-GFX engine", "menu_start_x menu_start_y menu_max_entries")
+                 .toStdString();
+    const std::string low = "menu_start_y=470\nmenu_max_entries=";
+    EXPECT_EQ(flat("init", "z", 800, low + "5"), QStringList(u"entries-fit"_s));
+    EXPECT_THAT(flat("init", "z", 800, low + "4"), IsEmpty());
     const QString broken = file(
         u"broken"_s, QByteArray::fromStdString(
                          RawCpio()
