@@ -90,7 +90,7 @@ void BootMachine::start(const QString& program, const MachineStart& start)
         m_ready = true;
         Q_EMIT ready();
     });
-    connect(m_link.get(), &QmpLink::event, this, &BootMachine::onEvent);
+    connect(m_link.get(), &QmpLink::happened, this, &BootMachine::onEvent);
     m_receives = start.receives;
     if (start.receives)
         m_moves = u"boot_test-"_s + QString::number(pair[0]) + u".move"_s;

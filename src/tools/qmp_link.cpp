@@ -71,7 +71,7 @@ void QmpLink::take(const QJsonObject& line)
                 Q_EMIT ready();
         });
     } else if (line.contains(u"event"_s)) {
-        Q_EMIT event(line[u"event"_s].toString(), line[u"data"_s].toObject());
+        Q_EMIT happened(line[u"event"_s].toString(), line[u"data"_s].toObject());
     } else if (!m_waiting.empty()) {
         const Answer answer = std::move(m_waiting.front());
         m_waiting.pop_front();

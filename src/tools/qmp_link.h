@@ -32,7 +32,7 @@ public:
 
 Q_SIGNALS:
     void ready(); // QEMU takes orders now
-    void event(const QString& name, const QJsonObject& data);
+    void happened(const QString& name, const QJsonObject& data);
 
 private:
     void readable();
