@@ -3,6 +3,8 @@
 
 #include "tools/child_process.h"
 
+#include <QDir>
+#include <QFile>
 #include <QJsonArray>
 
 #include <array>
@@ -22,6 +24,19 @@ constexpr int memoryMiB = 128;
 constexpr qsizetype keptWords = 2000;
 constexpr qint64 moveBytesPerSecond = 10LL << 30U;
 constexpr int moveDowntimeMs = 5000;
+
+// The second number of /proc/PID/task/TID/schedstat, in ns, of all threads that are there.
+qint64 waitedMs(qint64 process)
+{
+    const QString folder = u"/proc/%1/task"_s.arg(process);
+    qint64 waited = 0;
+    for (const QString& thread : QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        QFile file(folder + u'/' + thread + u"/schedstat"_s);
+        if (file.open(QIODevice::ReadOnly))
+            waited += file.readAll().split(' ').value(1).toLongLong();
+    }
+    return waited / 1'000'000;
+}
 
 QStringList machineArguments(const MachineStart& start, int control, const QString& moves)
 {
@@ -128,14 +143,15 @@ void BootMachine::onEvent(const QString& name, const QJsonObject& data)
         Q_EMIT shutDown(data[u"reason"_s].toString() == u"guest-reset");
 }
 
-qint64 BootMachine::workMs() const
+MachineTime BootMachine::time() const
 {
     clockid_t clock = 0;
-    timespec time = {};
-    if (::clock_getcpuclockid(static_cast<pid_t>(processId()), &clock) != 0 ||
-        ::clock_gettime(clock, &time) != 0)
-        return 0;
-    return static_cast<qint64>(time.tv_sec) * 1000 + time.tv_nsec / 1'000'000;
+    timespec work = {};
+    const qint64 process = processId();
+    if (::clock_getcpuclockid(static_cast<pid_t>(process), &clock) != 0 ||
+        ::clock_gettime(clock, &work) != 0)
+        return {};
+    return {static_cast<qint64>(work.tv_sec) * 1000 + work.tv_nsec / 1'000'000, waitedMs(process)};
 }
 
 // QEMU opens the file anew by this name and cuts it, so every answer stands at its beginning.

@@ -5,6 +5,7 @@
 
 #include "tools/boot_image.h"
 #include "tools/qmp_link.h"
+#include "tools/screen_watch.h"
 
 namespace fennel {
 
@@ -28,9 +29,7 @@ public:
     void end();
     [[nodiscard]] bool isReady() const { return m_ready; }
     [[nodiscard]] qint64 processId() const { return m_process->processId(); }
-    // The processor time that the machine has used so far, in ms: what it had for its work,
-    // however busy the computer is.
-    [[nodiscard]] qint64 workMs() const;
+    [[nodiscard]] MachineTime time() const;
 
     using Bytes = std::function<void(const QByteArray& bytes, const QString& error)>;
     // What the screen shows, as a file in PPM.

@@ -183,7 +183,7 @@ void BootTest::look()
 
 void BootTest::onDump(const ScreenDump& dump)
 {
-    const bool rests = m_rest.pictureRests(dump, m_machine->workMs());
+    const bool rests = m_rest.pictureRests(dump, m_machine->time());
     const bool news = dump.file != m_dump.file && m_rest.begun();
     if (news)
         m_dump = dump;
@@ -207,7 +207,7 @@ void BootTest::onDump(const ScreenDump& dump)
 void BootTest::onText(const QStringList& text)
 {
     m_text = text;
-    if (m_rest.textRests(text, m_machine->workMs()) && !m_keyPending)
+    if (m_rest.textRests(text, m_machine->time()) && !m_keyPending)
         rest(BootState::Text);
 }
 

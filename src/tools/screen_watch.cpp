@@ -25,6 +25,8 @@ constexpr qint64 drawingWork = 900; // on a screen of 800x600; larger ones take 
 constexpr qint64 longestDrawing = 2000;
 constexpr qint64 fastDrawing = 150; // by the computer's own processor
 constexpr int equalDumps = 25;
+// So long, in ms from one dump to the next, one that idles waits at most for a processor.
+constexpr qint64 idleWaiting = 10;
 // Some themes reckon for seven seconds before they draw anything on the empty screen.
 constexpr qint64 emptyWork = 12'000;
 constexpr int emptyDumps = 400;
@@ -168,16 +170,20 @@ double mostFrequentColour(const QImage& picture)
     return all == 0 ? 0 : static_cast<double>(most) / all;
 }
 
-void RestWatch::Still::count(bool same, qint64 workMs)
+void RestWatch::Still::count(bool equal, const MachineTime& now)
 {
-    times = same ? times + 1 : 0;
-    if (!same)
-        since = workMs;
+    // One that waits for the processor would have gone on.
+    const bool held = now.waited - last.waited > idleWaiting;
+    same = equal;
+    idle = !equal ? 0 : held ? idle : idle + 1;
+    if (!equal)
+        since = now.work;
+    last = now;
 }
 
-bool RestWatch::Still::lasts(qint64 workMs, qint64 needed, int enough) const
+bool RestWatch::Still::lasts(qint64 needed, int enough) const
 {
-    return times > 0 && (workMs - since >= needed || times >= enough);
+    return same && (last.work - since >= needed || idle >= enough);
 }
 
 void RestWatch::startOver()
@@ -186,23 +192,22 @@ void RestWatch::startOver()
     m_lastText.clear();
 }
 
-bool RestWatch::pictureRests(const ScreenDump& dump, qint64 workMs)
+bool RestWatch::pictureRests(const ScreenDump& dump, const MachineTime& now)
 {
     constexpr QSize unset(640, 480);
     m_begun = m_begun || (!dump.size.isEmpty() && dump.size != unset);
     const bool comparable =
         m_begun && !dump.isText() && dump.size == m_last.size && dump.pixelsAt == m_last.pixelsAt;
     const double moved = comparable ? movedShare(dump, m_last) : 1;
-    m_equal.count(moved == 0, workMs);
-    m_moving.count(moved <= movingShare, workMs);
+    m_equal.count(moved == 0, now);
+    m_moving.count(moved <= movingShare, now);
     m_last = dump;
     m_empty = m_begun && hasOneColour(dump);
     if (m_empty)
-        return m_equal.lasts(workMs, emptyWork, emptyDumps);
+        return m_equal.lasts(emptyWork, emptyDumps);
     const qint64 work = neededWork(dump.size);
-    return m_equal.lasts(workMs, work, equalDumps) ||
-           m_moving.lasts(workMs, std::lround(static_cast<double>(work) * movingPatience),
-                          2 * equalDumps);
+    return m_equal.lasts(work, equalDumps) ||
+           m_moving.lasts(std::lround(static_cast<double>(work) * movingPatience), 2 * equalDumps);
 }
 
 qint64 RestWatch::neededWork(QSize size) const
@@ -214,12 +219,11 @@ qint64 RestWatch::neededWork(QSize size) const
                       longestDrawing);
 }
 
-bool RestWatch::textRests(const QStringList& text, qint64 workMs)
+bool RestWatch::textRests(const QStringList& text, const MachineTime& now)
 {
-    m_textual.count(!text.isEmpty() && text == m_lastText, workMs);
+    m_textual.count(!text.isEmpty() && text == m_lastText, now);
     m_lastText = text;
-    return meaningOf(text).certain ? m_textual.times > 0
-                                   : m_textual.lasts(workMs, loadingWork, equalTexts);
+    return meaningOf(text).certain ? m_textual.same : m_textual.lasts(loadingWork, equalTexts);
 }
 
 } // namespace fennel

@@ -40,6 +40,13 @@ TextMeaning meaningOf(const QStringList& text);
 // The share of the pixels, 0 to 1, in the colour that most have.
 double mostFrequentColour(const QImage& picture);
 
+// Of a machine since it began, in ms: how long processors worked for it, and how long it was ready
+// to work and got none, as the computer was busy. Of threads that ended the second is lost.
+struct MachineTime {
+    qint64 work = 0;
+    qint64 waited = 0;
+};
+
 // Tells when a screen rests: it does not change any more while the guest had time to change it.
 class RestWatch {
 public:
@@ -56,19 +63,20 @@ public:
     }
     // All pixels of the last dump have one colour.
     [[nodiscard]] bool isEmpty() const { return m_empty; }
-    // The next dump, and the processor time in ms that the guest has used until then. True if two
-    // dumps are equal, and a moment of work lies between them; or if only small things go on
-    // moving, such as a clock.
-    bool pictureRests(const ScreenDump& dump, qint64 workMs);
+    // The next dump, and the guest's time until then. True if two dumps are equal, and a moment of
+    // work lies between them; or if only small things go on moving, such as a clock.
+    bool pictureRests(const ScreenDump& dump, const MachineTime& now);
     // The same for the text, which a slow loader may add to; a cursor does not count.
-    bool textRests(const QStringList& text, qint64 workMs);
+    bool textRests(const QStringList& text, const MachineTime& now);
 
 private:
     struct Still {
-        int times = 0; // equal to the one before, in a row
-        qint64 since = 0;
-        void count(bool same, qint64 workMs);
-        [[nodiscard]] bool lasts(qint64 workMs, qint64 needed, int enough) const;
+        bool same = false; // as the one before
+        int idle = 0;      // such ones in a row between which the guest had nothing to do
+        qint64 since = 0;  // its work until the first of them
+        MachineTime last;
+        void count(bool equal, const MachineTime& now);
+        [[nodiscard]] bool lasts(qint64 needed, int enough) const;
     };
     [[nodiscard]] qint64 neededWork(QSize size) const;
 
