@@ -107,4 +107,18 @@ TEST_F(BootTestTest, HostileTitlesStayInTheirLines)
               "gfxmenu /message\ntitle a\nboot\n");
 }
 
+TEST(RestWatch, AGuestThatGetsNoProcessorIsNotDone)
+{
+    RestWatch starved;
+    RestWatch idle;
+    const QStringList text{u"SYSLINUX"_s};
+    bool rested = false;
+    for (qint64 dump = 0; dump < 100; ++dump) {
+        EXPECT_FALSE(starved.textRests(text, {dump, 40 * dump}));
+        rested = idle.textRests(text, {dump, dump});
+    }
+    EXPECT_TRUE(rested);
+    EXPECT_TRUE(starved.textRests(text, {2000, 4040})) << "it worked and wrote nothing";
+}
+
 } // namespace
