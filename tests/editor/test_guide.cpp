@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The guide: what it links to is there, in every language, and the window shows what was asked for.
+#include "editor/fonts/font_window.h"
 #include "editor/guide/guide_pages.h"
 #include "editor/guide/guide_view.h"
 #include "editor/guide/guide_window.h"
@@ -10,6 +11,7 @@
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QTextBlock>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -53,6 +55,31 @@ QStringList brokenLinks(const QString& folder, const QString& page)
             broken << page + u": "_s + to.captured(0);
     }
     return broken;
+}
+
+TEST_F(GuideTest, IsReadWhileTheFontDialogIsOpen)
+{
+    openTemplate();
+    QTimer::singleShot(0, &window, [] {
+        auto* dialog = qobject_cast<FontWindow*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == dialog; }));
+        QTest::keyClick(dialog, Qt::Key_F1);
+        GuideWindow* guide = shownGuide();
+        if (guide != nullptr) {
+            auto& view = *guide->findChild<GuideView*>();
+            EXPECT_EQ(view.source().fileName(), u"fonts.md");
+            auto& words = *guide->findChild<QLineEdit*>(u"GuideSearch"_s);
+            EXPECT_NE(guide->focusWidget(), &words);
+            QTest::mouseClick(guide->windowHandle(), Qt::LeftButton, {},
+                              words.mapTo(guide, words.rect().center()));
+            EXPECT_EQ(guide->focusWidget(), &words);
+            guide->close();
+        }
+        EXPECT_NE(guide, nullptr);
+        dialog->reject();
+    });
+    runCommand("mnuEDIT_NEWFont");
 }
 
 } // namespace

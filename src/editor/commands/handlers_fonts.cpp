@@ -87,6 +87,8 @@ std::optional<FontChoice> askForFont(MainWindow& window, const FontDialogStart& 
     Workbench& bench = window.workbench();
     FontWindow dialog(bench.shell, start, bench.characters, bench.fontSettings.defaultFontName,
                       &window);
+    QObject::connect(&dialog, &FontWindow::helpWanted, &window,
+                     [&window] { window.commands().run(QStringLiteral("mnuHelp_Guide")); });
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.choice()) : std::nullopt;
 }
 

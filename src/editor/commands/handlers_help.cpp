@@ -3,6 +3,7 @@
 #include "base/log_header.h"
 #include "base/words.h"
 #include "editor/commands/handlers.h"
+#include "editor/fonts/font_window.h"
 #include "editor/guide/guide_pages.h"
 #include "editor/guide/guide_window.h"
 #include "editor/problems/problem_window.h"
@@ -71,9 +72,13 @@ public:
     // At what the user works on.
     void openHere()
     {
-        const bool problems = qobject_cast<ProblemWindow*>(QApplication::activeWindow()) != nullptr;
-        open(problems ? GuidePlace{QStringLiteral("problems.md"), {}}
-                      : guidePlace(m_window.shell().run, m_window.workbench().params));
+        const QWidget* const active = QApplication::activeWindow();
+        if (qobject_cast<const ProblemWindow*>(active) != nullptr)
+            open({QStringLiteral("problems.md"), {}});
+        else if (qobject_cast<const FontWindow*>(active) != nullptr)
+            open({QStringLiteral("fonts.md"), {}});
+        else
+            open(guidePlace(m_window.shell().run, m_window.workbench().params));
     }
 
 private:

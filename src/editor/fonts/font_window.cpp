@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QScrollArea>
+#include <QShortcut>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -47,6 +48,10 @@ FontWindow::FontWindow(const Shell& shell, const FontDialogStart& start, CharSel
 {
     setObjectName(u"frmFonts"_s);
     setWindowTitle(start.title);
+    // The editor waits, and the guide can be read meanwhile.
+    setWindowModality(Qt::WindowModal);
+    connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
+            &FontWindow::helpWanted);
     auto* top = new QHBoxLayout;
     top->addWidget(m_views, 3);
     top->addWidget(makeFontFrame(start.mostPoints), 2);

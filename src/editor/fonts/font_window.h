@@ -29,6 +29,9 @@ public:
     // What is chosen now; for the caller after Apply.
     [[nodiscard]] FontChoice choice() const;
 
+Q_SIGNALS:
+    void helpWanted();
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
