@@ -128,14 +128,15 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
     }
 }
 
+bool ListModel::hasDecoration(const QModelIndex& index) const
+{
+    const ListRow* row = rowAt(index);
+    return row != nullptr && (!row->iconFile.isEmpty() || lookOf(*row).swatch);
+}
+
 QVariant ListModel::decoration(const ListRow& row) const
 {
     const std::optional<QRgb> colour = lookOf(row).swatch;
-    if (m_measuring && (colour || !row.iconFile.isEmpty())) {
-        QImage blank(m_iconSize, QImage::Format_Mono);
-        blank.fill(0); // the view converts it, although only its size counts
-        return blank;
-    }
     if (!row.iconFile.isEmpty()) {
         const QPixmap image = picture(row.iconFile);
         return image.isNull() ? QVariant() : QVariant(plainIcon(image));

@@ -29,8 +29,8 @@ public:
     void setIconSize(QSize size);
     // The colour of the list behind the rows.
     void setGround(QRgb ground) { m_ground = ground; }
-    // While columns are measured, pictures only take their room; they are loaded to be painted.
-    void setMeasuring(bool on) { m_measuring = on; }
+    // Whether the row has a swatch or a picture, which is not loaded for that.
+    [[nodiscard]] bool hasDecoration(const QModelIndex& index) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -60,7 +60,6 @@ private:
     mutable RowLook m_look;
     QSize m_iconSize;
     QRgb m_ground = 0xffffffff;
-    bool m_measuring = false;
     // Kept, for the views' style keeps a copy of each pixmap that it has not seen before.
     mutable QHash<QString, QPixmap>
         m_pictures; // by path, time and size of the file; blank at first

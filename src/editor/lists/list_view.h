@@ -63,7 +63,7 @@ private:
     [[nodiscard]] QAbstractItemView* current() const;
     // Each column but the last gets at most so many logical pixels.
     void fitWithin(int widest);
-    [[nodiscard]] int contentWidth(int column) const;
+    [[nodiscard]] std::vector<int> contentWidths() const;
 
     ListModel m_model;
     QTreeView* m_report;
