@@ -12,11 +12,6 @@ namespace {
 
 constexpr int iconPixels = 24;
 
-QIcon picture(int number)
-{
-    return QIcon(QStringLiteral(":/icons/%1.svg").arg(number));
-}
-
 // The picture says nothing to a screen reader.
 void sayPlain(QToolButton& button, const QString& text)
 {
@@ -25,6 +20,15 @@ void sayPlain(QToolButton& button, const QString& text)
 }
 
 } // namespace
+
+// Each is read once, whatever the button has shown since.
+const QIcon& Toolbar::picture(int number)
+{
+    QIcon& icon = m_pictures[number];
+    if (icon.isNull())
+        icon = QIcon(QStringLiteral(":/icons/%1.svg").arg(number));
+    return icon;
+}
 
 Toolbar::Toolbar(QWidget* parent) : QToolBar(parent)
 {

@@ -5,6 +5,7 @@
 #include "editor/commands/commands.h"
 #include "editor/window/toolbar_table.h"
 
+#include <QIcon>
 #include <QMenu>
 #include <QToolBar>
 #include <QToolButton>
@@ -37,8 +38,11 @@ Q_SIGNALS:
     void commandChosen(int id);
 
 private:
+    const QIcon& picture(int number);
+
     const Commands* m_commands = nullptr;
     std::map<ButtonId, QToolButton*> m_buttons;
+    std::map<int, QIcon> m_pictures; // by their numbers
     QMenu* m_drives = nullptr;
 };
 
