@@ -70,7 +70,7 @@ void FlashLink::showBios()
 
 void FlashLink::driveProgress(int percent, const QString& panel1)
 {
-    m_window.statusFields().progressBar().setValue(percent);
+    m_window.statusFields().setStep(percent);
     m_window.setStatusField(1, panel1);
 }
 

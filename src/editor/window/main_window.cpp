@@ -118,9 +118,7 @@ void MainWindow::UpdateInterface()
     // The mark stands at its end while changes are not saved; one in a name is doubled.
     name.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
     setWindowTitle(QStringLiteral("%1 (v. %2). %3[*]").arg(programTitle(), versionText(), name));
-    QProgressBar& progress = m_statusBar->progressBar();
-    progress.show();
-    m_statusBar->progressBar().setGeometry(
+    m_statusBar->beginSteps(
         ProgressBar_reset(m_workbench.shell, m_statusBar->rect(), m_statusBar->fieldPlace(2)));
     if (!run.GfxOpened)
         selectTab(*this, TabConfig);
@@ -129,12 +127,12 @@ void MainWindow::UpdateInterface()
     if (stage.isRow(stage.SelectedPanel) && !stage.panel(stage.SelectedPanel).visible)
         stage.SelectPanel(-1);
     m_workbench.lastUsed.Recreate_LastUsed(m_workbench.shell,
-                                           [&progress](int value) { progress.setValue(value); });
+                                           [this](int percent) { m_statusBar->setStep(percent); });
     showLastUsed(*this);
     m_flashLink->drives().RefreshDriveInfo(false, false);
     m_menus->update(run, m_flashLink->flashThere());
     UpdateToolbar();
-    progress.hide();
+    m_statusBar->endSteps();
     setStatus();
 }
 

@@ -6,9 +6,11 @@
 #include "editor/window/retranslated.h"
 #include "editor/window/status_line.h"
 
+#include <QEvent>
 #include <QFontMetrics>
 
 #include <algorithm>
+#include <utility>
 
 namespace fennel {
 
@@ -24,7 +26,8 @@ constexpr std::array<const char16_t*, statusFieldCount> samples = {
 constexpr int firstSharing = 6; // from 0
 constexpr int nameField = 1;    // from 0
 constexpr int nameShare = 5;    // a long name takes this part of the line at most
-constexpr int workWidth = 160;  // of the progress bar, for work that is waited for
+constexpr int stepsPatienceMs = 100;
+constexpr int workWidth = 160; // of the progress bar, for work that is waited for
 
 } // namespace
 
@@ -63,6 +66,8 @@ StatusBar::StatusBar(QWidget* parent)
     m_bottomButton->setObjectName(QStringLiteral("ComFrame2"));
     m_bottomButton->setAutoRaise(true);
     setFixedHeight(fontMetrics().height() + 2 * margin + 4);
+    for (std::size_t i = 0; i < m_fields.size(); ++i)
+        measure(i);
 }
 
 void StatusBar::setField(int number, const QString& text)
@@ -74,6 +79,7 @@ void StatusBar::setField(int number, const QString& text)
     m_texts[i] = text;
     // The whole text, as the field may show only the beginning of it.
     m_fields[i]->setToolTip(plainTip(text));
+    measure(i);
     layFields();
 }
 
@@ -82,13 +88,14 @@ QString StatusBar::field(int number) const
     return m_texts.at(static_cast<std::size_t>(number - 1));
 }
 
-int StatusBar::neededWidth(std::size_t i) const
+void StatusBar::measure(std::size_t i)
 {
     const QFontMetrics metrics(font());
     const int text = metrics.horizontalAdvance(m_texts[i]);
     const int sample = metrics.horizontalAdvance(QString::fromUtf16(samples[i]));
     // Frame and margin on either side.
-    return std::max(text, sample) + 4 * margin;
+    m_needed[i] = std::max(text, sample) + 4 * margin;
+    m_shown[i] = -1;
 }
 
 void StatusBar::layFields()
@@ -99,12 +106,12 @@ void StatusBar::layFields()
     int x = 0;
     for (std::size_t i = 0; i < m_fields.size(); ++i) {
         const int left = std::max(0, end - x);
-        int field = neededWidth(i);
+        int field = m_needed[i];
         if (i == nameField)
             field = std::min(field, width() / nameShare);
         // The hint at the end says what to do next; what stands before it gives way.
         if (i == firstSharing)
-            field = m_texts[i].isEmpty() ? 0 : std::max(left - neededWidth(i + 1), left / 4);
+            field = m_texts[i].isEmpty() ? 0 : std::max(left - m_needed[i + 1], left / 4);
         else if (i > firstSharing)
             field = left;
         // Never under the button at the end, however long the texts before.
@@ -112,7 +119,9 @@ void StatusBar::layFields()
         m_fields[i]->setGeometry(x, 1, field, height() - 2);
         // Names of several versions of a file differ at their ends.
         const auto cut = i == nameField ? Qt::ElideMiddle : Qt::ElideRight;
-        m_fields[i]->setText(metrics.elidedText(m_texts[i], cut, std::max(0, field - 2 * margin)));
+        if (std::exchange(m_shown[i], field) != field)
+            m_fields[i]->setText(
+                metrics.elidedText(m_texts[i], cut, std::max(0, field - 2 * margin)));
         x += field;
     }
     m_problems->setGeometry(end, 1, problems, height() - 2);
@@ -166,6 +175,37 @@ void StatusBar::setProblems(const QIcon& icon, const QString& count, const QStri
 QRect StatusBar::fieldPlace(int number) const
 {
     return m_fields.at(static_cast<std::size_t>(number - 1))->geometry();
+}
+
+void StatusBar::beginSteps(const QRect& place)
+{
+    m_progress->setGeometry(place);
+    m_steps.start();
+}
+
+// A visible bar paints itself, and with it all of the window that waits to be painted.
+void StatusBar::setStep(int percent)
+{
+    if (m_steps.isValid() && m_steps.hasExpired(stepsPatienceMs))
+        m_progress->show();
+    m_progress->setValue(percent);
+}
+
+void StatusBar::endSteps()
+{
+    m_steps.invalidate();
+    m_progress->hide();
+}
+
+void StatusBar::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::FontChange)
+        return;
+    setFixedHeight(fontMetrics().height() + 2 * margin + 4);
+    for (std::size_t i = 0; i < m_fields.size(); ++i)
+        measure(i);
+    layFields();
 }
 
 void StatusBar::resizeEvent(QResizeEvent* event)

@@ -4,6 +4,7 @@
 // and what is going on and a button to call it off stand behind it.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QIcon>
 #include <QLabel>
 #include <QProgressBar>
@@ -31,6 +32,11 @@ public:
     // In the coordinates of the line, with its frame.
     [[nodiscard]] QRect fieldPlace(int number) const;
     [[nodiscard]] QProgressBar& progressBar() { return *m_progress; }
+    // What usually is done in a moment: the bar comes only if that lasts. `place` as
+    // progressPlace().
+    void beginSteps(const QRect& place);
+    void setStep(int percent);
+    void endSteps();
     [[nodiscard]] QToolButton& bottomButton() { return *m_bottomButton; }
     [[nodiscard]] QPushButton& cancelButton() { return *m_cancel; }
     [[nodiscard]] QToolButton& problemsButton() { return *m_problems; }
@@ -43,16 +49,21 @@ public:
     void hideWork();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void layFields();
     void layWork();
-    [[nodiscard]] int neededWidth(std::size_t i) const;
+    // Of the text of a field, after it or the font changed.
+    void measure(std::size_t i);
 
     std::array<QLabel*, statusFieldCount> m_fields{};
     std::array<QString, statusFieldCount> m_texts; // whole; the labels may show less
+    std::array<int, statusFieldCount> m_needed{};  // room for the text, logical pixels
+    std::array<int, statusFieldCount> m_shown{};   // width that the label's text was cut for
     QProgressBar* m_progress;
+    QElapsedTimer m_steps; // since their begin; invalid: there are none
     QWidget* m_work;
     QLabel* m_what;
     QPushButton* m_cancel;
