@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "checks/document_check.h"
 
+#include "base/file_names.h"
 #include "base/files.h"
 #include "base/posix_file.h"
 #include "container/member_list.h"
@@ -41,9 +42,8 @@ QByteArray bytesOf(const RunState& run, const MemberName& name)
 QByteArray beginningOf(const RunState& run, const MemberName& name)
 {
     constexpr qint64 head = 16;
-    const QString path = QFile::decodeName(QFile::encodeName(run.Workspace) + name.bytes);
-    QFile file(path);
-    return FileExists(path) && file.open(QIODevice::ReadOnly) ? file.read(head) : QByteArray();
+    const Result<QByteArray> front = readFront(run.Workspace + pathOfBytes(name.bytes), head);
+    return front ? *front : QByteArray();
 }
 
 // As it will be, since the lists are ahead of the files.

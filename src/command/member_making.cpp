@@ -142,7 +142,7 @@ Result<QByteArray> makeFont(const QString& appPath, const FontRequest& request, 
     const Result<void> built =
         BuildFont(session.shell(), *set, *choice, FontScanSettings().logPixelsY);
     if (built)
-        return readBytes(run.Workspace + newFontFile);
+        return readBytes(newFontFile(session.shell()));
     const bool empty = built.failure().kind == FailureKind::NotFound;
     return empty ? Failure{FailureKind::NotFound, "no character of the set is in this font"}
                  : failureOf(prompts, built);

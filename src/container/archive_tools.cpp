@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "container/archive_tools.h"
 
-#include "base/file_names.h"
-#include "base/posix_file.h"
 #include "base/tool_output.h"
 #include "base/words.h"
+#include "container/gzip.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
-
-#include <array>
-#include <limits>
 
 namespace fennel {
 
@@ -32,8 +28,7 @@ Failure reasonOf(const Shell& shell, const Result<void>& ran, const QString& mis
 
 Result<bool> beginsAsGzip(const QString& path)
 {
-    constexpr qsizetype most = 16; // more than its mark has
-    const Result<QByteArray> front = readFront(path, most);
+    const Result<QByteArray> front = readFront(path, gzipMarkSize);
     return front ? Result<bool>(isGzip(spanOf(*front))) : front.failure();
 }
 

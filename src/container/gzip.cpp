@@ -17,7 +17,8 @@ namespace {
 
 using Bytes = std::span<const std::uint8_t>;
 
-constexpr std::array<std::uint8_t, 3> gzipMagic{0x1f, 0x8b, 8}; // the third is the method, deflate
+// The third is the method, deflate.
+constexpr std::array<std::uint8_t, gzipMarkSize> gzipMagic{0x1f, 0x8b, 8};
 constexpr std::uint8_t flagCrc = 2;
 constexpr std::uint8_t flagExtra = 4;
 constexpr std::uint8_t flagName = 8;

@@ -33,7 +33,8 @@ struct GzipContents {
 };
 
 // Whether the bytes begin as a gzip file does (magic and method 8), so that everything further
-// wrong with them is a fault of a gzip file.
+// wrong with them is a fault of a gzip file. It takes gzipMarkSize of them to tell.
+inline constexpr std::size_t gzipMarkSize = 3;
 [[nodiscard]] bool isGzip(std::span<const std::uint8_t> file);
 
 // A gzip file with one member and the flag FNAME. `name` holds no NUL. `level` is libdeflate's, 1

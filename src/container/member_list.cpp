@@ -100,4 +100,12 @@ bool isListed(const QString& folder, const QString& name)
     return std::ranges::find(names, name, &MemberName::text) != names.end();
 }
 
+QString nameBesideMembers(const QString& folder, const QString& name)
+{
+    QString free = name;
+    while (isListed(folder, free))
+        free.prepend(QLatin1Char('#'));
+    return free;
+}
+
 } // namespace fennel

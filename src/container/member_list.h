@@ -22,4 +22,8 @@ Result<void> RebuildMemberList(const Shell& shell, const QString& addedPattern);
 // Whether the "#.lst" of a folder, which ends in "/", names that member; not without a "#.lst".
 [[nodiscard]] bool isListed(const QString& folder, const QString& name);
 
+// The name for a file that lies in the folder and is no member: `name`, with as many "#" before it
+// as keep it from being that of one.
+[[nodiscard]] QString nameBesideMembers(const QString& folder, const QString& name);
+
 } // namespace fennel

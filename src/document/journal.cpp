@@ -2,6 +2,7 @@
 #include "document/journal.h"
 
 #include "base/failure_words.h"
+#include "base/file_names.h"
 #include "base/words.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
@@ -20,8 +21,9 @@ namespace {
 // A further name of a file that is never written over; its copy where there are no links.
 bool keep(const QByteArray& from, const QByteArray& to)
 {
+    (void)::unlink(to.constData()); // an earlier run's
     return ::link(from.constData(), to.constData()) == 0 ||
-           QFile::copy(QFile::decodeName(from), QFile::decodeName(to));
+           DiskFiles().copy(pathOfBytes(from), pathOfBytes(to)).ok();
 }
 
 // Whether it is still the same file with the same bytes, without a look into it.
@@ -172,27 +174,44 @@ std::optional<JournalMembers> Journal::changedMembers()
     const RunState& run = m_document.run();
     const QByteArray workspace = QFile::encodeName(run.Workspace);
     const Result<QByteArray> list = readBytes(run.Workspace + memberListName);
-    JournalMembers members;
+    std::map<QByteArray, Kept> files;
+    QByteArrayList names;
     QByteArray seen;
     for (const MemberName& name : list ? memberNames(*list) : std::vector<MemberName>()) {
         const QByteArray facts = factsOf(workspace + name.bytes);
         if (facts.isEmpty())
             continue;
-        members.names.append(name.bytes);
+        files[name.bytes].facts = facts;
+        names.append(name.bytes);
         seen += name.bytes + '\n';
         if (name.text != cfgMemberName)
             seen += facts + '\n';
     }
     if (m_writer.hasMembers() && seen == m_members)
         return std::nullopt;
-    members.folder = run.WorkspaceRoot + u"~journal/%1/"_s.arg(++m_takes);
-    if (Result<void> made = DiskFiles().makeFolder(members.folder); !made) {
+    const QString place = run.WorkspaceRoot + u"~journal/"_s;
+    if (!FolderExists(place)) // never made, or taken away by whoever cleans up
+        m_kept.clear();
+    if (Result<void> made = DiskFiles().makeFolder(place); !made) {
         tell(made.failure());
         return std::nullopt;
     }
-    const QByteArray folder = QFile::encodeName(members.folder);
-    for (const QByteArray& name : members.names)
-        (void)keep(workspace + name, folder + name);
+    JournalMembers members;
+    for (const QByteArray& name : names) {
+        const auto kept = m_kept.find(name);
+        Kept& file = files[name];
+        if (kept != m_kept.end() && kept->second.facts == file.facts) {
+            file.path = kept->second.path;
+            m_kept.erase(kept);
+        } else {
+            file.path = QFile::encodeName(place) + QByteArray::number(++m_takes);
+            (void)keep(workspace + name, file.path);
+        }
+        members.files.push_back({name, file.path});
+    }
+    for (const auto& [name, kept] : m_kept)
+        members.unused.append(kept.path);
+    m_kept = std::move(files);
     m_members = seen;
     return members;
 }

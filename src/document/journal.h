@@ -8,6 +8,7 @@
 
 #include <QTimer>
 
+#include <map>
 #include <mutex>
 #include <optional>
 
@@ -56,6 +57,11 @@ private:
     QString m_name;
     bool m_gz = false;
     QByteArray m_members; // of the last members that were written: names, files, sizes and times
+    struct Kept {
+        QByteArray facts;
+        QByteArray path;
+    };
+    std::map<QByteArray, Kept> m_kept; // the files of these members, under names of the journal's
     int m_takes = 0;
     bool m_opening = false;
     bool m_told = false;

@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace fennel {
 
@@ -29,8 +30,7 @@ Result<QByteArray> archiveOf(const JournalMembers& members)
 {
     std::vector<QByteArray> bytes;
     std::vector<CpioMember> list;
-    for (const QByteArray& name : members.names) {
-        const QByteArray path = QFile::encodeName(members.folder) + name;
+    for (const auto& [name, path] : members.files) {
         Result<QByteArray> read = memberBytes(path);
         if (!read)
             return read.failure();
@@ -100,7 +100,7 @@ void JournalWriter::post(Job&& job)
         if (job.kind == Job::Write && !m_jobs.empty() && m_jobs.back().kind == Job::Write) {
             Job& waiting = m_jobs.back();
             if (job.members && waiting.members)
-                (void)DiskFiles().removeFolder(waiting.members->folder);
+                job.members->unused += waiting.members->unused;
             if (!job.members)
                 job.members = std::move(waiting.members);
             waiting = std::move(job);
@@ -140,8 +140,8 @@ void JournalWriter::doJob(Job& job)
 {
     if (job.kind == Job::Write) {
         const Result<void> done = writeJob(job);
-        if (job.members)
-            (void)DiskFiles().removeFolder(job.members->folder);
+        for (const QByteArray& path : job.members ? job.members->unused : QByteArrayList())
+            ::unlink(path.constData());
         m_good = done.ok();
         if (!done)
             m_failed(done.failure());

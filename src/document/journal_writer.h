@@ -10,14 +10,18 @@
 #include <functional>
 #include <mutex>
 #include <thread>
+#include <vector>
 
 namespace fennel {
 
-// The files to pack as a journal's members: in a folder of their own, which goes once they are
-// packed. Nobody writes into them meanwhile.
+// The files to pack as a journal's members. Nobody writes into them.
+struct JournalMember {
+    QByteArray name;
+    QByteArray path;
+};
 struct JournalMembers {
-    QString folder; // ends in "/"
-    QByteArrayList names;
+    std::vector<JournalMember> files;
+    QByteArrayList unused; // by these and later members; they go once these are packed
 };
 
 // Everything is called from one thread and returns at once, but for finish(). What is asked for is

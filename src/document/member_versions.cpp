@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "document/member_versions.h"
 
+#include "base/file_names.h"
+
 #include <QFile>
 
 #include <cerrno>
@@ -37,10 +39,9 @@ Failure failed(const QByteArray& name)
 Result<void> linkOrCopy(const QByteArray& from, const QByteArray& to)
 {
     unlink(to.constData());
-    if (link(from.constData(), to.constData()) == 0 ||
-        QFile::copy(QFile::decodeName(from), QFile::decodeName(to)))
+    if (link(from.constData(), to.constData()) == 0)
         return {};
-    return failed(from);
+    return DiskFiles().copy(pathOfBytes(from), pathOfBytes(to));
 }
 
 // Not looked into.
@@ -74,16 +75,27 @@ Result<VersionId> MemberVersions::keep(const QByteArray& name)
 
 Result<MemberVersions::Snapshot> MemberVersions::take()
 {
-    Snapshot snapshot = filesOf(m_shell.run.Workspace);
-    for (auto& [name, seen] : snapshot) {
-        const Result<VersionId> version = keep(name);
-        if (!version) {
-            dropAll(snapshot);
-            return version.failure();
+    Snapshot now = filesOf(m_shell.run.Workspace);
+    for (auto kept = m_kept.begin(); kept != m_kept.end();) {
+        const auto is = now.find(kept->first);
+        if (is != now.end() && sameFile(kept->second, is->second)) {
+            is->second.version = kept->second.version;
+            ++kept;
+        } else {
+            drop(kept->second.version);
+            kept = m_kept.erase(kept);
         }
-        seen.version = *version;
     }
-    return snapshot;
+    for (auto& [name, seen] : now) {
+        if (seen.version != 0)
+            continue;
+        const Result<VersionId> version = keep(name);
+        if (!version)
+            return version.failure();
+        seen.version = *version;
+        m_kept[name] = seen;
+    }
+    return now;
 }
 
 // A file that was put back from a copy is another one with the same bytes.
@@ -91,17 +103,17 @@ bool MemberVersions::unchanged(const Seen& was, const QByteArray& name, const Se
 {
     if (sameFile(was, now) || was.size != now.size)
         return was.size == now.size;
-    QFile old(pathOf(was.version));
-    QFile fresh(QFile::decodeName(inWorkspace(name)));
-    return old.open(QIODevice::ReadOnly) && fresh.open(QIODevice::ReadOnly) &&
-           old.readAll() == fresh.readAll();
+    const Result<QByteArray> old = readBytes(pathOf(was.version));
+    const Result<QByteArray> fresh = readBytes(pathOfBytes(inWorkspace(name)));
+    return old && fresh && *old == *fresh;
 }
 
 Result<std::map<QByteArray, BeforeAfter<VersionId>>> MemberVersions::since(Snapshot&& before,
                                                                            qint64& bytes)
 {
     std::map<QByteArray, BeforeAfter<VersionId>> changes;
-    for (const auto& [name, now] : filesOf(m_shell.run.Workspace)) {
+    const Snapshot files = filesOf(m_shell.run.Workspace);
+    for (const auto& [name, now] : files) {
         const auto was = before.find(name);
         if (was != before.end() && unchanged(was->second, name, now))
             continue;
@@ -111,14 +123,11 @@ Result<std::map<QByteArray, BeforeAfter<VersionId>>> MemberVersions::since(Snaps
         changes[name].after = *version;
         bytes += now.size;
     }
-    const Snapshot now = filesOf(m_shell.run.Workspace);
-    for (auto& [name, was] : before) {
-        const auto is = now.find(name);
-        if (is != now.end() && !changes.contains(name)) {
-            drop(was.version);
+    for (const auto& [name, was] : before) {
+        if (files.contains(name) && !changes.contains(name))
             continue;
-        }
         changes[name].before = was.version;
+        m_kept.erase(name); // who asked has it now
         bytes += was.size;
     }
     return changes;
@@ -137,10 +146,7 @@ Result<void> MemberVersions::restore(Snapshot&& before)
         if (is == now.end() || !sameFile(was, is->second))
             versions[name] = was.version;
     }
-    Result<void> done = put(versions);
-    if (done)
-        dropAll(before);
-    return done;
+    return put(versions);
 }
 
 Result<void> MemberVersions::put(const std::map<QByteArray, VersionId>& versions)
@@ -173,17 +179,12 @@ void MemberVersions::drop(VersionId version)
         unlink(QFile::encodeName(pathOf(version)).constData());
 }
 
-void MemberVersions::dropAll(const Snapshot& snapshot)
-{
-    for (const auto& [name, seen] : snapshot)
-        drop(seen.version);
-}
-
 void MemberVersions::clear()
 {
     if (m_last > 0)
         (void)m_shell.files.removeFolder(folderPart(pathOf(0)));
     m_last = 0;
+    m_kept.clear();
 }
 
 } // namespace fennel

@@ -25,7 +25,8 @@ public:
     // Every file of the Workspace by the bytes of its name, each kept as a version.
     using Snapshot = std::map<QByteArray, Seen>;
 
-    // Fails if a version cannot be kept; then none is.
+    // Fails if a version cannot be kept. Files that are as they were at the snapshot before are
+    // kept already.
     Result<Snapshot> take();
     // What changed since a snapshot, which is used up. The versions of both sides stay kept.
     Result<std::map<QByteArray, BeforeAfter<VersionId>>> since(Snapshot&& before, qint64& bytes);
@@ -45,10 +46,10 @@ private:
     Result<VersionId> keep(const QByteArray& name);
     [[nodiscard]] bool unchanged(const Seen& was, const QByteArray& name, const Seen& now) const;
     [[nodiscard]] QByteArray inWorkspace(const QByteArray& name) const;
-    void dropAll(const Snapshot& snapshot);
 
     const Shell& m_shell;
     VersionId m_last = 0;
+    Snapshot m_kept; // of the last snapshot, what no step has
 };
 
 } // namespace fennel

@@ -75,7 +75,8 @@ Result<void> keepFirstFont(const Shell& shell)
     const QString first = inWorkspace(shell, fontFileName(firstFontNumber));
     if (!FileExists(first))
         return {};
-    return shell.files.replaceWhole(first, inWorkspace(shell, fontBackupFile));
+    return shell.files.replaceWhole(
+        first, shell.run.Workspace + nameBesideMembers(shell.run.Workspace, u"#16x16.#nt"_s));
 }
 
 // Makes the file a member.
@@ -99,7 +100,7 @@ Result<QString> install(const Shell& shell, const QString& name)
     const QString path = inWorkspace(shell, name);
     const bool member = FileExists(path) && isListed(shell.run.Workspace, name);
     FileSteps steps(shell);
-    Result<void> done = steps.replace(inWorkspace(shell, newFontFile), path);
+    Result<void> done = steps.replace(newFontFile(shell), path);
     // The order of the members stays when none is added.
     if (done && !member)
         done = registerMember(shell, steps, name);
@@ -135,6 +136,11 @@ QString refusal(const Shell& shell, const FontState& fonts, const FontCommand& c
 }
 
 } // namespace
+
+QString newFontFile(const Shell& shell)
+{
+    return inWorkspace(shell, nameBesideMembers(shell.run.Workspace, u"#.#nt"_s));
+}
 
 // The points are rounded before they become pixels: 14.5 points make the pixels of 14.
 int fontPixels(double points, int logPixelsY)
@@ -184,7 +190,7 @@ QStringList fontMakerCommand(const Shell& shell, const CharSelected& set, const 
             QString::number(choice.FontSpaceWidth),
             QString::number(choice.FontLineSpace),
             QString::number(choice.FontLetterSpace),
-            inWorkspace(shell, newFontFile),
+            newFontFile(shell),
             u",0"_s};
 }
 
@@ -206,7 +212,7 @@ QString nextFontName(const ListRows& fontRows)
 Result<void> BuildFont(const Shell& shell, const CharSelected& set, const FontChoice& choice,
                        int logPixelsY)
 {
-    const QString output = inWorkspace(shell, newFontFile);
+    const QString output = newFontFile(shell);
     Result<void> removed =
         shell.files.remove(output); // an earlier run's must not pass for this one's
     if (!removed)
@@ -250,7 +256,7 @@ std::optional<FontChange> ChangeFont(const Shell& shell, const FontState& fonts,
     if (!built) {
         // What failed must not lie in the Workspace, where a later command would take it for its
         // own.
-        (void)shell.files.remove(inWorkspace(shell, newFontFile));
+        (void)shell.files.remove(newFontFile(shell));
         tellFailure(shell, built.failure());
         return std::nullopt;
     }
@@ -260,7 +266,7 @@ std::optional<FontChange> ChangeFont(const Shell& shell, const FontState& fonts,
             ? install(shell, nextFontName(fonts.rows))
             : installChanged(shell, row != nullptr ? row->texts.value(0).trimmed() : QString());
     if (!component) {
-        (void)shell.files.remove(inWorkspace(shell, newFontFile));
+        (void)shell.files.remove(newFontFile(shell));
         // Whatever its kind, it is not that the font has no character.
         Failure failure = component.failure();
         failure.kind = FailureKind::Io;

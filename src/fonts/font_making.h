@@ -13,8 +13,9 @@
 
 namespace fennel {
 
-inline const QString newFontFile = QStringLiteral("#.#nt");         // until it has its place
-inline const QString fontBackupFile = QStringLiteral("#16x16.#nt"); // the replaced first font
+// Where the tool's output lies until it has got its place: #.#nt in the Workspace, if no member is
+// called so. The first font that was replaced stays there as #16x16.#nt likewise.
+QString newFontFile(const Shell& shell);
 
 // What the dialog begins with.
 struct FontDialogStart {
@@ -47,7 +48,7 @@ QStringList fontMakerCommand(const Shell& shell, const CharSelected& set, const 
 QString nextFontName(const ListRows& fontRows);
 
 // Runs the tool and puts the tag behind its output. On success a font with at least one character
-// stands as newFontFile in the Workspace. NotFound: its character set is empty (the file is left,
+// stands as newFontFile. NotFound: its character set is empty (the file is left,
 // without use); any other kind: no file, and the reason.
 Result<void> BuildFont(const Shell& shell, const CharSelected& set, const FontChoice& choice,
                        int logPixelsY);

@@ -12,8 +12,9 @@ namespace fennel {
 namespace {
 
 constexpr qint64 defaultTechnical = 15;
-constexpr int technicalParam = 77;  // s.menu.zuk.entries, in file 0
-constexpr qsizetype wordLength = 6; // of "title ", whatever its last character is
+constexpr int technicalParam = 77;       // s.menu.zuk.entries, in file 0
+constexpr qsizetype wordLength = 6;      // of "title ", whatever its last character is
+constexpr qsizetype longestEntry = 4096; // more characters than a screen has columns of pixels
 const QString cutMark = QStringLiteral("\\n");
 
 // "[ABC] text" shows " text"; without a "]" all of it.
@@ -78,7 +79,7 @@ QString MenuEntries(const QString& text, bool hasZuk, qint64 technical)
     QString entries;
     for (qint64 i = 0; i < shown; ++i) {
         const QStringView title = titles[static_cast<std::size_t>(i)];
-        entries += hasZuk ? behindBracket(title) : title;
+        entries += (hasZuk ? behindBracket(title) : title).left(longestEntry);
         entries += u'|';
     }
     return entries;

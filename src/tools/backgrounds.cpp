@@ -20,7 +20,9 @@ namespace {
 // back.jpg is kept as back.#pg, which no list takes for a picture.
 QString backupOf(const QString& back)
 {
-    return folderPart(back) + namePart(back).toLower().replace(u".jpg"_s, u".#pg"_s);
+    const QString folder = folderPart(back);
+    return folder +
+           nameBesideMembers(folder, namePart(back).toLower().replace(u".jpg"_s, u".#pg"_s));
 }
 
 // Places are reckoned from it, so it changes with all backgrounds.

@@ -147,6 +147,17 @@ TEST_F(FontMaking, AFontOfAnUnlistedNameBecomesAMember)
     EXPECT_EQ(member(u"#.lst"_s), "init\r\n16x16.fnt\r\nLength\r\n");
 }
 
+TEST_F(FontMaking, MembersThatAreCalledAsItsOwnFilesStay)
+{
+    shell.member(u"#.#nt"_s, "a member");
+    shell.member(u"#16x16.#nt"_s, "another");
+    shell.member(u"#.lst"_s, members + "#.#nt\r\n#16x16.#nt\r\n");
+    generation(2);
+    ASSERT_TRUE(run());
+    EXPECT_EQ(member(u"#.#nt"_s) + member(u"#16x16.#nt"_s), "a memberanother");
+    EXPECT_EQ(member(u"##16x16.#nt"_s), "old font 0");
+}
+
 // The tool's own reason reaches the user with the program's message.
 TEST_F(FontMaking, TellsWhyTheToolMadeNothing)
 {

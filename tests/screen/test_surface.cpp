@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Picture1 as a widget: real events in, painted pixels out, and no work while nothing moves.
+#include "editor/colour/pipette.h"
 #include "editor/stage/stage_surface.h"
 #include "stage_fixture.h"
 
+#include <QLabel>
 #include <QTest>
+#include <QWindow>
 
 #include <cmath>
 
@@ -92,6 +95,40 @@ TEST_F(SurfaceTest, EveryPixelOfTheScreenIsReached)
         EXPECT_EQ(rec(5).Left, left) << ratio;
     }
     surface.setParent(nullptr);
+}
+
+// At scale factors, too: the window system tells whole logical pixels, the events tell all.
+TEST(PipetteTest, PicksEveryPixelOfTheScreen)
+{
+    // The platform without a screen finds windows by logical places and pixels of the screen alike,
+    // so the window reaches further than the points.
+    constexpr int side = 300;
+    QLabel shown(nullptr, Qt::FramelessWindowHint);
+    const double ratio = shown.devicePixelRatioF();
+    QImage pattern(QSize(side, side) * ratio, QImage::Format_RGB32);
+    for (int y = 0; y < pattern.height(); ++y) {
+        for (int x = 0; x < pattern.width(); ++x)
+            pattern.setPixel(x, y, qRgb(x & 255, y & 255, 77));
+    }
+    pattern.setDevicePixelRatio(ratio);
+    shown.setPixmap(QPixmap::fromImage(pattern));
+    shown.setGeometry(0, 0, side, side);
+    shown.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&shown));
+    Pipette pipette(nullptr);
+    QPointF mouse;
+    pipette.setScreen(grabAround, [&] { return QPointF(mouse.toPoint()); });
+    for (int pixel = 7; pixel < 250; pixel += 10) {
+        mouse = QPointF(pixel, pixel + 2) / ratio;
+        pipette.start();
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, QPointF(), mouse, Qt::LeftButton, Qt::LeftButton,
+                              Qt::NoModifier);
+            QApplication::sendEvent(pipette.windowHandle(), &event);
+        }
+        EXPECT_FALSE(pipette.working());
+        EXPECT_EQ(QColor(pipette.colour()), QColor(pixel, pixel + 2, 77)) << ratio;
+    }
 }
 
 TEST_F(SurfaceTest, PulseRunsOnlyWhileTheMarkerCanBeSeen)

@@ -35,6 +35,11 @@ TEST(Backgrounds, ImportKeepsTheOldPictureAndItsSize)
               w.member(u"back.#pg"_s));
     EXPECT_EQ(w.host.calls, (QStringList{u"backgrounds"_s, u"show"_s}));
     EXPECT_TRUE(w.user.texts.isEmpty());
+    // A member that is called as the backup is none.
+    w.t.member(u"back.#pg"_s, "a member");
+    EXPECT_TRUE(w.t.files.append(w.member(u"#.lst"_s), "back.#pg\r\n").ok());
+    EXPECT_TRUE(ImportBack(w.shell, w.host, {}, false));
+    EXPECT_EQ(bytesOf(w.member(u"back.#pg"_s)), "a member");
 }
 
 TEST(Backgrounds, ChangesAMemberThatIsNotShown)

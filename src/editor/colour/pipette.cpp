@@ -10,6 +10,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QWindow>
 
 namespace fennel {
 
@@ -138,6 +139,7 @@ void Pipette::takeOver()
     moveBeside(mouse().toPoint());
     show();
     raise();
+    windowHandle()->installEventFilter(this);
     // Clicks must not reach the window below, whosever it is.
     grabMouse(m_cursor);
     grabKeyboard();
@@ -205,7 +207,7 @@ void Pipette::timerEvent(QTimerEvent* event)
         tick();
 }
 
-// What the window system is asked for comes in whole logical pixels; events tell them exactly.
+// What the window system is asked for comes in whole logical pixels; its events tell them exactly.
 QPointF Pipette::mouse() const
 {
     const QPointF asked = m_mouse();
@@ -213,14 +215,17 @@ QPointF Pipette::mouse() const
     return near ? *m_place : asked;
 }
 
-void Pipette::mouseMoveEvent(QMouseEvent* event)
+// The window's events; those of the widget have their places on the screen rounded.
+bool Pipette::eventFilter(QObject* watched, QEvent* event)
 {
-    m_place = event->globalPosition();
+    if (watched == windowHandle() &&
+        (event->type() == QEvent::MouseMove || event->type() == QEvent::MouseButtonPress))
+        m_place = static_cast<QMouseEvent*>(event)->globalPosition();
+    return QWidget::eventFilter(watched, event);
 }
 
 void Pipette::mousePressEvent(QMouseEvent* event)
 {
-    m_place = event->globalPosition();
     // The pixel under the click, not that of the tick before.
     if (!m_clicked && event->button() == Qt::LeftButton)
         tick();
