@@ -46,6 +46,8 @@ MainWindow::MainWindow(Workbench& workbench) : m_workbench(workbench)
     m_bootLink = std::make_unique<BootLink>(*this);
     m_problemLink = std::make_unique<ProblemLink>(*this);
     buildAreas();
+    m_answer.setSingleShot(true);
+    connect(&m_answer, &QTimer::timeout, this, &MainWindow::answered);
     m_waiting = std::make_unique<WindowProgress>(*this, *m_statusBar);
     m_commands.holdWhile([this] {
         // A drag that lost its release holds nothing.

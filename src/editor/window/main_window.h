@@ -12,6 +12,7 @@
 #include <QElapsedTimer>
 #include <QList>
 #include <QMainWindow>
+#include <QTimer>
 
 #include <memory>
 
@@ -110,6 +111,7 @@ Q_SIGNALS:
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -127,9 +129,12 @@ private:
     void keepOnScreen();
     void takeStoredPlace();
     void storePlace();
+    void answered();
     void windowPulled();
     void windowFilled();
     [[nodiscard]] int barsHeight() const;
+    // What the window system puts around the window; nothing until it has answered.
+    [[nodiscard]] QSize border() const;
     void askSize(QSize size);
     void setPanelWidth(int width);
     void setPanelHeight(int height);
@@ -166,10 +171,11 @@ private:
     bool m_free = false;   // the user made the window larger or smaller
     bool m_filled = false; // it was laid out maximised
     QSize m_laid;          // the size that the areas were laid out for
+    QSize m_laidBorder;    // and what was around it
     QSize m_baseSize;      // from these two the room is shared that the user adds
     int m_basePanel = 0;
-    QList<QSize> m_asked; // of the window system, and perhaps not answered yet
-    QElapsedTimer m_askedAt;
+    QList<QSize> m_asked;     // of the window system, and perhaps not answered yet
+    QTimer m_answer;          // the last answer stays
     QElapsedTimer m_pulledAt; // when it became free
 };
 

@@ -222,7 +222,7 @@ LayoutInput MainWindow::layoutInput() const
     input.picture = m_picture->size();
     // What the desktop leaves when the window's border, menu, toolbar and status line are taken
     // off.
-    const QSize border = frameGeometry().size() - size();
+    const QSize border = this->border();
     const QSize desktop = screen()->availableGeometry().size();
     input.available = {desktop.width() - border.width(),
                        desktop.height() - border.height() - barsHeight()};
@@ -247,6 +247,7 @@ void MainWindow::LayoutWindow()
     if (m_laying)
         return;
     const QScopedValueRollback<bool> laying(m_laying, true);
+    m_laidBorder = border();
     const LayoutResult layout = layoutWindow(layoutInput());
     m_workbench.shell.run.RightPanelWidth = layout.RightPanelWidth;
     m_workbench.shell.run.BottomPanelHeight = layout.BottomPanelHeight;
@@ -390,7 +391,7 @@ FillRoom MainWindow::fillRoom() const
     const auto device = [this](int logical) { return roundToEven(logical * devicePixelRatioF()); };
     const WindowFlags& flags = m_workbench.flags;
     const QRect desktop = screen()->availableGeometry();
-    const QSize border = frameGeometry().size() - size();
+    const QSize border = this->border();
     FillRoom room;
     room.workArea = {device(desktop.x()), device(desktop.y()), device(desktop.width()),
                      device(desktop.height())};

@@ -5,9 +5,11 @@
 #include "editor/window/window_place.h"
 
 #include <QGuiApplication>
+#include <QMoveEvent>
 #include <QResizeEvent>
 #include <QScreen>
 #include <QTimer>
+#include <QWindow>
 
 namespace fennel {
 
@@ -26,8 +28,22 @@ void MainWindow::askSize(QSize size)
     m_asked.append(size);
     while (m_asked.size() > keptRequests)
         m_asked.removeFirst();
-    m_askedAt.start();
     resize(size);
+}
+
+QSize MainWindow::border() const
+{
+    const QMargins margins =
+        windowHandle() == nullptr ? QMargins() : windowHandle()->frameMargins();
+    return {margins.left() + margins.right(), margins.top() + margins.bottom()};
+}
+
+// A window manager that is slow puts its frame around a window that filled the screen.
+void MainWindow::moveEvent(QMoveEvent* event)
+{
+    QMainWindow::moveEvent(event);
+    if (!m_laid.isEmpty() && border() != m_laidBorder)
+        QTimer::singleShot(0, this, &MainWindow::LayoutWindow);
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event)
@@ -35,9 +51,17 @@ void MainWindow::resizeEvent(QResizeEvent* event)
     QMainWindow::resizeEvent(event);
     if (m_laying || m_laid.isEmpty() || size() == m_laid)
         return;
-    const bool answer = event->spontaneous() && m_askedAt.isValid() &&
-                        m_askedAt.elapsed() < answerMs && m_asked.contains(size());
-    if (!answer)
+    // An old answer may be followed by the last one, however busy the window system is.
+    if (event->spontaneous() && m_asked.contains(size()))
+        m_answer.start(answerMs);
+    else
+        windowPulled();
+}
+
+// A size that was asked for once and then stays is the user's, or all that the window system gives.
+void MainWindow::answered()
+{
+    if (size() != m_laid)
         windowPulled();
 }
 
