@@ -5,6 +5,7 @@
 #include "base/posix_file.h"
 #include "base/tool_output.h"
 #include "base/words.h"
+#include "container/gzip.h"
 #include "container/member_list.h"
 #include "container/member_table.h"
 
