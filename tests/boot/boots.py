@@ -83,6 +83,21 @@ def block_font(width=6, height=12, letters=94):
     return struct.pack("<IIBBb", 0xD2828E06, len(codes) + 1, height, 0, height + 2) + entries + glyphs
 
 
+def engine_with(name):
+    """The engine with more words in front of its start."""
+    engine, data = (HERE.parent.parent / room for room in ("engine", "data"))
+    with tempfile.TemporaryDirectory() as place:
+        folder = pathlib.Path(place)
+        for file in (*engine.glob("*.inc"), HERE / name):
+            (folder / file.name).symlink_to(file)
+        whole = (engine / "main.bc").read_text().replace("\nparams.read\n", f"\n%% include {name}\nparams.read\n")
+        (folder / "main.bc").write_text(whole)
+        subprocess.run(["cmake", f"-DCATALOGUE={data}/catalogue/0409_SETTINGS", f"-DOUTPUT={folder}/catalogue.inc",
+                        "-P", engine / "catalogue.cmake"], check=True)
+        subprocess.run(["gfxboot-compile", "-O", "-l", "log", "-c", "main.bc", "init"], cwd=folder, check=True)
+        return (folder / "init").read_bytes()
+
+
 class Template:
     """The members of the template, to be changed before the boot."""
 
@@ -101,6 +116,13 @@ class Template:
 def menu(entries=ENTRIES, timeout=0):
     """syslinux.cfg; timeout in tenths of a second."""
     return boot_check.menu_text(entries).replace("timeout 0", f"timeout {timeout}")
+
+
+def boot_sector(colour):
+    """What is booted in place of a system: a text screen full of one of the sixteen colours."""
+    code = bytes.fromhex("fc b80300 cd10 b800b8 8ec0 31ff b820") + bytes([colour << 4]) + bytes.fromhex(
+        "b9d007 f3ab f4 ebfd")
+    return code.ljust(510, b"\0") + b"\x55\xaa"
 
 
 class Screen:
@@ -142,24 +164,24 @@ def near(one, other, tolerance=TOLERANCE):
 class Boot:
     """A running machine; ends with its block."""
 
-    def __init__(self, members, config=None, memory=128, graphics=()):
+    def __init__(self, members, config=None, memory=128, others=()):
         self.folder = tempfile.TemporaryDirectory(prefix="engine_boot")
         folder = pathlib.Path(self.folder.name)
-        image = boot_check.build_image(folder, cpio(members), ENTRIES, config or menu())
-        self.machine = boot_check.Machine(folder, image, memory, graphics)
+        image = boot_check.build_image(folder, cpio(members), ENTRIES, config or menu(), others)
+        self.machine = boot_check.Machine(folder, image, memory)
         self.dump = folder / "screen.ppm"
 
     def screen(self):
         self.machine.screenshot(self.dump)
         return Screen(boot_check.read_ppm(self.dump))
 
-    def wait(self, wanted, seconds=40):
-        """The screen once `wanted` is true of it, or the last one."""
+    def wait(self, wanted, seconds=40, smallest=480):
+        """The screen once `wanted` is true of it and it is that high, or the last one."""
         end = self.machine.seconds() + seconds
         while True:
             screen = self.screen()
             try:
-                if screen.width >= 640 and screen.height >= 480 and wanted(screen):
+                if screen.height >= smallest and wanted(screen):
                     return screen
             except IndexError:  # the screen is not yet as large as what is asked for
                 pass
