@@ -189,25 +189,46 @@ class Boot:
                 return screen
             self.machine.pause(0.1)
 
+    def keys_kept(self):
+        """Where the BIOS takes the next key from what it keeps for the loader, and where it puts one."""
+        told = self.machine.order("human-monitor-command", **{"command-line": "xp /2hx 0x41a"})
+        first, end = told.split(":")[1].split()
+        return first, end
+
     def press(self, *keys):
+        """One after the other, each when the loader has taken the one before."""
         for key in keys:
             parts = [{"type": "qcode", "data": part} for part in key.split("+")]
-            self.machine.order("send-key", keys=parts)
-            self.machine.pause(0.15)  # the key has to be let go
+            _, end = self.keys_kept()
+            self.machine.order("send-key", keys=parts, **{"hold-time": 30})
+            late = self.machine.seconds() + 2  # by then something else has taken it
+            while not self.machine.late(late):
+                first, now = self.keys_kept()
+                if now != end and first == now:
+                    break
+                self.machine.pause(0.02)
 
     def until(self, key, wanted):
-        """Presses a key until it shows: before the loader listens, keys are lost."""
-        for _ in range(8):
+        """Presses a key until it shows: before the loader listens, which is when all is drawn, keys are lost."""
+        for attempt in range(8):
             self.press(key)
-            screen = self.wait(wanted, 3)
+            screen = self.wait(wanted, 1.5)
+            if attempt:  # the key before may just be late, and this one still at work
+                self.machine.pause(1)
+                screen = self.screen()
             if wanted(screen):
                 return screen
         raise AssertionError(f"nothing comes of {key}")
 
+    def rests(self, screen):
+        """Whether what it showed a moment before was about the same: then the loader may listen."""
+        self.machine.pause(0.3)
+        return boot_check.at_rest(self.screen().pixels, screen.pixels, 0.02)
+
     def awake(self):
         """Opens the help and closes it again: from now on keys are heard."""
         corner = (719, 539)
-        ground = self.wait(lambda s: s.at(*corner) != 0).at(*corner)  # black before the background comes
+        ground = self.wait(lambda s: s.at(*corner) != 0 and self.rests(s)).at(*corner)  # black before the background
         self.until("f1", lambda s: s.at(*corner) != ground)
         return self.until("f1", lambda s: s.at(*corner) == ground)
 
