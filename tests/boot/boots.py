@@ -222,8 +222,8 @@ class Boot:
 
     def rests(self, screen):
         """Whether what it showed a moment before was about the same: then the loader may listen."""
-        self.machine.pause(0.3)
-        return boot_check.at_rest(self.screen().pixels, screen.pixels, 0.02)
+        self.machine.pause(0.6)  # the ring takes so long
+        return boot_check.at_rest(self.screen().pixels, screen.pixels, boot_check.MOVING_SHARE)
 
     def awake(self):
         """Opens the help and closes it again: from now on keys are heard."""
