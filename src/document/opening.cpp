@@ -138,7 +138,8 @@ private:
     void readLevels();
     void scanFonts();
     void listValues();
-    [[nodiscard]] bool ignoresLevels() const;
+    [[nodiscard]] EngineInfo bootEngine() const;
+    [[nodiscard]] bool ignoresLevels(const EngineInfo& engine) const;
     [[nodiscard]] bool mayUpgrade() const;
     void upgradeEngine();
 
@@ -175,11 +176,15 @@ void Opening::scanFonts()
               keepInspection);
 }
 
-// An engine that knows nothing of level files shows none of the objects; then the user is told.
-bool Opening::ignoresLevels() const
+EngineInfo Opening::bootEngine() const
 {
     const Result<QByteArray> init = readBytes(m_shell.run.Workspace + QStringLiteral("init"));
-    const EngineInfo engine = engineOf(init ? *init : QByteArray());
+    return engineOf(init ? *init : QByteArray());
+}
+
+// An engine that knows nothing of level files shows none of the objects; then the user is told.
+bool Opening::ignoresLevels(const EngineInfo& engine) const
+{
     if (!m_shell.run.GfxHasZuk || !engine.there || engine.readsLevels)
         return false;
     m_shell.prompts.ShowMessage(
@@ -216,12 +221,18 @@ void Opening::upgradeEngine()
     m_listener.engineUpgraded();
 }
 
-// Asked once for each gfxboot: the answer holds for all its objects.
+// Asked once for each gfxboot: the answer holds for all its objects. Of our engine there is nothing
+// to ask: what a level file lacks it takes from the catalogue.
 void Opening::listValues()
 {
+    const EngineInfo engine = bootEngine();
+    if (engine.kind == BootEngine::Own) {
+        m_document.listValues(true);
+        return;
+    }
     const bool upgrade = m_target.upgrade
                              ? *m_target.upgrade && m_document.needsUpgrade()
-                             : (ignoresLevels() || m_document.needsUpgrade()) && mayUpgrade();
+                             : (ignoresLevels(engine) || m_document.needsUpgrade()) && mayUpgrade();
     if (upgrade && !m_target.upgrade)
         upgradeEngine();
     m_document.listValues(upgrade);

@@ -83,6 +83,21 @@ def block_font(width=6, height=12, letters=94):
     return struct.pack("<IIBBb", 0xD2828E06, len(codes) + 1, height, 0, height + 2) + entries + glyphs
 
 
+def engine_with(name):
+    """The engine with more words in front of its start."""
+    engine, data = (HERE.parent.parent / room for room in ("engine", "data"))
+    with tempfile.TemporaryDirectory() as place:
+        folder = pathlib.Path(place)
+        for file in (*engine.glob("*.inc"), HERE / name):
+            (folder / file.name).symlink_to(file)
+        whole = (engine / "main.bc").read_text().replace("\nparams.read\n", f"\n%% include {name}\nparams.read\n")
+        (folder / "main.bc").write_text(whole)
+        subprocess.run(["cmake", f"-DCATALOGUE={data}/catalogue/0409_SETTINGS", f"-DOUTPUT={folder}/catalogue.inc",
+                        "-P", engine / "catalogue.cmake"], check=True)
+        subprocess.run(["gfxboot-compile", "-O", "-l", "log", "-c", "main.bc", "init"], cwd=folder, check=True)
+        return (folder / "init").read_bytes()
+
+
 class Template:
     """The members of the template, to be changed before the boot."""
 
@@ -101,6 +116,13 @@ class Template:
 def menu(entries=ENTRIES, timeout=0):
     """syslinux.cfg; timeout in tenths of a second."""
     return boot_check.menu_text(entries).replace("timeout 0", f"timeout {timeout}")
+
+
+def boot_sector(colour):
+    """What is booted in place of a system: a text screen full of one of the sixteen colours."""
+    code = bytes.fromhex("fc b80300 cd10 b800b8 8ec0 31ff b820") + bytes([colour << 4]) + bytes.fromhex(
+        "b9d007 f3ab f4 ebfd")
+    return code.ljust(510, b"\0") + b"\x55\xaa"
 
 
 class Screen:
@@ -142,24 +164,24 @@ def near(one, other, tolerance=TOLERANCE):
 class Boot:
     """A running machine; ends with its block."""
 
-    def __init__(self, members, config=None, memory=128, graphics=()):
+    def __init__(self, members, config=None, memory=128, others=()):
         self.folder = tempfile.TemporaryDirectory(prefix="engine_boot")
         folder = pathlib.Path(self.folder.name)
-        image = boot_check.build_image(folder, cpio(members), ENTRIES, config or menu())
-        self.machine = boot_check.Machine(folder, image, memory, graphics)
+        image = boot_check.build_image(folder, cpio(members), ENTRIES, config or menu(), others)
+        self.machine = boot_check.Machine(folder, image, memory)
         self.dump = folder / "screen.ppm"
 
     def screen(self):
         self.machine.screenshot(self.dump)
         return Screen(boot_check.read_ppm(self.dump))
 
-    def wait(self, wanted, seconds=40):
-        """The screen once `wanted` is true of it, or the last one."""
+    def wait(self, wanted, seconds=40, smallest=480):
+        """The screen once `wanted` is true of it and it is that high, or the last one."""
         end = self.machine.seconds() + seconds
         while True:
             screen = self.screen()
             try:
-                if screen.width >= 640 and screen.height >= 480 and wanted(screen):
+                if screen.height >= smallest and wanted(screen):
                     return screen
             except IndexError:  # the screen is not yet as large as what is asked for
                 pass
@@ -167,25 +189,46 @@ class Boot:
                 return screen
             self.machine.pause(0.1)
 
+    def keys_kept(self):
+        """Where the BIOS takes the next key from what it keeps for the loader, and where it puts one."""
+        told = self.machine.order("human-monitor-command", **{"command-line": "xp /2hx 0x41a"})
+        first, end = told.split(":")[1].split()
+        return first, end
+
     def press(self, *keys):
+        """One after the other, each when the loader has taken the one before."""
         for key in keys:
             parts = [{"type": "qcode", "data": part} for part in key.split("+")]
-            self.machine.order("send-key", keys=parts)
-            self.machine.pause(0.15)  # the key has to be let go
+            _, end = self.keys_kept()
+            self.machine.order("send-key", keys=parts, **{"hold-time": 30})
+            late = self.machine.seconds() + 2  # by then something else has taken it
+            while not self.machine.late(late):
+                first, now = self.keys_kept()
+                if now != end and first == now:
+                    break
+                self.machine.pause(0.02)
 
     def until(self, key, wanted):
-        """Presses a key until it shows: before the loader listens, keys are lost."""
-        for _ in range(8):
+        """Presses a key until it shows: before the loader listens, which is when all is drawn, keys are lost."""
+        for attempt in range(8):
             self.press(key)
-            screen = self.wait(wanted, 3)
+            screen = self.wait(wanted, 1.5)
+            if attempt:  # the key before may just be late, and this one still at work
+                self.machine.pause(1)
+                screen = self.screen()
             if wanted(screen):
                 return screen
         raise AssertionError(f"nothing comes of {key}")
 
+    def rests(self, screen):
+        """Whether what it showed a moment before was about the same: then the loader may listen."""
+        self.machine.pause(0.6)  # the ring takes so long
+        return boot_check.at_rest(self.screen().pixels, screen.pixels, boot_check.MOVING_SHARE)
+
     def awake(self):
         """Opens the help and closes it again: from now on keys are heard."""
         corner = (719, 539)
-        ground = self.wait(lambda s: s.at(*corner) != 0).at(*corner)  # black before the background comes
+        ground = self.wait(lambda s: s.at(*corner) != 0 and self.rests(s)).at(*corner)  # black before the background
         self.until("f1", lambda s: s.at(*corner) != ground)
         return self.until("f1", lambda s: s.at(*corner) == ground)
 

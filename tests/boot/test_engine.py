@@ -11,10 +11,15 @@ import sys
 import time
 import unittest
 
-from boots import Boot, SIZE, GROUND, TOLERANCE, Template, blend, block_font, jpeg, level_name, menu, near, plain
+from boots import (Boot, SIZE, GROUND, TOLERANCE, Template, blend, block_font, boot_sector, engine_with, jpeg,
+                   level_name, menu, near, plain)
 
 DATA = ""
 WHITE = 0xFFFFFF
+
+
+# Nothing that moves, so that the whole screen can be compared.
+STILL = {0: {1: 0, 11: 0, 31: 0, 19: 0, 99: 0, 79: 1}, 1: {1: 0}, 2: {1: 0}, 3: {1: 0}, 8: {1: 0}}
 
 
 class Panels:
@@ -107,6 +112,16 @@ class EngineTest(unittest.TestCase):
 
     def anywhere(self, screen, rectangle, colour, tolerance=4):
         return bool(screen.places(rectangle, colour, tolerance))
+
+    @staticmethod
+    def letters(screen, x, y, colour, most=90):
+        """How many letters of the font of blocks stand there one after the other."""
+        return next(i for i in range(most) if not all(near(screen.at(x + 8 * i + 3, y + row), colour, 8) for row in (1, 10)))
+
+    @staticmethod
+    def line_top(line, slit=0):
+        """Of a line in that font, from the top of its panel."""
+        return (line * (4 * (3 + slit) + 30) + 2) // 4
 
 
 class Placed(EngineTest):
@@ -413,7 +428,8 @@ class Countdown(EngineTest):
 
     def made(self, off):
         return self.template({
-            0: {1: 0, 11: 0, 31: 0, 42: 300, 43: 60, 54: 200, 79: 1, 99: 0},
+            # the second boot has its menu beyond the screen
+            0: {1: 0, 11: 0, 31: 0, 42: 70000 if off else 300, 43: 60, 54: 200, 79: 1, 99: 0},
             4: {1: 1, 2: 300, 3: 400, 4: 200, 5: 10, 6: 0x111111, 7: 0, 18: 9, 19: 10, 20: 1, 21: 0xFFFF00,
                 22: 0x0000FF, 23: 0, 24: 100, 37: 0, 38: off},
             5: {1: 1, 2: 40, 3: 40, 4: 200, 5: 200, 17: 60, 18: 5, 19: 20, 21: 0x00FFFF, 22: 0xFF0000, 23: 0,
@@ -439,19 +455,38 @@ class Countdown(EngineTest):
         return sum(len(screen.places((40, 40, 200, 200), colour, TOLERANCE)) for colour in (0x00FFFF, self.RING_PASSED))
 
     def test_runs_and_stays(self):
-        with Boot(self.made(0).members, menu(timeout=60)) as boot:
+        with Boot(self.made(0).members, menu(["The only one"], timeout=60)) as boot:
             whole = self.ring(boot.wait(lambda s: near(s.at(*self.RING_LAST), 0x00FFFF)))
             # all three draw one after the other
             self.shows(boot, self.half_over)
             boot.press("down")
             boot.machine.pause(0.5)
             before = boot.screen()
-            boot.machine.pause(1.5)
+            boot.machine.pause(3.5)  # longer than what is left
             after = boot.screen()
             for part in ((300, 400, 200, 10), (40, 40, 200, 200)):
                 self.assertEqual(before.part(*part), after.part(*part), "a key stops it")
             self.colour(after, *self.LAST, 0xFFFF00, "stays")
+            self.colour(after, 490, 64, blend(WHITE, 60), "the only entry has the bar")
             self.assertGreater(self.ring(after), 0.97 * whole, "a division that passes leaves the others whole")
+
+    def test_boots_the_default_entry_at_its_end(self):
+        sectors = {"other.bs": boot_sector(4), "default.bs": boot_sector(2)}
+        config = menu(timeout=60).replace("localboot 0x80", "kernel other.bs").replace("default entry0", "default entry2")
+        config = config.replace("label Third\n  kernel other.bs", "label Third\n  kernel default.bs")
+        last = []
+
+        def booted(screen):
+            if screen.height == SIZE[1] and near(screen.at(*self.FIRST), self.PASSED):
+                last[:] = [screen]
+            return screen.height == 400 and screen.at(300, 200) not in (0, 0xA8A8A8)
+
+        with Boot(self.made(0).members, config, others=sectors) as boot:
+            screen = boot.wait(booted, 60, smallest=400)
+            self.assertEqual(screen.height, 400, "booted")
+            self.colour(screen, 300, 200, 0x00A800, "the default entry")
+        passed = sum(near(last[0].at(303 + 10 * i, 405), self.PASSED) for i in range(20))
+        self.assertGreaterEqual(passed, 17, "the line ran to its end")
 
     def test_stopped_goes(self):
         made = self.made(1)
@@ -520,26 +555,110 @@ class User(EngineTest):
             boot.press("esc")  # the exit key of this boot
             self.shows(boot, lambda s: self.assertEqual(s.height, 400, "text mode"))
 
+    def test_thirty_titles_and_a_long_help(self):
+        """Title and line of the help number i are i + 1 letters long, so that the screen tells which stands where."""
+        chosen, other, slit, lines = 0x800000, 0xF0F000, 14, 10
+        made = self.template(STILL, {0: {39: 7, 40: slit, 41: lines, 42: 300, 43: 60, 54: 260, 47: 255, 48: other, 56: self.BAR,
+                                         57: 0, 58: chosen, 77: 0, 66: 0x202020, 67: 0, 68: 0x00F0F1, 69: 7},
+                                     4: {1: 0}, 5: {1: 0}, 6: {1: 0}})
+        made.members["16x16_07.fnt"] = block_font()
+        count, long = self.TITLES, 130
+        made.members["ZUK_Read.txt"] = "|".join("W" * (i % 70 + 1) for i in range(long)).encode()
+
+        def menu_shows(first, bar):
+            def check(screen):
+                for line in range(lines):
+                    at = 60 + self.line_top(line, slit)
+                    colour = chosen if first + line == bar else other
+                    self.assertEqual(self.letters(screen, 300, at, colour), first + line + 1, f"line {line}")
+                    self.colour(screen, 558, at + 12, self.BAR if first + line == bar else GROUND, f"bar {bar}")
+            return check
+
+        def help_shows(first):
+            def check(screen):
+                shown = [self.letters(screen, 80, 60 + self.line_top(row), 0x00F0F1) for row in range(45)]
+                self.assertEqual(shown, [(first + row) % 70 + 1 for row in range(45)])
+            return check
+
+        config = menu(["W" * (i + 1) for i in range(count)]).replace("localboot 0x80", "kernel other.bs")
+        config = config.replace(f"label {'W' * 17}\n  kernel other.bs", f"label {'W' * 17}\n  kernel wanted.bs")
+        with Boot(made.members, config, others={"other.bs": boot_sector(4), "wanted.bs": boot_sector(2)}) as boot:
+            self.shows(boot, menu_shows(0, 0))
+            before = boot.awake().pixels
+            boot.press("f1")
+            for keys, first in ((["down"], 1), (["down", "pgdn"], 47), (["up"], 46), (["end"], long - 45), (["pgup"], long - 90), (["home"], 0)):
+                boot.press(*keys)
+                self.shows(boot, help_shows(first))
+            boot.press("esc")
+            self.shows(boot, lambda s: self.assertTrue(s.pixels == before, "what was under the help is back"))
+            steps = {"down": 1, "up": -1, "pgdn": lines, "pgup": -lines, "end": count, "home": -count}
+            first = bar = 0
+            # no more at a time than the BIOS keeps
+            for key, times in (("down", 10), ("down", 10), ("down", count - 21), ("down", 1), ("up", 9), ("up", 1), ("up", 10),
+                               ("up", count - 21), ("up", 1), ("pgdn", 1), ("pgdn", 1), ("end", 1), ("pgup", 1), ("home", 1)):
+                for _ in range(times):
+                    bar = min(max(bar + steps[key], 0), count - 1)
+                    first = min(max(first, bar - lines + 1), bar)
+                boot.press(*[key] * times)
+                self.shows(boot, menu_shows(first, bar))
+            boot.press("pgdn", "pgdn", *["up"] * 4, "ret")
+            screen = boot.wait(lambda s: s.height == 400 and s.at(300, 200) not in (0, 0xA8A8A8), smallest=400)
+            self.colour(screen, 300, 200, 0x00A800, "the entry that was chosen is booted")
+
+    TITLES = 30
+
+    PANEL = (30, 40, 575, 375)
+
     def missing_kernel(self, screen):
-        self.rectangle(screen, "message", (30, 40, 575, 375), 0x005500)
+        self.rectangle(screen, "message", self.PANEL, 0x005500)
         self.rectangle(screen, "wait panel", (20, 480, 300, 60), 0x550055)
         self.assertTrue(self.anywhere(screen, (20, 480, 100, 17), 0xF0F001, 8), "wait, first line")
         self.assertTrue(self.anywhere(screen, (20, 497, 100, 20), 0x00FF00, 8), "wait, second line")
 
-    def test_a_missing_kernel_is_told(self):
-        made = self.template({0: {42: 300, 43: 60, 99: 0}, 2: {1: 0}, 8: {1: 0},
-                              7: {1: 1, 2: 20, 3: 480, 4: 300, 5: 60, 6: 0x550055, 7: 0, 8: 0xF0F001, 9: 7, 11: 2, 22: 0x00FF00},
-                              15: {2: 30, 3: 40, 6: 0x005500, 7: 0}})
+    def asked(self, stars):
+        """The question with that many stars, and a caret behind them."""
+        def check(screen):
+            self.rectangle(screen, "question", self.PANEL, 0x005500)
+            self.assertEqual(self.letters(screen, 30, 40, 0x00F0F1), len("Password"))
+            self.assertEqual(self.letters(screen, 30, 40 + self.line_top(2), 0xF0F002), stars + 1)
+        return check
+
+    def test_messages_and_passwords(self):
+        made = self.template(STILL, {0: {42: 300, 43: 60, 39: 0, 40: 3, 56: self.BAR, 57: 0},
+                                     7: {1: 1, 2: 20, 3: 480, 4: 300, 5: 60, 6: 0x550055, 7: 0, 8: 0xF0F001, 9: 7, 11: 2, 22: 0x00FF00},
+                                     15: {2: 30, 3: 40, 6: 0x005500, 7: 0, 8: 0xF0F002, 9: 7, 17: 0x00F0F1}})
         made.members["16x16_07.fnt"] = block_font()
-        config = menu(["One"]).replace("localboot 0x80", "kernel nothere")
+        made.members["init"] = engine_with("asking.inc")
+        config = menu(["One", "Two"]).replace("localboot 0x80", "kernel nothere")
         with Boot(made.members, config) as boot:
-            boot.wait(lambda s: not near(s.at(540, 80), GROUND))
-            boot.awake()
+            boot.wait(lambda s: self.bar_line(s) == 0 and not near(s.at(124, 132), GROUND))  # the ring comes last
+            before = boot.awake().pixels
+            whole = lambda s: self.assertTrue(s.pixels == before, "the menu is whole again")
+            boot.press("f3")
+            self.shows(boot, self.asked(0))
+            # neither keys of the menu nor what is too long
+            boot.press("up", "f1", "f2", "tab", *"1234567")
+            self.shows(boot, self.asked(7))
+            boot.press("backspace", "backspace", "shift+8")
+            self.shows(boot, self.asked(6))
+            for wrong in ("ret", "esc"):
+                boot.press(wrong)
+                refused = lambda s: self.assertEqual(self.letters(s, 30, 40 + self.line_top(2), 0xF0F002), len("Refused"))
+                self.shows(boot, refused)
+                boot.press("ret")
+                self.shows(boot, whole)
+                boot.press("f3")
+                self.shows(boot, self.asked(0))
+            boot.press("shift+s", *"ecret", "spc", "1")
+            self.shows(boot, self.asked(8))
+            boot.press("ret")
+            self.shows(boot, lambda s: self.assertEqual(self.bar_line(s), 1, "the right one"))
+            boot.press("up")
+            self.shows(boot, whole)
             boot.press("ret")
             self.shows(boot, self.missing_kernel)
-            boot.until("ret", lambda s: not near(s.at(600, 400), 0x005500))  # the message goes
-            screen = boot.wait(lambda s: not near(s.at(300, 530), 0x550055))
-            self.assertFalse(near(screen.at(300, 530), 0x550055), "the wait panel goes")
+            boot.press("ret")
+            self.shows(boot, whole)
 
 
 class Broken(EngineTest):
@@ -551,7 +670,7 @@ class Broken(EngineTest):
         bar = blend(WHITE, 60, 0)  # white over anything is at least as light as this
         with Boot(members, menu(titles), memory) as boot:
             light = lambda s: min(s.at(*self.BAR) >> shift & 255 for shift in (0, 8, 16)) >= (bar & 255) - 12
-            screen = boot.wait(light)
+            screen = boot.wait(lambda s: light(s) and boot.rests(s))
             self.assertTrue(light(screen), "the bar stands")
             if ground is not None:
                 self.colour(screen, 790, 10, ground, "no background")
@@ -570,7 +689,7 @@ class Broken(EngineTest):
                              "ZUK_Read.txt": bytes(range(256)) * 4})
         for number in (4, 5, 7, 8):
             made.levels(number, {2: 5000, 3: 70000, 4: 0, 5: 0})
-        made.levels(0, {32: 0xFFFFFF, 33: 0xFFFFFF, 34: 0, 35: 65535})
+        made.levels(0, {2: 5000, 3: 70000, 12: 790, 13: 599, 22: 65535, 24: 0, 54: 65535, 32: 0xFFFFFF, 33: 0xFFFFFF, 34: 0, 35: 65535})
         self.alive(made.members, ["W" * 300, "Длинный заголовок " * 17, "[zuk0099] :1=1", "["])
 
     def test_no_entries(self):

@@ -15,7 +15,7 @@ TEST(BootCheck, SeesAScreenThatDoesNotFit)
     QByteArray large;
     QBuffer buffer(&large);
     EXPECT_TRUE(Message().background.scaled(900, 700).save(&buffer, "jpeg"));
-    const Boot booted = boot(Message(large).saveIn(folder), {u"--wait"_s, u"5"_s});
+    const Boot booted = boot(Message(large).saveIn(folder), {u"--wait"_s, u"3"_s});
     EXPECT_EQ(booted.code, 1);
     EXPECT_TRUE(booted.told.contains("pixels")) << booted.told.toStdString();
 }

@@ -110,8 +110,15 @@ TEST(Generation2, BecomesTheNewestInOneStep)
     story.goToTab(u"MenuBar"_s);
     EXPECT_EQ(story.value(u":42:="_s) + story.value(u":43:="_s), u"100170"_s);
 
-    // With an engine that ignores its level files.
+    // Our engine is not old where a file lacks records: it has the catalogue's values, as the tab.
     auto members = membersOf(message);
+    members[u"ZUK0001.CFG"_s] = QByteArray("\2\0\0\1", 4);
+    story.user().expectOpen(messageOf(story.shell, members));
+    story.choose("mnuFile_Open");
+    story.goToTab(u"Sparkle №1"_s);
+    EXPECT_EQ(story.value(u":05:="_s), u"550"_s);
+
+    // With an engine that ignores its level files.
     members[u"init"_s] = membersOf(u"/etc/bootsplash/themes/KDE/bootloader/message"_s)[u"init"_s];
     story.user().expectOpen(messageOf(story.shell, members));
     story.user().expectMessage(u"Debian's"_s);
