@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <map>
 #include <set>
 
 namespace fennel {
@@ -207,8 +208,12 @@ void checkCfgOff(const CheckInput& input, Findings& found)
 
 void checkLevelRecords(const CheckInput& input, Findings& found)
 {
-    std::set<std::pair<int, int>> seen;
+    // Each is told once, however often a file has it.
+    std::map<std::pair<int, int>, int> seen;
     eachRecord(input, [&](int file, int number, qint64) {
+        const int times = ++seen[{file, number}];
+        if (times > 2)
+            return;
         // 0 is a filler; a file that the catalogue knows nothing of is the engine's own affair.
         if (number == 0 || !isListed(input, file))
             return;
@@ -216,11 +221,11 @@ void checkLevelRecords(const CheckInput& input, Findings& found)
         const QString key = u"%1:%2"_s.arg(file).arg(number);
         const bool known =
             ZUKarr::inRange(file, number) && input.state.ZUKarr.at(file, number).DefValue;
-        if (!known)
+        if (!known && times == 1)
             found.push_back(
                 about(member, key, Words::tr("No list shows the record %1.").arg(key),
                       Words::tr("Nothing is lost by it; what wrote it can change it.")));
-        else if (!seen.emplace(file, number).second)
+        else if (known && times == 2)
             found.push_back(
                 about(member, key,
                       Words::tr("%1 stands twice; the last one counts.")
@@ -231,15 +236,20 @@ void checkLevelRecords(const CheckInput& input, Findings& found)
 
 void checkLevelValues(const CheckInput& input, Findings& found)
 {
+    // Of several records of a parameter the last one counts.
+    std::map<std::pair<int, int>, qint64> values;
     eachRecord(input, [&](int file, int number, qint64 value) {
-        if (!ZUKarr::inRange(file, number))
-            return;
+        if (ZUKarr::inRange(file, number))
+            values[{file, number}] = value;
+    });
+    for (const auto& [key, value] : values) {
+        const auto [file, number] = key;
         const QString name = shownName(input, file, number);
         const bool isCount = name == u"s.flash.is.ON"; // how many sparks there are
         const bool isSwitch = name.endsWith(u".is.ON");
         const int most = isCount ? 8 : isSwitch ? 1 : 255;
         if ((!isSwitch && !name.contains(u"transp")) || value <= most)
-            return;
+            continue;
         Problem problem =
             about(levelFileName(file), name,
                   Words::tr("%1 is %2, and goes up to %3.").arg(name).arg(value).arg(most),
@@ -250,7 +260,7 @@ void checkLevelValues(const CheckInput& input, Findings& found)
             problem.mend->change.params[problem.param] = ParamValue{most, shown->hex, {}};
         }
         found.push_back(problem);
-    });
+    }
 }
 
 } // namespace fennel

@@ -10,8 +10,6 @@
 #include "fonts/font_inspection.h"
 #include "fonts/font_tag.h"
 
-#include <QFile>
-
 #include <algorithm>
 #include <limits>
 #include <optional>
@@ -171,10 +169,8 @@ FontFileFacts factsOf(const QString& name, const QString& path, QByteArray bytes
 // The beginning of a file, as far as a font can reach; nothing if it cannot be read.
 std::optional<QByteArray> fontBytes(const QString& path)
 {
-    QFile file(path);
-    if (!FileExists(path) || !file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    return file.read(fontReadLimit);
+    const Result<QByteArray> front = readFront(path, fontReadLimit);
+    return front ? std::optional(*front) : std::nullopt;
 }
 
 } // namespace

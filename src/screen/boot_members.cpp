@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "screen/boot_members.h"
 
+#include "base/files.h"
 #include "base/text.h"
 #include "screen/boot_jpeg.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QStringDecoder>
 
@@ -58,12 +58,12 @@ BootMembers::Kept& BootMembers::kept(const QString& name)
     if (const auto known = m_kept.find(name); known != m_kept.end())
         return known->second;
     Kept& made = m_kept[name];
-    QFile file(m_folder + name);
-    const QFileInfo info(file);
-    if (!info.isFile() || info.size() > bootMemberLimit || !file.open(QIODevice::ReadOnly))
+    const QFileInfo info(m_folder + name);
+    Result<QByteArray> bytes = readBytes(info.filePath(), bootMemberLimit);
+    if (!bytes)
         return made;
     made.changed = info.lastModified();
-    made.bytes = file.readAll();
+    made.bytes = std::move(*bytes);
     made.size = made.bytes.size();
     return made;
 }

@@ -227,6 +227,7 @@ TEST_F(FennelCommand, ProblemsAreFoundWhereTheyAreAndNowhereElse)
         return QByteArray::fromStdString(jpegBytes(width, height));
     };
     const QByteArray help = memberOf(ours, u"ZUK_Read.txt"_s);
+    const QByteArray levels = memberOf(ours, u"ZUK0004.CFG"_s);
     const struct {
         QString name;
         QString member;
@@ -239,6 +240,7 @@ TEST_F(FennelCommand, ProblemsAreFoundWhereTheyAreAndNowhereElse)
          fontOf("DejaVu Sans", "15 px")},
         {u"text-cut"_s, u"ZUK_Read.txt"_s, help + QByteArray("\n").repeated(13) + ".",
          help + QByteArray("\n").repeated(12) + "."},
+        {u"level-record"_s, u"ZUK0004.CFG"_s, levels + levels.first(4).repeated(3), levels},
         {u"memory"_s, u"note"_s, QByteArray(2'600'000, 'x'), QByteArray(2'590'000, 'x')},
     };
     for (const auto& c : members) {

@@ -49,6 +49,11 @@ TEST(MemberVersions, BringsEveryByteBack)
         }
     }
     auto other = history.take();
+    // What is kept already is not kept again.
+    const auto versions = [&] { return plainFiles(history.pathOf(0).chopped(1)).size(); };
+    const auto kept = versions();
+    ASSERT_TRUE(history.take());
+    EXPECT_EQ(versions(), kept);
     ASSERT_TRUE(disk.write(shell.run.Workspace + u"kept"_s, "other"));
     ASSERT_TRUE(disk.remove(shell.run.Workspace + u"new"_s));
     ASSERT_TRUE(history.restore(std::move(*other)));

@@ -53,6 +53,7 @@ TEST(MenuFile, EntriesOfAPlainBootScreen)
 {
     EXPECT_EQ(MenuEntries(stick, false, 15), u"Windows|[W] Linux|[zuk0003] :22=0x00ff00 :23=15|"_s);
     EXPECT_EQ(MenuEntries({}, false, 15), QString());
+    EXPECT_EQ(MenuEntries(u"title "_s + QString(9999, u'x'), false, 0).size(), 4096 + 1);
     EXPECT_EQ(MenuEntries(u"no title\nmy title x"_s, false, 15), QString());
     // The text begins at the seventh character, whatever the sixth is; "titles" is a title too.
     EXPECT_EQ(MenuEntries(u"title\tTab\ntitles of\ntitle\ntitle  two"_s, false, 0),
