@@ -4,6 +4,7 @@
 #pragma once
 
 #include "base/posix_file.h"
+#include "common/file_memory.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -15,7 +16,7 @@
 namespace fennel {
 
 struct WholeFile {
-    std::vector<std::uint8_t> bytes;
+    FileBytes bytes;
     std::uint32_t mtime = 0; // seconds since 1970, held to what 32 bits take
     dev_t device = 0;        // with the inode number: which file it is
     ino_t inode = 0;
