@@ -218,6 +218,16 @@ TEST(Window, AMessageDuringADragEndsIt)
         EXPECT_EQ(w.window.size(), size);
     }
     EXPECT_TRUE(w.window.stageLink().stage().markerVisible());
+    // F5 waits for the end of a drag.
+    const QPoint place = w.window.surface().mapTo(&w.window, menu + QPoint(3, 3));
+    QTest::mousePress(w.window.windowHandle(), Qt::LeftButton, {}, place);
+    ASSERT_TRUE(w.bench.document.inGesture());
+    w.action(u"mnuFile_ReOpen"_s).trigger();
+    EXPECT_TRUE(w.bench.document.inGesture());
+    QTest::mouseRelease(w.window.windowHandle(), Qt::LeftButton, {}, place);
+    w.shell.prompts.expectMessage(u"Your changes will be lost."_s, Answer::Yes);
+    w.action(u"mnuFile_ReOpen"_s).trigger();
+    w.window.stageLink().stage().ActivatePanel(MenuPanelRow);
     QTest::keyClick(&w.window.surface(), Qt::Key_Tab);
     EXPECT_NE(w.window.stageLink().stage().SelectedPanel, MenuPanelRow);
 }
@@ -253,6 +263,12 @@ TEST(Window, FromGenerationToGenerationMenusToolsAndListsFollow)
     EXPECT_EQ(w.bench.status.field(3), u"@ZUK-MOSA@"_s);
     EXPECT_TRUE(shown(w, u"Frame5RDPanelTools"_s) && !shown(w, u"Frame7RDMessage"_s));
     EXPECT_GT(w.bench.params.tabCount(), FirstObjectTab - 1);
+    // The swatch of a selected row is not tinted.
+    w.goToTab(u"Time"_s);
+    const QModelIndex row = w.view().model()->index(w.goToRow(u":06:="_s) - 1, 0);
+    const auto swatch = row.data(Qt::DecorationRole).value<QIcon>();
+    EXPECT_EQ(swatch.pixmap(16, QIcon::Selected).toImage(), swatch.pixmap(16).toImage());
+    EXPECT_FALSE(swatch.isNull());
     w.open(smallFile(w, u"old"_s));
     EXPECT_EQ(w.bench.status.field(3), u"old version ?"_s);
     EXPECT_TRUE(!shown(w, u"Frame5RDPanelTools"_s) && shown(w, u"Frame7RDMessage"_s));
