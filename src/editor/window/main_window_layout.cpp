@@ -248,11 +248,13 @@ void MainWindow::LayoutWindow()
         return;
     const QScopedValueRollback<bool> laying(m_laying, true);
     m_laidBorder = border();
-    const LayoutResult layout = layoutWindow(layoutInput());
+    const LayoutInput input = layoutInput();
+    const LayoutResult layout = layoutWindow(input);
     m_workbench.shell.run.RightPanelWidth = layout.RightPanelWidth;
     m_workbench.shell.run.BottomPanelHeight = layout.BottomPanelHeight;
-    setMinimumSize(m_toolbar->MinWindowWidth(),
-                   barsHeight() + smallestPort + splitterWidth + layout.leastBottomPanel);
+    const int leastHeight = smallestPort + splitterWidth + layout.leastBottomPanel;
+    setMinimumSize(input.MinWindowWidth,
+                   barsHeight() + std::min(leastHeight, std::max(0, input.available.height())));
     if (!sizeHeld()) {
         askSize({layout.area.width(), layout.area.height() + barsHeight()});
         m_baseSize = size();

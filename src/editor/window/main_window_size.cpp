@@ -11,6 +11,9 @@
 #include <QTimer>
 #include <QWindow>
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace fennel {
 
 namespace {
@@ -18,6 +21,13 @@ namespace {
 // The window system answers later, and may answer a request that is no longer the last.
 constexpr int answerMs = 1000;
 constexpr qsizetype keptRequests = 16;
+
+// At a fractional scale factor a size does not come back from device pixels as it went.
+bool isNear(QSize one, QSize other)
+{
+    return std::abs(one.width() - other.width()) <= 1 &&
+           std::abs(one.height() - other.height()) <= 1;
+}
 
 } // namespace
 
@@ -49,10 +59,12 @@ void MainWindow::moveEvent(QMoveEvent* event)
 void MainWindow::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
-    if (m_laying || m_laid.isEmpty() || size() == m_laid)
+    if (m_laying || m_laid.isEmpty() || isNear(size(), m_laid))
         return;
     // An old answer may be followed by the last one, however busy the window system is.
-    if (event->spontaneous() && m_asked.contains(size()))
+    const bool answer =
+        std::ranges::any_of(m_asked, [this](QSize asked) { return isNear(size(), asked); });
+    if (event->spontaneous() && answer)
         m_answer.start(answerMs);
     else
         windowPulled();
@@ -61,7 +73,7 @@ void MainWindow::resizeEvent(QResizeEvent* event)
 // A size that was asked for once and then stays is the user's, or all that the window system gives.
 void MainWindow::answered()
 {
-    if (size() != m_laid)
+    if (!isNear(size(), m_laid))
         windowPulled();
 }
 
