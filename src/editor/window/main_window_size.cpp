@@ -12,6 +12,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 namespace fennel {
@@ -23,10 +24,11 @@ constexpr int answerMs = 1000;
 constexpr qsizetype keptRequests = 16;
 
 // At a fractional scale factor a size does not come back from device pixels as it went.
-bool isNear(QSize one, QSize other)
+bool comesFrom(QSize size, QSize wanted, double factor)
 {
-    return std::abs(one.width() - other.width()) <= 1 &&
-           std::abs(one.height() - other.height()) <= 1;
+    const int slack = factor == std::floor(factor) ? 0 : 1;
+    return std::abs(size.width() - wanted.width()) <= slack &&
+           std::abs(size.height() - wanted.height()) <= slack;
 }
 
 } // namespace
@@ -59,12 +61,13 @@ void MainWindow::moveEvent(QMoveEvent* event)
 void MainWindow::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
-    if (m_laying || m_laid.isEmpty() || isNear(size(), m_laid))
+    if (m_laying || m_laid.isEmpty() || comesFrom(size(), m_laid, devicePixelRatioF()))
         return;
     // An old answer may be followed by the last one, however busy the window system is.
-    const bool answer =
-        std::ranges::any_of(m_asked, [this](QSize asked) { return isNear(size(), asked); });
-    if (event->spontaneous() && answer)
+    const bool answer = std::ranges::any_of(
+        m_asked, [this](QSize asked) { return comesFrom(size(), asked, devicePixelRatioF()); });
+    // A window that leaves the whole screen has its new size at once.
+    if (!m_filled && event->spontaneous() && answer)
         m_answer.start(answerMs);
     else
         windowPulled();
@@ -73,7 +76,7 @@ void MainWindow::resizeEvent(QResizeEvent* event)
 // A size that was asked for once and then stays is the user's, or all that the window system gives.
 void MainWindow::answered()
 {
-    if (!isNear(size(), m_laid))
+    if (!comesFrom(size(), m_laid, devicePixelRatioF()))
         windowPulled();
 }
 
