@@ -205,7 +205,10 @@ std::optional<JournalMembers> Journal::changedMembers()
             m_kept.erase(kept);
         } else {
             file.path = QFile::encodeName(place) + QByteArray::number(++m_takes);
-            (void)keep(workspace + name, file.path);
+            if (!keep(workspace + name, file.path)) {
+                (void)::unlink(file.path.constData()); // no part of it passes for the member
+                file.facts.clear();                    // tried again at the next write
+            }
         }
         members.files.push_back({name, file.path});
     }

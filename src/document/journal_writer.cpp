@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "document/journal_writer.h"
 
-#include "base/files.h"
 #include "container/cpio.h"
 
 #include <QFile>
