@@ -7,6 +7,7 @@
 #include "container/engine_info.h"
 #include "container/member_table.h"
 #include "document/place_change.h"
+#include "params/cfg_look.h"
 #include "params/level_files.h"
 #include "params/object_table.h"
 #include "params/panel_values.h"
@@ -168,13 +169,12 @@ std::optional<EntryRoom> cfgEntryRoom(const CheckInput& input)
 {
     const BootLayout& layout = input.drawn().layout;
     const auto& objects = layout.list.objects;
-    const auto menu = std::ranges::find(objects, MenuPanelRow, &BootObject::row);
     const auto bar = std::ranges::find(objects, MenuBarRow, &BootObject::row);
-    if (menu == objects.end() || bar == objects.end())
+    if (bar == objects.end())
         return std::nullopt;
     const int below = layout.list.screen.height() - bar->rect.top() - bar->rect.height();
     return EntryRoom{cfgDialectOf(input.state.cfg).entries.toString(),
-                     menu->rect.height() / layout.menuPitch,
+                     flatLook(input.state.cfg).entries,
                      below < 0 ? 0 : below / layout.menuPitch + 1};
 }
 
@@ -258,16 +258,18 @@ void checkEntriesFit(const CheckInput& input, Findings& found)
     const std::optional<EntryRoom> room = menu == nullptr ? std::nullopt : entryRoom(input, *menu);
     if (!room || room->asked <= room->held)
         return;
+    const bool levels = placesObjects(input);
+    if (levels && room->held < 1) // it lies outside, and that is told
+        return;
     Problem problem = about(MenuPanelRow, *menu,
                             Words::tr("%1 asks for %2 entries, and the screen holds %3 there."),
                             Words::tr("Lower %1, or move the menu up.").arg(room->name));
     problem.sentence = problem.sentence.arg(room->asked).arg(room->held);
     problem.parameter = room->name;
-    const bool levels = placesObjects(input);
     if (levels)
         problem.param = {levelFileOf(*menu), menuEntriesParam};
     Mend mend{Words::tr("Show %1 entries").arg(room->held), {}, {}, {}, {}};
-    if (levels || room->held > 0)
+    if (room->held > 0)
         addMenuEntries(input.state, levels, static_cast<int>(room->held), mend.change);
     if (!mend.change.params.empty() || mend.change.cfg)
         problem.mend = std::move(mend);
