@@ -8,6 +8,8 @@
 #include <QProcess>
 #include <QThread>
 
+#include <unistd.h>
+
 namespace fennel {
 
 using namespace Qt::StringLiterals;
@@ -26,7 +28,8 @@ bool startEditor(const QString& path)
     editor.setProgram(path);
     editor.setStandardInputFile(QProcess::nullDevice());
     editor.setStandardOutputFile(QProcess::nullDevice());
-    editor.setStandardErrorFile(QProcess::nullDevice());
+    if (::isatty(STDERR_FILENO) == 0)
+        editor.setStandardErrorFile(QProcess::nullDevice());
     return editor.startDetached();
 }
 
