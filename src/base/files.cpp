@@ -242,7 +242,7 @@ Result<QByteArray> readFront(const QString& path, qsizetype bytes)
         openPlain(nameOf(path), std::numeric_limits<std::uint64_t>::max());
     if (!file)
         return file.failure();
-    QByteArray front(bytes, '\0');
+    QByteArray front(bytes, Qt::Uninitialized);
     const std::ptrdiff_t got =
         readInto(file->file.get(),
                  {reinterpret_cast<std::uint8_t*>(front.data()), static_cast<std::size_t>(bytes)});

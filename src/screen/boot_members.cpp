@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "screen/boot_jpeg.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 #include <QStringDecoder>
 
@@ -58,11 +59,13 @@ BootMembers::Kept& BootMembers::kept(const QString& name)
     if (const auto known = m_kept.find(name); known != m_kept.end())
         return known->second;
     Kept& made = m_kept[name];
-    const QFileInfo info(m_folder + name);
-    Result<QByteArray> bytes = readBytes(info.filePath(), bootMemberLimit);
+    const QString path = m_folder + name;
+    // Before it is read: one that changes meanwhile counts as changed.
+    const QDateTime changed = QFileInfo(path).lastModified();
+    Result<QByteArray> bytes = readBytes(path, bootMemberLimit);
     if (!bytes)
         return made;
-    made.changed = info.lastModified();
+    made.changed = changed;
     made.bytes = std::move(*bytes);
     made.size = made.bytes.size();
     return made;
