@@ -32,7 +32,7 @@ struct FileMemory {
         else
             ::munmap(memory, count * sizeof(T));
     }
-    // What resize() adds is as the system gives it.
+    // What resize() adds is not set.
     template <class Made>
     void construct(Made* at) noexcept
     {

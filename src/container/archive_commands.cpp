@@ -16,7 +16,6 @@
 #include <QDir>
 
 #include <algorithm>
-#include <limits>
 #include <sys/stat.h>
 
 namespace fennel {

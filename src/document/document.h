@@ -69,8 +69,8 @@ public:
     void readConfigLines();
     // The objects, placed as the generation says; menu slit and fonts follow from what was read.
     void buildObjects();
-    // Whether an engine that is not ours counts as older than this program: it lacks a parameter that
-    // a tab lists.
+    // Whether an engine that is not ours counts as older than this program: it lacks a parameter
+    // that a tab lists.
     [[nodiscard]] bool needsUpgrade() const;
     // The values that the tabs list; after an upgrade the catalogue's default where the file has
     // none.
