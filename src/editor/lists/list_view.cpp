@@ -288,9 +288,8 @@ bool ListView::eventFilter(QObject* watched, QEvent* event)
             return true;
         }
     }
-    const auto* menu = static_cast<QContextMenuEvent*>(event);
-    if (event->type() == QEvent::ContextMenu && watched == currentWidget() &&
-        menu->reason() == QContextMenuEvent::Keyboard && selected() > 0) {
+    if (event->type() == QEvent::ContextMenu && watched == currentWidget() && selected() > 0 &&
+        static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard) {
         Q_EMIT rowSelected(selected(), true);
         return true;
     }
